@@ -1,0 +1,89 @@
+#include "tests/support/testcase.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+#include <QStringList>
+
+namespace {
+
+// Messages come from any thread, so what they leave behind is guarded.
+QMutex& guard()
+{
+    static QMutex mutex;
+    return mutex;
+}
+QList<ExpectWarning*>& expectations()
+{
+    static QList<ExpectWarning*> list;
+    return list;
+}
+QStringList& unexpected()
+{
+    static QStringList list;
+    return list;
+}
+
+QtMessageHandler previousHandler = nullptr;
+
+// The offscreen platform says this of every window; it tells nothing about the program.
+bool isPlatformNoise(const QString& message)
+{
+    return message.startsWith(QLatin1String("This plugin does not support"));
+}
+
+void recordMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if ((type == QtWarningMsg || type == QtCriticalMsg) && !isPlatformNoise(message)) {
+        const QMutexLocker lock(&guard());
+        for (ExpectWarning* expectation : qAsConst(expectations())) {
+            if (expectation->matches(message)) {
+                return;
+            }
+        }
+        unexpected().append(message);
+    }
+    previousHandler(type, context, message);
+}
+
+} // namespace
+
+void TestCase::init()
+{
+    const QMutexLocker lock(&guard());
+    unexpected().clear();
+    previousHandler = qInstallMessageHandler(recordMessage);
+}
+
+void TestCase::cleanup()
+{
+    qInstallMessageHandler(previousHandler);
+    const QMutexLocker lock(&guard());
+    const QStringList messages = unexpected();
+    unexpected().clear();
+    if (!messages.isEmpty() && !QTest::currentTestFailed()) {
+        QFAIL(qPrintable(QStringLiteral("unexpected: ") + messages.join(QLatin1Char('\n'))));
+    }
+}
+
+ExpectWarning::ExpectWarning(const char* pattern)
+    : m_pattern(QString::fromLatin1(pattern))
+{
+    const QMutexLocker lock(&guard());
+    expectations().append(this);
+}
+
+ExpectWarning::~ExpectWarning()
+{
+    const QMutexLocker lock(&guard());
+    expectations().removeAll(this);
+    if (!m_seen) {
+        unexpected().append(QStringLiteral("no warning matched ") + m_pattern.pattern());
+    }
+}
+
+bool ExpectWarning::matches(const QString& message)
+{
+    const bool matched = m_pattern.match(message).hasMatch();
+    m_seen = m_seen || matched;
+    return matched;
+}

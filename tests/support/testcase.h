@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QRegularExpression>
+#include <QtTest>
+
+/// Base of every test class: a warning or critical message that nobody expected fails the test
+/// function in which it comes.
+class TestCase : public QObject
+{
+    Q_OBJECT
+protected slots:
+    // Run by Qt Test around every test function; an override calls the base.
+    virtual void init();
+    virtual void cleanup();
+};
+
+/// Expects warnings that match `pattern` while it lives; at least one must come. Any number may.
+class ExpectWarning
+{
+public:
+    explicit ExpectWarning(const char* pattern);
+    ~ExpectWarning();
+    ExpectWarning(const ExpectWarning&) = delete;
+    ExpectWarning& operator=(const ExpectWarning&) = delete;
+
+    bool matches(const QString& message);
+
+private:
+    QRegularExpression m_pattern;
+    bool m_seen = false;
+};
