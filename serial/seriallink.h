@@ -71,15 +71,18 @@ signals:
     void ldbDisconnected(QString hexId);
 
 private:
+    template <typename Task>
+    void postToRun(Task task);
     void forwardRunSignals();
     void forgetLdbs();
+    void processListChanged(const QStringList& hexIds);
     void processStateUpdated(const QString& hexId, LdbState state);
 
-    QThread m_thread;
+    std::unique_ptr<QThread> m_thread;
     std::unique_ptr<SerialProcessor> m_processor;
     std::unique_ptr<RunSignals> m_runSignals;
+    bool m_running = false;
     int m_run = 0;
-    QString m_portName;
     QString m_polledAlone;
     QStringList m_ldbs;
     QHash<QString, LdbState> m_states;

@@ -1,0 +1,77 @@
+#include "serial/answerledger.h"
+
+#include "serial/ldbsettings.h"
+
+#include <algorithm>
+
+bool PendingRequest::fits(const QByteArray& answer) const
+{
+    if (!hasShape(answer, shape)) {
+        return false;
+    }
+    if (shape == AnswerShape::Settings) {
+        const auto settings = decodeLdbSettings(answer);
+        return !settings || settings->address == hexId.toInt(nullptr, 16);
+    }
+    return true;
+}
+
+void AnswerLedger::clear()
+{
+    m_pending = {};
+    m_transmissions.clear();
+    m_debts.clear();
+}
+
+void AnswerLedger::begin(const PendingRequest& request)
+{
+    for (const qint64 expires : qAsConst(m_transmissions)) {
+        m_debts.append({m_pending, expires});
+    }
+    m_transmissions.clear();
+    m_pending = request;
+}
+
+void AnswerLedger::transmitted(qint64 now)
+{
+    m_transmissions.append(now + m_horizon);
+}
+
+AnswerLedger::Verdict AnswerLedger::judge(const QByteArray& answer, qint64 now)
+{
+    expire(now);
+    // A probe's answer can look like anything; counting every answer against the many silent probes
+    // of a scan would leave nothing for the requests that follow it.
+    const auto debt = std::find_if(m_debts.begin(), m_debts.end(), [&answer](const Debt& owed) {
+        return owed.request.shape != AnswerShape::Any && owed.request.fits(answer);
+    });
+    if (debt != m_debts.end()) {
+        m_debts.erase(debt);
+        return Verdict::Drop;
+    }
+    if (!m_pending.fits(answer)) {
+        return isOwed(now) ? Verdict::Drop : Verdict::Misfit;
+    }
+    if (!m_transmissions.isEmpty()) {
+        m_transmissions.removeFirst();
+    }
+    // An LDB answers in order: whatever it owed from before will not come any more.
+    const auto kept = std::remove_if(m_debts.begin(), m_debts.end(), [this](const Debt& owed) {
+        return owed.request.hexId == m_pending.hexId;
+    });
+    m_debts.erase(kept, m_debts.end());
+    return Verdict::Take;
+}
+
+bool AnswerLedger::isOwed(qint64 now)
+{
+    expire(now);
+    return !m_debts.isEmpty() || m_transmissions.size() > 1;
+}
+
+void AnswerLedger::expire(qint64 now)
+{
+    const auto kept = std::remove_if(m_debts.begin(), m_debts.end(),
+                                     [now](const Debt& owed) { return owed.expires <= now; });
+    m_debts.erase(kept, m_debts.end());
+}

@@ -1,0 +1,230 @@
+#include "serial/seriallink.h"
+
+#include "serial/serialprocessor.h"
+
+#include <QDebug>
+
+namespace {
+
+constexpr unsigned long kStopWaitMs = 1000;
+
+} // namespace
+
+/// Stands between the worker and the link for one run. It lives in the GUI thread, so what the
+/// worker says waits here as queued events; deleting it with its run deletes what came too late.
+class RunSignals : public QObject
+{
+    Q_OBJECT
+public:
+    explicit RunSignals(const SerialProcessor& processor)
+    {
+        const auto* from = &processor;
+        using Processor = SerialProcessor;
+        connect(from, &Processor::stopped, this, &RunSignals::stopped);
+        connect(from, &Processor::ldbListInitializationStateChange, this,
+                &RunSignals::ldbListInitializationStateChange);
+        connect(from, &Processor::ldbListInitializationProgress, this,
+                &RunSignals::ldbListInitializationProgress);
+        connect(from, &Processor::ldbListChanged, this, &RunSignals::ldbListChanged);
+        connect(from, &Processor::ldbStateUpdated, this, &RunSignals::ldbStateUpdated);
+        connect(from, &Processor::generalInformationUpdated, this,
+                &RunSignals::generalInformationUpdated);
+        connect(from, &Processor::externalCommandsInQueueUpdated, this,
+                &RunSignals::externalCommandsInQueueUpdated);
+        connect(from, &Processor::portFailed, this, &RunSignals::portFailed);
+        connect(from, &Processor::communicationFailed, this, &RunSignals::communicationFailed);
+        connect(from, &Processor::ldbDisconnected, this, &RunSignals::ldbDisconnected);
+    }
+
+signals:
+    void stopped();
+    void ldbListInitializationStateChange(bool initializing);
+    void ldbListInitializationProgress(int checked, int found);
+    void ldbListChanged(QStringList hexIds);
+    void ldbStateUpdated(QString hexId, LdbState state);
+    void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
+    void externalCommandsInQueueUpdated(int commandsInQueue);
+    void portFailed(QString portName, int error, QString description);
+    void communicationFailed();
+    void ldbDisconnected(QString hexId);
+};
+
+SerialLink::SerialLink(QObject* parent)
+    : QObject(parent)
+    , m_thread(std::make_unique<QThread>())
+    , m_processor(std::make_unique<SerialProcessor>())
+{
+    m_thread->setObjectName(QStringLiteral("serial"));
+    m_processor->moveToThread(m_thread.get());
+    connect(m_thread.get(), &QThread::started, m_processor.get(), &SerialProcessor::start);
+    connect(m_thread.get(), &QThread::finished, m_processor.get(), &SerialProcessor::stop);
+}
+
+SerialLink::~SerialLink()
+{
+    stop();
+    if (m_thread->isRunning() && !m_thread->wait(kStopWaitMs)) {
+        // Nothing that the worker can still call may be destroyed: it is left to the system.
+        qCritical("The serial worker does not end");
+        static_cast<void>(m_processor.release());
+        static_cast<void>(m_thread.release());
+    }
+}
+
+bool SerialLink::isRunning() const
+{
+    return m_running;
+}
+
+void SerialLink::setPortName(const QString& portName)
+{
+    Q_ASSERT(!m_thread->isRunning());
+    m_processor->setPortName(portName);
+}
+
+void SerialLink::start()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_running) {
+        return;
+    }
+    if (m_thread->isRunning() && !m_thread->wait(kStopWaitMs)) {
+        emit portFailed(QString(), 0, tr("The former connection has not ended yet."));
+        emit communicationFailed();
+        return;
+    }
+    ++m_run;
+    m_running = true;
+    forgetLdbs();
+    m_runSignals = std::make_unique<RunSignals>(*m_processor);
+    forwardRunSignals();
+    m_thread->start();
+    emit started();
+}
+
+void SerialLink::stop()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!m_running) {
+        return;
+    }
+    m_running = false;
+    m_runSignals->disconnect();
+    // It may be the sender of the very signal that led here.
+    m_runSignals.release()->deleteLater();
+    m_polledAlone.clear();
+    m_thread->quit();
+    if (!m_thread->wait(kStopWaitMs)) {
+        qWarning("The serial worker takes long to end");
+    }
+    emit stopped();
+}
+
+void SerialLink::rescan()
+{
+    if (m_running) {
+        postToRun([](SerialProcessor& processor) { processor.requestRescan(); });
+    } else {
+        start();
+    }
+}
+
+void SerialLink::post(std::unique_ptr<ISerialCommand> command)
+{
+    if (!m_running || !command) {
+        return;
+    }
+    postToRun([owned = std::move(command)](SerialProcessor& processor) mutable {
+        processor.appendCommand(std::move(owned));
+    });
+}
+
+void SerialLink::pollOnly(const QString& hexId)
+{
+    if (!m_running || !(hexId.isEmpty() || m_ldbs.contains(hexId))) {
+        return;
+    }
+    m_polledAlone = hexId;
+    postToRun([hexId](SerialProcessor& processor) { processor.pollOnly(hexId); });
+}
+
+template <typename Task>
+void SerialLink::postToRun(Task task)
+{
+    SerialProcessor* processor = m_processor.get();
+    QMetaObject::invokeMethod(
+        processor,
+        [processor, run = m_run, task = std::move(task)]() mutable {
+            // Posted to a run that had ended already, it waited for this one.
+            if (processor->run() == run) {
+                task(*processor);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+QStringList SerialLink::connectedLdbs() const
+{
+    QStringList connected;
+    for (const QString& hexId : m_ldbs) {
+        if (isConnected(hexId)) {
+            connected.append(hexId);
+        }
+    }
+    return connected;
+}
+
+bool SerialLink::isConnected(const QString& hexId) const
+{
+    // Found but not polled yet counts as connected: it has answered the scan.
+    return m_ldbs.contains(hexId) &&
+           m_states.value(hexId, LdbState::Booting) != LdbState::Disconnected;
+}
+
+LdbState SerialLink::stateOf(const QString& hexId) const
+{
+    return m_states.value(hexId, LdbState::Disconnected);
+}
+
+void SerialLink::forwardRunSignals()
+{
+    const RunSignals* from = m_runSignals.get();
+    connect(from, &RunSignals::stopped, this, &SerialLink::stop);
+    connect(from, &RunSignals::ldbListChanged, this, &SerialLink::processListChanged);
+    connect(from, &RunSignals::ldbStateUpdated, this, &SerialLink::processStateUpdated);
+    connect(from, &RunSignals::ldbListInitializationStateChange, this,
+            &SerialLink::ldbListInitializationStateChange);
+    connect(from, &RunSignals::ldbListInitializationProgress, this,
+            &SerialLink::ldbListInitializationProgress);
+    connect(from, &RunSignals::generalInformationUpdated, this,
+            &SerialLink::generalInformationUpdated);
+    connect(from, &RunSignals::externalCommandsInQueueUpdated, this,
+            &SerialLink::externalCommandsInQueueUpdated);
+    connect(from, &RunSignals::portFailed, this, &SerialLink::portFailed);
+    connect(from, &RunSignals::communicationFailed, this, &SerialLink::communicationFailed);
+    connect(from, &RunSignals::ldbDisconnected, this, &SerialLink::ldbDisconnected);
+}
+
+void SerialLink::forgetLdbs()
+{
+    m_ldbs.clear();
+    m_states.clear();
+    m_polledAlone.clear();
+}
+
+void SerialLink::processListChanged(const QStringList& hexIds)
+{
+    if (hexIds.isEmpty()) {
+        forgetLdbs();
+    }
+    m_ldbs = hexIds;
+    emit ldbListChanged(hexIds);
+}
+
+void SerialLink::processStateUpdated(const QString& hexId, LdbState state)
+{
+    m_states.insert(hexId, state);
+    emit ldbStateUpdated(hexId, state);
+}
+
+#include "seriallink.moc"

@@ -1,0 +1,503 @@
+#include "serial/serialprocessor.h"
+
+#include "serial/generalinformation.h"
+
+#include <QDateTime>
+#include <QThread>
+
+namespace {
+
+constexpr int kShortWindowMs = 120; ///< scan probes and external commands
+constexpr int kCommandTransmissions = 3;
+
+/// Errors that say nothing about the link: some calls are not supported on some ports.
+bool isHarmless(QSerialPort::SerialPortError error)
+{
+    return error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
+           error == QSerialPort::UnsupportedOperationError;
+}
+
+} // namespace
+
+SerialProcessor::SerialProcessor(QObject* parent)
+    : QObject(parent)
+    , m_tuning(SerialTuning::load())
+    , m_ledger(m_tuning.answerWaitTime)
+{
+    qRegisterMetaType<QList<QStringList>>("QList<QStringList>");
+    qRegisterMetaType<LdbState>("LdbState");
+    m_clock.start();
+}
+
+SerialProcessor::~SerialProcessor() = default;
+
+bool SerialProcessor::start()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    ++m_run;
+    initializeVariables();
+    m_timer = std::make_unique<QTimer>();
+    m_timer->setSingleShot(true);
+    m_timer->setTimerType(Qt::PreciseTimer); // a coarse one strays by more than a byte time
+    m_timer->setInterval(m_tuning.answerWaitTime);
+    connect(m_timer.get(), &QTimer::timeout, this, &SerialProcessor::timeout);
+
+    m_port = std::make_unique<QSerialPort>();
+    m_port->setPortName(m_portName);
+    m_port->setBaudRate(QSerialPort::Baud9600);
+    m_port->setDataBits(QSerialPort::Data8);
+    m_port->setParity(QSerialPort::NoParity);
+    m_port->setStopBits(QSerialPort::OneStop);
+    m_port->setFlowControl(QSerialPort::NoFlowControl);
+    if (!m_port->open(QIODevice::ReadWrite)) {
+        failPort(m_port->error(), m_port->errorString());
+        return true;
+    }
+    connect(m_port.get(), &QSerialPort::readyRead, this, &SerialProcessor::readData);
+    connect(m_port.get(), &QSerialPort::errorOccurred, this, &SerialProcessor::processPortError);
+    m_rescanRequested = true;
+    m_timer->start();
+    goTo(State::Dispatch);
+    return true;
+}
+
+void SerialProcessor::stop()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_state = State::Stopped;
+    m_timer.reset();
+    m_port.reset();
+    m_queue.clear();
+    emit stopped();
+}
+
+void SerialProcessor::requestRescan()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_rescanRequested = true;
+}
+
+void SerialProcessor::pollOnly(const QString& hexId)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_schedule.setAlone(hexId);
+}
+
+void SerialProcessor::appendCommand(std::unique_ptr<ISerialCommand> command)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_state == State::Stopped) {
+        return;
+    }
+    m_queue.append(std::move(command));
+    emit externalCommandsInQueueUpdated(m_queue.size());
+}
+
+void SerialProcessor::initializeVariables()
+{
+    m_state = State::Stopped;
+    m_rescanRequested = false;
+    m_scanning = false;
+    m_queue.clear();
+    m_schedule.clear();
+    m_ledger.clear();
+    m_received.clear();
+    m_lastFrame.clear();
+    m_timeouts = 0;
+    m_hexId.clear();
+    m_names.clear();
+    m_lastStates.clear();
+    m_misses.clear();
+}
+
+void SerialProcessor::goTo(State state)
+{
+    if (m_state == State::Stopped && state != State::Dispatch) {
+        return; // the port failed on the way here
+    }
+    m_state = state;
+    processState();
+}
+
+void SerialProcessor::processState()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_timer->setInterval(m_tuning.answerWaitTime);
+    switch (m_state) {
+    case State::Stopped:
+    case State::LostProbe:
+        break;
+    case State::Dispatch:
+        processDispatch();
+        break;
+    case State::StatusPoll:
+        processStatusPoll();
+        break;
+    case State::NameRequest:
+        request(RequestCommand(m_hexId, LdbParameter::Name), m_tuning.answerWaitTime);
+        break;
+    case State::FirmwareRequest:
+        request(ExecuteCommand(m_hexId, LdbAction::FirmwareId), m_tuning.answerWaitTime);
+        break;
+    case State::ExternalCommands:
+        processExternalCommands();
+        break;
+    }
+}
+
+void SerialProcessor::processDispatch()
+{
+    if (m_rescanRequested || m_scanning) {
+        processScan();
+        return;
+    }
+    if (m_schedule.isEmpty()) {
+        m_state = State::Stopped;
+        m_timer->stop();
+        emit stopped();
+        return;
+    }
+    goTo(State::StatusPoll);
+}
+
+void SerialProcessor::processScan()
+{
+    if (m_scanning) {
+        emit ldbListInitializationProgress(m_scanAddress, m_schedule.found().size());
+    } else {
+        m_scanning = true;
+        m_rescanRequested = false;
+        m_scanAddress = busaddress::kFirst - 1;
+        m_hexId.clear();
+        m_schedule.clear();
+        m_names.clear();
+        m_lastStates.clear();
+        m_misses.clear();
+        emit ldbListChanged({});
+        emit ldbListInitializationStateChange(true);
+    }
+    if (m_scanAddress >= busaddress::kLast) {
+        m_scanning = false;
+        m_hexId.clear();
+        m_schedule.restart();
+        emit ldbListInitializationStateChange(false);
+        goTo(State::Dispatch);
+        return;
+    }
+    ++m_scanAddress;
+    m_hexId = busaddress::toHexId(m_scanAddress);
+    request(PollCommand(m_hexId), kShortWindowMs);
+}
+
+void SerialProcessor::processStatusPoll()
+{
+    const PollSchedule::Turn turn = m_schedule.next();
+    if (turn.beginsRound) {
+        beginRound();
+    }
+    m_hexId = turn.hexId;
+    if (turn.kind == PollSchedule::Turn::Kind::Probe) {
+        m_state = State::LostProbe;
+        request(PollCommand(m_hexId), kShortWindowMs);
+        return;
+    }
+    request(ExecuteCommand(m_hexId, LdbAction::Status), m_tuning.answerWaitTime);
+}
+
+void SerialProcessor::beginRound()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    m_roundSeconds = now.toString(generalinformation::kSecondsFormat);
+    m_roundMilliseconds = now.toString(generalinformation::kMillisecondsFormat);
+}
+
+void SerialProcessor::processExternalCommands()
+{
+    if (m_queue.isEmpty()) {
+        goTo(State::Dispatch);
+        return;
+    }
+    request(m_queue.front(), kShortWindowMs);
+}
+
+void SerialProcessor::request(const ISerialCommand& command, int window)
+{
+    m_timeouts = 0;
+    m_received.clear();
+    m_ledger.begin({command.hexId(), command.commandData(), command.answerShape()});
+    // Whatever has come in by now answers something else.
+    if (!m_port->readAll().isEmpty()) {
+        logUnexpected(QStringLiteral("Unexpected bytes"));
+    }
+    m_port->clear(QSerialPort::Input);
+    m_timer->setInterval(window);
+    sendSerialData(createCommand(command.commandData()));
+}
+
+void SerialProcessor::sendSerialData(QByteArray data)
+{
+    m_lastFrame = data;
+    retrySendSerialData();
+}
+
+void SerialProcessor::retrySendSerialData()
+{
+    m_ledger.transmitted(m_clock.elapsed());
+    m_timer->start();
+    m_port->write(m_lastFrame);
+}
+
+void SerialProcessor::logUnexpected(const QString& what)
+{
+    m_log.write(LimitedLog::Kind::UnexpectedBytes,
+                QStringLiteral("%1 dropped, the request is %2")
+                    .arg(what, QString::fromLatin1(m_ledger.pending().body)));
+}
+
+bool SerialProcessor::isPolling() const
+{
+    return m_state == State::StatusPoll || m_state == State::NameRequest ||
+           m_state == State::FirmwareRequest;
+}
+
+void SerialProcessor::timeout()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_received.clear();
+    ++m_timeouts;
+    switch (m_state) {
+    case State::Stopped:
+        return;
+    case State::Dispatch:
+        processState();
+        return;
+    case State::LostProbe:
+        emitDisconnectedRows(m_hexId);
+        goTo(State::ExternalCommands);
+        return;
+    case State::StatusPoll:
+    case State::NameRequest:
+    case State::FirmwareRequest:
+    case State::ExternalCommands:
+        break;
+    }
+    m_log.write(LimitedLog::Kind::TimeOut, QStringLiteral("No answer to %1, transmission %2")
+                                               .arg(QString::fromLatin1(m_ledger.pending().body))
+                                               .arg(m_timeouts));
+    if (isPolling() ? m_timeouts == 1 : m_timeouts < kCommandTransmissions) {
+        retrySendSerialData();
+    } else if (isPolling()) {
+        countMiss();
+        leavePollingStep(m_state == State::FirmwareRequest ? State::ExternalCommands
+                                                           : State::FirmwareRequest);
+    } else {
+        finishExternalCommand({});
+    }
+}
+
+void SerialProcessor::readData()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    QByteArray batch = m_port->readAll();
+    if (m_state == State::Stopped || !processReceivedData(batch, m_received)) {
+        return;
+    }
+    QByteArray answer;
+    answer.swap(m_received);
+    const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
+    const bool isAnswer = responseValidation(answer);
+    // A refusal answers a command; asked for its status or name, no LDB refuses.
+    if (isAnswer || (isRefusal && m_state == State::ExternalCommands)) {
+        processAnswer(answer);
+    } else {
+        processInvalidAnswer(isRefusal);
+    }
+}
+
+void SerialProcessor::processAnswer(const QByteArray& answer)
+{
+    AnswerLedger::Verdict verdict = m_ledger.judge(answer, m_clock.elapsed());
+    if (m_scanning) {
+        // Every address before this one was silent, so debts tell nothing here.
+        verdict = AnswerLedger::Verdict::Take;
+    }
+    if (verdict == AnswerLedger::Verdict::Drop) {
+        logUnexpected(QStringLiteral("Late answer"));
+        return;
+    }
+    m_timer->stop();
+    switch (m_state) {
+    case State::Stopped:
+        return;
+    case State::Dispatch:
+        m_schedule.add(m_hexId);
+        emit ldbListChanged(m_schedule.found());
+        processState();
+        return;
+    case State::LostProbe:
+        clearDisconnectedDevice(m_hexId);
+        goTo(State::ExternalCommands);
+        return;
+    case State::StatusPoll:
+    case State::NameRequest:
+    case State::FirmwareRequest:
+        if (verdict == AnswerLedger::Verdict::Misfit) {
+            processInvalidAnswer(false);
+        } else {
+            processPollingAnswer(answer);
+        }
+        return;
+    case State::ExternalCommands:
+        finishExternalCommand(answer);
+        return;
+    }
+}
+
+void SerialProcessor::processInvalidAnswer(bool isRefusal)
+{
+    if (m_state == State::Dispatch) {
+        m_timer->stop();
+        processState();
+        return;
+    }
+    if (m_ledger.isOwed(m_clock.elapsed())) {
+        logUnexpected(QStringLiteral("Remains of an answer"));
+        return;
+    }
+    m_timer->stop();
+    m_log.write(LimitedLog::Kind::FailedCheck,
+                isRefusal ? QStringLiteral("Refused by %1").arg(m_hexId)
+                          : QStringLiteral("Invalid answer to %1")
+                                .arg(QString::fromLatin1(m_ledger.pending().body)));
+    if (m_state == State::StatusPoll) {
+        countMiss();
+        leavePollingStep(State::NameRequest);
+    } else if (m_state == State::NameRequest) {
+        countMiss();
+        leavePollingStep(State::FirmwareRequest);
+    } else if (m_state == State::FirmwareRequest) {
+        countMiss();
+        leavePollingStep(State::ExternalCommands);
+    } else {
+        timeout();
+    }
+}
+
+void SerialProcessor::processPollingAnswer(const QByteArray& answer)
+{
+    switch (m_state) {
+    case State::StatusPoll: {
+        const LdbStatusDecoding decoded = decodeLdbStatus(answer);
+        if (!decoded.valid) {
+            processInvalidAnswer(false);
+            return;
+        }
+        clearDisconnectedDevice(m_hexId);
+        handleGeneralInformationEmit(m_hexId, m_names.value(m_hexId), decoded.status,
+                                     m_roundSeconds, m_roundMilliseconds);
+        goTo(State::NameRequest);
+        return;
+    }
+    case State::NameRequest:
+        clearDisconnectedDevice(m_hexId);
+        m_names.insert(m_hexId, hextext::toText(answer));
+        goTo(State::FirmwareRequest);
+        return;
+    case State::FirmwareRequest:
+        clearDisconnectedDevice(m_hexId);
+        goTo(State::ExternalCommands);
+        return;
+    case State::Stopped:
+    case State::Dispatch:
+    case State::ExternalCommands:
+    case State::LostProbe:
+        return;
+    }
+}
+
+void SerialProcessor::countMiss()
+{
+    addDisconnectedDevice(m_hexId, m_roundSeconds, m_roundMilliseconds);
+}
+
+void SerialProcessor::leavePollingStep(State next)
+{
+    // Nothing more is asked of an LDB that has just been given up.
+    goTo(m_schedule.isLost(m_hexId) ? State::ExternalCommands : next);
+}
+
+void SerialProcessor::finishExternalCommand(const QByteArray& answer)
+{
+    m_queue.finishFront(answer);
+    emit externalCommandsInQueueUpdated(m_queue.size());
+    goTo(State::Dispatch);
+}
+
+void SerialProcessor::handleGeneralInformationEmit(QString hexId, QString deviceName,
+                                                   LdbStatus ldbStatus, QString timestampSeconds,
+                                                   QString timestampMiliseconds)
+{
+    emit generalInformationUpdated(hexId, generalinformation::buildRows(hexId, deviceName,
+                                                                        ldbStatus, timestampSeconds,
+                                                                        timestampMiliseconds));
+    const auto last = m_lastStates.constFind(hexId);
+    if (last == m_lastStates.constEnd() || *last != ldbStatus.state) {
+        m_lastStates.insert(hexId, ldbStatus.state);
+        emit ldbStateUpdated(hexId, ldbStatus.state);
+    }
+}
+
+void SerialProcessor::addDisconnectedDevice(QString hexId, QString timestampSeconds,
+                                            QString timestampMiliseconds)
+{
+    if (!isHarmless(m_port->error())) {
+        failPort(m_port->error(), m_port->errorString());
+        return;
+    }
+    const int misses = ++m_misses[hexId];
+    m_log.write(LimitedLog::Kind::Miss,
+                QStringLiteral("Miss %1 of %2 in a row").arg(misses).arg(hexId));
+    if (misses <= m_tuning.disconnectedCount) {
+        return;
+    }
+    if (!m_schedule.isLost(hexId)) {
+        m_schedule.markLost(hexId);
+        emit ldbDisconnected(hexId);
+    }
+    handleGeneralInformationEmit(hexId, ldbStateText(LdbState::Disconnected),
+                                 LdbStatus::disconnected(), timestampSeconds, timestampMiliseconds);
+}
+
+void SerialProcessor::clearDisconnectedDevice(QString hexId)
+{
+    m_misses.remove(hexId);
+    m_schedule.markPresent(hexId);
+}
+
+void SerialProcessor::emitDisconnectedRows(const QString& hexId)
+{
+    handleGeneralInformationEmit(hexId, ldbStateText(LdbState::Disconnected),
+                                 LdbStatus::disconnected(), m_roundSeconds, m_roundMilliseconds);
+}
+
+void SerialProcessor::processPortError(QSerialPort::SerialPortError error)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!isHarmless(error) && m_state != State::Stopped) {
+        failPort(error, m_port->errorString());
+    }
+}
+
+void SerialProcessor::failPort(QSerialPort::SerialPortError error, const QString& description)
+{
+    // Closed at once: an adapter that was pulled out reports its error until it is.
+    m_state = State::Stopped;
+    m_timer->stop();
+    m_port->disconnect(this);
+    m_port->close();
+    m_queue.clear();
+    m_log.write(LimitedLog::Kind::PortError,
+                QStringLiteral("Port %1: %2").arg(m_portName, description));
+    emit portFailed(m_portName, error, description);
+    emit communicationFailed();
+}

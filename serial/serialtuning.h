@@ -1,0 +1,11 @@
+#pragma once
+
+/// The serial link's share of the tuning file. A missing file or key leaves the default.
+struct SerialTuning
+{
+    int disconnectedCount = 3; ///< misses in a row that are still forgiven; the next one is a loss
+    int answerWaitTime = 1500; ///< ms, answer window of a polling request
+
+    /// Reads the tuning file of the working directory.
+    static SerialTuning load();
+};
