@@ -49,11 +49,13 @@ AnswerLedger::Verdict AnswerLedger::judge(const QByteArray& answer, qint64 now)
         m_debts.erase(debt);
         return Verdict::Drop;
     }
-    if (!m_pending.fits(answer)) {
-        return isOwed(now) ? Verdict::Drop : Verdict::Misfit;
+    const bool isOurs = m_pending.fits(answer);
+    if (!isOurs && isOwed(now)) {
+        return Verdict::Drop;
     }
-    if (!m_transmissions.isEmpty()) {
-        m_transmissions.removeFirst();
+    settle();
+    if (!isOurs) {
+        return Verdict::Misfit;
     }
     // An LDB answers in order: whatever it owed from before will not come any more.
     const auto kept = std::remove_if(m_debts.begin(), m_debts.end(), [this](const Debt& owed) {
@@ -61,6 +63,13 @@ AnswerLedger::Verdict AnswerLedger::judge(const QByteArray& answer, qint64 now)
     });
     m_debts.erase(kept, m_debts.end());
     return Verdict::Take;
+}
+
+void AnswerLedger::settle()
+{
+    if (!m_transmissions.isEmpty()) {
+        m_transmissions.removeFirst();
+    }
 }
 
 bool AnswerLedger::isOwed(qint64 now)

@@ -51,6 +51,9 @@ public:
     /// Whose answer a valid answer is.
     Verdict judge(const QByteArray& answer, qint64 now);
 
+    /// The pending request has been answered in a way that cannot be used.
+    void settle();
+
     /// Whether an invalid answer can be the remains of a late one rather than the pending one's.
     bool isOwed(qint64 now);
 

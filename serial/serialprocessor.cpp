@@ -229,7 +229,6 @@ void SerialProcessor::request(const ISerialCommand& command, int window)
     if (!m_port->readAll().isEmpty()) {
         logUnexpected(QStringLiteral("Unexpected bytes"));
     }
-    m_port->clear(QSerialPort::Input);
     m_timer->setInterval(window);
     sendSerialData(createCommand(command.commandData()));
 }
@@ -316,103 +315,88 @@ void SerialProcessor::readData()
 
 void SerialProcessor::processAnswer(const QByteArray& answer)
 {
-    AnswerLedger::Verdict verdict = m_ledger.judge(answer, m_clock.elapsed());
     if (m_scanning) {
-        // Every address before this one was silent, so debts tell nothing here.
-        verdict = AnswerLedger::Verdict::Take;
+        // Every address before this one may have been silent: debts tell nothing here.
+        m_ledger.settle();
+        m_timer->stop();
+        m_schedule.add(m_hexId);
+        emit ldbListChanged(m_schedule.found());
+        processState();
+        return;
     }
+    const AnswerLedger::Verdict verdict = m_ledger.judge(answer, m_clock.elapsed());
     if (verdict == AnswerLedger::Verdict::Drop) {
         logUnexpected(QStringLiteral("Late answer"));
         return;
     }
     m_timer->stop();
-    switch (m_state) {
-    case State::Stopped:
-        return;
-    case State::Dispatch:
-        m_schedule.add(m_hexId);
-        emit ldbListChanged(m_schedule.found());
-        processState();
-        return;
-    case State::LostProbe:
+    if (m_state == State::ExternalCommands) {
+        finishExternalCommand(answer);
+    } else if (m_state == State::LostProbe) {
         clearDisconnectedDevice(m_hexId);
         goTo(State::ExternalCommands);
-        return;
-    case State::StatusPoll:
-    case State::NameRequest:
-    case State::FirmwareRequest:
-        if (verdict == AnswerLedger::Verdict::Misfit) {
-            processInvalidAnswer(false);
-        } else {
-            processPollingAnswer(answer);
-        }
-        return;
-    case State::ExternalCommands:
-        finishExternalCommand(answer);
-        return;
+    } else if (verdict == AnswerLedger::Verdict::Take) {
+        processPollingAnswer(answer);
+    } else {
+        rejectAnswer(QStringLiteral("Answer of another kind"));
     }
 }
 
 void SerialProcessor::processInvalidAnswer(bool isRefusal)
 {
-    if (m_state == State::Dispatch) {
+    if (m_scanning) {
+        m_ledger.settle();
         m_timer->stop();
         processState();
-        return;
-    }
-    if (m_ledger.isOwed(m_clock.elapsed())) {
+    } else if (m_ledger.isOwed(m_clock.elapsed())) {
         logUnexpected(QStringLiteral("Remains of an answer"));
-        return;
+    } else {
+        m_ledger.settle();
+        rejectAnswer(isRefusal ? QStringLiteral("Refusal") : QStringLiteral("Invalid answer"));
     }
+}
+
+void SerialProcessor::rejectAnswer(const QString& reason)
+{
     m_timer->stop();
-    m_log.write(LimitedLog::Kind::FailedCheck,
-                isRefusal ? QStringLiteral("Refused by %1").arg(m_hexId)
-                          : QStringLiteral("Invalid answer to %1")
-                                .arg(QString::fromLatin1(m_ledger.pending().body)));
-    if (m_state == State::StatusPoll) {
+    m_log.write(
+        LimitedLog::Kind::FailedCheck,
+        QStringLiteral("%1 to %2").arg(reason, QString::fromLatin1(m_ledger.pending().body)));
+    if (isPolling()) {
         countMiss();
-        leavePollingStep(State::NameRequest);
-    } else if (m_state == State::NameRequest) {
-        countMiss();
-        leavePollingStep(State::FirmwareRequest);
-    } else if (m_state == State::FirmwareRequest) {
-        countMiss();
-        leavePollingStep(State::ExternalCommands);
+        leavePollingStep(nextPollingState());
     } else {
         timeout();
     }
 }
 
-void SerialProcessor::processPollingAnswer(const QByteArray& answer)
+SerialProcessor::State SerialProcessor::nextPollingState() const
 {
     switch (m_state) {
-    case State::StatusPoll: {
+    case State::StatusPoll:
+        return State::NameRequest;
+    case State::NameRequest:
+        return State::FirmwareRequest;
+    default:
+        return State::ExternalCommands;
+    }
+}
+
+void SerialProcessor::processPollingAnswer(const QByteArray& answer)
+{
+    if (m_state == State::StatusPoll) {
         const LdbStatusDecoding decoded = decodeLdbStatus(answer);
         if (!decoded.valid) {
-            processInvalidAnswer(false);
+            rejectAnswer(QStringLiteral("Unreadable status"));
             return;
         }
-        clearDisconnectedDevice(m_hexId);
         handleGeneralInformationEmit(m_hexId, m_names.value(m_hexId), decoded.status,
                                      m_roundSeconds, m_roundMilliseconds);
-        goTo(State::NameRequest);
-        return;
-    }
-    case State::NameRequest:
-        clearDisconnectedDevice(m_hexId);
+    } else if (m_state == State::NameRequest) {
         m_names.insert(m_hexId, hextext::toText(answer));
-        goTo(State::FirmwareRequest);
-        return;
-    case State::FirmwareRequest:
-        clearDisconnectedDevice(m_hexId);
-        goTo(State::ExternalCommands);
-        return;
-    case State::Stopped:
-    case State::Dispatch:
-    case State::ExternalCommands:
-    case State::LostProbe:
-        return;
     }
+    clearDisconnectedDevice(m_hexId);
+    goTo(nextPollingState());
 }
 
 void SerialProcessor::countMiss()

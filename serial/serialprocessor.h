@@ -130,6 +130,8 @@ private:
 
     void processAnswer(const QByteArray& answer);
     void processInvalidAnswer(bool isRefusal);
+    void rejectAnswer(const QString& reason);
+    State nextPollingState() const;
     void processPollingAnswer(const QByteArray& answer);
     void countMiss();
     void leavePollingStep(State next);

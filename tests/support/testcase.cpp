@@ -1,8 +1,10 @@
 #include "tests/support/testcase.h"
 
+#include <QDeadlineTimer>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QStringList>
+#include <QTimer>
 
 namespace {
 
@@ -86,4 +88,20 @@ bool ExpectWarning::matches(const QString& message)
     const bool matched = m_pattern.match(message).hasMatch();
     m_seen = m_seen || matched;
     return matched;
+}
+
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    QTimer wakeUp; // the condition may come true without an event in this thread
+    constexpr int kLookEveryMs = 10;
+    wakeUp.start(kLookEveryMs);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
 }

@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <functional>
+
 /// Base of every test class: a warning or critical message that nobody expected fails the test
 /// function in which it comes.
 class TestCase : public QObject
@@ -31,3 +33,14 @@ private:
     QRegularExpression m_pattern;
     bool m_seen = false;
 };
+
+/// Runs the event loop until `condition` holds or the time is up; whether it held. Qt Test's own
+/// waiting sleeps between looks, which makes a conversation over a line take seconds.
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 30000);
+
+#define WAIT_VERIFY(condition) QVERIFY2(waitUntil([&] { return (condition); }), #condition)
+#define WAIT_COMPARE(actual, expected)                                                             \
+    do {                                                                                           \
+        waitUntil([&] { return (actual) == (expected); });                                         \
+        QCOMPARE(actual, expected);                                                                \
+    } while (false)

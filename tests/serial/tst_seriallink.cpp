@@ -1,0 +1,185 @@
+#include "serial/seriallink.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/scriptedbus.h"
+#include "tests/support/testcase.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+const QByteArray kReset = "FE0373780001";
+
+} // namespace
+
+/// The link with its worker thread on a scripted bus.
+class TestSerialLink : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void init() override;
+    void cleanup() override;
+    void keepsItsOwnListAndStates();
+    void aStopInsideASignalIsClean();
+    void nothingOfAStoppedRunComesLater();
+    void commandsOfAnEarlierRunAreNotSent();
+    void emptyBusStopsTheRunOnce();
+    void reloadStartsOrRescans();
+    void diesInTheMiddleOfEverything_data();
+    void diesInTheMiddleOfEverything();
+    void failedPortStopsCleanly();
+
+private:
+    std::unique_ptr<Sandbox> m_sandbox;
+    std::unique_ptr<ScriptedBus> m_bus;
+    std::unique_ptr<SerialLink> m_link;
+};
+
+void TestSerialLink::init()
+{
+    TestCase::init();
+    m_sandbox = std::make_unique<Sandbox>();
+    m_bus = std::make_unique<ScriptedBus>(QStringList{"03", "0A"});
+    m_link = std::make_unique<SerialLink>();
+    m_link->setPortName(m_bus->portName());
+}
+
+void TestSerialLink::cleanup()
+{
+    m_link.reset();
+    m_bus.reset();
+    m_sandbox.reset();
+    TestCase::cleanup();
+}
+
+void TestSerialLink::keepsItsOwnListAndStates()
+{
+    m_link->start();
+    WAIT_COMPARE(m_link->knownLdbs(), (QStringList{"03", "0A"}));
+    WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+    QCOMPARE(m_link->connectedLdbs(), (QStringList{"03", "0A"}));
+    QVERIFY(!m_link->isConnected("04"));
+    QCOMPARE(m_link->stateOf("04"), LdbState::Disconnected);
+}
+
+void TestSerialLink::aStopInsideASignalIsClean()
+{
+    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+    connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(), &SerialLink::stop);
+    m_link->start();
+    WAIT_COMPARE(stopped.size(), 1);
+    QVERIFY(!m_link->isRunning());
+}
+
+void TestSerialLink::nothingOfAStoppedRunComesLater()
+{
+    QSignalSpy rows(m_link.get(), &SerialLink::generalInformationUpdated);
+    m_link->start();
+    WAIT_VERIFY(rows.size() > 3);
+    // The worker's last words are waiting in the event queue when the new run begins.
+    m_link->stop();
+    rows.clear();
+    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+    m_bus->setPresent({"FD"});
+    m_link->start();
+    WAIT_VERIFY(!rows.isEmpty());
+    QCOMPARE(rows.first().first().toString(), "FD");
+    QVERIFY(stopped.isEmpty());
+    QVERIFY(m_link->isRunning());
+}
+
+void TestSerialLink::commandsOfAnEarlierRunAreNotSent()
+{
+    auto reset = [] {
+        return std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
+    };
+    m_link->post(reset()); // stopped
+    m_link->start();
+    m_link->post(reset()); // ends before it gets its turn
+    m_link->stop();
+    m_bus->clearRequests();
+    m_link->start();
+    WAIT_VERIFY(m_bus->requests().count("FE0A737804") >= 2);
+    QVERIFY(!m_bus->requests().contains(kReset));
+    m_link->post(reset());
+    WAIT_VERIFY(m_bus->requests().contains(kReset));
+}
+
+void TestSerialLink::emptyBusStopsTheRunOnce()
+{
+    m_bus->setPresent({});
+    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+    m_link->start();
+    WAIT_COMPARE(stopped.size(), 1);
+    QVERIFY(!m_link->isRunning());
+    m_link->stop();
+    QCOMPARE(stopped.size(), 1);
+}
+
+void TestSerialLink::reloadStartsOrRescans()
+{
+    m_link->rescan();
+    WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+    QCOMPARE(m_bus->requests().count("FE0170"), 1);
+    QSignalSpy list(m_link.get(), &SerialLink::ldbListChanged);
+    m_bus->setPresent({"07"});
+    m_link->rescan();
+    WAIT_COMPARE(m_link->knownLdbs(), QStringList{"07"});
+    QVERIFY(list.first().first().toStringList().isEmpty());
+    WAIT_COMPARE(m_link->stateOf("07"), LdbState::Quiescent);
+    QCOMPARE(m_link->stateOf("0A"), LdbState::Disconnected);
+    QCOMPARE(m_bus->requests().count("FE0170"), 2);
+}
+
+void TestSerialLink::diesInTheMiddleOfEverything_data()
+{
+    QTest::addColumn<QByteArray>("request");
+
+    QTest::newRow("scan") << QByteArray("FE0470");
+    QTest::newRow("poll of a dead LDB") << QByteArray("FE03737803");
+    QTest::newRow("command") << kReset;
+}
+
+void TestSerialLink::diesInTheMiddleOfEverything()
+{
+    QFETCH(QByteArray, request);
+
+    m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        return body == request ? std::optional(QByteArray()) : std::nullopt;
+    });
+    QObject receiver;
+    bool called = false;
+    m_link->start();
+    for (int i = 0; i < 5; ++i) {
+        auto command = std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
+        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
+            &receiver, [&called](const QByteArray&) { called = true; }));
+        m_link->post(std::move(command));
+    }
+    WAIT_VERIFY(m_bus->requests().contains(request));
+    m_link.reset();
+    QCoreApplication::processEvents();
+    QVERIFY(!called);
+}
+
+void TestSerialLink::failedPortStopsCleanly()
+{
+    const ExpectWarning error("Port .*: ");
+    QSignalSpy failed(m_link.get(), &SerialLink::communicationFailed);
+    QSignalSpy said(m_link.get(), &SerialLink::portFailed);
+    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+    m_link->start();
+    WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+    m_bus->hangUp();
+    WAIT_COMPARE(failed.size(), 1);
+    QCOMPARE(said.size(), 1);
+    m_link->stop();
+    QCOMPARE(stopped.size(), 1);
+    m_bus = std::make_unique<ScriptedBus>(QStringList{"07"});
+    m_link->setPortName(m_bus->portName());
+    m_link->start();
+    WAIT_COMPARE(m_link->stateOf("07"), LdbState::Quiescent);
+    QCOMPARE(failed.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestSerialLink)
+#include "tst_seriallink.moc"
