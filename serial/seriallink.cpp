@@ -1,5 +1,6 @@
 #include "serial/seriallink.h"
 
+#include "serial/runsignals.h"
 #include "serial/serialprocessor.h"
 
 #include <QDebug>
@@ -9,45 +10,6 @@ namespace {
 constexpr unsigned long kStopWaitMs = 1000;
 
 } // namespace
-
-/// Stands between the worker and the link for one run. It lives in the GUI thread, so what the
-/// worker says waits here as queued events; deleting it with its run deletes what came too late.
-class RunSignals : public QObject
-{
-    Q_OBJECT
-public:
-    explicit RunSignals(const SerialProcessor& processor)
-    {
-        const auto* from = &processor;
-        using Processor = SerialProcessor;
-        connect(from, &Processor::stopped, this, &RunSignals::stopped);
-        connect(from, &Processor::ldbListInitializationStateChange, this,
-                &RunSignals::ldbListInitializationStateChange);
-        connect(from, &Processor::ldbListInitializationProgress, this,
-                &RunSignals::ldbListInitializationProgress);
-        connect(from, &Processor::ldbListChanged, this, &RunSignals::ldbListChanged);
-        connect(from, &Processor::ldbStateUpdated, this, &RunSignals::ldbStateUpdated);
-        connect(from, &Processor::generalInformationUpdated, this,
-                &RunSignals::generalInformationUpdated);
-        connect(from, &Processor::externalCommandsInQueueUpdated, this,
-                &RunSignals::externalCommandsInQueueUpdated);
-        connect(from, &Processor::portFailed, this, &RunSignals::portFailed);
-        connect(from, &Processor::communicationFailed, this, &RunSignals::communicationFailed);
-        connect(from, &Processor::ldbDisconnected, this, &RunSignals::ldbDisconnected);
-    }
-
-signals:
-    void stopped();
-    void ldbListInitializationStateChange(bool initializing);
-    void ldbListInitializationProgress(int checked, int found);
-    void ldbListChanged(QStringList hexIds);
-    void ldbStateUpdated(QString hexId, LdbState state);
-    void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
-    void externalCommandsInQueueUpdated(int commandsInQueue);
-    void portFailed(QString portName, int error, QString description);
-    void communicationFailed();
-    void ldbDisconnected(QString hexId);
-};
 
 SerialLink::SerialLink(QObject* parent)
     : QObject(parent)
@@ -226,5 +188,3 @@ void SerialLink::processStateUpdated(const QString& hexId, LdbState state)
     m_states.insert(hexId, state);
     emit ldbStateUpdated(hexId, state);
 }
-
-#include "seriallink.moc"

@@ -10,13 +10,6 @@ namespace {
 constexpr int kShortWindowMs = 120; ///< scan probes and external commands
 constexpr int kCommandTransmissions = 3;
 
-/// Errors that say nothing about the link: some calls are not supported on some ports.
-bool isHarmless(QSerialPort::SerialPortError error)
-{
-    return error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
-           error == QSerialPort::UnsupportedOperationError;
-}
-
 } // namespace
 
 SerialProcessor::SerialProcessor(QObject* parent)
@@ -42,19 +35,13 @@ bool SerialProcessor::start()
     m_timer->setInterval(m_tuning.answerWaitTime);
     connect(m_timer.get(), &QTimer::timeout, this, &SerialProcessor::timeout);
 
-    m_port = std::make_unique<QSerialPort>();
-    m_port->setPortName(m_portName);
-    m_port->setBaudRate(QSerialPort::Baud9600);
-    m_port->setDataBits(QSerialPort::Data8);
-    m_port->setParity(QSerialPort::NoParity);
-    m_port->setStopBits(QSerialPort::OneStop);
-    m_port->setFlowControl(QSerialPort::NoFlowControl);
-    if (!m_port->open(QIODevice::ReadWrite)) {
-        failPort(m_port->error(), m_port->errorString());
+    m_port = std::make_unique<BusPort>(m_portName);
+    if (!m_port->open()) {
+        failPort();
         return true;
     }
-    connect(m_port.get(), &QSerialPort::readyRead, this, &SerialProcessor::readData);
-    connect(m_port.get(), &QSerialPort::errorOccurred, this, &SerialProcessor::processPortError);
+    connect(m_port.get(), &BusPort::readyRead, this, &SerialProcessor::readData);
+    connect(m_port.get(), &BusPort::broken, this, &SerialProcessor::failPort);
     m_rescanRequested = true;
     m_timer->start();
     goTo(State::Dispatch);
@@ -226,14 +213,14 @@ void SerialProcessor::request(const ISerialCommand& command, int window)
     m_received.clear();
     m_ledger.begin({command.hexId(), command.commandData(), command.answerShape()});
     // Whatever has come in by now answers something else.
-    if (!m_port->readAll().isEmpty()) {
+    if (m_port->discardInput()) {
         logUnexpected(QStringLiteral("Unexpected bytes"));
     }
     m_timer->setInterval(window);
     sendSerialData(createCommand(command.commandData()));
 }
 
-void SerialProcessor::sendSerialData(QByteArray data)
+void SerialProcessor::sendSerialData(const QByteArray& data)
 {
     m_lastFrame = data;
     retrySendSerialData();
@@ -417,9 +404,10 @@ void SerialProcessor::finishExternalCommand(const QByteArray& answer)
     goTo(State::Dispatch);
 }
 
-void SerialProcessor::handleGeneralInformationEmit(QString hexId, QString deviceName,
-                                                   LdbStatus ldbStatus, QString timestampSeconds,
-                                                   QString timestampMiliseconds)
+void SerialProcessor::handleGeneralInformationEmit(const QString& hexId, const QString& deviceName,
+                                                   LdbStatus ldbStatus,
+                                                   const QString& timestampSeconds,
+                                                   const QString& timestampMiliseconds)
 {
     emit generalInformationUpdated(hexId, generalinformation::buildRows(hexId, deviceName,
                                                                         ldbStatus, timestampSeconds,
@@ -431,11 +419,11 @@ void SerialProcessor::handleGeneralInformationEmit(QString hexId, QString device
     }
 }
 
-void SerialProcessor::addDisconnectedDevice(QString hexId, QString timestampSeconds,
-                                            QString timestampMiliseconds)
+void SerialProcessor::addDisconnectedDevice(const QString& hexId, const QString& timestampSeconds,
+                                            const QString& timestampMiliseconds)
 {
-    if (!isHarmless(m_port->error())) {
-        failPort(m_port->error(), m_port->errorString());
+    if (m_port->isBroken()) {
+        failPort();
         return;
     }
     const int misses = ++m_misses[hexId];
@@ -452,7 +440,7 @@ void SerialProcessor::addDisconnectedDevice(QString hexId, QString timestampSeco
                                  LdbStatus::disconnected(), timestampSeconds, timestampMiliseconds);
 }
 
-void SerialProcessor::clearDisconnectedDevice(QString hexId)
+void SerialProcessor::clearDisconnectedDevice(const QString& hexId)
 {
     m_misses.remove(hexId);
     m_schedule.markPresent(hexId);
@@ -464,20 +452,13 @@ void SerialProcessor::emitDisconnectedRows(const QString& hexId)
                                  LdbStatus::disconnected(), m_roundSeconds, m_roundMilliseconds);
 }
 
-void SerialProcessor::processPortError(QSerialPort::SerialPortError error)
+void SerialProcessor::failPort()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (!isHarmless(error) && m_state != State::Stopped) {
-        failPort(error, m_port->errorString());
-    }
-}
-
-void SerialProcessor::failPort(QSerialPort::SerialPortError error, const QString& description)
-{
-    // Closed at once: an adapter that was pulled out reports its error until it is.
     m_state = State::Stopped;
     m_timer->stop();
-    m_port->disconnect(this);
+    const QSerialPort::SerialPortError error = m_port->error();
+    const QString description = m_port->errorText();
     m_port->close();
     m_queue.clear();
     m_log.write(LimitedLog::Kind::PortError,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial/answerledger.h"
+#include "serial/busport.h"
 #include "serial/commandqueue.h"
 #include "serial/framecodec.h"
 #include "serial/hextext.h"
@@ -14,7 +15,6 @@
 #include <QHash>
 #include <QList>
 #include <QObject>
-#include <QSerialPort>
 #include <QStringList>
 #include <QTimer>
 
@@ -96,15 +96,16 @@ private slots:
     void processState();
     void readData();
     void timeout();
-    void sendSerialData(QByteArray data);
+    void sendSerialData(const QByteArray& data);
     void retrySendSerialData();
     void initializeVariables();
-    void handleGeneralInformationEmit(QString hexId, QString deviceName, LdbStatus ldbStatus,
-                                      QString timestampSeconds, QString timestampMiliseconds);
-    void addDisconnectedDevice(QString hexId, QString timestampSeconds,
-                               QString timestampMiliseconds);
-    void clearDisconnectedDevice(QString hexId);
-    void processPortError(QSerialPort::SerialPortError error);
+    void handleGeneralInformationEmit(const QString& hexId, const QString& deviceName,
+                                      LdbStatus ldbStatus, const QString& timestampSeconds,
+                                      const QString& timestampMiliseconds);
+    void addDisconnectedDevice(const QString& hexId, const QString& timestampSeconds,
+                               const QString& timestampMiliseconds);
+    void clearDisconnectedDevice(const QString& hexId);
+    void failPort();
 
 private:
     enum class State
@@ -137,13 +138,12 @@ private:
     void leavePollingStep(State next);
     void finishExternalCommand(const QByteArray& answer);
     void emitDisconnectedRows(const QString& hexId);
-    void failPort(QSerialPort::SerialPortError error, const QString& description);
 
     const SerialTuning m_tuning;
     QString m_portName;
     int m_run = 0;
 
-    std::unique_ptr<QSerialPort> m_port;
+    std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;
     QElapsedTimer m_clock;
     State m_state = State::Stopped;

@@ -1,0 +1,54 @@
+#include "serial/busport.h"
+
+BusPort::BusPort(const QString& name, QObject* parent)
+    : QObject(parent)
+    , m_name(name)
+{
+    m_port.setPortName(name);
+    m_port.setBaudRate(QSerialPort::Baud9600);
+    m_port.setDataBits(QSerialPort::Data8);
+    m_port.setParity(QSerialPort::NoParity);
+    m_port.setStopBits(QSerialPort::OneStop);
+    m_port.setFlowControl(QSerialPort::NoFlowControl);
+}
+
+bool BusPort::open()
+{
+    if (!m_port.open(QIODevice::ReadWrite)) {
+        return false;
+    }
+    connect(&m_port, &QSerialPort::readyRead, this, &BusPort::readyRead);
+    connect(&m_port, &QSerialPort::errorOccurred, this, [this] {
+        if (isBroken()) {
+            emit broken();
+        }
+    });
+    return true;
+}
+
+void BusPort::close()
+{
+    m_port.disconnect(this);
+    if (m_port.isOpen()) {
+        m_port.close();
+    }
+}
+
+bool BusPort::discardInput()
+{
+    const bool any = !m_port.readAll().isEmpty();
+    m_port.clear(QSerialPort::Input); // what the system has not handed over yet
+    return any;
+}
+
+bool BusPort::isBroken() const
+{
+    switch (m_port.error()) {
+    case QSerialPort::NoError:
+    case QSerialPort::TimeoutError:
+    case QSerialPort::UnsupportedOperationError:
+        return false;
+    default:
+        return true;
+    }
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QSerialPort>
+#include <QString>
+
+/// The serial port as the bus needs it: 9600 baud, 8 data bits, no parity, 1 stop bit, no flow
+/// control. Made, used and deleted in the worker thread. Errors that say nothing about the link
+/// (some calls are not supported on some ports) stay inside.
+class BusPort : public QObject
+{
+    Q_OBJECT
+public:
+    explicit BusPort(const QString& name, QObject* parent = nullptr);
+
+    /// False when the port cannot be had; `error()` and `errorText()` say why.
+    bool open();
+    /// Closed at once when it fails: an adapter that was pulled out reports its error again and
+    /// again until it is.
+    void close();
+
+    void write(const QByteArray& frame) { m_port.write(frame); }
+    QByteArray readAll() { return m_port.readAll(); }
+    /// Drops whatever has come in; whether there was anything.
+    bool discardInput();
+
+    /// The link itself is broken.
+    bool isBroken() const;
+    QSerialPort::SerialPortError error() const { return m_port.error(); }
+    QString errorText() const { return m_port.errorString(); }
+    QString name() const { return m_name; }
+
+signals:
+    void readyRead();
+    void broken();
+
+private:
+    QString m_name;
+    QSerialPort m_port;
+};
