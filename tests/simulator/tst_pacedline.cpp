@@ -56,6 +56,7 @@ public:
         });
     }
 
+    qint64 now() const { return m_clock.microseconds(); }
     QByteArray allSent() const
     {
         QByteArray bytes;
@@ -165,9 +166,10 @@ void PacedLineTest::waitsBeforeALateAnswer()
 void PacedLineTest::answersDoNotOverlap()
 {
     Recorder recorder(PacedLine::Pace::Baud9600);
-    recorder.line.send("late", 0, 20);
-    recorder.line.send(QByteArray(30, 'a'), 0, 0); // 31 ms on the wire
-    recorder.line.send("soon", 0, 10);
+    const qint64 now = recorder.now();
+    recorder.line.send("late", now, 20);
+    recorder.line.send(QByteArray(30, 'a'), now, 0); // 31 ms on the wire
+    recorder.line.send("soon", now, 10);
     virtualTime->advance(200);
     QCOMPARE(recorder.allSent(), QByteArray(30, 'a') + "soonlate");
     QVERIFY(recorder.sent.constLast().at >= 38 * 1041);
@@ -206,7 +208,7 @@ void PacedLineTest::cutsFramesOutOfAnything()
 void PacedLineTest::forgetsEverythingOnReset()
 {
     Recorder recorder(PacedLine::Pace::Baud9600);
-    recorder.line.send(kAnswer, 0);
+    recorder.line.send(kAnswer, recorder.now());
     recorder.line.receive(kPoll);
     virtualTime->advance(5);
     recorder.line.reset();
