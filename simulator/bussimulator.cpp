@@ -1,0 +1,200 @@
+#include "simulator/bussimulator.h"
+
+#include "serial/framecodec.h"
+#include "serial/serialcommand.h"
+#include "simulator/ldbresponder.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Neighbours on the bus shall not move in step.
+quint32 boardSeed(quint32 seed, int address)
+{
+    constexpr quint32 kSpread = 2654435761U;
+    return (seed + static_cast<quint32>(address)) * kSpread;
+}
+
+} // namespace
+
+BusSimulator::BusSimulator(const Scenario& scenario, quint32 seed, qint64 now)
+    : m_seed(seed)
+    , m_random(seed)
+    , m_timing(scenario.timing)
+    , m_badBus(scenario.badBus)
+{
+    for (const ScenarioLdb& entry : scenario.ldbs) {
+        const int address = entry.spec.address;
+        Member member{SimulatedLdb(entry.spec, m_timing, boardSeed(seed, address), now), {}};
+        for (const SimulatorCommand& fault : entry.faults) {
+            apply(member, fault, now);
+        }
+        m_members.emplace(address, std::move(member));
+    }
+}
+
+Hearing BusSimulator::hear(const QByteArray& frame, qint64 now)
+{
+    QByteArray body = frame;
+    if (!frame.startsWith(framecodec::kSoh) || !framecodec::responseValidation(body)) {
+        return {{}, QStringLiteral("not understood: broken check"), {}};
+    }
+    const auto request = parseBusRequest(body);
+    if (!request) {
+        return {{}, QStringLiteral("not understood: not from the master"), {}};
+    }
+    Hearing hearing{busaddress::toHexId(request->address), ::describe(*request), {}};
+    if (request->isBroadcast()) {
+        obeyBroadcast(*request, now);
+        return hearing;
+    }
+    const auto member = m_members.find(request->address);
+    if (member != m_members.end() && member->second.isPresent) {
+        hearing.answer = answer(member->second, *request, now);
+    }
+    return hearing;
+}
+
+QString BusSimulator::execute(const SimulatorCommand& command, qint64 now)
+{
+    if (command.verb == CommandVerb::BadBus) {
+        m_badBus.garbledPercent = command.garbledPercent;
+        m_badBus.latePercent = command.latePercent;
+        return {};
+    }
+    if (command.address != SimulatorCommand::kAllLdbs) {
+        if (command.verb == CommandVerb::Appear) {
+            appear(command.address, now);
+            return {};
+        }
+        const auto member = m_members.find(command.address);
+        return member == m_members.end()
+                   ? QStringLiteral("no LDB at %1").arg(busaddress::toHexId(command.address))
+                   : apply(member->second, command, now);
+    }
+    QString error;
+    for (auto& [address, member] : m_members) {
+        const QString failure = apply(member, command, now);
+        error = error.isEmpty() ? failure : error;
+    }
+    return error;
+}
+
+QStringList BusSimulator::describe(qint64 now)
+{
+    QStringList lines;
+    for (auto& [address, member] : m_members) {
+        lines.append(describe(member, now));
+    }
+    return lines;
+}
+
+int BusSimulator::ldbCount() const
+{
+    return static_cast<int>(
+        std::count_if(m_members.begin(), m_members.end(),
+                      [](const auto& entry) { return entry.second.isPresent; }));
+}
+
+void BusSimulator::obeyBroadcast(const BusRequest& request, qint64 now)
+{
+    for (auto& [address, member] : m_members) {
+        if (member.isPresent && !member.wire.takeSilence() && !member.wire.takeRefusal(request)) {
+            respond(member.ldb, request, now);
+        }
+    }
+}
+
+std::vector<Transmission> BusSimulator::answer(Member& member, const BusRequest& request,
+                                               qint64 now)
+{
+    if (member.wire.takeSilence()) {
+        return {};
+    }
+    const bool isRefused = member.wire.takeRefusal(request);
+    const QByteArray bytes =
+        isRefused ? QByteArray(1, framecodec::kNak) : respond(member.ldb, request, now);
+    std::vector<Transmission> pieces =
+        member.wire.spoil(bytes, describeAnswer(request, bytes), m_random);
+    if (pieces.size() == 1) {
+        m_badBus.apply(pieces.front(), m_random);
+    }
+    return pieces;
+}
+
+QString BusSimulator::apply(Member& member, const SimulatorCommand& command, qint64 now)
+{
+    SimulatedLdb& ldb = member.ldb;
+    switch (command.verb) {
+    case CommandVerb::LoopFault:
+        return applyLoopFault(member, command, now);
+    case CommandVerb::EarthWire:
+        ldb.setEarthWire(command.phase);
+        break;
+    case CommandVerb::PortShort:
+        ldb.setPortShort(command.port, command.phase);
+        break;
+    case CommandVerb::SecondaryPort:
+        ldb.setSecondaryConnected(command.on, now);
+        break;
+    case CommandVerb::Amplifier:
+        ldb.setAmplifier(command.amplifier);
+        break;
+    case CommandVerb::Mode:
+        ldb.setReportedState(command.mode);
+        break;
+    case CommandVerb::ResetsFail:
+        ldb.setResetsFail(command.on);
+        break;
+    case CommandVerb::Vanish:
+        member.isPresent = false;
+        break;
+    case CommandVerb::Appear:
+        appear(ldb.address(), now);
+        break;
+    default:
+        member.wire.apply(command);
+        break;
+    }
+    return {};
+}
+
+QString BusSimulator::applyLoopFault(Member& member, const SimulatorCommand& command, qint64 now)
+{
+    const int fims = member.ldb.loop().fims();
+    const int afterFim = command.afterFim.value_or(fims / 2);
+    if (afterFim > fims) {
+        return QStringLiteral("the loop of %1 has only %2 FIMs")
+            .arg(busaddress::toHexId(member.ldb.address()))
+            .arg(fims);
+    }
+    member.ldb.setLoopFault(command.loopFault, command.phase, afterFim, now);
+    return {};
+}
+
+void BusSimulator::appear(int address, qint64 now)
+{
+    const auto [member, isNew] = m_members.try_emplace(
+        address,
+        Member{SimulatedLdb(standardLdb(address), m_timing, boardSeed(m_seed, address), now), {}});
+    if (isNew || !member->second.isPresent) {
+        member->second.isPresent = true;
+        member->second.ldb.powerUp(now);
+    }
+}
+
+QString BusSimulator::describe(Member& member, qint64 now)
+{
+    SimulatedLdb& ldb = member.ldb;
+    const LdbStatus status = ldb.measure(now);
+    const QStringList faults = member.wire.names();
+    return QStringLiteral("%1  %2  %3 FIMs  %4, loop %5, earth %6, amplifier %7%8")
+        .arg(busaddress::toHexId(ldb.address()),
+             QString::fromUtf8(ldb.settings().name).leftJustified(kMaxNameBytes))
+        .arg(ldb.loop().fims(), 3)
+        .arg(member.isPresent ? ldbStateText(status.state) : QStringLiteral("not on the bus"),
+             ldbLoopStateText(status.loopState()), ldbEarthStateText(status.earthState()),
+             ldbAmplifierText(status.amplifier),
+             faults.isEmpty() ? QString()
+                              : QStringLiteral("  [%1]").arg(faults.join(QStringLiteral(", "))));
+}

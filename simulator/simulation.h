@@ -1,0 +1,88 @@
+#pragma once
+
+#include "simulator/bussimulator.h"
+#include "simulator/journal.h"
+#include "simulator/pacedline.h"
+#include "simulator/portlink.h"
+#include "simulator/pseudoterminal.h"
+#include "simulator/simulationclock.h"
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// A whole simulated installation on a pseudo-terminal: the boards, the line to them, the events of
+/// the scenario, and the trainer's commands. Lives in one thread that runs an event loop; programs
+/// and tests may run it beside themselves.
+class Simulation : public QObject
+{
+    Q_OBJECT
+public:
+    struct Options
+    {
+        PacedLine::Pace pace = PacedLine::Pace::Baud9600;
+        QString linkPath;            ///< empty: no link
+        QString journalPath;         ///< empty: no journal
+        std::optional<quint32> seed; ///< nothing: the scenario's
+    };
+
+    Simulation(const Scenario& scenario, const Options& options, QObject* parent = nullptr);
+    ~Simulation() override;
+
+    /// Opens port, link and journal, and starts the events. Gives what went wrong, or nothing.
+    QString start();
+
+    /// Path to open; empty while the line is cut. It changes with every `restore`.
+    QString portName() const;
+    int ldbCount() const { return m_bus.ldbCount(); }
+
+    /// Carries out a command and gives what there is to say, line by line.
+    QStringList execute(const SimulatorCommand& command);
+
+signals:
+    /// The line is back after a cut.
+    void restored(const QString& portName);
+    void quitRequested();
+
+private:
+    struct Event
+    {
+        qint64 due = 0; ///< ms
+        qint64 every = 0;
+        SimulatorCommand command;
+    };
+    struct Note
+    {
+        QString hexId;
+        QByteArray bytes;
+        QString text;
+    };
+
+    QString openPort();
+    void cut(double seconds);
+    QString restore();
+    void hear(const QByteArray& frame, qint64 heardAt);
+    void noteSent(int tag, qint64 sentAt);
+    void remark(const QString& text);
+    void runEvents();
+    void scheduleEvents();
+
+    SimulationClock m_clock;
+    BusSimulator m_bus;
+    PacedLine m_line;
+    std::unique_ptr<PseudoTerminal> m_terminal;
+    PortLink m_link;
+    Journal m_journal;
+    QString m_journalPath;
+    std::vector<Event> m_events;
+    QTimer m_eventTimer;
+    QTimer m_restoreTimer;
+    QHash<int, Note> m_notes; ///< by tag, for answers that have not left yet
+    int m_nextTag = 1;
+};

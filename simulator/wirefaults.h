@@ -1,0 +1,81 @@
+#pragma once
+
+#include "simulator/busrequest.h"
+#include "simulator/simulatorcommand.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <random>
+#include <vector>
+
+/// Bytes on their way to the master.
+struct Transmission
+{
+    QByteArray bytes;
+    qint64 delay = 0; ///< ms from the moment the request was heard, beside the turnaround
+    QString note;     ///< for the journal; only the last piece of an answer carries it
+    QByteArray whole; ///< the whole answer, where `note` stands
+};
+
+/// A fault that lasts until it is told otherwise, or for a number of answers.
+class LimitedFault
+{
+public:
+    void set(bool on, std::optional<int> times);
+    bool isOn() const { return m_isOn; }
+    /// Whether this answer has the fault; counts it.
+    bool take();
+
+private:
+    bool m_isOn = false;
+    std::optional<int> m_times;
+};
+
+/// What goes wrong between one LDB and the master.
+class WireFaults
+{
+public:
+    /// Takes a command of a verb that concerns the wire; others change nothing.
+    void apply(const SimulatorCommand& command);
+
+    /// Whether the LDB hears this request at all; counts it.
+    bool takeSilence() { return m_silent.take(); }
+    /// Whether it refuses this request; counts it.
+    bool takeRefusal(const BusRequest& request);
+
+    /// What becomes of an answer on its way; never empty.
+    std::vector<Transmission> spoil(const QByteArray& answer, const QString& text,
+                                    std::mt19937& random);
+
+    /// Names of the faults in force.
+    QStringList names() const;
+
+private:
+    bool refuses(const BusRequest& request) const;
+
+    LimitedFault m_silent;
+    LimitedFault m_badCheck;
+    LimitedFault m_wrongLength;
+    LimitedFault m_nak;
+    LimitedFault m_late;
+    LimitedFault m_noise;
+    LimitedFault m_fragments;
+    NakScope m_nakScope = NakScope::None;
+    int m_nakIndex = 0;
+    qint64 m_lateness = 0;
+};
+
+/// The wear of a whole bus: some answers garbled, some late, by chance.
+struct BadBus
+{
+    double garbledPercent = 0;
+    double latePercent = 0;
+    int lateFrom = 130; ///< ms
+    int lateTo = 1800;  ///< ms
+
+    /// Spoils the one transmission of an answer, if chance will have it.
+    void apply(Transmission& transmission, std::mt19937& random) const;
+};

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "serial/framecodec.h"
+#include "serial/ldbsettings.h"
+#include "serial/ldbstatus.h"
+#include "simulator/bussimulator.h"
+
+#include <QtTest>
+
+/// A simulated bus with three boards (0A, 0B and C7) and a clock that stands still unless a test
+/// moves it.
+class TestBus
+{
+public:
+    explicit TestBus(quint32 seed = 1)
+        : m_bus(scenario(), seed, 0)
+    {
+    }
+
+    qint64 now = 0; ///< ms
+
+    static Scenario scenario()
+    {
+        const ScenarioReading reading = readScenario(R"({"ldbs": [
+            {"address": "0A", "name": "Pump house", "fims": 6},
+            {"address": "0B", "fims": 4},
+            {"address": "C7", "fims": 9}]})");
+        return reading.scenario.value_or(Scenario());
+    }
+
+    Hearing hear(const QByteArray& body)
+    {
+        return m_bus.hear(framecodec::createCommand(body), now);
+    }
+    Hearing hearRaw(const QByteArray& frame) { return m_bus.hear(frame, now); }
+
+    /// All bytes of the answer, whatever their times; empty for silence.
+    QByteArray ask(const QByteArray& body)
+    {
+        QByteArray bytes;
+        for (const Transmission& piece : hear(body).answer) {
+            bytes += piece.bytes;
+        }
+        return bytes;
+    }
+
+    LdbStatus status(const QByteArray& hexId = "0A")
+    {
+        QByteArray answer = ask("FE" + hexId + "737803");
+        return framecodec::responseValidation(answer) ? decodeLdbStatus(answer).status
+                                                      : LdbStatus::disconnected();
+    }
+    LdbState state(const QByteArray& hexId = "0A") { return status(hexId).state; }
+    QByteArray settingsRecord(const QByteArray& hexId = "0A")
+    {
+        return ask("FE" + hexId + "737201");
+    }
+
+    /// What the trainer's command says, empty when all is well.
+    QString command(const char* text)
+    {
+        const CommandParsing parsing = parseSimulatorCommand(QLatin1String(text));
+        return parsing.command ? m_bus.execute(*parsing.command, now) : parsing.error;
+    }
+
+private:
+    BusSimulator m_bus;
+};

@@ -1,0 +1,507 @@
+#include "tests/simulator/testbus.h"
+#include "tests/support/testcase.h"
+
+namespace {
+const QByteArray kAck("\x06");
+const QByteArray kNak("\x15");
+} // namespace
+
+/// What the boards of the simulated bus answer and do, byte for byte and state by state.
+class BusSimulatorTest : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void answers_data();
+    void answers();
+    void takesOrRefusesAChange_data();
+    void takesOrRefusesAChange();
+    void keepsSilent_data();
+    void keepsSilent();
+    void obeysBroadcasts();
+    void runsThroughItsStates_data();
+    void runsThroughItsStates();
+    void refusesWhileBusy_data();
+    void refusesWhileBusy();
+    void startsInServiceModeWhenToldTo();
+    void factoryResetRestoresTheDefaults();
+    void factoryResetTakesThePowerOffTheLoop();
+    void reportsFaults_data();
+    void reportsFaults();
+    void repairsARunningLoopAtOnce();
+    void fencesOffAShortThatAppearsInAStartingLoop();
+    void forgetsOnFimReset();
+    void complainsOfImpossibleCommands_data();
+    void complainsOfImpossibleCommands();
+    void movesLikeARealLoop();
+    void repeatsItselfWithTheSameSeed();
+};
+
+void BusSimulatorTest::answers_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QByteArray>("answer");
+    // Check digits worked out by hand.
+    QTest::newRow("poll") << QByteArray("FE0A70") << kAck;
+    QTest::newRow("name") << QByteArray("FE0A737202")
+                          << QByteArray("\x01"
+                                        "50756D7020686F757365000000000000"
+                                        "22\x04");
+    QTest::newRow("firmware id") << QByteArray("FE0A737804")
+                                 << QByteArray("\x01"
+                                               "4C444231362056332E3231"
+                                               "DF\x04");
+    QTest::newRow("settings") << QByteArray("FE0A737201")
+                              << QByteArray("\x01"
+                                            "0A0000001300000A00"
+                                            "50756D7020686F757365000000000000"
+                                            "000600"
+                                            "F3\x04");
+    QTest::newRow("store settings") << QByteArray("FE0A737806") << kAck;
+    QTest::newRow("poll with data") << QByteArray("FE0A7000") << kNak;
+    QTest::newRow("unknown kind") << QByteArray("FE0A737A01") << kNak;
+    QTest::newRow("kind cut short") << QByteArray("FE0A73") << kNak;
+    QTest::newRow("no index") << QByteArray("FE0A7378") << kNak;
+    QTest::newRow("read of an unknown parameter") << QByteArray("FE0A737214") << kNak;
+    QTest::newRow("read with data") << QByteArray("FE0A73720200") << kNak;
+    QTest::newRow("unknown action") << QByteArray("FE0A737805") << kNak;
+    QTest::newRow("status with data") << QByteArray("FE0A73780300") << kNak;
+    QTest::newRow("unknown control") << QByteArray("FE0A73780004") << kNak;
+    QTest::newRow("control without data") << QByteArray("FE0A737800") << kNak;
+    QTest::newRow("control with too much data") << QByteArray("FE0A7378000001") << kNak;
+    QTest::newRow("change of the whole record") << QByteArray("FE0A73630100") << kNak;
+    QTest::newRow("lower-case digits") << QByteArray("FE0A73631401").replace("14", "1a") << kNak;
+}
+
+void BusSimulatorTest::answers()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArray, answer);
+    TestBus bus;
+    QCOMPARE(bus.ask(request), answer);
+    QCOMPARE(bus.state(), LdbState::Measuring);
+}
+
+void BusSimulatorTest::takesOrRefusesAChange_data()
+{
+    QTest::addColumn<QByteArray>("indexAndData");
+    // Position in the settings record and what must stand there; nothing for a refusal.
+    QTest::addColumn<int>("position");
+    QTest::addColumn<QByteArray>("expected");
+    const QByteArray fifteen = QByteArray("41").repeated(15);
+    QTest::newRow("name") << QByteArray("025761726D") << 18
+                          << QByteArray("5761726D").leftJustified(32, '0');
+    QTest::newRow("empty name") << QByteArray("02") << 18 << QByteArray("00").repeated(16);
+    QTest::newRow("longest name") << "02" + fifteen << 18 << fifteen + "00";
+    QTest::newRow("name too long") << "0241" + fifteen << 0 << QByteArray();
+    QTest::newRow("half a byte of a name") << QByteArray("02576") << 0 << QByteArray();
+    QTest::newRow("name of no digits") << QByteArray("025G") << 0 << QByteArray();
+    QTest::newRow("lower-case name") << QByteArray("025a") << 0 << QByteArray();
+    QTest::newRow("flags") << QByteArray("141F") << 8 << QByteArray("1F");
+    QTest::newRow("no flags") << QByteArray("1400") << 8 << QByteArray("00");
+    QTest::newRow("unknown flag") << QByteArray("1420") << 0 << QByteArray();
+    QTest::newRow("flags too short") << QByteArray("141") << 0 << QByteArray();
+    QTest::newRow("flags too long") << QByteArray("141F00") << 0 << QByteArray();
+    QTest::newRow("mute") << QByteArray("1601") << 12 << QByteArray("01");
+    QTest::newRow("neither mute nor loud") << QByteArray("1602") << 0 << QByteArray();
+    QTest::newRow("delay, low byte first") << QByteArray("170500") << 14 << QByteArray("0500");
+    QTest::newRow("delay off") << QByteArray("170000") << 14 << QByteArray("0000");
+    QTest::newRow("delay of five digits") << QByteArray("1710001") << 0 << QByteArray();
+    QTest::newRow("delay of three digits") << QByteArray("17050") << 0 << QByteArray();
+    QTest::newRow("number of FIMs") << QByteArray("03FF00") << 52 << QByteArray("FF00");
+    QTest::newRow("no number of FIMs") << QByteArray("03") << 0 << QByteArray();
+    QTest::newRow("unknown parameter") << QByteArray("1800") << 0 << QByteArray();
+}
+
+void BusSimulatorTest::takesOrRefusesAChange()
+{
+    QFETCH(QByteArray, indexAndData);
+    QFETCH(int, position);
+    QFETCH(QByteArray, expected);
+    TestBus bus;
+    QByteArray before = bus.settingsRecord();
+    const bool isTaken = !expected.isEmpty();
+    QCOMPARE(bus.ask("FE0A7363" + indexAndData), isTaken ? kAck : kNak);
+    QByteArray after = bus.settingsRecord();
+    QVERIFY(framecodec::responseValidation(before) && framecodec::responseValidation(after));
+    QCOMPARE(after, before.replace(position, expected.size(), expected));
+
+    // Remembered through a restart.
+    bus.ask("FE0A73780001");
+    bus.now += 3600 * 1000;
+    QByteArray later = bus.settingsRecord();
+    QVERIFY(framecodec::responseValidation(later));
+    QCOMPARE(later, after);
+}
+
+void BusSimulatorTest::keepsSilent_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    const auto framed = [](const char* body) {
+        return framecodec::createCommand(body);
+    };
+    QTest::newRow("nobody there") << framed("FE0C70");
+    QTest::newRow("broadcast") << framed("FEFF70");
+    QTest::newRow("the master's own address") << framed("FEFE70");
+    QTest::newRow("not from the master") << framed("0B0A70");
+    QTest::newRow("no address") << framed("FE0");
+    QTest::newRow("wrong check digits") << QByteArray("\x01"
+                                                      "FE0A7363141F00\x04");
+    QTest::newRow("lower-case check digits") << QByteArray("\x01"
+                                                           "FE0A70de\x04");
+    QTest::newRow("no check digits") << QByteArray("\x01\x04");
+    QTest::newRow("somebody's acknowledge") << kAck;
+}
+
+void BusSimulatorTest::keepsSilent()
+{
+    QFETCH(QByteArray, frame);
+    TestBus bus;
+    const QByteArray before = bus.settingsRecord();
+    QVERIFY(bus.hearRaw(frame).answer.empty());
+    QCOMPARE(bus.settingsRecord(), before);
+}
+
+void BusSimulatorTest::obeysBroadcasts()
+{
+    TestBus bus;
+    bus.command("silent 0B");
+    bus.command("nak C7 changes");
+    QCOMPARE(bus.ask("FEFF73780003"), QByteArray());
+    QCOMPARE(bus.ask("FEFF73630201"), QByteArray());
+    QCOMPARE(bus.state("0A"), LdbState::ServiceMode);
+    QVERIFY(bus.settingsRecord("0A").contains("0100000000000000"));
+    // What was not heard, and what was refused, changed nothing.
+    bus.command("silent 0B off");
+    QVERIFY(bus.state("0B") != LdbState::ServiceMode);
+    QVERIFY(bus.state("C7") != LdbState::ServiceMode);
+}
+
+void BusSimulatorTest::runsThroughItsStates_data()
+{
+    QTest::addColumn<QByteArray>("control");
+    QTest::addColumn<QString>("preparation");
+    QTest::addColumn<QList<QPair<int, int>>>("course"); // ms after the command, state
+    using Course = QList<QPair<int, int>>;
+    QTest::newRow("LDB reset") << QByteArray("01") << QString()
+                               << Course{{0, 0},      {7999, 0},   {8000, 20},  {27999, 20},
+                                         {28000, 10}, {67999, 10}, {68000, 20}, {88000, 10}};
+    QTest::newRow("FIM reset") << QByteArray("00") << QString()
+                               << Course{{0, 40},     {9999, 40},  {10000, 42},
+                                         {14999, 42}, {15000, 20}, {35000, 10}};
+    QTest::newRow("failing FIM reset") << QByteArray("00") << QStringLiteral("resets-fail 0A")
+                                       << Course{{0, 40}, {10000, 41}, {14999, 41}, {15000, 20}};
+    QTest::newRow("service mode") << QByteArray("03") << QString()
+                                  << Course{{0, 30}, {3600000, 30}};
+    QTest::newRow("factory reset")
+        << QByteArray("02") << QString()
+        << Course{{0, 50}, {119999, 50}, {120000, 52}, {179999, 52}, {180000, 0}, {188000, 20}};
+    QTest::newRow("failing factory reset")
+        << QByteArray("02") << QStringLiteral("resets-fail 0A")
+        << Course{{0, 50}, {119999, 50}, {120000, 51}, {180000, 0}};
+}
+
+void BusSimulatorTest::runsThroughItsStates()
+{
+    QFETCH(QByteArray, control);
+    QFETCH(QString, preparation);
+    using Course = QList<QPair<int, int>>;
+    QFETCH(Course, course);
+    TestBus bus;
+    bus.now = 5000;
+    bus.command(qPrintable(preparation));
+    QCOMPARE(bus.ask("FE0A737800" + control), kAck);
+    for (const auto& [time, state] : course) {
+        bus.now = 5000 + time;
+        QCOMPARE(static_cast<int>(bus.state()), state);
+    }
+    // However late somebody looks, the states have gone on by themselves.
+    TestBus unwatched;
+    unwatched.now = 5000;
+    unwatched.command(qPrintable(preparation));
+    unwatched.ask("FE0A737800" + control);
+    unwatched.now = 5000 + course.constLast().first;
+    QCOMPARE(static_cast<int>(unwatched.state()), course.constLast().second);
+}
+
+void BusSimulatorTest::refusesWhileBusy_data()
+{
+    QTest::addColumn<QByteArray>("before"); // control data sent first
+    QTest::addColumn<int>("wait");          // ms
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<bool>("isTaken");
+    const QByteArray fimReset("73780000");
+    const QByteArray ldbReset("73780001");
+    const QByteArray factoryReset("73780002");
+    const QByteArray serviceMode("73780003");
+    const QByteArray mute("73631601");
+    QTest::newRow("factory reset: LDB reset") << QByteArray("02") << 1000 << ldbReset << false;
+    QTest::newRow("factory reset: change") << QByteArray("02") << 1000 << mute << false;
+    QTest::newRow("factory reset: again") << QByteArray("02") << 1000 << factoryReset << false;
+    QTest::newRow("factory reset done: LDB reset")
+        << QByteArray("02") << 125000 << ldbReset << true;
+    QTest::newRow("factory reset done: change") << QByteArray("02") << 125000 << mute << true;
+    QTest::newRow("factory reset done: FIM reset")
+        << QByteArray("02") << 125000 << fimReset << false;
+    QTest::newRow("booting: change") << QByteArray("01") << 1000 << mute << true;
+    QTest::newRow("booting: LDB reset") << QByteArray("01") << 1000 << ldbReset << true;
+    QTest::newRow("booting: service mode") << QByteArray("01") << 1000 << serviceMode << false;
+    QTest::newRow("service mode: FIM reset") << QByteArray("03") << 1000 << fimReset << true;
+    QTest::newRow("service mode: change") << QByteArray("03") << 1000 << mute << true;
+    QTest::newRow("service mode: factory reset")
+        << QByteArray("03") << 1000 << factoryReset << false;
+}
+
+void BusSimulatorTest::refusesWhileBusy()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(int, wait);
+    QFETCH(QByteArray, request);
+    QFETCH(bool, isTaken);
+    TestBus bus;
+    QCOMPARE(bus.ask("FE0A737800" + before), kAck);
+    bus.now = wait;
+    const LdbState state = bus.state();
+    const QByteArray settings = bus.settingsRecord();
+    QCOMPARE(bus.ask("FE0A" + request), isTaken ? kAck : kNak);
+    if (!isTaken) {
+        QCOMPARE(bus.state(), state);
+        QCOMPARE(bus.settingsRecord(), settings);
+    }
+    if (before == "03") {
+        // Whatever was done in service mode, only an LDB reset leads out of it.
+        bus.now += 60000;
+        QCOMPARE(bus.state(), LdbState::ServiceMode);
+        bus.ask("FE0A73780001");
+        bus.now += 60000;
+        QVERIFY(bus.state() != LdbState::ServiceMode);
+    }
+}
+
+void BusSimulatorTest::startsInServiceModeWhenToldTo()
+{
+    TestBus bus;
+    bus.ask("FE0A73631408");
+    bus.ask("FE0A73780001");
+    QCOMPARE(bus.state(), LdbState::Booting);
+    bus.now += 8000;
+    QCOMPARE(bus.state(), LdbState::ServiceMode);
+    bus.ask("FE0A73631413");
+    bus.ask("FE0A73780001");
+    bus.now += 8000;
+    QCOMPARE(bus.state(), LdbState::Measuring);
+}
+
+void BusSimulatorTest::factoryResetRestoresTheDefaults()
+{
+    TestBus bus;
+    const QByteArray fresh = bus.settingsRecord();
+    for (const char* change : {"141C", "170000", "1601"}) {
+        QCOMPARE(bus.ask(QByteArray("FE0A7363") + change), kAck);
+    }
+    QVERIFY(bus.settingsRecord() != fresh);
+    bus.ask("FE0A73780002");
+    bus.now += 121000;
+    QCOMPARE(bus.settingsRecord(), fresh);
+
+    // The name and the number of FIMs belong to the place.
+    bus.ask("FE0A73630241");
+    bus.ask("FE0A7363030900");
+    const QByteArray named = bus.settingsRecord();
+    QVERIFY(named != fresh);
+    bus.ask("FE0A73780001");
+    bus.now += 10000;
+    bus.ask("FE0A73780002");
+    bus.now += 121000;
+    QCOMPARE(bus.settingsRecord(), named);
+}
+
+void BusSimulatorTest::factoryResetTakesThePowerOffTheLoop()
+{
+    TestBus bus;
+    bus.command("open 0A");
+    bus.ask("FE0A73780002");
+    bus.now += 60000;
+    const LdbStatus status = bus.status();
+    QCOMPARE(status.primaryVoltage, quint16{0});
+    QCOMPARE(status.secondaryCurrent, quint16{0});
+    QCOMPARE(status.loopState(), LdbLoopState::Ok);
+}
+
+void BusSimulatorTest::reportsFaults_data()
+{
+    QTest::addColumn<QStringList>("commands");
+    QTest::addColumn<int>("loop");
+    QTest::addColumn<int>("earth");
+    QTest::addColumn<int>("amplifier");
+    QTest::newRow("healthy") << QStringList() << 0 << 0 << 0;
+    const std::tuple<const char*, int, int> loopFaults[] = {
+        {"open", 1, 2}, {"short", 4, 8}, {"dc-leakage", 16, 32}};
+    for (const auto& [name, present, memory] : loopFaults) {
+        const QString verb = QLatin1String(name);
+        QTest::newRow(name) << QStringList{verb + QStringLiteral(" 0A")} << present << 0 << 0;
+        QTest::addRow("%s remembered", name)
+            << QStringList{verb + QStringLiteral(" 0A"), verb + QStringLiteral(" 0A memory")}
+            << memory << 0 << 0;
+        QTest::addRow("%s cleared", name)
+            << QStringList{verb + QStringLiteral(" 0A memory"), verb + QStringLiteral(" 0A clear")}
+            << 0 << 0 << 0;
+    }
+    const auto row = [](const char* name, std::initializer_list<const char*> commands, int loop,
+                        int earth, int amplifier) {
+        QStringList list;
+        for (const char* command : commands) {
+            list.append(QLatin1String(command));
+        }
+        QTest::newRow(name) << list << loop << earth << amplifier;
+    };
+    row("earth leakage", {"earth-leakage all after 2"}, 0, 4, 0);
+    row("earth leakage remembered", {"earth-leakage 0A memory"}, 0, 8, 0);
+    row("earth leakage not watched", {"earth-leakage 0A", "change 1411"}, 0, 0, 0);
+    row("earth wire not watched", {"earth-wire 0A"}, 0, 0, 0);
+    row("earth wire", {"earth-wire 0A", "change 1417"}, 0, 1, 0);
+    row("earth wire remembered beside leakage",
+        {"earth-wire 0A memory", "earth-leakage 0A", "change 1417"}, 0, 6, 0);
+    row("open not watched", {"open 0A", "change 170000"}, 0, 0, 0);
+    row("secondary port", {"secondary-port 0A disconnected"}, 1, 0, 0);
+    row("secondary port again", {"secondary-port 0A disconnected", "secondary-port 0A connected"},
+        0, 0, 0);
+    row("a short hides an open", {"open 0A after 1", "short 0A after 4"}, 4, 0, 0);
+    row("short, remembered open", {"open 0A memory", "short 0A"}, 6, 0, 0);
+    row("everything remembered", {"open 0A memory", "short 0A memory", "dc-leakage 0A memory"}, 42,
+        0, 0);
+    row("amplifier", {"amplifier 0A disconnected"}, 0, 0, 2);
+    row("amplifier not supported", {"amplifier 0A not-supported"}, 0, 0, 254);
+    row("amplifier not watched", {"amplifier 0A disconnected", "change 1403"}, 0, 0, 0);
+    row("another LDB's", {"open 0B", "short C7", "amplifier 0B polling"}, 0, 0, 0);
+}
+
+void BusSimulatorTest::reportsFaults()
+{
+    QFETCH(QStringList, commands);
+    QFETCH(int, loop);
+    QFETCH(int, earth);
+    QFETCH(int, amplifier);
+    TestBus bus;
+    for (const QString& command : commands) {
+        if (command.startsWith(QLatin1String("change "))) {
+            QCOMPARE(bus.ask("FE0A7363" + command.mid(7).toLatin1()), kAck);
+        } else {
+            QCOMPARE(bus.command(qPrintable(command)), QString());
+        }
+    }
+    const LdbStatus status = bus.status();
+    QCOMPARE(static_cast<int>(status.loopState()), loop);
+    QCOMPARE(static_cast<int>(status.earthState()), earth);
+    QCOMPARE(static_cast<int>(status.amplifier), amplifier);
+}
+
+void BusSimulatorTest::repairsARunningLoopAtOnce()
+{
+    TestBus bus;
+    const int before = bus.status().primaryCurrent;
+    bus.command("open 0A after 0");
+    bus.now = 1000;
+    const LdbStatus open = bus.status();
+    QVERIFY(open.primaryCurrent < before - 80); // three FIMs less on this side
+    bus.command("open 0A clear");
+    QVERIFY(qAbs(bus.status().primaryCurrent - before) < 10);
+
+    bus.command("port-short 0A secondary memory");
+    bus.command("mode 0A check-settings");
+    const LdbStatus status = bus.status();
+    QCOMPARE(status.primaryPortShort, quint8{0});
+    QCOMPARE(status.secondaryPortShort, quint8{2});
+    QCOMPARE(status.state, LdbState::CheckSettings);
+    bus.command("mode 0A normal");
+    QCOMPARE(bus.state(), LdbState::Measuring);
+}
+
+void BusSimulatorTest::fencesOffAShortThatAppearsInAStartingLoop()
+{
+    TestBus bus;
+    bus.ask("FE0A73780001");
+    bus.now = 60000; // two FIMs up from either side
+    bus.command("short 0A after 1");
+    QCOMPARE(bus.status().loopState(), LdbLoopState::Short);
+    QVERIFY(bus.status().primaryCurrent > 600);
+    bus.now += 3000;
+    QCOMPARE(static_cast<int>(bus.status().loopState()), 9); // remembered, and open there
+    QVERIFY(bus.status().primaryCurrent < 300);
+
+    // Repaired, the loop closes by itself.
+    bus.command("short 0A clear");
+    bus.now += 200000;
+    QCOMPARE(bus.status().loopState(), LdbLoopState::OpenMemory);
+}
+
+void BusSimulatorTest::forgetsOnFimReset()
+{
+    TestBus bus;
+    for (const char* command : {"open 0A memory", "earth-leakage 0A memory", "dc-leakage 0A"}) {
+        bus.command(command);
+    }
+    bus.ask("FE0A73780000");
+    bus.now += 20000;
+    const LdbStatus status = bus.status();
+    QCOMPARE(status.loopState(), LdbLoopState::DcLeakage); // still there
+    QCOMPARE(status.earthState(), LdbEarthState::Ok);
+}
+
+void BusSimulatorTest::complainsOfImpossibleCommands_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("complaint");
+    QTest::newRow("no such LDB") << QStringLiteral("open 0C") << QStringLiteral("no LDB at 0C");
+    QTest::newRow("no such FIM") << QStringLiteral("short 0A after 7")
+                                 << QStringLiteral("the loop of 0A has only 6 FIMs");
+    QTest::newRow("no such FIM on one of them")
+        << QStringLiteral("short all after 7") << QStringLiteral("the loop of 0A has only 6 FIMs");
+}
+
+void BusSimulatorTest::complainsOfImpossibleCommands()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, complaint);
+    TestBus bus;
+    QCOMPARE(bus.command(qPrintable(text)), complaint);
+    QCOMPARE(bus.status().loopState(), LdbLoopState::Ok);
+}
+
+void BusSimulatorTest::movesLikeARealLoop()
+{
+    TestBus bus;
+    QSet<int> voltages;
+    int lowest = 100000;
+    int highest = 0;
+    for (int i = 0; i < 2000; ++i) {
+        bus.now += 1000;
+        const LdbStatus status = bus.status();
+        voltages.insert(status.primaryVoltage);
+        lowest = qMin(lowest, int{status.primaryCurrent});
+        highest = qMax(highest, int{status.primaryCurrent});
+        QVERIFY(status.secondaryVoltage > 24000 && status.secondaryVoltage < 28000);
+    }
+    QVERIFY(voltages.size() > 100);
+    QVERIFY(highest > lowest);
+    QVERIFY(highest - lowest < 11); // never as much as a FIM's step
+}
+
+void BusSimulatorTest::repeatsItselfWithTheSameSeed()
+{
+    TestBus first(7);
+    TestBus second(7);
+    TestBus other(8);
+    QByteArray firstCourse;
+    QByteArray secondCourse;
+    QByteArray otherCourse;
+    for (int i = 0; i < 20; ++i) {
+        firstCourse += first.ask("FE0A737803");
+        secondCourse += second.ask("FE0A737803");
+        otherCourse += other.ask("FE0A737803");
+    }
+    QCOMPARE(firstCourse, secondCourse);
+    QVERIFY(firstCourse != otherCourse);
+}
+
+QTEST_APPLESS_MAIN(BusSimulatorTest)
+#include "tst_bussimulator.moc"

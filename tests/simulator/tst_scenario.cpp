@@ -1,0 +1,324 @@
+#include "simulator/scenario.h"
+#include "tests/support/testcase.h"
+
+#include <QDir>
+
+namespace {
+
+/// One healthy LDB at 0A with six FIMs and, in its place, what the test adds.
+QByteArray withRoot(const char* more)
+{
+    return QByteArray(R"({"ldbs": [{"address": "0A", "fims": 6}], )") + more + "}";
+}
+
+QByteArray withLdb(const char* more)
+{
+    return QByteArray(R"({"ldbs": [{"address": "0A", "fims": 6}, {)") + more + "}]}";
+}
+
+} // namespace
+
+/// The scenario format and the commands that it shares with the trainer's keyboard.
+class ScenarioTest : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void readsEverything();
+    void fillsARangeOfAddresses();
+    void namesTheKeyThatIsWrong_data();
+    void namesTheKeyThatIsWrong();
+    void survivesEveryTruncation();
+    void readsWhatIsShipped_data();
+    void readsWhatIsShipped();
+    void parsesCommands_data();
+    void parsesCommands();
+    void refusesCommands_data();
+    void refusesCommands();
+    void helpsWithEveryCommand();
+};
+
+void ScenarioTest::readsEverything()
+{
+    const ScenarioReading reading = readScenario(R"({
+        "description": "all keys", "seed": 42,
+        "timing": {"bootSeconds": 3, "measuringSeconds": 4.5, "quiescentSeconds": 5,
+                   "fimResetSeconds": 6, "factoryResetSeconds": 7, "factoryResetWaitSeconds": 20},
+        "badBus": {"garbledPercent": 1.5, "latePercent": 2, "lateFromMs": 200, "lateToMs": 300},
+        "ldbs": [{"address": "c7", "name": "Pümpe", "firmware": "X123456", "fims": 12,
+                  "configuredFims": 300, "openDetectionDelay": 0, "audioMute": true,
+                  "serviceMode": true, "generalFaultOutput": false, "earthLeakageDetection": false,
+                  "earthWireOpenDetection": true, "startInServiceMode": true,
+                  "amplifierDetection": false, "faults": ["short present after 3", "silent"]}],
+        "events": [{"at": 1.25, "do": "open C7 after 12"}, {"at": 5, "every": 60, "do": "cut"}]})");
+    QCOMPARE(reading.error, QString());
+    const Scenario& scenario = *reading.scenario;
+    QCOMPARE(scenario.seed, 42U);
+    QCOMPARE(scenario.timing.booting, 3000);
+    QCOMPARE(scenario.timing.measuring, 4500);
+    QCOMPARE(scenario.timing.quiescent, 5000);
+    QCOMPARE(scenario.timing.fimReset, 6000);
+    QCOMPARE(scenario.timing.factoryReset, 7000);
+    QCOMPARE(scenario.timing.factoryResetOutcome, 20000);
+    QCOMPARE(scenario.badBus.garbledPercent, 1.5);
+    QCOMPARE(scenario.badBus.latePercent, 2.0);
+    QCOMPARE(scenario.badBus.lateFrom, 200);
+    QCOMPARE(scenario.badBus.lateTo, 300);
+    QCOMPARE(scenario.ldbs.size(), std::size_t{1});
+    const ScenarioLdb& ldb = scenario.ldbs.front();
+    QCOMPARE(ldb.spec.address, 0xC7);
+    QCOMPARE(ldb.spec.firmware, QByteArray("X123456"));
+    QCOMPARE(ldb.spec.fims, 12);
+    QVERIFY(ldb.spec.isInServiceMode);
+    QCOMPARE(ldb.spec.settings.name, QByteArray("P\xC3\xBCmpe"));
+    QCOMPARE(ldb.spec.settings.numberOfFims, quint16{300});
+    QCOMPARE(ldb.spec.settings.openDetectionDelay, quint16{0});
+    QVERIFY(ldb.spec.settings.audioMute);
+    QCOMPARE(ldb.spec.settings.flags, quint8{0x0C});
+    QCOMPARE(ldb.faults.size(), std::size_t{2});
+    QCOMPARE(ldb.faults.front().loopFault, LoopFaultKind::Short);
+    QCOMPARE(ldb.faults.front().address, 0xC7);
+    QCOMPARE(ldb.faults.front().afterFim, std::optional<int>(3));
+    QCOMPARE(scenario.events.size(), std::size_t{2});
+    QCOMPARE(scenario.events.front().at, 1250);
+    QCOMPARE(scenario.events.front().every, 0);
+    QCOMPARE(scenario.events.back().every, 60000);
+    QCOMPARE(scenario.events.back().command.verb, CommandVerb::Cut);
+}
+
+void ScenarioTest::fillsARangeOfAddresses()
+{
+    const ScenarioReading reading =
+        readScenario(R"({"ldbs": [{"address": "01-FD", "name": "Zone %1"}]})");
+    QCOMPARE(reading.error, QString());
+    QCOMPARE(reading.scenario->ldbs.size(), std::size_t{253});
+    QCOMPARE(reading.scenario->ldbs.back().spec.settings.name, QByteArray("Zone 253"));
+}
+
+void ScenarioTest::namesTheKeyThatIsWrong_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("error"); // its beginning
+    const auto row = [](const char* name, const QByteArray& json, const char* error) {
+        QTest::newRow(name) << json << QString::fromLatin1(error);
+    };
+    row("no JSON", "{\n\"ldbs\": [}", "line 2: ");
+    row("no object", "[]", "the file must hold one object");
+    row("no LDBs", "{}", "ldbs: is missing");
+    row("LDBs no list", R"({"ldbs": 3})", "ldbs: must be a list");
+    row("LDB no object", R"({"ldbs": [3]})", "ldbs[0]: must be an object");
+    row("unknown key", withRoot(R"("lbds": [])"), "lbds: is no key");
+    row("seed no number", withRoot(R"("seed": "x")"), "seed: must be a number");
+    row("seed below zero", withRoot(R"("seed": -1)"), "seed: must be a number from 0");
+    row("timing no object", withRoot(R"("timing": [])"), "timing: must be an object");
+    row("no time at all", withRoot(R"("timing": {"bootSeconds": 0})"), "timing.bootSeconds: ");
+    row("unknown time", withRoot(R"("timing": {"boot": 1})"), "timing.boot: is no key");
+    row("more than all", withRoot(R"("badBus": {"latePercent": 101})"), "badBus.latePercent: ");
+    row("half a millisecond", withRoot(R"("badBus": {"lateFromMs": 1.5})"),
+        "badBus.lateFromMs: must be a whole number");
+    row("to before from", withRoot(R"("badBus": {"lateFromMs": 9, "lateToMs": 5})"),
+        "badBus.lateToMs: ");
+    row("no address", withLdb(R"("name": "x")"), "ldbs[1].address: must be a bus address");
+    row("address zero", withLdb(R"("address": "00")"), "ldbs[1].address: ");
+    row("broadcast address", withLdb(R"("address": "FF")"), "ldbs[1].address: ");
+    row("address no text", withLdb(R"("address": 11)"), "ldbs[1].address: must be a text");
+    row("address twice", withLdb(R"("address": "0A")"), "ldbs[1].address: 0A is taken twice");
+    row("range over another", withLdb(R"("address": "01-0F")"), "ldbs[1].address: 0A is taken");
+    row("range backwards", withLdb(R"("address": "0F-0B")"), "ldbs[1].address: ");
+    row("name too long", withLdb(R"("address": "0B", "name": "sixteen letters!")"),
+        "ldbs[1].name: must fit");
+    row("firmware too short", withLdb(R"("address": "0B", "firmware": "V1")"),
+        "ldbs[1].firmware: ");
+    row("flag no flag", withLdb(R"("address": "0B", "audioMute": 1)"),
+        "ldbs[1].audioMute: must be true or false");
+    row("too many FIMs", withLdb(R"("address": "0B", "fims": 128)"), "ldbs[1].fims: ");
+    row("misspelt key", withLdb(R"("address": "0B", "fim": 3)"), "ldbs[1].fim: is no key");
+    row("unknown fault", withLdb(R"("address": "0B", "faults": ["opne"])"),
+        "ldbs[1].faults[0]: unknown command \"opne\"");
+    row("fault no text", withLdb(R"("address": "0B", "faults": ["silent", 3])"),
+        "ldbs[1].faults[1]: ");
+    row("fault beyond the loop",
+        withLdb(R"("address": "0B", "fims": 3, "faults": ["open after 4"])"),
+        "ldbs[1].faults[0]: the loop has only 3 FIMs");
+    row("event no object", withRoot(R"("events": ["cut"])"), "events[0]: must be an object");
+    row("event without command", withRoot(R"("events": [{"at": 3}])"), "events[0].do: is empty");
+    row("unknown command", withRoot(R"("events": [{"at": 3, "do": "fly"}])"),
+        "events[0].do: unknown command \"fly\"");
+    row("event before the start", withRoot(R"("events": [{"at": -3, "do": "cut"}])"),
+        "events[0].at: ");
+    row("event too often", withRoot(R"("events": [{"every": 0, "do": "cut"}])"),
+        "events[0].every: ");
+    row("event of no LDB", withRoot(R"("events": [{"do": "open 0B"}])"),
+        "events[0].do: no LDB at 0B");
+    row("event beyond the loop", withRoot(R"("events": [{"do": "open 0A after 7"}])"),
+        "events[0].do: the loop has only 6 FIMs");
+    row("event's unknown key", withRoot(R"("events": [{"when": 3, "do": "cut"}])"),
+        "events[0].when: is no key");
+}
+
+void ScenarioTest::namesTheKeyThatIsWrong()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, error);
+    const ScenarioReading reading = readScenario(json);
+    QVERIFY(!reading.scenario);
+    QVERIFY2(reading.error.startsWith(error), qPrintable(reading.error));
+    QVERIFY(!reading.error.contains(QLatin1Char('\n')));
+}
+
+void ScenarioTest::survivesEveryTruncation()
+{
+    QFile file(QStringLiteral(SCENARIO_FOLDER "/training-faults.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray json = file.readAll().trimmed();
+    for (int length = 0; length < json.size(); ++length) {
+        QVERIFY(!readScenario(json.left(length)).scenario);
+    }
+}
+
+void ScenarioTest::readsWhatIsShipped_data()
+{
+    QTest::addColumn<QString>("path");
+    const QFileInfoList files =
+        QDir(QStringLiteral(SCENARIO_FOLDER)).entryInfoList({QStringLiteral("*.json")});
+    QVERIFY(files.size() >= 10);
+    for (const QFileInfo& file : files) {
+        QTest::newRow(qPrintable(file.fileName())) << file.filePath();
+    }
+}
+
+void ScenarioTest::readsWhatIsShipped()
+{
+    QFETCH(QString, path);
+    const ScenarioReading reading = readScenarioFile(path);
+    QCOMPARE(reading.error, QString());
+    QVERIFY(!reading.scenario->ldbs.empty());
+    QCOMPARE(defaultScenario().ldbs.size(), std::size_t{8});
+    QVERIFY(!readScenarioFile(path + QStringLiteral(".none")).error.isEmpty());
+}
+
+void ScenarioTest::parsesCommands_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QVector<int>>(
+        "expected"); // verb, address, and what the verb makes of the rest
+    const auto row = [](const char* text, CommandVerb verb, int address, int first, int second) {
+        QTest::newRow(text) << QString::fromLatin1(text)
+                            << QVector<int>{static_cast<int>(verb), address, first, second};
+    };
+    constexpr int kMiddle = -1;
+    // phase, position
+    row("open 0a", CommandVerb::LoopFault, 10, 1, kMiddle);
+    row("  open   FD  memory ", CommandVerb::LoopFault, 253, 2, kMiddle);
+    row("short all present after 0", CommandVerb::LoopFault, 0, 1, 0);
+    row("dc-leakage 01 clear", CommandVerb::LoopFault, 1, 0, kMiddle);
+    // on, times
+    row("silent 0A", CommandVerb::Silent, 10, 1, kMiddle);
+    row("silent 0A off", CommandVerb::Silent, 10, 0, kMiddle);
+    row("bad-check 0A on times 3", CommandVerb::BadCheck, 10, 1, 3);
+    row("noise all times 1", CommandVerb::Noise, 0, 1, 1);
+    // scope, index
+    row("nak 0A", CommandVerb::Nak, 10, 1, 0);
+    row("nak 0A changes times 2", CommandVerb::Nak, 10, 2, 0);
+    row("nak 0A index 1E", CommandVerb::Nak, 10, 3, 0x1E);
+    row("nak all off", CommandVerb::Nak, 0, 0, 0);
+    // milliseconds, on
+    row("late 0A 130", CommandVerb::Late, 10, 130, 1);
+    row("late 0A off", CommandVerb::Late, 10, 0, 0);
+    // garbled, late
+    row("bad-bus 1 2", CommandVerb::BadBus, 0, 1, 2);
+    row("bad-bus off", CommandVerb::BadBus, 0, 0, 0);
+    // seconds, nothing
+    row("cut", CommandVerb::Cut, 0, 0, 0);
+    row("cut for 10", CommandVerb::Cut, 0, 10, 0);
+}
+
+void ScenarioTest::parsesCommands()
+{
+    QFETCH(QString, text);
+    QFETCH(QVector<int>, expected);
+    const CommandParsing parsing = parseSimulatorCommand(text);
+    QCOMPARE(parsing.error, QString());
+    const SimulatorCommand& command = *parsing.command;
+    QVector<int> result{static_cast<int>(command.verb), command.address};
+    switch (command.verb) {
+    case CommandVerb::LoopFault:
+        result << static_cast<int>(command.phase) << command.afterFim.value_or(-1);
+        break;
+    case CommandVerb::Nak:
+        result << static_cast<int>(command.nakScope) << command.index;
+        break;
+    case CommandVerb::Late:
+        result << command.milliseconds << (command.on ? 1 : 0);
+        break;
+    case CommandVerb::BadBus:
+        result << qRound(command.garbledPercent) << qRound(command.latePercent);
+        break;
+    case CommandVerb::Cut:
+        result << qRound(command.seconds) << 0;
+        break;
+    default:
+        result << (command.on ? 1 : 0) << command.times.value_or(-1);
+    }
+    QCOMPARE(result, expected);
+}
+
+void ScenarioTest::refusesCommands_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"fly",
+                             "open",
+                             "open 00",
+                             "open FE",
+                             "open zz",
+                             "open 0A after",
+                             "open 0A after -1",
+                             "open 0A after 128",
+                             "open 0A sometimes",
+                             "open 0A present after 3 4",
+                             "port-short 0A",
+                             "port-short 0A third",
+                             "amplifier 0A",
+                             "amplifier 0A loud",
+                             "mode 0A 253",
+                             "secondary-port 0A",
+                             "late 0A",
+                             "late 0A 0",
+                             "late 0A 60001",
+                             "late 0A 3.5",
+                             "silent 0A maybe",
+                             "bad-check 0A times 0",
+                             "nak 0A index",
+                             "nak 0A index 100",
+                             "bad-bus 1",
+                             "bad-bus 1 101",
+                             "bad-bus nan 1",
+                             "cut for",
+                             "cut for -1",
+                             "cut 3",
+                             "quit now",
+                             "OPEN 0A"}) {
+        QTest::newRow(text) << QString::fromLatin1(text);
+    }
+}
+
+void ScenarioTest::refusesCommands()
+{
+    QFETCH(QString, text);
+    const CommandParsing parsing = parseSimulatorCommand(text);
+    QVERIFY(!parsing.command);
+    QVERIFY(!parsing.error.isEmpty());
+}
+
+void ScenarioTest::helpsWithEveryCommand()
+{
+    const QString help = simulatorCommandHelp().join(QLatin1Char('\n'));
+    for (const char* word : {"open", "short", "dc-leakage", "earth-leakage", "silent", "bad-check",
+                             "wrong-length", "nak", "late", "noise", "fragments", "cut"}) {
+        QVERIFY2(help.contains(QLatin1String(word)), word);
+    }
+    const CommandParsing empty = parseSimulatorCommand(QStringLiteral("  "));
+    QVERIFY(!empty.command && empty.error.isEmpty());
+}
+
+QTEST_APPLESS_MAIN(ScenarioTest)
+#include "tst_scenario.moc"

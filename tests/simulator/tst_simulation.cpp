@@ -1,0 +1,337 @@
+#include "serial/framecodec.h"
+#include "simulator/simulation.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testcase.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QSerialPort>
+#include <QSignalSpy>
+
+namespace {
+
+constexpr int kPatience = 20000; // ms; only a hang needs so long
+
+/// The tool's end of the port.
+class Master
+{
+public:
+    explicit Master(const QString& portName)
+    {
+        m_port.setPortName(portName);
+        m_port.open(QIODevice::ReadWrite);
+    }
+
+    bool isOpen() const { return m_port.isOpen(); }
+    QSerialPort& port() { return m_port; }
+
+    void send(const QByteArray& body) { m_port.write(framecodec::createCommand(body)); }
+
+    /// The answer's bytes up to its end.
+    QByteArray ask(const QByteArray& body)
+    {
+        send(body);
+        QByteArray answer;
+        const bool isComplete = QTest::qWaitFor(
+            [&] {
+                QByteArray batch = m_port.readAll();
+                return framecodec::processReceivedData(batch, answer);
+            },
+            kPatience);
+        return isComplete ? answer : QByteArray("no answer");
+    }
+
+private:
+    QSerialPort m_port;
+};
+
+Simulation::Options unpaced()
+{
+    Simulation::Options options;
+    options.pace = PacedLine::Pace::Unpaced;
+    return options;
+}
+
+Scenario twoBoards(const char* events = "[]")
+{
+    const ScenarioReading reading = readScenario(
+        QByteArray(
+            R"({"ldbs": [{"address": "0A", "name": "One"}, {"address": "0B"}], "events": )") +
+        events + "}");
+    return reading.scenario.value_or(Scenario());
+}
+
+SimulatorCommand command(const char* text)
+{
+    return parseSimulatorCommand(QLatin1String(text)).command.value_or(SimulatorCommand());
+}
+
+/// The program itself.
+class Program
+{
+public:
+    ~Program()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    void start(const QStringList& arguments)
+    {
+        m_process.start(QStringLiteral(SIMULATOR_PROGRAM), arguments);
+    }
+    QString readLine()
+    {
+        const bool isThere = QTest::qWaitFor([this] { return m_process.canReadLine(); }, kPatience);
+        return isThere ? QString::fromLocal8Bit(m_process.readLine()).trimmed() : QString();
+    }
+    bool waitForEnd()
+    {
+        return m_process.state() == QProcess::NotRunning || m_process.waitForFinished(kPatience);
+    }
+    QProcess& process() { return m_process; }
+
+private:
+    QProcess m_process;
+};
+
+} // namespace
+
+/// The installation on a real pseudo-terminal, in this process and as a program of its own.
+class SimulationTest : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void answersThroughThePort();
+    void comesBackAfterACut();
+    void carriesOutTheScenariosEvents();
+    void writesTheJournal();
+    void linksThePort();
+    void tellsWhatItCannotOpen();
+    void runsAsAProgram();
+    void endsOnASignal_data();
+    void endsOnASignal();
+    void refusesWrongArguments_data();
+    void refusesWrongArguments();
+};
+
+void SimulationTest::answersThroughThePort()
+{
+    Simulation simulation(twoBoards(), unpaced());
+    QCOMPARE(simulation.start(), QString());
+    Master master(simulation.portName());
+    QVERIFY(master.isOpen());
+    QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
+    QByteArray status = master.ask("FE0B737803");
+    QVERIFY(framecodec::responseValidation(status));
+    QCOMPARE(status.size(), 50);
+    // Silence first, then an answer: it is the second request's.
+    master.send("FE0C737803");
+    QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
+}
+
+void SimulationTest::comesBackAfterACut()
+{
+    qRegisterMetaType<QSerialPort::SerialPortError>();
+    Simulation simulation(twoBoards(), unpaced());
+    QCOMPARE(simulation.start(), QString());
+    {
+        Master master(simulation.portName());
+        master.ask("FE0A73631601");
+        QSignalSpy errors(&master.port(), &QSerialPort::errorOccurred);
+        simulation.execute(command("cut"));
+        QCOMPARE(simulation.portName(), QString());
+        QVERIFY(!errors.isEmpty() || errors.wait(kPatience));
+        master.port().close();
+    }
+    QSignalSpy restored(&simulation, &Simulation::restored);
+    simulation.execute(command("restore"));
+    QCOMPARE(restored.size(), 1);
+    QCOMPARE(restored.constFirst().constFirst().toString(), simulation.portName());
+    Master master(simulation.portName());
+    // The boards have kept their settings meanwhile.
+    const QByteArray settings = master.ask("FE0A737201");
+    QCOMPARE(settings.mid(13, 2), QByteArray("01"));
+    QVERIFY(simulation.execute(command("restore")).isEmpty());
+    QCOMPARE(restored.size(), 1);
+
+    simulation.execute(command("cut for 0.05"));
+    QVERIFY(restored.wait(kPatience));
+}
+
+void SimulationTest::carriesOutTheScenariosEvents()
+{
+    Simulation simulation(
+        twoBoards(R"([{"at": 0, "do": "vanish 0B"}, {"at": 0.02, "do": "appear 33"},
+                      {"at": 0.04, "do": "quit"}])"),
+        unpaced());
+    QSignalSpy quit(&simulation, &Simulation::quitRequested);
+    QCOMPARE(simulation.start(), QString());
+    QCOMPARE(simulation.ldbCount(), 2);
+    QVERIFY(quit.wait(kPatience));
+    QCOMPARE(simulation.ldbCount(), 2);
+    const QString list = simulation.execute(command("list")).join(QLatin1Char('\n'));
+    QVERIFY(list.contains(QLatin1String("33  LDB 51")));
+    QVERIFY(list.contains(QLatin1String("not on the bus")));
+}
+
+void SimulationTest::writesTheJournal()
+{
+    const Sandbox sandbox;
+    Simulation::Options options = unpaced();
+    options.journalPath = sandbox.path(QStringLiteral("journal.txt"));
+    Simulation simulation(twoBoards(), options);
+    QCOMPARE(simulation.start(), QString());
+    Master master(simulation.portName());
+    master.ask("FE0A737202");
+    master.send("FE0C70");
+    simulation.execute(command("bad-check 0B"));
+    master.ask("FE0B737804");
+    simulation.execute(command("cut"));
+
+    // Read while the simulation still runs: every line is in the file already.
+    QList<QList<QByteArray>> lines;
+    for (const QByteArray& line : Sandbox::readFile(options.journalPath).split('\n')) {
+        if (!line.isEmpty()) {
+            lines.append(line.split('\t'));
+        }
+    }
+    QCOMPARE(lines.size(), 6);
+    const QByteArrayList marks{">", "<", ">", ">", "<", "#"};
+    const QByteArrayList ids{"0A", "0A", "0C", "0B", "0B", ""};
+    const QByteArrayList texts{
+        "name", "\"One\"", "poll", "firmware", "\"LDB16 V3.21\" [bad check]", "line cut"};
+    double former = 0;
+    for (int i = 0; i < lines.size(); ++i) {
+        const QList<QByteArray>& columns = lines.at(i);
+        QCOMPARE(columns.size(), 6);
+        QVERIFY(QDateTime::fromString(QString::fromLatin1(columns.at(0)),
+                                      QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"))
+                    .isValid());
+        QVERIFY(columns.at(1).toDouble() >= former);
+        former = columns.at(1).toDouble();
+        QCOMPARE(columns.at(2), marks.at(i));
+        QCOMPARE(columns.at(3), ids.at(i));
+        QCOMPARE(columns.at(5), texts.at(i));
+    }
+    QCOMPARE(lines.at(2).at(4), QByteArray("01 46 45 30 43 37 30 32 44 04"));
+}
+
+void SimulationTest::linksThePort()
+{
+    const Sandbox sandbox;
+    Simulation::Options options = unpaced();
+    options.linkPath = sandbox.path(QStringLiteral("port"));
+    // Left behind by one that was killed.
+    QVERIFY(QFile::link(QStringLiteral("/nowhere"), options.linkPath));
+    {
+        Simulation simulation(twoBoards(), options);
+        QCOMPARE(simulation.start(), QString());
+        QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
+        simulation.execute(command("cut"));
+        QVERIFY(!QFileInfo(options.linkPath).isSymLink());
+        simulation.execute(command("restore"));
+        QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
+        Master master(options.linkPath);
+        QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
+    }
+    QVERIFY(!QFileInfo(options.linkPath).isSymLink());
+}
+
+void SimulationTest::tellsWhatItCannotOpen()
+{
+    const Sandbox sandbox;
+    sandbox.writeFile(QStringLiteral("precious"), "data");
+    Simulation::Options options = unpaced();
+    options.linkPath = sandbox.path(QStringLiteral("precious"));
+    QVERIFY(!Simulation(twoBoards(), options).start().isEmpty());
+    QCOMPARE(Sandbox::readFile(options.linkPath), QByteArray("data"));
+    options.linkPath = sandbox.path(QStringLiteral("none/link"));
+    QVERIFY(!Simulation(twoBoards(), options).start().isEmpty());
+    options.linkPath.clear();
+    options.journalPath = sandbox.path(QStringLiteral("none/journal"));
+    QVERIFY(!Simulation(twoBoards(), options).start().isEmpty());
+}
+
+void SimulationTest::runsAsAProgram()
+{
+    const Sandbox sandbox;
+    const QString link = sandbox.path(QStringLiteral("port"));
+    Program program;
+    program.start({QStringLiteral("--unpaced"), QStringLiteral("--link"), link});
+    const QString portName = program.readLine();
+    QCOMPARE(QFileInfo(link).symLinkTarget(), portName);
+    Master master(portName);
+    QCOMPARE(master.ask("FEE970"), QByteArray("\x06"));
+    program.process().write("fly\n");
+    QCOMPARE(program.readLine(), QStringLiteral("unknown command \"fly\"; try help"));
+    program.process().write("vanish E9\nlist\n");
+    QVERIFY(program.readLine().startsWith(QLatin1String("03  Boiler house")));
+    program.process().write("quit\n");
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 0);
+    QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+void SimulationTest::endsOnASignal_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("SIGTERM") << QStringLiteral("TERM");
+    QTest::newRow("SIGINT") << QStringLiteral("INT");
+    QTest::newRow("SIGHUP") << QStringLiteral("HUP");
+}
+
+void SimulationTest::endsOnASignal()
+{
+    QFETCH(QString, name);
+    const Sandbox sandbox;
+    const QString link = sandbox.path(QStringLiteral("port"));
+    Program program;
+    program.start({QStringLiteral("--unpaced"), QStringLiteral("--link"), link});
+    const QString portName = program.readLine();
+    // The end of its input is not the end of the program.
+    program.process().closeWriteChannel();
+    Master master(portName);
+    QCOMPARE(master.ask("FE0370"), QByteArray("\x06"));
+    QCOMPARE(
+        QProcess::execute(QStringLiteral("kill"), {QStringLiteral("-%1").arg(name),
+                                                   QString::number(program.process().processId())}),
+        0);
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.process().exitCode(), 0);
+    QVERIFY(!QFileInfo(link).isSymLink());
+}
+
+void SimulationTest::refusesWrongArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("complaint");
+    QTest::newRow("no file") << QStringList{QStringLiteral("--scenario"), QStringLiteral("none")}
+                             << QStringLiteral("none: ");
+    QTest::newRow("bad file") << QStringList{QStringLiteral("--scenario"),
+                                             QStringLiteral("bad.json")}
+                              << QStringLiteral("bad.json: ldbs[0].fims: ");
+    QTest::newRow("bad seed") << QStringList{QStringLiteral("--seed"), QStringLiteral("x")}
+                              << QStringLiteral("the seed must be");
+    QTest::newRow("surplus") << QStringList{QStringLiteral("file")}
+                             << QStringLiteral("unexpected \"file\"");
+}
+
+void SimulationTest::refusesWrongArguments()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, complaint);
+    const Sandbox sandbox;
+    sandbox.writeFile(QStringLiteral("bad.json"), R"({"ldbs": [{"address": "0A", "fims": "x"}]})");
+    Program program;
+    program.start(arguments);
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 2);
+    const QString said = QString::fromLocal8Bit(program.process().readAllStandardError());
+    QVERIFY2(said.contains(complaint), qPrintable(said));
+    QVERIFY(program.process().readAllStandardOutput().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(SimulationTest)
+#include "tst_simulation.moc"

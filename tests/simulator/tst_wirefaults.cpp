@@ -1,0 +1,228 @@
+#include "tests/simulator/testbus.h"
+#include "tests/support/testcase.h"
+
+namespace {
+
+const QByteArray kAck("\x06");
+const QByteArray kNak("\x15");
+const QByteArray kStatus("FE0A737803");
+const QByteArray kPoll("FE0A70");
+
+bool isValid(QByteArray answer)
+{
+    return framecodec::responseValidation(answer);
+}
+
+} // namespace
+
+/// What the trainer can do to the answers on their way.
+class WireFaultsTest : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void spoilsCheckDigits();
+    void shortensAWellFormedAnswer();
+    void refuses_data();
+    void refuses();
+    void refusalsChangeNothing();
+    void answersLate();
+    void makesNoise();
+    void sendsFragments();
+    void lastsForANumberOfAnswers_data();
+    void lastsForANumberOfAnswers();
+    void vanishesAndAppears();
+    void garblesByChance();
+    void delaysByChance();
+};
+
+void WireFaultsTest::spoilsCheckDigits()
+{
+    TestBus bus;
+    bus.command("bad-check 0A");
+    const QByteArray answer = bus.ask(kStatus);
+    QCOMPARE(answer.size(), 54);
+    QVERIFY(!isValid(answer));
+    QCOMPARE(bus.ask(kPoll), kAck); // has no check digits
+    bus.command("bad-check 0A off");
+    QVERIFY(isValid(bus.ask(kStatus)));
+}
+
+void WireFaultsTest::shortensAWellFormedAnswer()
+{
+    TestBus bus;
+    bus.command("wrong-length all");
+    QByteArray answer = bus.ask(kStatus);
+    QVERIFY(framecodec::responseValidation(answer));
+    QCOMPARE(answer.size(), 48);
+    QCOMPARE(bus.ask(kPoll), kAck);
+}
+
+void WireFaultsTest::refuses_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<bool>("status");
+    QTest::addColumn<bool>("flags");
+    QTest::addColumn<bool>("delay");
+    QTest::addColumn<bool>("action");
+    QTest::newRow("all") << QStringLiteral("nak 0A") << true << true << true << true;
+    QTest::newRow("changes") << QStringLiteral("nak 0A changes") << false << true << true << true;
+    QTest::newRow("one parameter")
+        << QStringLiteral("nak 0A index 14") << false << true << false << false;
+    QTest::newRow("off") << QStringLiteral("nak 0A off") << false << false << false << false;
+}
+
+void WireFaultsTest::refuses()
+{
+    QFETCH(QString, command);
+    QFETCH(bool, status);
+    QFETCH(bool, flags);
+    QFETCH(bool, delay);
+    QFETCH(bool, action);
+    TestBus bus;
+    QCOMPARE(bus.command(qPrintable(command)), QString());
+    QCOMPARE(bus.ask(kStatus) == kNak, status);
+    QCOMPARE(bus.ask("FE0A73631401") == kNak, flags);
+    QCOMPARE(bus.ask("FE0A7363170100") == kNak, delay);
+    QCOMPARE(bus.ask("FE0A737806") == kNak, action);
+}
+
+void WireFaultsTest::refusalsChangeNothing()
+{
+    TestBus bus;
+    const QByteArray before = bus.settingsRecord();
+    bus.command("nak 0A changes");
+    QCOMPARE(bus.ask("FE0A73631400"), kNak);
+    QCOMPARE(bus.ask("FE0A73780003"), kNak);
+    bus.command("nak 0A off");
+    bus.command("silent 0A");
+    QCOMPARE(bus.ask("FE0A73631400"), QByteArray());
+    bus.command("silent 0A off");
+    QCOMPARE(bus.settingsRecord(), before);
+    QCOMPARE(bus.state(), LdbState::Measuring);
+}
+
+void WireFaultsTest::answersLate()
+{
+    TestBus bus;
+    bus.command("late 0A 130");
+    QCOMPARE(bus.hear(kPoll).answer.front().delay, 130);
+    QCOMPARE(bus.hear("FE0B70").answer.front().delay, 0);
+    // Late or not, it was obeyed when it was heard.
+    bus.ask("FE0A73780003");
+    bus.command("late 0A off");
+    QCOMPARE(bus.hear(kPoll).answer.front().delay, 0);
+    QCOMPARE(bus.state(), LdbState::ServiceMode);
+}
+
+void WireFaultsTest::makesNoise()
+{
+    TestBus bus;
+    bus.command("noise 0A");
+    for (int i = 0; i < 100; ++i) {
+        const QByteArray answer = bus.ask(kStatus);
+        const int start = answer.indexOf('\x01');
+        QVERIFY(start > 0);
+        QVERIFY(isValid(answer.mid(start)));
+        // Noise alone is no answer to anybody.
+        QVERIFY(!answer.left(start).contains('\x04'));
+        QVERIFY(!answer.left(start).contains('\x06'));
+        QVERIFY(!answer.left(start).contains('\x15'));
+    }
+}
+
+void WireFaultsTest::sendsFragments()
+{
+    TestBus bus;
+    bus.command("fragments 0A");
+    const std::vector<Transmission> pieces = bus.hear(kStatus).answer;
+    QVERIFY(pieces.size() > 1);
+    QByteArray whole;
+    qint64 delay = -1;
+    for (const Transmission& piece : pieces) {
+        QVERIFY(piece.delay > delay);
+        delay = piece.delay;
+        whole += piece.bytes;
+    }
+    QVERIFY(isValid(whole));
+    QCOMPARE(pieces.back().whole, whole);
+    QCOMPARE(bus.hear(kPoll).answer.size(), std::size_t{1});
+}
+
+void WireFaultsTest::lastsForANumberOfAnswers_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* command : {"bad-check 0A times 2", "nak 0A times 2", "silent 0A on times 2"}) {
+        QTest::newRow(command) << QString::fromLatin1(command);
+    }
+}
+
+void WireFaultsTest::lastsForANumberOfAnswers()
+{
+    QFETCH(QString, command);
+    TestBus bus;
+    QCOMPARE(bus.command(qPrintable(command)), QString());
+    QVERIFY(!isValid(bus.ask(kStatus)));
+    QVERIFY(!isValid(bus.ask(kStatus)));
+    QVERIFY(isValid(bus.ask(kStatus)));
+    QVERIFY(isValid(bus.ask(kStatus)));
+}
+
+void WireFaultsTest::vanishesAndAppears()
+{
+    TestBus bus;
+    bus.command("vanish 0A");
+    QCOMPARE(bus.ask(kPoll), QByteArray());
+    bus.ask("FEFF73780003");
+    bus.now = 60000;
+    bus.command("appear 0A");
+    QCOMPARE(bus.state(), LdbState::Booting);
+    bus.now += 10000;
+    QCOMPARE(bus.state(), LdbState::Measuring);
+    bus.command("appear 0A"); // has been there: no second boot
+    QCOMPARE(bus.state(), LdbState::Measuring);
+
+    QCOMPARE(bus.ask("FE3370"), QByteArray());
+    bus.command("appear 33");
+    QCOMPARE(bus.ask("FE3370"), kAck);
+}
+
+void WireFaultsTest::garblesByChance()
+{
+    TestBus bus;
+    bus.command("bad-bus 100 0");
+    for (int i = 0; i < 3000; ++i) {
+        for (const QByteArray& request : {kStatus, kPoll}) {
+            // As the tool takes bytes in: all that is left must be unusable.
+            QByteArray bytes = bus.ask(request);
+            QByteArray total;
+            QVERIFY(!framecodec::processReceivedData(bytes, total) ||
+                    !framecodec::responseValidation(total));
+        }
+    }
+    bus.command("bad-bus 10 0");
+    int garbled = 0;
+    constexpr int kAnswers = 5000;
+    for (int i = 0; i < kAnswers; ++i) {
+        garbled += bus.ask(kPoll) == kAck ? 0 : 1;
+    }
+    QVERIFY(garbled > kAnswers * 8 / 100 && garbled < kAnswers * 12 / 100);
+    bus.command("bad-bus off");
+    QCOMPARE(bus.ask(kPoll), kAck);
+}
+
+void WireFaultsTest::delaysByChance()
+{
+    TestBus bus;
+    bus.command("bad-bus 0 50");
+    int late = 0;
+    constexpr int kAnswers = 1000;
+    for (int i = 0; i < kAnswers; ++i) {
+        const qint64 delay = bus.hear(kPoll).answer.front().delay;
+        late += delay > 0 ? 1 : 0;
+        QVERIFY(delay == 0 || (delay >= 130 && delay <= 1800));
+    }
+    QVERIFY(late > kAnswers * 4 / 10 && late < kAnswers * 6 / 10);
+}
+
+QTEST_APPLESS_MAIN(WireFaultsTest)
+#include "tst_wirefaults.moc"
