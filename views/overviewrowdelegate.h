@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Draws the data cells of the overview table. The row whose tick cell is ticked is set in bold,
+/// framed, and marked by an arrow at its id, so that a fault's colour under it stays visible. A
+/// text that is cut shows in full in a tool tip. GUI thread.
+class OverviewRowDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    explicit OverviewRowDelegate(QObject* parent = nullptr);
+
+    /// Whether the user may tick another row; only the mark's colour tells. True at the start.
+    void setEnabled(bool enabled) { m_enabled = enabled; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+    void paintMark(QPainter* painter, const QStyleOptionViewItem& option, bool withArrow) const;
+
+    bool m_enabled = true;
+};
