@@ -38,7 +38,7 @@ bool isMeasurement(int row)
     return row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
 }
 
-/// Whether the file's last byte is there and ends no line. Moves the position.
+/// Whether the file has a last byte and that ends no line. Moves the position.
 bool endsWithinLine(QFile& file)
 {
     char last = '\n';
@@ -64,10 +64,8 @@ bool FileLogger::start()
     m_headerWritten = false;
     m_period.restart();
     m_file.setFileName(m_fileName);
-    // Appending keeps what another program adds meanwhile; without a buffer of our own a line
-    // reaches the operating system as it is written.
-    if (m_fileName.isEmpty() ||
-        !m_file.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered)) {
+    // Without a buffer of our own a line reaches the operating system as it is written.
+    if (m_fileName.isEmpty() || !m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
         m_errorString = m_fileName.isEmpty() ? tr("No file name is given.") : m_file.errorString();
         qWarning().noquote() << "cannot log to" << m_fileName << "-" << m_errorString;
         return false;
@@ -119,7 +117,11 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
 bool FileLogger::write(const QString& line)
 {
     const QByteArray bytes = (m_lastLineTorn ? kLineEnd + line : line).toUtf8();
+    // Always to the end of the file as it is now: others may have added to it, or emptied it.
     const qint64 lineStart = m_file.size();
+    if (!m_file.isSequential()) {
+        m_file.seek(lineStart);
+    }
     qint64 written = 0;
     while (written < bytes.size()) {
         const qint64 count = m_file.write(bytes.constData() + written, bytes.size() - written);

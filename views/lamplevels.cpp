@@ -9,8 +9,7 @@
 namespace {
 
 // Sums of `LdbLoopState` flags.
-constexpr std::array kMajorLoopCodes{1,  4,  6,  9,  16, 17, 18, 20,
-                                     22, 24, 25, 26, 33, 36, 38, 41};
+constexpr std::array kMajorLoopCodes{1, 4, 6, 9, 16, 17, 18, 20, 22, 24, 25, 26, 33, 36, 38, 41};
 constexpr std::array kMinorLoopCodes{2, 3, 8, 10, 32, 34, 40, 42};
 // Sums of `LdbEarthState` flags.
 constexpr std::array kMajorEarthCodes{1, 4, 5, 6, 7, 9, 13};

@@ -15,8 +15,8 @@ QString withSuffix(const QString& chosen)
     if (info.fileName().isEmpty() || !info.suffix().isEmpty()) {
         return chosen;
     }
-    return chosen + (chosen.endsWith(QLatin1Char('.')) ? QStringLiteral("csv")
-                                                       : QStringLiteral(".csv"));
+    return chosen +
+           (chosen.endsWith(QLatin1Char('.')) ? QStringLiteral("csv") : QStringLiteral(".csv"));
 }
 
 } // namespace logfilename
