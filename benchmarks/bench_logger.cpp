@@ -51,6 +51,11 @@ QVector<Record> makeRecords()
     return records;
 }
 
+double millisecondsEach(const QElapsedTimer& timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / kNanosecondsPerMillisecond / kRecords;
+}
+
 /// Milliseconds a record through the logger; the file is left for the other side to copy.
 double timeLogger(const QString& fileName, const QVector<Record>& records)
 {
@@ -68,7 +73,7 @@ double timeLogger(const QString& fileName, const QVector<Record>& records)
     }
     const bool isWhole = logger.isLogging();
     logger.startStop(false);
-    return isWhole ? timer.nsecsElapsed() / kNanosecondsPerMillisecond / kRecords : -1.0;
+    return isWhole ? millisecondsEach(timer) : -1.0;
 }
 
 /// Milliseconds a line through bare write(), one call a line.
@@ -85,7 +90,7 @@ double timeBareWrites(const QString& fileName, const QByteArrayList& lines)
         }
     }
     ::close(file);
-    return timer.nsecsElapsed() / kNanosecondsPerMillisecond / kRecords;
+    return millisecondsEach(timer);
 }
 
 } // namespace
