@@ -3,6 +3,7 @@
 #include "serial/generalinformation.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QDebug>
 #include <QThread>
 
@@ -107,11 +108,21 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
             return;
         }
     }
-    const QDateTime timestamp =
-        QDateTime::fromString(dataList.last().value(TextColumn), kSecondsFormat);
-    if (m_period.admits(hexId.toInt(nullptr, kHexBase), timestamp, m_interval)) {
+    const std::optional<qint64> seconds = secondsOf(dataList.last().value(TextColumn));
+    if (m_period.admits(hexId.toInt(nullptr, kHexBase), seconds, m_interval)) {
         write(dataLine(dataList));
     }
+}
+
+std::optional<qint64> FileLogger::secondsOf(const QString& timestamp)
+{
+    if (timestamp != m_timestamp) {
+        const QDateTime time = QDateTime::fromString(timestamp, kSecondsFormat);
+        m_timestampSeconds =
+            time.isValid() ? std::make_optional(time.toSecsSinceEpoch()) : std::nullopt;
+        m_timestamp = timestamp;
+    }
+    return m_timestampSeconds;
 }
 
 bool FileLogger::write(const QString& line)
@@ -119,7 +130,7 @@ bool FileLogger::write(const QString& line)
     const QByteArray bytes = (m_lastLineTorn ? kLineEnd + line : line).toUtf8();
     // Always to the end of the file as it is now: others may have added to it, or emptied it.
     const qint64 lineStart = m_file.size();
-    if (!m_file.isSequential()) {
+    if (m_file.pos() != lineStart) {
         m_file.seek(lineStart);
     }
     qint64 written = 0;

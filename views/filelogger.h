@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <optional>
+
 /// Writes general-information rows into a ";"-separated UTF-8 file: those of the selected LDB or of
 /// all, at most one an LDB and logging period. An existing file is appended to.
 ///
@@ -58,6 +60,7 @@ private:
     void stop();
     /// False after it has failed; then logging has stopped.
     bool write(const QString& line);
+    std::optional<qint64> secondsOf(const QString& timestamp);
     void fail(const QString& reason);
     static QString headerLine();
     static QString dataLine(const QList<QStringList>& dataList);
@@ -70,6 +73,9 @@ private:
     bool m_headerWritten = false;
     bool m_lastLineTorn = false; ///< the file found ends within a line
     LogPeriod m_period;
+    // The timestamp read last: all LDBs of a polling round carry the same one.
+    QString m_timestamp;
+    std::optional<qint64> m_timestampSeconds;
     QFile m_file;
     QString m_errorString;
 };

@@ -36,6 +36,7 @@ LampPages::LampPages(const LampPageLists& lists, QObject* parent)
     for (QListWidget* each : m_lists) {
         // The page is narrow, and the end of a condition's text tells as much as its start.
         each->setWordWrap(true);
+        each->setAlternatingRowColors(true);
         each->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         // A click is enough: from a blinking lamp to its cause is two clicks, page and entry.
         connect(each, &QListWidget::itemClicked, this, &LampPages::activate);

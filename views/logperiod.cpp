@@ -1,14 +1,14 @@
 #include "views/logperiod.h"
 
-bool LogPeriod::admits(int id, const QDateTime& timestamp, int interval)
+bool LogPeriod::admits(int id, std::optional<qint64> time, int interval)
 {
-    const bool isFirst = !m_start.isValid();
+    const bool isFirst = !m_start;
     if (isFirst) {
-        open(id, timestamp);
+        open(id, time);
     }
-    const qint64 elapsed = m_start.secsTo(timestamp);
+    const qint64 elapsed = m_start && time ? *time - *m_start : 0;
     if (elapsed >= interval) {
-        open(id, timestamp);
+        open(id, time);
         return true;
     }
     if (elapsed != 0 || m_loggedIds.contains(id)) {
@@ -18,8 +18,8 @@ bool LogPeriod::admits(int id, const QDateTime& timestamp, int interval)
     return true;
 }
 
-void LogPeriod::open(int id, const QDateTime& timestamp)
+void LogPeriod::open(int id, std::optional<qint64> time)
 {
-    m_start = timestamp;
+    m_start = time;
     m_loggedIds = {id};
 }
