@@ -246,7 +246,7 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
     <message>
         <source>Language:</source>
-        <translation>Langue :</translation>
+        <translation>Langue&#xa0;:</translation>
     </message>
     <message>
         <source>Sounds</source>
@@ -282,27 +282,27 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
     <message>
         <source>Description: %1</source>
-        <translation>Description : %1</translation>
+        <translation>Description&#xa0;: %1</translation>
     </message>
     <message>
         <source>Manufacturer: %1</source>
-        <translation>Fabricant : %1</translation>
+        <translation>Fabricant&#xa0;: %1</translation>
     </message>
     <message>
         <source>Serial number: %1</source>
-        <translation>Numéro de série : %1</translation>
+        <translation>Numéro de série&#xa0;: %1</translation>
     </message>
     <message>
         <source>Location: %1</source>
-        <translation>Emplacement : %1</translation>
+        <translation>Emplacement&#xa0;: %1</translation>
     </message>
     <message>
         <source>Vendor Identifier: %1</source>
-        <translation>Identifiant du fabricant : %1</translation>
+        <translation>Identifiant du fabricant&#xa0;: %1</translation>
     </message>
     <message>
         <source>Product Identifier: %1</source>
-        <translation>Identifiant du produit : %1</translation>
+        <translation>Identifiant du produit&#xa0;: %1</translation>
     </message>
 </context>
 </TS>
