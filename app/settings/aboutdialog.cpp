@@ -8,7 +8,7 @@
 namespace {
 
 // Wide enough that no paragraph becomes a column.
-constexpr int kTextWidth = 480;
+constexpr int kTextWidth = 600;
 
 } // namespace
 
