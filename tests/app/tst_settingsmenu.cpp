@@ -1,0 +1,515 @@
+#include "app/settings/aboutdialog.h"
+#include "app/settings/settingsmenu.h"
+#include "resources/resources.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testcase.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCompleter>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTimer>
+
+namespace {
+
+// The program's own keys, written out: a changed key would lose what the user has set.
+const QString kPortKey = QStringLiteral("serial/comPort");
+const QString kLanguageKey = QStringLiteral("translation/language");
+const QString kSoundKey = QStringLiteral("audio/audioWarnings");
+
+QList<PortDetails> twoPorts()
+{
+    PortDetails first;
+    first.name = QStringLiteral("COM1");
+    first.description = QStringLiteral("On board");
+    PortDetails second;
+    second.name = QStringLiteral("COM12");
+    second.description = QStringLiteral("USB adapter");
+    second.vendorIdentifier = quint16{1027};
+    return {second, first};
+}
+
+QList<PortDetails> noPorts()
+{
+    return {};
+}
+
+} // namespace
+
+class TestSettingsMenu : public TestCase
+{
+    Q_OBJECT
+protected slots:
+    void init() override;
+    void cleanup() override;
+
+private slots:
+    void initTestCase() { initResources(); }
+    void offersPort_data();
+    void offersPort();
+    void confirmsPort_data();
+    void confirmsPort();
+    void cancelStoresNothing();
+    void showsPortInfo();
+    void looksForPortsEachTimeItIsShown();
+    void doesNotCompleteInline();
+    void keepsSound();
+    void nothingStoredYet();
+    void listsLanguages();
+    void selectsLanguage_data();
+    void selectsLanguage();
+    void switchesLanguageAtOnce();
+    void standardButtonsFollowTheLanguage();
+    void languageChangeKeepsWhatIsTyped();
+    void unreadableLanguageFallsBackToEnglish();
+    void reportsAStoreThatCannotBeWritten();
+    void aboutBox();
+
+private:
+    std::unique_ptr<SettingsMenu> makeMenu(std::function<QList<PortDetails>()> ports = twoPorts);
+    void useTranslations() { m_translations = QStringLiteral(TRANSLATIONS_FOLDER); }
+    void makeTranslationFiles(const QStringList& languages);
+    void setStored(const QString& key, const QVariant& value);
+    QVariant stored(const QString& key) const;
+
+    std::unique_ptr<Sandbox> m_sandbox;
+    QString m_translations;
+};
+
+namespace {
+
+QComboBox* portBox(const SettingsMenu& menu)
+{
+    return menu.findChild<QComboBox*>(QStringLiteral("portComboBox"));
+}
+QComboBox* languageBox(const SettingsMenu& menu)
+{
+    return menu.findChild<QComboBox*>(QStringLiteral("languageComboBox"));
+}
+QCheckBox* soundBox(const SettingsMenu& menu)
+{
+    return menu.findChild<QCheckBox*>(QStringLiteral("soundWarningsCheckBox"));
+}
+QPushButton* button(const SettingsMenu& menu, const char* name)
+{
+    return menu.findChild<QPushButton*>(QString::fromLatin1(name));
+}
+QString labelText(const SettingsMenu& menu, const char* name)
+{
+    return menu.findChild<QLabel*>(QString::fromLatin1(name))->text();
+}
+QStringList itemTexts(const QComboBox* box)
+{
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i) {
+        texts.append(box->itemText(i));
+    }
+    return texts;
+}
+
+} // namespace
+
+void TestSettingsMenu::init()
+{
+    TestCase::init();
+    m_sandbox = std::make_unique<Sandbox>();
+    m_translations = m_sandbox->path(QStringLiteral("translations"));
+}
+
+void TestSettingsMenu::cleanup()
+{
+    m_sandbox.reset();
+    TestCase::cleanup();
+}
+
+std::unique_ptr<SettingsMenu> TestSettingsMenu::makeMenu(std::function<QList<PortDetails>()> ports)
+{
+    SettingsSources sources;
+    sources.ports = std::move(ports);
+    sources.translationsFolder = m_translations;
+    return std::make_unique<SettingsMenu>(nullptr, sources);
+}
+
+void TestSettingsMenu::makeTranslationFiles(const QStringList& languages)
+{
+    QVERIFY(QDir().mkpath(m_translations));
+    for (const QString& language : languages) {
+        m_sandbox->writeFile(QStringLiteral("translations/TavroCordexSniffer_%1.qm").arg(language),
+                             QByteArray());
+    }
+}
+
+void TestSettingsMenu::setStored(const QString& key, const QVariant& value)
+{
+    if (!value.toString().isEmpty()) {
+        QSettings(QStringLiteral("Velmark"), QStringLiteral("Tavro Cordex Sniffer"))
+            .setValue(key, value);
+    }
+}
+
+QVariant TestSettingsMenu::stored(const QString& key) const
+{
+    return QSettings(QStringLiteral("Velmark"), QStringLiteral("Tavro Cordex Sniffer")).value(key);
+}
+
+void TestSettingsMenu::offersPort_data()
+{
+    QTest::addColumn<bool>("portsThere");
+    QTest::addColumn<QString>("storedPort");
+    QTest::addColumn<QString>("offered");
+    QTest::newRow("nothing stored: the first") << true << QString() << QStringLiteral("COM1");
+    QTest::newRow("stored and there") << true << QStringLiteral("COM12") << QStringLiteral("COM12");
+    QTest::newRow("adapter unplugged") << true << QStringLiteral("COM7") << QStringLiteral("COM7");
+    QTest::newRow("other case is another port")
+        << true << QStringLiteral("com1") << QStringLiteral("com1");
+    QTest::newRow("no ports, nothing stored")
+        << false << QString() << QStringLiteral("No ComPorts found");
+    QTest::newRow("no ports, one stored")
+        << false << QStringLiteral("/dev/pts/3") << QStringLiteral("/dev/pts/3");
+}
+
+void TestSettingsMenu::offersPort()
+{
+    QFETCH(bool, portsThere);
+    QFETCH(QString, storedPort);
+    setStored(kPortKey, storedPort);
+    const auto menu = makeMenu(portsThere ? twoPorts : noPorts);
+    QTEST(portBox(*menu)->currentText(), "offered");
+    const QStringList listed = portsThere
+                                   ? QStringList{QStringLiteral("COM1"), QStringLiteral("COM12")}
+                                   : QStringList{QStringLiteral("No ComPorts found")};
+    QCOMPARE(itemTexts(portBox(*menu)), listed);
+}
+
+void TestSettingsMenu::confirmsPort_data()
+{
+    QTest::addColumn<bool>("portsThere");
+    QTest::addColumn<QString>("storedPort");
+    // Null leaves the box as it came up.
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("storedAfter");
+    QTest::addColumn<bool>("told");
+    const auto row = [](const char* situation, bool portsThere, const char* storedPort,
+                        const char* typed, const char* storedAfter, bool told) {
+        QTest::newRow(situation) << portsThere << QString::fromLatin1(storedPort)
+                                 << QString::fromLatin1(typed) << QString::fromLatin1(storedAfter)
+                                 << told;
+    };
+    row("first port, never stored", true, nullptr, nullptr, "COM1", true);
+    row("same port", true, "COM12", nullptr, "COM12", false);
+    row("another port", true, "COM1", "COM12", "COM12", true);
+    row("other letter case", true, "COM1", "com1", "com1", true);
+    row("typed device", true, "COM1", "/tmp/bus", "/tmp/bus", true);
+    row("blanks around", true, "COM1", " COM12 ", "COM12", true);
+    row("adapter unplugged", true, "COM7", nullptr, "COM7", false);
+    row("emptied", true, "COM1", "", "COM1", false);
+    row("blanks only", true, "COM1", "  ", "COM1", false);
+    row("placeholder, never stored", false, nullptr, nullptr, nullptr, false);
+    row("placeholder over a stored one", false, "COM1", "No ComPorts found", "COM1", false);
+    row("the text for no port", false, nullptr, "Unknown COM port", nullptr, false);
+    row("typed without any port", false, nullptr, "/tmp/bus", "/tmp/bus", true);
+}
+
+void TestSettingsMenu::confirmsPort()
+{
+    QFETCH(bool, portsThere);
+    QFETCH(QString, storedPort);
+    QFETCH(QString, typed);
+    QFETCH(QString, storedAfter);
+    QFETCH(bool, told);
+    setStored(kPortKey, storedPort);
+    const auto menu = makeMenu(portsThere ? twoPorts : noPorts);
+    menu->show();
+    if (!typed.isNull()) {
+        portBox(*menu)->lineEdit()->selectAll();
+        portBox(*menu)->lineEdit()->del();
+        QTest::keyClicks(portBox(*menu)->lineEdit(), typed);
+    }
+    const QSignalSpy updates(menu.get(), &SettingsMenu::comPortUpdated);
+    QTest::mouseClick(button(*menu, "okButton"), Qt::LeftButton);
+    QVERIFY(!menu->isVisible());
+    QCOMPARE(stored(kPortKey).toString(), storedAfter);
+    QCOMPARE(stored(kPortKey).isValid(), !storedAfter.isEmpty());
+    QCOMPARE(updates.count(), told ? 1 : 0);
+    if (told) {
+        QCOMPARE(updates.first().first().toString(), storedAfter);
+        QCOMPARE(menu->getComPort(), storedAfter);
+    }
+}
+
+void TestSettingsMenu::cancelStoresNothing()
+{
+    makeTranslationFiles({QStringLiteral("Deutsch"), QStringLiteral("English")});
+    setStored(kPortKey, QStringLiteral("COM1"));
+    const auto menu = makeMenu();
+    const QSignalSpy updates(menu.get(), &SettingsMenu::comPortUpdated);
+    menu->show();
+    portBox(*menu)->setCurrentIndex(1);
+    soundBox(*menu)->setChecked(true);
+    languageBox(*menu)->setCurrentIndex(0);
+    QTest::mouseClick(button(*menu, "cancelButton"), Qt::LeftButton);
+    QVERIFY(!menu->isVisible());
+    QCOMPARE(stored(kPortKey).toString(), QStringLiteral("COM1"));
+    QVERIFY(!stored(kSoundKey).isValid());
+    QVERIFY(!stored(kLanguageKey).isValid());
+    QCOMPARE(updates.count(), 0);
+
+    // What was turned down does not wait there for the next OK.
+    menu->show();
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("COM1"));
+    QVERIFY(!soundBox(*menu)->isChecked());
+    QCOMPARE(languageBox(*menu)->currentText(), QStringLiteral("English"));
+}
+
+void TestSettingsMenu::showsPortInfo()
+{
+    const auto menu = makeMenu();
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: On board"));
+    QCOMPARE(labelText(*menu, "vendorIdentifierLabel"), QStringLiteral("Vendor Identifier: "));
+    portBox(*menu)->setCurrentIndex(1);
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: USB adapter"));
+    QCOMPARE(labelText(*menu, "vendorIdentifierLabel"), QStringLiteral("Vendor Identifier: 403"));
+    // A typed port is known only when it is in the list.
+    portBox(*menu)->setEditText(QStringLiteral("COM99"));
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: "));
+    portBox(*menu)->setEditText(QStringLiteral("COM1"));
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: On board"));
+
+    QCOMPARE(portBox(*menu)->itemData(1).toStringList().value(4), QStringLiteral("403"));
+}
+
+void TestSettingsMenu::looksForPortsEachTimeItIsShown()
+{
+    QList<PortDetails> ports;
+    const auto menu = makeMenu([&ports] { return ports; });
+    QCOMPARE(itemTexts(portBox(*menu)), QStringList{QStringLiteral("No ComPorts found")});
+    ports = twoPorts();
+    menu->show();
+    QCOMPARE(itemTexts(portBox(*menu)),
+             (QStringList{QStringLiteral("COM1"), QStringLiteral("COM12")}));
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: On board"));
+    menu->close();
+    ports.clear();
+    menu->show();
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("No ComPorts found"));
+    // The details of a port that is gone are gone too.
+    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: "));
+}
+
+void TestSettingsMenu::doesNotCompleteInline()
+{
+    PortDetails long12;
+    long12.name = QStringLiteral("COM12");
+    const auto menu = makeMenu([long12] { return QList<PortDetails>{long12}; });
+    menu->show();
+    QLineEdit* edit = portBox(*menu)->lineEdit();
+    edit->clear();
+    QTest::keyClicks(edit, QStringLiteral("COM1"));
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("COM1"));
+    QCOMPARE(portBox(*menu)->completer()->caseSensitivity(), Qt::CaseSensitive);
+    QTest::keyClick(edit, Qt::Key_Tab);
+    QCOMPARE(portBox(*menu)->count(), 1);
+}
+
+void TestSettingsMenu::keepsSound()
+{
+    for (const bool enabled : {true, false}) {
+        const auto menu = makeMenu();
+        QCOMPARE(soundBox(*menu)->isChecked(), !enabled && stored(kSoundKey).isValid());
+        soundBox(*menu)->setChecked(enabled);
+        menu->on_okButton_clicked();
+        QCOMPARE(stored(kSoundKey).toBool(), enabled);
+    }
+}
+
+void TestSettingsMenu::nothingStoredYet()
+{
+    const auto menu = makeMenu();
+    QCOMPARE(menu->getComPort(), QStringLiteral("Unknown COM port"));
+    QVERIFY(!soundBox(*menu)->isChecked());
+    QVERIFY(menu->isModal());
+}
+
+void TestSettingsMenu::listsLanguages()
+{
+    const auto without = makeMenu();
+    QCOMPARE(itemTexts(languageBox(*without)),
+             QStringList{QStringLiteral("No language file found")});
+    without->on_okButton_clicked();
+    QVERIFY(!stored(kLanguageKey).isValid());
+
+    makeTranslationFiles({QStringLiteral("Nederlands"), QStringLiteral("Deutsch"),
+                          QStringLiteral("new_Francais"), QStringLiteral("English")});
+    m_sandbox->writeFile(QStringLiteral("translations/Other_Svenska.qm"), QByteArray());
+    m_sandbox->writeFile(QStringLiteral("translations/TavroCordexSniffer_Suomi.ts"), QByteArray());
+    const auto menu = makeMenu();
+    const QComboBox* box = languageBox(*menu);
+    QCOMPARE(itemTexts(box),
+             (QStringList{QStringLiteral("Deutsch"), QStringLiteral("English"),
+                          QStringLiteral("Nederlands"), QStringLiteral("Francais")}));
+    // No flag is no icon, not a broken one.
+    const QSize flagSize(24, 16);
+    QVERIFY(box->itemIcon(0).pixmap(flagSize).isNull());
+    for (int i = 1; i < box->count(); ++i) {
+        QVERIFY2(!box->itemIcon(i).pixmap(flagSize).isNull(), qPrintable(box->itemText(i)));
+    }
+    QCOMPARE(box->currentText(), QStringLiteral("English"));
+}
+
+void TestSettingsMenu::selectsLanguage_data()
+{
+    QTest::addColumn<QString>("storedLanguage");
+    QTest::addColumn<QString>("selected");
+    QTest::newRow("nothing stored") << QString() << QStringLiteral("English");
+    QTest::newRow("stored") << QStringLiteral("Deutsch") << QStringLiteral("Deutsch");
+    QTest::newRow("its file is gone") << QStringLiteral("Suomi") << QString();
+}
+
+void TestSettingsMenu::selectsLanguage()
+{
+    QFETCH(QString, storedLanguage);
+    makeTranslationFiles({QStringLiteral("Deutsch"), QStringLiteral("English")});
+    setStored(kLanguageKey, storedLanguage);
+    const auto menu = makeMenu();
+    QTEST(languageBox(*menu)->currentText(), "selected");
+    menu->on_okButton_clicked();
+    // OK for another reason does not change the language.
+    const QString expected = storedLanguage.isEmpty() ? QStringLiteral("English") : storedLanguage;
+    QCOMPARE(stored(kLanguageKey).toString(), expected);
+}
+
+void TestSettingsMenu::switchesLanguageAtOnce()
+{
+    useTranslations();
+    setStored(kLanguageKey, QStringLiteral("Francais"));
+    const auto menu = makeMenu();
+    QCOMPARE(button(*menu, "cancelButton")->text(), QStringLiteral("Annuler"));
+    QCOMPARE(menu->getComPort(), QStringLiteral("Port COM inconnu"));
+    const struct
+    {
+        const char* language;
+        const char* cancel;
+        const char* description;
+    } steps[] = {{"Nederlands", "Annuleren", "Omschrijving: USB adapter"},
+                 {"English", "Cancel", "Description: USB adapter"},
+                 {"Nederlands", "Annuleren", "Omschrijving: USB adapter"}};
+    for (const auto& step : steps) {
+        portBox(*menu)->setCurrentIndex(1);
+        languageBox(*menu)->setCurrentText(QString::fromLatin1(step.language));
+        menu->on_okButton_clicked();
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(button(*menu, "cancelButton")->text(), QString::fromLatin1(step.cancel));
+        QCOMPARE(labelText(*menu, "descriptionLabel"), QString::fromLatin1(step.description));
+    }
+}
+
+void TestSettingsMenu::standardButtonsFollowTheLanguage()
+{
+    useTranslations();
+    setStored(kLanguageKey, QStringLiteral("Nederlands"));
+    const auto cancelText = [] {
+        return QDialogButtonBox(QDialogButtonBox::Cancel).button(QDialogButtonBox::Cancel)->text();
+    };
+    const QString english = cancelText();
+    auto menu = makeMenu();
+    QVERIFY(cancelText().contains(QStringLiteral("Annuleren")));
+    languageBox(*menu)->setCurrentText(QStringLiteral("English"));
+    menu->on_okButton_clicked();
+    QCOMPARE(cancelText(), english);
+    // With the dialog its languages go.
+    languageBox(*menu)->setCurrentText(QStringLiteral("Francais"));
+    menu->on_okButton_clicked();
+    QVERIFY(cancelText() != english);
+    menu.reset();
+    QCOMPARE(cancelText(), english);
+}
+
+void TestSettingsMenu::languageChangeKeepsWhatIsTyped()
+{
+    useTranslations();
+    const auto menu = makeMenu(noPorts);
+    menu->show();
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("No ComPorts found"));
+    QTranslator dutch;
+    QVERIFY(dutch.load(QStringLiteral("TavroCordexSniffer_Nederlands"), m_translations));
+    QCoreApplication::installTranslator(&dutch);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("Geen COM-poorten gevonden"));
+
+    portBox(*menu)->setEditText(QStringLiteral("/tmp/bus"));
+    QCoreApplication::removeTranslator(&dutch);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(portBox(*menu)->itemText(0), QStringLiteral("No ComPorts found"));
+    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("/tmp/bus"));
+}
+
+void TestSettingsMenu::unreadableLanguageFallsBackToEnglish()
+{
+    makeTranslationFiles({QStringLiteral("Deutsch")});
+    QVERIFY(QFile::copy(QStringLiteral(TRANSLATIONS_FOLDER "/TavroCordexSniffer_Nederlands.qm"),
+                        m_translations + QStringLiteral("/TavroCordexSniffer_Nederlands.qm")));
+    setStored(kLanguageKey, QStringLiteral("Nederlands"));
+    const auto menu = makeMenu();
+    QCOMPARE(button(*menu, "cancelButton")->text(), QStringLiteral("Annuleren"));
+    languageBox(*menu)->setCurrentText(QStringLiteral("Deutsch"));
+    menu->on_okButton_clicked();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(button(*menu, "cancelButton")->text(), QStringLiteral("Cancel"));
+}
+
+void TestSettingsMenu::reportsAStoreThatCannotBeWritten()
+{
+    // A file where the folder of the settings would have to be.
+    m_sandbox->writeFile(QStringLiteral("Velmark"), QByteArray());
+    const auto menu = makeMenu();
+    const QSignalSpy updates(menu.get(), &SettingsMenu::comPortUpdated);
+    const ExpectWarning expected("serial/comPort cannot be stored|audio/audioWarnings cannot");
+    menu->on_okButton_clicked();
+    // For this run the choice holds.
+    QCOMPARE(updates.count(), 1);
+}
+
+void TestSettingsMenu::aboutBox()
+{
+    const auto menu = makeMenu();
+    QStringList paragraphs;
+    QString title;
+    QColor background;
+    QTimer::singleShot(0, menu.get(), [&] {
+        auto* about = qobject_cast<AboutDialog*>(QApplication::activeModalWidget());
+        if (about == nullptr) {
+            return;
+        }
+        const QList<QLabel*> labels = about->findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            paragraphs.append(label->text());
+            // Wrapped, and all of it in sight.
+            QVERIFY(label->height() >= label->heightForWidth(label->width()));
+        }
+        title = about->windowTitle();
+        background = about->palette().color(QPalette::Window);
+        about->close();
+    });
+    QTest::mouseClick(button(*menu, "aboutButton"), Qt::LeftButton);
+    QCOMPARE(title, QStringLiteral("About Tavro Cordex Sniffer"));
+    QCOMPARE(paragraphs.size(), 5);
+    QCOMPARE(paragraphs.at(0),
+             QStringLiteral("The Tavro Cordex Sniffer application has been developed with the "
+                            "framework Qt 5.5.0\nQt is licenced under the LGPL licence (2.1)"));
+    QVERIFY(paragraphs.at(1).contains(QStringLiteral("Tavro Cordex Sniffer")));
+    QVERIFY(paragraphs.at(1).contains(QStringLiteral("https://qwt.sourceforge.io")));
+    QVERIFY(paragraphs.at(3).contains(QStringLiteral("Velmark")));
+    QVERIFY(paragraphs.at(4).contains(QStringLiteral("VELMARK"), Qt::CaseInsensitive));
+    QVERIFY(!paragraphs.join(QString()).contains(QStringLiteral("%")));
+    QCOMPARE(background, menu->palette().color(QPalette::Window));
+    QVERIFY(menu->findChildren<AboutDialog*>().isEmpty());
+}
+
+QTEST_MAIN(TestSettingsMenu)
+#include "tst_settingsmenu.moc"

@@ -1,0 +1,224 @@
+#include "tests/support/sandbox.h"
+#include "tests/support/testcase.h"
+
+#include <QProcess>
+#include <QTranslator>
+#include <QXmlStreamReader>
+
+namespace {
+
+struct Message
+{
+    QString context;
+    QString source;
+    QString comment;
+    // One text, or one a plural form.
+    QStringList forms;
+    // Empty for a finished one.
+    QString type;
+    bool isPlural = false;
+};
+
+Message readMessage(QXmlStreamReader& xml, const QString& context)
+{
+    Message message;
+    message.context = context;
+    message.isPlural = xml.attributes().value(QLatin1String("numerus")) == QLatin1String("yes");
+    while (xml.readNextStartElement()) {
+        if (xml.name() == QLatin1String("source")) {
+            message.source = xml.readElementText();
+        } else if (xml.name() == QLatin1String("comment")) {
+            message.comment = xml.readElementText();
+        } else if (xml.name() == QLatin1String("translation")) {
+            message.type = xml.attributes().value(QLatin1String("type")).toString();
+            if (!message.isPlural) {
+                message.forms.append(xml.readElementText());
+                continue;
+            }
+            while (xml.readNextStartElement()) {
+                message.forms.append(xml.readElementText());
+            }
+        } else {
+            xml.skipCurrentElement();
+        }
+    }
+    return message;
+}
+
+QList<Message> readCatalogue(const QByteArray& content)
+{
+    QList<Message> messages;
+    QString context;
+    QXmlStreamReader xml(content);
+    while (!xml.atEnd()) {
+        if (!xml.readNext() || !xml.isStartElement()) {
+            continue;
+        }
+        if (xml.name() == QLatin1String("name")) {
+            context = xml.readElementText();
+        } else if (xml.name() == QLatin1String("message")) {
+            messages.append(readMessage(xml, context));
+        }
+    }
+    if (xml.hasError()) {
+        qWarning("the catalogue is broken: %s", qPrintable(xml.errorString()));
+    }
+    return messages;
+}
+
+QString fileName(const QString& language)
+{
+    return QStringLiteral("TavroCordexSniffer_%1.ts").arg(language);
+}
+
+QString cataloguePath(const QString& language)
+{
+    return QStringLiteral(CATALOGUE_FOLDER "/") + fileName(language);
+}
+
+/// What a translation must have in common with its source: the place markers in any order, the
+/// line feeds, and the blanks at the ends.
+QStringList fixedParts(const QString& text)
+{
+    static const QRegularExpression marker(QStringLiteral("%L?\\d+|%n|\n"));
+    QStringList parts;
+    auto matches = marker.globalMatch(text);
+    while (matches.hasNext()) {
+        parts.append(matches.next().captured());
+    }
+    parts.sort();
+    const int start =
+        text.size() - QString(text).remove(QRegularExpression(QStringLiteral("^\\s+"))).size();
+    const int end =
+        text.size() - QString(text).remove(QRegularExpression(QStringLiteral("\\s+$"))).size();
+    return parts << QString::number(start) << QString::number(end);
+}
+
+QString describe(const Message& message)
+{
+    return QStringLiteral("%1: \"%2\" %3").arg(message.context, message.source, message.type);
+}
+
+QStringList describeAll(const QList<Message>& messages)
+{
+    QStringList texts;
+    for (const Message& message : messages) {
+        texts.append(describe(message));
+    }
+    return texts;
+}
+
+} // namespace
+
+/// The catalogues against the texts in the sources, and the program's files against the catalogues.
+class TestTranslations : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void holdsTheTextsOfTheSources_data() { addLanguages(); }
+    void holdsTheTextsOfTheSources();
+    void isComplete_data() { addLanguages(); }
+    void isComplete();
+    void keepsMarkersAndLines_data() { addLanguages(); }
+    void keepsMarkersAndLines();
+    void programFileAnswers_data() { addLanguages(); }
+    void programFileAnswers();
+
+private:
+    static void addLanguages();
+};
+
+void TestTranslations::addLanguages()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<bool>("onlyPlurals");
+    QTest::newRow("English") << QStringLiteral("English") << true;
+    QTest::newRow("Nederlands") << QStringLiteral("Nederlands") << false;
+    QTest::newRow("Francais") << QStringLiteral("Francais") << false;
+}
+
+void TestTranslations::holdsTheTextsOfTheSources()
+{
+    QFETCH(QString, language);
+    QFETCH(bool, onlyPlurals);
+    const Sandbox sandbox;
+    const QByteArray kept = Sandbox::readFile(cataloguePath(language));
+    sandbox.writeFile(fileName(language), kept);
+
+    QStringList arguments =
+        QStringLiteral(LUPDATE_ARGUMENTS).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    if (onlyPlurals) {
+        arguments.append(QStringLiteral("-pluralonly"));
+    }
+    arguments << QStringLiteral("-ts") << sandbox.path(fileName(language));
+    QProcess lupdate;
+    lupdate.start(QStringLiteral(LUPDATE), arguments);
+    QVERIFY(lupdate.waitForFinished());
+    QCOMPARE(lupdate.exitCode(), 0);
+    // Texts that would be looked up under another name than they are kept under.
+    const QByteArray complaints = lupdate.readAllStandardError();
+    QVERIFY2(!complaints.contains("lacks Q_OBJECT") && !complaints.contains("without context"),
+             complaints.constData());
+
+    // New and changed texts come back unfinished; those that have gone are left out.
+    const QStringList inSources =
+        describeAll(readCatalogue(Sandbox::readFile(sandbox.path(fileName(language)))));
+    const QStringList inCatalogue = describeAll(readCatalogue(kept));
+    for (const QString& text : inSources) {
+        QVERIFY2(inCatalogue.contains(text), qPrintable(QStringLiteral("not taken in: ") + text));
+    }
+    for (const QString& text : inCatalogue) {
+        QVERIFY2(inSources.contains(text), qPrintable(QStringLiteral("has gone: ") + text));
+    }
+}
+
+void TestTranslations::isComplete()
+{
+    QFETCH(QString, language);
+    QFETCH(bool, onlyPlurals);
+    constexpr int pluralForms = 2;
+    const QList<Message> messages = readCatalogue(Sandbox::readFile(cataloguePath(language)));
+    QVERIFY(onlyPlurals || !messages.isEmpty());
+    for (const Message& message : messages) {
+        QVERIFY2(message.type.isEmpty(), qPrintable(describe(message)));
+        QVERIFY2(message.forms.size() == (message.isPlural ? pluralForms : 1),
+                 qPrintable(describe(message)));
+        for (const QString& form : message.forms) {
+            QVERIFY2(!form.isEmpty(), qPrintable(describe(message)));
+        }
+    }
+}
+
+void TestTranslations::keepsMarkersAndLines()
+{
+    QFETCH(QString, language);
+    const QList<Message> messages = readCatalogue(Sandbox::readFile(cataloguePath(language)));
+    for (const Message& message : messages) {
+        for (const QString& form : message.forms) {
+            QVERIFY2(fixedParts(form) == fixedParts(message.source), qPrintable(describe(message)));
+        }
+    }
+}
+
+void TestTranslations::programFileAnswers()
+{
+    QFETCH(QString, language);
+    QTranslator translator;
+    const QList<Message> messages = readCatalogue(Sandbox::readFile(cataloguePath(language)));
+    QVERIFY(translator.load(QStringLiteral("TavroCordexSniffer_") + language,
+                            QStringLiteral(TRANSLATIONS_FOLDER)));
+    for (const Message& message : messages) {
+        constexpr int notCounted = -1;
+        constexpr int several = 5;
+        const auto answer = [&translator, &message](int n) {
+            return translator.translate(message.context.toUtf8().constData(),
+                                        message.source.toUtf8().constData(),
+                                        message.comment.toUtf8().constData(), n);
+        };
+        QCOMPARE(answer(message.isPlural ? 1 : notCounted), message.forms.first());
+        QCOMPARE(answer(message.isPlural ? several : notCounted), message.forms.last());
+    }
+}
+
+QTEST_GUILESS_MAIN(TestTranslations)
+#include "tst_translations.moc"
