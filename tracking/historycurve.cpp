@@ -12,27 +12,47 @@ namespace {
 
 constexpr double kPenWidth = 1.0;
 constexpr double kLonePointWidth = 3.0;
+constexpr double kFarOutside = 1e7;
 const QRectF kNoBounds(0.0, 0.0, -1.0, -1.0);
 
-void drawRuns(QPainter* painter, const PolylineBuilder& lines)
+void drawPolylines(QPainter* painter, const PolylineBuilder& built)
 {
     int start = 0;
-    for (const int end : lines.runEnds()) {
-        painter->drawPolyline(lines.points().constData() + start, end - start);
+    for (const int end : built.lineEnds()) {
+        painter->drawPolyline(built.points().constData() + start, end - start);
         start = end;
     }
 }
 
-void drawLonePoints(QPainter* painter, const PolylineBuilder& lines)
+void drawBars(QPainter* painter, const PolylineBuilder& built)
 {
-    if (lines.lonePoints().isEmpty()) {
+    if (built.bars().isEmpty()) {
+        return;
+    }
+    painter->save();
+    painter->setRenderHints(painter->renderHints(), false);
+    painter->setBrush(painter->pen().color());
+    painter->setPen(Qt::NoPen);
+    painter->drawRects(mergedBars(built.bars()));
+    painter->restore();
+}
+
+void drawLonePoints(QPainter* painter, const PolylineBuilder& built)
+{
+    if (built.lonePoints().isEmpty()) {
         return;
     }
     QPen pen = painter->pen();
     pen.setWidthF(kLonePointWidth);
     pen.setCapStyle(Qt::RoundCap);
     painter->setPen(pen);
-    painter->drawPoints(lines.lonePoints().constData(), lines.lonePoints().size());
+    painter->drawPoints(built.lonePoints().constData(), built.lonePoints().size());
+}
+
+/// A position in pixels, kept where whole numbers can hold it however far outside it lies.
+double bounded(double pixels)
+{
+    return std::clamp(pixels, -kFarOutside, kFarOutside);
 }
 
 } // namespace
@@ -104,15 +124,16 @@ void HistoryCurve::drawLines(QPainter* painter, const QwtScaleMap& xMap, const Q
     const int end = std::min(m_series->firstShown() + to + 1,
                              history.firstAfter(std::max(xMap.s1(), xMap.s2())) + 1);
 
-    PolylineBuilder lines;
+    PolylineBuilder built;
     for (int i = begin; i < end; ++i) {
         if (PlotHistory::isDrawable(values[i])) {
-            lines.add(QPointF(xMap.transform(times[i]), yMap.transform(values[i])));
+            built.add({bounded(xMap.transform(times[i])), bounded(yMap.transform(values[i]))});
         } else {
-            lines.breakRun();
+            built.breakRun();
         }
     }
-    lines.finish();
-    drawRuns(painter, lines);
-    drawLonePoints(painter, lines);
+    built.finish();
+    drawPolylines(painter, built);
+    drawBars(painter, built);
+    drawLonePoints(painter, built);
 }

@@ -1,5 +1,7 @@
 #include "tracking/plot.h"
 
+#include "tracking/clockscaledraw.h"
+#include "tracking/clockscaleengine.h"
 #include "tracking/historycurve.h"
 #include "tracking/myqwtplotmagnifier.h"
 
@@ -7,8 +9,6 @@
 #include <QThread>
 #include <QVBoxLayout>
 #include <QtMath>
-#include <qwt_date_scale_draw.h>
-#include <qwt_date_scale_engine.h>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
 #include <qwt_plot_canvas.h>
@@ -28,12 +28,16 @@ constexpr double kEarliestTime = 1.0;
 // The canvas is dark in every palette: the bright named colours of the curves are told apart on it,
 // on white lime and orange are not.
 const QColor kCanvasColor(24, 26, 30);
-const QColor kGridColor(70, 74, 82);
+const QColor kGridColor(62, 66, 74);
 const QColor kFallbackCurveColor(220, 220, 220);
 const QColor kLegendTextColor(235, 235, 235);
+const QColor kHiddenCurveTextColor(130, 134, 142);
 const QColor kLegendFrameLight(110, 114, 122);
 const QColor kLegendFrameDark(8, 9, 10);
 constexpr int kLegendIconExtent = 12;
+constexpr int kOuterMargin = 3; // the outermost labels reach up to the border
+constexpr QSize kMinimumSize(240, 140);
+constexpr QSize kPreferredSize(640, 260);
 constexpr int kTitleWeight = QFont::DemiBold;
 
 constexpr QwtPlot::Axis kTimeAxis = QwtPlot::xBottom;
@@ -55,13 +59,13 @@ QColor curveColor(const QString& name)
     return color;
 }
 
-QPalette legendPalette(QPalette palette)
+QPalette legendPalette(QPalette palette, const QColor& textColor)
 {
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Mid}) {
         palette.setColor(role, kCanvasColor);
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, kLegendTextColor);
+        palette.setColor(role, textColor);
     }
     palette.setColor(QPalette::Light, kLegendFrameLight);
     palette.setColor(QPalette::Midlight, kLegendFrameLight);
@@ -78,12 +82,20 @@ Plot::Plot(QWidget* parent)
 {
     setObjectName(QStringLiteral("Plot"));
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, kOuterMargin, 0, kOuterMargin);
     layout->addWidget(m_plot.get());
+    // What the plot asks for by itself depends on the labels of the moment.
+    m_plot->setMinimumSize(kMinimumSize);
+    m_plot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     init();
 }
 
 Plot::~Plot() = default;
+
+QSize Plot::sizeHint() const
+{
+    return kPreferredSize;
+}
 
 void Plot::init()
 {
@@ -121,20 +133,25 @@ void Plot::initAxisScale(QwtPlot* plot)
 
 void Plot::initScaleDraw(QwtPlot* plot)
 {
-    auto* const clock = new QwtDateScaleDraw(Qt::LocalTime);
-    clock->setDateFormat(QwtDate::Millisecond, QStringLiteral("hh:mm:ss.zzz"));
-    clock->setDateFormat(QwtDate::Second, QStringLiteral("hh:mm:ss"));
-    clock->setDateFormat(QwtDate::Minute, QStringLiteral("hh:mm"));
-    clock->setDateFormat(QwtDate::Hour, QStringLiteral("hh:mm"));
-    for (const auto type : {QwtDate::Day, QwtDate::Week, QwtDate::Month, QwtDate::Year}) {
-        clock->setDateFormat(type, QStringLiteral("yyyy-MM-dd"));
-    }
-    plot->setAxisScaleDraw(kTimeAxis, clock);
+    m_clockDraw = new ClockScaleDraw;
+    plot->setAxisScaleDraw(kTimeAxis, m_clockDraw);
 }
 
 void Plot::initScaleEngine(QwtPlot* plot)
 {
-    plot->setAxisScaleEngine(kTimeAxis, new QwtDateScaleEngine(Qt::LocalTime));
+    m_clockEngine = new ClockScaleEngine;
+    plot->setAxisScaleEngine(kTimeAxis, m_clockEngine);
+    setLocalTimeOf(static_cast<double>(QDateTime::currentMSecsSinceEpoch()));
+}
+
+void Plot::setLocalTimeOf(double timeMsSinceEpoch)
+{
+    // The axis asks for the local time of some thousand moments a repaint, and for each the system
+    // looks at its time zone file: most of what a repaint costs. So it is asked once.
+    const int offset =
+        QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(timeMsSinceEpoch)).offsetFromUtc();
+    m_clockDraw->setUtcOffset(offset);
+    m_clockEngine->setUtcOffset(offset);
 }
 
 void Plot::initGrid(QwtPlot* plot)
@@ -144,11 +161,12 @@ void Plot::initGrid(QwtPlot* plot)
     // The picture changes with nearly every paint, a second copy of it is of no use.
     canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
     canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
+    canvas->setFocusPolicy(Qt::ClickFocus); // for the keys that zoom
     plot->setCanvas(canvas);
     plot->setCanvasBackground(kCanvasColor);
 
     auto* const grid = new QwtPlotGrid;
-    grid->setPen(kGridColor, 0.0, Qt::DotLine);
+    grid->setPen(kGridColor, 0.0, Qt::SolidLine);
     grid->attach(plot);
 }
 
@@ -163,7 +181,7 @@ void Plot::initLegend(QwtPlot* plot)
     auto* const legend = new QwtLegend;
     legend->setFrameStyle(QFrame::Box | QFrame::Sunken);
     legend->setDefaultItemMode(QwtLegendData::Checkable);
-    legend->setPalette(legendPalette(palette()));
+    legend->setPalette(legendPalette(palette(), kLegendTextColor));
     legend->setAutoFillBackground(true);
     connect(legend, &QwtLegend::checked, this, &Plot::plotLegendClick);
     plot->insertLegend(legend, QwtPlot::RightLegend);
@@ -281,6 +299,9 @@ void Plot::updateSeries()
 void Plot::redrawCurves()
 {
     updateSeries();
+    if (!m_history.isEmpty()) {
+        setLocalTimeOf(m_history.newestTime());
+    }
     m_plot->replot();
 }
 
@@ -450,6 +471,8 @@ void Plot::updateLegendItems()
             qobject_cast<QwtLegendLabel*>(legend->legendWidget(m_plot->itemToInfo(curve.get())));
         if (label != nullptr) {
             label->setChecked(curve->isVisible());
+            label->setPalette(legendPalette(palette(), curve->isVisible() ? kLegendTextColor
+                                                                          : kHiddenCurveTextColor));
         }
     }
 }

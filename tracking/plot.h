@@ -11,6 +11,8 @@
 #include <memory>
 #include <set>
 
+class ClockScaleDraw;
+class ClockScaleEngine;
 class HistoryCurve;
 class MyQwtPlotMagnifier;
 class QwtPlotItem;
@@ -29,6 +31,8 @@ public:
     ~Plot() override;
 
     static constexpr int kMaxCurves = 10;
+
+    QSize sizeHint() const override;
 
 public slots:
     /// Adds a curve, or finds the one of that name. `color` is a name that QColor knows, `yaxis`
@@ -111,6 +115,8 @@ private:
 
     void applyAxisSetting(QwtPlot::Axis axis);
     void showNewestWindow();
+    /// Labels the time axis with the clock of the place as it stands at that moment.
+    void setLocalTimeOf(double timeMsSinceEpoch);
     /// Keeps the view as it is from now on, whatever comes in.
     void holdView();
 
@@ -121,6 +127,8 @@ private:
 
     std::map<QwtPlot::Axis, AxisSetting> m_axisSettings; // the two Y axes
     std::array<AxisTitle, QwtPlot::axisCnt> m_axisTitles;
+    ClockScaleDraw* m_clockDraw = nullptr; // owned by the plot, as is the engine
+    ClockScaleEngine* m_clockEngine = nullptr;
     MyQwtPlotMagnifier* m_magnifier = nullptr; // owned by the canvas, as is the panner
     QwtPlotPanner* m_panner = nullptr;
 

@@ -1,20 +1,12 @@
 #include "tracking/plothistory.h"
 
-#include "serial/generalinformation.h"
-
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
 constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
-
-bool PlotHistory::isDrawable(double value)
-{
-    return std::isfinite(value) && value != generalinformation::kMissingMeasurement;
-}
 
 int PlotHistory::firstNotBefore(double time) const
 {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "serial/generalinformation.h"
 #include "tracking/slidingvector.h"
 
+#include <cmath>
 #include <limits>
 #include <map>
 
@@ -48,7 +50,10 @@ public:
 
     /// Whether a value is a measurement that can be drawn: finite, and not the marker of a
     /// measurement that the device could not make.
-    static bool isDrawable(double value);
+    static bool isDrawable(double value)
+    {
+        return std::isfinite(value) && value != generalinformation::kMissingMeasurement;
+    }
 
 private:
     struct Curve
