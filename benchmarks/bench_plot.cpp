@@ -1,0 +1,141 @@
+// What the live chart costs: four curves with a full history, all of it in the visible window, one
+// record appended and painted at a time. Prints CPU times, which other load on the machine hardly
+// touches, for an early and a late hour of a week of records, and the memory at both.
+#include "tracking/plot.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cmath>
+#include <ctime>
+#include <random>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr int kCurves = 4;
+constexpr int kSamples = 30000;
+constexpr double kRecordPeriodMs = 1000.0;
+constexpr int kWindowMs = static_cast<int>(kSamples * kRecordPeriodMs);
+constexpr int kWindowIntervalMs = kWindowMs / 10;
+constexpr int kRecordsPerHour = 3600;
+constexpr int kRecordsPerWeek = 7 * 24 * kRecordsPerHour;
+constexpr int kMeasuredRecords = 200;
+constexpr double kStart = 1.7e12;
+constexpr int kWidth = 1200;
+constexpr int kHeight = 500;
+constexpr double kAcceptedMs = 4.0;
+
+double cpuMs()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// Resident memory in KiB.
+double memoryKiB()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return 0.0;
+    }
+    constexpr double kKiB = 1024.0;
+    const QList<QByteArray> fields = file.readAll().split(' ');
+    return fields.value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE)) / kKiB;
+}
+
+class Bench
+{
+public:
+    /// `noise` is the share of the axis that the values jump over from one record to the next.
+    explicit Bench(double noise)
+        : m_noise(noise)
+    {
+        m_plot.setLegendVisible(true);
+        m_plot.setAxisScale(QwtPlot::yLeft, 0.0, 32.0, 10.0);
+        m_plot.setAxisScale(QwtPlot::yRight, 0.0, 32.0, 10.0);
+        m_plot.setMaxNumberOfSamples(kSamples);
+        m_plot.setMaxWindowTime(kWindowMs);
+        m_plot.setWindowIntervalTime(kWindowIntervalMs);
+        const char* const colors[kCurves] = {"red", "orange", "magenta", "lime"};
+        for (int i = 0; i < kCurves; ++i) {
+            m_plot.addCurve(QStringLiteral("Curve %1").arg(i), QString::fromLatin1(colors[i]),
+                            i % 2 == 0 ? QwtPlot::yLeft : QwtPlot::yRight);
+        }
+        m_plot.resize(kWidth, kHeight);
+        m_plot.show();
+        QApplication::processEvents();
+    }
+
+    void append(int records)
+    {
+        for (int i = 0; i < records; ++i) {
+            const double time = kStart + kRecordPeriodMs * m_records++;
+            for (int curve = 0; curve < kCurves; ++curve) {
+                const double base = 4.0 + 7.0 * curve + 2.0 * std::sin(m_records / 600.0 + curve);
+                m_plot.addData(curve, base + m_noise * 32.0 * (m_random(m_engine) - 0.5), time);
+            }
+        }
+    }
+
+    /// Median CPU time in ms of appending one record and painting it.
+    double medianMs()
+    {
+        std::vector<double> times;
+        for (int i = 0; i < kMeasuredRecords; ++i) {
+            const double before = cpuMs();
+            append(1);
+            QApplication::processEvents();
+            times.push_back(cpuMs() - before);
+        }
+        const auto middle = times.begin() + kMeasuredRecords / 2;
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
+    }
+
+    int records() const { return m_records; }
+
+private:
+    Plot m_plot;
+    double m_noise;
+    int m_records = 0;
+    std::mt19937 m_engine{1};
+    std::uniform_real_distribution<double> m_random{0.0, 1.0};
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QTextStream out(stdout);
+    bool accepted = true;
+
+    for (const double noise : {0.0, 0.02, 0.1, 1.0}) {
+        Bench bench(noise);
+        bench.append(kSamples + kRecordsPerHour);
+        const double earlyMs = bench.medianMs();
+        const double earlyKiB = memoryKiB();
+        bench.append(kRecordsPerWeek - bench.records());
+        const double lateMs = bench.medianMs();
+        const double lateKiB = memoryKiB();
+        out << QStringLiteral("noise %1 of the axis: record and repaint %2 ms in the first hour "
+                              "at the limit, %3 ms after a week (ratio %4); "
+                              "memory %5 KiB, %6 KiB (ratio %7)\n")
+                   .arg(noise, 4, 'f', 2)
+                   .arg(earlyMs, 0, 'f', 2)
+                   .arg(lateMs, 0, 'f', 2)
+                   .arg(lateMs / earlyMs, 0, 'f', 2)
+                   .arg(earlyKiB, 0, 'f', 0)
+                   .arg(lateKiB, 0, 'f', 0)
+                   .arg(lateKiB / earlyKiB, 0, 'f', 3);
+        out.flush();
+        accepted = accepted && std::max(earlyMs, lateMs) <= kAcceptedMs;
+    }
+    return accepted ? 0 : 1;
+}
