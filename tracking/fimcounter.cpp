@@ -318,9 +318,9 @@ void FimCounter::endSide(FimSide& side)
     }
     emit sideFinished(side.ldbPort, trackingresult::sideEndText(side.sideResult), side.sideResult);
     if (isOver()) {
-        emit resultsReady(m_sides.primary.fimCount + m_sides.secondary.fimCount,
-                          trackingresult::loopResult(m_sides.primary.sideResult,
-                                                     m_sides.secondary.sideResult));
+        emit resultsReady(
+            m_sides.primary.fimCount + m_sides.secondary.fimCount,
+            trackingresult::loopResult(m_sides.primary.sideResult, m_sides.secondary.sideResult));
     }
 }
 
