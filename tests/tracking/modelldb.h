@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tests/tracking/modelloop.h"
+#include "tracking/trackedldb.h"
+
+#include <QTimer>
+
+/// An LDB with a model loop: it obeys the tracking's commands and reports at the pace of the bus.
+/// Its time is that of its thread's timers.
+class ModelLdb : public TrackedLdb
+{
+    Q_OBJECT
+public:
+    explicit ModelLdb(const LoopPlan& plan);
+
+    static QString address() { return QStringLiteral("0A"); }
+
+    bool isReachable() const override { return m_reachable; }
+    void setPolledAlone(bool alone) override { m_polledAlone = alone; }
+    bool isPolledAlone() const { return m_polledAlone; }
+
+    /// Bodies of all commands so far, unsent ones excluded.
+    QList<QByteArray> commands() const { return m_commands; }
+    /// How commands are answered: an ACK unless changed; empty for none at all.
+    void setAnswer(const QByteArray& answer) { m_answer = answer; }
+    /// Cuts the connection: commands are destroyed unsent.
+    void loseConnection();
+
+    /// Whether it reports by itself.
+    void setReporting(bool reporting);
+    /// Reports once; with a state of the test's choice if one has been set.
+    void report();
+    void setState(std::optional<LdbState> state) { m_forcedState = state; }
+
+protected:
+    void post(std::unique_ptr<ISerialCommand> command) override;
+
+private:
+    int now() const;
+    LdbState state() const;
+
+    ModelLoop m_loop;
+    QTimer m_clock;
+    QTimer m_reportTimer;
+    QList<QByteArray> m_commands;
+    QByteArray m_answer = QByteArray("\x06");
+    std::optional<LdbState> m_forcedState;
+    std::optional<int> m_factoryResetAt;
+    std::optional<int> m_bootAt;
+    bool m_reachable = true;
+    bool m_polledAlone = false;
+};

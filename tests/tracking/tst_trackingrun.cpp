@@ -1,0 +1,467 @@
+#include "serial/generalinformation.h"
+#include "tests/support/testcase.h"
+#include "tests/support/virtualtime.h"
+#include "tests/tracking/modelldb.h"
+#include "tracking/trackingrun.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include <cmath>
+
+using Phase = TrackingRun::Phase;
+using StopReason = TrackingRun::StopReason;
+
+Q_DECLARE_METATYPE(LoopPlan)
+Q_DECLARE_METATYPE(Phase)
+Q_DECLARE_METATYPE(StopReason)
+
+namespace {
+
+VirtualTime* virtualTime = nullptr;
+
+constexpr int kSecond = 1000;
+constexpr int kHour = 3600 * kSecond;
+const QByteArray kFactoryReset("FE0A73780002");
+const QByteArray kLdbReset("FE0A73780001");
+const QByteArray kMute("FE0A73631601");
+
+LoopPlan healthyLoop(int fims)
+{
+    LoopPlan plan;
+    plan.fims = fims;
+    return plan;
+}
+
+/// A run on a model LDB.
+struct Bench
+{
+    explicit Bench(const LoopPlan& plan = healthyLoop(4))
+        : ldb(plan)
+        , run(TrackingThresholds())
+    {
+        QObject::connect(
+            &ldb, &TrackedLdb::generalInformationUpdated, &run,
+            [this](const QString&, const QList<QStringList>& rows) { run.processRecord(rows); });
+        QObject::connect(&run, &TrackingRun::commandDue, &run, [this](TrackedLdb::Command due) {
+            ldb.send(due, &run, [](TrackedLdb::Answer) {});
+        });
+        QObject::connect(&run, &TrackingRun::resultsReady, &run, [this](int count, LoopResult end) {
+            total = count;
+            result = end;
+        });
+        QObject::connect(&run, &TrackingRun::faultReported, &run,
+                         [this](const FaultReport& report) { faults.append(report); });
+    }
+    void begin(TrackingMode mode = TrackingMode::Commissioning)
+    {
+        run.prepare();
+        run.begin(mode);
+    }
+    /// Lets time pass until a phase comes; false if it does not within an hour.
+    bool reach(Phase phase)
+    {
+        for (int gone = 0; run.phase() != phase && gone < kHour; gone += kSecond / 4) {
+            virtualTime->advance(kSecond / 4);
+        }
+        return run.phase() == phase;
+    }
+    void reportState(int state)
+    {
+        ldb.setState(static_cast<LdbState>(state));
+        ldb.report();
+    }
+
+    ModelLdb ldb;
+    TrackingRun run;
+    int total = -1;
+    LoopResult result = LoopResult::Connected;
+    QList<FaultReport> faults;
+};
+
+} // namespace
+
+class TestTrackingRun : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void commissioning_data();
+    void commissioning();
+    void leakage_data();
+    void leakage();
+    void faultFinding();
+    void wholeRunTakesNoTime();
+    void phasesAndCommands();
+    void countdownRunsOnce();
+    void failureEndsEveryPhase_data();
+    void failureEndsEveryPhase();
+    void firstRecordAsksForTheReset_data();
+    void firstRecordAsksForTheReset();
+    void bootingCountsOnlyAfterTheReset();
+    void faultStates_data();
+    void faultStates();
+    void faultsAreReportedOnce();
+    void faultMessages();
+    void recordsOutsideARun();
+    void runsFollowOneAnother();
+};
+
+void TestTrackingRun::commissioning_data()
+{
+    QTest::addColumn<LoopPlan>("plan");
+    QTest::addColumn<int>("primary");
+    QTest::addColumn<int>("secondary");
+    QTest::addColumn<LoopResult>("result");
+    constexpr int kFims = 8;
+    for (int fims = 2; fims <= 12; ++fims) {
+        LoopPlan plan;
+        plan.fims = fims;
+        // The ends start alternately, the secondary one first.
+        QTest::addRow("healthy, %d FIMs", fims)
+            << plan << fims / 2 << fims - fims / 2 << LoopResult::Connected;
+    }
+    for (int after = 1; after < kFims; ++after) {
+        LoopPlan plan;
+        plan.fims = kFims;
+        plan.openAfter = after;
+        // A single FIM starts up before counting begins, and nothing follows to tell of it.
+        const auto counted = [](int fims) {
+            return fims == 1 ? 0 : fims;
+        };
+        QTest::addRow("open after %d", after)
+            << plan << counted(after) << counted(kFims - after) << LoopResult::BothOpen;
+    }
+    for (int fims : {2, 3, kFims}) {
+        for (int after = 1; after < fims; ++after) {
+            LoopPlan plan;
+            plan.fims = fims;
+            plan.shortAfter = after;
+            const bool primaryIsFirst = after < fims - after;
+            QTest::addRow("short after %d of %d", after, fims)
+                << plan << after << fims - after
+                << (primaryIsFirst ? LoopResult::PrimaryShortSecondaryOpen
+                                   : LoopResult::PrimaryOpenSecondaryShort);
+        }
+    }
+}
+
+void TestTrackingRun::commissioning()
+{
+    QFETCH(LoopPlan, plan);
+    Bench bench(plan);
+    bench.begin();
+    QVERIFY(bench.reach(Phase::Finished));
+    QTEST(bench.result, "result");
+    QCOMPARE(bench.total, bench.run.counter().fimCount(0) + bench.run.counter().fimCount(1));
+    if (!plan.openAfter && !plan.shortAfter) {
+        QCOMPARE(bench.total, plan.fims);
+        return;
+    }
+    QTEST(bench.run.counter().fimCount(PrimaryPort), "primary");
+    QTEST(bench.run.counter().fimCount(SecondaryPort), "secondary");
+}
+
+void TestTrackingRun::leakage_data()
+{
+    QTest::addColumn<bool>("isEarth");
+    QTest::addColumn<int>("after");
+    for (bool isEarth : {true, false}) {
+        for (int after = 1; after < 8; ++after) {
+            QTest::addRow("%s after %d", isEarth ? "earth" : "DC", after) << isEarth << after;
+        }
+    }
+}
+
+void TestTrackingRun::leakage()
+{
+    QFETCH(bool, isEarth);
+    QFETCH(int, after);
+    LoopPlan plan;
+    plan.fims = 8;
+    (isEarth ? plan.earthLeakageAfter : plan.dcLeakageAfter) = after;
+    Bench bench(plan);
+    bench.begin();
+    QVERIFY(bench.reach(Phase::Finished));
+    QCOMPARE(bench.faults.size(), 1);
+    const FaultReport fault = bench.faults.first();
+    QCOMPARE(fault.kind,
+             isEarth ? FaultReport::Kind::EarthLeakage : FaultReport::Kind::LoopDcLeakage);
+    // The side whose front has come to the leak first, counted from its own end.
+    const bool isPrimary = after < plan.fims - after;
+    const std::optional<int> position = fault.positions[isPrimary ? PrimaryPort : SecondaryPort];
+    QVERIFY(position.has_value());
+    const int truth = isPrimary ? after : plan.fims - after;
+    QVERIFY2(std::abs(*position - truth) <= 1, qPrintable(QString::number(*position)));
+    QCOMPARE(bench.result, LoopResult::Connected);
+    QCOMPARE(bench.total, plan.fims);
+}
+
+void TestTrackingRun::faultFinding()
+{
+    LoopPlan plan;
+    plan.fims = 5;
+    plan.earthLeakageAfter = 3;
+    plan.secondaryConnected = false;
+    Bench bench(plan);
+    bench.begin(TrackingMode::FaultFinding);
+    QVERIFY(bench.reach(Phase::Finished));
+    QCOMPARE(bench.total, plan.fims);
+    QCOMPARE(bench.result, LoopResult::PrimaryOpen);
+    QCOMPARE(bench.faults.size(), 1);
+    QCOMPARE(bench.faults.first().positions.primary.value_or(-1), 3);
+    QVERIFY(!bench.faults.first().positions.secondary.has_value());
+}
+
+void TestTrackingRun::wholeRunTakesNoTime()
+{
+    QElapsedTimer realTime;
+    realTime.start();
+    const qint64 before = virtualTime->now();
+    Bench bench(healthyLoop(12));
+    bench.begin();
+    QVERIFY(bench.reach(Phase::Finished));
+    QVERIFY(virtualTime->now() - before > 300 * kSecond);
+    QVERIFY2(realTime.elapsed() < kSecond, qPrintable(QString::number(realTime.elapsed())));
+}
+
+void TestTrackingRun::phasesAndCommands()
+{
+    Bench bench;
+    QCOMPARE(bench.run.phase(), Phase::Idle);
+    bench.run.prepare();
+    QCOMPARE(bench.run.phase(), Phase::Confirmation);
+    virtualTime->advance(60 * kSecond);
+    QVERIFY2(bench.ldb.commands().isEmpty(), "nothing is sent before the user has chosen");
+
+    bench.run.begin(TrackingMode::Commissioning);
+    QCOMPARE(bench.run.phase(), Phase::FactoryReset);
+    QVERIFY(!bench.run.secondsLeft().has_value());
+    virtualTime->advance(119 * kSecond);
+    QCOMPARE(bench.ldb.commands(), QList<QByteArray>{kFactoryReset});
+    QVERIFY(bench.run.isCountingDown());
+    QCOMPARE(bench.run.secondsGone(), 119);
+
+    QVERIFY(bench.reach(Phase::Rebooting));
+    QVERIFY(!bench.run.isCountingDown());
+    QCOMPARE(bench.run.secondsLeft().value_or(-1), 15);
+    virtualTime->advance(15 * kSecond - 1);
+    QCOMPARE(bench.run.secondsLeft().value_or(-1), 1);
+    QCOMPARE(bench.ldb.commands().size(), 1);
+    virtualTime->advance(1);
+    QCOMPARE(bench.ldb.commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
+
+    QVERIFY(bench.reach(Phase::Counting));
+    virtualTime->advance(7 * kSecond);
+    QCOMPARE(bench.run.secondsGone(), 7);
+    QVERIFY(bench.reach(Phase::Finished));
+    virtualTime->advance(kHour);
+    QCOMPARE(bench.ldb.commands().size(), 3);
+    QCOMPARE(bench.run.stopReason(), StopReason::None);
+}
+
+void TestTrackingRun::countdownRunsOnce()
+{
+    Bench bench;
+    bench.ldb.setReporting(false);
+    const QSignalSpy ticks(&bench.run, &TrackingRun::countdownChanged);
+    bench.begin();
+    bench.reportState(50);
+    QCOMPARE(ticks.size(), 0); // the state may be left over from before the command
+    bench.reportState(50);
+    QCOMPARE(ticks.size(), 1);
+    QCOMPARE(ticks.first().at(0).toInt(), 130);
+    for (int second = 0; second < 200; ++second) {
+        virtualTime->advance(500);
+        bench.reportState(50);
+        virtualTime->advance(500);
+        QCOMPARE(bench.run.factoryResetCountdown(), std::max(0, 129 - second));
+    }
+    QCOMPARE(ticks.size(), 131);
+    QVERIFY(bench.run.isCountingDown());
+    QVERIFY2(!bench.run.secondsLeft().has_value(), "what takes longer is not known any more");
+    bench.reportState(52);
+    bench.reportState(50);
+    QVERIFY(!bench.run.isCountingDown());
+}
+
+void TestTrackingRun::failureEndsEveryPhase_data()
+{
+    QTest::addColumn<Phase>("phase");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<StopReason>("reason");
+    const auto rows = [](const char* name, Phase phase) {
+        QTest::addRow("%s, reset failed", name) << phase << 51 << StopReason::FactoryResetFailed;
+        QTest::addRow("%s, disconnected", name) << phase << 255 << StopReason::LdbDisconnected;
+        QTest::addRow("%s, user", name) << phase << -1 << StopReason::User;
+        QTest::addRow("%s, port lost", name) << phase << -1 << StopReason::ConnectionLost;
+    };
+    rows("factory reset", Phase::FactoryReset);
+    rows("rebooting", Phase::Rebooting);
+    rows("counting", Phase::Counting);
+}
+
+void TestTrackingRun::failureEndsEveryPhase()
+{
+    QFETCH(Phase, phase);
+    QFETCH(int, state);
+    QFETCH(StopReason, reason);
+    Bench bench;
+    bench.begin();
+    QVERIFY(bench.reach(phase));
+    virtualTime->advance(2 * kSecond);
+    const int sent = bench.ldb.commands().size();
+    if (state >= 0) {
+        bench.reportState(state);
+    } else {
+        bench.run.stop(reason);
+    }
+    QCOMPARE(bench.run.phase(), Phase::Idle);
+    QCOMPARE(bench.run.stopReason(), reason);
+    QVERIFY(!bench.run.isCountingDown());
+
+    const QSignalSpy counts(&bench.run, &TrackingRun::countChanged);
+    const QSignalSpy ends(&bench.run, &TrackingRun::sideFinished);
+    bench.ldb.setState(std::nullopt);
+    virtualTime->advance(kHour);
+    QCOMPARE(bench.ldb.commands().size(), sent);
+    QCOMPARE(bench.run.phase(), Phase::Idle);
+    QCOMPARE(counts.size() + ends.size(), 0);
+}
+
+void TestTrackingRun::firstRecordAsksForTheReset_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("asks");
+    QTest::addColumn<Phase>("phase");
+    QTest::newRow("booting") << 0 << true << Phase::FactoryReset;
+    QTest::newRow("quiescent") << 10 << true << Phase::FactoryReset;
+    QTest::newRow("resetting already") << 50 << true << Phase::FactoryReset;
+    QTest::newRow("an earlier reset failed") << 51 << true << Phase::Idle;
+    QTest::newRow("an earlier reset done") << 52 << false << Phase::Rebooting;
+    QTest::newRow("fault") << 254 << true << Phase::FactoryReset;
+    QTest::newRow("disconnected") << 255 << true << Phase::Idle;
+}
+
+void TestTrackingRun::firstRecordAsksForTheReset()
+{
+    QFETCH(int, state);
+    QFETCH(bool, asks);
+    Bench bench;
+    bench.ldb.setReporting(false);
+    bench.begin();
+    bench.reportState(state);
+    QCOMPARE(bench.ldb.commands(), asks ? QList<QByteArray>{kFactoryReset} : QList<QByteArray>{});
+    QTEST(bench.run.phase(), "phase");
+    bench.reportState(10);
+    QCOMPARE(bench.ldb.commands().size(), asks ? 1 : 0);
+}
+
+void TestTrackingRun::bootingCountsOnlyAfterTheReset()
+{
+    Bench bench;
+    bench.begin();
+    QVERIFY(!bench.run.processLdbState(LdbState::Booting));
+    QVERIFY(!bench.run.processLdbState(LdbState::Booting));
+    QVERIFY(!bench.run.processLdbState(LdbState::FactoryResetExecuting));
+    QVERIFY(!bench.run.processLdbState(LdbState::FactoryResetDone));
+    QVERIFY(bench.run.processLdbState(LdbState::Booting));
+    QVERIFY(bench.run.processLdbState(LdbState::Measuring));
+}
+
+void TestTrackingRun::faultStates_data()
+{
+    QTest::addColumn<QList<int>>("earth");
+    QTest::addColumn<QList<int>>("loop");
+    QTest::newRow("all codes") << QList<int>{4, 5, 6, 7}
+                               << QList<int>{16, 17, 18, 20, 22, 24, 25, 26};
+}
+
+void TestTrackingRun::faultStates()
+{
+    QFETCH(QList<int>, earth);
+    QFETCH(QList<int>, loop);
+    for (int code = 0; code < 128; ++code) {
+        QCOMPARE(faultreport::isEarthLeakage(static_cast<LdbEarthState>(code)),
+                 earth.contains(code));
+        QCOMPARE(faultreport::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
+                 loop.contains(code));
+    }
+}
+
+void TestTrackingRun::faultsAreReportedOnce()
+{
+    LoopPlan plan;
+    plan.fims = 6;
+    plan.earthLeakageAfter = 2;
+    plan.dcLeakageAfter = 4;
+    Bench bench(plan);
+    for (int runs = 1; runs <= 2; ++runs) {
+        bench.begin();
+        QVERIFY(bench.reach(Phase::Finished));
+        QCOMPARE(bench.faults.size(), 2 * runs);
+    }
+    QVERIFY(!bench.run.processEarthFault(LdbEarthState::Leakage));
+    bench.run.prepare();
+    QVERIFY(bench.run.processEarthFault(LdbEarthState::Leakage));
+    QVERIFY(bench.run.processLoopLeakageFault(LdbLoopState::DcLeakage));
+    QVERIFY(!bench.run.processLoopLeakageFault(LdbLoopState::DcLeakage));
+}
+
+void TestTrackingRun::faultMessages()
+{
+    FaultReport report;
+    report.positions = {3, 0};
+    QCOMPARE(faultreport::message(report),
+             QStringLiteral("Earth Leakage Detected!\n\n Primary Side approximately at FIM: 3"
+                            "\n Secondary Side approximately at FIM: 0"));
+    report.kind = FaultReport::Kind::LoopDcLeakage;
+    report.positions.primary.reset();
+    QCOMPARE(faultreport::message(report),
+             QStringLiteral("Loop DC Leakage Detected!\n"
+                            "\n Secondary Side approximately at FIM: 0"));
+    QCOMPARE(faultreport::sideText(report.kind, 7),
+             QStringLiteral("Loop DC Leakage Detected: approximately at FIM: 7"));
+}
+
+void TestTrackingRun::recordsOutsideARun()
+{
+    Bench bench;
+    bench.ldb.report();
+    bench.run.prepare();
+    bench.ldb.report();
+    QVERIFY(bench.ldb.commands().isEmpty());
+    bench.run.begin(TrackingMode::Commissioning);
+    {
+        const ExpectWarning incomplete("incomplete record");
+        bench.run.processRecord({{QStringLiteral("0A")}});
+    }
+    QVERIFY(bench.ldb.commands().isEmpty());
+}
+
+void TestTrackingRun::runsFollowOneAnother()
+{
+    Bench bench(healthyLoop(5));
+    bench.begin();
+    QVERIFY(bench.reach(Phase::Counting));
+    virtualTime->advance(60 * kSecond);
+    QVERIFY(bench.run.counter().fimCount(SecondaryPort) > 0);
+    bench.run.stop(StopReason::User);
+
+    bench.begin();
+    QCOMPARE(bench.run.counter().fimCount(SecondaryPort), 0);
+    QCOMPARE(bench.run.factoryResetCountdown(), 130);
+    QCOMPARE(bench.run.stopReason(), StopReason::None);
+    QVERIFY(bench.reach(Phase::Finished));
+    QCOMPARE(bench.total, 5);
+}
+
+int main(int argc, char* argv[])
+{
+    virtualTime = VirtualTime::install();
+    QCoreApplication application(argc, argv);
+    TestTrackingRun test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_trackingrun.moc"
