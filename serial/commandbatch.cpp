@@ -7,27 +7,29 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace {
 
-/// Tells its batch the answer, or nothing when the command is destroyed without one: a command
-/// dropped with its run must not leave the batch waiting. Always through the event loop.
+/// Tells its batch the answer, or that the command was destroyed without one, which happens only
+/// when its run has ended. Always through the event loop.
 class BatchObserver : public ISerialCommand::Observer
 {
 public:
-    BatchObserver(CommandBatch* batch, std::function<void(const QByteArray&)> function)
+    template <typename Answered, typename Dropped>
+    BatchObserver(CommandBatch* batch, Answered answered, Dropped dropped)
     {
-        QObject::connect(&m_relay, &AnswerRelay::answered, batch, std::move(function),
+        QObject::connect(&m_answered, &AnswerRelay::answered, batch, answered,
                          Qt::QueuedConnection);
-        // The relay dies in whatever thread its command dies in, so it belongs to none.
-        m_relay.moveToThread(nullptr);
+        QObject::connect(&m_dropped, &AnswerRelay::answered, batch, dropped, Qt::QueuedConnection);
+        // The relays die in whatever thread their command dies in, so they belong to none.
+        m_answered.moveToThread(nullptr);
+        m_dropped.moveToThread(nullptr);
     }
     ~BatchObserver() override
     {
         if (!m_called) {
-            emit m_relay.answered({});
+            emit m_dropped.answered({});
         }
     }
     BatchObserver(const BatchObserver&) = delete;
@@ -36,11 +38,12 @@ public:
     void call(QByteArray answer) override
     {
         m_called = true;
-        emit m_relay.answered(answer);
+        emit m_answered.answered(answer);
     }
 
 private:
-    AnswerRelay m_relay;
+    AnswerRelay m_answered;
+    AnswerRelay m_dropped;
     bool m_called = false;
 };
 
@@ -110,9 +113,11 @@ void CommandBatch::post(std::size_t index)
     int number = 0;
     for (auto& command : commands) {
         command->addObserver(std::make_unique<BatchObserver>(
-            this, [this, index, number](const QByteArray& answer) {
+            this,
+            [this, index, number](const QByteArray& answer) {
                 processAnswer(index, number, answer);
-            }));
+            },
+            [this] { abort(); }));
         ++number;
         m_link->post(std::move(command));
     }

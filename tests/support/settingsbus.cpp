@@ -3,15 +3,21 @@
 #include "serial/seriallink.h"
 
 #include <QSignalSpy>
+#include <QtTest>
 
 namespace {
 
 constexpr int kScanLimitMs = 10000;
 constexpr int kNameDigits = 32;
 
-bool isPolling(const QByteArray& request)
+/// Whether the cyclic polling sent the last of `requests`; it asks for the firmware id right after
+/// the name.
+bool isPolling(const QList<QByteArray>& requests)
 {
-    return request == "70" || request == "737803" || request == "737202";
+    const QByteArray request = requests.constLast().mid(4);
+    return request == "70" || request == "737803" || request == "737202" ||
+           (request == "737804" && requests.size() > 1 &&
+            requests.at(requests.size() - 2).mid(4) == "737202");
 }
 
 } // namespace
@@ -60,7 +66,7 @@ std::optional<QByteArray> SettingsBus::answer(const QByteArray& body)
 {
     const QString hexId = QString::fromLatin1(body.mid(2, 2));
     const QByteArray request = body.mid(4);
-    if (isPolling(request) || !m_records.contains(hexId)) {
+    if (isPolling(m_bus.requests()) || !m_records.contains(hexId)) {
         return std::nullopt;
     }
     m_requests.append(body);

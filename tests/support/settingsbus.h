@@ -26,7 +26,7 @@ public:
     /// further byte 5A, not muted, delay 10, 20 FIMs.
     static QByteArray record(const QString& hexId);
 
-    /// Settings requests and writes so far, without the polling.
+    /// Requests so far, without the polling.
     QList<QByteArray> requests() const { return m_requests; }
     /// Those of `requests` that change or store something.
     QList<QByteArray> writes() const;
