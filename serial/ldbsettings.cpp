@@ -2,6 +2,8 @@
 
 #include "serial/hextext.h"
 
+#include <QTextCodec>
+
 namespace {
 
 // Positions of the fields in a settings answer.
@@ -35,11 +37,17 @@ unsigned flag(bool set, Flag value)
     return set ? value : 0U;
 }
 
+/// The local 8-bit encoding, or Latin-1 for bytes that are none of it: a name written on another
+/// computer stays readable, and saving the record does not fill it with replacement characters.
 QString zeroTerminated(const QByteArray& bytes)
 {
-    return QString::fromLocal8Bit(
-        bytes.constData(),
-        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()))));
+    const auto length =
+        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
+    QTextCodec::ConverterState state;
+    const QString text =
+        QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
+    const bool isLocal = state.invalidChars == 0 && state.remainingChars == 0;
+    return isLocal ? text : QString::fromLatin1(bytes.constData(), length);
 }
 
 } // namespace
@@ -85,6 +93,12 @@ std::optional<QString> decodeFirmwareId(const QByteArray& answer)
         return std::nullopt;
     }
     return QString::fromLatin1(bytes);
+}
+
+bool isStorableName(const QString& name)
+{
+    return !name.contains(QChar::Null) && QTextCodec::codecForLocale()->canEncode(name) &&
+           name.toLocal8Bit().size() <= kMaxNameBytes;
 }
 
 QByteArray encodeName(const QString& name)

@@ -63,6 +63,10 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer);
 /// longer than 10 hexadecimal digits and holds no zero byte.
 std::optional<QString> decodeFirmwareId(const QByteArray& answer);
 
+/// Whether an LDB can store `name`: at most `kMaxNameBytes` of the local 8-bit encoding, in which
+/// every character exists, and no zero character, which would end it.
+bool isStorableName(const QString& name);
+
 // Value texts of the five parameters that can be written, as they stand in a `ChangeCommand`.
 QByteArray encodeName(const QString& name);
 QByteArray encodeFlags(const LdbSettings& settings);

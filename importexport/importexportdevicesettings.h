@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QMetaType>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class SerialLink;
+class SettingsExport;
+class SettingsImport;
+
+/// Saves the settings of every connected LDB into one file, or writes such a file back into the
+/// LDBs. One object an operation; destroying it ends the operation, and nothing more is told. An
+/// operation that is not cancelled ends with exactly one status. GUI thread only.
+class ImportExportDeviceSettings : public QObject
+{
+    Q_OBJECT
+public:
+    enum ImportExportStatus
+    {
+        ExportStarted = 0,
+        ExportFinished,
+        ExportFailed,
+        ImportStarted,
+        ImportFinished,
+        ImportFailed,
+        ImportFailedNotAllConnected,
+        ImportFailedSettingsMissing
+    };
+    Q_ENUM(ImportExportStatus)
+
+    /// `link` outlives the object.
+    explicit ImportExportDeviceSettings(SerialLink* link, QObject* parent = nullptr);
+    ~ImportExportDeviceSettings() override;
+
+    /// Why the operation did not end well: a sentence each, naming lines and LDBs. Complete once
+    /// the failure's status is told.
+    QStringList failures() const { return m_failures; }
+
+    /// `failures()` as a text for a message box: the first ones, and how many more there are.
+    QString failureText() const;
+
+public slots:
+    /// Where the forms without a path look; at first the folder "files" beside the program.
+    void setDefaultDirectory(QString directory);
+
+    void exportDeviceSettings(QString exportFilePath);
+    void exportDeviceSettings();
+    void importDeviceSettings(QString importFilePath);
+    void importDeviceSettings();
+
+    /// Ends the operation: no further LDB is asked or written, and no status comes any more.
+    void cancel();
+
+signals:
+    void statusChanged(ImportExportDeviceSettings::ImportExportStatus status);
+    /// Commands still to be answered, and all of them.
+    void progressChanged(int left, int total);
+
+private:
+    QString defaultFilePath() const;
+    void processExportFinished();
+    void processImportFinished(ImportExportStatus status);
+    void end(ImportExportStatus status, const QStringList& failures);
+
+    SerialLink* m_link;
+    QString m_defaultDirectory;
+    std::unique_ptr<SettingsExport> m_export;
+    std::unique_ptr<SettingsImport> m_import;
+    QStringList m_failures;
+};
+
+Q_DECLARE_METATYPE(ImportExportDeviceSettings::ImportExportStatus)

@@ -1,0 +1,173 @@
+#include "serial/commandbatch.h"
+
+#include "serial/framecodec.h"
+#include "serial/seriallink.h"
+
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// Tells its batch the answer, or that the command was destroyed without one, which happens only
+/// when its run has ended. Always through the event loop.
+class BatchObserver : public ISerialCommand::Observer
+{
+public:
+    template <typename Answered, typename Dropped>
+    BatchObserver(CommandBatch* batch, Answered answered, Dropped dropped)
+    {
+        QObject::connect(&m_answered, &AnswerRelay::answered, batch, answered,
+                         Qt::QueuedConnection);
+        QObject::connect(&m_dropped, &AnswerRelay::answered, batch, dropped, Qt::QueuedConnection);
+        // The relays die in whatever thread their command dies in, so they belong to none.
+        m_answered.moveToThread(nullptr);
+        m_dropped.moveToThread(nullptr);
+    }
+    ~BatchObserver() override
+    {
+        if (!m_called) {
+            emit m_dropped.answered({});
+        }
+    }
+    BatchObserver(const BatchObserver&) = delete;
+    BatchObserver& operator=(const BatchObserver&) = delete;
+
+    void call(QByteArray answer) override
+    {
+        m_called = true;
+        emit m_answered.answered(answer);
+    }
+
+private:
+    AnswerRelay m_answered;
+    AnswerRelay m_dropped;
+    bool m_called = false;
+};
+
+} // namespace
+
+CommandReply commandReply(const QByteArray& answer)
+{
+    if (answer.isEmpty()) {
+        return CommandReply::Silent;
+    }
+    const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
+    return isRefusal ? CommandReply::Refused : CommandReply::Accepted;
+}
+
+CommandBatch::CommandBatch(SerialLink* link, int ldbsAhead, QObject* parent)
+    : QObject(parent)
+    , m_link(link)
+    , m_ldbsAhead(std::max(ldbsAhead, 1))
+{
+    connect(link, &SerialLink::stopped, this, &CommandBatch::abort);
+    connect(link, &SerialLink::communicationFailed, this, &CommandBatch::abort);
+    connect(link, &QObject::destroyed, this, &CommandBatch::abort);
+}
+
+CommandBatch::~CommandBatch() = default;
+
+void CommandBatch::add(const QString& hexId, std::vector<std::unique_ptr<ISerialCommand>> commands)
+{
+    const auto count = static_cast<int>(commands.size());
+    m_ldbs.push_back({hexId, std::move(commands), count});
+    m_commandCount += count;
+    m_commandsLeft += count;
+}
+
+void CommandBatch::start()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_running = true;
+    if (!m_link || !m_link->isRunning()) {
+        QTimer::singleShot(0, this, &CommandBatch::abort);
+    } else if (m_ldbs.empty()) {
+        QTimer::singleShot(0, this, &CommandBatch::finish);
+    } else {
+        fill();
+    }
+}
+
+void CommandBatch::fill()
+{
+    while (m_running && m_link && m_waiting < m_ldbsAhead && m_next < m_ldbs.size()) {
+        const std::size_t index = m_next++;
+        ++m_waiting;
+        if (m_link->isConnected(m_ldbs[index].hexId)) {
+            post(index);
+        } else {
+            answerWithNothing(index);
+        }
+    }
+    if (m_waiting == 0) {
+        finish();
+    }
+}
+
+void CommandBatch::post(std::size_t index)
+{
+    auto commands = std::move(m_ldbs[index].commands);
+    int number = 0;
+    for (auto& command : commands) {
+        command->addObserver(std::make_unique<BatchObserver>(
+            this,
+            [this, index, number](const QByteArray& answer) {
+                processAnswer(index, number, answer);
+            },
+            [this] { abort(); }));
+        ++number;
+        m_link->post(std::move(command));
+    }
+}
+
+void CommandBatch::answerWithNothing(std::size_t index)
+{
+    // Told from the event loop like any other answer.
+    QTimer::singleShot(0, this, [this, index] {
+        const QPointer<CommandBatch> alive(this);
+        const int count = m_ldbs[index].left;
+        for (int number = 0; alive && number < count; ++number) {
+            processAnswer(index, number, {});
+        }
+    });
+}
+
+void CommandBatch::processAnswer(std::size_t index, int command, const QByteArray& answer)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!m_running) {
+        return;
+    }
+    const QPointer<CommandBatch> alive(this);
+    const QString hexId = m_ldbs[index].hexId;
+    const bool isLast = --m_ldbs[index].left == 0;
+    --m_commandsLeft;
+    emit answered(hexId, command, answer);
+    if (!alive || !isLast) {
+        return;
+    }
+    --m_waiting;
+    emit ldbDone(hexId);
+    if (alive) {
+        fill();
+    }
+}
+
+void CommandBatch::finish()
+{
+    if (m_running) {
+        m_running = false;
+        emit finished();
+    }
+}
+
+void CommandBatch::abort()
+{
+    if (m_running) {
+        m_running = false;
+        emit aborted();
+    }
+}

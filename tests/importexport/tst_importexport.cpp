@@ -1,0 +1,624 @@
+#include "importexport/importexportdevicesettings.h"
+#include "importexport/settingscsv.h"
+#include "serial/seriallink.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/settingsbus.h"
+#include "tests/support/testcase.h"
+
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTextCodec>
+
+namespace {
+
+using Status = ImportExportDeviceSettings::ImportExportStatus;
+
+constexpr int kEndLimitMs = 20000;
+
+const QByteArray kAck("\x06");
+const QByteArray kNak("\x15");
+const QByteArray kSilence("");
+
+// The values of a line that `SettingsBus::record` does not have already.
+const QByteArray kValues(";1;1;5;0;1;0;1;30;LDB 1.07\n");
+
+QByteArray hex(const char* text)
+{
+    return QByteArray(text).toHex().toUpper();
+}
+
+QByteArray line(const char* id, const char* name)
+{
+    return QByteArray(id) + ";" + name + kValues;
+}
+
+/// What `line(...)` must write into an LDB.
+QList<QByteArray> writesOf(const QByteArray& hexId, const char* name)
+{
+    const QByteArray start = "FE" + hexId + "73";
+    return {start + "6302" + hex(name), start + "631415", start + "63170500",
+            start + "63031E00", start + "7806"};
+}
+
+/// A bus with a running link, and one operation that records its statuses.
+class Operation
+{
+public:
+    explicit Operation(const QStringList& hexIds)
+        : bus(hexIds)
+        , job(std::make_unique<ImportExportDeviceSettings>(&link))
+    {
+        QObject::connect(job.get(), &ImportExportDeviceSettings::statusChanged, &link,
+                         [this](Status status) { statuses.append(status); });
+    }
+    bool connectLink() { return bus.connectLink(link); }
+
+    bool runExport(const QString& path)
+    {
+        job->exportDeviceSettings(path);
+        return waitForEnd();
+    }
+    bool runImport(const QByteArray& content)
+    {
+        sandbox.writeFile(QStringLiteral("in.csv"), content);
+        job->importDeviceSettings(sandbox.path(QStringLiteral("in.csv")));
+        return waitForEnd();
+    }
+    bool waitForEnd()
+    {
+        return QTest::qWaitFor([this] { return statuses.size() > 1; }, kEndLimitMs);
+    }
+    /// Anything still on its way has come by now: a request after it has been answered.
+    bool settle()
+    {
+        const int polls = bus.bus().requests().size();
+        return QTest::qWaitFor([&] { return bus.bus().requests().size() > polls + 20; },
+                               kEndLimitMs);
+    }
+
+    Sandbox sandbox;
+    SettingsBus bus;
+    SerialLink link;
+    QList<Status> statuses;
+    std::unique_ptr<ImportExportDeviceSettings> job;
+};
+
+bool isRequest(const QByteArray& body, const char* hexId, const char* request)
+{
+    return body.mid(2, 2) == hexId && body.mid(4).startsWith(request);
+}
+
+} // namespace
+
+class TestImportExport : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void init() override
+    {
+        TestCase::init();
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    }
+    void exportsEveryByte_data();
+    void exportsEveryByte();
+    void exportReportsFaults_data();
+    void exportReportsFaults();
+    void exportFailsWithoutFile_data();
+    void exportFailsWithoutFile();
+    void exportNamesItsFile();
+    void exportPairsAnswersAskedByOthers();
+    void importWrites();
+    void importEndsOnce_data();
+    void importEndsOnce();
+    void importReportsEachCommand_data();
+    void importReportsEachCommand();
+    void importGoesOnAfterARefusal();
+    void importTellsProgress();
+    void importFailsWithoutFile();
+    void needsALink_data();
+    void needsALink();
+    void endsWhenTheLinkStops_data();
+    void endsWhenTheLinkStops();
+    void isCancelled_data();
+    void isCancelled();
+    void lostLdbIsNotConnected();
+    void limitsTheFailureText();
+};
+
+void TestImportExport::exportsEveryByte_data()
+{
+    QTest::addColumn<QByteArray>("codec");
+    QTest::addColumn<QByteArray>("nameDigits");
+    QTest::addColumn<QByteArray>("nameBytes");
+
+    QTest::newRow("plain") << QByteArray("UTF-8") << hex("LDB 0A") << QByteArray("LDB 0A");
+    QTest::newRow("UTF-8") << QByteArray("UTF-8") << hex("\xC3\xBC") << QByteArray("\xC3\xBC");
+    QTest::newRow("local encoding")
+        << QByteArray("ISO-8859-1") << QByteArray("FC") << QByteArray("\xFC");
+}
+
+void TestImportExport::exportsEveryByte()
+{
+    QFETCH(QByteArray, codec);
+    QFETCH(QByteArray, nameDigits);
+    QFETCH(QByteArray, nameBytes);
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
+    Operation operation({QStringLiteral("01"), QStringLiteral("0A"), QStringLiteral("FD")});
+    operation.bus.settingsOf(QStringLiteral("0A"))
+        .replace(18, 32, nameDigits.leftJustified(32, '0'));
+    // Each LDB has a firmware id of its own, so that a swapped pair would show.
+    operation.bus.setScript([](const QByteArray& body) -> std::optional<QByteArray> {
+        if (body.mid(4) == "737804") {
+            return ScriptedBus::framed(("Version " + body.mid(2, 2)).toHex());
+        }
+        return std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
+    QVERIFY(operation.runExport(path));
+
+    QCOMPARE(operation.statuses,
+             (QList<Status>{Status::ExportStarted, Status::ExportFinished}));
+    QCOMPARE(operation.job->failures(), QStringList());
+    QCOMPARE(Sandbox::readFile(path),
+             QByteArray("Generated by Cordex Sniffer.\n\n\n"
+                        "ID;Device Name;General Fault Output;Open Detection;"
+                        "Open Detection Delay;Earth Leakage Detection;"
+                        "Earth Wire Open Detection;Start In Service Mode;"
+                        "Amplifier Detection;Number of FIM's;Firmware Id\n\n"
+                        "1;LDB 01;1;1;10;1;0;0;0;20;Version 01\n\n"
+                        "10;") +
+                 nameBytes +
+                 ";1;1;10;1;0;0;0;20;Version 0A\n\n"
+                 "253;LDB FD;1;1;10;1;0;0;0;20;Version FD\n\n");
+}
+
+void TestImportExport::exportReportsFaults_data()
+{
+    QTest::addColumn<QByteArray>("request"); // of LDB 02
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QByteArray>("line"); // of LDB 02, empty for none
+    QTest::addColumn<QString>("failure");
+
+    const QByteArray noFirmware("2;LDB 02;1;1;10;1;0;0;0;20;\n\n");
+    const auto row = [](const char* tag, const QByteArray& request, const QByteArray& answer,
+                        const QByteArray& line, const char* failure) {
+        QTest::newRow(tag) << request << answer << line
+                           << QStringLiteral("LDB 02 (address 2): ") + QString::fromLatin1(failure);
+    };
+    row("settings silent", "737201", kSilence, "", "no answer");
+    row("settings refused", "737201", kNak, "", "no valid settings received");
+    row("settings of another LDB", "737201",
+        ScriptedBus::framed(SettingsBus::record(QStringLiteral("03"))), "", "no answer");
+    row("settings malformed", "737201",
+        ScriptedBus::framed(SettingsBus::record(QStringLiteral("02")).replace(8, 2, "ZZ")), "",
+        "no valid settings received");
+    row("firmware refused", "737804", kNak, noFirmware, "no valid firmware id received");
+}
+
+void TestImportExport::exportReportsFaults()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArray, answer);
+    QFETCH(QByteArray, line);
+    QFETCH(QString, failure);
+    Operation operation({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("03")});
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        return isRequest(body, "02", request.constData()) ? std::make_optional(answer)
+                                                          : std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
+    QVERIFY(operation.runExport(path));
+
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
+    QCOMPARE(operation.job->failures(), QStringList{failure});
+    // The others were written all the same.
+    QCOMPARE(Sandbox::readFile(path),
+             settingscsv::fileHead().toUtf8() + "1;LDB 01;1;1;10;1;0;0;0;20;LDB 1.07\n\n" + line +
+                 "3;LDB 03;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
+}
+
+void TestImportExport::exportFailsWithoutFile_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("failure");
+
+    QTest::newRow("no such folder")
+        << QStringLiteral("missing/out.csv") << QStringLiteral("The file cannot be opened: .+");
+    QTest::newRow("full disk") << QStringLiteral("/dev/full")
+                               << QStringLiteral("The file cannot be written: .+");
+}
+
+void TestImportExport::exportFailsWithoutFile()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, failure);
+    Operation operation({QStringLiteral("01")});
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runExport(path));
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
+    QCOMPARE(operation.job->failures().size(), 1);
+    QVERIFY(QRegularExpression(QRegularExpression::anchoredPattern(failure))
+                .match(operation.job->failureText())
+                .hasMatch());
+}
+
+void TestImportExport::exportNamesItsFile()
+{
+    Operation operation({QStringLiteral("01")});
+    QVERIFY(operation.connectLink());
+    operation.job->setDefaultDirectory(operation.sandbox.path(QString()));
+    operation.job->exportDeviceSettings();
+    QVERIFY(operation.waitForEnd());
+    QCOMPARE(operation.statuses.constLast(), Status::ExportFinished);
+    const QStringList files = QDir().entryList({QStringLiteral("*.csv")});
+    QCOMPARE(files.size(), 1);
+    const QRegularExpression expected(
+        QStringLiteral("^Device List\\[[0-3]\\d[01]\\d20\\d\\d_[0-2]\\d[0-5]\\d[0-5]\\d\\]\\.csv$"));
+    QVERIFY2(expected.match(files.constFirst()).hasMatch(), qPrintable(files.constFirst()));
+}
+
+void TestImportExport::exportPairsAnswersAskedByOthers()
+{
+    Operation operation({QStringLiteral("01"), QStringLiteral("02")});
+    QVERIFY(operation.connectLink());
+    // The second LDB's settings wait already, so they come before the first LDB's.
+    operation.link.post(
+        std::make_unique<RequestCommand>(QStringLiteral("02"), LdbParameter::Settings));
+    const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
+    QVERIFY(operation.runExport(path));
+    QCOMPARE(operation.statuses.constLast(), Status::ExportFinished);
+    QCOMPARE(Sandbox::readFile(path), settingscsv::fileHead().toUtf8() +
+                                          "1;LDB 01;1;1;10;1;0;0;0;20;LDB 1.07\n\n"
+                                          "2;LDB 02;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
+}
+
+void TestImportExport::importWrites()
+{
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
+    operation.bus.settingsOf(QStringLiteral("10")).replace(12, 2, "01"); // muted
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(settingscsv::fileHead().toUtf8() +
+                                                       line("10", "B;c") + "\n" +
+                                                       line("1", "A") + "\n"));
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFinished}));
+    QCOMPARE(operation.bus.writes(), writesOf("10", "B;c") + writesOf("01", "A"));
+    // The file knows nothing of the audio mute, so the LDB keeps it.
+    QCOMPARE(operation.bus.settingsOf(QStringLiteral("10")),
+             QByteArray("10112233155A010500") + hex("B;c").leftJustified(32, '0') + "441E00");
+}
+
+void TestImportExport::importEndsOnce_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<Status>("end");
+    QTest::addColumn<QList<QByteArray>>("writes");
+    QTest::addColumn<QStringList>("failures");
+
+    // The LDBs 01 and 10 are connected, 02 is not.
+    const QByteArray both = line("1", "A") + line("10", "B");
+    const QList<QByteArray> writesA = writesOf("01", "A");
+    const QList<QByteArray> writesBoth = writesA + writesOf("10", "B");
+    const QString missingA = QStringLiteral("LDB 01 (address 1): no line in the file");
+    const QString missingB = QStringLiteral("LDB 10 (address 16): no line in the file");
+    const QString tornB = QStringLiteral(
+        "Line 2: ID 10 (read as 10 hexadecimal, address 16): 2 field(s) instead of 11");
+    const QString unknown2 = QStringLiteral("Line 3: ID 2 (read as 2 hexadecimal, address 2): "
+                                            "no LDB with this address is connected");
+    const auto row = [](const char* tag, const QByteArray& content, Status end,
+                        const QList<QByteArray>& writes, const QStringList& failures) {
+        QTest::newRow(tag) << content << end << writes << failures;
+    };
+    row("all good", both, Status::ImportFinished, writesBoth, {});
+    row("byte-order mark", "\xEF\xBB\xBF" + both, Status::ImportFinished, writesBoth, {});
+    row("CRLF", QByteArray(both).replace("\n", "\r\n"), Status::ImportFinished, writesBoth, {});
+    row("padded lines", "ID;;;;;;;;;;;\n" + QByteArray(both).replace("\n", ";\n") + ";;;;;;;;;;;\n",
+        Status::ImportFinished, writesBoth, {});
+    row("quoted IDs", QByteArray("\"") + line("1\"", "A") + line("10", "B"),
+        Status::ImportFailedSettingsMissing, writesOf("10", "B"), {missingA});
+    row("quoted name", line("1", "A") + line("10", "\"B\""), Status::ImportFailed, writesA,
+        {QStringLiteral("Line 2: ID 10 (read as 10 hexadecimal, address 16): "
+                        "The name stands in quotation marks")});
+    row("comma as separator", QByteArray(both).replace(';', ','),
+        Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
+    row("tab as separator", QByteArray(both).replace(';', '\t'),
+        Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
+    row("missing column", QByteArray(both).replace(";LDB 1.07", ""), Status::ImportFailed, {},
+        {QStringLiteral(
+             "Line 1: ID 1 (read as 1 hexadecimal, address 1): 10 field(s) instead of 11"),
+         QStringLiteral(
+             "Line 2: ID 10 (read as 10 hexadecimal, address 16): 10 field(s) instead of 11")});
+    row("torn last line", line("1", "A") + "10;B", Status::ImportFailed, writesA, {tornB});
+    row("empty file", "", Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
+    row("missing LDB", line("1", "A"), Status::ImportFailedSettingsMissing, writesA, {missingB});
+    row("unknown LDB", both + line("2", "C"), Status::ImportFailedNotAllConnected, writesBoth,
+        {unknown2});
+    row("broadcast address", both + line("FF", "C"), Status::ImportFailedNotAllConnected,
+        writesBoth,
+        {QStringLiteral("Line 3: ID FF (read as FF hexadecimal, address 255): "
+                        "no LDB with this address is connected")});
+    row("wrong before missing", "10;B\n", Status::ImportFailed, {},
+        {QString(tornB).replace(QLatin1String("Line 2"), QLatin1String("Line 1")), missingA});
+    row("unknown before wrong", line("1", "A") + "10;B\n" + line("2", "C"),
+        Status::ImportFailedNotAllConnected, writesA, {tornB, unknown2});
+}
+
+void TestImportExport::importEndsOnce()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(Status, end);
+    QFETCH(QList<QByteArray>, writes);
+    QFETCH(QStringList, failures);
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(content));
+    QVERIFY(operation.settle());
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, end}));
+    QCOMPARE(operation.bus.writes(), writes);
+    QCOMPARE(operation.job->failures(), failures);
+}
+
+void TestImportExport::importReportsEachCommand_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("failure");
+
+    const auto row = [](const char* tag, const QByteArray& request, const QByteArray& answer,
+                        const char* failure) {
+        QTest::newRow(tag) << request << answer
+                           << QStringLiteral(
+                                  "Line 1: ID 1 (read as 1 hexadecimal, address 1): ") +
+                                  QString::fromLatin1(failure);
+    };
+    row("name refused", "736302", kNak, "Device Name refused");
+    row("flags refused", "736314", kNak, "the 0/1 columns refused");
+    row("delay refused", "736317", kNak, "Open Detection Delay refused");
+    row("FIMs refused", "736303", kNak, "Number of FIM's refused");
+    row("store refused", "737806", kNak, "storing the settings refused");
+    row("name unanswered", "736302", kSilence, "Device Name unanswered");
+    row("store unanswered", "737806", kSilence, "storing the settings unanswered");
+    row("two refused", "736", kNak,
+        "Device Name refused, the 0/1 columns refused, Open Detection Delay refused, "
+        "Number of FIM's refused");
+}
+
+void TestImportExport::importReportsEachCommand()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, failure);
+    Operation operation({QStringLiteral("01")});
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        return isRequest(body, "01", request.constData()) ? std::make_optional(answer)
+                                                          : std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(line("1", "A")));
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
+    QCOMPARE(operation.job->failures(), QStringList{failure});
+}
+
+void TestImportExport::importGoesOnAfterARefusal()
+{
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
+    operation.bus.setScript([](const QByteArray& body) -> std::optional<QByteArray> {
+        return body.mid(2, 2) == "01" ? std::make_optional(kNak) : std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
+    QCOMPARE(operation.job->failures().size(), 1);
+    QCOMPARE(operation.bus.writes(), writesOf("01", "A") + writesOf("10", "B"));
+}
+
+void TestImportExport::importTellsProgress()
+{
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
+    QVERIFY(operation.connectLink());
+    QSignalSpy progress(operation.job.get(), &ImportExportDeviceSettings::progressChanged);
+    QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
+    QList<int> left;
+    for (const QVariantList& arguments : progress) {
+        left.append(arguments.at(0).toInt());
+        QCOMPARE(arguments.at(1).toInt(), 10);
+    }
+    QCOMPARE(left, (QList<int>{10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}));
+}
+
+void TestImportExport::importFailsWithoutFile()
+{
+    Operation operation({QStringLiteral("01")});
+    QVERIFY(operation.connectLink());
+    // The generated name carries the present time, so there can be no such file.
+    operation.job->setDefaultDirectory(operation.sandbox.path(QString()));
+    operation.job->importDeviceSettings();
+    QVERIFY(operation.waitForEnd());
+    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
+    QVERIFY(operation.job->failureText().startsWith(QLatin1String("The file cannot be opened")));
+}
+
+void TestImportExport::needsALink_data()
+{
+    QTest::addColumn<bool>("isImport");
+    QTest::newRow("export") << false;
+    QTest::newRow("import") << true;
+}
+
+void TestImportExport::needsALink()
+{
+    QFETCH(bool, isImport);
+    Operation operation({QStringLiteral("01")});
+    operation.sandbox.writeFile(QStringLiteral("in.csv"), line("1", "A"));
+    const QString path = operation.sandbox.path(QStringLiteral("in.csv"));
+    if (isImport) {
+        operation.job->importDeviceSettings(path);
+        QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
+    } else {
+        operation.job->exportDeviceSettings(path);
+        QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
+        // A file that cannot be written anew is left as it was.
+        QCOMPARE(Sandbox::readFile(path), line("1", "A"));
+    }
+    QCOMPARE(operation.job->failureText(), QStringLiteral("No LDB's are connected."));
+}
+
+void TestImportExport::endsWhenTheLinkStops_data()
+{
+    QTest::addColumn<bool>("isImport");
+    QTest::addColumn<bool>("isHangUp");
+    QTest::addColumn<QByteArray>("extraLine");
+    QTest::addColumn<Status>("end");
+    QTest::addColumn<QString>("failure");
+
+    const QString imported = QStringLiteral("Line 3: ID 10 (read as 10 hexadecimal, address 16): "
+                                            "the connection ended before it was written");
+    const QString exported =
+        QStringLiteral("LDB 10 (address 16): the connection ended before its answer");
+    QTest::newRow("import, stopped") << true << false << QByteArray() << Status::ImportFailed
+                                     << imported;
+    QTest::newRow("import, port lost")
+        << true << true << QByteArray() << Status::ImportFailed << imported;
+    QTest::newRow("import of an unknown LDB, stopped")
+        << true << false << line("F0", "X") << Status::ImportFailedNotAllConnected << imported;
+    QTest::newRow("export, stopped")
+        << false << false << QByteArray() << Status::ExportFailed << exported;
+    QTest::newRow("export, port lost")
+        << false << true << QByteArray() << Status::ExportFailed << exported;
+}
+
+void TestImportExport::endsWhenTheLinkStops()
+{
+    QFETCH(bool, isImport);
+    QFETCH(bool, isHangUp);
+    QFETCH(QByteArray, extraLine);
+    QFETCH(Status, end);
+    QFETCH(QString, failure);
+    std::unique_ptr<ExpectWarning> warning;
+    if (isHangUp) {
+        warning = std::make_unique<ExpectWarning>("^Port ");
+    }
+    Operation operation({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("10")});
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        // The LDB 02 has its turn: the first one is done, the third one is not.
+        if (isRequest(body, "02", isImport ? "736302" : "737201")) {
+            QTimer::singleShot(0, &operation.link, [&operation, isHangUp] {
+                if (isHangUp) {
+                    operation.bus.bus().hangUp();
+                } else {
+                    operation.link.stop();
+                }
+            });
+            return kSilence;
+        }
+        return std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
+    if (isImport) {
+        QVERIFY(operation.runImport(line("1", "A") + line("2", "B") +
+                                                           line("10", "C") + extraLine));
+    } else {
+        QVERIFY(operation.runExport(path));
+        QCOMPARE(Sandbox::readFile(path), settingscsv::fileHead().toUtf8() +
+                                              "1;LDB 01;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
+    }
+    QTest::qWait(0);
+    QCOMPARE(operation.statuses.size(), 2);
+    QCOMPARE(operation.statuses.constLast(), end);
+    QVERIFY2(operation.job->failures().contains(failure),
+             qPrintable(operation.job->failureText()));
+}
+
+void TestImportExport::isCancelled_data()
+{
+    QTest::addColumn<bool>("isDestroyed");
+    QTest::newRow("cancelled") << false;
+    QTest::newRow("destroyed") << true;
+}
+
+void TestImportExport::isCancelled()
+{
+    QFETCH(bool, isDestroyed);
+    QStringList ids;
+    QByteArray content;
+    for (int address = 1; address <= 9; ++address) {
+        ids.append(QStringLiteral("0%1").arg(address));
+        content += line(QByteArray::number(address).constData(), "A");
+    }
+    Operation operation(ids);
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        if (isRequest(body, "01", "736314")) {
+            if (isDestroyed) {
+                operation.job.reset();
+            } else {
+                operation.job->cancel();
+            }
+        }
+        return std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    operation.sandbox.writeFile(QStringLiteral("in.csv"), content);
+    operation.job->importDeviceSettings(operation.sandbox.path(QStringLiteral("in.csv")));
+    QTRY_VERIFY(operation.bus.writes().size() >= 5);
+    QVERIFY(operation.settle());
+
+    QCOMPARE(operation.statuses, QList<Status>{Status::ImportStarted});
+    // No LDB is left half written, and most were never begun.
+    const QList<QByteArray> writes = operation.bus.writes();
+    QCOMPARE(writes.size() % 5, 0);
+    QVERIFY(writes.size() <= 15);
+    QCOMPARE(writes.mid(0, 5), writesOf("01", "A"));
+}
+
+void TestImportExport::lostLdbIsNotConnected()
+{
+    const ExpectWarning warning("^Refused by 02$"); // to the probes of the lost one
+    Operation operation({QStringLiteral("01"), QStringLiteral("02")});
+    operation.sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n"
+                                  "BYTES_RECEIVED_WAIT_TIME=20\n");
+    // The tuning is read when the link is made.
+    SerialLink link;
+    QVERIFY(operation.bus.connectLink(link));
+    QSignalSpy lost(&link, &SerialLink::ldbDisconnected);
+    operation.bus.bus().setPresent({QStringLiteral("01")});
+    QTRY_COMPARE(lost.size(), 1);
+
+    ImportExportDeviceSettings importing(&link);
+    QSignalSpy statuses(&importing, &ImportExportDeviceSettings::statusChanged);
+    operation.sandbox.writeFile(QStringLiteral("in.csv"), line("1", "A") + line("2", "B"));
+    importing.importDeviceSettings(operation.sandbox.path(QStringLiteral("in.csv")));
+    QTRY_COMPARE(statuses.size(), 2);
+    QCOMPARE(statuses.constLast().constFirst().value<Status>(),
+             Status::ImportFailedNotAllConnected);
+    QCOMPARE(operation.bus.writes(), writesOf("01", "A"));
+
+    ImportExportDeviceSettings exporting(&link);
+    QSignalSpy exportStatuses(&exporting, &ImportExportDeviceSettings::statusChanged);
+    exporting.exportDeviceSettings(operation.sandbox.path(QStringLiteral("out.csv")));
+    QTRY_COMPARE(exportStatuses.size(), 2);
+    QCOMPARE(exportStatuses.constLast().constFirst().value<Status>(), Status::ExportFailed);
+    QCOMPARE(exporting.failures(),
+             QStringList{QStringLiteral("LDB 02 (address 2): not connected")});
+    QVERIFY(Sandbox::readFile(operation.sandbox.path(QStringLiteral("out.csv")))
+                .endsWith("1;A;1;1;5;0;1;0;1;30;LDB 1.07\n\n"));
+}
+
+void TestImportExport::limitsTheFailureText()
+{
+    Operation operation({QStringLiteral("01")});
+    QVERIFY(operation.connectLink());
+    QByteArray content;
+    for (int i = 0; i < 100; ++i) {
+        content += "FD;torn\n";
+    }
+    QVERIFY(operation.runImport(content));
+    QCOMPARE(operation.job->failures().size(), 101);
+    const QStringList shown = operation.job->failureText().split(QLatin1Char('\n'));
+    QCOMPARE(shown.size(), 13);
+    QCOMPARE(shown.constLast(), QStringLiteral("and 89 more"));
+}
+
+QTEST_GUILESS_MAIN(TestImportExport)
+#include "tst_importexport.moc"
