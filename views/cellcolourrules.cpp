@@ -31,7 +31,7 @@ int readThreshold(const QSettings& settings, const QString& key)
 
 QString readColourName(const QSettings& settings, const QString& key)
 {
-    const QString name = settings.value(key).toString();
+    QString name = settings.value(key).toString();
     if (!name.isEmpty() && !QColor::isValidColor(name)) {
         qWarning().noquote() << "The colour" << settings.group() + QLatin1Char('/') + key
                              << "is not known:" << name;
