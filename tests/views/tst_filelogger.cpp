@@ -464,5 +464,5 @@ void TestFileLogger::names()
     QCOMPARE(logfilename::withSuffix(chosen), name);
 }
 
-QTEST_MAIN(TestFileLogger)
+QTEST_GUILESS_MAIN(TestFileLogger)
 #include "tst_filelogger.moc"
