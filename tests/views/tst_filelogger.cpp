@@ -1,5 +1,6 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/filelogger.h"
 #include "views/logfilename.h"
@@ -65,6 +66,7 @@ private slots:
     void cleanup() override;
 
     void headerAndLineByteForByte();
+    void headerFollowsTheLanguage();
     void everyLineIsInTheFileAtOnce();
     void foreignLocaleAndCodec();
     void fields_data();
@@ -124,6 +126,15 @@ void TestFileLogger::headerAndLineByteForByte()
     QVERIFY(!m_logger->isLogging());
     QCOMPARE(content(), kHeader + "1F;Hall;Quiescent;Ok;24;12.34;23.95;-1;Ok;Ok;"
                                   "2026-03-04: 10:00:00;\n");
+}
+
+void TestFileLogger::headerFollowsTheLanguage()
+{
+    const BracketingTranslator translator;
+    QVERIFY(m_logger->startStop(true));
+    process("01", "10:00:00");
+    QVERIFY(content().startsWith("[Device Id];[Name];"));
+    QCOMPARE(content().split('\n').first().count('['), 11);
 }
 
 void TestFileLogger::everyLineIsInTheFileAtOnce()
@@ -464,5 +475,5 @@ void TestFileLogger::names()
     QCOMPARE(logfilename::withSuffix(chosen), name);
 }
 
-QTEST_MAIN(TestFileLogger)
+QTEST_GUILESS_MAIN(TestFileLogger)
 #include "tst_filelogger.moc"

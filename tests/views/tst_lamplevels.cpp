@@ -149,5 +149,5 @@ void TestLampLevels::rounds()
     QCOMPARE(found.join(QLatin1Char(' ')), shown);
 }
 
-QTEST_MAIN(TestLampLevels)
+QTEST_GUILESS_MAIN(TestLampLevels)
 #include "tst_lamplevels.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/lamppages.h"
 
@@ -22,6 +23,7 @@ private slots:
     void currentEntrySurvivesUpdates();
     void activation();
     void resetEmpties();
+    void languageChange();
 
 private:
     struct Pages
@@ -174,6 +176,19 @@ void TestLampPages::resetEmpties()
     // What was known before is forgotten, and comes again.
     process("01", {30, 0, 0, 0});
     QCOMPARE(texts(m_pages->a), QStringLiteral("01  Hall – Service mode"));
+}
+
+void TestLampPages::languageChange()
+{
+    process("01", {30, 0, 0, 0});
+    const BracketingTranslator translator;
+    m_pages->pages.retranslate();
+    QCOMPARE(texts(m_pages->a), QStringLiteral("01  Hall – Service mode"));
+    QCOMPARE(texts(m_pages->b), QStringLiteral("[No LDB]"));
+
+    process("01", {30, 0, 0, 3});
+    QCOMPARE(texts(m_pages->a), QStringLiteral("01  Hall – [Service mode]"));
+    QCOMPARE(texts(m_pages->c), QStringLiteral("01  Hall – [Amplifier: [Reconnected]]"));
 }
 
 QTEST_MAIN(TestLampPages)

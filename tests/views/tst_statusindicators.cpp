@@ -1,5 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
+#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/statusindicators.h"
 
@@ -48,6 +49,7 @@ private slots:
     void resetDarkensUntilTheNextRound();
     void statesInWords_data();
     void statesInWords();
+    void languageChange();
 
 private:
     struct Panel
@@ -152,7 +154,7 @@ void TestStatusIndicators::bothSpeedsKeepTheirPhase()
 {
     // Lamps of one speed blink together, whenever each began.
     m_panel->show({10, 0, 4, 0});
-    virtualTime->advance(125 * 3);
+    virtualTime->advance(375);
     m_panel->show({30, 1, 4, 0});
     virtualTime->advance(125);
     for (int tick = 0; tick < 8; ++tick) {
@@ -253,6 +255,20 @@ void TestStatusIndicators::statesInWords()
 
     m_panel->indicators.resetIndicators();
     QCOMPARE(m_panel->a.toolTip(), before);
+}
+
+void TestStatusIndicators::languageChange()
+{
+    m_panel->show({10, 0, 4, 0});
+    const BracketingTranslator translator;
+    m_panel->indicators.retranslate();
+
+    // The state is kept, its words change, in every lamp.
+    QCOMPARE(m_panel->b.accessibleName(), QStringLiteral("[[EARTH FAULT]: blinking fast]"));
+    for (const QLabel* lamp : {&m_panel->a, &m_panel->b, &m_panel->c, &m_panel->d}) {
+        QVERIFY(lamp->toolTip().startsWith(QLatin1String("[[")));
+        QVERIFY(lamp->accessibleDescription().startsWith(QLatin1Char('[')));
+    }
 }
 
 int main(int argc, char* argv[])
