@@ -33,6 +33,342 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>DeviceDetailTable</name>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Primary Port</source>
+        <translation>Port primaire</translation>
+    </message>
+    <message>
+        <source>Secondary Port</source>
+        <translation>Port secondaire</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Amplificateur</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceOverviewTable</name>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Primary Port</source>
+        <translation>Port primaire</translation>
+    </message>
+    <message>
+        <source>Secondary Port</source>
+        <translation>Port secondaire</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Amplificateur</translation>
+    </message>
+    <message>
+        <source>%1, selected</source>
+        <translation>%1, sélectionné</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSettingsFile</name>
+    <message numerus="yes">
+        <source>%n field(s) instead of %1</source>
+        <translation>
+            <numerusform>%n champ au lieu de %1</numerusform>
+            <numerusform>%n champs au lieu de %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It is not clear which fields belong to the name</source>
+        <translation>Impossible de déterminer quels champs appartiennent au nom</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither 0 nor 1</source>
+        <translation>« %1 » ne vaut ni 0 ni 1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number from 0 to %2</source>
+        <translation>« %1 » n&apos;est pas un nombre de 0 à %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
+        <translation>« %1 » vaut 1, mais « %2 » vaut 0</translation>
+    </message>
+    <message>
+        <source>The name stands in quotation marks</source>
+        <translation>Le nom est entre guillemets</translation>
+    </message>
+    <message>
+        <source>The name has characters that cannot be read</source>
+        <translation>Le nom contient des caractères illisibles</translation>
+    </message>
+    <message numerus="yes">
+        <source>The name does not fit into %n byte(s)</source>
+        <translation>
+            <numerusform>Le nom ne tient pas dans %n octet</numerusform>
+            <numerusform>Le nom ne tient pas dans %n octets</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The ID has more than one line</source>
+        <translation>L&apos;ID a plus d&apos;une ligne</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Device Name</source>
+        <translation>Nom de l&apos;appareil</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Sortie de défaut général</translation>
+    </message>
+    <message>
+        <source>Open Detection</source>
+        <translation>Détection de coupure</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Délai de détection de coupure</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start In Service Mode</source>
+        <translation>Démarrer en mode maintenance</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Détection de l&apos;amplificateur</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Nombre de FIM</translation>
+    </message>
+    <message>
+        <source>Firmware Id</source>
+        <translation>ID du micrologiciel</translation>
+    </message>
+</context>
+<context>
+    <name>FileLogger</name>
+    <message>
+        <source>Device Id</source>
+        <translation>ID de l&apos;appareil</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Primary Port (V)</source>
+        <translation>Port primaire (V)</translation>
+    </message>
+    <message>
+        <source>Primary Port (mA)</source>
+        <translation>Port primaire (mA)</translation>
+    </message>
+    <message>
+        <source>Secondary Port (V)</source>
+        <translation>Port secondaire (V)</translation>
+    </message>
+    <message>
+        <source>Secondary Port (mA)</source>
+        <translation>Port secondaire (mA)</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Amplificateur</translation>
+    </message>
+    <message>
+        <source>Timestamp</source>
+        <translation>Horodatage</translation>
+    </message>
+    <message>
+        <source>No file name is given.</source>
+        <translation>Aucun nom de fichier n&apos;est indiqué.</translation>
+    </message>
+    <message>
+        <source>The file has been removed.</source>
+        <translation>Le fichier a été supprimé.</translation>
+    </message>
+</context>
+<context>
+    <name>FimTracking</name>
+    <message>
+        <source>Earth Leakage Detected!
+</source>
+        <translation>Fuite à la terre détectée&#xa0;!
+</translation>
+    </message>
+    <message>
+        <source>Loop DC Leakage Detected!
+</source>
+        <translation>Fuite CC de boucle détectée&#xa0;!
+</translation>
+    </message>
+    <message>
+        <source>Primary Side approximately at FIM: %1</source>
+        <translation>Côté primaire environ au FIM&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Secondary Side approximately at FIM: %1</source>
+        <translation>Côté secondaire environ au FIM&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detected: approximately at FIM: %1</source>
+        <translation>Fuite à la terre détectée&#xa0;: environ au FIM&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Loop DC Leakage Detected: approximately at FIM: %1</source>
+        <translation>Fuite CC de boucle détectée&#xa0;: environ au FIM&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Mise en service</translation>
+    </message>
+    <message>
+        <source>Fault Finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Timeout: Open Detected</source>
+        <translation>Délai écoulé&#xa0;: coupure détectée</translation>
+    </message>
+    <message>
+        <source>Timeout: Short Detected</source>
+        <translation>Délai écoulé&#xa0;: court-circuit détecté</translation>
+    </message>
+    <message>
+        <source>Timeout: Side Connected</source>
+        <translation>Délai écoulé&#xa0;: côté raccordé</translation>
+    </message>
+    <message>
+        <source>Primary side open detected.</source>
+        <translation>Coupure détectée côté primaire.</translation>
+    </message>
+    <message>
+        <source>Secondary side open detected.</source>
+        <translation>Coupure détectée côté secondaire.</translation>
+    </message>
+    <message>
+        <source>Primary side short detected.</source>
+        <translation>Court-circuit détecté côté primaire.</translation>
+    </message>
+    <message>
+        <source>Secondary side short detected.</source>
+        <translation>Court-circuit détecté côté secondaire.</translation>
+    </message>
+    <message>
+        <source>Primary side is connected.</source>
+        <translation>Le côté primaire est raccordé.</translation>
+    </message>
+    <message>
+        <source>Secondary side is connected.</source>
+        <translation>Le côté secondaire est raccordé.</translation>
+    </message>
+    <message>
+        <source>Loop is connected</source>
+        <translation>La boucle est raccordée</translation>
+    </message>
+    <message>
+        <source>Primary side open detected</source>
+        <translation>Coupure détectée côté primaire</translation>
+    </message>
+    <message>
+        <source>Primary side short detected</source>
+        <translation>Court-circuit détecté côté primaire</translation>
+    </message>
+    <message>
+        <source>Secondary side open detected</source>
+        <translation>Coupure détectée côté secondaire</translation>
+    </message>
+    <message>
+        <source>Both sides open detected</source>
+        <translation>Coupure détectée des deux côtés</translation>
+    </message>
+    <message>
+        <source>Primary side short detected and Secondary side open detected.</source>
+        <translation>Court-circuit détecté côté primaire et coupure détectée côté secondaire.</translation>
+    </message>
+    <message>
+        <source>Secondary side short detected</source>
+        <translation>Court-circuit détecté côté secondaire</translation>
+    </message>
+    <message>
+        <source>Primary side open detected and Secondary side short detected.</source>
+        <translation>Coupure détectée côté primaire et court-circuit détecté côté secondaire.</translation>
+    </message>
+    <message>
+        <source>Both sides short detected</source>
+        <translation>Court-circuit détecté des deux côtés</translation>
+    </message>
+    <message numerus="yes">
+        <source>Total FIM Count: %n</source>
+        <translation>
+            <numerusform>Nombre total de FIM&#xa0;: %n</numerusform>
+            <numerusform>Nombre total de FIM&#xa0;: %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>GeneralInformation</name>
     <message>
         <source>Short</source>
@@ -41,6 +377,30 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>Short(memory)</source>
         <translation>Court-circuit(mémoire)</translation>
+    </message>
+</context>
+<context>
+    <name>ImportExportDeviceSettings</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>et encore %n</numerusform>
+            <numerusform>et encore %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LampCauses</name>
+    <message>
+        <source>Amplifier: %1</source>
+        <translation>Amplificateur&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LampPages</name>
+    <message>
+        <source>No LDB</source>
+        <translation>Aucun LDB</translation>
     </message>
 </context>
 <context>
@@ -235,6 +595,118 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>MainWindowPlot</name>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>SerialLink</name>
+    <message>
+        <source>The former connection has not ended yet.</source>
+        <translation>La connexion précédente n&apos;est pas encore terminée.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsExport</name>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Aucun LDB n&apos;est connecté.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>Impossible d&apos;écrire le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>pas de réponse</translation>
+    </message>
+    <message>
+        <source>no valid settings received</source>
+        <translation>aucun paramètre valide reçu</translation>
+    </message>
+    <message>
+        <source>no valid firmware id received</source>
+        <translation>aucun ID de micrologiciel valide reçu</translation>
+    </message>
+    <message>
+        <source>the name has characters that the file cannot hold</source>
+        <translation>le nom contient des caractères que le fichier ne peut pas contenir</translation>
+    </message>
+    <message>
+        <source>the connection ended before its answer</source>
+        <translation>la connexion s&apos;est terminée avant la réponse</translation>
+    </message>
+    <message>
+        <source>LDB %1 (address %2): %3</source>
+        <translation>LDB %1 (adresse %2)&#xa0;: %3</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsImport</name>
+    <message>
+        <source>the 0/1 columns</source>
+        <translation>les colonnes 0/1</translation>
+    </message>
+    <message>
+        <source>storing the settings</source>
+        <translation>mémorisation des paramètres</translation>
+    </message>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Aucun LDB n&apos;est connecté.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>Impossible de lire le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file is too long for a settings file.</source>
+        <translation>Le fichier est trop long pour un fichier de paramètres.</translation>
+    </message>
+    <message>
+        <source>no LDB with this address is connected</source>
+        <translation>aucun LDB avec cette adresse n&apos;est connecté</translation>
+    </message>
+    <message>
+        <source>LDB %1 (address %2): no line in the file</source>
+        <translation>LDB %1 (adresse %2)&#xa0;: aucune ligne dans le fichier</translation>
+    </message>
+    <message>
+        <source>%1 refused</source>
+        <translation>%1&#xa0;: refus</translation>
+    </message>
+    <message>
+        <source>%1 unanswered</source>
+        <translation>%1&#xa0;: sans réponse</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
+        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 hexadécimal, adresse %3)&#xa0;: %4</translation>
+    </message>
+</context>
+<context>
     <name>SettingsMenu</name>
     <message>
         <source>Settings</source>
@@ -303,6 +775,81 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>Product Identifier: %1</source>
         <translation>Identifiant du produit&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>StatusIndicators</name>
+    <message>
+        <source>SERVICE MODE</source>
+        <translation>MODE MAINTENANCE</translation>
+    </message>
+    <message>
+        <source>EARTH FAULT</source>
+        <translation>DÉFAUT DE TERRE</translation>
+    </message>
+    <message>
+        <source>OPEN/SHORT/LEAK</source>
+        <translation>COUPURE/COURT-CIRCUIT/FUITE</translation>
+    </message>
+    <message>
+        <source>SETTINGS</source>
+        <translation>PARAMÈTRES</translation>
+    </message>
+    <message>
+        <source>%1: off</source>
+        <translation>%1&#xa0;: éteint</translation>
+    </message>
+    <message>
+        <source>%1: blinking slowly</source>
+        <translation>%1&#xa0;: clignotement lent</translation>
+    </message>
+    <message>
+        <source>%1: blinking fast</source>
+        <translation>%1&#xa0;: clignotement rapide</translation>
+    </message>
+    <message>
+        <source>No round over all LDBs has been completed yet.</source>
+        <translation>Aucun cycle complet de tous les LDB n&apos;a encore été effectué.</translation>
+    </message>
+    <message>
+        <source>No LDB is in service mode.</source>
+        <translation>Aucun LDB n&apos;est en mode maintenance.</translation>
+    </message>
+    <message>
+        <source>At least one LDB is in service mode.</source>
+        <translation>Au moins un LDB est en mode maintenance.</translation>
+    </message>
+    <message>
+        <source>No LDB reports an earth fault.</source>
+        <translation>Aucun LDB ne signale de défaut de terre.</translation>
+    </message>
+    <message>
+        <source>At least one LDB has an earth fault now.</source>
+        <translation>Au moins un LDB présente actuellement un défaut de terre.</translation>
+    </message>
+    <message>
+        <source>At least one LDB remembers an earth fault that has gone.</source>
+        <translation>Au moins un LDB garde en mémoire un défaut de terre disparu.</translation>
+    </message>
+    <message>
+        <source>No LDB reports a fault of its loop or its amplifier.</source>
+        <translation>Aucun LDB ne signale de défaut de boucle ou d&apos;amplificateur.</translation>
+    </message>
+    <message>
+        <source>At least one LDB has an open, a short, DC leakage or a disconnected amplifier now.</source>
+        <translation>Au moins un LDB présente actuellement une coupure, un court-circuit, une fuite CC ou un amplificateur déconnecté.</translation>
+    </message>
+    <message>
+        <source>At least one LDB remembers a loop fault that has gone, or has its amplifier back.</source>
+        <translation>Au moins un LDB garde en mémoire un défaut de boucle disparu, ou a retrouvé son amplificateur.</translation>
+    </message>
+    <message>
+        <source>No LDB asks for its settings to be checked.</source>
+        <translation>Aucun LDB ne demande la vérification de ses paramètres.</translation>
+    </message>
+    <message>
+        <source>At least one LDB asks for its settings to be checked.</source>
+        <translation>Au moins un LDB demande la vérification de ses paramètres.</translation>
     </message>
 </context>
 </TS>

@@ -33,6 +33,342 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>DeviceDetailTable</name>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Lus</translation>
+    </message>
+    <message>
+        <source>Primary Port</source>
+        <translation>Primaire poort</translation>
+    </message>
+    <message>
+        <source>Secondary Port</source>
+        <translation>Secundaire poort</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Versterker</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceOverviewTable</name>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Lus</translation>
+    </message>
+    <message>
+        <source>Primary Port</source>
+        <translation>Primaire poort</translation>
+    </message>
+    <message>
+        <source>Secondary Port</source>
+        <translation>Secundaire poort</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Versterker</translation>
+    </message>
+    <message>
+        <source>%1, selected</source>
+        <translation>%1, geselecteerd</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSettingsFile</name>
+    <message numerus="yes">
+        <source>%n field(s) instead of %1</source>
+        <translation>
+            <numerusform>%n veld in plaats van %1</numerusform>
+            <numerusform>%n velden in plaats van %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It is not clear which fields belong to the name</source>
+        <translation>Het is niet duidelijk welke velden bij de naam horen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither 0 nor 1</source>
+        <translation>&quot;%1&quot; is geen 0 en geen 1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number from 0 to %2</source>
+        <translation>&quot;%1&quot; is geen getal van 0 tot en met %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
+        <translation>&quot;%1&quot; is 1, maar &quot;%2&quot; is 0</translation>
+    </message>
+    <message>
+        <source>The name stands in quotation marks</source>
+        <translation>De naam staat tussen aanhalingstekens</translation>
+    </message>
+    <message>
+        <source>The name has characters that cannot be read</source>
+        <translation>De naam bevat tekens die niet gelezen kunnen worden</translation>
+    </message>
+    <message numerus="yes">
+        <source>The name does not fit into %n byte(s)</source>
+        <translation>
+            <numerusform>De naam past niet in %n byte</numerusform>
+            <numerusform>De naam past niet in %n bytes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The ID has more than one line</source>
+        <translation>Het ID heeft meer dan één regel</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Device Name</source>
+        <translation>Apparaatnaam</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Algemene storingsuitgang</translation>
+    </message>
+    <message>
+        <source>Open Detection</source>
+        <translation>Onderbrekingsdetectie</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Vertraging onderbrekingsdetectie</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Aardlekdetectie</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Detectie aarddraad onderbroken</translation>
+    </message>
+    <message>
+        <source>Start In Service Mode</source>
+        <translation>Starten in servicemodus</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Versterkerdetectie</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
+    </message>
+    <message>
+        <source>Firmware Id</source>
+        <translation>Firmware-ID</translation>
+    </message>
+</context>
+<context>
+    <name>FileLogger</name>
+    <message>
+        <source>Device Id</source>
+        <translation>Apparaat-ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Lus</translation>
+    </message>
+    <message>
+        <source>Primary Port (V)</source>
+        <translation>Primaire poort (V)</translation>
+    </message>
+    <message>
+        <source>Primary Port (mA)</source>
+        <translation>Primaire poort (mA)</translation>
+    </message>
+    <message>
+        <source>Secondary Port (V)</source>
+        <translation>Secundaire poort (V)</translation>
+    </message>
+    <message>
+        <source>Secondary Port (mA)</source>
+        <translation>Secundaire poort (mA)</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Versterker</translation>
+    </message>
+    <message>
+        <source>Timestamp</source>
+        <translation>Tijdstip</translation>
+    </message>
+    <message>
+        <source>No file name is given.</source>
+        <translation>Er is geen bestandsnaam opgegeven.</translation>
+    </message>
+    <message>
+        <source>The file has been removed.</source>
+        <translation>Het bestand is verwijderd.</translation>
+    </message>
+</context>
+<context>
+    <name>FimTracking</name>
+    <message>
+        <source>Earth Leakage Detected!
+</source>
+        <translation>Aardlek gedetecteerd!
+</translation>
+    </message>
+    <message>
+        <source>Loop DC Leakage Detected!
+</source>
+        <translation>DC-lek in de lus gedetecteerd!
+</translation>
+    </message>
+    <message>
+        <source>Primary Side approximately at FIM: %1</source>
+        <translation>Primaire zijde ongeveer bij FIM: %1</translation>
+    </message>
+    <message>
+        <source>Secondary Side approximately at FIM: %1</source>
+        <translation>Secundaire zijde ongeveer bij FIM: %1</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detected: approximately at FIM: %1</source>
+        <translation>Aardlek gedetecteerd: ongeveer bij FIM: %1</translation>
+    </message>
+    <message>
+        <source>Loop DC Leakage Detected: approximately at FIM: %1</source>
+        <translation>DC-lek in de lus gedetecteerd: ongeveer bij FIM: %1</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Fault Finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Timeout: Open Detected</source>
+        <translation>Time-out: onderbreking gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Timeout: Short Detected</source>
+        <translation>Time-out: kortsluiting gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Timeout: Side Connected</source>
+        <translation>Time-out: zijde verbonden</translation>
+    </message>
+    <message>
+        <source>Primary side open detected.</source>
+        <translation>Onderbreking aan primaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Secondary side open detected.</source>
+        <translation>Onderbreking aan secundaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Primary side short detected.</source>
+        <translation>Kortsluiting aan primaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Secondary side short detected.</source>
+        <translation>Kortsluiting aan secundaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Primary side is connected.</source>
+        <translation>Primaire zijde is verbonden.</translation>
+    </message>
+    <message>
+        <source>Secondary side is connected.</source>
+        <translation>Secundaire zijde is verbonden.</translation>
+    </message>
+    <message>
+        <source>Loop is connected</source>
+        <translation>Lus is verbonden</translation>
+    </message>
+    <message>
+        <source>Primary side open detected</source>
+        <translation>Onderbreking aan primaire zijde gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Primary side short detected</source>
+        <translation>Kortsluiting aan primaire zijde gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Secondary side open detected</source>
+        <translation>Onderbreking aan secundaire zijde gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Both sides open detected</source>
+        <translation>Onderbreking aan beide zijden gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Primary side short detected and Secondary side open detected.</source>
+        <translation>Kortsluiting aan primaire zijde en onderbreking aan secundaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Secondary side short detected</source>
+        <translation>Kortsluiting aan secundaire zijde gedetecteerd</translation>
+    </message>
+    <message>
+        <source>Primary side open detected and Secondary side short detected.</source>
+        <translation>Onderbreking aan primaire zijde en kortsluiting aan secundaire zijde gedetecteerd.</translation>
+    </message>
+    <message>
+        <source>Both sides short detected</source>
+        <translation>Kortsluiting aan beide zijden gedetecteerd</translation>
+    </message>
+    <message numerus="yes">
+        <source>Total FIM Count: %n</source>
+        <translation>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>GeneralInformation</name>
     <message>
         <source>Short</source>
@@ -41,6 +377,30 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>Short(memory)</source>
         <translation>Kortsluiting(geheugen)</translation>
+    </message>
+</context>
+<context>
+    <name>ImportExportDeviceSettings</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>en nog %n</numerusform>
+            <numerusform>en nog %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LampCauses</name>
+    <message>
+        <source>Amplifier: %1</source>
+        <translation>Versterker: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LampPages</name>
+    <message>
+        <source>No LDB</source>
+        <translation>Geen LDB</translation>
     </message>
 </context>
 <context>
@@ -235,6 +595,118 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>MainWindowPlot</name>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>SerialLink</name>
+    <message>
+        <source>The former connection has not ended yet.</source>
+        <translation>De vorige verbinding is nog niet beëindigd.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsExport</name>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Het bestand kan niet worden geopend: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>Het bestand kan niet worden geschreven: %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>niet verbonden</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>geen antwoord</translation>
+    </message>
+    <message>
+        <source>no valid settings received</source>
+        <translation>geen geldige instellingen ontvangen</translation>
+    </message>
+    <message>
+        <source>no valid firmware id received</source>
+        <translation>geen geldige firmware-ID ontvangen</translation>
+    </message>
+    <message>
+        <source>the name has characters that the file cannot hold</source>
+        <translation>de naam bevat tekens die het bestand niet kan bevatten</translation>
+    </message>
+    <message>
+        <source>the connection ended before its answer</source>
+        <translation>de verbinding werd beëindigd vóór het antwoord</translation>
+    </message>
+    <message>
+        <source>LDB %1 (address %2): %3</source>
+        <translation>LDB %1 (adres %2): %3</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsImport</name>
+    <message>
+        <source>the 0/1 columns</source>
+        <translation>de 0/1-kolommen</translation>
+    </message>
+    <message>
+        <source>storing the settings</source>
+        <translation>opslaan van de instellingen</translation>
+    </message>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Het bestand kan niet worden geopend: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>Het bestand kan niet worden gelezen: %1</translation>
+    </message>
+    <message>
+        <source>The file is too long for a settings file.</source>
+        <translation>Het bestand is te lang voor een instellingenbestand.</translation>
+    </message>
+    <message>
+        <source>no LDB with this address is connected</source>
+        <translation>er is geen LDB met dit adres verbonden</translation>
+    </message>
+    <message>
+        <source>LDB %1 (address %2): no line in the file</source>
+        <translation>LDB %1 (adres %2): geen regel in het bestand</translation>
+    </message>
+    <message>
+        <source>%1 refused</source>
+        <translation>%1 geweigerd</translation>
+    </message>
+    <message>
+        <source>%1 unanswered</source>
+        <translation>%1 niet beantwoord</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>de verbinding werd beëindigd voordat het geschreven was</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
+        <translation>Regel %1: ID %2 (gelezen als %2 hexadecimaal, adres %3): %4</translation>
+    </message>
+</context>
+<context>
     <name>SettingsMenu</name>
     <message>
         <source>Settings</source>
@@ -303,6 +775,81 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>Product Identifier: %1</source>
         <translation>Product-ID: %1</translation>
+    </message>
+</context>
+<context>
+    <name>StatusIndicators</name>
+    <message>
+        <source>SERVICE MODE</source>
+        <translation>SERVICEMODUS</translation>
+    </message>
+    <message>
+        <source>EARTH FAULT</source>
+        <translation>AARDFOUT</translation>
+    </message>
+    <message>
+        <source>OPEN/SHORT/LEAK</source>
+        <translation>OPEN/KORTSLUITING/LEK</translation>
+    </message>
+    <message>
+        <source>SETTINGS</source>
+        <translation>INSTELLINGEN</translation>
+    </message>
+    <message>
+        <source>%1: off</source>
+        <translation>%1: uit</translation>
+    </message>
+    <message>
+        <source>%1: blinking slowly</source>
+        <translation>%1: knippert langzaam</translation>
+    </message>
+    <message>
+        <source>%1: blinking fast</source>
+        <translation>%1: knippert snel</translation>
+    </message>
+    <message>
+        <source>No round over all LDBs has been completed yet.</source>
+        <translation>Er is nog geen volledige ronde langs alle LDB&apos;s geweest.</translation>
+    </message>
+    <message>
+        <source>No LDB is in service mode.</source>
+        <translation>Geen enkele LDB staat in servicemodus.</translation>
+    </message>
+    <message>
+        <source>At least one LDB is in service mode.</source>
+        <translation>Ten minste één LDB staat in servicemodus.</translation>
+    </message>
+    <message>
+        <source>No LDB reports an earth fault.</source>
+        <translation>Geen enkele LDB meldt een aardfout.</translation>
+    </message>
+    <message>
+        <source>At least one LDB has an earth fault now.</source>
+        <translation>Ten minste één LDB heeft nu een aardfout.</translation>
+    </message>
+    <message>
+        <source>At least one LDB remembers an earth fault that has gone.</source>
+        <translation>Ten minste één LDB onthoudt een verdwenen aardfout.</translation>
+    </message>
+    <message>
+        <source>No LDB reports a fault of its loop or its amplifier.</source>
+        <translation>Geen enkele LDB meldt een fout van zijn lus of zijn versterker.</translation>
+    </message>
+    <message>
+        <source>At least one LDB has an open, a short, DC leakage or a disconnected amplifier now.</source>
+        <translation>Ten minste één LDB heeft nu een onderbreking, een kortsluiting, een DC-lek of een niet-verbonden versterker.</translation>
+    </message>
+    <message>
+        <source>At least one LDB remembers a loop fault that has gone, or has its amplifier back.</source>
+        <translation>Ten minste één LDB onthoudt een verdwenen lusfout of heeft zijn versterker terug.</translation>
+    </message>
+    <message>
+        <source>No LDB asks for its settings to be checked.</source>
+        <translation>Geen enkele LDB vraagt om controle van de instellingen.</translation>
+    </message>
+    <message>
+        <source>At least one LDB asks for its settings to be checked.</source>
+        <translation>Ten minste één LDB vraagt om controle van de instellingen.</translation>
     </message>
 </context>
 </TS>
