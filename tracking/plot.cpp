@@ -4,36 +4,28 @@
 #include "tracking/clockscaleengine.h"
 #include "tracking/historycurve.h"
 #include "tracking/myqwtplotmagnifier.h"
+#include "tracking/plotappearance.h"
 
 #include <QDateTime>
 #include <QThread>
 #include <QVBoxLayout>
-#include <QtMath>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
 #include <qwt_plot_panner.h>
-#include <qwt_scale_widget.h>
 
-#include <cmath>
+#include <algorithm>
 
 namespace {
 
 constexpr int kDefaultWindowTime = 600000;
 constexpr int kDefaultWindowInterval = 60000;
+// Times that a calendar can show: after the epoch's first millisecond and before the year 10000.
 constexpr double kEarliestTime = 1.0;
+constexpr double kLatestTime = 253402300800000.0;
 
-// The canvas is dark in every palette: the bright named colours of the curves are told apart on it,
-// on white lime and orange are not.
-const QColor kCanvasColor(24, 26, 30);
-const QColor kGridColor(62, 66, 74);
-const QColor kFallbackCurveColor(220, 220, 220);
-const QColor kLegendTextColor(235, 235, 235);
-const QColor kHiddenCurveTextColor(130, 134, 142);
-const QColor kLegendFrameLight(110, 114, 122);
-const QColor kLegendFrameDark(8, 9, 10);
 constexpr int kLegendIconExtent = 12;
 constexpr int kOuterMargin = 3; // the outermost labels reach up to the border
 constexpr QSize kMinimumSize(240, 140);
@@ -47,31 +39,6 @@ constexpr int kMaxTimeLabels = 6;
 bool isYAxis(int axis)
 {
     return axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
-}
-
-QColor curveColor(const QString& name)
-{
-    const QColor color(name);
-    if (!color.isValid()) {
-        qWarning("Plot: unknown colour %s", qPrintable(name));
-        return kFallbackCurveColor;
-    }
-    return color;
-}
-
-QPalette legendPalette(QPalette palette, const QColor& textColor)
-{
-    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::Mid}) {
-        palette.setColor(role, kCanvasColor);
-    }
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, textColor);
-    }
-    palette.setColor(QPalette::Light, kLegendFrameLight);
-    palette.setColor(QPalette::Midlight, kLegendFrameLight);
-    palette.setColor(QPalette::Dark, kLegendFrameDark);
-    palette.setColor(QPalette::Shadow, kLegendFrameDark);
-    return palette;
 }
 
 } // namespace
@@ -156,18 +123,8 @@ void Plot::setLocalTimeOf(double timeMsSinceEpoch)
 
 void Plot::initGrid(QwtPlot* plot)
 {
-    auto* const canvas = new QwtPlotCanvas;
-    canvas->setFrameStyle(QFrame::NoFrame);
-    // The picture changes with nearly every paint, a second copy of it is of no use.
-    canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
-    canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
-    canvas->setFocusPolicy(Qt::ClickFocus); // for the keys that zoom
-    plot->setCanvas(canvas);
-    plot->setCanvasBackground(kCanvasColor);
-
-    auto* const grid = new QwtPlotGrid;
-    grid->setPen(kGridColor, 0.0, Qt::SolidLine);
-    grid->attach(plot);
+    plot->setCanvas(plotappearance::createCanvas());
+    plotappearance::createGrid()->attach(plot);
 }
 
 void Plot::initLabels(QwtPlot* plot)
@@ -181,7 +138,7 @@ void Plot::initLegend(QwtPlot* plot)
     auto* const legend = new QwtLegend;
     legend->setFrameStyle(QFrame::Box | QFrame::Sunken);
     legend->setDefaultItemMode(QwtLegendData::Checkable);
-    legend->setPalette(legendPalette(palette(), kLegendTextColor));
+    legend->setPalette(plotappearance::legendPalette(palette()));
     legend->setAutoFillBackground(true);
     connect(legend, &QwtLegend::checked, this, &Plot::plotLegendClick);
     plot->insertLegend(legend, QwtPlot::RightLegend);
@@ -220,7 +177,8 @@ int Plot::addCurve(const QString& name, const QString& color, int yaxis)
         return number;
     }
     m_history.addCurve(number);
-    auto curve = std::make_unique<HistoryCurve>(name, curveColor(color), m_history, number);
+    auto curve =
+        std::make_unique<HistoryCurve>(name, plotappearance::curveColor(color), m_history, number);
     const int axis = isYAxis(yaxis) ? yaxis : QwtPlot::yLeft;
     curve->setAxes(kTimeAxis, axis);
     m_plot->enableAxis(axis);
@@ -246,7 +204,7 @@ bool Plot::removeCurve(int curveNumber)
 bool Plot::addData(int curveNumber, double value, double timeMsSinceEpoch)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    const bool isTimeUsable = timeMsSinceEpoch > kEarliestTime && std::isfinite(timeMsSinceEpoch);
+    const bool isTimeUsable = timeMsSinceEpoch > kEarliestTime && timeMsSinceEpoch < kLatestTime;
     if (!isTimeUsable || !m_history.hasCurve(curveNumber)) {
         return false;
     }
@@ -471,8 +429,7 @@ void Plot::updateLegendItems()
             qobject_cast<QwtLegendLabel*>(legend->legendWidget(m_plot->itemToInfo(curve.get())));
         if (label != nullptr) {
             label->setChecked(curve->isVisible());
-            label->setPalette(legendPalette(palette(), curve->isVisible() ? kLegendTextColor
-                                                                          : kHiddenCurveTextColor));
+            label->setPalette(plotappearance::legendPalette(palette(), curve->isVisible()));
         }
     }
 }

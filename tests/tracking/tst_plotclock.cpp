@@ -1,0 +1,105 @@
+#include "tests/support/testcase.h"
+#include "tracking/clockscaledraw.h"
+#include "tracking/clockscaleengine.h"
+
+#include <QtTest>
+
+class TestPlotClock : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void dividesAtWholeSteps_data();
+    void dividesAtWholeSteps();
+    void readsAsAClock_data();
+    void readsAsAClock();
+    void keepsLabelsApart_data();
+    void keepsLabelsApart();
+};
+
+namespace {
+
+// 2024-05-06 14:03:20.5 UTC.
+constexpr double kNoon = 1715004200500.0;
+constexpr double kMinute = 60000.0;
+
+QStringList labelsOf(double from, double to, double step, int utcOffset)
+{
+    ClockScaleEngine engine;
+    engine.setUtcOffset(utcOffset);
+    ClockScaleDraw draw;
+    draw.setUtcOffset(utcOffset);
+    draw.setScaleDiv(engine.divideScale(from, to, 6, 5, step));
+    QStringList labels;
+    for (const double tick : draw.scaleDiv().ticks(QwtScaleDiv::MajorTick)) {
+        labels << draw.label(tick).text();
+    }
+    return labels;
+}
+
+} // namespace
+
+void TestPlotClock::dividesAtWholeSteps_data()
+{
+    QTest::addColumn<double>("window");
+    QTest::addColumn<double>("step");
+    QTest::addColumn<int>("utcOffset");
+    QTest::addColumn<QString>("labels");
+
+    QTest::newRow("minutes") << 4 * kMinute << kMinute << 0 << "14:00 14:01 14:02 14:03";
+    QTest::newRow("east") << 4 * kMinute << kMinute << 7200 << "16:00 16:01 16:02 16:03";
+    QTest::newRow("half an hour off") << 50 * kMinute << 30 * kMinute << 19800 << "19:00 19:30";
+    QTest::newRow("hours on a half-hour clock")
+        << 120 * kMinute << 60 * kMinute << 19800 << "18:00 19:00";
+    QTest::newRow("seconds") << 60000.0 << 30000.0 << 0 << "14:02:30 14:03:00";
+}
+
+void TestPlotClock::dividesAtWholeSteps()
+{
+    QFETCH(double, window);
+    QFETCH(double, step);
+    QFETCH(int, utcOffset);
+    QTEST(labelsOf(kNoon - window, kNoon, step, utcOffset).join(QLatin1Char(' ')), "labels");
+}
+
+void TestPlotClock::readsAsAClock_data()
+{
+    QTest::addColumn<double>("window");
+    QTest::addColumn<QString>("pattern");
+    QTest::newRow("milliseconds") << 600.0 << "^\\d\\d:\\d\\d:\\d\\d\\.\\d{3}$";
+    QTest::newRow("seconds") << 30000.0 << "^\\d\\d:\\d\\d:\\d\\d$";
+    QTest::newRow("hours") << 600 * kMinute << "^\\d\\d:00$";
+    QTest::newRow("days") << 20000 * kMinute << "^\\d{4}-\\d\\d-\\d\\d$";
+}
+
+void TestPlotClock::readsAsAClock()
+{
+    QFETCH(double, window);
+    QFETCH(QString, pattern);
+    // Without a step the axis finds its own, as when it is zoomed.
+    const QStringList labels = labelsOf(kNoon - window, kNoon, 0.0, 3600);
+    QVERIFY(labels.size() > 1);
+    QVERIFY(labels.size() < 16);
+    for (const QString& label : labels) {
+        QVERIFY2(QRegularExpression(pattern).match(label).hasMatch(), qPrintable(label));
+    }
+}
+
+void TestPlotClock::keepsLabelsApart_data()
+{
+    QTest::addColumn<double>("stepWidth");
+    QTest::addColumn<int>("steps");
+    QTest::newRow("room for all") << 48.0 << 1;
+    QTest::newRow("just too narrow") << 47.9 << 2;
+    QTest::newRow("half") << 24.0 << 2;
+    QTest::newRow("fifth") << 10.0 << 5;
+    QTest::newRow("no room at all") << 0.1 << 30;
+}
+
+void TestPlotClock::keepsLabelsApart()
+{
+    QFETCH(double, stepWidth);
+    QTEST(ClockScaleDraw::stepsPerLabel(stepWidth, 40.0), "steps");
+}
+
+QTEST_MAIN(TestPlotClock)
+#include "tst_plotclock.moc"

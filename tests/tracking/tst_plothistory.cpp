@@ -1,0 +1,173 @@
+#include "tests/support/testcase.h"
+#include "tracking/plothistory.h"
+
+#include <QtTest>
+
+namespace {
+
+constexpr double kMarker = -40000.0;
+
+/// A curve's values as text, "-" where there is none.
+QString valuesOf(const PlotHistory& history, int curve)
+{
+    QStringList texts;
+    for (int i = 0; i < history.size(); ++i) {
+        const double value = history.values(curve)[i];
+        texts << (std::isnan(value) ? QStringLiteral("-") : QString::number(value));
+    }
+    return texts.join(QLatin1Char(' '));
+}
+
+QString timesOf(const PlotHistory& history)
+{
+    QStringList texts;
+    for (int i = 0; i < history.size(); ++i) {
+        texts << QString::number(history.times()[i]);
+    }
+    return texts.join(QLatin1Char(' '));
+}
+
+struct Added
+{
+    int curve;
+    double value;
+    double time;
+};
+
+} // namespace
+
+class TestPlotHistory : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void keepsCurvesBesideOneTimeAxis_data();
+    void keepsCurvesBesideOneTimeAxis();
+    void staysWithinTheLimit();
+    void followsALoweredLimit();
+    void curvesComeAndGo();
+    void marksWhatCannotBeDrawn();
+};
+
+Q_DECLARE_METATYPE(QVector<Added>)
+
+void TestPlotHistory::keepsCurvesBesideOneTimeAxis_data()
+{
+    QTest::addColumn<QVector<Added>>("added");
+    QTest::addColumn<int>("dropped");
+    QTest::addColumn<QString>("times");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+
+    const auto row = [](const char* name, const QVector<Added>& added, int dropped,
+                        const char* times, const char* first, const char* second) {
+        QTest::newRow(name) << added << dropped << QString::fromLatin1(times)
+                            << QString::fromLatin1(first) << QString::fromLatin1(second);
+    };
+    row("values of one stamp share it", {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}}, 0,
+        "10 20", "1 3", "2 4");
+    row("a curve left out has a gap", {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {0, 5, 30}, {1, 6, 30}},
+        0, "10 20 30", "1 3 5", "2 - 6");
+    row("a second value replaces the first", {{0, 1, 10}, {0, 2, 10}}, 0, "10", "2", "-");
+    row("one curve after the other", {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {1, 7, 10}, {1, 8, 30}},
+        0, "10 20 30", "1 2 3", "7 - 8");
+    row("a late curve with stamps of its own", {{0, 1, 10}, {0, 3, 30}, {1, 7, 5}, {1, 8, 20}}, 0,
+        "5 10 20 30", "- 1 - 3", "7 - 8 -");
+    row("clock set back between stamps",
+        {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}, {0, 5, 30}, {0, 6, 15}, {1, 7, 15}}, 2,
+        "10 15", "1 6", "2 7");
+    row("clock set back to a known stamp", {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {0, 9, 20}}, 1,
+        "10 20", "1 9", "- -");
+    row("clock set back before all", {{0, 1, 10}, {0, 2, 20}, {0, 9, 5}, {0, 8, 6}}, 2, "5 6",
+        "9 8", "- -");
+}
+
+void TestPlotHistory::keepsCurvesBesideOneTimeAxis()
+{
+    QFETCH(QVector<Added>, added);
+    PlotHistory history;
+    history.addCurve(0);
+    history.addCurve(1);
+    int dropped = 0;
+    for (const Added& one : added) {
+        dropped += history.add(one.curve, one.value, one.time);
+    }
+    QTEST(dropped, "dropped");
+    QTEST(timesOf(history), "times");
+    QTEST(valuesOf(history, 0), "first");
+    QTEST(valuesOf(history, 1), "second");
+}
+
+void TestPlotHistory::staysWithinTheLimit()
+{
+    // Enough for the memory behind the history to be given back several times.
+    constexpr int kLimit = 1000;
+    constexpr int kStamps = 5003;
+    PlotHistory history;
+    history.setLimit(kLimit);
+    history.addCurve(0);
+    history.addCurve(1);
+    for (int i = 1; i <= kStamps; ++i) {
+        history.add(0, i, i);
+        history.add(1, -i, i);
+        // The oldest goes when more than the limit are held: one more than the limit stays.
+        QCOMPARE(history.size(), qMin(i, kLimit + 1));
+    }
+    QCOMPARE(history.newestTime(), double(kStamps));
+    for (int i = 0; i < history.size(); ++i) {
+        const double time = kStamps - kLimit + i;
+        QCOMPARE(history.times()[i], time);
+        QCOMPARE(history.values(0)[i], time);
+        QCOMPARE(history.values(1)[i], -time);
+    }
+}
+
+void TestPlotHistory::followsALoweredLimit()
+{
+    PlotHistory history;
+    history.addCurve(0);
+    for (int i = 1; i <= 10; ++i) {
+        history.add(0, i, i);
+    }
+    history.setLimit(3);
+    history.add(0, 11, 11);
+    QCOMPARE(timesOf(history), QStringLiteral("8 9 10 11"));
+    history.setLimit(-5);
+    history.add(0, 12, 12);
+    QCOMPARE(timesOf(history), QStringLiteral("12"));
+}
+
+void TestPlotHistory::curvesComeAndGo()
+{
+    PlotHistory history;
+    history.addCurve(0);
+    history.add(0, 1, 10);
+    history.addCurve(3);
+    history.add(3, 2, 20);
+    QCOMPARE(valuesOf(history, 3), QStringLiteral("- 2"));
+    history.removeCurve(3);
+    QVERIFY(!history.hasCurve(3));
+    history.addCurve(3);
+    QCOMPARE(valuesOf(history, 3), QStringLiteral("- -"));
+    history.clear();
+    QVERIFY(history.isEmpty());
+    // An empty history knows no later time that an earlier one could go back behind.
+    QCOMPARE(history.add(0, 5, 1), 0);
+    QCOMPARE(valuesOf(history, 0), QStringLiteral("5"));
+    QCOMPARE(valuesOf(history, 3), QStringLiteral("-"));
+}
+
+void TestPlotHistory::marksWhatCannotBeDrawn()
+{
+    PlotHistory history;
+    history.addCurve(0);
+    history.add(0, kMarker, 10);
+    QCOMPARE(history.values(0)[0], kMarker);
+    QVERIFY(!PlotHistory::isDrawable(kMarker));
+    QVERIFY(!PlotHistory::isDrawable(qQNaN()));
+    QVERIFY(!PlotHistory::isDrawable(qInf()));
+    QVERIFY(PlotHistory::isDrawable(-39999.0));
+    QVERIFY(PlotHistory::isDrawable(0.0));
+}
+
+QTEST_GUILESS_MAIN(TestPlotHistory)
+#include "tst_plothistory.moc"

@@ -1,0 +1,191 @@
+#include "tests/support/testcase.h"
+#include "tracking/polylinebuilder.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QRegion>
+#include <QtTest>
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+/// Builds from text: numbers are the y of points one step of x apart, "-" is a missing value.
+PolylineBuilder built(const QString& text, double step)
+{
+    PolylineBuilder builder;
+    double x = 0.5;
+    for (const QString& word : text.split(QLatin1Char(' '))) {
+        if (word == QLatin1String("-")) {
+            builder.breakRun();
+        } else {
+            builder.add({x, word.toDouble()});
+        }
+        x += step;
+    }
+    builder.finish();
+    return builder;
+}
+
+QString textOf(const PolylineBuilder& builder)
+{
+    QStringList lines;
+    int start = 0;
+    for (const int end : builder.lineEnds()) {
+        QStringList line;
+        for (; start < end; ++start) {
+            line << QString::number(builder.points().at(start).y());
+        }
+        lines << line.join(QLatin1Char(' '));
+    }
+    return lines.join(QLatin1String(" | "));
+}
+
+} // namespace
+
+class TestPlotLines : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void partsRunsAtGaps_data();
+    void partsRunsAtGaps();
+    void keepsEveryPeak_data();
+    void keepsEveryPeak();
+    void mergedBarsCoverTheSame_data();
+    void mergedBarsCoverTheSame();
+};
+
+void TestPlotLines::partsRunsAtGaps_data()
+{
+    QTest::addColumn<QString>("points");
+    QTest::addColumn<double>("step");
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<int>("lonePoints");
+    QTest::addColumn<int>("bars");
+
+    const auto row = [](const char* name, const char* points, double step, const char* lines,
+                        int lonePoints, int bars) {
+        QTest::newRow(name) << QString::fromLatin1(points) << step << QString::fromLatin1(lines)
+                            << lonePoints << bars;
+    };
+    row("no gap", "1 2 3", 10, "1 2 3", 0, 0);
+    row("a gap", "1 2 - 3 4", 10, "1 2 | 3 4", 0, 0);
+    row("gaps at the ends", "- 1 2 - -", 10, "1 2", 0, 0);
+    row("alone between gaps", "1 2 - 3 - 4 5", 10, "1 2 | 4 5", 1, 0);
+    row("a single point", "1", 10, "", 1, 0);
+    row("nothing but gaps", "- - -", 10, "", 0, 0);
+    row("alone in one pixel, twice", "1 - 1", 0.1, "", 1, 0);
+    row("a gap within a pixel", "1 9 - 50 50", 0.1, "1 9 | 50 50", 0, 0);
+    row("low zigzag stays a line", "1 2 0 1 1", 0.1, "1 2 0 1", 0, 0);
+    row("high zigzag becomes a bar", "1 9 0 1", 0.1, "", 0, 1);
+    row("monotonous climb stays a line", "0 20 40 60", 0.1, "0 60", 0, 0);
+    row("a bar between gaps", "5 5 - 1 9 0 1", 0.1, "5 5", 0, 1);
+}
+
+void TestPlotLines::partsRunsAtGaps()
+{
+    QFETCH(QString, points);
+    QFETCH(double, step);
+    const PolylineBuilder builder = built(points, step);
+    QTEST(textOf(builder), "lines");
+    QTEST(builder.lonePoints().size(), "lonePoints");
+    QTEST(builder.bars().size(), "bars");
+}
+
+void TestPlotLines::keepsEveryPeak_data()
+{
+    QTest::addColumn<double>("amplitude");
+    QTest::newRow("flat") << 0.0;
+    QTest::newRow("thin") << 2.0;
+    QTest::newRow("between line and bar") << 8.0;
+    QTest::newRow("tall") << 180.0;
+}
+
+void TestPlotLines::keepsEveryPeak()
+{
+    QFETCH(double, amplitude);
+    constexpr int kWidth = 100;
+    constexpr int kHeight = 200;
+    constexpr int kPoints = 3000;
+    constexpr int kSpike = 1517;
+    std::mt19937 engine(7);
+    std::uniform_real_distribution<double> noise(-amplitude / 2.0, amplitude / 2.0);
+
+    PolylineBuilder builder;
+    QVector<int> tops(kWidth, kHeight);
+    QVector<int> bottoms(kWidth, -1);
+    for (int i = 0; i < kPoints; ++i) {
+        const double x = i * static_cast<double>(kWidth) / kPoints;
+        const double y = i == kSpike ? 3.0 : 100.0 + noise(engine);
+        builder.add({x, y});
+        const int column = static_cast<int>(x);
+        tops[column] = qMin(tops[column], static_cast<int>(std::floor(y)));
+        bottoms[column] = qMax(bottoms[column], static_cast<int>(std::floor(y)));
+    }
+    builder.finish();
+    // At most four points a column, and the two ends of a line that joins bars.
+    QVERIFY(builder.points().size() + builder.bars().size() <= 6 * kWidth);
+
+    QImage image(kWidth, kHeight, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setPen(QPen(Qt::white, 1.0));
+    int start = 0;
+    for (const int end : builder.lineEnds()) {
+        painter.drawPolyline(builder.points().constData() + start, end - start);
+        start = end;
+    }
+    painter.setBrush(Qt::white);
+    painter.setPen(Qt::NoPen);
+    painter.drawRects(mergedBars(builder.bars()));
+    painter.end();
+
+    for (int column = 0; column < kWidth; ++column) {
+        // A line ends within a pixel of its point, depending on how it is rounded.
+        const auto isLitNear = [&](int y) {
+            for (int near = qMax(y - 1, 0); near <= qMin(y + 1, kHeight - 1); ++near) {
+                if (image.pixelColor(column, near) == Qt::white) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        QVERIFY2(isLitNear(tops.at(column)), qPrintable(QString::number(column)));
+        QVERIFY2(isLitNear(bottoms.at(column)), qPrintable(QString::number(column)));
+    }
+}
+
+void TestPlotLines::mergedBarsCoverTheSame_data()
+{
+    QTest::addColumn<QVector<QRect>>("bars");
+    QTest::newRow("none") << QVector<QRect>();
+    QTest::newRow("one") << QVector<QRect>{{5, 1, 1, 10}};
+    QTest::newRow("with a hole") << QVector<QRect>{{1, 1, 1, 10}, {3, 1, 1, 10}};
+    QTest::newRow("apart in height") << QVector<QRect>{{1, 1, 1, 10}, {2, 20, 1, 10}};
+    QTest::newRow("two in one column") << QVector<QRect>{{1, 1, 1, 10}, {1, 5, 1, 10}};
+    QVector<QRect> many;
+    std::mt19937 engine(3);
+    std::uniform_int_distribution<int> any(0, 40);
+    for (int x = 0; x < 200; ++x) {
+        many.append({x, any(engine), 1, 1 + any(engine)});
+    }
+    QTest::newRow("many") << many;
+}
+
+void TestPlotLines::mergedBarsCoverTheSame()
+{
+    QFETCH(QVector<QRect>, bars);
+    QRegion expected;
+    for (const QRect& bar : bars) {
+        expected += bar;
+    }
+    QRegion merged;
+    for (const QRect& rectangle : mergedBars(bars)) {
+        merged += rectangle;
+    }
+    QCOMPARE(merged, expected);
+}
+
+QTEST_MAIN(TestPlotLines)
+#include "tst_plotlines.moc"

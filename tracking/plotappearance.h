@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+
+class QwtPlotCanvas;
+class QwtPlotGrid;
+
+/// How plots look. The canvas is dark in every palette: the bright named colours of the curves are
+/// told apart on it; on white, lime and orange are not. The legend stands on the same ground.
+namespace plotappearance {
+
+/// Owned by the caller, as is the grid.
+QwtPlotCanvas* createCanvas();
+QwtPlotGrid* createGrid();
+
+/// The legend's colours, with those roles of `base` that it leaves alone. The text of a curve that
+/// is hidden is dimmed.
+QPalette legendPalette(const QPalette& base, bool isCurveVisible = true);
+
+/// A colour by its name; an unknown name gives one that shows on the canvas, and a warning.
+QColor curveColor(const QString& name);
+
+} // namespace plotappearance
