@@ -1,0 +1,286 @@
+// How much of the bus the program uses, on the simulated installation in the same run:
+//   cycle     paced: rounds over eight LDBs beside the time their bytes and the turnarounds take
+//   scan      paced: a scan of a silent bus, in seconds
+//   exchanges unpaced: exchanges a second beside a bare read/write loop on the same simulator
+// Ends with status 1 when a figure is out of its bounds. One of the names as argument runs it
+// alone.
+#include "serial/framecodec.h"
+#include "serial/seriallink.h"
+#include "simulator/simulation.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+
+#include <array>
+#include <cstdio>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr double kCycleLimit = 1.02;
+constexpr double kScanLimitSeconds = 30.6;
+constexpr double kExchangeLimit = 0.5;
+
+constexpr int kRounds = 10;
+constexpr int kExchanges = 6000;
+constexpr int kExchangesAnLdb = 3; // status, name, firmware id
+constexpr double kNanosecondsPerSecond = 1e9;
+
+double secondsOf(const QElapsedTimer& timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / kNanosecondsPerSecond;
+}
+
+/// A simulated installation in a thread of its own.
+class Installation
+{
+public:
+    Installation(const Scenario& scenario, PacedLine::Pace pace, const QString& journalPath = {})
+    {
+        Simulation::Options options;
+        options.pace = pace;
+        options.journalPath = journalPath;
+        m_simulation = std::make_unique<Simulation>(scenario, options);
+        m_simulation->moveToThread(&m_thread);
+        m_thread.start();
+        QString error;
+        QMetaObject::invokeMethod(
+            m_simulation.get(),
+            [this, &error] {
+                error = m_simulation->start();
+                m_portName = m_simulation->portName();
+            },
+            Qt::BlockingQueuedConnection);
+        if (!error.isEmpty()) {
+            qFatal("%s", qPrintable(error));
+        }
+    }
+    ~Installation()
+    {
+        QMetaObject::invokeMethod(
+            m_simulation.get(), [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);
+        m_thread.quit();
+        m_thread.wait();
+    }
+    Installation(const Installation&) = delete;
+    Installation& operator=(const Installation&) = delete;
+
+    QString portName() const { return m_portName; }
+
+private:
+    QThread m_thread;
+    std::unique_ptr<Simulation> m_simulation;
+    QString m_portName;
+};
+
+bool report(const char* name, double value, double limit, bool isUpperLimit)
+{
+    const bool good = isUpperLimit ? value <= limit : value >= limit;
+    std::printf("%-10s %8.3f  (%s %.3f)  %s\n", name, value, isUpperLimit ? "at most" : "at least",
+                limit, good ? "ok" : "OUT OF BOUNDS");
+    std::fflush(stdout);
+    return good;
+}
+
+/// What the first LDB's records at round `first` and `last` leave between them in the journal: the
+/// bytes' time on the wire plus the simulator's turnaround for each answer, in seconds.
+double wireSeconds(const QString& journalPath, double fromMs, double toMs)
+{
+    QFile journal(journalPath);
+    if (!journal.open(QIODevice::ReadOnly)) {
+        qFatal("no journal");
+    }
+    qint64 bytes = 0;
+    int answers = 0;
+    while (!journal.atEnd()) {
+        const QList<QByteArray> fields = journal.readLine().split('\t');
+        enum Field
+        {
+            Since = 1,
+            Direction = 2,
+            Bytes = 4
+        };
+        const double since = fields.value(Since).toDouble();
+        if (since <= fromMs || since > toMs) {
+            continue;
+        }
+        bytes += QByteArray::fromHex(fields.value(Bytes)).size();
+        answers += fields.value(Direction) == "<" ? 1 : 0;
+    }
+    return static_cast<double>(bytes) * PacedLine::kByteNanoseconds / kNanosecondsPerSecond +
+           static_cast<double>(answers) * PacedLine::kTurnaroundMicroseconds / 1e6;
+}
+
+/// Journal time (ms) of the n-th status request to this LDB.
+QList<double> statusRequestTimes(const QString& journalPath, const QByteArray& hexId)
+{
+    QFile journal(journalPath);
+    journal.open(QIODevice::ReadOnly);
+    QList<double> times;
+    while (!journal.atEnd()) {
+        const QList<QByteArray> fields = journal.readLine().split('\t');
+        enum Field
+        {
+            Since = 1,
+            Direction = 2,
+            Bytes = 4
+        };
+        if (fields.value(Direction) == ">" &&
+            QByteArray::fromHex(fields.value(Bytes)).contains("FE" + hexId + "737803")) {
+            times.append(fields.value(Since).toDouble());
+        }
+    }
+    return times;
+}
+
+bool benchCycle()
+{
+    const QTemporaryDir folder;
+    const QString journalPath = folder.filePath(QStringLiteral("journal"));
+    QString firstLdb;
+    {
+        const Installation installation(defaultScenario(), PacedLine::Pace::Baud9600, journalPath);
+        SerialLink link;
+        link.setPortName(installation.portName());
+        QEventLoop loop;
+        int rounds = 0;
+        QObject::connect(&link, &SerialLink::generalInformationUpdated, &loop,
+                         [&](const QString& hexId) {
+                             if (firstLdb.isEmpty()) {
+                                 firstLdb = hexId;
+                             }
+                             // One more than measured: the first round follows the scan.
+                             if (hexId == firstLdb && ++rounds == kRounds + 3) {
+                                 loop.quit();
+                             }
+                         });
+        link.start();
+        loop.exec();
+    }
+    const QList<double> times = statusRequestTimes(journalPath, firstLdb.toLatin1());
+    const double from = times.at(1);
+    const double to = times.at(1 + kRounds);
+    const double ratio = (to - from) / 1000.0 / wireSeconds(journalPath, from, to);
+    std::printf("           %.1f ms a round over eight LDBs\n", (to - from) / kRounds);
+    return report("cycle", ratio, kCycleLimit, true);
+}
+
+bool benchScan()
+{
+    Scenario silent = defaultScenario();
+    silent.ldbs.clear();
+    const Installation installation(silent, PacedLine::Pace::Baud9600);
+    SerialLink link;
+    link.setPortName(installation.portName());
+    QEventLoop loop;
+    QObject::connect(&link, &SerialLink::stopped, &loop, &QEventLoop::quit);
+    QElapsedTimer timer;
+    timer.start();
+    link.start();
+    loop.exec();
+    return report("scan", secondsOf(timer), kScanLimitSeconds, true);
+}
+
+/// Exchanges a second of a loop that does nothing but write a request and read to the answer's end.
+double bareExchanges(const QString& portName, const QByteArray& hexId)
+{
+    const int port = open(QFile::encodeName(portName).constData(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    termios settings{};
+    tcgetattr(port, &settings);
+    cfmakeraw(&settings);
+    tcsetattr(port, TCSANOW, &settings);
+    const std::array<QByteArray, kExchangesAnLdb> frames{
+        framecodec::createCommand("FE" + hexId + "737803"),
+        framecodec::createCommand("FE" + hexId + "737202"),
+        framecodec::createCommand("FE" + hexId + "737804")};
+    QElapsedTimer timer;
+    timer.start();
+    std::array<char, 256> buffer{};
+    for (int i = 0; i < kExchanges; ++i) {
+        const QByteArray& frame = frames[static_cast<std::size_t>(i % kExchangesAnLdb)];
+        if (write(port, frame.constData(), static_cast<std::size_t>(frame.size())) !=
+            frame.size()) {
+            qFatal("the port does not take a request");
+        }
+        ssize_t count = 0;
+        do {
+            count = read(port, buffer.data(), buffer.size());
+            if (count <= 0) {
+                qFatal("the port gives no answer");
+            }
+        } while (buffer[static_cast<std::size_t>(count - 1)] != framecodec::kEot);
+    }
+    const double seconds = secondsOf(timer);
+    close(port);
+    return kExchanges / seconds;
+}
+
+double linkExchanges(const QString& portName)
+{
+    SerialLink link;
+    link.setPortName(portName);
+    QEventLoop loop;
+    QElapsedTimer timer;
+    int records = 0;
+    QObject::connect(&link, &SerialLink::generalInformationUpdated, &loop, [&] {
+        if (records++ == 0) {
+            timer.start();
+        } else if (records * kExchangesAnLdb > kExchanges) {
+            loop.quit();
+        }
+    });
+    link.start();
+    loop.exec();
+    return (records - 1) * kExchangesAnLdb / secondsOf(timer);
+}
+
+bool benchExchanges()
+{
+    const Installation installation(defaultScenario(), PacedLine::Pace::Unpaced);
+    QString hexId;
+    {
+        SerialLink link;
+        link.setPortName(installation.portName());
+        QEventLoop loop;
+        QObject::connect(&link, &SerialLink::generalInformationUpdated, &loop,
+                         [&](const QString& id) {
+                             hexId = id;
+                             loop.quit();
+                         });
+        link.start();
+        loop.exec();
+    }
+    const double bare = bareExchanges(installation.portName(), hexId.toLatin1());
+    const double ours = linkExchanges(installation.portName());
+    std::printf("           %.0f exchanges/s, bare loop %.0f\n", ours, bare);
+    return report("exchanges", ours / bare, kExchangeLimit, false);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList wanted = QCoreApplication::arguments().mid(1);
+    const auto isWanted = [&wanted](const char* name) {
+        return wanted.isEmpty() || wanted.contains(QLatin1String(name));
+    };
+    bool good = true;
+    if (isWanted("cycle")) {
+        good = benchCycle() && good;
+    }
+    if (isWanted("exchanges")) {
+        good = benchExchanges() && good;
+    }
+    if (isWanted("scan")) {
+        good = benchScan() && good;
+    }
+    return good ? 0 : 1;
+}
