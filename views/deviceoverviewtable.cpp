@@ -127,7 +127,8 @@ void DeviceOverviewTable::setupHeader()
     header->setSectionsClickable(true);
     header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
     m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    header->viewport()->installEventFilter(this);
+    m_headerViewport = header->viewport();
+    m_headerViewport->installEventFilter(this);
 }
 
 /// Shows exactly the columns that the header names.
@@ -389,15 +390,25 @@ void DeviceOverviewTable::loadTableState()
 
 bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_view && event->type() == QEvent::KeyPress &&
-        isTickKey(static_cast<QKeyEvent*>(event)->key()) && m_view->currentIndex().isValid()) {
-        selectLdb(hexIdOf(m_proxy.mapToSource(m_view->currentIndex()).row()));
-        return true;
+    // The type comes first: a view that is being destroyed still gets events, but is no view any
+    // more.
+    if (event->type() == QEvent::KeyPress && watched == m_view) {
+        return tickByKey(*static_cast<QKeyEvent*>(event));
     }
-    if (m_view && watched == header()->viewport() && event->type() == QEvent::Resize &&
-        !m_hadRows) {
+    if (event->type() == QEvent::Resize && watched == m_headerViewport && !m_hadRows) {
         // The columns fill the table until there are rows to size them for.
         fillWidth();
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// Whether the key was one that ticks the current row.
+bool DeviceOverviewTable::tickByKey(const QKeyEvent& key)
+{
+    const QModelIndex current = m_view->currentIndex();
+    if (!isTickKey(key.key()) || !current.isValid()) {
+        return false;
+    }
+    selectLdb(hexIdOf(m_proxy.mapToSource(current).row()));
+    return true;
 }

@@ -13,10 +13,10 @@
 #include <QStringList>
 
 class QHeaderView;
+class QKeyEvent;
 class QTableView;
 
 class CheckBoxDelegate;
-class HierarchicalHeaderView;
 class OverviewRowDelegate;
 
 /// The overview of all LDBs: one row each, refreshed with every record, coloured by the rules of
@@ -87,12 +87,14 @@ private:
     void fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
 
     void settleSelection(const QString& hexId, bool isNewRow);
+    bool tickByKey(const QKeyEvent& key);
     void tick(int row);
     void moveTick(int row);
     void announceRow(int row, bool isTicked);
     QString hexIdOf(int row) const;
 
     QPointer<QTableView> m_view;
+    QPointer<QWidget> m_headerViewport;
     QStandardItemModel m_model;
     QStandardItemModel m_headerModel;
     ProxyModelHierachicalHeader m_proxy;
