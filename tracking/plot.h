@@ -43,7 +43,8 @@ public slots:
     bool removeCurve(int curveNumber);
     /// Keeps a value; values of several curves for one time stamp share its place on the time axis.
     /// The marker of a missing measurement, like no value at all, shows as a gap. Returns false,
-    /// with nothing changed, for an unknown curve or a time that is not above 1.0 (or beyond the year 9999).
+    /// with nothing changed, for an unknown curve or a time that is not above 1.0 (or beyond the
+    /// year 9999).
     bool addData(int curveNumber, double value, double timeMsSinceEpoch);
 
     /// Switches wheel zoom and dragging on or off. Off brings the rolling view back.

@@ -27,20 +27,25 @@ void PlotHistory::addCurve(int curve)
     m_curves[curve] = std::move(added);
 }
 
+bool PlotHistory::holds(double time) const
+{
+    const int index = firstNotBefore(time);
+    return index < size() && m_times.at(index) == time;
+}
+
 int PlotHistory::add(int curve, double value, double time)
 {
     Curve& target = m_curves.at(curve);
-    const int dropped = time < target.latestTime ? dropLaterThan(time) : 0;
-    target.latestTime = time;
-
-    int index = firstNotBefore(time);
-    const bool isKnown = index < size() && m_times.at(index) == time;
-    if (!isKnown) {
+    int dropped = 0;
+    if (!holds(time)) {
+        if (time < target.latestTime) {
+            dropped = dropLaterThan(time);
+        }
         dropOldest();
-        index = firstNotBefore(time);
-        insertStamp(index, time);
+        insertStamp(firstNotBefore(time), time);
     }
-    target.values.set(index, value);
+    target.latestTime = std::max(target.latestTime, time);
+    target.values.set(firstNotBefore(time), value);
     return dropped;
 }
 

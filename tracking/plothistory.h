@@ -34,10 +34,11 @@ public:
     void addCurve(int curve);
     void removeCurve(int curve) { m_curves.erase(curve); }
 
-    /// Stores a value of an existing curve. A new time stamp gets an entry in its place in time, a
-    /// known one is shared. A curve whose time goes back tells that the clock was set back: then
-    /// all entries later than `time` are dropped, so that time always rises along the history and
-    /// the chart goes on at once instead of waiting until the clock has caught up.
+    /// Stores a value of an existing curve. A time stamp that is held is shared, a new one gets an
+    /// entry in its place in time. A curve that comes with a new time stamp before its latest one
+    /// tells that the clock was set back: then all entries later than `time` are dropped, so that
+    /// time always rises along the history and the chart goes on at once instead of waiting until
+    /// the clock has caught up.
     /// Returns the number of entries dropped for that reason.
     int add(int curve, double value, double time);
 
@@ -63,6 +64,7 @@ private:
         double latestTime = std::numeric_limits<double>::lowest();
     };
 
+    bool holds(double time) const;
     int dropLaterThan(double time);
     void dropOldest();
     void insertStamp(int index, double time);

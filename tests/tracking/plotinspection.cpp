@@ -14,7 +14,8 @@
 namespace {
 
 constexpr int kWheelNotch = 120;
-constexpr int kSampleColorTolerance = 110;
+// A line between two pixel rows lights each of them half.
+constexpr int kSampleColorTolerance = 150;
 
 } // namespace
 

@@ -75,8 +75,9 @@ void TestPlotHistory::keepsCurvesBesideOneTimeAxis_data()
     row("clock set back between stamps",
         {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}, {0, 5, 30}, {0, 6, 15}, {1, 7, 15}}, 2,
         "10 15", "1 6", "2 7");
-    row("clock set back to a known stamp", {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {0, 9, 20}}, 1,
-        "10 20", "1 9", "- -");
+    row("clock set back, by chance to a known stamp first",
+        {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {0, 9, 20}, {0, 8, 21}}, 1, "10 20 21", "1 9 8",
+        "- - -");
     row("clock set back before all", {{0, 1, 10}, {0, 2, 20}, {0, 9, 5}, {0, 8, 6}}, 2, "5 6",
         "9 8", "- -");
 }

@@ -38,7 +38,9 @@ QList<double> newestValues(const QWidget& container)
     QList<double> values;
     for (const char* name : kCurveNames) {
         const QwtPlotCurve* const curve = curveOf(container, name);
-        values << (curve->dataSize() == 0 ? qQNaN() : curve->sample(curve->dataSize() - 1).y());
+        values << (curve->dataSize() == 0
+                       ? qQNaN()
+                       : curve->sample(static_cast<int>(curve->dataSize()) - 1).y());
     }
     return values;
 }
