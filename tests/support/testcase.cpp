@@ -67,8 +67,9 @@ void TestCase::cleanup()
     }
 }
 
-ExpectWarning::ExpectWarning(const char* pattern)
+ExpectWarning::ExpectWarning(const char* pattern, Need need)
     : m_pattern(QString::fromLatin1(pattern))
+    , m_seen(need == Need::MayCome)
 {
     const QMutexLocker lock(&guard());
     expectations().append(this);

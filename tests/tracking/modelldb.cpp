@@ -40,6 +40,12 @@ void ModelLdb::setReporting(bool reporting)
     }
 }
 
+void ModelLdb::setHoldingCommands(bool holding)
+{
+    m_holding = holding;
+    m_held.clear();
+}
+
 int ModelLdb::now() const
 {
     return m_clock.interval() - m_clock.remainingTime();
@@ -88,5 +94,9 @@ void ModelLdb::post(std::unique_ptr<ISerialCommand> command)
             m_bootAt = now();
         }
     }
-    command->notify(m_answer);
+    if (m_holding) {
+        m_held.push_back(std::move(command));
+    } else {
+        command->notify(m_answer);
+    }
 }

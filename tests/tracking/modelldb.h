@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+#include <vector>
+
 /// An LDB with a model loop: it obeys the tracking's commands and reports at the pace of the bus.
 /// Its time is that of its thread's timers.
 class ModelLdb : public TrackedLdb
@@ -23,6 +25,8 @@ public:
     QList<QByteArray> commands() const { return m_commands; }
     /// How commands are answered: an ACK unless changed; empty for none at all.
     void setAnswer(const QByteArray& answer) { m_answer = answer; }
+    /// Keeps commands unanswered; letting go destroys them.
+    void setHoldingCommands(bool holding);
     /// Cuts the connection: commands are destroyed unsent.
     void loseConnection();
 
@@ -43,6 +47,8 @@ private:
     QTimer m_clock;
     QTimer m_reportTimer;
     QList<QByteArray> m_commands;
+    std::vector<std::unique_ptr<ISerialCommand>> m_held;
+    bool m_holding = false;
     QByteArray m_answer = QByteArray("\x06");
     std::optional<LdbState> m_forcedState;
     std::optional<int> m_factoryResetAt;

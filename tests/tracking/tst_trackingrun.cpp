@@ -23,6 +23,7 @@ VirtualTime* virtualTime = nullptr;
 
 constexpr int kSecond = 1000;
 constexpr int kHour = 3600 * kSecond;
+constexpr int kLongerThanAnyTimer = 150 * kSecond;
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");
 const QByteArray kMute("FE0A73631601");
@@ -255,7 +256,7 @@ void TestTrackingRun::phasesAndCommands()
     virtualTime->advance(7 * kSecond);
     QCOMPARE(bench.run.secondsGone(), 7);
     QVERIFY(bench.reach(Phase::Finished));
-    virtualTime->advance(kHour);
+    virtualTime->advance(kLongerThanAnyTimer);
     QCOMPARE(bench.ldb.commands().size(), 3);
     QCOMPARE(bench.run.stopReason(), StopReason::None);
 }
@@ -323,7 +324,7 @@ void TestTrackingRun::failureEndsEveryPhase()
     const QSignalSpy counts(&bench.run, &TrackingRun::countChanged);
     const QSignalSpy ends(&bench.run, &TrackingRun::sideFinished);
     bench.ldb.setState(std::nullopt);
-    virtualTime->advance(kHour);
+    virtualTime->advance(kLongerThanAnyTimer);
     QCOMPARE(bench.ldb.commands().size(), sent);
     QCOMPARE(bench.run.phase(), Phase::Idle);
     QCOMPARE(counts.size() + ends.size(), 0);

@@ -1,0 +1,717 @@
+#include "app/shared/constants.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testcase.h"
+#include "tests/support/virtualtime.h"
+#include "tests/tracking/modelldb.h"
+#include "tracking/disconnectsecondaryportdialog.h"
+#include "tracking/fimtracking.h"
+#include "tracking/plot.h"
+#include "tracking/sidepanel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLCDNumber>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+
+using Phase = TrackingRun::Phase;
+Q_DECLARE_METATYPE(Phase)
+
+namespace {
+
+VirtualTime* virtualTime = nullptr;
+
+constexpr int kSecond = 1000;
+constexpr int kLongerThanAnyTimer = 150 * kSecond;
+constexpr int kHour = 3600 * kSecond;
+const QByteArray kFactoryReset("FE0A73780002");
+const QByteArray kLdbReset("FE0A73780001");
+const QByteArray kMute("FE0A73631601");
+const QByteArray kEndMute("FE0A73631600");
+
+LoopPlan healthyLoop(int fims)
+{
+    LoopPlan plan;
+    plan.fims = fims;
+    return plan;
+}
+
+/// Whether a curve is drawn on a plot, in its colour.
+bool hasCurve(Plot* plot)
+{
+    const QImage picture = plot->grab().toImage();
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = picture.pixelColor(x, y);
+            if (colour.red() < 60 && colour.green() > 160 && colour.blue() > 160) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+QList<QMessageBox*> openBoxes(const QWidget* over)
+{
+    QList<QMessageBox*> boxes;
+    for (auto* box : over->findChildren<QMessageBox*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (box->isVisible()) {
+            boxes.append(box);
+        }
+    }
+    return boxes;
+}
+
+QStringList boxTexts(const QWidget* over)
+{
+    QStringList texts;
+    for (const QMessageBox* box : openBoxes(over)) {
+        texts.append(box->text());
+    }
+    return texts;
+}
+
+/// Deletes what has asked for it, which without a running event loop nobody else does.
+void deletePending()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// The window over a model LDB, and what a user does with it.
+struct Bench
+{
+    explicit Bench(const LoopPlan& plan = healthyLoop(4))
+        : ldb(std::make_shared<ModelLdb>(plan))
+    {
+        mainWindow.setGeometry(0, 0, 1366, 768);
+        mainWindow.show();
+        window = new FimTracking(ldb, &mainWindow);
+        // Painting hours of curves would be most of the tests' time.
+        setPlotsVisible(false);
+    }
+
+    void setPlotsVisible(bool visible) const
+    {
+        for (Plot* plot : window->findChildren<Plot*>()) {
+            plot->setVisible(visible);
+        }
+    }
+    static void press(const QWidget* box, const QString& text)
+    {
+        for (auto* button : box->findChildren<QPushButton*>()) {
+            if (button->text().remove(QLatin1Char('&')) == text) {
+                button->click();
+                virtualTime->advance(0);
+                return;
+            }
+        }
+        QFAIL(qPrintable(QStringLiteral("no button ") + text));
+    }
+    QMessageBox* question() const
+    {
+        virtualTime->advance(1);
+        const QList<QMessageBox*> boxes = openBoxes(window);
+        return boxes.size() == 1 ? boxes.first() : nullptr;
+    }
+    /// Answers the questions.
+    void choose(const QString& mode)
+    {
+        QVERIFY(question());
+        press(question(), QStringLiteral("Yes"));
+        QVERIFY(question());
+        press(question(), mode);
+    }
+    void choose() { choose(QStringLiteral("Commissioning")); }
+
+    void closeBoxes()
+    {
+        for (QMessageBox* box : openBoxes(window)) {
+            box->close();
+        }
+        deletePending();
+    }
+    bool reach(Phase phase)
+    {
+        for (int gone = 0; window->run().phase() != phase && gone < kHour; gone += 250) {
+            virtualTime->advance(250);
+        }
+        return window->run().phase() == phase;
+    }
+    void reportState(int state)
+    {
+        ldb->setState(static_cast<LdbState>(state));
+        ldb->report();
+    }
+
+    template <typename T>
+    T* find(const char* name) const
+    {
+        return window->findChild<T*>(QString::fromLatin1(name));
+    }
+    QString label(const char* name) const { return find<QLabel>(name)->text(); }
+    /// The text of a side's label, empty while it is hidden.
+    QString sideLabel(int ldbPort, const char* name) const
+    {
+        const auto* panel =
+            find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
+        const auto* found = panel->findChild<QLabel*>(QString::fromLatin1(name));
+        return found->isHidden() ? QString() : found->text();
+    }
+    QPushButton* startButton() const { return find<QPushButton>("startButton"); }
+
+    QWidget mainWindow;
+    std::shared_ptr<ModelLdb> ldb;
+    QPointer<FimTracking> window; // the main window's child, deletes itself when closed
+};
+
+} // namespace
+
+class TestFimTracking : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void init() override;
+    void cleanup() override;
+    void opensOverItsParentAndAsks();
+    void sayingNoSendsNothing_data();
+    void sayingNoSendsNothing();
+    void commissioningToTheReport();
+    void faultFindingAsksToDisconnect();
+    void countdownTurnsRed();
+    void timesOfEachPhase();
+    void endsInEveryPhase_data();
+    void endsInEveryPhase();
+    void alarmSoundsUntilTheBoxesAreClosed();
+    void eachFaultHasOneBox();
+    void rowsGoOnWhileBoxesAreOpen();
+    void onlyItsOwnRecords();
+    void commandsNotObeyed_data();
+    void commandsNotObeyed();
+    void closingTellsOfAnLdbThatStaysMuted_data();
+    void closingTellsOfAnLdbThatStaysMuted();
+    void answerThatNeverComesIsToldWhenTheConnectionGoes();
+    void runsAgain();
+    void withoutAConnection();
+
+private:
+    std::unique_ptr<Sandbox> m_sandbox;
+};
+
+void TestFimTracking::init()
+{
+    TestCase::init();
+    m_sandbox = std::make_unique<Sandbox>();
+}
+
+void TestFimTracking::cleanup()
+{
+    m_sandbox.reset();
+    TestCase::cleanup();
+}
+
+void TestFimTracking::opensOverItsParentAndAsks()
+{
+    const Bench bench;
+    QCOMPARE(bench.window->windowTitle(), QStringLiteral("Fim Tracking"));
+    QCOMPARE(bench.window->windowModality(), Qt::ApplicationModal);
+    QCOMPARE(bench.window->geometry(), bench.mainWindow.geometry().adjusted(100, 50, -100, -50));
+    QVERIFY(bench.window->isVisible());
+    QVERIFY(bench.ldb->isPolledAlone());
+    QVERIFY2(openBoxes(bench.window).isEmpty(), "nothing is asked before the maker has the window");
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
+
+    const QMessageBox* box = bench.question();
+    QVERIFY(box);
+    QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
+    QCOMPARE(box->text(), QStringLiteral("This action will start a factory reset. \n"
+                                         "Are you sure you want to do this?"));
+    QCOMPARE(bench.startButton()->text(), QStringLiteral("Stop"));
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("confirmation"));
+    QVERIFY(bench.ldb->commands().isEmpty());
+}
+
+void TestFimTracking::sayingNoSendsNothing_data()
+{
+    QTest::addColumn<QStringList>("answers");
+    QTest::newRow("no") << QStringList{QStringLiteral("No")};
+    QTest::newRow("box closed") << QStringList{QString()};
+    QTest::newRow("cancel") << QStringList{QStringLiteral("Yes"), QStringLiteral("Cancel")};
+    QTest::newRow("second box closed") << QStringList{QStringLiteral("Yes"), QString()};
+}
+
+void TestFimTracking::sayingNoSendsNothing()
+{
+    QFETCH(QStringList, answers);
+    const Bench bench;
+    for (const QString& answer : answers) {
+        QVERIFY(bench.question());
+        if (answer.isEmpty()) {
+            bench.question()->close();
+        } else {
+            Bench::press(bench.question(), answer);
+        }
+    }
+    QVERIFY(!bench.question());
+    QVERIFY(!bench.startButton()->isChecked());
+    QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
+    virtualTime->advance(kLongerThanAnyTimer);
+    QVERIFY(bench.ldb->commands().isEmpty());
+}
+
+void TestFimTracking::commissioningToTheReport()
+{
+    LoopPlan plan = healthyLoop(7);
+    plan.shortAfter = 2;
+    plan.earthLeakageAfter = 5;
+    Bench bench(plan);
+    bench.choose();
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("waiting for the factory reset"));
+    QVERIFY(bench.reach(Phase::Rebooting));
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("rebooting"));
+    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: Boiler house"));
+    QCOMPARE(bench.label("modeLabel"), QStringLiteral("Mode: Factory reset done"));
+    QCOMPARE(bench.label("loopLabel"), QStringLiteral("Loop: Ok"));
+    QCOMPARE(bench.label("earthLabel"), QStringLiteral("Earth: Ok"));
+    QVERIFY(!bench.find<QPushButton>("zoomButton")->isEnabled());
+    QVERIFY(bench.reach(Phase::Counting));
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("counting"));
+    QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
+
+    auto* zoomButton = bench.find<QPushButton>("zoomButton");
+    QVERIFY(zoomButton->isEnabled());
+    QCOMPARE(zoomButton->text(), QStringLiteral("Zoom In"));
+    zoomButton->click();
+    QCOMPARE(zoomButton->text(), QStringLiteral("Zoom Out"));
+    zoomButton->click();
+    QVERIFY(!bench.find<QPushButton>("copyReportButton")->isEnabled());
+
+    QVERIFY(bench.reach(Phase::Finished));
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("finished"));
+    QVERIFY(!bench.startButton()->isChecked());
+    QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), QStringLiteral("2"));
+    QCOMPARE(bench.sideLabel(SecondaryPort, "countLabel"), QStringLiteral("5"));
+    QCOMPARE(bench.sideLabel(PrimaryPort, "sideResultLabel"),
+             QStringLiteral("Timeout: Short Detected"));
+    QCOMPARE(bench.sideLabel(SecondaryPort, "sideResultLabel"),
+             QStringLiteral("Timeout: Open Detected"));
+    const QString result =
+        QStringLiteral("Total FIM Count: 7  |||  "
+                       "Primary side short detected and Secondary side open detected.");
+    QCOMPARE(bench.label("resultLabel"), result);
+    // The second FIM of the secondary side: its first is not counted yet.
+    QCOMPARE(bench.sideLabel(SecondaryPort, "earthPositionLabel"),
+             QStringLiteral("Earth Leakage Detected: approximately at FIM: 2"));
+
+    bench.closeBoxes();
+    bench.setPlotsVisible(true);
+    virtualTime->advance(1);
+    for (Plot* plot : bench.window->findChildren<Plot*>()) {
+        QVERIFY(hasCurve(plot));
+    }
+    bench.find<QPushButton>("copyReportButton")->click();
+    const QStringList report = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+    for (const char* line :
+         {"LDB: 0A", "Name: Boiler house", "Tracking mode: Commissioning",
+          "Primary side: FIM count 2, Timeout: Short Detected",
+          "Secondary side: FIM count 5, Timeout: Open Detected", "Earth Leakage Detected!",
+          " Secondary Side approximately at FIM: 2"}) {
+        QVERIFY2(report.contains(QString::fromLatin1(line)), line);
+    }
+    QVERIFY(report.contains(QStringLiteral("Result: ") + result));
+    QVERIFY(!report.filter(QStringLiteral("Time: 20")).isEmpty());
+}
+
+void TestFimTracking::faultFindingAsksToDisconnect()
+{
+    LoopPlan plan = healthyLoop(3);
+    plan.secondaryConnected = false;
+    Bench bench(plan);
+    bench.choose(QStringLiteral("Fault Finding"));
+    auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    QCOMPARE(dialog->windowTitle(), QStringLiteral("Disconnect the secondary port"));
+    QCOMPARE(dialog->findChild<QLabel*>(QStringLiteral("textLabel"))->text(),
+             QStringLiteral("Disconnect the secondary port when locating earth leakage."));
+    virtualTime->advance(10 * kSecond);
+    QVERIFY(bench.ldb->commands().isEmpty());
+    Bench::press(dialog, QStringLiteral("OK"));
+
+    QVERIFY(bench.reach(Phase::Finished));
+    QCOMPARE(bench.label("resultLabel"),
+             QStringLiteral("Total FIM Count: 3  |||  Primary side open detected"));
+    QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"), QStringLiteral("not tracked"));
+    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
+    bench.setPlotsVisible(true);
+    virtualTime->advance(1);
+    QVERIFY(!hasCurve(bench.find<SidePanel>("secondarySidePanel")->findChild<Plot*>()));
+    QVERIFY(bench.window->reportText().contains(
+        QStringLiteral("Secondary side: FIM count 0, not tracked")));
+}
+
+void TestFimTracking::countdownTurnsRed()
+{
+    Bench bench;
+    bench.choose();
+    virtualTime->advance(1 * kSecond);
+    bench.ldb->setReporting(false); // the reset takes longer than it should
+    const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
+    QVERIFY(digits->isVisible());
+    QCOMPARE(bench.label("countdownTitleLabel"), QStringLiteral("Factory Reset Countdown"));
+    QCOMPARE(bench.label("countdownTextLabel"), QStringLiteral("Factory reset started"));
+
+    const auto colour = [digits](QPalette::ColorGroup group) {
+        return digits->palette().color(group, QPalette::WindowText);
+    };
+    for (int previous = digits->intValue(); digits->intValue() > 0; previous = digits->intValue()) {
+        const QColor expected = previous <= 10 ? Qt::red : Qt::black;
+        QCOMPARE(colour(QPalette::Active), expected);
+        QCOMPARE(colour(QPalette::Inactive), expected);
+        QCOMPARE(colour(QPalette::Disabled), expected);
+        virtualTime->advance(kSecond);
+        QCOMPARE(digits->intValue(), previous - 1);
+    }
+    virtualTime->advance(5 * kSecond);
+    QCOMPARE(digits->intValue(), 0);
+
+    bench.reportState(52);
+    QVERIFY(!digits->isVisible());
+    // A further run starts from black again.
+    bench.startButton()->click();
+    bench.startButton()->click();
+    bench.choose();
+    bench.reportState(10);
+    bench.reportState(50);
+    QVERIFY(digits->isVisible());
+    QCOMPARE(digits->intValue(), 130);
+    QCOMPARE(colour(QPalette::Active), QColor(Qt::black));
+}
+
+void TestFimTracking::timesOfEachPhase()
+{
+    Bench bench;
+    const auto time = [&bench] {
+        return bench.label("phaseTimeLabel");
+    };
+    QVERIFY(bench.question());
+    bench.choose();
+    bench.ldb->setReporting(false);
+    virtualTime->advance(3 * kSecond + 250);
+    QCOMPARE(time(), QStringLiteral("3 s gone")); // a silent LDB does not look like a hung window
+    bench.reportState(10);
+    bench.reportState(50);
+    QCOMPARE(time(), QStringLiteral("130 s left"));
+    virtualTime->advance(30 * kSecond);
+    QCOMPARE(time(), QStringLiteral("100 s left"));
+    bench.reportState(52);
+    QCOMPARE(time(), QStringLiteral("15 s left"));
+    virtualTime->advance(20 * kSecond + 250);
+    QCOMPARE(time(), QStringLiteral("20 s gone"));
+    bench.reportState(0);
+    QCOMPARE(time(), QStringLiteral("0 s gone"));
+    QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
+             QStringLiteral("ends in 70 s unless a FIM starts up"));
+    QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"),
+             QStringLiteral("ends in 50 s unless a FIM starts up"));
+    virtualTime->advance(12 * kSecond + 250);
+    QCOMPARE(time(), QStringLiteral("12 s gone"));
+    QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
+             QStringLiteral("ends in 58 s unless a FIM starts up"));
+    bench.startButton()->click();
+    QCOMPARE(time(), QString());
+    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("stopped"));
+}
+
+void TestFimTracking::endsInEveryPhase_data()
+{
+    QTest::addColumn<Phase>("phase");
+    QTest::addColumn<QString>("by");
+    QTest::addColumn<QString>("notice");
+    const QList<QPair<const char*, Phase>> phases{{"confirmation", Phase::Confirmation},
+                                                  {"factory reset", Phase::FactoryReset},
+                                                  {"rebooting", Phase::Rebooting},
+                                                  {"counting", Phase::Counting},
+                                                  {"finished", Phase::Finished}};
+    for (const auto& phase : phases) {
+        for (const char* by : {"stop", "close", "parent"}) {
+            QTest::addRow("%s, %s", phase.first, by)
+                << phase.second << QString::fromLatin1(by) << QString();
+        }
+        if (phase.second != Phase::Finished) {
+            QTest::addRow("%s, lost", phase.first) << phase.second << QStringLiteral("lost")
+                                                   << QStringLiteral("The connection is lost.");
+        }
+        if (phase.second != Phase::Finished && phase.second != Phase::Confirmation) {
+            QTest::addRow("%s, failed", phase.first) << phase.second << QStringLiteral("51")
+                                                     << QStringLiteral("The factory reset failed.");
+            QTest::addRow("%s, silent", phase.first) << phase.second << QStringLiteral("255")
+                                                     << QStringLiteral("The LDB is disconnected.");
+        }
+    }
+}
+
+void TestFimTracking::endsInEveryPhase()
+{
+    QFETCH(Phase, phase);
+    QFETCH(QString, by);
+    QFETCH(QString, notice);
+    // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
+    const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
+    auto bench = std::make_unique<Bench>();
+    QVERIFY(bench->question());
+    if (phase != Phase::Confirmation) {
+        bench->choose();
+        QVERIFY(bench->reach(phase));
+        virtualTime->advance(2 * kSecond);
+    }
+    const std::shared_ptr<ModelLdb> ldb = bench->ldb;
+    QList<QByteArray> sent = ldb->commands();
+    if (by == QLatin1String("parent")) {
+        bench.reset();
+        sent.append(kEndMute);
+    } else if (by == QLatin1String("close")) {
+        bench->window->close();
+        sent.append(kEndMute);
+        deletePending();
+        QVERIFY(!bench->window);
+        QVERIFY(openBoxes(&bench->mainWindow).isEmpty());
+    } else {
+        if (by == QLatin1String("stop")) {
+            bench->startButton()->setChecked(false);
+        } else if (by == QLatin1String("lost")) {
+            ldb->loseConnection();
+        } else {
+            bench->reportState(by.toInt());
+        }
+        QVERIFY(!bench->startButton()->isChecked());
+        QCOMPARE(bench->startButton()->text(), QStringLiteral("Start"));
+        QCOMPARE(bench->label("noticeLabel"), notice);
+        if (phase != Phase::Finished) {
+            QCOMPARE(bench->window->run().phase(), Phase::Idle);
+            QVERIFY(bench->window->reportText().isEmpty());
+        }
+        bench->closeBoxes();
+    }
+    ldb->setState(std::nullopt);
+    virtualTime->advance(kLongerThanAnyTimer);
+    QCOMPARE(ldb->commands(), sent);
+    const bool isWindowGone = !bench || !bench->window;
+    QCOMPARE(ldb->isPolledAlone(), !isWindowGone);
+    if (!isWindowGone) {
+        QVERIFY(openBoxes(bench->window).isEmpty());
+    }
+}
+
+void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
+{
+    const ExpectWarning silent("warning sound|ecod|PulseAudio", ExpectWarning::Need::MayCome);
+    LoopPlan plan = healthyLoop(4);
+    plan.openAfter = 2;
+    Bench bench(plan);
+    const auto* sound = bench.window->findChild<AlarmSound*>();
+    QVERIFY(sound);
+    QSignalSpy sounded(sound, &AlarmSound::sounded);
+    bench.choose();
+    const auto endOfSide = [&bench](int ldbPort) {
+        while (!bench.window->run().counter().isSideFinished(ldbPort)) {
+            virtualTime->advance(250);
+        }
+    };
+    endOfSide(PrimaryPort);
+    virtualTime->advance(5 * kSecond);
+    QVERIFY2(sounded.isEmpty(), "the user has not asked for sound");
+
+    QSettings(constants::kOrganisationName, constants::kApplicationDisplayName)
+        .setValue(constants::kAudioWarningsKey, true);
+    virtualTime->advance(5 * kSecond);
+    QCOMPARE(sounded.size(), 5);
+    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
+
+    // The second alarm comes while the first box is open; closing one leaves the other's sound.
+    QVERIFY(bench.reach(Phase::Finished));
+    virtualTime->advance(1);
+    QCOMPARE(boxTexts(bench.window).size(), 2);
+    openBoxes(bench.window).first()->close();
+    sounded.clear();
+    virtualTime->advance(3 * kSecond);
+    QCOMPARE(sounded.size(), 3);
+    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Secondary side open detected.")});
+    bench.closeBoxes();
+    sounded.clear();
+    virtualTime->advance(kLongerThanAnyTimer);
+    QCOMPARE(sounded.size(), 0);
+}
+
+void TestFimTracking::eachFaultHasOneBox()
+{
+    LoopPlan plan = healthyLoop(8);
+    plan.earthLeakageAfter = 3;
+    plan.dcLeakageAfter = 5;
+    Bench bench(plan);
+    bench.choose();
+    QVERIFY(bench.reach(Phase::Counting));
+    virtualTime->advance(100 * kSecond);
+    const QStringList texts = boxTexts(bench.window);
+    QCOMPARE(texts.filter(QStringLiteral("Earth Leakage Detected!\n\n Primary Side")).size(), 1);
+    QCOMPARE(texts.filter(QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side")).size(), 1);
+    QCOMPARE(texts.size(), 2);
+    for (const QMessageBox* box : openBoxes(bench.window)) {
+        QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
+    }
+    QVERIFY(!bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
+    QVERIFY(!bench.sideLabel(SecondaryPort, "leakagePositionLabel").isEmpty());
+    bench.closeBoxes();
+    virtualTime->advance(20 * kSecond);
+    QVERIFY(boxTexts(bench.window).isEmpty());
+}
+
+void TestFimTracking::rowsGoOnWhileBoxesAreOpen()
+{
+    LoopPlan plan = healthyLoop(8);
+    plan.earthLeakageAfter = 1;
+    Bench bench(plan);
+    bench.choose();
+    QVERIFY(bench.reach(Phase::Finished));
+    virtualTime->advance(1);
+    QCOMPARE(boxTexts(bench.window).size(), 3); // nobody has closed one: the leak, and both sides
+    QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 8  |||  ")));
+}
+
+void TestFimTracking::onlyItsOwnRecords()
+{
+    Bench bench;
+    bench.choose();
+    bench.ldb->setReporting(false);
+    emit bench.ldb->generalInformationUpdated(
+        QStringLiteral("0a"), {{}, {QStringLiteral("Other")}, {QStringLiteral("Mode")}});
+    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: "));
+    QVERIFY(bench.ldb->commands().isEmpty());
+    bench.reportState(10);
+    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: Boiler house"));
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+}
+
+void TestFimTracking::commandsNotObeyed_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<Phase>("phase");
+    QTest::addColumn<QString>("notice");
+    QTest::newRow("refused") << QByteArray("\x15") << Phase::Idle
+                             << QStringLiteral("The LDB refused the factory reset.");
+    QTest::newRow("no answer") << QByteArray() << Phase::FactoryReset
+                               << QStringLiteral(
+                                      "The LDB did not answer the command: factory reset");
+}
+
+void TestFimTracking::commandsNotObeyed()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(Phase, phase);
+    QFETCH(QString, notice);
+    Bench bench;
+    bench.ldb->setAnswer(answer);
+    bench.choose();
+    virtualTime->advance(kSecond);
+    QCOMPARE(bench.window->run().phase(), phase);
+    QCOMPARE(bench.label("noticeLabel"), notice);
+    QCOMPARE(bench.startButton()->isChecked(), phase != Phase::Idle);
+}
+
+void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
+{
+    QTest::addColumn<bool>("muted");
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<bool>("tells");
+    QTest::newRow("obeyed") << true << QString() << false;
+    QTest::newRow("refused") << true << QStringLiteral("refused") << true;
+    QTest::newRow("silent") << true << QStringLiteral("silent") << true;
+    QTest::newRow("no connection") << true << QStringLiteral("lost") << true;
+    QTest::newRow("never muted, no connection") << false << QStringLiteral("lost") << false;
+}
+
+void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
+{
+    QFETCH(bool, muted);
+    QFETCH(QString, failure);
+    QFETCH(bool, tells);
+    const ExpectWarning logged("audio mute of LDB \"0A\"", tells ? ExpectWarning::Need::MustCome
+                                                                 : ExpectWarning::Need::MayCome);
+    Bench bench;
+    bench.choose();
+    QVERIFY(bench.reach(muted ? Phase::Counting : Phase::Rebooting));
+    if (failure == QLatin1String("lost")) {
+        bench.ldb->loseConnection();
+    } else if (!failure.isEmpty()) {
+        bench.ldb->setAnswer(failure == QLatin1String("refused") ? "\x15" : "");
+    }
+    bench.window->close();
+    deletePending();
+    QVERIFY(!bench.window);
+    QVERIFY(!bench.ldb->isPolledAlone());
+    const QStringList texts = boxTexts(&bench.mainWindow);
+    QCOMPARE(texts.size(), tells ? 1 : 0);
+    QCOMPARE(texts.filter(QStringLiteral("LDB 0A")).filter(QStringLiteral("stays muted")).size(),
+             tells ? 1 : 0);
+}
+
+void TestFimTracking::answerThatNeverComesIsToldWhenTheConnectionGoes()
+{
+    const ExpectWarning logged("audio mute of LDB \"0A\"");
+    Bench bench;
+    bench.choose();
+    QVERIFY(bench.reach(Phase::Counting));
+    bench.ldb->setHoldingCommands(true);
+    bench.window->close();
+    deletePending();
+    virtualTime->advance(kSecond);
+    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+    bench.ldb->loseConnection();
+    QCOMPARE(boxTexts(&bench.mainWindow).size(), 1);
+    bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
+    QCOMPARE(boxTexts(&bench.mainWindow).size(), 1);
+}
+
+void TestFimTracking::runsAgain()
+{
+    LoopPlan plan = healthyLoop(6);
+    plan.earthLeakageAfter = 2;
+    Bench bench(plan);
+    for (int round = 0; round < 2; ++round) {
+        bench.choose();
+        QVERIFY(bench.label("resultLabel").isEmpty() ||
+                bench.find<QLabel>("resultLabel")->isHidden());
+        QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), QStringLiteral("0"));
+        QVERIFY(bench.sideLabel(PrimaryPort, "sideResultLabel").isEmpty());
+        QVERIFY(bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
+        QVERIFY(bench.window->reportText().isEmpty());
+        QVERIFY(bench.reach(Phase::Finished));
+        virtualTime->advance(1);
+        QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 6  |||  ")));
+        QCOMPARE(bench.window->reportText().count(QStringLiteral("Earth Leakage Detected!")), 1);
+        QCOMPARE(boxTexts(bench.window).size(), 3);
+        bench.closeBoxes();
+        bench.startButton()->click();
+    }
+}
+
+void TestFimTracking::withoutAConnection()
+{
+    Bench bench;
+    bench.ldb->loseConnection();
+    bench.choose();
+    QVERIFY(!bench.startButton()->isChecked());
+    QCOMPARE(bench.label("noticeLabel"), QStringLiteral("The connection is lost."));
+}
+
+int main(int argc, char* argv[])
+{
+    virtualTime = VirtualTime::install();
+    QApplication application(argc, argv);
+    TestFimTracking test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_fimtracking.moc"

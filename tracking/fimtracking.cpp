@@ -1,0 +1,510 @@
+#include "tracking/fimtracking.h"
+
+#include "serial/generalinformation.h"
+#include "tracking/audiomuteend.h"
+#include "tracking/disconnectsecondaryportdialog.h"
+#include "tracking/phasetext.h"
+#include "tracking/sidepanel.h"
+#include "ui_fimtracking.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QThread>
+
+#include <utility>
+
+namespace {
+
+using Phase = TrackingRun::Phase;
+
+constexpr int kAlarmPeriod = 1000;  // ms
+constexpr int kDisplayPeriod = 250; // ms: seconds never seem to hang
+constexpr int kLastSeconds = 10;    // of the countdown, in red
+constexpr QMargins kInsetFromParent(100, 50, 100, 50);
+
+void setDigitColour(QWidget* display, const QColor& colour)
+{
+    QPalette palette = display->palette();
+    palette.setColor(QPalette::WindowText, colour); // in all groups
+    display->setPalette(palette);
+}
+
+} // namespace
+
+FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
+    : FimTracking(std::make_shared<SerialTrackedLdb>(hexId, link), parent)
+{
+}
+
+FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
+    : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                          Qt::WindowCloseButtonHint)
+    , m_ui(std::make_unique<Ui::FimTracking>())
+    , m_ldb(std::move(ldb))
+    , m_run(TrackingThresholds::fromTuningFile())
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);
+    initPalette();
+    m_ui->setupUi(this);
+    init();
+    placeOver(parent);
+    show();
+    // After the construction, so that whoever made this window knows it before it asks anything.
+    QTimer::singleShot(0, m_ui->startButton, &QPushButton::click);
+}
+
+FimTracking::~FimTracking()
+{
+    // Not closed, but taken down with its parent.
+    releaseLdb(nullptr);
+}
+
+void FimTracking::init()
+{
+    m_alarmTimer.setInterval(kAlarmPeriod);
+    m_displayTimer.setInterval(kDisplayPeriod);
+    initConnections();
+    initGui();
+    initPlot();
+    showPhase();
+}
+
+void FimTracking::initConnections()
+{
+    connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
+            [this] { m_run.stop(TrackingRun::StopReason::ConnectionLost); });
+    connect(&m_run, &TrackingRun::phaseChanged, this, &FimTracking::showPhase);
+    connect(&m_run, &TrackingRun::countdownChanged, this, &FimTracking::showCountdown);
+    connect(&m_run, &TrackingRun::commandDue, this, &FimTracking::sendCommand);
+    connect(&m_run, &TrackingRun::countChanged, this,
+            [this](int ldbPort, int count) { panel(ldbPort)->setCount(count); });
+    connect(&m_run, &TrackingRun::currentsProcessed, this, &FimTracking::processPlotData);
+    connect(&m_run, &TrackingRun::sideFinished, this, &FimTracking::processSideFinished);
+    connect(&m_run, &TrackingRun::faultReported, this, &FimTracking::processFault);
+    connect(&m_run, &TrackingRun::resultsReady, this, &FimTracking::showResults);
+    connect(&m_alarmTimer, &QTimer::timeout, this, &FimTracking::playAudioAlarm);
+    connect(&m_displayTimer, &QTimer::timeout, this, &FimTracking::showTimes);
+}
+
+void FimTracking::initGui()
+{
+    m_ui->ldbLabel->setText(tr("LDB: %1").arg(m_ldb->hexId()));
+    processDeviceInformation(QString(), QString(), QString(), QString());
+    m_ui->primarySidePanel->reset();
+    m_ui->secondarySidePanel->reset();
+    m_ui->resultLabel->hide();
+    m_ui->copyReportButton->setEnabled(false);
+    m_ui->zoomButton->setEnabled(false);
+    m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
+    showNotice(QString());
+}
+
+void FimTracking::initPlot()
+{
+    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
+    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
+}
+
+/// Dark on light whatever the desktop's colours: the window is read from a distance.
+void FimTracking::initPalette()
+{
+    QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Active, role, Qt::black);
+        palette.setColor(QPalette::Inactive, role, Qt::black);
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    setPalette(palette);
+}
+
+void FimTracking::placeOver(const QWidget* parent)
+{
+    if (!parent) {
+        return;
+    }
+    const QRect inside = parent->window()->geometry().marginsRemoved(kInsetFromParent);
+    const QSize size = inside.size().expandedTo(minimumSizeHint());
+    QRect placed(QPoint(), size);
+    placed.moveCenter(inside.center());
+    setGeometry(placed);
+}
+
+SidePanel* FimTracking::panel(int ldbPort) const
+{
+    return ldbPort == PrimaryPort ? m_ui->primarySidePanel : m_ui->secondarySidePanel;
+}
+
+void FimTracking::showEvent(QShowEvent* event)
+{
+    m_ldb->setPolledAlone(true);
+    m_ldbHeld = true;
+    QWidget::showEvent(event);
+}
+
+void FimTracking::closeEvent(QCloseEvent* event)
+{
+    stop();
+    releaseLdb(parentWidget());
+    QWidget::closeEvent(event);
+}
+
+void FimTracking::releaseLdb(QWidget* boxParent)
+{
+    if (!m_ldbHeld) {
+        return;
+    }
+    m_ldbHeld = false;
+    AudioMuteEnd::send(m_ldb, m_audioMuted, boxParent);
+    m_ldb->setPolledAlone(false);
+}
+
+void FimTracking::on_startButton_toggled(bool checked)
+{
+    m_ui->startButton->setText(checked ? tr("Stop") : tr("Start"));
+    if (checked) {
+        start();
+    } else {
+        stop();
+    }
+}
+
+void FimTracking::start()
+{
+    ++m_runNumber;
+    for (QMessageBox* box : findChildren<QMessageBox*>()) {
+        box->close();
+    }
+    m_report = TrackingReport();
+    initGui();
+    resetPlots();
+    m_run.prepare();
+    m_displayTimer.start();
+    showStartConfirmationDialog();
+}
+
+void FimTracking::stop()
+{
+    disconnect(m_records);
+    if (m_question) {
+        m_question->disconnect(this);
+        m_question->close();
+    }
+    m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
+    setFactoryResetCountdownVisible(false);
+    m_alarmTimer.stop();
+    m_displayTimer.stop();
+    showTimes();
+}
+
+void FimTracking::resetPlots()
+{
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        panel(port)->clearPlot();
+        panel(port)->setZoom(m_ui->zoomButton->isChecked());
+    }
+}
+
+void FimTracking::begin(TrackingMode mode)
+{
+    m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
+                        &FimTracking::processData);
+    m_run.begin(mode);
+    showTimes();
+    if (!m_ldb->isReachable()) {
+        m_run.stop(TrackingRun::StopReason::ConnectionLost);
+    }
+}
+
+void FimTracking::cancel()
+{
+    m_ui->startButton->setChecked(false);
+}
+
+void FimTracking::openQuestion(QDialog* question)
+{
+    m_question = question;
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->open();
+}
+
+void FimTracking::showStartConfirmationDialog()
+{
+    auto* box = new QMessageBox(
+        QMessageBox::Question, tr("Attention"),
+        tr("This action will start a factory reset. \nAre you sure you want to do this?"),
+        QMessageBox::Yes | QMessageBox::No, this);
+    box->setObjectName(QStringLiteral("startConfirmationBox"));
+    box->setDefaultButton(QMessageBox::No);
+    connect(box, &QDialog::finished, this, [this](int result) {
+        if (result == QMessageBox::Yes) {
+            showTrackingModeSelectionDialog();
+        } else {
+            cancel();
+        }
+    });
+    openQuestion(box);
+}
+
+void FimTracking::showTrackingModeSelectionDialog()
+{
+    auto* box = new QMessageBox(QMessageBox::Question, tr("Attention"),
+                                tr("Select the type of action you want to execute.\n "),
+                                QMessageBox::NoButton, this);
+    box->setObjectName(QStringLiteral("trackingModeBox"));
+    const auto* commissioning = box->addButton(tr("Commissioning"), QMessageBox::AcceptRole);
+    const auto* faultFinding = box->addButton(tr("Fault Finding"), QMessageBox::AcceptRole);
+    QPushButton* cancelButton = box->addButton(tr("Cancel"), QMessageBox::RejectRole);
+    box->setEscapeButton(cancelButton);
+    box->setDefaultButton(cancelButton);
+    connect(box, &QDialog::finished, this, [this, box, commissioning, faultFinding] {
+        const QAbstractButton* clicked = box->clickedButton();
+        if (clicked == commissioning) {
+            begin(TrackingMode::Commissioning);
+        } else if (clicked == faultFinding) {
+            showDisconnectSecondaryPortDialog();
+        } else {
+            cancel();
+        }
+    });
+    openQuestion(box);
+}
+
+void FimTracking::showDisconnectSecondaryPortDialog()
+{
+    auto* dialog = new DisconnectSecondaryPortDialog(this);
+    connect(dialog, &QDialog::finished, this, [this] { begin(TrackingMode::FaultFinding); });
+    openQuestion(dialog);
+}
+
+void FimTracking::processData(const QString& hexId, const QList<QStringList>& dataList)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    using namespace generalinformation;
+    if (hexId != m_ldb->hexId()) {
+        return;
+    }
+    processDeviceInformation(text(dataList, NameRow), text(dataList, ModeRow),
+                             text(dataList, LoopRow), text(dataList, EarthRow));
+    m_run.processRecord(dataList);
+    showTimes();
+}
+
+void FimTracking::processDeviceInformation(const QString& name, const QString& mode,
+                                           const QString& loopState, const QString& earthState)
+{
+    m_deviceName = name;
+    m_ui->nameLabel->setText(tr("Name: %1").arg(name));
+    m_ui->modeLabel->setText(tr("Mode: %1").arg(mode));
+    m_ui->loopLabel->setText(tr("Loop: %1").arg(loopState));
+    m_ui->earthLabel->setText(tr("Earth: %1").arg(earthState));
+}
+
+void FimTracking::processPlotData(double primaryCurrent, double secondaryCurrent,
+                                  const QDateTime& timestamp)
+{
+    if (m_run.counter().isSideCounting(PrimaryPort)) {
+        m_ui->primarySidePanel->addCurrent(primaryCurrent, timestamp);
+    }
+    if (m_run.counter().isSideCounting(SecondaryPort)) {
+        m_ui->secondarySidePanel->addCurrent(secondaryCurrent, timestamp);
+    }
+}
+
+void FimTracking::showPhase()
+{
+    const Phase phase = m_run.phase();
+    m_ui->phaseLabel->setText(phasetext::name(phase, m_run.stopReason()));
+    m_ui->hintLabel->setText(phasetext::hint(phase));
+    setFactoryResetCountdownVisible(m_run.isCountingDown());
+    if (phase == Phase::Rebooting || phase == Phase::Counting) {
+        setCountingInformationVisible(true);
+    }
+    const QString stopReason = phasetext::stopReason(m_run.stopReason());
+    if (!stopReason.isEmpty()) {
+        showNotice(stopReason);
+    }
+    if (phase == Phase::Idle || phase == Phase::Finished) {
+        m_ui->startButton->setChecked(false);
+    }
+    showTimes();
+}
+
+void FimTracking::showTimes()
+{
+    m_ui->phaseTimeLabel->setText(phasetext::time(m_run));
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        panel(port)->setRemaining(phasetext::sideEnd(m_run.counter(), port));
+    }
+}
+
+void FimTracking::setCountingInformationVisible(bool visible)
+{
+    m_ui->contentStack->setCurrentWidget(visible ? m_ui->countingPage : m_ui->hintPage);
+}
+
+void FimTracking::setFactoryResetCountdownVisible(bool visible)
+{
+    const bool isVisible = m_ui->contentStack->currentWidget() == m_ui->countdownPage;
+    if (visible == isVisible) {
+        return;
+    }
+    m_ui->countdownTitleLabel->setText(tr("Factory Reset Countdown"));
+    m_ui->countdownTextLabel->setText(tr("Factory reset started"));
+    setDigitColour(m_ui->countdownLcdNumber, Qt::black);
+    m_ui->contentStack->setCurrentWidget(visible ? m_ui->countdownPage : m_ui->hintPage);
+}
+
+void FimTracking::showCountdown(int secondsLeft)
+{
+    setFactoryResetCountdownVisible(true);
+    m_ui->countdownLcdNumber->display(secondsLeft);
+    if (secondsLeft == kLastSeconds) {
+        setDigitColour(m_ui->countdownLcdNumber, Qt::red);
+    }
+    showTimes();
+}
+
+void FimTracking::processSideFinished(int ldbPort, const QString& text, SideEnd result)
+{
+    panel(ldbPort)->showEnd(text, result);
+    // Once the record's work is done.
+    QTimer::singleShot(0, this,
+                       ldbPort == PrimaryPort ? &FimTracking::showPrimarySideAudioAlarm
+                                              : &FimTracking::showSecondarySideAudioAlarm);
+}
+
+void FimTracking::processFault(const FaultReport& report)
+{
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        if (report.positions[port]) {
+            panel(port)->showFault(report.kind, *report.positions[port]);
+        }
+    }
+    m_report.faults.append(report);
+    QTimer::singleShot(
+        0, this, [this, message = faultreport::message(report)] { showErrorMessage(message); });
+}
+
+void FimTracking::showResults(int totalFimCount, LoopResult result)
+{
+    m_report.hexId = m_ldb->hexId();
+    m_report.name = m_deviceName;
+    m_report.mode = m_run.mode();
+    m_report.finishedAt = QDateTime::currentDateTime();
+    m_report.sides = {TrackingReport::sideOf(m_run.counter(), PrimaryPort),
+                      TrackingReport::sideOf(m_run.counter(), SecondaryPort)};
+    m_report.summary = trackingresult::summary(totalFimCount, result);
+    m_ui->resultLabel->setText(m_report.summary);
+    m_ui->resultLabel->setStyleSheet(result == LoopResult::Connected
+                                         ? QStringLiteral("background: #1b6e36;")
+                                         : QStringLiteral("background: #b3261e;"));
+    m_ui->resultLabel->show();
+    m_ui->copyReportButton->setEnabled(true);
+    showTimes();
+}
+
+QString FimTracking::reportText() const
+{
+    return m_report.finishedAt.isValid() ? m_report.toText() : QString();
+}
+
+void FimTracking::on_copyReportButton_clicked()
+{
+    QApplication::clipboard()->setText(reportText());
+    showNotice(tr("The report has been copied."));
+}
+
+void FimTracking::showPrimarySideAudioAlarm()
+{
+    showSideAudioAlarm(PrimaryPort);
+}
+
+void FimTracking::showSecondarySideAudioAlarm()
+{
+    showSideAudioAlarm(SecondaryPort);
+}
+
+void FimTracking::showSideAudioAlarm(int ldbPort)
+{
+    QMessageBox* box = showErrorMessage(
+        trackingresult::sideAlarmText(ldbPort, m_run.counter().sideResult(ldbPort)));
+    if (!box) {
+        return;
+    }
+    ++m_openAlarms;
+    if (!m_alarmTimer.isActive()) {
+        m_alarmTimer.start();
+    }
+    connect(box, &QDialog::finished, this, [this] {
+        --m_openAlarms;
+        if (m_openAlarms == 0) {
+            m_alarmTimer.stop();
+        }
+    });
+    QApplication::alert(this);
+}
+
+QMessageBox* FimTracking::showErrorMessage(const QString& message)
+{
+    if (!isVisible()) {
+        return nullptr; // closed since
+    }
+    auto* box =
+        new QMessageBox(QMessageBox::Warning, tr("Attention"), message, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+    return box;
+}
+
+void FimTracking::playAudioAlarm()
+{
+    m_alarmSound.play();
+}
+
+void FimTracking::on_zoomButton_toggled(bool checked)
+{
+    m_ui->zoomButton->setText(checked ? tr("Zoom Out") : tr("Zoom In"));
+    m_ui->primarySidePanel->setZoom(checked);
+    m_ui->secondarySidePanel->setZoom(checked);
+}
+
+void FimTracking::sendCommand(TrackedLdb::Command command)
+{
+    if (command == TrackedLdb::Command::MuteAudio) {
+        m_audioMuted = true;
+        m_ui->zoomButton->setEnabled(true);
+    }
+    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](TrackedLdb::Answer answer) {
+        processAnswer(runNumber, command, answer);
+    });
+}
+
+void FimTracking::processAnswer(int runNumber, TrackedLdb::Command command,
+                                TrackedLdb::Answer answer)
+{
+    if (answer == TrackedLdb::Answer::Accepted) {
+        return;
+    }
+    const bool isRefused = answer == TrackedLdb::Answer::Refused;
+    if (isRefused && command == TrackedLdb::Command::MuteAudio) {
+        m_audioMuted = false;
+    }
+    if (runNumber != m_runNumber) {
+        return; // of a run before this one
+    }
+    showNotice(phasetext::commandFailure(command, answer));
+    if (isRefused && command == TrackedLdb::Command::FactoryReset) {
+        m_run.stop(TrackingRun::StopReason::FactoryResetRefused);
+    }
+}
+
+void FimTracking::showNotice(const QString& text)
+{
+    m_ui->noticeLabel->setText(text);
+    m_ui->noticeLabel->setVisible(!text.isEmpty());
+}
