@@ -93,11 +93,12 @@ void CommandBatch::start()
 
 void CommandBatch::fill()
 {
-    while (m_running && m_link && m_waiting < m_ldbsAhead && m_next < m_ldbs.size()) {
+    SerialLink* const link = m_link;
+    while (m_running && link != nullptr && m_waiting < m_ldbsAhead && m_next < m_ldbs.size()) {
         const std::size_t index = m_next++;
         ++m_waiting;
-        if (m_link->isConnected(m_ldbs[index].hexId)) {
-            post(index);
+        if (link->isConnected(m_ldbs[index].hexId)) {
+            post(index, *link);
         } else {
             answerWithNothing(index);
         }
@@ -107,7 +108,7 @@ void CommandBatch::fill()
     }
 }
 
-void CommandBatch::post(std::size_t index)
+void CommandBatch::post(std::size_t index, SerialLink& link)
 {
     auto commands = std::move(m_ldbs[index].commands);
     int number = 0;
@@ -119,7 +120,7 @@ void CommandBatch::post(std::size_t index)
             },
             [this] { abort(); }));
         ++number;
-        m_link->post(std::move(command));
+        link.post(std::move(command));
     }
 }
 
@@ -129,8 +130,11 @@ void CommandBatch::answerWithNothing(std::size_t index)
     QTimer::singleShot(0, this, [this, index] {
         const QPointer<CommandBatch> alive(this);
         const int count = m_ldbs[index].left;
-        for (int number = 0; alive && number < count; ++number) {
+        for (int number = 0; number < count; ++number) {
             processAnswer(index, number, {});
+            if (alive.isNull()) {
+                return;
+            }
         }
     });
 }
