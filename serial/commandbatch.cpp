@@ -54,8 +54,8 @@ CommandReply commandReply(const QByteArray& answer)
     if (answer.isEmpty()) {
         return CommandReply::Silent;
     }
-    const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
-    return isRefusal ? CommandReply::Refused : CommandReply::Accepted;
+    const bool isAcknowledged = answer.size() == 1 && answer.at(0) == framecodec::kAck;
+    return isAcknowledged ? CommandReply::Accepted : CommandReply::Refused;
 }
 
 CommandBatch::CommandBatch(SerialLink* link, int ldbsAhead, QObject* parent)
@@ -127,16 +127,9 @@ void CommandBatch::post(std::size_t index, SerialLink& link)
 void CommandBatch::answerWithNothing(std::size_t index)
 {
     // Told from the event loop like any other answer.
-    QTimer::singleShot(0, this, [this, index] {
-        const QPointer<CommandBatch> alive(this);
-        const int count = m_ldbs[index].left;
-        for (int number = 0; number < count; ++number) {
-            processAnswer(index, number, {});
-            if (alive.isNull()) {
-                return;
-            }
-        }
-    });
+    for (int number = 0; number < m_ldbs[index].left; ++number) {
+        QTimer::singleShot(0, this, [this, index, number] { processAnswer(index, number, {}); });
+    }
 }
 
 void CommandBatch::processAnswer(std::size_t index, int command, const QByteArray& answer)

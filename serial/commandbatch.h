@@ -15,8 +15,8 @@ class SerialLink;
 enum class CommandReply
 {
     Accepted,
-    Refused,
-    Silent ///< given up after the last transmission, or never sent
+    Refused, ///< or answered with anything but an acknowledgement
+    Silent   ///< given up after the last transmission, or never sent
 };
 
 /// Reads the answer that a write or an action got.

@@ -238,7 +238,8 @@ void TestImportExport::exportReportsFaults_data()
     row("settings silent", "737201", kSilence, "", "no answer");
     row("settings refused", "737201", kNak, "", "no valid settings received");
     row("settings of another LDB", "737201",
-        ScriptedBus::framed(SettingsBus::record(QStringLiteral("03"))), "", "no answer");
+        ScriptedBus::framed(SettingsBus::record(QStringLiteral("03"))), "",
+        "no valid settings received");
     row("settings malformed", "737201",
         ScriptedBus::framed(SettingsBus::record(QStringLiteral("02")).replace(8, 2, "ZZ")), "",
         "no valid settings received");
@@ -421,6 +422,8 @@ void TestImportExport::importReportsEachCommand_data()
     row("delay refused", "736317", kNak, "Open Detection Delay refused");
     row("FIMs refused", "736303", kNak, "Number of FIM's refused");
     row("store refused", "737806", kNak, "storing the settings refused");
+    row("name answered with a status", "736302", ScriptedBus::framed(ScriptedBus::status()),
+        "Device Name refused");
     row("name unanswered", "736302", kSilence, "Device Name unanswered");
     row("store unanswered", "737806", kSilence, "storing the settings unanswered");
     row("two refused", "736", kNak,
@@ -611,7 +614,7 @@ void TestImportExport::isCancelled()
 
 void TestImportExport::lostLdbIsNotConnected()
 {
-    const ExpectWarning warning("^Refused by 02$"); // to the probes of the lost one
+    const ExpectWarning warning("^Refusal to FE0270$"); // to the probes of the lost one
     Operation operation(site({QStringLiteral("01"), QStringLiteral("02")}));
     operation.sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n"
                                   "BYTES_RECEIVED_WAIT_TIME=20\n");
