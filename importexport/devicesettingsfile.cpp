@@ -167,9 +167,9 @@ DeviceSettingsFile::Reading DeviceSettingsFile::readFields(const QStringList& fi
     settings.numberOfFims = readWordColumn(NumberOfFimsColumn);
     if (openDetection && delay == 0 && reading.error.isEmpty()) {
         // A delay of 0 is how an LDB is told to detect no opens: the two cannot both be meant.
-        reading.error = tr("\"%1\" is 1, but \"%2\" is 0")
-                            .arg(columnTitle(OpenDetectionColumn),
-                                 columnTitle(OpenDetectionDelayColumn));
+        reading.error =
+            tr("\"%1\" is 1, but \"%2\" is 0")
+                .arg(columnTitle(OpenDetectionColumn), columnTitle(OpenDetectionDelayColumn));
     }
     settings.openDetectionDelay = openDetection ? delay : quint16{0};
     return reading;

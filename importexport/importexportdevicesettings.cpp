@@ -43,9 +43,9 @@ ImportExportDeviceSettings::ImportExportDeviceSettings(SerialLink* link, QObject
 
 ImportExportDeviceSettings::~ImportExportDeviceSettings() = default;
 
-void ImportExportDeviceSettings::setDefaultDirectory(QString directory)
+void ImportExportDeviceSettings::setDefaultDirectory(const QString& directory)
 {
-    m_defaultDirectory = std::move(directory);
+    m_defaultDirectory = directory;
 }
 
 QString ImportExportDeviceSettings::defaultFilePath() const
@@ -64,7 +64,7 @@ void ImportExportDeviceSettings::importDeviceSettings()
     importDeviceSettings(defaultFilePath());
 }
 
-void ImportExportDeviceSettings::exportDeviceSettings(QString exportFilePath)
+void ImportExportDeviceSettings::exportDeviceSettings(const QString& exportFilePath)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     cancel();
@@ -80,7 +80,7 @@ void ImportExportDeviceSettings::exportDeviceSettings(QString exportFilePath)
     }
 }
 
-void ImportExportDeviceSettings::importDeviceSettings(QString importFilePath)
+void ImportExportDeviceSettings::importDeviceSettings(const QString& importFilePath)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     cancel();

@@ -44,11 +44,11 @@ public:
 
 public slots:
     /// Where the forms without a path look; at first the folder "files" beside the program.
-    void setDefaultDirectory(QString directory);
+    void setDefaultDirectory(const QString& directory);
 
-    void exportDeviceSettings(QString exportFilePath);
+    void exportDeviceSettings(const QString& exportFilePath);
     void exportDeviceSettings();
-    void importDeviceSettings(QString importFilePath);
+    void importDeviceSettings(const QString& importFilePath);
     void importDeviceSettings();
 
     /// Ends the operation: no further LDB is asked or written, and no status comes any more.

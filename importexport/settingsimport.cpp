@@ -14,7 +14,7 @@ namespace {
 constexpr int kLdbsAhead = 2;
 
 // A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
-constexpr qint64 kMaxFileSize = 1024 * 1024;
+constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
 
 QString parameterTitle(LdbParameter parameter)
 {
@@ -118,9 +118,8 @@ void SettingsImport::noteMissingLines(const std::vector<DeviceSettingsLine>& lin
 {
     for (const QString& hexId : qAsConst(m_connected)) {
         const bool hasLine =
-            std::any_of(lines.begin(), lines.end(), [&hexId](const DeviceSettingsLine& line) {
-                return line.hexId == hexId;
-            });
+            std::any_of(lines.begin(), lines.end(),
+                        [&hexId](const DeviceSettingsLine& line) { return line.hexId == hexId; });
         if (!hasLine) {
             m_someMissing = true;
             m_failures.append(tr("LDB %1 (address %2): no line in the file")

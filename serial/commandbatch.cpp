@@ -54,8 +54,8 @@ CommandReply commandReply(const QByteArray& answer)
     if (answer.isEmpty()) {
         return CommandReply::Silent;
     }
-    const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
-    return isRefusal ? CommandReply::Refused : CommandReply::Accepted;
+    const bool isAcknowledged = answer.size() == 1 && answer.at(0) == framecodec::kAck;
+    return isAcknowledged ? CommandReply::Accepted : CommandReply::Refused;
 }
 
 CommandBatch::CommandBatch(SerialLink* link, int ldbsAhead, QObject* parent)
@@ -93,11 +93,12 @@ void CommandBatch::start()
 
 void CommandBatch::fill()
 {
-    while (m_running && m_link && m_waiting < m_ldbsAhead && m_next < m_ldbs.size()) {
+    SerialLink* const link = m_link;
+    while (m_running && link != nullptr && m_waiting < m_ldbsAhead && m_next < m_ldbs.size()) {
         const std::size_t index = m_next++;
         ++m_waiting;
-        if (m_link->isConnected(m_ldbs[index].hexId)) {
-            post(index);
+        if (link->isConnected(m_ldbs[index].hexId)) {
+            post(index, *link);
         } else {
             answerWithNothing(index);
         }
@@ -107,7 +108,7 @@ void CommandBatch::fill()
     }
 }
 
-void CommandBatch::post(std::size_t index)
+void CommandBatch::post(std::size_t index, SerialLink& link)
 {
     auto commands = std::move(m_ldbs[index].commands);
     int number = 0;
@@ -119,20 +120,16 @@ void CommandBatch::post(std::size_t index)
             },
             [this] { abort(); }));
         ++number;
-        m_link->post(std::move(command));
+        link.post(std::move(command));
     }
 }
 
 void CommandBatch::answerWithNothing(std::size_t index)
 {
     // Told from the event loop like any other answer.
-    QTimer::singleShot(0, this, [this, index] {
-        const QPointer<CommandBatch> alive(this);
-        const int count = m_ldbs[index].left;
-        for (int number = 0; alive && number < count; ++number) {
-            processAnswer(index, number, {});
-        }
-    });
+    for (int number = 0; number < m_ldbs[index].left; ++number) {
+        QTimer::singleShot(0, this, [this, index, number] { processAnswer(index, number, {}); });
+    }
 }
 
 void CommandBatch::processAnswer(std::size_t index, int command, const QByteArray& answer)

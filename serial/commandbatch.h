@@ -15,17 +15,17 @@ class SerialLink;
 enum class CommandReply
 {
     Accepted,
-    Refused,
-    Silent ///< given up after the last transmission, or never sent
+    Refused, ///< or answered with anything but an acknowledgement
+    Silent   ///< given up after the last transmission, or never sent
 };
 
 /// Reads the answer that a write or an action got.
 CommandReply commandReply(const QByteArray& answer);
 
-/// Commands for a number of LDBs, sent LDB by LDB, with every answer told. Only a few LDBs' commands
-/// wait at the processor at a time: other users of the bus get their turn between them, and what
-/// is left can still be called off by destroying the batch. An LDB's commands are handed over
-/// together, so a batch that dies leaves no LDB half written.
+/// Commands for a number of LDBs, sent LDB by LDB, with every answer told. Only a few LDBs'
+/// commands wait at the processor at a time: other users of the bus get their turn between them,
+/// and what is left can still be called off by destroying the batch. An LDB's commands are handed
+/// over together, so a batch that dies leaves no LDB half written.
 ///
 /// It ends exactly once, with `finished()` or `aborted()`, whatever the bus does. GUI thread only;
 /// receivers may delete the batch from any of its signals.
@@ -69,7 +69,7 @@ private:
     };
 
     void fill();
-    void post(std::size_t index);
+    void post(std::size_t index, SerialLink& link);
     void answerWithNothing(std::size_t index);
     void processAnswer(std::size_t index, int command, const QByteArray& answer);
     void finish();

@@ -44,8 +44,7 @@ QString zeroTerminated(const QByteArray& bytes)
     const auto length =
         static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
     QTextCodec::ConverterState state;
-    const QString text =
-        QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
+    const QString text = QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
     const bool isLocal = state.invalidChars == 0 && state.remainingChars == 0;
     return isLocal ? text : QString::fromLatin1(bytes.constData(), length);
 }

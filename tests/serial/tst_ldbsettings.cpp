@@ -172,8 +172,8 @@ void TestLdbSettings::tellsStorableNames_data()
     QTest::newRow("16 bytes") << QByteArray("UTF-8") << QStringLiteral("1234567890123456") << false;
     QTest::newRow("8 characters of 16 bytes") << QByteArray("UTF-8") << umlauts << false;
     QTest::newRow("8 characters of 8 bytes") << QByteArray("ISO-8859-1") << umlauts << true;
-    QTest::newRow("not in the encoding") << QByteArray("ISO-8859-1") << QString(QChar(0x20AC))
-                                         << false;
+    QTest::newRow("not in the encoding")
+        << QByteArray("ISO-8859-1") << QString(QChar(0x20AC)) << false;
     QTest::newRow("a zero inside") << QByteArray("UTF-8") << QString(QChar::Null) << false;
 }
 
@@ -256,10 +256,9 @@ void TestLdbSettings::writesInOrder_data()
     QTest::addColumn<bool>("withMute");
     QTest::addColumn<QList<QByteArray>>("bodies");
 
-    QTest::newRow("editor") << true
-                            << QList<QByteArray>{"FE1F73630248616C6C", "FE1F7363141D",
-                                                 "FE1F7363170A00",     "FE1F73631601",
-                                                 "FE1F7363031400",     "FE1F737806"};
+    QTest::newRow("editor") << true << QList<QByteArray>{"FE1F73630248616C6C", "FE1F7363141D",
+                                                         "FE1F7363170A00",     "FE1F73631601",
+                                                         "FE1F7363031400",     "FE1F737806"};
     QTest::newRow("file") << false
                           << QList<QByteArray>{"FE1F73630248616C6C", "FE1F7363141D",
                                                "FE1F7363170A00", "FE1F7363031400", "FE1F737806"};

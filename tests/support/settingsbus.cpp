@@ -27,9 +27,19 @@ SettingsBus::SettingsBus(const QStringList& presentHexIds, QObject* parent)
     , m_bus(presentHexIds)
 {
     for (const QString& hexId : presentHexIds) {
-        m_records.insert(hexId, record(hexId));
+        m_records.insert(hexId, {});
     }
+    reset();
     m_bus.setScript([this](const QByteArray& body) { return answer(body); });
+}
+
+void SettingsBus::reset()
+{
+    m_script = nullptr;
+    m_requests.clear();
+    for (auto it = m_records.begin(); it != m_records.end(); ++it) {
+        it.value() = record(it.key());
+    }
 }
 
 QByteArray SettingsBus::record(const QString& hexId)
@@ -56,9 +66,7 @@ bool SettingsBus::connectLink(SerialLink& link)
     link.setPortName(m_bus.portName());
     link.start();
     return QTest::qWaitFor(
-        [&scanned] {
-            return !scanned.isEmpty() && !scanned.constLast().constFirst().toBool();
-        },
+        [&scanned] { return !scanned.isEmpty() && !scanned.constLast().constFirst().toBool(); },
         kScanLimitMs);
 }
 
@@ -71,7 +79,7 @@ std::optional<QByteArray> SettingsBus::answer(const QByteArray& body)
     }
     m_requests.append(body);
     if (m_script) {
-        if (const auto scripted = m_script(body)) {
+        if (auto scripted = m_script(body)) {
             return scripted;
         }
     }
@@ -93,8 +101,11 @@ bool SettingsBus::takeChange(const QString& hexId, const QByteArray& parameter,
         int position;
         int length;
     };
-    static const QMap<QByteArray, Field> kFields = {
-        {"02", {18, kNameDigits}}, {"14", {8, 2}}, {"17", {14, 4}}, {"16", {12, 2}}, {"03", {52, 4}}};
+    static const QMap<QByteArray, Field> kFields = {{"02", {18, kNameDigits}},
+                                                    {"14", {8, 2}},
+                                                    {"17", {14, 4}},
+                                                    {"16", {12, 2}},
+                                                    {"03", {52, 4}}};
     const auto field = kFields.constFind(parameter);
     const bool isName = parameter == "02";
     if (field == kFields.constEnd() ||
