@@ -44,20 +44,18 @@ class Installation
 public:
     Installation(const Scenario& scenario, PacedLine::Pace pace, const QString& journalPath = {})
     {
-        Simulation::Options options;
-        options.pace = pace;
-        options.journalPath = journalPath;
-        m_simulation = std::make_unique<Simulation>(scenario, options);
-        m_simulation->moveToThread(&m_thread);
         m_thread.start();
+        m_context.moveToThread(&m_thread);
         QString error;
-        QMetaObject::invokeMethod(
-            m_simulation.get(),
-            [this, &error] {
-                error = m_simulation->start();
-                m_portName = m_simulation->portName();
-            },
-            Qt::BlockingQueuedConnection);
+        const auto begin = [&] {
+            Simulation::Options options;
+            options.pace = pace;
+            options.journalPath = journalPath;
+            m_simulation = std::make_unique<Simulation>(scenario, options);
+            error = m_simulation->start();
+            m_portName = m_simulation->portName();
+        };
+        QMetaObject::invokeMethod(&m_context, begin, Qt::BlockingQueuedConnection);
         if (!error.isEmpty()) {
             qFatal("%s", qPrintable(error));
         }
@@ -65,7 +63,7 @@ public:
     ~Installation()
     {
         QMetaObject::invokeMethod(
-            m_simulation.get(), [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);
+            &m_context, [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);
         m_thread.quit();
         m_thread.wait();
     }
@@ -76,6 +74,7 @@ public:
 
 private:
     QThread m_thread;
+    QObject m_context; ///< stands for the thread
     std::unique_ptr<Simulation> m_simulation;
     QString m_portName;
 };
