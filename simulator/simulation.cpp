@@ -15,9 +15,11 @@ constexpr int kNoTag = 0;
 Simulation::Simulation(const Scenario& scenario, const Options& options, QObject* parent)
     : QObject(parent)
     , m_bus(scenario, options.seed.value_or(scenario.seed), m_clock.milliseconds())
-    , m_line(options.pace, m_clock)
+    , m_line(options.pace, m_clock, this)
     , m_link(options.linkPath)
     , m_journalPath(options.journalPath)
+    , m_eventTimer(this)
+    , m_restoreTimer(this)
 {
     for (const ScenarioEvent& event : scenario.events) {
         m_events.push_back({event.at, event.every, event.command});
