@@ -188,11 +188,13 @@ QString BusSimulator::describe(Member& member, qint64 now)
     SimulatedLdb& ldb = member.ldb;
     const LdbStatus status = ldb.measure(now);
     const QStringList faults = member.wire.names();
+    constexpr int kCountWidth = 3;
+    // One call: a name may hold place markers of its own.
     return QStringLiteral("%1  %2  %3 FIMs  %4, loop %5, earth %6, amplifier %7%8")
         .arg(busaddress::toHexId(ldb.address()),
-             QString::fromUtf8(ldb.settings().name).leftJustified(kMaxNameBytes))
-        .arg(ldb.loop().fims(), 3)
-        .arg(member.isPresent ? ldbStateText(status.state) : QStringLiteral("not on the bus"),
+             QString::fromUtf8(ldb.settings().name).leftJustified(kMaxNameBytes),
+             QString::number(ldb.loop().fims()).rightJustified(kCountWidth),
+             member.isPresent ? ldbStateText(status.state) : QStringLiteral("not on the bus"),
              ldbLoopStateText(status.loopState()), ldbEarthStateText(status.earthState()),
              ldbAmplifierText(status.amplifier),
              faults.isEmpty() ? QString()

@@ -89,11 +89,11 @@ QString settingsText(const QByteArray& body)
     if (!settings) {
         return QStringLiteral("no settings record");
     }
+    // One call: a name may hold place markers of its own.
     return QStringLiteral("\"%1\", flags %2, delay %3, mute %4, FIMs %5")
-        .arg(settings->name, QString::fromLatin1(encodeFlags(*settings)))
-        .arg(settings->openDetectionDelay)
-        .arg(settings->audioMute ? 1 : 0)
-        .arg(settings->numberOfFims);
+        .arg(settings->name, QString::fromLatin1(encodeFlags(*settings)),
+             QString::number(settings->openDetectionDelay),
+             QString::number(settings->audioMute ? 1 : 0), QString::number(settings->numberOfFims));
 }
 
 } // namespace

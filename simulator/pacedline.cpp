@@ -20,6 +20,7 @@ PacedLine::PacedLine(Pace pace, const SimulationClock& clock, QObject* parent)
     : QObject(parent)
     , m_pace(pace)
     , m_clock(clock)
+    , m_timer(this)
 {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);

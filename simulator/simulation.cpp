@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kMillisecondsPerSecond = 1000;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kLongestSleep = 60 * 60 * 1000; // ms; an event may be weeks away
+constexpr qint64 kLongestSleep = 3600000; // ms; an event may be weeks away
 constexpr int kNoTag = 0;
 
 } // namespace
@@ -15,9 +15,11 @@ constexpr int kNoTag = 0;
 Simulation::Simulation(const Scenario& scenario, const Options& options, QObject* parent)
     : QObject(parent)
     , m_bus(scenario, options.seed.value_or(scenario.seed), m_clock.milliseconds())
-    , m_line(options.pace, m_clock)
+    , m_line(options.pace, m_clock, this)
     , m_link(options.linkPath)
     , m_journalPath(options.journalPath)
+    , m_eventTimer(this)
+    , m_restoreTimer(this)
 {
     for (const ScenarioEvent& event : scenario.events) {
         m_events.push_back({event.at, event.every, event.command});
@@ -43,7 +45,7 @@ QString Simulation::start()
     if (!m_journalPath.isEmpty() && !m_journal.open(m_journalPath)) {
         return QStringLiteral("%1: %2").arg(m_journalPath, m_journal.errorString());
     }
-    const QString error = openPort();
+    QString error = openPort();
     if (error.isEmpty()) {
         scheduleEvents();
     }
@@ -84,7 +86,7 @@ QString Simulation::openPort()
     if (!terminal->isOpen()) {
         return QStringLiteral("the system gave no pseudo-terminal");
     }
-    const QString error = m_link.pointTo(terminal->portName());
+    QString error = m_link.pointTo(terminal->portName());
     if (!error.isEmpty()) {
         return error;
     }
@@ -115,7 +117,7 @@ QString Simulation::restore()
     if (m_terminal) {
         return {};
     }
-    const QString error = openPort();
+    QString error = openPort();
     if (!error.isEmpty()) {
         qWarning("The line stays cut: %s", qPrintable(error));
         return error;

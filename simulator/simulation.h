@@ -18,8 +18,8 @@
 #include <vector>
 
 /// A whole simulated installation on a pseudo-terminal: the boards, the line to them, the events of
-/// the scenario, and the trainer's commands. Lives in one thread that runs an event loop; programs
-/// and tests may run it beside themselves.
+/// the scenario, and the trainer's commands. Needs a thread with an event loop, into which it may
+/// be moved before `start()`; programs and tests may run it beside themselves.
 class Simulation : public QObject
 {
     Q_OBJECT

@@ -127,7 +127,7 @@ void BusSimulatorTest::takesOrRefusesAChange()
 
     // Remembered through a restart.
     bus.ask("FE0A73780001");
-    bus.now += 3600 * 1000;
+    bus.now += 3600000;
     QByteArray later = bus.settingsRecord();
     QVERIFY(framecodec::responseValidation(later));
     QCOMPARE(later, after);
