@@ -27,6 +27,7 @@ inline const QString kLeftRightSplitterKey = QStringLiteral("position/leftAndRig
 // The capital L in "PLot" is part of the key: layouts already saved carry it.
 inline const QString kOverviewPlotSplitterKey =
     QStringLiteral("position/deviceOverviewAndPLotSplitter");
+inline const QString kPlotDetailSplitterKey = QStringLiteral("position/plotAndDetailSplitter");
 
 // Per-user settings: language, port, sound, log controls.
 inline const QString kLanguageKey = QStringLiteral("translation/language");

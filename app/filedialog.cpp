@@ -1,0 +1,48 @@
+#include "app/filedialog.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace filedialog {
+
+namespace {
+
+const QString kFilter = QStringLiteral("(*.csv)");
+const QString kSuffix = QStringLiteral("csv");
+
+QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+{
+    auto* dialog = new QFileDialog(parent, title, QString(), kFilter);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QFileDialog::fileSelected, parent, std::move(chosen));
+    return dialog;
+}
+
+} // namespace
+
+void save(QWidget* parent, const QString& title, const QString& proposedPath, bool mayExist,
+          std::function<void(const QString&)> chosen)
+{
+    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(kSuffix);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, mayExist);
+    if (!proposedPath.isEmpty()) {
+        const QFileInfo proposed(proposedPath);
+        dialog->setDirectory(proposed.absolutePath());
+        dialog->selectFile(proposed.fileName());
+    }
+    dialog->open();
+}
+
+void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+{
+    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->open();
+}
+
+} // namespace filedialog

@@ -1,0 +1,139 @@
+#include "app/statusbardisplay.h"
+#include "tests/support/testcase.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+
+#include <memory>
+
+namespace {
+
+QString text(const QStatusBar& bar, const char* label)
+{
+    return bar.findChild<QLabel*>(QLatin1String(label))->text();
+}
+
+} // namespace
+
+class TestStatusBarDisplay : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void init() override;
+    void cleanup() override;
+    void countLabel();
+    void failureStaysUntilSuccess();
+    void queueLabel();
+    void scanProgress();
+    void transferProgress();
+    void messageIsSaidAgain();
+    void polledAlone();
+
+private:
+    std::unique_ptr<QStatusBar> m_bar;
+    std::unique_ptr<StatusBarDisplay> m_display;
+};
+
+void TestStatusBarDisplay::init()
+{
+    TestCase::init();
+    m_bar = std::make_unique<QStatusBar>();
+    m_bar->show();
+    m_display = std::make_unique<StatusBarDisplay>(m_bar.get());
+}
+
+void TestStatusBarDisplay::cleanup()
+{
+    m_display.reset();
+    m_bar.reset();
+    TestCase::cleanup();
+}
+
+void TestStatusBarDisplay::countLabel()
+{
+    QCOMPARE(text(*m_bar, "countLabel"), QString());
+    m_display->showAvailable(8);
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Available LDB's: 8."));
+    m_display->showLoading();
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
+    m_display->retranslate();
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
+    m_display->showAvailable(3);
+    m_display->retranslate();
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Available LDB's: 3."));
+}
+
+void TestStatusBarDisplay::failureStaysUntilSuccess()
+{
+    const QString failed = QStringLiteral("Serial communication failed.");
+    m_display->showFailure();
+    m_display->showAvailable(5);
+    QCOMPARE(text(*m_bar, "countLabel"), failed);
+    m_display->showLoading();
+    QCOMPARE(text(*m_bar, "countLabel"), failed);
+    m_display->retranslate();
+    QCOMPARE(text(*m_bar, "countLabel"), failed);
+    m_display->clearFailure();
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Available LDB's: 5."));
+    // Without a failure there is nothing to clear.
+    m_display->showLoading();
+    m_display->clearFailure();
+    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
+}
+
+void TestStatusBarDisplay::queueLabel()
+{
+    m_display->showQueueLength(12);
+    m_display->retranslate();
+    QCOMPARE(text(*m_bar, "queueLabel"), QStringLiteral("Serial commands in queue: 12"));
+}
+
+void TestStatusBarDisplay::scanProgress()
+{
+    auto* progress = m_bar->findChild<QProgressBar*>(QStringLiteral("progressBar"));
+    QVERIFY(!progress->isVisible());
+    m_display->showScanProgress(253, 3);
+    QCOMPARE(m_bar->currentMessage(),
+             QStringLiteral("Scanning for connected LDB's...  LDB's Checked 253, LDB's Found 3"));
+    QVERIFY(progress->isVisible());
+    QCOMPARE(progress->value(), progress->maximum());
+    m_display->hideProgress();
+    QVERIFY(!progress->isVisible());
+}
+
+void TestStatusBarDisplay::transferProgress()
+{
+    auto* progress = m_bar->findChild<QProgressBar*>(QStringLiteral("progressBar"));
+    m_display->showScanProgress(100, 0);
+    m_display->showTransferProgress(30, 40);
+    QCOMPARE(progress->text(), QStringLiteral("25%"));
+}
+
+void TestStatusBarDisplay::messageIsSaidAgain()
+{
+    QString language = QStringLiteral("one");
+    m_display->showMessage([&language] { return language; });
+    QCOMPARE(m_bar->currentMessage(), QStringLiteral("one"));
+    language = QStringLiteral("two");
+    m_display->retranslate();
+    QCOMPARE(m_bar->currentMessage(), QStringLiteral("two"));
+    m_display->clearMessage();
+    m_display->retranslate();
+    QCOMPARE(m_bar->currentMessage(), QString());
+}
+
+void TestStatusBarDisplay::polledAlone()
+{
+    auto* label = m_bar->findChild<QLabel*>(QStringLiteral("polledAloneLabel"));
+    QVERIFY(!label->isVisible());
+    m_display->showPolledAlone(QStringLiteral("0A"));
+    QVERIFY(label->isVisible());
+    QCOMPARE(label->text(), QStringLiteral("Only LDB 0A is polled."));
+    m_display->showPolledAlone(QString());
+    QVERIFY(!label->isVisible());
+}
+
+QTEST_MAIN(TestStatusBarDisplay)
+
+#include "tst_statusbardisplay.moc"
