@@ -1,5 +1,5 @@
 #include "simulator/simulatedldb.h"
-#include "tests/simulator/fimcounter.h"
+#include "tests/simulator/referencecounter.h"
 #include "tests/support/testcase.h"
 
 #include <functional>
@@ -29,10 +29,11 @@ enum class Mode
 };
 
 /// A run from the LDB reset on; `watch` sees every sample. Gives the finished counter.
-FimCounter track(SimulatedLdb ldb, Mode mode, qint64 period,
-                 const std::function<void(const FimCounter&, const LdbStatus&)>& watch = {})
+ReferenceCounter
+track(SimulatedLdb ldb, Mode mode, qint64 period,
+      const std::function<void(const ReferenceCounter&, const LdbStatus&)>& watch = {})
 {
-    FimCounter counter(mode == Mode::Commissioning);
+    ReferenceCounter counter(mode == Mode::Commissioning);
     ldb.control(LdbControl::LdbReset, kStart);
     for (qint64 time = 0; time < kLongestRun && !counter.isFinished(); time += period) {
         const LdbStatus status = ldb.measure(kStart + time);
@@ -66,11 +67,12 @@ void LoopTimingTest::countsAHealthyLoop()
     for (const qint64 period : kSamplePeriods) {
         for (int fims = 2; fims <= 12; ++fims) {
             for (quint32 seed = 1; seed <= 5; ++seed) {
-                const FimCounter counter = track(board(fims, seed), Mode::Commissioning, period);
+                const ReferenceCounter counter =
+                    track(board(fims, seed), Mode::Commissioning, period);
                 QVERIFY(counter.isFinished());
                 QCOMPARE(counter.primaryCount() + counter.secondaryCount(), fims);
-                QCOMPARE(counter.primaryResult(), FimCounter::Connected);
-                QCOMPARE(counter.secondaryResult(), FimCounter::Connected);
+                QCOMPARE(counter.primaryResult(), ReferenceCounter::Connected);
+                QCOMPARE(counter.secondaryResult(), ReferenceCounter::Connected);
             }
         }
     }
@@ -83,15 +85,15 @@ void LoopTimingTest::countsUpToAnOpen()
             for (int after = 0; after <= fims; ++after) {
                 SimulatedLdb ldb = board(fims);
                 ldb.setLoopFault(LoopFaultKind::Open, FaultPhase::Present, after, kStart);
-                const FimCounter counter = track(ldb, Mode::Commissioning, period);
+                const ReferenceCounter counter = track(ldb, Mode::Commissioning, period);
                 // A side with a single FIM shows 0: its only step falls into the first inhibit.
                 const auto shown = [](int count) {
                     return count == 1 ? 0 : count;
                 };
                 QCOMPARE(counter.primaryCount(), shown(after));
                 QCOMPARE(counter.secondaryCount(), shown(fims - after));
-                QCOMPARE(counter.primaryResult(), FimCounter::Open);
-                QCOMPARE(counter.secondaryResult(), FimCounter::Open);
+                QCOMPARE(counter.primaryResult(), ReferenceCounter::Open);
+                QCOMPARE(counter.secondaryResult(), ReferenceCounter::Open);
             }
         }
     }
@@ -104,11 +106,11 @@ void LoopTimingTest::countsUpToAShort()
             for (int after = 1; after < fims; ++after) {
                 SimulatedLdb ldb = board(fims);
                 ldb.setLoopFault(LoopFaultKind::Short, FaultPhase::Present, after, kStart);
-                const FimCounter counter = track(ldb, Mode::Commissioning, period);
+                const ReferenceCounter counter = track(ldb, Mode::Commissioning, period);
                 QCOMPARE(counter.primaryCount(), after);
                 QCOMPARE(counter.secondaryCount(), fims - after);
-                QCOMPARE(counter.primaryResult(), FimCounter::Short);
-                QCOMPARE(counter.secondaryResult(), FimCounter::Short);
+                QCOMPARE(counter.primaryResult(), ReferenceCounter::Short);
+                QCOMPARE(counter.secondaryResult(), ReferenceCounter::Short);
             }
         }
     }
@@ -119,15 +121,15 @@ void LoopTimingTest::countsFromThePrimaryPortAlone()
     for (int fims = 2; fims <= 12; ++fims) {
         SimulatedLdb ldb = board(fims);
         ldb.setSecondaryConnected(false, kStart);
-        const FimCounter healthy = track(ldb, Mode::FaultFinding, kSamplePeriods[0]);
+        const ReferenceCounter healthy = track(ldb, Mode::FaultFinding, kSamplePeriods[0]);
         QCOMPARE(healthy.primaryCount(), fims);
-        QCOMPARE(healthy.primaryResult(), FimCounter::Open);
+        QCOMPARE(healthy.primaryResult(), ReferenceCounter::Open);
         for (int after = 1; after < fims; ++after) {
             SimulatedLdb shorted = ldb;
             shorted.setLoopFault(LoopFaultKind::Short, FaultPhase::Present, after, kStart);
-            const FimCounter counter = track(shorted, Mode::FaultFinding, kSamplePeriods[0]);
+            const ReferenceCounter counter = track(shorted, Mode::FaultFinding, kSamplePeriods[0]);
             QCOMPARE(counter.primaryCount(), after);
-            QCOMPARE(counter.primaryResult(), FimCounter::Short);
+            QCOMPARE(counter.primaryResult(), ReferenceCounter::Short);
         }
     }
 }
@@ -149,9 +151,9 @@ void LoopTimingTest::placesALeakWithinOneFim()
             // Slot numbers of the FIMs beside the leak: the front that comes first finds it.
             const bool isPrimaryFirst = 2 * after - 1 < 2 * (fims - after - 1);
             std::optional<int> distance;
-            const FimCounter counter =
+            const ReferenceCounter counter =
                 track(ldb, Mode::Commissioning, kSamplePeriods[0],
-                      [&](const FimCounter& state, const LdbStatus& status) {
+                      [&](const ReferenceCounter& state, const LdbStatus& status) {
                           const bool leaks = kind == LoopFaultKind::EarthLeakage
                                                  ? status.earthState() == LdbEarthState::Leakage
                                                  : (static_cast<int>(status.loopState()) & 16) != 0;
@@ -165,7 +167,7 @@ void LoopTimingTest::placesALeakWithinOneFim()
                      qPrintable(QStringLiteral("%1 of %2").arg(after).arg(fims)));
             // The leak does not disturb the count.
             QCOMPARE(counter.primaryCount() + counter.secondaryCount(), fims);
-            QCOMPARE(counter.primaryResult(), FimCounter::Connected);
+            QCOMPARE(counter.primaryResult(), ReferenceCounter::Connected);
         }
     }
 }
@@ -177,9 +179,9 @@ void LoopTimingTest::findsSeveralFaultsAtOnce()
     ldb.setLoopFault(LoopFaultKind::Open, FaultPhase::Present, 4, kStart);
     ldb.setLoopFault(LoopFaultKind::EarthLeakage, FaultPhase::Present, 2, kStart);
     int position = -1;
-    const FimCounter counter =
+    const ReferenceCounter counter =
         track(ldb, Mode::Commissioning, kSamplePeriods[0],
-              [&position](const FimCounter& state, const LdbStatus& status) {
+              [&position](const ReferenceCounter& state, const LdbStatus& status) {
                   if (status.earthState() == LdbEarthState::Leakage && position < 0) {
                       position = state.primaryPosition();
                   }

@@ -173,6 +173,15 @@ void PacedLineTest::answersDoNotOverlap()
     virtualTime->advance(200);
     QCOMPARE(recorder.allSent(), QByteArray(30, 'a') + "soonlate");
     QVERIFY(recorder.sent.constLast().at >= 39578);
+
+    // A piece that should have left long ago does not leave at once: the wire was taken until now.
+    Recorder lagging(PacedLine::Pace::Baud9600);
+    const qint64 longAgo = lagging.now();
+    lagging.line.send(QByteArray(30, 'a'), longAgo);
+    virtualTime->advance(40);
+    lagging.line.send(QByteArray(30, 'b'), longAgo);
+    virtualTime->advance(100);
+    QCOMPARE(lagging.finished.constLast().at, 1000 + 2 * 31250);
 }
 
 void PacedLineTest::cutsFramesOutOfAnything_data()

@@ -1,4 +1,4 @@
-#include "tests/simulator/fimcounter.h"
+#include "tests/simulator/referencecounter.h"
 
 #include <algorithm>
 #include <numeric>
@@ -8,13 +8,13 @@ constexpr double kStep = 11;
 constexpr double kShort = 220;
 } // namespace
 
-double FimCounter::Side::mean() const
+double ReferenceCounter::Side::mean() const
 {
     return std::accumulate(history.begin(), history.end(), 0.0) /
            static_cast<double>(history.size());
 }
 
-bool FimCounter::Side::steps(double current, qint64 now)
+bool ReferenceCounter::Side::steps(double current, qint64 now)
 {
     history.push_back(current);
     if (history.size() > 20) {
@@ -23,7 +23,7 @@ bool FimCounter::Side::steps(double current, qint64 now)
     return current - mean() > kStep && now >= inhibit;
 }
 
-void FimCounter::sample(const LdbStatus& status, qint64 now)
+void ReferenceCounter::sample(const LdbStatus& status, qint64 now)
 {
     const auto primary = static_cast<qint16>(status.primaryCurrent);
     const auto secondary = static_cast<qint16>(status.secondaryCurrent);
@@ -36,7 +36,7 @@ void FimCounter::sample(const LdbStatus& status, qint64 now)
     judgeRing(now);
 }
 
-void FimCounter::expire(qint64 now)
+void ReferenceCounter::expire(qint64 now)
 {
     if (!m_primary.pending && now >= m_primary.end) {
         closePrimary();
@@ -53,7 +53,7 @@ void FimCounter::expire(qint64 now)
     }
 }
 
-void FimCounter::count(double primary, double secondary, qint64 now)
+void ReferenceCounter::count(double primary, double secondary, qint64 now)
 {
     if (!m_primary.finished) {
         if (m_primary.pending) {
@@ -91,7 +91,7 @@ void FimCounter::count(double primary, double secondary, qint64 now)
     }
 }
 
-void FimCounter::judgeShort(double primary, double secondary, qint64 now)
+void ReferenceCounter::judgeShort(double primary, double secondary, qint64 now)
 {
     if (!m_primary.shorted && primary - m_primary.mean() > kShort) {
         m_primary.shorted = true;
@@ -116,7 +116,7 @@ void FimCounter::judgeShort(double primary, double secondary, qint64 now)
     }
 }
 
-void FimCounter::judgeRing(qint64 now)
+void ReferenceCounter::judgeRing(qint64 now)
 {
     const int withoutShortAndDc = m_loop & ~24;
     const int withoutShort = m_loop & ~8;
@@ -126,14 +126,14 @@ void FimCounter::judgeRing(qint64 now)
     }
 }
 
-bool FimCounter::isConnected() const
+bool ReferenceCounter::isConnected() const
 {
     constexpr int kClosedRing[] = {0, 2, 10, 18, 26, 34, 42};
     return std::find(std::begin(kClosedRing), std::end(kClosedRing), m_loop) !=
            std::end(kClosedRing);
 }
 
-void FimCounter::closePrimary()
+void ReferenceCounter::closePrimary()
 {
     Side& side = m_primary;
     if (side.finished) {
@@ -155,7 +155,7 @@ void FimCounter::closePrimary()
     side.count = std::max(side.count, 0);
 }
 
-void FimCounter::closeSecondary(qint64 now)
+void ReferenceCounter::closeSecondary(qint64 now)
 {
     Side& side = m_secondary;
     if (side.finished) {

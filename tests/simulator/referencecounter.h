@@ -9,7 +9,7 @@
 /// A second, plain reckoning of what a tracking run makes of a loop: the counting rules of the tool
 /// with their periods and thresholds written out again, fed with samples instead of timers, so that
 /// the simulated loop is held against the rules and not against the tool's own code.
-class FimCounter
+class ReferenceCounter
 {
 public:
     enum Result
@@ -19,7 +19,7 @@ public:
         Short = 2
     };
 
-    explicit FimCounter(bool tracksSecondary)
+    explicit ReferenceCounter(bool tracksSecondary)
         : m_tracksSecondary(tracksSecondary)
     {
     }
