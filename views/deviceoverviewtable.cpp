@@ -50,15 +50,16 @@ int widthShareOf(int column)
 {
     switch (column) {
     case overview::IdColumn:
-        return 2;
-    case overview::LoopColumn:
         return 5;
     case overview::NameColumn:
-    case overview::ModeColumn:
     case overview::AmplifierColumn:
-        return 4;
+        return 8;
+    case overview::ModeColumn:
+        return 9;
+    case overview::LoopColumn:
+        return 10;
     default:
-        return 3;
+        return 6;
     }
 }
 
@@ -149,10 +150,15 @@ void DeviceOverviewTable::fillWidth()
     for (int column = 0; column < overview::ColumnCount; ++column) {
         shares += header()->isSectionHidden(column) ? 0 : widthShareOf(column);
     }
+    // Counted from the left edge, so that the rounding leaves no gap at the right.
+    int sharesBefore = 0;
     for (int column = 0; column < overview::ColumnCount; ++column) {
-        if (!header()->isSectionHidden(column)) {
-            header()->resizeSection(column, width * widthShareOf(column) / shares);
+        if (header()->isSectionHidden(column)) {
+            continue;
         }
+        const int begin = width * sharesBefore / shares;
+        sharesBefore += widthShareOf(column);
+        header()->resizeSection(column, width * sharesBefore / shares - begin);
     }
 }
 
