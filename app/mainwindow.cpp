@@ -5,6 +5,7 @@
 #include "app/logcontrols.h"
 #include "app/messagebox.h"
 #include "app/settings/settingsmenu.h"
+#include "app/settingseditor/ldbsettingseditor.h"
 #include "app/settingstransfer.h"
 #include "app/shared/constants.h"
 #include "app/transferreport.h"
@@ -74,6 +75,7 @@ MainWindow::~MainWindow()
     // What these say while they end must not reach a window half gone.
     delete m_transfer;
     delete m_tracking;
+    delete m_settingsEditor;
     m_link->disconnect();
     m_link.reset();
 }
@@ -87,6 +89,7 @@ void MainWindow::init()
     initLog();
     initPlot();
     initSettingsMenu();
+    initSettingsEditor();
     initLamps();
     m_transfer = new SettingsTransfer(m_link.get(), &m_status, this);
     connect(m_transfer, &SettingsTransfer::statusChanged, this,
@@ -149,7 +152,7 @@ void MainWindow::initLog()
                     return BoxText{tr("Error"), tr("Logging has stopped!"),
                                    QStringLiteral("%1: %2").arg(fileName, reason)};
                 };
-                MessageBox::show(QMessageBox::Critical, compose, this);
+                MessageBox::openNew(QMessageBox::Critical, compose, this);
             });
 }
 
@@ -168,6 +171,26 @@ void MainWindow::initSettingsMenu()
     m_link->setPortName(m_settingsMenu->getComPort());
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
+}
+
+void MainWindow::initSettingsEditor()
+{
+    m_settingsEditor = new LdbSettingsEditor(m_ui->ldbSettingsContainer);
+    m_settingsEditor->setLink(m_link.get());
+    m_ui->ldbSettingsLayout->addWidget(m_settingsEditor);
+    m_ui->ldbSettingsLayout->addStretch();
+    connect(m_settingsEditor, &LdbSettingsEditor::statusMessage, this,
+            [this](const QString& text, int milliseconds) {
+                m_status.showMessage([text] { return text; }, milliseconds);
+            });
+    connect(m_settingsEditor, &LdbSettingsEditor::saveStarted, this, [this] { setSaving(true); });
+    connect(m_settingsEditor, &LdbSettingsEditor::saveFinished, this, [this] { setSaving(false); });
+}
+
+void MainWindow::setSaving(bool saving)
+{
+    m_situation.saving = saving;
+    setLdbActionButtonsState();
 }
 
 void MainWindow::initLamps()
@@ -390,6 +413,8 @@ void MainWindow::processSelectedLdbChanged(const QString& deviceId)
     m_detailTable->setCurrentHexId(deviceId);
     m_logger->setSelectedHexId(deviceId);
     m_plot->setSelectedDevice(deviceId);
+    m_settingsEditor->setSelectedLdb(deviceId);
+    m_settingsEditor->requestSettings();
     setLdbActionButtonsState();
 }
 
@@ -398,8 +423,10 @@ void MainWindow::processLdbStateUpdated(const QString& deviceId, LdbState state)
     if (deviceId != m_selectedLdb) {
         return;
     }
-    Q_UNUSED(state)
     setLdbActionButtonsState();
+    if (state != LdbState::ServiceMode && state != LdbState::Disconnected) {
+        m_settingsEditor->requestSettings();
+    }
 }
 
 void MainWindow::setLdbActionButtonsState()
@@ -417,6 +444,8 @@ void MainWindow::setLdbActionButtonsState()
          {m_ui->allFimResetButton, m_ui->allLdbResetButton, m_ui->allServiceModeButton}) {
         button->setEnabled(controls.allActions);
     }
+    m_settingsEditor->setUndoAllowed(controls.singleActions);
+    m_settingsEditor->setSaveAllowed(controls.outsideService);
     m_ui->fimResetButton->setEnabled(controls.singleActions);
     m_ui->ldbResetButton->setEnabled(controls.singleActions);
     m_ui->serviceModeButton->setEnabled(controls.outsideService);

@@ -22,6 +22,7 @@ class FileLogger;
 class FimTracking;
 class LampPanel;
 class LdbActions;
+class LdbSettingsEditor;
 class LogControls;
 class MainWindowPlot;
 class SerialLink;
@@ -89,6 +90,8 @@ private:
     void initLog();
     void initPlot();
     void initSettingsMenu();
+    void initSettingsEditor();
+    void setSaving(bool saving);
     void updateButtonTexts();
     void startRun();
     void showLogging(bool logging);
@@ -102,6 +105,7 @@ private:
     PortFailureReporter m_portFailures;
     std::unique_ptr<SerialLink> m_link;
     LdbActions* m_actions = nullptr;
+    LdbSettingsEditor* m_settingsEditor = nullptr;
     DeviceDetailTable* m_detailTable = nullptr;
     DeviceOverviewTable* m_overviewTable = nullptr;
     FileLogger* m_logger = nullptr;

@@ -30,7 +30,7 @@ MessageBox::MessageBox(QMessageBox::Icon icon, std::function<BoxText()> compose,
     refresh();
 }
 
-void MessageBox::show(QMessageBox::Icon icon, std::function<BoxText()> compose, QWidget* parent)
+void MessageBox::openNew(QMessageBox::Icon icon, std::function<BoxText()> compose, QWidget* parent)
 {
     (new MessageBox(icon, std::move(compose), parent))->open();
 }

@@ -25,7 +25,7 @@ public:
     MessageBox(QMessageBox::Icon icon, std::function<BoxText()> compose, QWidget* parent);
 
     /// Opens one that nothing more is to be said in.
-    static void show(QMessageBox::Icon icon, std::function<BoxText()> compose, QWidget* parent);
+    static void openNew(QMessageBox::Icon icon, std::function<BoxText()> compose, QWidget* parent);
 
     void refresh();
 

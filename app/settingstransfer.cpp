@@ -53,7 +53,7 @@ void SettingsTransfer::processStatus(Status status)
     m_display->showMessage([status] { return transferReport(status).statusText; }, report.statusMs);
     if (!report.running) {
         m_display->hideProgress();
-        MessageBox::show(
+        MessageBox::openNew(
             report.icon,
             [status, details = m_transfer->failureText()] {
                 const TransferReport translated = transferReport(status);

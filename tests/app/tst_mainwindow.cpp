@@ -25,8 +25,8 @@
 
 // A real bus and its scan take the time they take; these end as soon as what they wait for is
 // there.
-#define EVENTUALLY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 60000)
-#define EVENTUALLY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 60000)
+#define EVENTUALLY(condition) WAIT_VERIFY(condition)
+#define EVENTUALLY_COMPARE(actual, expected) WAIT_COMPARE(actual, expected)
 
 namespace {
 

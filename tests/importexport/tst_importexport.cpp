@@ -601,7 +601,7 @@ void TestImportExport::isCancelled()
     });
     QVERIFY(operation.connectLink());
     operation.job->importDeviceSettings(operation.fileWith(content));
-    QTRY_VERIFY(operation.bus.writes().size() >= 5);
+    WAIT_VERIFY(operation.bus.writes().size() >= 5);
     QVERIFY(operation.settle());
 
     QCOMPARE(operation.statuses, QList<Status>{Status::ImportStarted});
@@ -625,12 +625,12 @@ void TestImportExport::lostLdbIsNotConnected()
     QVERIFY(operation.bus.connectLink(link));
     QSignalSpy lost(&link, &SerialLink::ldbDisconnected);
     operation.bus.bus().setPresent({QStringLiteral("01")});
-    QTRY_COMPARE(lost.size(), 1);
+    WAIT_COMPARE(lost.size(), 1);
 
     ImportExportDeviceSettings importing(&link);
     QSignalSpy statuses(&importing, &ImportExportDeviceSettings::statusChanged);
     importing.importDeviceSettings(operation.fileWith(line("1", "A") + line("2", "B")));
-    QTRY_COMPARE(statuses.size(), 2);
+    WAIT_COMPARE(statuses.size(), 2);
     QCOMPARE(statuses.constLast().constFirst().value<Status>(),
              Status::ImportFailedNotAllConnected);
     QCOMPARE(operation.bus.writes(), writesOf("01", "A"));
@@ -638,7 +638,7 @@ void TestImportExport::lostLdbIsNotConnected()
     ImportExportDeviceSettings exporting(&link);
     QSignalSpy exportStatuses(&exporting, &ImportExportDeviceSettings::statusChanged);
     exporting.exportDeviceSettings(operation.sandbox.path(QStringLiteral("out.csv")));
-    QTRY_COMPARE(exportStatuses.size(), 2);
+    WAIT_COMPARE(exportStatuses.size(), 2);
     QCOMPARE(exportStatuses.constLast().constFirst().value<Status>(), Status::ExportFailed);
     QCOMPARE(exporting.failures(),
              QStringList{QStringLiteral("LDB 02 (address 2): not connected")});

@@ -324,7 +324,7 @@ void TestHierarchicalHeader::topCellJoinsItsSections()
 
 void TestHierarchicalHeader::resizingAChildRedrawsItsGroup()
 {
-    const Table table(QStringLiteral("A,G(C,D),E"), 4);
+    Table table(QStringLiteral("A,G(C,D),E"), 4);
     QVERIFY(QTest::qWaitForWindowExposed(&table.view));
     QCoreApplication::processEvents();
     PaintedRegion painted;

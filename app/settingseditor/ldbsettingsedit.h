@@ -1,0 +1,61 @@
+#pragma once
+
+#include "app/settingseditor/ldbsettingsfields.h"
+#include "serial/ldbsettings.h"
+
+#include <set>
+
+/// The state of editing one LDB's settings: the record last received, which is the undo copy, and
+/// the values in the editor, of which those the user touched survive the arrival of a new record.
+class LdbSettingsEdit
+{
+public:
+    /// Forgets record and edits, as for an LDB that has not answered yet.
+    void clear() { *this = {}; }
+
+    bool hasRecord() const { return m_hasRecord; }
+    const LdbSettings& record() const { return m_record; }
+    /// What the editor shows and Save writes.
+    const LdbSettings& values() const { return m_values; }
+
+    /// Whether "Enable Open Detection" is ticked. It is so by the record's delay, and by the user
+    /// also with a delay of 0.
+    bool openDetection() const { return m_openDetection; }
+
+    /// A record of the LDB has come: it becomes the undo copy and fills what was not touched.
+    void receive(const LdbSettings& record);
+
+    /// The record read after a Save. A complete Save ends the edits that it wrote, whatever the
+    /// LDB made of them; what an incomplete one did not bring into the LDB stays an edit. Values
+    /// edited after the Save stay in both cases.
+    void receiveAfterSave(const LdbSettings& record, const LdbSettings& written, bool isComplete);
+
+    /// The user gave this field the value that it has in `values`. A field that is back at the
+    /// record's value is no edit. For the delay: while open detection is on.
+    void edit(LdbField field, const LdbSettings& values);
+
+    /// Off makes the delay 0; on again brings the former delay back, or the factory default where
+    /// there was none.
+    void setOpenDetection(bool on);
+
+    /// Back to the record.
+    void undo();
+
+    /// Factory defaults, as edits; the number of FIMs keeps its value.
+    void setDefaults();
+
+    /// Whether the field differs from the LDB's record.
+    bool isChanged(LdbField field) const;
+    int changeCount() const;
+
+private:
+    void touchIfChanged(LdbField field);
+    void takeDelay();
+
+    bool m_hasRecord = false;
+    LdbSettings m_record;
+    LdbSettings m_values;
+    std::set<LdbField> m_touched;
+    bool m_openDetection = false;
+    quint16 m_formerDelay = 0; ///< for when open detection is switched on again
+};

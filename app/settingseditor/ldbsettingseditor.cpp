@@ -1,0 +1,303 @@
+#include "app/settingseditor/ldbsettingseditor.h"
+
+#include "app/settingseditor/ldbnamevalidator.h"
+#include "serial/seriallink.h"
+#include "ui_ldbsettingseditor.h"
+
+#include <QEvent>
+#include <QSignalBlocker>
+#include <QThread>
+
+namespace {
+
+constexpr int kStays = 0;
+constexpr int kSavedMessageMs = 5000;
+
+} // namespace
+
+LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::LdbSettingsEditor>())
+{
+    ui->setupUi(this);
+    ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
+    initFlagBoxes();
+    refresh();
+}
+
+LdbSettingsEditor::~LdbSettingsEditor() = default;
+
+void LdbSettingsEditor::initFlagBoxes()
+{
+    m_flagBoxes = {
+        {LdbField::GeneralFaultOutput, &LdbSettings::generalFaultOutput,
+         ui->settingsGeneralFaultOutputCheckBox},
+        {LdbField::EarthLeakageDetection, &LdbSettings::earthLeakageDetection,
+         ui->settingsEarthLeakageDetectionCheckBox},
+        {LdbField::EarthWireOpenDetection, &LdbSettings::earthWireOpenDetection,
+         ui->settingsEarthWireOpenDetectionCheckBox},
+        {LdbField::StartInServiceMode, &LdbSettings::startInServiceMode,
+         ui->settingsStartInServiceModeCheckBox},
+        {LdbField::AmplifierDetection, &LdbSettings::amplifierDetection,
+         ui->settingsAmplifierDetectionCheckBox},
+        {LdbField::AudioMute, &LdbSettings::audioMute, ui->settingsAudioMuteCheckBox},
+    };
+    for (const FlagBox& entry : m_flagBoxes) {
+        connect(entry.box, &QCheckBox::toggled, this, [this, entry](bool checked) {
+            LdbSettings values;
+            values.*entry.member = checked;
+            m_edit.edit(entry.field, values);
+            refresh();
+        });
+    }
+}
+
+void LdbSettingsEditor::setLink(SerialLink* link)
+{
+    Q_ASSERT(!m_link);
+    m_link = link;
+    m_saver = std::make_unique<LdbSettingsSaver>(link);
+    connect(m_saver.get(), &LdbSettingsSaver::finished, this, [this] {
+        updateEnabled();
+        emit saveFinished();
+    });
+    connect(m_saver.get(), &LdbSettingsSaver::recordRead, this,
+            &LdbSettingsEditor::processRecordRead);
+    connect(m_saver.get(), &LdbSettingsSaver::saved, this, [this](const QString& hexId) {
+        emit statusMessage(tr("The settings of LDB %1 are saved.").arg(hexId), kSavedMessageMs);
+    });
+    connect(m_saver.get(), &LdbSettingsSaver::failed, this,
+            [this](const QString& text) { emit statusMessage(text, kStays); });
+}
+
+void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
+{
+    m_hexId = hexId;
+    m_edit.clear();
+    ui->settingsFirmwareIdLabel->clear();
+    refresh();
+}
+
+void LdbSettingsEditor::requestSettings()
+{
+    if (m_hexId.isEmpty() || !m_link) {
+        return;
+    }
+    const auto post = [this](std::unique_ptr<ISerialCommand> command, auto process) {
+        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
+            this, [this, hexId = m_hexId, process](const QByteArray& answer) {
+                (this->*process)(hexId, answer);
+            }));
+        m_link->post(std::move(command));
+    };
+    post(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings),
+         &LdbSettingsEditor::processLdbSettings);
+    post(std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId),
+         &LdbSettingsEditor::processFirmwareId);
+}
+
+void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArray& answer)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const std::optional<LdbSettings> record = decodeLdbSettings(answer);
+    if (record && isOfSelected(hexId, *record)) {
+        m_edit.receive(*record);
+        refresh();
+    }
+}
+
+void LdbSettingsEditor::processFirmwareId(const QString& hexId, const QByteArray& answer)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const std::optional<QString> firmwareId = decodeFirmwareId(answer);
+    if (firmwareId && hexId == m_hexId) {
+        ui->settingsFirmwareIdLabel->setText(*firmwareId);
+    }
+}
+
+void LdbSettingsEditor::processRecordRead(const QString& hexId, const LdbSettings& record,
+                                          const LdbSettings& written, bool isComplete)
+{
+    if (isOfSelected(hexId, record) && m_edit.hasRecord()) {
+        m_edit.receiveAfterSave(record, written, isComplete);
+        refresh();
+    }
+}
+
+bool LdbSettingsEditor::isOfSelected(const QString& hexId, const LdbSettings& record) const
+{
+    return hexId == m_hexId && busaddress::toHexId(record.address) == m_hexId;
+}
+
+void LdbSettingsEditor::setUndoAllowed(bool allowed)
+{
+    m_undoAllowed = allowed;
+    updateEnabled();
+}
+
+void LdbSettingsEditor::setSaveAllowed(bool allowed)
+{
+    m_saveAllowed = allowed;
+    updateEnabled();
+}
+
+void LdbSettingsEditor::on_settingsSaveButton_clicked()
+{
+    if (!m_saver || m_saver->isWriting() || !m_edit.hasRecord()) {
+        return;
+    }
+    if (m_edit.isChanged(LdbField::Name) && !isStorableName(m_edit.values().name)) {
+        emit statusMessage(tr("The name does not fit into %n byte(s).", nullptr, kMaxNameBytes),
+                           kStays);
+        return;
+    }
+    emit saveStarted();
+    emit statusMessage(tr("Saving the settings of LDB %1").arg(m_hexId), kStays);
+    m_saver->save(m_hexId, m_edit.values());
+    updateEnabled();
+}
+
+void LdbSettingsEditor::on_settingsUndoButton_clicked()
+{
+    m_edit.undo();
+    refresh();
+}
+
+void LdbSettingsEditor::on_settingsDefaultButton_clicked()
+{
+    m_edit.setDefaults();
+    refresh();
+}
+
+void LdbSettingsEditor::on_settingsOpenDetectionDelayCheckBox_toggled(bool checked)
+{
+    m_edit.setOpenDetection(checked);
+    refresh();
+}
+
+void LdbSettingsEditor::on_settingsOpenDetectionDelaySpinBox_valueChanged(int value)
+{
+    editWord(LdbField::OpenDetectionDelay, &LdbSettings::openDetectionDelay, value);
+}
+
+void LdbSettingsEditor::on_settingsNumberOfFimsSpinBox_valueChanged(int value)
+{
+    editWord(LdbField::NumberOfFims, &LdbSettings::numberOfFims, value);
+}
+
+void LdbSettingsEditor::editWord(LdbField field, quint16 LdbSettings::*member, int value)
+{
+    LdbSettings values;
+    values.*member = static_cast<quint16>(value);
+    m_edit.edit(field, values);
+    refresh();
+}
+
+void LdbSettingsEditor::on_settingsNameLineEdit_textChanged(const QString& name)
+{
+    LdbSettings values;
+    values.name = name;
+    m_edit.edit(LdbField::Name, values);
+    refresh();
+}
+
+void LdbSettingsEditor::refresh()
+{
+    showValues();
+    markChanges();
+    updateEnabled();
+    ui->settingsStateLabel->setText(stateText());
+}
+
+void LdbSettingsEditor::showValues()
+{
+    const LdbSettings& values = m_edit.values();
+    // Only the user's own changes are edits.
+    const QSignalBlocker nameBlocker(ui->settingsNameLineEdit);
+    const QSignalBlocker fimsBlocker(ui->settingsNumberOfFimsSpinBox);
+    const QSignalBlocker delayBlocker(ui->settingsOpenDetectionDelaySpinBox);
+    const QSignalBlocker detectionBlocker(ui->settingsOpenDetectionDelayCheckBox);
+    if (ui->settingsNameLineEdit->text() != values.name) {
+        ui->settingsNameLineEdit->setText(values.name);
+    }
+    ui->settingsNumberOfFimsSpinBox->setValue(values.numberOfFims);
+    ui->settingsOpenDetectionDelayCheckBox->setChecked(m_edit.openDetection());
+    ui->settingsOpenDetectionDelaySpinBox->setSpecialValueText(
+        m_edit.openDetection() ? QString() : QStringLiteral("0"));
+    ui->settingsOpenDetectionDelaySpinBox->setValue(values.openDetectionDelay);
+    for (const FlagBox& entry : m_flagBoxes) {
+        const QSignalBlocker blocker(entry.box);
+        entry.box->setChecked(values.*entry.member);
+    }
+}
+
+void LdbSettingsEditor::markChanges()
+{
+    const auto markField = [this](QWidget* widget, LdbField field) {
+        mark(widget, m_edit.isChanged(field), field);
+    };
+    markField(ui->settingsNameLineEdit, LdbField::Name);
+    markField(ui->settingsNumberOfFimsSpinBox, LdbField::NumberOfFims);
+    markField(ui->settingsOpenDetectionDelaySpinBox, LdbField::OpenDetectionDelay);
+    mark(ui->settingsOpenDetectionDelayCheckBox,
+         m_edit.hasRecord() && m_edit.openDetection() != m_edit.record().openDetection(),
+         LdbField::OpenDetectionDelay);
+    for (const FlagBox& entry : m_flagBoxes) {
+        markField(entry.box, entry.field);
+    }
+}
+
+void LdbSettingsEditor::mark(QWidget* widget, bool isChanged, LdbField field) const
+{
+    const QString words =
+        isChanged ? tr("Changed. The LDB has: %1").arg(fieldValue(field, m_edit.record()))
+                  : QString();
+    widget->setAccessibleDescription(words);
+    widget->setToolTip(words);
+    QFont font = widget->font();
+    font.setBold(isChanged);
+    widget->setFont(font);
+}
+
+void LdbSettingsEditor::updateEnabled()
+{
+    const bool hasRecord = m_edit.hasRecord();
+    const bool isIdle = hasRecord && !(m_saver && m_saver->isWriting());
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             ui->settingsNameLabel, ui->settingsNameLineEdit, ui->settingsNumberOfFimsLabel,
+             ui->settingsNumberOfFimsSpinBox, ui->settingsOpenDetectionDelayCheckBox}) {
+        widget->setEnabled(hasRecord);
+    }
+    for (const FlagBox& entry : m_flagBoxes) {
+        entry.box->setEnabled(hasRecord);
+    }
+    const bool hasDelay = hasRecord && m_edit.openDetection();
+    ui->settingsOpenDetectionDelayLabel->setEnabled(hasDelay);
+    ui->settingsOpenDetectionDelaySpinBox->setEnabled(hasDelay);
+    ui->settingsUndoButton->setEnabled(isIdle && m_undoAllowed);
+    ui->settingsSaveButton->setEnabled(isIdle && m_saveAllowed);
+    ui->settingsDefaultButton->setEnabled(isIdle && m_saveAllowed);
+}
+
+QString LdbSettingsEditor::stateText() const
+{
+    if (m_hexId.isEmpty()) {
+        return tr("No LDB selected");
+    }
+    if (!m_edit.hasRecord()) {
+        return tr("Waiting for the settings of LDB %1").arg(m_hexId);
+    }
+    const int changes = m_edit.changeCount();
+    return changes > 0 ? tr("%n unsaved change(s), in bold", nullptr, changes) : QString();
+}
+
+void LdbSettingsEditor::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        const QString firmwareId = ui->settingsFirmwareIdLabel->text();
+        ui->retranslateUi(this);
+        ui->settingsFirmwareIdLabel->setText(firmwareId);
+        refresh();
+    }
+    QWidget::changeEvent(event);
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "app/settingseditor/ldbsettingsedit.h"
+#include "app/settingseditor/ldbsettingssaver.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QCheckBox;
+class SerialLink;
+
+namespace Ui {
+class LdbSettingsEditor;
+}
+
+/// Shows the stored settings of the selected LDB and writes them back. Save and Default stay off
+/// until that LDB's own record has come; answers of other LDBs change nothing. Fields that differ
+/// from the record are marked, in bold and in words.
+class LdbSettingsEditor : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit LdbSettingsEditor(QWidget* parent = nullptr);
+    ~LdbSettingsEditor() override;
+
+    /// The bus to read from and write to; once, before anything is selected. Outlives the editor.
+    void setLink(SerialLink* link);
+
+    /// Ends the edits and empties the editor until this LDB's record comes, also when it is the one
+    /// that was selected already. An empty id selects none. A Save under way goes on.
+    void setSelectedLdb(const QString& hexId);
+
+    /// Asks the selected LDB for its record and its firmware id.
+    void requestSettings();
+
+    // What the state of the selected LDB allows. The buttons also need a record, and no Save under
+    // way.
+    void setUndoAllowed(bool allowed);
+    void setSaveAllowed(bool allowed); ///< Save and Default
+
+    const LdbSettingsEdit& edit() const { return m_edit; }
+
+public slots:
+    // What LDB `hexId` answered. Nothing changes unless it is the selected one and the answer makes
+    // sense; a record must also name that LDB's own address.
+    void processLdbSettings(const QString& hexId, const QByteArray& answer);
+    void processFirmwareId(const QString& hexId, const QByteArray& answer);
+
+signals:
+    void statusMessage(const QString& text, int ms);
+    void saveStarted();
+    /// The LDB has answered the last command of a Save, or did not.
+    void saveFinished();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private slots:
+    void on_settingsSaveButton_clicked();
+    void on_settingsUndoButton_clicked();
+    void on_settingsDefaultButton_clicked();
+    void on_settingsOpenDetectionDelayCheckBox_toggled(bool checked);
+    void on_settingsOpenDetectionDelaySpinBox_valueChanged(int value);
+    void on_settingsNumberOfFimsSpinBox_valueChanged(int value);
+    void on_settingsNameLineEdit_textChanged(const QString& name);
+
+private:
+    struct FlagBox
+    {
+        LdbField field;
+        bool LdbSettings::*member;
+        QCheckBox* box;
+    };
+
+    void initFlagBoxes();
+    void processRecordRead(const QString& hexId, const LdbSettings& record,
+                           const LdbSettings& written, bool isComplete);
+    bool isOfSelected(const QString& hexId, const LdbSettings& record) const;
+    void refresh();
+    void showValues();
+    void markChanges();
+    void mark(QWidget* widget, bool isChanged, LdbField field) const;
+    void editWord(LdbField field, quint16 LdbSettings::*member, int value);
+    void updateEnabled();
+    QString stateText() const;
+
+    std::unique_ptr<Ui::LdbSettingsEditor> ui;
+    std::vector<FlagBox> m_flagBoxes;
+    SerialLink* m_link = nullptr;
+    std::unique_ptr<LdbSettingsSaver> m_saver;
+    LdbSettingsEdit m_edit;
+    QString m_hexId;
+    bool m_undoAllowed = true;
+    bool m_saveAllowed = true;
+};
