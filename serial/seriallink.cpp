@@ -164,7 +164,7 @@ void SerialLink::forwardRunSignals()
             &SerialLink::externalCommandsInQueueUpdated);
     connect(from, &RunSignals::portFailed, this, &SerialLink::portFailed);
     connect(from, &RunSignals::communicationFailed, this, &SerialLink::communicationFailed);
-    connect(from, &RunSignals::ldbDisconnected, this, &SerialLink::ldbDisconnected);
+    connect(from, &RunSignals::ldbDisconnected, this, &SerialLink::processLoss);
 }
 
 void SerialLink::forgetLdbs()
@@ -181,6 +181,13 @@ void SerialLink::processListChanged(const QStringList& hexIds)
     }
     m_ldbs = hexIds;
     emit ldbListChanged(hexIds);
+}
+
+void SerialLink::processLoss(const QString& hexId)
+{
+    // Whoever is told asks for the state at once.
+    m_states.insert(hexId, LdbState::Disconnected);
+    emit ldbDisconnected(hexId);
 }
 
 void SerialLink::processStateUpdated(const QString& hexId, LdbState state)

@@ -76,6 +76,7 @@ private:
     void forwardRunSignals();
     void forgetLdbs();
     void processListChanged(const QStringList& hexIds);
+    void processLoss(const QString& hexId);
     void processStateUpdated(const QString& hexId, LdbState state);
 
     std::unique_ptr<QThread> m_thread;

@@ -216,6 +216,9 @@ void SerialProcessor::request(const ISerialCommand& command, int window)
     if (m_port->discardInput()) {
         logUnexpected(QStringLiteral("Unexpected bytes"));
     }
+    if (m_state == State::Stopped) {
+        return; // the port broke under the look at it
+    }
     m_timer->setInterval(window);
     sendSerialData(createCommand(command.commandData()));
 }

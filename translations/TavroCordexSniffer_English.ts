@@ -38,4 +38,31 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>LdbSettingsEditor</name>
+    <message numerus="yes">
+        <source>The name does not fit into %n byte(s).</source>
+        <translation>
+            <numerusform>The name does not fit into %n byte.</numerusform>
+            <numerusform>The name does not fit into %n bytes.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unsaved change(s), in bold</source>
+        <translation>
+            <numerusform>%n unsaved change, in bold</numerusform>
+            <numerusform>%n unsaved changes, in bold</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>Available LDB&apos;s: %n.</source>
+        <translation>
+            <numerusform>Available LDB&apos;s: %n.</numerusform>
+            <numerusform>Available LDB&apos;s: %n.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -33,6 +33,19 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>AudioMuteEnd</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
+The audio of this LDB stays muted.</source>
+        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée&#xa0;: le LDB est injoignable.
+Le son de ce LDB reste coupé.</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -193,6 +206,21 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>Firmware Id</source>
         <translation>ID du micrologiciel</translation>
+    </message>
+</context>
+<context>
+    <name>DisconnectSecondaryPortDialog</name>
+    <message>
+        <source>Disconnect the secondary port</source>
+        <translation>Déconnectez le port secondaire</translation>
+    </message>
+    <message>
+        <source>Disconnect the secondary port when locating earth leakage.</source>
+        <translation>Déconnectez le port secondaire pour localiser une fuite à la terre.</translation>
+    </message>
+    <message>
+        <source>Front panel of the LDB with its ports</source>
+        <translation>Face avant du LDB avec ses ports</translation>
     </message>
 </context>
 <context>
@@ -367,6 +395,222 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
             <numerusform>Nombre total de FIM&#xa0;: %n</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Fim Tracking</source>
+        <translation>Suivi FIM</translation>
+    </message>
+    <message>
+        <source>Phase of the run</source>
+        <translation>Phase de l&apos;exécution</translation>
+    </message>
+    <message>
+        <source>Copies the report of the finished run as text</source>
+        <translation>Copie le rapport de l&apos;exécution terminée sous forme de texte</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Copier le rapport</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message>
+        <source>Seconds left for the factory reset</source>
+        <translation>Secondes restantes pour la réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>LDB: %1</source>
+        <translation>LDB&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Primary port</source>
+        <translation>Port primaire</translation>
+    </message>
+    <message>
+        <source>Secondary port</source>
+        <translation>Port secondaire</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>This action will start a factory reset. 
+Are you sure you want to do this?</source>
+        <translation>Cette action lance une réinitialisation d&apos;usine. 
+Voulez-vous vraiment continuer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Select the type of action you want to execute.
+ </source>
+        <translation>Sélectionnez le type d&apos;action à exécuter.
+ </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Name: %1</source>
+        <translation>Nom&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Mode: %1</source>
+        <translation>Mode&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Loop: %1</source>
+        <translation>Boucle&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Earth: %1</source>
+        <translation>Terre&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Factory Reset Countdown</source>
+        <translation>Compte à rebours de la réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>Factory reset started</source>
+        <translation>Réinitialisation d&apos;usine lancée</translation>
+    </message>
+    <message>
+        <source>The report has been copied.</source>
+        <translation>Le rapport a été copié.</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message>
+        <source>factory reset</source>
+        <translation>réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>Réinitialisation LDB</translation>
+    </message>
+    <message>
+        <source>audio mute</source>
+        <translation>coupure du son</translation>
+    </message>
+    <message>
+        <source>confirmation</source>
+        <translation>confirmation</translation>
+    </message>
+    <message>
+        <source>waiting for the factory reset</source>
+        <translation>attente de la réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>rebooting</source>
+        <translation>redémarrage</translation>
+    </message>
+    <message>
+        <source>counting</source>
+        <translation>comptage</translation>
+    </message>
+    <message>
+        <source>finished</source>
+        <translation>terminé</translation>
+    </message>
+    <message>
+        <source>idle</source>
+        <translation>inactif</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>arrêté</translation>
+    </message>
+    <message>
+        <source>The factory reset failed.</source>
+        <translation>La réinitialisation d&apos;usine a échoué.</translation>
+    </message>
+    <message>
+        <source>The LDB refused the factory reset.</source>
+        <translation>Le LDB a refusé la réinitialisation d&apos;usine.</translation>
+    </message>
+    <message>
+        <source>The LDB is disconnected.</source>
+        <translation>Le LDB est déconnecté.</translation>
+    </message>
+    <message>
+        <source>The connection is lost.</source>
+        <translation>La connexion est perdue.</translation>
+    </message>
+    <message>
+        <source>%1 s left</source>
+        <translation>encore %1 s</translation>
+    </message>
+    <message>
+        <source>%1 s gone</source>
+        <translation>%1 s écoulées</translation>
+    </message>
+    <message>
+        <source>Answer the question to go on.</source>
+        <translation>Répondez à la question pour continuer.</translation>
+    </message>
+    <message>
+        <source>The LDB has been asked for a factory reset.</source>
+        <translation>Une réinitialisation d&apos;usine a été demandée au LDB.</translation>
+    </message>
+    <message>
+        <source>Press Start to begin a run.</source>
+        <translation>Appuyez sur Démarrer pour lancer une exécution.</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>non suivi</translation>
+    </message>
+    <message>
+        <source>ends in %1 s unless a FIM starts up</source>
+        <translation>se termine dans %1 s sauf si un FIM démarre</translation>
+    </message>
+    <message>
+        <source>The LDB refused the command: %1</source>
+        <translation>Le LDB a refusé la commande&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The LDB did not answer the command: %1</source>
+        <translation>Le LDB n&apos;a pas répondu à la commande&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>FIM count %1</source>
+        <translation>Nombre de FIM %1</translation>
+    </message>
+    <message>
+        <source>FIM tracking report</source>
+        <translation>Rapport de suivi FIM</translation>
+    </message>
+    <message>
+        <source>Tracking mode: %1</source>
+        <translation>Mode de suivi&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Time: %1</source>
+        <translation>Heure&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Primary side: </source>
+        <translation>Côté primaire&#xa0;: </translation>
+    </message>
+    <message>
+        <source>Secondary side: </source>
+        <translation>Côté secondaire&#xa0;: </translation>
+    </message>
+    <message>
+        <source>Result: %1</source>
+        <translation>Résultat&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -401,6 +645,228 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>No LDB</source>
         <translation>Aucun LDB</translation>
+    </message>
+</context>
+<context>
+    <name>LdbActions</name>
+    <message>
+        <source>FIM reset</source>
+        <translation>Réinitialisation FIM</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>Réinitialisation LDB</translation>
+    </message>
+    <message>
+        <source>Factory reset</source>
+        <translation>Réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>Service mode</source>
+        <translation>Mode maintenance</translation>
+    </message>
+    <message>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Envoyé à tous les LDB&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>LDB %1 did not answer: %2.</source>
+        <translation>LDB %1 n&apos;a pas répondu&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 refused: %2.</source>
+        <translation>LDB %1 a refusé&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 accepted: %2.</source>
+        <translation>LDB %1 a accepté&#xa0;: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsEditor</name>
+    <message>
+        <source>Firmware ID:</source>
+        <translation>ID du firmware&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nom&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s:</source>
+        <translation>Nombre de FIM&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Enable Open Detection</source>
+        <translation>Activer la détection de coupure</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay:</source>
+        <translation>Délai de détection de coupure&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Enable General Fault Output</source>
+        <translation>Activer la sortie de défaut général</translation>
+    </message>
+    <message>
+        <source>Enable Earth Leakage Detection</source>
+        <translation>Activer la détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Enable Earth Wire Open Detection</source>
+        <translation>Activer la détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Démarrer en mode service</translation>
+    </message>
+    <message>
+        <source>Enable Amplifier Detection</source>
+        <translation>Activer la détection d&apos;amplificateur</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio coupé</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Par défaut</translation>
+    </message>
+    <message>
+        <source>The settings of LDB %1 are saved.</source>
+        <translation>Les réglages de la LDB %1 sont enregistrés.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The name does not fit into %n byte(s).</source>
+        <translation>
+            <numerusform>Le nom ne tient pas sur %n octet.</numerusform>
+            <numerusform>Le nom ne tient pas sur %n octets.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Saving the settings of LDB %1</source>
+        <translation>Enregistrement des réglages de la LDB %1</translation>
+    </message>
+    <message>
+        <source>Changed. The LDB has: %1</source>
+        <translation>Modifié. La LDB a&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>No LDB selected</source>
+        <translation>Aucune LDB sélectionnée</translation>
+    </message>
+    <message>
+        <source>Waiting for the settings of LDB %1</source>
+        <translation>En attente des réglages de la LDB %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unsaved change(s), in bold</source>
+        <translation>
+            <numerusform>%n modification non enregistrée, en gras</numerusform>
+            <numerusform>%n modifications non enregistrées, en gras</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsFields</name>
+    <message>
+        <source>no name</source>
+        <translation>sans nom</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>activé</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>désactivé</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Nombre de FIM</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Délai de détection de coupure</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Sortie de défaut général</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Démarrer en mode service</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Détection de l&apos;amplificateur</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio coupé</translation>
+    </message>
+    <message>
+        <source>fault output, detection and service mode switches</source>
+        <translation>commutateurs de sortie de défaut, de détection et de mode service</translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsSaver</name>
+    <message>
+        <source>storing</source>
+        <translation>mémorisation</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 (refused)</source>
+        <translation>%1 (refusé)</translation>
+    </message>
+    <message>
+        <source>%1 (no answer)</source>
+        <translation>%1 (pas de réponse)</translation>
+    </message>
+    <message>
+        <source>the connection ended before everything was written</source>
+        <translation>la connexion s&apos;est terminée avant que tout soit écrit</translation>
+    </message>
+    <message>
+        <source>the settings could not be read again</source>
+        <translation>les réglages n&apos;ont pas pu être relus</translation>
+    </message>
+    <message>
+        <source>the LDB reports other values than written: %1</source>
+        <translation>la LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>not written: %1</source>
+        <translation>non écrit&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -595,6 +1061,330 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>LogControls</name>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message>
+        <source>Log File</source>
+        <translation>Fichier journal</translation>
+    </message>
+</context>
+<context>
+    <name>LossReporter</name>
+    <message>
+        <source>The LDB with ID: %1 is disconnected!</source>
+        <translation>Le LDB avec l&apos;ID&#xa0;: %1 est déconnecté&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Serial port, language and sounds</source>
+        <translation>Port série, langue et sons</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Paramètres</translation>
+    </message>
+    <message>
+        <source>Start or stop the conversation with the bus</source>
+        <translation>Démarrer ou arrêter la communication avec le bus</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message>
+        <source>Search the bus for LDBs again</source>
+        <translation>Rechercher à nouveau les LDB sur le bus</translation>
+    </message>
+    <message>
+        <source>Reload Devices</source>
+        <translation>Recharger les appareils</translation>
+    </message>
+    <message>
+        <source>Write the settings of all LDBs to a file</source>
+        <translation>Écrire les paramètres de tous les LDB dans un fichier</translation>
+    </message>
+    <message>
+        <source>Export Settings</source>
+        <translation>Exporter les paramètres</translation>
+    </message>
+    <message>
+        <source>Write the settings in a file to the LDBs</source>
+        <translation>Écrire les paramètres d&apos;un fichier dans les LDB</translation>
+    </message>
+    <message>
+        <source>Import Settings</source>
+        <translation>Importer les paramètres</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>OPEN/SHORT/LEAK</source>
+        <translation>COUPURE/COURT-CIRCUIT/FUITE</translation>
+    </message>
+    <message>
+        <source>LDBs with a loop or amplifier fault</source>
+        <translation>LDB avec un défaut de boucle ou d&apos;amplificateur</translation>
+    </message>
+    <message>
+        <source>SERVICE MODE</source>
+        <translation>MODE MAINTENANCE</translation>
+    </message>
+    <message>
+        <source>LDBs in service mode</source>
+        <translation>LDB en mode maintenance</translation>
+    </message>
+    <message>
+        <source>EARTH FAULT</source>
+        <translation>DÉFAUT DE TERRE</translation>
+    </message>
+    <message>
+        <source>LDBs with an earth fault</source>
+        <translation>LDB avec un défaut de terre</translation>
+    </message>
+    <message>
+        <source>SETTINGS</source>
+        <translation>PARAMÈTRES</translation>
+    </message>
+    <message>
+        <source>LDBs whose settings need a check</source>
+        <translation>LDB dont les paramètres sont à vérifier</translation>
+    </message>
+    <message>
+        <source>LDB Settings</source>
+        <translation>Paramètres LDB</translation>
+    </message>
+    <message>
+        <source>Log to File</source>
+        <translation>Enregistrement dans un fichier</translation>
+    </message>
+    <message>
+        <source>Log file</source>
+        <translation>Fichier journal</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Choose the log file</source>
+        <translation>Choisir le fichier journal</translation>
+    </message>
+    <message>
+        <source>Log Every</source>
+        <translation>Enregistrer toutes les</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Log the ticked LDB only</source>
+        <translation>Enregistrer uniquement le LDB coché</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Sélectionné</translation>
+    </message>
+    <message>
+        <source>Log all LDBs</source>
+        <translation>Enregistrer tous les LDB</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tous</translation>
+    </message>
+    <message>
+        <source>Start or stop writing the log file</source>
+        <translation>Démarrer ou arrêter l&apos;écriture du fichier journal</translation>
+    </message>
+    <message>
+        <source>LDB Actions</source>
+        <translation>Actions LDB</translation>
+    </message>
+    <message>
+        <source>Selected LDB</source>
+        <translation>LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>FIM
+Reset</source>
+        <translation>Réinit.
+FIM</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of the ticked LDB</source>
+        <translation>Réinitialiser les FIM du LDB coché</translation>
+    </message>
+    <message>
+        <source>FIM reset of the selected LDB</source>
+        <translation>Réinitialisation FIM du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>LDB
+Reset</source>
+        <translation>Réinit.
+LDB</translation>
+    </message>
+    <message>
+        <source>Restart the ticked LDB</source>
+        <translation>Redémarrer le LDB coché</translation>
+    </message>
+    <message>
+        <source>LDB reset of the selected LDB</source>
+        <translation>Réinitialisation LDB du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>Service
+Mode</source>
+        <translation>Mode
+maintenance</translation>
+    </message>
+    <message>
+        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
+        <translation>Mettre le LDB coché en mode maintenance&#xa0;; une réinitialisation du LDB y met fin</translation>
+    </message>
+    <message>
+        <source>Service mode of the selected LDB</source>
+        <translation>Mode maintenance du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>FIM
+Tracking</source>
+        <translation>Suivi
+FIM</translation>
+    </message>
+    <message>
+        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
+        <translation>Compter les FIM du LDB coché et localiser le défaut de sa boucle</translation>
+    </message>
+    <message>
+        <source>FIM tracking of the selected LDB</source>
+        <translation>Suivi FIM du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of every LDB on the bus, at once</source>
+        <translation>Réinitialiser les FIM de tous les LDB du bus, en une fois</translation>
+    </message>
+    <message>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>Réinitialisation FIM de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Restart every LDB on the bus, at once</source>
+        <translation>Redémarrer tous les LDB du bus, en une fois</translation>
+    </message>
+    <message>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>Réinitialisation LDB de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Put every LDB on the bus into service mode, at once</source>
+        <translation>Mettre tous les LDB du bus en mode maintenance, en une fois</translation>
+    </message>
+    <message>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Mode maintenance de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Global Status:</source>
+        <translation>État global&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Overview of all LDBs</source>
+        <translation>Vue d&apos;ensemble de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Graphique</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Zoom with the wheel and move with the mouse</source>
+        <translation>Zoomer avec la molette et déplacer avec la souris</translation>
+    </message>
+    <message>
+        <source>Details of the selected LDB</source>
+        <translation>Détails du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>The log file %1 cannot be opened: %2</source>
+        <translation>Impossible d&apos;ouvrir le fichier journal %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Logging has stopped!</source>
+        <translation>L&apos;enregistrement s&apos;est arrêté&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message numerus="yes">
+        <source>Available LDB&apos;s: %n.</source>
+        <translation>
+            <numerusform>LDB disponible&#xa0;: %n.</numerusform>
+            <numerusform>LDB disponibles&#xa0;: %n.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Loading LDB device list...</source>
+        <translation>Chargement de la liste des LDB...</translation>
+    </message>
+    <message>
+        <source>Serial communication failed.</source>
+        <translation>Échec de la communication série.</translation>
+    </message>
+    <message>
+        <source>Serial commands in queue: </source>
+        <translation>Commandes série en file d&apos;attente&#xa0;: </translation>
+    </message>
+    <message>
+        <source>Scanning for connected LDB&apos;s...  LDB&apos;s Checked %1, LDB&apos;s Found %2</source>
+        <translation>Recherche des LDB connectés...  LDB vérifiés %1, LDB trouvés %2</translation>
+    </message>
+    <message>
+        <source>Only LDB %1 is polled.</source>
+        <translation>Seul le LDB %1 est interrogé.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+</context>
+<context>
     <name>MainWindowPlot</name>
     <message>
         <source>V</source>
@@ -603,6 +1393,25 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>PortFailure</name>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Cannot establish the serial communication, check the serial port settings!</source>
+        <translation>Impossible d&apos;établir la communication série, vérifiez les paramètres du port série&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Port %1: %2</source>
+        <translation>Port %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Pour utiliser ce port, vous devez faire partie du groupe « %1 »&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
     </message>
 </context>
 <context>
@@ -778,6 +1587,20 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>SettingsTransfer</name>
+    <message>
+        <source>Select File</source>
+        <translation>Sélectionner un fichier</translation>
+    </message>
+</context>
+<context>
+    <name>SidePanel</name>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
     <name>StatusIndicators</name>
     <message>
         <source>SERVICE MODE</source>
@@ -850,6 +1673,73 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Au moins un LDB demande la vérification de ses paramètres.</translation>
+    </message>
+</context>
+<context>
+    <name>TransferReport</name>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings</source>
+        <translation>Exportation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished</source>
+        <translation>Exportation des paramètres des LDB terminée</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished!</source>
+        <translation>Exportation des paramètres des LDB terminée&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed</source>
+        <translation>Échec de l&apos;exportation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed!</source>
+        <translation>Échec de l&apos;exportation des paramètres des LDB&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings</source>
+        <translation>Importation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished</source>
+        <translation>Importation des paramètres des LDB terminée</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished!</source>
+        <translation>Importation des paramètres des LDB terminée&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed!</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s!</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés&#xa0;!</translation>
     </message>
 </context>
 </TS>

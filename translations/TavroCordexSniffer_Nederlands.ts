@@ -33,6 +33,19 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>AudioMuteEnd</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
+The audio of this LDB stays muted.</source>
+        <translation>De audiodemping van LDB %1 kon niet worden beëindigd: de LDB is niet bereikbaar.
+De audio van deze LDB blijft gedempt.</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -193,6 +206,21 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>Firmware Id</source>
         <translation>Firmware-ID</translation>
+    </message>
+</context>
+<context>
+    <name>DisconnectSecondaryPortDialog</name>
+    <message>
+        <source>Disconnect the secondary port</source>
+        <translation>Maak de secundaire poort los</translation>
+    </message>
+    <message>
+        <source>Disconnect the secondary port when locating earth leakage.</source>
+        <translation>Maak de secundaire poort los bij het zoeken van een aardlek.</translation>
+    </message>
+    <message>
+        <source>Front panel of the LDB with its ports</source>
+        <translation>Frontpaneel van de LDB met zijn poorten</translation>
     </message>
 </context>
 <context>
@@ -367,6 +395,222 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
             <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Fim Tracking</source>
+        <translation>FIM-tracking</translation>
+    </message>
+    <message>
+        <source>Phase of the run</source>
+        <translation>Fase van de run</translation>
+    </message>
+    <message>
+        <source>Copies the report of the finished run as text</source>
+        <translation>Kopieert het rapport van de voltooide run als tekst</translation>
+    </message>
+    <message>
+        <source>Copy Report</source>
+        <translation>Rapport kopiëren</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Inzoomen</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Seconds left for the factory reset</source>
+        <translation>Resterende seconden voor de fabrieksreset</translation>
+    </message>
+    <message>
+        <source>LDB: %1</source>
+        <translation>LDB: %1</translation>
+    </message>
+    <message>
+        <source>Primary port</source>
+        <translation>Primaire poort</translation>
+    </message>
+    <message>
+        <source>Secondary port</source>
+        <translation>Secundaire poort</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>This action will start a factory reset. 
+Are you sure you want to do this?</source>
+        <translation>Deze actie start een fabrieksreset. 
+Weet u zeker dat u dit wilt doen?</translation>
+    </message>
+    <message>
+        <source>Select the type of action you want to execute.
+ </source>
+        <translation>Selecteer het soort actie dat u wilt uitvoeren.
+ </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Name: %1</source>
+        <translation>Naam: %1</translation>
+    </message>
+    <message>
+        <source>Mode: %1</source>
+        <translation>Modus: %1</translation>
+    </message>
+    <message>
+        <source>Loop: %1</source>
+        <translation>Lus: %1</translation>
+    </message>
+    <message>
+        <source>Earth: %1</source>
+        <translation>Aarde: %1</translation>
+    </message>
+    <message>
+        <source>Factory Reset Countdown</source>
+        <translation>Aftellen fabrieksreset</translation>
+    </message>
+    <message>
+        <source>Factory reset started</source>
+        <translation>Fabrieksreset gestart</translation>
+    </message>
+    <message>
+        <source>The report has been copied.</source>
+        <translation>Het rapport is gekopieerd.</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Uitzoomen</translation>
+    </message>
+    <message>
+        <source>factory reset</source>
+        <translation>fabrieksreset</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>LDB-reset</translation>
+    </message>
+    <message>
+        <source>audio mute</source>
+        <translation>audiodemping</translation>
+    </message>
+    <message>
+        <source>confirmation</source>
+        <translation>bevestiging</translation>
+    </message>
+    <message>
+        <source>waiting for the factory reset</source>
+        <translation>wachten op de fabrieksreset</translation>
+    </message>
+    <message>
+        <source>rebooting</source>
+        <translation>herstarten</translation>
+    </message>
+    <message>
+        <source>counting</source>
+        <translation>tellen</translation>
+    </message>
+    <message>
+        <source>finished</source>
+        <translation>voltooid</translation>
+    </message>
+    <message>
+        <source>idle</source>
+        <translation>inactief</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>gestopt</translation>
+    </message>
+    <message>
+        <source>The factory reset failed.</source>
+        <translation>De fabrieksreset is mislukt.</translation>
+    </message>
+    <message>
+        <source>The LDB refused the factory reset.</source>
+        <translation>De LDB heeft de fabrieksreset geweigerd.</translation>
+    </message>
+    <message>
+        <source>The LDB is disconnected.</source>
+        <translation>De LDB is niet verbonden.</translation>
+    </message>
+    <message>
+        <source>The connection is lost.</source>
+        <translation>De verbinding is verbroken.</translation>
+    </message>
+    <message>
+        <source>%1 s left</source>
+        <translation>nog %1 s</translation>
+    </message>
+    <message>
+        <source>%1 s gone</source>
+        <translation>%1 s verstreken</translation>
+    </message>
+    <message>
+        <source>Answer the question to go on.</source>
+        <translation>Beantwoord de vraag om verder te gaan.</translation>
+    </message>
+    <message>
+        <source>The LDB has been asked for a factory reset.</source>
+        <translation>De LDB is om een fabrieksreset gevraagd.</translation>
+    </message>
+    <message>
+        <source>Press Start to begin a run.</source>
+        <translation>Druk op Start om een run te beginnen.</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>niet gevolgd</translation>
+    </message>
+    <message>
+        <source>ends in %1 s unless a FIM starts up</source>
+        <translation>eindigt over %1 s tenzij er een FIM opstart</translation>
+    </message>
+    <message>
+        <source>The LDB refused the command: %1</source>
+        <translation>De LDB heeft de opdracht geweigerd: %1</translation>
+    </message>
+    <message>
+        <source>The LDB did not answer the command: %1</source>
+        <translation>De LDB heeft niet geantwoord op de opdracht: %1</translation>
+    </message>
+    <message>
+        <source>FIM count %1</source>
+        <translation>Aantal FIM&apos;s %1</translation>
+    </message>
+    <message>
+        <source>FIM tracking report</source>
+        <translation>FIM-trackingrapport</translation>
+    </message>
+    <message>
+        <source>Tracking mode: %1</source>
+        <translation>Trackingmodus: %1</translation>
+    </message>
+    <message>
+        <source>Time: %1</source>
+        <translation>Tijd: %1</translation>
+    </message>
+    <message>
+        <source>Primary side: </source>
+        <translation>Primaire zijde: </translation>
+    </message>
+    <message>
+        <source>Secondary side: </source>
+        <translation>Secundaire zijde: </translation>
+    </message>
+    <message>
+        <source>Result: %1</source>
+        <translation>Resultaat: %1</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -401,6 +645,228 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>No LDB</source>
         <translation>Geen LDB</translation>
+    </message>
+</context>
+<context>
+    <name>LdbActions</name>
+    <message>
+        <source>FIM reset</source>
+        <translation>FIM-reset</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>LDB-reset</translation>
+    </message>
+    <message>
+        <source>Factory reset</source>
+        <translation>Fabrieksreset</translation>
+    </message>
+    <message>
+        <source>Service mode</source>
+        <translation>Servicemodus</translation>
+    </message>
+    <message>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Naar alle LDB&apos;s verzonden: %1.</translation>
+    </message>
+    <message>
+        <source>LDB %1 did not answer: %2.</source>
+        <translation>LDB %1 heeft niet geantwoord: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 refused: %2.</source>
+        <translation>LDB %1 heeft geweigerd: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 accepted: %2.</source>
+        <translation>LDB %1 heeft aanvaard: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsEditor</name>
+    <message>
+        <source>Firmware ID:</source>
+        <translation>Firmware-ID:</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Naam:</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s:</source>
+        <translation>Aantal FIM&apos;s:</translation>
+    </message>
+    <message>
+        <source>Enable Open Detection</source>
+        <translation>Onderbrekingsdetectie inschakelen</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay:</source>
+        <translation>Vertraging onderbrekingsdetectie:</translation>
+    </message>
+    <message>
+        <source>Enable General Fault Output</source>
+        <translation>Algemene storingsuitgang inschakelen</translation>
+    </message>
+    <message>
+        <source>Enable Earth Leakage Detection</source>
+        <translation>Aardlekdetectie inschakelen</translation>
+    </message>
+    <message>
+        <source>Enable Earth Wire Open Detection</source>
+        <translation>Detectie onderbroken aarddraad inschakelen</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Starten in servicemodus</translation>
+    </message>
+    <message>
+        <source>Enable Amplifier Detection</source>
+        <translation>Versterkerdetectie inschakelen</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio dempen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Opslaan</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standaard</translation>
+    </message>
+    <message>
+        <source>The settings of LDB %1 are saved.</source>
+        <translation>De instellingen van LDB %1 zijn opgeslagen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The name does not fit into %n byte(s).</source>
+        <translation>
+            <numerusform>De naam past niet in %n byte.</numerusform>
+            <numerusform>De naam past niet in %n bytes.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Saving the settings of LDB %1</source>
+        <translation>Instellingen van LDB %1 worden opgeslagen</translation>
+    </message>
+    <message>
+        <source>Changed. The LDB has: %1</source>
+        <translation>Gewijzigd. De LDB heeft: %1</translation>
+    </message>
+    <message>
+        <source>No LDB selected</source>
+        <translation>Geen LDB geselecteerd</translation>
+    </message>
+    <message>
+        <source>Waiting for the settings of LDB %1</source>
+        <translation>Wachten op de instellingen van LDB %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unsaved change(s), in bold</source>
+        <translation>
+            <numerusform>%n niet-opgeslagen wijziging, vet</numerusform>
+            <numerusform>%n niet-opgeslagen wijzigingen, vet</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsFields</name>
+    <message>
+        <source>no name</source>
+        <translation>geen naam</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>aan</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>uit</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Vertraging onderbrekingsdetectie</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Algemene storingsuitgang</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Aardlekdetectie</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Detectie aarddraad onderbroken</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Starten in servicemodus</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Versterkerdetectie</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio dempen</translation>
+    </message>
+    <message>
+        <source>fault output, detection and service mode switches</source>
+        <translation>schakelaars voor storingsuitgang, detectie en servicemodus</translation>
+    </message>
+</context>
+<context>
+    <name>LdbSettingsSaver</name>
+    <message>
+        <source>storing</source>
+        <translation>opslaan in de LDB</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 (refused)</source>
+        <translation>%1 (geweigerd)</translation>
+    </message>
+    <message>
+        <source>%1 (no answer)</source>
+        <translation>%1 (geen antwoord)</translation>
+    </message>
+    <message>
+        <source>the connection ended before everything was written</source>
+        <translation>de verbinding eindigde voordat alles geschreven was</translation>
+    </message>
+    <message>
+        <source>the settings could not be read again</source>
+        <translation>de instellingen konden niet opnieuw worden gelezen</translation>
+    </message>
+    <message>
+        <source>the LDB reports other values than written: %1</source>
+        <translation>de LDB meldt andere waarden dan geschreven: %1</translation>
+    </message>
+    <message>
+        <source>not written: %1</source>
+        <translation>niet geschreven: %1</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
     </message>
 </context>
 <context>
@@ -595,6 +1061,330 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>LogControls</name>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Log File</source>
+        <translation>Logbestand</translation>
+    </message>
+</context>
+<context>
+    <name>LossReporter</name>
+    <message>
+        <source>The LDB with ID: %1 is disconnected!</source>
+        <translation>De LDB met ID: %1 is niet verbonden!</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Serial port, language and sounds</source>
+        <translation>Seriële poort, taal en geluid</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Instellingen</translation>
+    </message>
+    <message>
+        <source>Start or stop the conversation with the bus</source>
+        <translation>Start of stop de communicatie met de bus</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Search the bus for LDBs again</source>
+        <translation>Doorzoek de bus opnieuw naar LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Reload Devices</source>
+        <translation>Apparaten herladen</translation>
+    </message>
+    <message>
+        <source>Write the settings of all LDBs to a file</source>
+        <translation>Schrijf de instellingen van alle LDB&apos;s naar een bestand</translation>
+    </message>
+    <message>
+        <source>Export Settings</source>
+        <translation>Instellingen exporteren</translation>
+    </message>
+    <message>
+        <source>Write the settings in a file to the LDBs</source>
+        <translation>Schrijf de instellingen uit een bestand naar de LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Import Settings</source>
+        <translation>Instellingen importeren</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>OPEN/SHORT/LEAK</source>
+        <translation>OPEN/KORTSLUITING/LEK</translation>
+    </message>
+    <message>
+        <source>LDBs with a loop or amplifier fault</source>
+        <translation>LDB&apos;s met een lus- of versterkerfout</translation>
+    </message>
+    <message>
+        <source>SERVICE MODE</source>
+        <translation>SERVICEMODUS</translation>
+    </message>
+    <message>
+        <source>LDBs in service mode</source>
+        <translation>LDB&apos;s in servicemodus</translation>
+    </message>
+    <message>
+        <source>EARTH FAULT</source>
+        <translation>AARDFOUT</translation>
+    </message>
+    <message>
+        <source>LDBs with an earth fault</source>
+        <translation>LDB&apos;s met een aardfout</translation>
+    </message>
+    <message>
+        <source>SETTINGS</source>
+        <translation>INSTELLINGEN</translation>
+    </message>
+    <message>
+        <source>LDBs whose settings need a check</source>
+        <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden</translation>
+    </message>
+    <message>
+        <source>LDB Settings</source>
+        <translation>LDB-instellingen</translation>
+    </message>
+    <message>
+        <source>Log to File</source>
+        <translation>Loggen naar bestand</translation>
+    </message>
+    <message>
+        <source>Log file</source>
+        <translation>Logbestand</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Bladeren...</translation>
+    </message>
+    <message>
+        <source>Choose the log file</source>
+        <translation>Logbestand kiezen</translation>
+    </message>
+    <message>
+        <source>Log Every</source>
+        <translation>Log elke</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Log the ticked LDB only</source>
+        <translation>Alleen de aangevinkte LDB loggen</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Geselecteerd</translation>
+    </message>
+    <message>
+        <source>Log all LDBs</source>
+        <translation>Alle LDB&apos;s loggen</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Start or stop writing the log file</source>
+        <translation>Start of stop het schrijven van het logbestand</translation>
+    </message>
+    <message>
+        <source>LDB Actions</source>
+        <translation>LDB-acties</translation>
+    </message>
+    <message>
+        <source>Selected LDB</source>
+        <translation>Geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>FIM
+Reset</source>
+        <translation>FIM-
+reset</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of the ticked LDB</source>
+        <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
+    </message>
+    <message>
+        <source>FIM reset of the selected LDB</source>
+        <translation>FIM-reset van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>LDB
+Reset</source>
+        <translation>LDB-
+reset</translation>
+    </message>
+    <message>
+        <source>Restart the ticked LDB</source>
+        <translation>Herstart de aangevinkte LDB</translation>
+    </message>
+    <message>
+        <source>LDB reset of the selected LDB</source>
+        <translation>LDB-reset van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>Service
+Mode</source>
+        <translation>Service-
+modus</translation>
+    </message>
+    <message>
+        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
+        <translation>Zet de aangevinkte LDB in servicemodus; een LDB-reset beëindigt die</translation>
+    </message>
+    <message>
+        <source>Service mode of the selected LDB</source>
+        <translation>Servicemodus van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>FIM
+Tracking</source>
+        <translation>FIM-
+tracking</translation>
+    </message>
+    <message>
+        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
+        <translation>Tel de FIM&apos;s van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
+    </message>
+    <message>
+        <source>FIM tracking of the selected LDB</source>
+        <translation>FIM-tracking van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of every LDB on the bus, at once</source>
+        <translation>Reset de FIM&apos;s van alle LDB&apos;s op de bus tegelijk</translation>
+    </message>
+    <message>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>FIM-reset van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Restart every LDB on the bus, at once</source>
+        <translation>Herstart alle LDB&apos;s op de bus tegelijk</translation>
+    </message>
+    <message>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>LDB-reset van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Put every LDB on the bus into service mode, at once</source>
+        <translation>Zet alle LDB&apos;s op de bus tegelijk in servicemodus</translation>
+    </message>
+    <message>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Servicemodus van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Global Status:</source>
+        <translation>Algemene status:</translation>
+    </message>
+    <message>
+        <source>Overview of all LDBs</source>
+        <translation>Overzicht van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Grafiek</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Inzoomen</translation>
+    </message>
+    <message>
+        <source>Zoom with the wheel and move with the mouse</source>
+        <translation>Zoom met het wiel en verschuif met de muis</translation>
+    </message>
+    <message>
+        <source>Details of the selected LDB</source>
+        <translation>Details van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>The log file %1 cannot be opened: %2</source>
+        <translation>Het logbestand %1 kan niet worden geopend: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Logging has stopped!</source>
+        <translation>Het loggen is gestopt!</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Uitzoomen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Available LDB&apos;s: %n.</source>
+        <translation>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Loading LDB device list...</source>
+        <translation>LDB-lijst wordt geladen...</translation>
+    </message>
+    <message>
+        <source>Serial communication failed.</source>
+        <translation>Seriële communicatie mislukt.</translation>
+    </message>
+    <message>
+        <source>Serial commands in queue: </source>
+        <translation>Seriële opdrachten in wachtrij: </translation>
+    </message>
+    <message>
+        <source>Scanning for connected LDB&apos;s...  LDB&apos;s Checked %1, LDB&apos;s Found %2</source>
+        <translation>Zoeken naar verbonden LDB&apos;s...  LDB&apos;s gecontroleerd %1, LDB&apos;s gevonden %2</translation>
+    </message>
+    <message>
+        <source>Only LDB %1 is polled.</source>
+        <translation>Alleen LDB %1 wordt gepolld.</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Voortgang</translation>
+    </message>
+</context>
+<context>
     <name>MainWindowPlot</name>
     <message>
         <source>V</source>
@@ -603,6 +1393,25 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>PortFailure</name>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Cannot establish the serial communication, check the serial port settings!</source>
+        <translation>De seriële communicatie kan niet tot stand worden gebracht, controleer de instellingen van de seriële poort!</translation>
+    </message>
+    <message>
+        <source>Port %1: %2</source>
+        <translation>Poort %1: %2</translation>
+    </message>
+    <message>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
     </message>
 </context>
 <context>
@@ -778,6 +1587,20 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>SettingsTransfer</name>
+    <message>
+        <source>Select File</source>
+        <translation>Bestand selecteren</translation>
+    </message>
+</context>
+<context>
+    <name>SidePanel</name>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
     <name>StatusIndicators</name>
     <message>
         <source>SERVICE MODE</source>
@@ -850,6 +1673,73 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Ten minste één LDB vraagt om controle van de instellingen.</translation>
+    </message>
+</context>
+<context>
+    <name>TransferReport</name>
+    <message>
+        <source>Information</source>
+        <translation>Informatie</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings</source>
+        <translation>LDB-instellingen worden geëxporteerd</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished</source>
+        <translation>Exporteren van LDB-instellingen voltooid</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished!</source>
+        <translation>Exporteren van LDB-instellingen voltooid!</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed</source>
+        <translation>Exporteren van LDB-instellingen mislukt</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed!</source>
+        <translation>Exporteren van LDB-instellingen mislukt!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings</source>
+        <translation>LDB-instellingen worden geïmporteerd</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished</source>
+        <translation>Importeren van LDB-instellingen voltooid</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished!</source>
+        <translation>Importeren van LDB-instellingen voltooid!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed</source>
+        <translation>Importeren van LDB-instellingen mislukt</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed!</source>
+        <translation>Importeren van LDB-instellingen mislukt!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s!</source>
+        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken!</translation>
     </message>
 </context>
 </TS>
