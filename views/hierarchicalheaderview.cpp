@@ -151,8 +151,8 @@ HierarchicalHeaderView::Span HierarchicalHeaderView::spanOf(int firstSection, in
 }
 
 /// The rectangle of a cell: `span` along the header, `extent` pixels from `offset` across it.
-QRect HierarchicalHeaderView::cellRect(const QRect& section, const Span& span, int offset,
-                                       int extent) const
+QRect HierarchicalHeaderView::rectOf(const QRect& section, const Span& span, int offset,
+                                     int extent) const
 {
     return orientation() == Qt::Horizontal
                ? QRect(span.begin, section.top() + offset, span.length(), extent)
@@ -186,7 +186,7 @@ void HierarchicalHeaderView::paintSection(QPainter* painter, const QRect& rect,
         span = {span.begin + shift, span.end + shift};
 
         QStyleOptionHeader option = sectionOption(cell.index, logicalIndex);
-        option.rect = cellRect(rect, span, offset, extent);
+        option.rect = rectOf(rect, span, offset, extent);
         const int hovered = m_private->hoveredSection;
         option.state.setFlag(QStyle::State_MouseOver,
                              sectionsClickable() && hovered >= cell.firstLeaf &&
@@ -210,19 +210,24 @@ void HierarchicalHeaderView::paintCell(QPainter* painter, const QModelIndex& cel
         painter->rotate(-90);
         option.rect = QRect(QPoint(0, 0), option.rect.size().transposed());
     }
-    const int margins = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, &option, this);
-    const int arrow = option.sortIndicator == QStyleOptionHeader::None
-                          ? 0
-                          : style()->pixelMetric(QStyle::PM_HeaderMarkSize, &option, this);
-    option.text = option.fontMetrics.elidedText(option.text, Qt::ElideRight,
-                                                option.rect.width() - margins - arrow);
+    const QRect cellRect = option.rect;
+    // In parts: drawn as one control, common styles set a clip of their own, and a section would
+    // paint over its neighbour's part of the cell that both share.
+    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+    option.rect = style()->subElementRect(QStyle::SE_HeaderLabel, &option, this);
+    option.text = option.fontMetrics.elidedText(option.text, Qt::ElideRight, option.rect.width());
     painter->setFont(boldFont(cell, font()));
-    style()->drawControl(QStyle::CE_Header, &option, painter, this);
+    style()->drawControl(QStyle::CE_HeaderLabel, &option, painter, this);
+    option.rect = cellRect;
+    if (option.sortIndicator != QStyleOptionHeader::None) {
+        option.rect = style()->subElementRect(QStyle::SE_HeaderArrow, &option, this);
+        style()->drawPrimitive(QStyle::PE_IndicatorHeaderArrow, &option, painter, this);
+    }
     if (option.state & QStyle::State_MouseOver) {
         // Not every style shows it.
         QColor tint = option.palette.color(QPalette::Highlight);
         tint.setAlpha(kHoverTintAlpha);
-        painter->fillRect(option.rect, tint);
+        painter->fillRect(cellRect, tint);
     }
     painter->restore();
 }
@@ -331,7 +336,7 @@ void HierarchicalHeaderView::on_sectionResized(int logicalIndex)
     const Span span = spanOf(top.firstLeaf, top.leafCount, logicalIndex);
     const QRect header = viewport()->rect();
     const int across = orientation() == Qt::Horizontal ? header.height() : header.width();
-    viewport()->update(cellRect(header, span, 0, across));
+    viewport()->update(rectOf(header, span, 0, across));
 }
 
 void HierarchicalHeaderView::keepGroupsTogether(int movedSection)

@@ -39,7 +39,7 @@ private:
     struct Span;
 
     Span spanOf(int firstSection, int sectionCount, int logicalIndex) const;
-    QRect cellRect(const QRect& section, const Span& span, int offset, int extent) const;
+    QRect rectOf(const QRect& section, const Span& span, int offset, int extent) const;
     QSize cellSize(const QModelIndex& cell) const;
     QStyleOptionHeader cellOption(const QModelIndex& cell) const;
     QStyleOptionHeader sectionOption(const QModelIndex& cell, int logicalIndex) const;

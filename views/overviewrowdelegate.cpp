@@ -29,7 +29,10 @@ void OverviewRowDelegate::initStyleOption(QStyleOptionViewItem* option,
                                           const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (isTicked(index)) {
+    // Bold is wider: a measurement must not be cut because its row is ticked.
+    const bool isLabel =
+        index.column() == overview::IdColumn || index.column() == overview::NameColumn;
+    if (isLabel && isTicked(index)) {
         option->font.setBold(true);
         option->fontMetrics = QFontMetrics(option->font);
     }

@@ -2,9 +2,9 @@
 
 #include <QStyledItemDelegate>
 
-/// Draws the data cells of the overview table. The row whose tick cell is ticked is set in bold,
-/// framed, and marked by an arrow at its id, so that a fault's colour under it stays visible. A
-/// text that is cut shows in full in a tool tip. GUI thread.
+/// Draws the data cells of the overview table. The row whose tick cell is ticked is framed, has an
+/// arrow at its id, and its id and name in bold; a fault's colour under that stays visible. A text
+/// that is cut shows in full in a tool tip. GUI thread.
 class OverviewRowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
