@@ -55,6 +55,7 @@ int widthShareOf(int column)
     case overview::AmplifierColumn:
         return 8;
     case overview::ModeColumn:
+    case overview::EarthColumn:
         return 9;
     case overview::LoopColumn:
         return 10;
