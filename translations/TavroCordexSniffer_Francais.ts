@@ -1170,7 +1170,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Log to File</source>
-        <translation>Enregistrement dans un fichier</translation>
+        <translation>Journal</translation>
     </message>
     <message>
         <source>Log file</source>

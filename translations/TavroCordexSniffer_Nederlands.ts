@@ -1170,7 +1170,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Log to File</source>
-        <translation>Loggen naar bestand</translation>
+        <translation>Logbestand</translation>
     </message>
     <message>
         <source>Log file</source>

@@ -55,8 +55,9 @@ int widthShareOf(int column)
     case overview::AmplifierColumn:
         return 8;
     case overview::ModeColumn:
-    case overview::EarthColumn:
         return 9;
+    case overview::EarthColumn:
+        return 11;
     case overview::LoopColumn:
         return 10;
     default:
