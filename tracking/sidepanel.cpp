@@ -71,7 +71,8 @@ void SidePanel::showEnd(const QString& text, SideEnd end)
 
 void SidePanel::showFault(FaultReport::Kind kind, int position)
 {
-    QLabel* label = kind == FaultReport::Kind::EarthLeakage ? m_ui->earthPositionLabel : m_ui->leakagePositionLabel;
+    QLabel* label = kind == FaultReport::Kind::EarthLeakage ? m_ui->earthPositionLabel
+                                                            : m_ui->leakagePositionLabel;
     label->setText(faultreport::sideText(kind, position));
     label->show();
 }
