@@ -42,17 +42,29 @@ QList<QByteArray> withoutRepetitions(const QList<QByteArray>& bodies)
     return result;
 }
 
-/// An editor on a bus of two LDBs.
+/// A bus of two LDBs and a link on it. Scanning costs most of a test's time, so a run without open
+/// answers serves the next test too.
+struct Site
+{
+    Sandbox sandbox;
+    SettingsBus bus{{kLdb, kOtherLdb}};
+    SerialLink link;
+    bool isReusable = true;
+};
+
+/// An editor on a site.
 class Desk
 {
 public:
-    Desk()
-        : bus({kLdb, kOtherLdb})
+    explicit Desk(Site& usedSite)
+        : site(usedSite)
+        , bus(usedSite.bus)
+        , link(usedSite.link)
     {
         editor.setLink(&link);
     }
 
-    bool connectLink() { return bus.connectLink(link); }
+    bool connectLink() { return link.isRunning() || bus.connectLink(link); }
     /// Returns with all that was asked for at the selection.
     bool select(const QString& hexId)
     {
@@ -66,6 +78,8 @@ public:
     /// The script answers requests to the LDB that begin so.
     void answerTo(const QString& hexId, const QByteArray& request, const QByteArray& answer)
     {
+        // Answers still owed would be held against the next test.
+        site.isReusable = !answer.isEmpty();
         const QByteArray start = "FE" + hexId.toLatin1() + request;
         bus.setScript([=](const QByteArray& body) {
             return body.startsWith(start) ? std::make_optional(answer) : std::nullopt;
@@ -104,9 +118,9 @@ public:
         return messages.isEmpty() ? QString() : messages.constLast().constFirst().toString();
     }
 
-    Sandbox sandbox;
-    SettingsBus bus;
-    SerialLink link;
+    Site& site;
+    SettingsBus& bus;
+    SerialLink& link;
     LdbSettingsEditor editor;
     QSignalSpy messages{&editor, &LdbSettingsEditor::statusMessage};
     QSignalSpy saveStarted{&editor, &LdbSettingsEditor::saveStarted};
@@ -118,6 +132,18 @@ public:
 class TestLdbSettingsEditor : public TestCase
 {
     Q_OBJECT
+public:
+    /// Not connected or running as the last test left it, everything else as new.
+    Site& site()
+    {
+        if (!m_site || !m_site->isReusable) {
+            m_site.reset();
+            m_site = std::make_unique<Site>();
+        }
+        m_site->bus.reset();
+        return *m_site;
+    }
+
 private slots:
     void showsTheRecord();
     void onlyTheOwnRecordCounts_data();
@@ -141,11 +167,14 @@ private slots:
     void readsAgainAfterAReboot();
     void lostPortEndsTheSave();
     void saveOfAnLdbNoLongerSelected();
+
+private:
+    std::unique_ptr<Site> m_site;
 };
 
 void TestLdbSettingsEditor::showsTheRecord()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.connectLink());
     desk.bus.settingsOf(kLdb).replace(kFlagsPosition, 2, "0D");
     desk.bus.settingsOf(kLdb).replace(kMutePosition, 2, "02");
@@ -215,7 +244,7 @@ void TestLdbSettingsEditor::onlyTheOwnRecordCounts()
 
 void TestLdbSettingsEditor::answerOfAnotherAddress()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.connectLink());
     desk.answerTo(kLdb, "737201", ScriptedBus::framed(SettingsBus::record(kOtherLdb)));
     desk.editor.setSelectedLdb(kLdb);
@@ -230,7 +259,7 @@ void TestLdbSettingsEditor::answerOfAnotherAddress()
 
 void TestLdbSettingsEditor::answerOfTheLdbSelectedBefore()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.connectLink());
     desk.editor.setSelectedLdb(kLdb);
     desk.editor.requestSettings();
@@ -253,7 +282,7 @@ void TestLdbSettingsEditor::answerOfTheLdbSelectedBefore()
 
 void TestLdbSettingsEditor::unusableAnswersLeaveTheEditorWaiting()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.connectLink());
     desk.answerTo(kLdb, "737", ScriptedBus::framed(kNeither));
     desk.editor.setSelectedLdb(kLdb);
@@ -290,7 +319,7 @@ void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
 
 void TestLdbSettingsEditor::changesAreMarkedInWords()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.fims()->setValue(300);
@@ -323,7 +352,7 @@ void TestLdbSettingsEditor::changesAreMarkedInWords()
 
 void TestLdbSettingsEditor::openDetection()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     const auto* label = desk.ui<QLabel>("settingsOpenDetectionDelayLabel");
     QVERIFY(desk.delay()->isEnabled());
@@ -344,7 +373,7 @@ void TestLdbSettingsEditor::openDetection()
 
 void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->clear();
     QTest::keyClicks(desk.name(), QStringLiteral("12345678901234567"));
@@ -354,7 +383,7 @@ void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
 
 void TestLdbSettingsEditor::nameTooLongIsNotSaved()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     // No validator stops what a program sets, nor more typed behind a 16 byte name of an LDB.
     desk.name()->setText(QStringLiteral("1234567890123456"));
@@ -367,7 +396,7 @@ void TestLdbSettingsEditor::nameTooLongIsNotSaved()
 
 void TestLdbSettingsEditor::editSurvivesARecord()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.bus.settingsOf(kLdb) = SettingsBus::record(kLdb).replace(kDelayPosition, 4, "1E00");
@@ -382,7 +411,7 @@ void TestLdbSettingsEditor::editSurvivesARecord()
 
 void TestLdbSettingsEditor::savesInOrder()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.delay()->setValue(5);
@@ -420,7 +449,7 @@ void TestLdbSettingsEditor::savesInOrder()
 
 void TestLdbSettingsEditor::savesDetectionOff()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.detection()->click();
     desk.save()->click();
@@ -432,7 +461,7 @@ void TestLdbSettingsEditor::savesDetectionOff()
 
 void TestLdbSettingsEditor::savesTheDefaults()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.fims()->setValue(7);
     desk.bus.clearRequests();
@@ -484,7 +513,7 @@ void TestLdbSettingsEditor::tellsWhatWasNotWritten()
     QFETCH(QByteArray, answer);
     QFETCH(QString, words);
     QFETCH(QString, reported);
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.delay()->setValue(5);
@@ -524,7 +553,7 @@ void TestLdbSettingsEditor::tellsWhatWasNotWritten()
 
 void TestLdbSettingsEditor::tellsADifference()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.fims()->setValue(7);
@@ -554,7 +583,7 @@ void TestLdbSettingsEditor::readsAgainAfterAReboot()
 {
     QFETCH(bool, isBack);
     QFETCH(QString, message);
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.answerTo(kLdb, "737201", kSilence);
@@ -583,7 +612,7 @@ void TestLdbSettingsEditor::readsAgainAfterAReboot()
 
 void TestLdbSettingsEditor::lostPortEndsTheSave()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.answerTo(kLdb, "736314", kSilence);
@@ -599,7 +628,7 @@ void TestLdbSettingsEditor::lostPortEndsTheSave()
 
 void TestLdbSettingsEditor::saveOfAnLdbNoLongerSelected()
 {
-    Desk desk;
+    Desk desk(site());
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.bus.clearRequests();
