@@ -35,6 +35,7 @@ void LdbSettingsEdit::receive(const LdbSettings& record)
 void LdbSettingsEdit::receiveAfterSave(const LdbSettings& record, const LdbSettings& written,
                                        bool isComplete)
 {
+    m_isSaving = false;
     for (const LdbField field : kLdbFields) {
         if (isSameField(field, m_values, record) ||
             (isComplete && isSameField(field, m_values, written))) {
@@ -68,7 +69,9 @@ void LdbSettingsEdit::setOpenDetection(bool on)
 void LdbSettingsEdit::undo()
 {
     m_touched.clear();
-    receive(m_record);
+    if (m_hasRecord) {
+        receive(m_record);
+    }
 }
 
 void LdbSettingsEdit::setDefaults()
@@ -97,7 +100,7 @@ int LdbSettingsEdit::changeCount() const
 
 void LdbSettingsEdit::touchIfChanged(LdbField field)
 {
-    if (isChanged(field)) {
+    if (m_isSaving || isChanged(field)) {
         m_touched.insert(field);
     } else {
         m_touched.erase(field);

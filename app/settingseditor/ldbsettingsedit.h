@@ -25,6 +25,10 @@ public:
     /// A record of the LDB has come: it becomes the undo copy and fills what was not touched.
     void receive(const LdbSettings& record);
 
+    /// `values()` are being written. Until the record has been read again, a field that is put back
+    /// to the former record's value is an edit as well: the LDB is about to have another one.
+    void beginSave() { m_isSaving = true; }
+
     /// The record read after a Save. A complete Save ends the edits that it wrote, whatever the
     /// LDB made of them; what an incomplete one did not bring into the LDB stays an edit. Values
     /// edited after the Save stay in both cases.
@@ -38,7 +42,7 @@ public:
     /// there was none.
     void setOpenDetection(bool on);
 
-    /// Back to the record.
+    /// Back to the record; nothing without one.
     void undo();
 
     /// Factory defaults, as edits; the number of FIMs keeps its value.
@@ -56,6 +60,7 @@ private:
     LdbSettings m_record;
     LdbSettings m_values;
     std::set<LdbField> m_touched;
+    bool m_isSaving = false;
     bool m_openDetection = false;
     quint16 m_formerDelay = 0; ///< for when open detection is switched on again
 };

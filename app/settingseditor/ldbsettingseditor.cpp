@@ -153,6 +153,7 @@ void LdbSettingsEditor::on_settingsSaveButton_clicked()
     }
     emit saveStarted();
     emit statusMessage(tr("Saving the settings of LDB %1").arg(m_hexId), kStays);
+    m_edit.beginSave();
     m_saver->save(m_hexId, m_edit.values());
     updateEnabled();
 }
