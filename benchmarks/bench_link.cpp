@@ -4,17 +4,16 @@
 //   exchanges unpaced: exchanges a second beside a bare read/write loop on the same simulator
 // Ends with status 1 when a figure is out of its bounds. One of the names as argument runs it
 // alone.
+#include "benchmarks/support/installation.h"
+#include "benchmarks/support/report.h"
 #include "serial/framecodec.h"
 #include "serial/seriallink.h"
-#include "simulator/simulation.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QThread>
-#include <QTimer>
 
 #include <array>
 #include <cstdio>
@@ -36,56 +35,6 @@ constexpr double kNanosecondsPerSecond = 1e9;
 double secondsOf(const QElapsedTimer& timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) / kNanosecondsPerSecond;
-}
-
-/// A simulated installation in a thread of its own.
-class Installation
-{
-public:
-    Installation(const Scenario& scenario, PacedLine::Pace pace, const QString& journalPath = {})
-    {
-        m_thread.start();
-        m_context.moveToThread(&m_thread);
-        QString error;
-        const auto begin = [&] {
-            Simulation::Options options;
-            options.pace = pace;
-            options.journalPath = journalPath;
-            m_simulation = std::make_unique<Simulation>(scenario, options);
-            error = m_simulation->start();
-            m_portName = m_simulation->portName();
-        };
-        QMetaObject::invokeMethod(&m_context, begin, Qt::BlockingQueuedConnection);
-        if (!error.isEmpty()) {
-            qFatal("%s", qPrintable(error));
-        }
-    }
-    ~Installation()
-    {
-        QMetaObject::invokeMethod(
-            &m_context, [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);
-        m_thread.quit();
-        m_thread.wait();
-    }
-    Installation(const Installation&) = delete;
-    Installation& operator=(const Installation&) = delete;
-
-    QString portName() const { return m_portName; }
-
-private:
-    QThread m_thread;
-    QObject m_context; ///< stands for the thread
-    std::unique_ptr<Simulation> m_simulation;
-    QString m_portName;
-};
-
-bool report(const char* name, double value, double limit, bool isUpperLimit)
-{
-    const bool good = isUpperLimit ? value <= limit : value >= limit;
-    std::printf("%-10s %8.3f  (%s %.3f)  %s\n", name, value, isUpperLimit ? "at most" : "at least",
-                limit, good ? "ok" : "OUT OF BOUNDS");
-    std::fflush(stdout);
-    return good;
 }
 
 /// What the first LDB's records at round `first` and `last` leave between them in the journal: the
@@ -168,7 +117,7 @@ bool benchCycle()
     const double to = times.at(1 + kRounds);
     const double ratio = (to - from) / 1000.0 / wireSeconds(journalPath, from, to);
     std::printf("           %.1f ms a round over eight LDBs\n", (to - from) / kRounds);
-    return report("cycle", ratio, kCycleLimit, true);
+    return report("cycle", ratio, kCycleLimit, Bound::AtMost);
 }
 
 bool benchScan()
@@ -184,7 +133,7 @@ bool benchScan()
     timer.start();
     link.start();
     loop.exec();
-    return report("scan", secondsOf(timer), kScanLimitSeconds, true);
+    return report("scan", secondsOf(timer), kScanLimitSeconds, Bound::AtMost);
 }
 
 /// Exchanges a second of a loop that does nothing but write a request and read to the answer's end.
@@ -259,7 +208,7 @@ bool benchExchanges()
     const double bare = bareExchanges(installation.portName(), hexId.toLatin1());
     const double ours = linkExchanges(installation.portName());
     std::printf("           %.0f exchanges/s, bare loop %.0f\n", ours, bare);
-    return report("exchanges", ours / bare, kExchangeLimit, false);
+    return report("exchanges", ours / bare, kExchangeLimit, Bound::AtLeast);
 }
 
 } // namespace

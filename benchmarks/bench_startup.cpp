@@ -1,0 +1,143 @@
+// From the start of the process to the first painted window: the main window beside an empty
+// QMainWindow, in processes of this program by turns. Ends with status 1 when the ratio of the
+// medians is out of bounds.
+#include "app/mainwindow.h"
+#include "benchmarks/support/report.h"
+
+#include <QApplication>
+#include <QPaintEvent>
+#include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+namespace {
+
+constexpr double kLimit = 1.5;
+constexpr int kStarts = 11;
+constexpr int kChildMs = 30000;
+constexpr qint64 kNanosecondsPerSecond = 1000000000;
+constexpr double kNanosecondsPerMillisecond = 1e6;
+
+const QString kProgramWindow = QStringLiteral("program");
+const QString kEmptyWindow = QStringLiteral("empty");
+
+// The arguments of a child.
+enum Argument
+{
+    WindowArgument = 1,
+    SettingsArgument,
+    StartArgument,
+    ArgumentCount
+};
+
+/// A clock that all processes share.
+qint64 nowNanoseconds()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<qint64>(now.tv_sec) * kNanosecondsPerSecond + now.tv_nsec;
+}
+
+/// Ends the program once the window has been painted, its children included.
+class FirstPaint : public QObject
+{
+public:
+    explicit FirstPaint(QWidget* window) { window->installEventFilter(this); }
+
+    qint64 at() const { return m_at; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && !m_seen) {
+            m_seen = true;
+            // Window and children are painted in one go.
+            QTimer::singleShot(0, this, [this] {
+                m_at = nowNanoseconds();
+                QCoreApplication::quit();
+            });
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_seen = false;
+    qint64 m_at = 0;
+};
+
+template <typename Window>
+int show(qint64 startedAt)
+{
+    Window window;
+    window.resize(1280, 800);
+    const FirstPaint paint(&window);
+    window.show();
+    QApplication::exec();
+    std::printf("%lld\n", static_cast<long long>(paint.at() - startedAt));
+    std::fflush(stdout);
+    return 0;
+}
+
+int runChild(const QStringList& arguments)
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       arguments.at(SettingsArgument));
+    const qint64 startedAt = arguments.at(StartArgument).toLongLong();
+    return arguments.at(WindowArgument) == kProgramWindow ? show<MainWindow>(startedAt)
+                                                          : show<QMainWindow>(startedAt);
+}
+
+double startMs(const QString& window, const QString& settingsFolder)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {window, settingsFolder, QString::number(nowNanoseconds())});
+    if (!process.waitForFinished(kChildMs) || process.exitCode() != 0) {
+        qFatal("the %s window does not come up", qPrintable(window));
+    }
+    return process.readAllStandardOutput().trimmed().toDouble() / kNanosecondsPerMillisecond;
+}
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+bool benchStartup()
+{
+    const QTemporaryDir settings;
+    // The first ones bring the files into memory.
+    startMs(kEmptyWindow, settings.path());
+    startMs(kProgramWindow, settings.path());
+    std::vector<double> empty;
+    std::vector<double> program;
+    for (int i = 0; i < kStarts; ++i) {
+        empty.push_back(startMs(kEmptyWindow, settings.path()));
+        program.push_back(startMs(kProgramWindow, settings.path()));
+    }
+    std::printf("           %.1f ms to the first paint, an empty window %.1f ms\n", median(program),
+                median(empty));
+    return report("startup", median(program) / median(empty), kLimit, Bound::AtMost);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (argc < ArgumentCount) {
+        const QCoreApplication application(argc, argv);
+        return benchStartup() ? 0 : 1;
+    }
+    const QApplication application(argc, argv);
+    return runChild(QCoreApplication::arguments());
+}

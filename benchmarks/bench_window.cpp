@@ -1,0 +1,290 @@
+// The main window on 253 simulated LDBs that answer as fast as they can:
+//   records   status answers on the wire that the window has not taken, at the end
+//   queue     how much later a posted event arrives at the end of the run than at its begin, in ms
+//   block     the longest time that the GUI thread did not get to its events, in ms
+// Ends with status 1 when a figure is out of its bounds.
+#include "app/applicationsettings.h"
+#include "app/mainwindow.h"
+#include "benchmarks/support/installation.h"
+#include "benchmarks/support/report.h"
+#include "serial/serialcommand.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <ctime>
+#include <memory>
+#include <vector>
+
+namespace {
+
+// The hang-up at the end may take the answer that is just on its way.
+constexpr double kMissingLimit = 1;
+constexpr double kQueueGrowthLimitMs = 5;
+constexpr double kBlockLimitMs = 50;
+
+constexpr int kRunMs = 20000;
+constexpr unsigned long kPingEveryMs = 5;
+constexpr double kNanosecondsPerMillisecond = 1e6;
+
+/// CPU time of the calling thread in ms.
+double threadCpuMs()
+{
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1000.0 +
+           static_cast<double>(now.tv_nsec) / kNanosecondsPerMillisecond;
+}
+
+/// Looks at the clock every millisecond from the event loop of its thread.
+class GapWatch
+{
+public:
+    GapWatch()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+        m_clock.start();
+        m_cpuMs = threadCpuMs();
+        m_timer.start(1);
+    }
+
+    double longestMs() const { return m_longestMs; }
+    /// How much of the longest gap the thread was computing; the rest it waited for the machine.
+    double longestCpuMs() const { return m_longestCpuMs; }
+    int looks() const { return m_looks; }
+
+private:
+    void look()
+    {
+        ++m_looks;
+        const double gap = static_cast<double>(m_clock.nsecsElapsed()) / kNanosecondsPerMillisecond;
+        const double cpu = threadCpuMs();
+        if (gap > m_longestMs) {
+            m_longestMs = gap;
+            m_longestCpuMs = cpu - m_cpuMs;
+        }
+        m_clock.start();
+        m_cpuMs = cpu;
+    }
+
+    QTimer m_timer;
+    QElapsedTimer m_clock;
+    double m_cpuMs = 0;
+    double m_longestMs = 0;
+    double m_longestCpuMs = 0;
+    int m_looks = 0;
+};
+
+/// Posts an event to the thread that made it every few milliseconds and notes how long it queues,
+/// behind everything that the serial worker has posted before.
+class QueueProbe
+{
+public:
+    QueueProbe()
+        : m_thread(QThread::create([this] { postPings(); }))
+    {
+        m_clock.start();
+        m_thread->start();
+    }
+    ~QueueProbe()
+    {
+        m_ended = true;
+        m_thread->wait();
+    }
+    QueueProbe(const QueueProbe&) = delete;
+    QueueProbe& operator=(const QueueProbe&) = delete;
+
+    /// Median wait of one third of the run, 0 to 2.
+    double medianMs(std::size_t third) const
+    {
+        const std::size_t size = m_waitsMs.size() / 3;
+        const auto begin = m_waitsMs.begin() + static_cast<std::ptrdiff_t>(third * size);
+        std::vector<double> waits(begin, begin + static_cast<std::ptrdiff_t>(size));
+        if (waits.empty()) {
+            qFatal("no ping has arrived");
+        }
+        const auto middle = waits.begin() + static_cast<std::ptrdiff_t>(size / 2);
+        std::nth_element(waits.begin(), middle, waits.end());
+        return *middle;
+    }
+
+private:
+    double nowMs() const
+    {
+        return static_cast<double>(m_clock.nsecsElapsed()) / kNanosecondsPerMillisecond;
+    }
+    void postPings()
+    {
+        while (!m_ended) {
+            const double posted = nowMs();
+            QMetaObject::invokeMethod(
+                &m_receiver, [this, posted] { m_waitsMs.push_back(nowMs() - posted); },
+                Qt::QueuedConnection);
+            QThread::msleep(kPingEveryMs);
+        }
+    }
+
+    QElapsedTimer m_clock; ///< only read once the thread runs
+    std::vector<double> m_waitsMs;
+    std::atomic<bool> m_ended{false};
+    QObject m_receiver;
+    std::unique_ptr<QThread> m_thread;
+};
+
+/// The LDBs in the order of their records in the log.
+QStringList loggedLdbs(const QString& path)
+{
+    QFile log(path);
+    if (!log.open(QIODevice::ReadOnly)) {
+        qFatal("no log");
+    }
+    log.readLine(); // the header
+    QStringList hexIds;
+    while (!log.atEnd()) {
+        hexIds.append(QString::fromUtf8(log.readLine().split(';').first()));
+    }
+    return hexIds;
+}
+
+/// The LDBs in the order of their status answers on the wire.
+QStringList answeredLdbs(const QString& path)
+{
+    QFile journal(path);
+    if (!journal.open(QIODevice::ReadOnly)) {
+        qFatal("no journal");
+    }
+    enum Field
+    {
+        Direction = 2,
+        HexId = 3,
+        Bytes = 4
+    };
+    QStringList hexIds;
+    bool isStatus = false;
+    while (!journal.atEnd()) {
+        const QList<QByteArray> fields = journal.readLine().split('\t');
+        if (fields.value(Direction) == ">") {
+            isStatus = QByteArray::fromHex(fields.value(Bytes)).contains("737803");
+        } else if (fields.value(Direction) == "<" && isStatus) {
+            hexIds.append(QString::fromLatin1(fields.value(HexId)));
+        }
+    }
+    return hexIds;
+}
+
+template <typename T>
+T* child(const QWidget& window, const char* name)
+{
+    T* found = window.findChild<T*>(QLatin1String(name));
+    if (found == nullptr) {
+        qFatal("the window has no %s", name);
+    }
+    return found;
+}
+
+/// Lets the window log every record.
+void startLogging(const QWidget& window, const QString& path)
+{
+    child<QLineEdit>(window, "logFilePathText")->setText(path);
+    child<QSpinBox>(window, "logSpeedSpinBox")->setValue(0);
+    child<QPushButton>(window, "logStartStopButton")->click();
+}
+
+void spin(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Hangs the line up and waits until the window has noticed: that is told behind the last record.
+void hangUp(std::unique_ptr<Installation>& installation, const QPushButton& startButton)
+{
+    QEventLoop loop;
+    QObject::connect(&startButton, &QAbstractButton::toggled, &loop, &QEventLoop::quit);
+    installation.reset();
+    if (startButton.isChecked()) {
+        loop.exec();
+    }
+}
+
+bool benchWindow()
+{
+    const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    const QString journalPath = folder.filePath(QStringLiteral("journal"));
+    const QString logPath = folder.filePath(QStringLiteral("log.csv"));
+    auto installation =
+        std::make_unique<Installation>(fullScenario(), PacedLine::Pace::Unpaced, journalPath);
+    applicationSettings().setValue(constants::kComPortKey, installation->portName());
+
+    MainWindow window;
+    window.show();
+    spin(500); // start-up has its own benchmark
+    startLogging(window, logPath);
+    auto* startButton = child<QPushButton>(window, "startButton");
+    const QTableView* overview = child<QTableView>(window, "deviceOverviewTableView");
+
+    const GapWatch gaps;
+    startButton->click();
+    while (overview->model()->rowCount() == 0) {
+        if (!startButton->isChecked()) {
+            qFatal("the scan has failed");
+        }
+        spin(1);
+    }
+    double firstMs = 0;
+    double lastMs = 0;
+    double blockMs = 0;
+    {
+        const QueueProbe queue;
+        const double cpuBefore = threadCpuMs();
+        spin(kRunMs);
+        firstMs = queue.medianMs(0);
+        lastMs = queue.medianMs(2);
+        blockMs = gaps.longestMs();
+        std::printf("           GUI thread: %.0f %% of a core, %d looks, longest gap %.1f ms "
+                    "(computing %.1f ms)\n",
+                    (threadCpuMs() - cpuBefore) / kRunMs * 100, gaps.looks(), blockMs,
+                    gaps.longestCpuMs());
+    }
+    hangUp(installation, *startButton);
+
+    const QStringList answered = answeredLdbs(journalPath);
+    const QStringList logged = loggedLdbs(logPath);
+    const bool isInOrder = answered.mid(0, logged.size()) == logged;
+    std::printf("           %d status answers, %d records taken, %s; %d rows\n", answered.size(),
+                logged.size(), isInOrder ? "the same LDBs in the same order" : "NOT THE SAME LDBS",
+                overview->model()->rowCount());
+    std::printf("           an event queues %.2f ms at first, %.2f ms at last\n", firstMs, lastMs);
+    bool good = isInOrder && overview->model()->rowCount() == busaddress::kLast;
+    good = report("records", answered.size() - logged.size(), kMissingLimit, Bound::AtMost) && good;
+    good = report("queue", lastMs - firstMs, kQueueGrowthLimitMs, Bound::AtMost) && good;
+    good = report("block", blockMs, kBlockLimitMs, Bound::AtMost) && good;
+    return good;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QDir::setCurrent(QStringLiteral(PROJECT_FOLDER));
+    return benchWindow() ? 0 : 1;
+}

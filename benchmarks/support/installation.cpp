@@ -1,0 +1,41 @@
+#include "benchmarks/support/installation.h"
+
+#include "serial/serialcommand.h"
+
+Installation::Installation(const Scenario& scenario, PacedLine::Pace pace,
+                           const QString& journalPath)
+{
+    m_thread.start();
+    m_context.moveToThread(&m_thread);
+    QString error;
+    const auto begin = [&] {
+        Simulation::Options options;
+        options.pace = pace;
+        options.journalPath = journalPath;
+        m_simulation = std::make_unique<Simulation>(scenario, options);
+        error = m_simulation->start();
+        m_portName = m_simulation->portName();
+    };
+    QMetaObject::invokeMethod(&m_context, begin, Qt::BlockingQueuedConnection);
+    if (!error.isEmpty()) {
+        qFatal("%s", qPrintable(error));
+    }
+}
+
+Installation::~Installation()
+{
+    QMetaObject::invokeMethod(
+        &m_context, [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);
+    m_thread.quit();
+    m_thread.wait();
+}
+
+Scenario fullScenario()
+{
+    Scenario scenario = defaultScenario();
+    scenario.ldbs.clear();
+    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
+        scenario.ldbs.push_back({standardLdb(address), {}});
+    }
+    return scenario;
+}

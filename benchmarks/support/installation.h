@@ -1,0 +1,32 @@
+#pragma once
+
+#include "simulator/simulation.h"
+
+#include <QObject>
+#include <QString>
+#include <QThread>
+
+#include <memory>
+
+/// A simulated installation in a thread of its own, so that it answers while the program under
+/// measurement is busy. Ends the benchmark when it cannot start. Destroying it hangs up its line.
+class Installation
+{
+public:
+    /// An empty journal path keeps no journal.
+    Installation(const Scenario& scenario, PacedLine::Pace pace, const QString& journalPath = {});
+    ~Installation();
+    Installation(const Installation&) = delete;
+    Installation& operator=(const Installation&) = delete;
+
+    QString portName() const { return m_portName; }
+
+private:
+    QThread m_thread;
+    QObject m_context; ///< stands for the thread
+    std::unique_ptr<Simulation> m_simulation;
+    QString m_portName;
+};
+
+/// Healthy boards at all 253 addresses.
+Scenario fullScenario();

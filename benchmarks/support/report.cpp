@@ -1,0 +1,13 @@
+#include "benchmarks/support/report.h"
+
+#include <cstdio>
+
+bool report(const char* name, double value, double limit, Bound bound)
+{
+    const bool isUpperLimit = bound == Bound::AtMost;
+    const bool good = isUpperLimit ? value <= limit : value >= limit;
+    std::printf("%-10s %8.3f  (%s %.3f)  %s\n", name, value, isUpperLimit ? "at most" : "at least",
+                limit, good ? "ok" : "OUT OF BOUNDS");
+    std::fflush(stdout);
+    return good;
+}
