@@ -19,16 +19,23 @@ bool PendingRequest::fits(const QByteArray& answer) const
 void AnswerLedger::clear()
 {
     m_pending = {};
+    m_isAnswered = false;
     m_transmissions.clear();
     m_debts.clear();
 }
 
 void AnswerLedger::begin(const PendingRequest& request)
 {
+    if (!m_isAnswered && m_transmissions.size() > 1) {
+        // Silent through all its windows: the LDB did not hear, rather than being late. One debt is
+        // kept; more would swallow all the transmissions of the request that follows.
+        m_transmissions = {m_transmissions.last()};
+    }
     for (const qint64 expires : qAsConst(m_transmissions)) {
         m_debts.append({m_pending, expires});
     }
     m_transmissions.clear();
+    m_isAnswered = false;
     m_pending = request;
 }
 
@@ -67,6 +74,7 @@ AnswerLedger::Verdict AnswerLedger::judge(const QByteArray& answer, qint64 now)
 
 void AnswerLedger::settle()
 {
+    m_isAnswered = true;
     if (!m_transmissions.isEmpty()) {
         m_transmissions.removeFirst();
     }

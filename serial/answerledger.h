@@ -67,6 +67,7 @@ private:
 
     qint64 m_horizon;
     PendingRequest m_pending;
+    bool m_isAnswered = false;     ///< the pending request, at least once
     QList<qint64> m_transmissions; ///< of the pending request: when each one's answer expires
     QList<Debt> m_debts;
 };

@@ -33,6 +33,7 @@ private slots:
     void ownLateAnswerIsTaken();
     void surplusAnswerIsNotTheNextRequests();
     void lateAnswerOfTheSameShapeIsNotAnotherLdbs();
+    void silentRequestCostsTheNextOneAnswer();
     void settingsAreToldApartByTheirAddress();
     void debtsEnd();
     void laterAnswerOfTheSameLdbSettlesItsDebts();
@@ -109,6 +110,20 @@ void TestAnswerLedger::lateAnswerOfTheSameShapeIsNotAnotherLdbs()
     ledger.transmitted(120);
     QCOMPARE(ledger.judge(kFirmware, 130), Verdict::Drop);
     QCOMPARE(ledger.judge(kFirmware, 140), Verdict::Take);
+}
+
+void TestAnswerLedger::silentRequestCostsTheNextOneAnswer()
+{
+    AnswerLedger ledger(kHorizon);
+    ledger.begin(pending("0A", AnswerShape::Acknowledge));
+    for (const qint64 at : {0, 120, 240}) {
+        ledger.transmitted(at);
+    }
+    ledger.begin(pending("0A", AnswerShape::Acknowledge)); // given up
+    ledger.transmitted(360);
+    QCOMPARE(ledger.judge(kAck, 380), Verdict::Drop);
+    ledger.transmitted(480);
+    QCOMPARE(ledger.judge(kAck, 500), Verdict::Take);
 }
 
 void TestAnswerLedger::settingsAreToldApartByTheirAddress()
