@@ -1,6 +1,6 @@
 // From the start of the process to the first painted window: the main window beside an empty
 // QMainWindow, in processes of this program by turns. Ends with status 1 when the ratio of the
-// medians is out of bounds.
+// medians is out of bounds. QT_QPA_PLATFORM chooses the platform; offscreen when it is not set.
 #include "app/mainwindow.h"
 #include "benchmarks/support/report.h"
 
@@ -133,7 +133,9 @@ bool benchStartup()
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     if (argc < ArgumentCount) {
         const QCoreApplication application(argc, argv);
         return benchStartup() ? 0 : 1;
