@@ -40,41 +40,22 @@ QList<QByteArray> writesOf(const QByteArray& hexId, const char* name)
             start + "7806"};
 }
 
-/// A bus and a link on it. Scanning costs most of a test's time, so what is still as a test needs
-/// it serves the next one too.
-struct Site
-{
-    explicit Site(const QStringList& hexIds)
-        : ids(hexIds)
-        , bus(hexIds)
-    {
-    }
-    QStringList ids;
-    SettingsBus bus;
-    SerialLink link;
-    bool isReusable = true;
-};
-
-/// One operation that records its statuses.
+/// A bus, a link on it, and one operation that records its statuses.
 class Operation
 {
 public:
-    explicit Operation(Site& usedSite)
-        : site(usedSite)
-        , bus(usedSite.bus)
-        , link(usedSite.link)
+    explicit Operation(const QStringList& hexIds)
+        : bus(hexIds)
         , job(std::make_unique<ImportExportDeviceSettings>(&link))
     {
         QObject::connect(job.get(), &ImportExportDeviceSettings::statusChanged, &receiver,
                          [this](Status status) { statuses.append(status); });
     }
-    bool connectLink() { return link.isRunning() || bus.connectLink(link); }
+    bool connectLink() { return bus.connectLink(link); }
 
     /// The script answers `request` (a start) to one LDB.
     void answerTo(const QByteArray& hexId, const QByteArray& request, const QByteArray& answer)
     {
-        // Answers still owed would be held against the next test.
-        site.isReusable = !answer.isEmpty();
         bus.setScript([=](const QByteArray& body) -> std::optional<QByteArray> {
             return body.mid(2, 2) == hexId && body.mid(4).startsWith(request)
                        ? std::make_optional(answer)
@@ -98,20 +79,18 @@ public:
     }
     bool waitForEnd()
     {
-        return QTest::qWaitFor([this] { return statuses.size() > 1; }, kEndLimitMs);
+        return waitUntil([this] { return statuses.size() > 1; }, kEndLimitMs);
     }
-    /// Anything still on its way has come by now: a request after it has been answered.
+    /// What was posted has been sent by now: one command goes out between every few polls.
     bool settle()
     {
         const int polls = bus.bus().requests().size();
-        return QTest::qWaitFor([&] { return bus.bus().requests().size() > polls + 20; },
-                               kEndLimitMs);
+        return waitUntil([&] { return bus.bus().requests().size() > polls + 80; }, kEndLimitMs);
     }
 
     Sandbox sandbox;
-    Site& site;
-    SettingsBus& bus;
-    SerialLink& link;
+    SettingsBus bus;
+    SerialLink link;
     QList<Status> statuses;
     QObject receiver;
     std::unique_ptr<ImportExportDeviceSettings> job;
@@ -127,28 +106,12 @@ bool isRequest(const QByteArray& body, const char* hexId, const char* request)
 class TestImportExport : public TestCase
 {
     Q_OBJECT
-public:
-    /// Stopped or running as the last test left it, everything else as new.
-    Site& site(const QStringList& ids)
-    {
-        if (!m_site || !m_site->isReusable || m_site->ids != ids) {
-            m_site.reset();
-            m_site = std::make_unique<Site>(ids);
-        }
-        m_site->bus.reset();
-        return *m_site;
-    }
-
-private:
-    std::unique_ptr<Site> m_site;
-
 private slots:
     void init() override
     {
         TestCase::init();
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     }
-    void cleanupTestCase() { m_site.reset(); }
     void exportsEveryByte_data();
     void exportsEveryByte();
     void exportReportsFaults_data();
@@ -193,7 +156,7 @@ void TestImportExport::exportsEveryByte()
     QFETCH(QByteArray, nameDigits);
     QFETCH(QByteArray, nameBytes);
     QTextCodec::setCodecForLocale(QTextCodec::codecForName(codec));
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("0A"), QStringLiteral("FD")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("0A"), QStringLiteral("FD")});
     operation.bus.settingsOf(QStringLiteral("0A"))
         .replace(18, 32, nameDigits.leftJustified(32, '0'));
     // Each LDB has a firmware id of its own, so that a swapped pair would show.
@@ -252,7 +215,7 @@ void TestImportExport::exportReportsFaults()
     QFETCH(QByteArray, answer);
     QFETCH(QByteArray, line);
     QFETCH(QString, failure);
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("03")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("03")});
     operation.answerTo("02", request, answer);
     QVERIFY(operation.connectLink());
     const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
@@ -281,7 +244,7 @@ void TestImportExport::exportFailsWithoutFile()
 {
     QFETCH(QString, path);
     QFETCH(QString, failure);
-    Operation operation(site({QStringLiteral("01")}));
+    Operation operation({QStringLiteral("01")});
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runExport(path));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
@@ -293,7 +256,7 @@ void TestImportExport::exportFailsWithoutFile()
 
 void TestImportExport::exportNamesItsFile()
 {
-    Operation operation(site({QStringLiteral("01")}));
+    Operation operation({QStringLiteral("01")});
     QVERIFY(operation.connectLink());
     operation.job->setDefaultDirectory(operation.sandbox.path(QString()));
     operation.job->exportDeviceSettings();
@@ -308,7 +271,7 @@ void TestImportExport::exportNamesItsFile()
 
 void TestImportExport::exportPairsAnswersAskedByOthers()
 {
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("02")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("02")});
     QVERIFY(operation.connectLink());
     // The second LDB's settings wait already, so they come before the first LDB's.
     operation.link.post(
@@ -323,7 +286,7 @@ void TestImportExport::exportPairsAnswersAskedByOthers()
 
 void TestImportExport::importWrites()
 {
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("10")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
     operation.bus.settingsOf(QStringLiteral("10")).replace(12, 2, "01"); // muted
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(settingscsv::fileHead().toUtf8() + line("10", "B;c") + "\n" +
@@ -396,7 +359,7 @@ void TestImportExport::importEndsOnce()
     QFETCH(Status, end);
     QFETCH(QList<QByteArray>, writes);
     QFETCH(QStringList, failures);
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("10")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(content));
     QVERIFY(operation.settle());
@@ -436,7 +399,7 @@ void TestImportExport::importReportsEachCommand()
     QFETCH(QByteArray, request);
     QFETCH(QByteArray, answer);
     QFETCH(QString, failure);
-    Operation operation(site({QStringLiteral("01")}));
+    Operation operation({QStringLiteral("01")});
     operation.answerTo("01", request, answer);
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(line("1", "A")));
@@ -446,7 +409,7 @@ void TestImportExport::importReportsEachCommand()
 
 void TestImportExport::importGoesOnAfterARefusal()
 {
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("10")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
     operation.answerTo("01", "7", kNak);
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
@@ -457,7 +420,7 @@ void TestImportExport::importGoesOnAfterARefusal()
 
 void TestImportExport::importTellsProgress()
 {
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("10")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
     QVERIFY(operation.connectLink());
     QSignalSpy progress(operation.job.get(), &ImportExportDeviceSettings::progressChanged);
     QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
@@ -471,7 +434,7 @@ void TestImportExport::importTellsProgress()
 
 void TestImportExport::importFailsWithoutFile()
 {
-    Operation operation(site({QStringLiteral("01")}));
+    Operation operation({QStringLiteral("01")});
     QVERIFY(operation.connectLink());
     // The generated name carries the present time, so there can be no such file.
     operation.job->setDefaultDirectory(operation.sandbox.path(QString()));
@@ -491,8 +454,7 @@ void TestImportExport::needsALink_data()
 void TestImportExport::needsALink()
 {
     QFETCH(bool, isImport);
-    Operation operation(site({QStringLiteral("01")}));
-    operation.link.stop();
+    Operation operation({QStringLiteral("01")});
     const QString path = operation.fileWith(line("1", "A"));
     if (isImport) {
         operation.job->importDeviceSettings(path);
@@ -541,8 +503,7 @@ void TestImportExport::endsWhenTheLinkStops()
     if (isHangUp) {
         warning = std::make_unique<ExpectWarning>("^Port ");
     }
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("10")}));
-    operation.site.isReusable = false;
+    Operation operation({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("10")});
     operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
         // The LDB 02 has its turn: the first one is done, the third one is not.
         if (isRequest(body, "02", isImport ? "736302" : "737201")) {
@@ -566,7 +527,7 @@ void TestImportExport::endsWhenTheLinkStops()
         QCOMPARE(Sandbox::readFile(path),
                  settingscsv::fileHead().toUtf8() + "1;LDB 01;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
     }
-    QTest::qWait(0);
+    QCoreApplication::processEvents();
     QCOMPARE(operation.statuses.size(), 2);
     QCOMPARE(operation.statuses.constLast(), end);
     QVERIFY2(operation.job->failures().contains(failure), qPrintable(operation.job->failureText()));
@@ -588,7 +549,7 @@ void TestImportExport::isCancelled()
         ids.append(QStringLiteral("0%1").arg(address));
         content += line(QByteArray::number(address).constData(), "A");
     }
-    Operation operation(site(ids));
+    Operation operation(ids);
     operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
         if (isRequest(body, "01", "736314")) {
             if (isDestroyed) {
@@ -615,11 +576,10 @@ void TestImportExport::isCancelled()
 void TestImportExport::lostLdbIsNotConnected()
 {
     const ExpectWarning warning("^Refusal to FE0270$"); // to the probes of the lost one
-    Operation operation(site({QStringLiteral("01"), QStringLiteral("02")}));
+    Operation operation({QStringLiteral("01"), QStringLiteral("02")});
     operation.sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n"
                                   "BYTES_RECEIVED_WAIT_TIME=20\n");
     // The tuning is read when the link is made.
-    operation.site.isReusable = false;
     operation.link.stop();
     SerialLink link;
     QVERIFY(operation.bus.connectLink(link));
@@ -648,7 +608,7 @@ void TestImportExport::lostLdbIsNotConnected()
 
 void TestImportExport::limitsTheFailureText()
 {
-    Operation operation(site({QStringLiteral("01")}));
+    Operation operation({QStringLiteral("01")});
     QVERIFY(operation.connectLink());
     QByteArray content;
     for (int i = 0; i < 100; ++i) {

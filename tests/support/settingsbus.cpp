@@ -1,9 +1,9 @@
 #include "tests/support/settingsbus.h"
 
 #include "serial/seriallink.h"
+#include "tests/support/testcase.h"
 
 #include <QSignalSpy>
-#include <QtTest>
 
 namespace {
 
@@ -27,19 +27,9 @@ SettingsBus::SettingsBus(const QStringList& presentHexIds, QObject* parent)
     , m_bus(presentHexIds)
 {
     for (const QString& hexId : presentHexIds) {
-        m_records.insert(hexId, {});
+        m_records.insert(hexId, record(hexId));
     }
-    reset();
     m_bus.setScript([this](const QByteArray& body) { return answer(body); });
-}
-
-void SettingsBus::reset()
-{
-    m_script = nullptr;
-    m_requests.clear();
-    for (auto it = m_records.begin(); it != m_records.end(); ++it) {
-        it.value() = record(it.key());
-    }
 }
 
 QByteArray SettingsBus::record(const QString& hexId)
@@ -65,7 +55,7 @@ bool SettingsBus::connectLink(SerialLink& link)
     QSignalSpy scanned(&link, &SerialLink::ldbListInitializationStateChange);
     link.setPortName(m_bus.portName());
     link.start();
-    return QTest::qWaitFor(
+    return waitUntil(
         [&scanned] { return !scanned.isEmpty() && !scanned.constLast().constFirst().toBool(); },
         kScanLimitMs);
 }
