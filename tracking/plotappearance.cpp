@@ -55,7 +55,7 @@ QPalette plotappearance::legendPalette(const QPalette& base, bool isCurveVisible
 
 QColor plotappearance::curveColor(const QString& name)
 {
-    const QColor color(name);
+    QColor color(name);
     if (!color.isValid()) {
         qWarning("Plot: unknown colour %s", qPrintable(name));
         return kFallbackCurveColor;
