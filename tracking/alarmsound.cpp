@@ -2,11 +2,28 @@
 
 #include "app/shared/constants.h"
 
+#include <QApplication>
 #include <QAudioDeviceInfo>
 #include <QDebug>
 #include <QSettings>
 #include <QSoundEffect>
 #include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+/// A sound effect made where it cannot play looks for its sound server for ever, with a warning
+/// each time. On Linux that server is PulseAudio: a bare ALSA device is of no use to it.
+bool hasUsableOutput()
+{
+    const QList<QAudioDeviceInfo> devices = QAudioDeviceInfo::availableDevices(QAudio::AudioOutput);
+    return std::any_of(devices.begin(), devices.end(), [](const QAudioDeviceInfo& device) {
+        return !device.isNull() && device.realm() != QLatin1String("alsa");
+    });
+}
+
+} // namespace
 
 AlarmSound::AlarmSound(QObject* parent)
     : QObject(parent)
@@ -24,15 +41,16 @@ void AlarmSound::play()
     emit sounded();
     if (prepare()) {
         m_effect->play();
+    } else {
+        QApplication::beep();
     }
 }
 
 bool AlarmSound::prepare()
 {
     if (!m_effect) {
-        // Without a device the sound system would complain at every attempt. Asked anew each time:
-        // a loudspeaker may be plugged in while the alarm is on.
-        if (QAudioDeviceInfo::availableDevices(QAudio::AudioOutput).isEmpty()) {
+        // Asked anew each time: a loudspeaker may be plugged in while the alarm is on.
+        if (!hasUsableOutput()) {
             warnOnce("no audio output");
             return false;
         }

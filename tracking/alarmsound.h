@@ -6,8 +6,8 @@
 
 class QSoundEffect;
 
-/// The warning sound, if the user wants to hear it. A computer that cannot play it is warned of
-/// once; the run goes on without.
+/// The warning sound, if the user wants to hear it. A computer that cannot play it beeps instead,
+/// and is warned of once.
 class AlarmSound : public QObject
 {
     Q_OBJECT

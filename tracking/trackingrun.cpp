@@ -8,10 +8,6 @@
 
 namespace {
 
-using generalinformation::EarthRow;
-using generalinformation::LoopRow;
-using generalinformation::ModeRow;
-
 constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kStartTrackingDelay = 15000;
 constexpr int kPhaseClockPeriod = std::numeric_limits<int>::max(); // 24 days
@@ -111,7 +107,8 @@ void TrackingRun::processRecord(const QList<QStringList>& dataList)
         qWarning() << "Tracking ignores an incomplete record:" << dataList;
         return;
     }
-    const auto state = static_cast<LdbState>(generalinformation::integer(dataList, ModeRow));
+    const auto state =
+        static_cast<LdbState>(generalinformation::integer(dataList, generalinformation::ModeRow));
     if (processLdbState(state) && isActive()) {
         processCounting(dataList);
     }

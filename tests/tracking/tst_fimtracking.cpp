@@ -24,9 +24,9 @@ namespace {
 
 VirtualTime* virtualTime = nullptr;
 
-constexpr int kSecond = 1000;
-constexpr int kLongerThanAnyTimer = 150 * kSecond;
-constexpr int kHour = 3600 * kSecond;
+constexpr qint64 kSecond = 1000;
+constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
+constexpr qint64 kHour = 3600 * kSecond;
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");
 const QByteArray kMute("FE0A73631601");
@@ -135,7 +135,7 @@ struct Bench
     }
     bool reach(Phase phase)
     {
-        for (int gone = 0; window->run().phase() != phase && gone < kHour; gone += 250) {
+        for (qint64 gone = 0; window->run().phase() != phase && gone < kHour; gone += 250) {
             virtualTime->advance(250);
         }
         return window->run().phase() == phase;

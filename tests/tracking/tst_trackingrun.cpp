@@ -21,9 +21,9 @@ namespace {
 
 VirtualTime* virtualTime = nullptr;
 
-constexpr int kSecond = 1000;
-constexpr int kHour = 3600 * kSecond;
-constexpr int kLongerThanAnyTimer = 150 * kSecond;
+constexpr qint64 kSecond = 1000;
+constexpr qint64 kHour = 3600 * kSecond;
+constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");
 const QByteArray kMute("FE0A73631601");
@@ -63,7 +63,7 @@ struct Bench
     /// Lets time pass until a phase comes; false if it does not within an hour.
     bool reach(Phase phase)
     {
-        for (int gone = 0; run.phase() != phase && gone < kHour; gone += kSecond / 4) {
+        for (qint64 gone = 0; run.phase() != phase && gone < kHour; gone += kSecond / 4) {
             virtualTime->advance(kSecond / 4);
         }
         return run.phase() == phase;
