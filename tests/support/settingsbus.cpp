@@ -27,9 +27,19 @@ SettingsBus::SettingsBus(const QStringList& presentHexIds, QObject* parent)
     , m_bus(presentHexIds)
 {
     for (const QString& hexId : presentHexIds) {
-        m_records.insert(hexId, record(hexId));
+        m_records.insert(hexId, {});
     }
+    reset();
     m_bus.setScript([this](const QByteArray& body) { return answer(body); });
+}
+
+void SettingsBus::reset()
+{
+    m_script = nullptr;
+    m_requests.clear();
+    for (auto it = m_records.begin(); it != m_records.end(); ++it) {
+        it.value() = record(it.key());
+    }
 }
 
 QByteArray SettingsBus::record(const QString& hexId)

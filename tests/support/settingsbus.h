@@ -32,6 +32,9 @@ public:
     QList<QByteArray> writes() const;
     void clearRequests() { m_requests.clear(); }
 
+    /// As new: no script, no requests, every LDB's first settings.
+    void reset();
+
     /// Starts a link on this bus and returns once its scan is over.
     bool connectLink(SerialLink& link);
 
