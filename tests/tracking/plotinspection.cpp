@@ -1,7 +1,6 @@
 #include "tests/tracking/plotinspection.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QImage>
 #include <QPixmap>
 #include <QWheelEvent>
@@ -89,20 +88,21 @@ bool plotinspection::columnShows(const QWidget& parent, int x, const QColor& col
     return false;
 }
 
-PaintCounter::PaintCounter(QWidget* widget)
+EventCounter::EventCounter(QWidget* widget, QEvent::Type type)
+    : m_type(type)
 {
     widget->installEventFilter(this);
 }
 
-int PaintCounter::taken()
+int EventCounter::taken()
 {
     QCoreApplication::processEvents();
     return std::exchange(m_count, 0);
 }
 
-bool PaintCounter::eventFilter(QObject* watched, QEvent* event)
+bool EventCounter::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Paint) {
+    if (event->type() == m_type) {
         ++m_count;
     }
     return QObject::eventFilter(watched, event);

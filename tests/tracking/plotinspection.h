@@ -3,6 +3,7 @@
 #include "tracking/plot.h"
 
 #include <QColor>
+#include <QEvent>
 #include <QObject>
 
 class QwtLegendLabel;
@@ -31,17 +32,19 @@ bool columnShows(const QWidget& parent, int x, const QColor& color);
 
 } // namespace plotinspection
 
-/// Counts the paints of a widget.
-class PaintCounter : public QObject
+/// Counts the events of one type that a widget gets.
+class EventCounter : public QObject
 {
     Q_OBJECT
 public:
-    explicit PaintCounter(QWidget* widget);
+    EventCounter(QWidget* widget, QEvent::Type type);
+    /// The number since the last call, pending events included.
     int taken();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QEvent::Type m_type;
     int m_count = 0;
 };
