@@ -28,6 +28,9 @@ public:
     /// `values()` are being written. Until the record has been read again, a field that is put back
     /// to the former record's value is an edit as well: the LDB is about to have another one.
     void beginSave() { m_isSaving = true; }
+    /// Records from here on were read after the writing, also when the one read for the Save never
+    /// comes.
+    void endSave() { m_isSaving = false; }
 
     /// The record read after a Save. A complete Save ends the edits that it wrote, whatever the
     /// LDB made of them; what an incomplete one did not bring into the LDB stays an edit. Values

@@ -102,6 +102,10 @@ void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArra
     const std::optional<LdbSettings> record = decodeLdbSettings(answer);
     if (record && isOfSelected(hexId, *record)) {
         m_edit.receive(*record);
+        if (m_saver && !m_saver->isWriting()) {
+            // Answers come in the order of the requests: this one was read after what was written.
+            m_edit.endSave();
+        }
         refresh();
     }
 }

@@ -58,7 +58,7 @@ private:
 
     SerialLink* m_link;
     std::unique_ptr<CommandBatch> m_batch;
-    QTimer m_rebootTimer;
+    QTimer m_rebootTimer{this};
     QString m_hexId;
     LdbSettings m_written;
     QStringList m_notWritten;

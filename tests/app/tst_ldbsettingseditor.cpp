@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTimer>
 
 namespace {
 
@@ -165,6 +166,9 @@ private slots:
     void tellsADifference();
     void readsAgainAfterAReboot_data();
     void readsAgainAfterAReboot();
+    void readsAgainWithoutNewsOfTheReboot();
+    void aLaterRecordEndsASaveThatWasNotReadBack();
+    void isDestroyedWhileSaving();
     void lostPortEndsTheSave();
     void saveOfAnLdbNoLongerSelected();
 
@@ -608,6 +612,64 @@ void TestLdbSettingsEditor::readsAgainAfterAReboot()
     WAIT_COMPARE(desk.lastMessage(), message);
     QCOMPARE(desk.state(), isBack ? QString() : QStringLiteral("1 unsaved change(s), in bold"));
     QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
+}
+
+void TestLdbSettingsEditor::readsAgainWithoutNewsOfTheReboot()
+{
+    Desk desk(site());
+    QVERIFY(desk.connectLink());
+    LdbSettingsSaver saver(&desk.link);
+    QSignalSpy saved(&saver, &LdbSettingsSaver::saved);
+    auto* limit = saver.findChild<QTimer*>();
+    desk.answerTo(kLdb, "737201", kSilence);
+    saver.save(kLdb, *decodeLdbSettings(SettingsBus::record(kLdb)));
+    WAIT_VERIFY(limit->isActive());
+    QCOMPARE(limit->interval(), 15000);
+    desk.bus.setScript(nullptr);
+    QVERIFY(saved.isEmpty());
+    limit->start(0); // the time is up
+    WAIT_COMPARE(saved.size(), 1);
+}
+
+void TestLdbSettingsEditor::aLaterRecordEndsASaveThatWasNotReadBack()
+{
+    Desk desk(site());
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.answerTo(kLdb, "737201", kSilence);
+    desk.save()->click();
+    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    QVERIFY(desk.settle());
+    desk.bus.setScript(nullptr);
+    desk.editor.requestSettings();
+    WAIT_COMPARE(desk.editor.edit().record().name, QStringLiteral("Roof"));
+
+    // Ticked and unticked again is no edit any more, so the next record fills it.
+    desk.mute()->click();
+    desk.mute()->click();
+    desk.bus.settingsOf(kLdb).replace(kMutePosition, 2, "01");
+    desk.editor.requestSettings();
+    WAIT_VERIFY(desk.editor.edit().record().audioMute);
+    QVERIFY(desk.mute()->isChecked());
+}
+
+void TestLdbSettingsEditor::isDestroyedWhileSaving()
+{
+    Site& used = site();
+    {
+        Desk desk(used);
+        QVERIFY(desk.prepare());
+        desk.bus.clearRequests();
+        desk.name()->setText(QStringLiteral("Roof"));
+        desk.save()->click();
+        WAIT_VERIFY(!desk.bus.writes().isEmpty());
+    }
+    // What was begun is written to its end, and nobody is told.
+    WAIT_COMPARE(used.bus.writes().size(), 6);
+    Desk next(used);
+    QVERIFY(next.settle());
+    QCOMPARE(used.bus.writes().constLast(), QByteArray("FE0A737806"));
+    QVERIFY(!used.bus.requests().contains("FE0A737201"));
 }
 
 void TestLdbSettingsEditor::lostPortEndsTheSave()

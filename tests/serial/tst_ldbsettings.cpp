@@ -4,6 +4,8 @@
 
 #include <QTextCodec>
 
+Q_DECLARE_METATYPE(bool LdbSettings::*)
+
 namespace {
 
 // "Hall" and a zero; what stands behind the zero is no part of the name.
@@ -298,6 +300,5 @@ void TestLdbSettings::survivesRoundTrip()
     }
 }
 
-Q_DECLARE_METATYPE(bool LdbSettings::*)
 QTEST_APPLESS_MAIN(TestLdbSettings)
 #include "tst_ldbsettings.moc"
