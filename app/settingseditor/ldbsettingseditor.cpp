@@ -74,7 +74,7 @@ void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
 {
     m_hexId = hexId;
     m_edit.clear();
-    ui->settingsFirmwareIdLabel->clear();
+    showFirmwareId({});
     refresh();
 }
 
@@ -115,8 +115,15 @@ void LdbSettingsEditor::processFirmwareId(const QString& hexId, const QByteArray
     Q_ASSERT(QThread::currentThread() == thread());
     const std::optional<QString> firmwareId = decodeFirmwareId(answer);
     if (firmwareId && hexId == m_hexId) {
-        ui->settingsFirmwareIdLabel->setText(*firmwareId);
+        showFirmwareId(*firmwareId);
     }
+}
+
+void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
+{
+    ui->settingsFirmwareIdLabel->setText(firmwareId);
+    // However long the id is, the column keeps its width.
+    ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
 }
 
 void LdbSettingsEditor::processRecordRead(const QString& hexId, const LdbSettings& record,

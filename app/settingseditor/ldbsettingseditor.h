@@ -79,6 +79,7 @@ private:
     void processRecordRead(const QString& hexId, const LdbSettings& record,
                            const LdbSettings& written, bool isComplete);
     bool isOfSelected(const QString& hexId, const LdbSettings& record) const;
+    void showFirmwareId(const QString& firmwareId);
     void refresh();
     void showValues();
     void markChanges();
