@@ -3,11 +3,12 @@
 #include "app/shared/constants.h"
 #include "ui_disconnectsecondaryportdialog.h"
 
+#include <QIcon>
 #include <QPixmap>
 
 namespace {
 
-constexpr QSize kPictureLimit{720, 420}; // leaves room for the text on a 768-line screen
+constexpr QSize kPictureSize{540, 330}; // leaves room for the text on a 768-line screen
 
 } // namespace
 
@@ -17,10 +18,7 @@ DisconnectSecondaryPortDialog::DisconnectSecondaryPortDialog(QWidget* parent)
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    QPixmap picture(constants::kFrontPanelResource);
-    if (picture.width() > kPictureLimit.width() || picture.height() > kPictureLimit.height()) {
-        picture = picture.scaled(kPictureLimit, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    }
+    const QPixmap picture = QIcon(constants::kFrontPanelResource).pixmap(kPictureSize);
     m_ui->pictureLabel->setPixmap(picture);
     m_ui->pictureLabel->setVisible(!picture.isNull());
 }

@@ -2,7 +2,6 @@
 
 #include "serial/generalinformation.h"
 #include "tracking/audiomuteend.h"
-#include "tracking/disconnectsecondaryportdialog.h"
 #include "tracking/phasetext.h"
 #include "tracking/sidepanel.h"
 #include "ui_fimtracking.h"
@@ -78,6 +77,7 @@ void FimTracking::initConnections()
 {
     connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
             [this] { m_run.stop(TrackingRun::StopReason::ConnectionLost); });
+    connect(&m_questions, &StartQuestions::answered, this, &FimTracking::begin);
     connect(&m_run, &TrackingRun::phaseChanged, this, &FimTracking::showPhase);
     connect(&m_run, &TrackingRun::countdownChanged, this, &FimTracking::showCountdown);
     connect(&m_run, &TrackingRun::commandDue, this, &FimTracking::sendCommand);
@@ -184,16 +184,13 @@ void FimTracking::start()
     resetPlots();
     m_run.prepare();
     m_displayTimer.start();
-    showStartConfirmationDialog();
+    m_questions.ask();
 }
 
 void FimTracking::stop()
 {
     disconnect(m_records);
-    if (m_question) {
-        m_question->disconnect(this);
-        m_question->close();
-    }
+    m_questions.withdraw();
     m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
     setFactoryResetCountdownVisible(false);
     m_alarmTimer.stop();
@@ -211,6 +208,10 @@ void FimTracking::resetPlots()
 
 void FimTracking::begin(TrackingMode mode)
 {
+    if (mode == TrackingMode::Cancelled) {
+        m_ui->startButton->setChecked(false);
+        return;
+    }
     m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
                         &FimTracking::processData);
     m_run.begin(mode);
@@ -218,67 +219,6 @@ void FimTracking::begin(TrackingMode mode)
     if (!m_ldb->isReachable()) {
         m_run.stop(TrackingRun::StopReason::ConnectionLost);
     }
-}
-
-void FimTracking::cancel()
-{
-    m_ui->startButton->setChecked(false);
-}
-
-void FimTracking::openQuestion(QDialog* question)
-{
-    m_question = question;
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    question->open();
-}
-
-void FimTracking::showStartConfirmationDialog()
-{
-    auto* box = new QMessageBox(
-        QMessageBox::Question, tr("Attention"),
-        tr("This action will start a factory reset. \nAre you sure you want to do this?"),
-        QMessageBox::Yes | QMessageBox::No, this);
-    box->setObjectName(QStringLiteral("startConfirmationBox"));
-    box->setDefaultButton(QMessageBox::No);
-    connect(box, &QDialog::finished, this, [this](int result) {
-        if (result == QMessageBox::Yes) {
-            showTrackingModeSelectionDialog();
-        } else {
-            cancel();
-        }
-    });
-    openQuestion(box);
-}
-
-void FimTracking::showTrackingModeSelectionDialog()
-{
-    auto* box = new QMessageBox(QMessageBox::Question, tr("Attention"),
-                                tr("Select the type of action you want to execute.\n "),
-                                QMessageBox::NoButton, this);
-    box->setObjectName(QStringLiteral("trackingModeBox"));
-    const auto* commissioning = box->addButton(tr("Commissioning"), QMessageBox::AcceptRole);
-    const auto* faultFinding = box->addButton(tr("Fault Finding"), QMessageBox::AcceptRole);
-    QPushButton* cancelButton = box->addButton(tr("Cancel"), QMessageBox::RejectRole);
-    box->setEscapeButton(cancelButton);
-    box->setDefaultButton(cancelButton);
-    connect(box, &QDialog::finished, this, [this, box, commissioning, faultFinding] {
-        const QAbstractButton* clicked = box->clickedButton();
-        if (clicked == commissioning) {
-            begin(TrackingMode::Commissioning);
-        } else if (clicked == faultFinding) {
-            showDisconnectSecondaryPortDialog();
-        } else {
-            cancel();
-        }
-    });
-    openQuestion(box);
-}
-
-void FimTracking::showDisconnectSecondaryPortDialog()
-{
-    auto* dialog = new DisconnectSecondaryPortDialog(this);
-    connect(dialog, &QDialog::finished, this, [this] { begin(TrackingMode::FaultFinding); });
-    openQuestion(dialog);
 }
 
 void FimTracking::processData(const QString& hexId, const QList<QStringList>& dataList)

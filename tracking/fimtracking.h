@@ -2,17 +2,16 @@
 
 #include "serial/ldbstatus.h"
 #include "tracking/alarmsound.h"
+#include "tracking/startquestions.h"
 #include "tracking/trackedldb.h"
 #include "tracking/trackingreport.h"
 #include "tracking/trackingrun.h"
 
-#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
 
-class QDialog;
 class QMessageBox;
 class SerialLink;
 class SidePanel;
@@ -63,12 +62,6 @@ private:
     void stop();
     void resetPlots();
     void begin(TrackingMode mode);
-    void cancel();
-
-    void showStartConfirmationDialog();
-    void showTrackingModeSelectionDialog();
-    void showDisconnectSecondaryPortDialog();
-    void openQuestion(QDialog* question);
 
     void showPhase();
     void showTimes();
@@ -99,11 +92,11 @@ private:
     std::shared_ptr<TrackedLdb> m_ldb;
     TrackingRun m_run;
     TrackingReport m_report;
+    StartQuestions m_questions{this};
     AlarmSound m_alarmSound{this};
     QTimer m_alarmTimer;
     QTimer m_displayTimer;
     QMetaObject::Connection m_records; ///< there while a run takes records
-    QPointer<QDialog> m_question;
     QString m_deviceName;
     int m_runNumber = 0;
     int m_openAlarms = 0;
