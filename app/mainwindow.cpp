@@ -50,6 +50,17 @@ QPalette greyPanel(QPalette palette)
     return palette;
 }
 
+void makeGrey(QToolBox* toolBox)
+{
+    toolBox->setPalette(greyPanel(toolBox->palette()));
+    // A style sheet keeps the tool box's own tabs from following its palette.
+    const auto tabs =
+        toolBox->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QAbstractButton* tab : tabs) {
+        tab->setPalette(greyPanel(tab->palette()));
+    }
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -62,7 +73,7 @@ MainWindow::MainWindow(QWidget* parent)
 {
     m_ui->logoLabel->setStyleSheet(logoStyleSheet());
     m_ui->globalStatusPanel->setPalette(greyPanel(m_ui->globalStatusPanel->palette()));
-    m_ui->ldbActionToolBox->setPalette(greyPanel(m_ui->ldbActionToolBox->palette()));
+    makeGrey(m_ui->ldbActionToolBox);
     m_ui->logAllRadioButton->setChecked(true);
     init();
     initVariables();

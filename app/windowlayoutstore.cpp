@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
+#include <QStyle>
 
 namespace windowlayoutstore {
 
@@ -21,9 +22,18 @@ void loadSplitter(const QSettings& settings, const QString& key, QSplitter* spli
     }
 }
 
+/// The form's size is that of a small laptop's whole screen; a panel or dock may leave less.
+void fitToScreen(QMainWindow* window)
+{
+    const int titleBar = window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize available = QGuiApplication::primaryScreen()->availableGeometry().size();
+    window->resize(window->size().boundedTo(available - QSize(0, titleBar)));
+}
+
 void loadPlace(const QSettings& settings, QMainWindow* window)
 {
     if (settings.value(constants::kScreenGeometryKey).toRect() != desktopGeometry()) {
+        fitToScreen(window);
         return;
     }
     if (settings.contains(constants::kWindowGeometryKey)) {

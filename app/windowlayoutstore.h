@@ -22,7 +22,8 @@ QRect desktopGeometry();
 void save(const Layout& layout);
 
 /// Gives back what was kept. The window's own place only when the screens stand as they did, so
-/// that it never opens where no screen is; the splitters always.
+/// that it never opens where no screen is (otherwise it is made to fit the screen); the splitters
+/// always.
 void load(const Layout& layout);
 
 } // namespace windowlayoutstore

@@ -3,7 +3,9 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QScreen>
 #include <QSplitter>
 #include <QTextEdit>
 
@@ -41,6 +43,7 @@ private slots:
     void restores_data();
     void restores();
     void emptyStoreChangesNothing();
+    void fitsSmallScreen();
     void keys();
 };
 
@@ -91,6 +94,17 @@ void TestWindowLayoutStore::emptyStoreChangesNothing()
     windowlayoutstore::load(window.parts());
     QCOMPARE(window.window.size(), QSize(640, 480));
     QCOMPARE(window.leftAndRight.sizes(), sizes);
+}
+
+void TestWindowLayoutStore::fitsSmallScreen()
+{
+    const Sandbox sandbox;
+    Window window;
+    window.window.resize(5000, 4000);
+    windowlayoutstore::load(window.parts());
+    const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    QCOMPARE(window.window.width(), screen.width());
+    QVERIFY(window.window.height() < screen.height()); // the title bar needs its place
 }
 
 void TestWindowLayoutStore::keys()
