@@ -396,6 +396,7 @@ QMessageBox* FimTracking::showErrorMessage(const QString& message)
     }
     auto* box =
         new QMessageBox(QMessageBox::Warning, tr("Attention"), message, QMessageBox::Ok, this);
+    box->setStyleSheet(QStringLiteral("QLabel { font-size: 20px; }")); // read from a distance
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
     return box;
