@@ -3,12 +3,13 @@
 #include "app/lamppanel.h"
 #include "app/ldbactions.h"
 #include "app/logcontrols.h"
-#include "app/messagebox.h"
+#include "app/logreports.h"
 #include "app/settings/settingsmenu.h"
 #include "app/settingseditor/ldbsettingseditor.h"
 #include "app/settingstransfer.h"
 #include "app/shared/constants.h"
 #include "app/transferreport.h"
+#include "app/windowlook.h"
 #include "resources/resources.h"
 #include "serial/seriallink.h"
 #include "tracking/fimtracking.h"
@@ -17,7 +18,6 @@
 #include "views/devicedetailtable.h"
 #include "views/deviceoverviewtable.h"
 #include "views/filelogger.h"
-#include "views/lampimage.h"
 
 #include <QCloseEvent>
 
@@ -33,34 +33,6 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
     return form;
 }
 
-QString logoStyleSheet()
-{
-    const QString gap(33, QLatin1Char(' '));
-    return QStringLiteral(
-               "QLabel#logoLabel{%2border-image: url(%1) 2;%2border: 2px transparent;%2}")
-        .arg(constants::kLogoResourceTemplate.arg(constants::kProductFamilyName), gap);
-}
-
-/// Dark texts on a grey ground, whatever the palette of the program.
-QPalette greyPanel(QPalette palette)
-{
-    palette.setColor(QPalette::Window, Qt::gray);
-    palette.setColor(QPalette::WindowText, Qt::black);
-    palette.setColor(QPalette::ButtonText, Qt::black);
-    return palette;
-}
-
-void makeGrey(QToolBox* toolBox)
-{
-    toolBox->setPalette(greyPanel(toolBox->palette()));
-    // A style sheet keeps the tool box's own tabs from following its palette.
-    const auto tabs =
-        toolBox->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
-    for (QAbstractButton* tab : tabs) {
-        tab->setPalette(greyPanel(tab->palette()));
-    }
-}
-
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -71,9 +43,9 @@ MainWindow::MainWindow(QWidget* parent)
     , m_portFailures(this)
     , m_link(std::make_unique<SerialLink>())
 {
-    m_ui->logoLabel->setStyleSheet(logoStyleSheet());
-    m_ui->globalStatusPanel->setPalette(greyPanel(m_ui->globalStatusPanel->palette()));
-    makeGrey(m_ui->ldbActionToolBox);
+    windowlook::setLogo(m_ui->logoLabel);
+    windowlook::makeGrey(m_ui->globalStatusPanel);
+    windowlook::makeGrey(m_ui->ldbActionToolBox);
     m_ui->logAllRadioButton->setChecked(true);
     init();
     initVariables();
@@ -150,21 +122,7 @@ void MainWindow::initLog()
                                     m_logger, this);
     connect(m_link.get(), &SerialLink::generalInformationUpdated, m_logger,
             &FileLogger::processData);
-    connect(m_logControls, &LogControls::loggingChanged, this, &MainWindow::showLogging);
-    connect(m_logControls, &LogControls::startFailed, this,
-            [this](const QString& fileName, const QString& reason) {
-                m_status.showMessage([fileName, reason] {
-                    return tr("The log file %1 cannot be opened: %2").arg(fileName, reason);
-                });
-            });
-    connect(m_logControls, &LogControls::loggingFailed, this,
-            [this](const QString& fileName, const QString& reason) {
-                const auto compose = [fileName, reason] {
-                    return BoxText{tr("Error"), tr("Logging has stopped!"),
-                                   QStringLiteral("%1: %2").arg(fileName, reason)};
-                };
-                MessageBox::openNew(QMessageBox::Critical, compose, this);
-            });
+    new LogReports(m_logControls, m_ui->controlTabs, m_ui->logTab, &m_status);
 }
 
 void MainWindow::initPlot()
@@ -382,13 +340,6 @@ void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExp
 }
 
 // --- Lamps, plot and log ---
-
-void MainWindow::showLogging(bool logging)
-{
-    const int tab = m_ui->controlTabs->indexOf(m_ui->logTab);
-    m_ui->controlTabs->setTabIcon(tab, logging ? QIcon(lampimage::draw(lampimage::kOrangered))
-                                               : QIcon());
-}
 
 void MainWindow::on_zoomButton_toggled(bool checked)
 {

@@ -94,7 +94,6 @@ private:
     void setSaving(bool saving);
     void updateButtonTexts();
     void startRun();
-    void showLogging(bool logging);
     /// Enables what the situation allows.
     void setLdbActionButtonsState();
     windowlayoutstore::Layout layoutParts();

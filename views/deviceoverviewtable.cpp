@@ -171,14 +171,13 @@ QHeaderView* DeviceOverviewTable::header() const
 
 void DeviceOverviewTable::retranslate()
 {
-    m_headerModel.clear();
-    const auto addCell = [this](const QString& text, const QStringList& columns = {}) {
+    QList<QStandardItem*> cells;
+    const auto addCell = [&cells](const QString& text, const QStringList& columns = {}) {
         auto* cell = new QStandardItem(text);
         for (const QString& column : columns) {
             cell->appendColumn({new QStandardItem(column)});
         }
-        const int position = m_headerModel.columnCount();
-        m_headerModel.setItem(0, position, cell);
+        cells.append(cell);
     };
     const QStringList primary{QStringLiteral("Vpri"), QStringLiteral("Ipri")};
     const QStringList secondary{QStringLiteral("Vsec"), QStringLiteral("Isec")};
@@ -191,6 +190,9 @@ void DeviceOverviewTable::retranslate()
     addCell(tr("Secondary Port"), secondary);
     addCell(tr("Earth"));
     addCell(tr("Amplifier"));
+    // In one go: the header measures all its cells at each change.
+    m_headerModel.clear();
+    m_headerModel.appendRow(cells);
 
     // The flat names are what a screen reader is told.
     QStringList names{QString(), tr("ID"), tr("Name"), tr("Mode"), tr("Loop")};

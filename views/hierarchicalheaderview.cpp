@@ -117,6 +117,8 @@ void HierarchicalHeaderView::setModel(QAbstractItemModel* model)
         const QAbstractItemModel* tree = m_private->headerModel;
         connect(tree, &QAbstractItemModel::modelReset, this, refresh);
         connect(tree, &QAbstractItemModel::dataChanged, this, refresh);
+        connect(tree, &QAbstractItemModel::rowsInserted, this, refresh);
+        connect(tree, &QAbstractItemModel::rowsRemoved, this, refresh);
         connect(tree, &QAbstractItemModel::columnsInserted, this, refresh);
         connect(tree, &QAbstractItemModel::columnsRemoved, this, refresh);
         connect(tree, &QObject::destroyed, this, refresh);

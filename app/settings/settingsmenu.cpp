@@ -92,7 +92,6 @@ SettingsMenu::SettingsMenu(QWidget* parent, SettingsSources sources)
     initGui();
     initConnections();
     updatePortLabels();
-    loadChoices();
 }
 
 SettingsMenu::~SettingsMenu() = default;

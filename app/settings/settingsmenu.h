@@ -49,7 +49,8 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
-    /// Looks for ports and languages anew and takes all choices from the store.
+    /// Looks for ports and languages anew and takes all choices from the store. Not before: asking
+    /// the system for its ports would hold up the start of the program.
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -133,7 +133,9 @@ std::unique_ptr<SettingsMenu> TestSettingsMenu::makeMenu(std::function<QList<Por
     SettingsSources sources;
     sources.ports = std::move(ports);
     sources.translationsFolder = m_translations;
-    return std::make_unique<SettingsMenu>(nullptr, sources);
+    auto menu = std::make_unique<SettingsMenu>(nullptr, sources);
+    menu->show();
+    return menu;
 }
 
 void TestSettingsMenu::makeTranslationFiles(const QStringList& languages)
@@ -225,7 +227,6 @@ void TestSettingsMenu::confirmsPort()
     QFETCH(bool, told);
     setStored(kPortKey, storedPort);
     const auto menu = makeMenu(portsThere ? twoPorts : noPorts);
-    menu->show();
     if (!typed.isNull()) {
         portBox(*menu)->lineEdit()->selectAll();
         portBox(*menu)->lineEdit()->del();
@@ -249,7 +250,6 @@ void TestSettingsMenu::cancelStoresNothing()
     setStored(kPortKey, QStringLiteral("COM1"));
     const auto menu = makeMenu();
     const QSignalSpy updates(menu.get(), &SettingsMenu::comPortUpdated);
-    menu->show();
     portBox(*menu)->setCurrentIndex(1);
     soundBox(*menu)->setChecked(true);
     languageBox(*menu)->setCurrentIndex(0);
@@ -289,6 +289,7 @@ void TestSettingsMenu::looksForPortsEachTimeItIsShown()
     QList<PortDetails> ports;
     const auto menu = makeMenu([&ports] { return ports; });
     QCOMPARE(itemTexts(portBox(*menu)), QStringList{QStringLiteral("No ComPorts found")});
+    menu->close();
     ports = twoPorts();
     menu->show();
     QCOMPARE(itemTexts(portBox(*menu)),
@@ -307,7 +308,6 @@ void TestSettingsMenu::doesNotCompleteInline()
     PortDetails long12;
     long12.name = QStringLiteral("COM12");
     const auto menu = makeMenu([long12] { return QList<PortDetails>{long12}; });
-    menu->show();
     QLineEdit* edit = portBox(*menu)->lineEdit();
     edit->clear();
     QTest::keyClicks(edit, QStringLiteral("COM1"));
