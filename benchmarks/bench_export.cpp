@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -29,13 +28,6 @@ constexpr double kNanosecondsPerMillisecond = 1e6;
 double millisecondsOf(const QElapsedTimer& timer)
 {
     return static_cast<double>(timer.nsecsElapsed()) / kNanosecondsPerMillisecond;
-}
-
-double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 /// Milliseconds for turns that poll and carry no command.

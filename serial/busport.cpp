@@ -34,6 +34,12 @@ void BusPort::close()
     }
 }
 
+void BusPort::write(const QByteArray& frame)
+{
+    m_port.write(frame);
+    m_port.flush(); // else it would wait for the next turn of the event loop
+}
+
 bool BusPort::discardInput()
 {
     const bool any = !m_port.readAll().isEmpty();

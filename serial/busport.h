@@ -20,7 +20,8 @@ public:
     /// again until it is.
     void close();
 
-    void write(const QByteArray& frame) { m_port.write(frame); }
+    /// Hands the frame to the system at once.
+    void write(const QByteArray& frame);
     QByteArray readAll() { return m_port.readAll(); }
     /// Drops whatever has come in; whether there was anything.
     bool discardInput();

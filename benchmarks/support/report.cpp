@@ -1,5 +1,6 @@
 #include "benchmarks/support/report.h"
 
+#include <algorithm>
 #include <cstdio>
 
 bool report(const char* name, double value, double limit, Bound bound)
@@ -10,4 +11,11 @@ bool report(const char* name, double value, double limit, Bound bound)
                 limit, good ? "ok" : "OUT OF BOUNDS");
     std::fflush(stdout);
     return good;
+}
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
 }
