@@ -1383,6 +1383,14 @@ tracking</translation>
         <source>Progress</source>
         <translation>Voortgang</translation>
     </message>
+    <message>
+        <source>Open the manual (F1)</source>
+        <translation>Handleiding openen, in het Engels (F1)</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -1393,6 +1401,37 @@ tracking</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>ManualWindow</name>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>The manual was not found in the folder %1.</source>
+        <translation>De handleiding is niet gevonden in de map %1.</translation>
+    </message>
+    <message>
+        <source>Manual - %1</source>
+        <translation>Handleiding - %1</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Handleiding</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhoud</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vooruit</translation>
     </message>
 </context>
 <context>
