@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTextFrame>
 #include <QTextTable>
+#include <QtMath>
 
 namespace {
 
@@ -11,6 +12,8 @@ constexpr int kDocumentMargin = 14;
 /// What a picture inside a numbered step has less than the page.
 constexpr int kListIndent = 50;
 constexpr int kMinPictureWidth = 200;
+/// A document takes a picture's pixels for those of such a screen.
+constexpr qreal kPictureDpi = 96;
 constexpr qreal kCellPadding = 5;
 
 } // namespace
@@ -39,7 +42,7 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name)
     m_pictureWidth = pictureWidth();
     const qreal ratio = devicePixelRatioF();
     QImage picture = QImage::fromData(resource.toByteArray());
-    const int widest = qRound(m_pictureWidth * ratio);
+    const int widest = qFloor(m_pictureWidth * ratio * qMin(1.0, kPictureDpi / logicalDpiX()));
     if (picture.width() > widest) {
         picture = picture.scaledToWidth(widest, Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
