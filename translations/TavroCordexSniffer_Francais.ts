@@ -1452,6 +1452,10 @@ FIM</translation>
         <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
         <translation>Pour utiliser ce port, vous devez faire partie du groupe « %1 »&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
     </message>
+    <message>
+        <source>Another program is using this port.</source>
+        <translation>Un autre programme utilise ce port.</translation>
+    </message>
 </context>
 <context>
     <name>SerialLink</name>

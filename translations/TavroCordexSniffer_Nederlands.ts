@@ -1452,6 +1452,10 @@ tracking</translation>
         <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
         <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
     </message>
+    <message>
+        <source>Another program is using this port.</source>
+        <translation>Een ander programma gebruikt deze poort.</translation>
+    </message>
 </context>
 <context>
     <name>SerialLink</name>
