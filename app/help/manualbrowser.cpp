@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextFrame>
 #include <QTextTable>
 #include <QtMath>
@@ -15,6 +16,9 @@ constexpr int kMinPictureWidth = 200;
 /// A document takes a picture's pixels for those of such a screen.
 constexpr qreal kPictureDpi = 96;
 constexpr qreal kCellPadding = 5;
+constexpr qreal kGapBeforeHeading = 16;
+constexpr qreal kGapAfterHeading = 6;
+constexpr qreal kGapAfterTable = 10;
 
 } // namespace
 
@@ -25,7 +29,7 @@ ManualBrowser::ManualBrowser(QWidget* parent)
     document()->setDocumentMargin(kDocumentMargin);
     // The bar would come and go with the pictures' size, which follows the width it leaves.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    connect(this, &QTextBrowser::sourceChanged, this, &ManualBrowser::formatTables);
+    connect(this, &QTextBrowser::sourceChanged, this, &ManualBrowser::formatPage);
 }
 
 int ManualBrowser::pictureWidth() const
@@ -61,8 +65,8 @@ void ManualBrowser::resizeEvent(QResizeEvent* event)
     verticalScrollBar()->setValue(position);
 }
 
-/// Markdown says nothing of a table's looks.
-void ManualBrowser::formatTables()
+/// Markdown says nothing of the looks of tables, nor of the room between headings and text.
+void ManualBrowser::formatPage()
 {
     const QList<QTextFrame*> frames = document()->rootFrame()->childFrames();
     for (QTextFrame* frame : frames) {
@@ -74,7 +78,16 @@ void ManualBrowser::formatTables()
             format.setBorderCollapse(true);
             format.setBorderBrush(palette().mid());
             format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+            format.setBottomMargin(kGapAfterTable);
             table->setFormat(format);
+        }
+    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+            QTextBlockFormat format = block.blockFormat();
+            format.setTopMargin(kGapBeforeHeading);
+            format.setBottomMargin(kGapAfterHeading);
+            QTextCursor(block).setBlockFormat(format);
         }
     }
 }

@@ -2,7 +2,8 @@
 
 #include <QTextBrowser>
 
-/// Shows the manual's Markdown pages: pictures never wider than the view, tables ruled.
+/// Shows the manual's Markdown pages: pictures never wider than the view, tables ruled, room around
+/// headings.
 class ManualBrowser : public QTextBrowser
 {
     Q_OBJECT
@@ -16,7 +17,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void formatTables();
+    void formatPage();
     /// Logical pixels between the margins.
     int pictureWidth() const;
 
