@@ -1,6 +1,6 @@
 #!/bin/bash
 # Takes the manual's pictures anew: runs the program on the simulated installation, works it, and
-# writes what it shows to images/. Takes some ten minutes, most of them for the FIM tracking runs,
+# writes what it shows to docs/manual/images. Takes some ten minutes, most of them for the FIM tracking runs,
 # which last as long as they do on a real loop.
 set -euo pipefail
 
