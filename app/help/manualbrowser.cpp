@@ -39,7 +39,7 @@ int ManualBrowser::pictureWidth() const
 
 QVariant ManualBrowser::loadResource(int type, const QUrl& name)
 {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::ImageResource || resource.type() != QVariant::ByteArray) {
         return resource;
     }

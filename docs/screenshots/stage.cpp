@@ -101,7 +101,7 @@ void Stage::waitFor(const char* what, const std::function<bool()>& condition, in
     QElapsedTimer time;
     time.start();
     while (!condition()) {
-        if (time.elapsed() > seconds * kMillisecondsPerSecond) {
+        if (time.hasExpired(qint64{seconds} * kMillisecondsPerSecond)) {
             qFatal("waited %d s in vain for %s", seconds, what);
         }
         QEventLoop loop;
