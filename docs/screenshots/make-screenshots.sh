@@ -40,7 +40,7 @@ take editing
 take transfer
 take losses
 take tracking healthy-loop commissioning commissioning
-take tracking secondary-disconnected fault-finding fault-finding
+take tracking earth-leakage fault-finding fault-finding
 for session in $sessions; do
     wait "$session"
 done
