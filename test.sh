@@ -29,7 +29,7 @@ stage() {
 }
 
 sources() {
-    find app benchmarks importexport resources serial simulator tests tracking views \
+    find app benchmarks docs importexport resources serial simulator tests tracking views \
         \( -name '*.cpp' -o -name '*.h' \) -print0
 }
 check_format() { sources | xargs -0 clang-format --dry-run -Werror; }

@@ -1,3 +1,4 @@
+#include "app/help/helpkey.h"
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
 
@@ -14,6 +15,7 @@ int main(int argc, char* argv[])
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
+    const HelpKey helpKey;
     MainWindow window;
     window.show();
     return QApplication::exec();

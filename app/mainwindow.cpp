@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "app/help/manualwindow.h"
 #include "app/lamppanel.h"
 #include "app/ldbactions.h"
 #include "app/logcontrols.h"
@@ -250,6 +251,11 @@ void MainWindow::on_reloadDevicesButton_clicked()
 void MainWindow::on_settingsMenuButton_clicked()
 {
     m_settingsMenu->show();
+}
+
+void MainWindow::on_helpButton_clicked()
+{
+    ManualWindow::showIndex(this);
 }
 
 void MainWindow::processComPortUpdated(const QString& comPort)

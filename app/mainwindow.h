@@ -54,6 +54,7 @@ private slots:
     void on_exportDeviceSettingsButton_clicked();
     void on_importDeviceSettingsButton_clicked();
     void on_settingsMenuButton_clicked();
+    void on_helpButton_clicked();
     void on_logSelectedRadioButton_clicked();
     void on_logAllRadioButton_clicked();
     void on_logFileBrowseButton_clicked();

@@ -14,7 +14,7 @@ struct PortFailure
 };
 
 /// The box about a failed link: what to check, what the port said and, when the system refused
-/// access, the group whose members may use the port.
+/// access, whether another program has the port or which group's members may use it.
 BoxText portFailureText(const PortFailure& failure);
 
 /// The group that a user must be in to use the port; empty where ports belong to no group.

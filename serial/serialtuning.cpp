@@ -1,6 +1,7 @@
 #include "serial/serialtuning.h"
 
 #include "app/shared/constants.h"
+#include "serial/tuningnumber.h"
 
 #include <QSettings>
 
@@ -11,9 +12,9 @@ SerialTuning SerialTuning::load()
     SerialTuning tuning;
     const QSettings file(constants::kTuningFileName, QSettings::IniFormat);
     tuning.disconnectedCount =
-        std::max(0, file.value(constants::kDisconnectedCountKey, tuning.disconnectedCount).toInt());
+        std::max(0, tuningNumber(file, constants::kDisconnectedCountKey, tuning.disconnectedCount));
     // A window of nothing would declare every LDB lost at once.
     tuning.answerWaitTime = std::max(
-        1, file.value(constants::kBytesReceivedWaitTimeKey, tuning.answerWaitTime).toInt());
+        1, tuningNumber(file, constants::kBytesReceivedWaitTimeKey, tuning.answerWaitTime));
     return tuning;
 }

@@ -6,6 +6,7 @@ struct SerialTuning
     int disconnectedCount = 3; ///< misses in a row that are still forgiven; the next one is a loss
     int answerWaitTime = 1500; ///< ms, answer window of a polling request
 
-    /// Reads the tuning file of the working directory.
+    /// Reads the tuning file of the working directory. Numbers that make no sense become the
+    /// nearest ones that do; what is no number is warned of and leaves the default.
     static SerialTuning load();
 };

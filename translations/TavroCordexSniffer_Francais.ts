@@ -1383,6 +1383,14 @@ FIM</translation>
         <source>Progress</source>
         <translation>Progression</translation>
     </message>
+    <message>
+        <source>Open the manual (F1)</source>
+        <translation>Ouvrir le manuel, en anglais (F1)</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -1393,6 +1401,37 @@ FIM</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>ManualWindow</name>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>The manual was not found in the folder %1.</source>
+        <translation>Le manuel n&apos;a pas été trouvé dans le dossier %1.</translation>
+    </message>
+    <message>
+        <source>Manual - %1</source>
+        <translation>Manuel - %1</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Manuel</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Sommaire</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
     </message>
 </context>
 <context>
@@ -1412,6 +1451,10 @@ FIM</translation>
     <message>
         <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
         <translation>Pour utiliser ce port, vous devez faire partie du groupe « %1 »&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
+    </message>
+    <message>
+        <source>Another program is using this port.</source>
+        <translation>Un autre programme utilise ce port.</translation>
     </message>
 </context>
 <context>

@@ -1383,6 +1383,14 @@ tracking</translation>
         <source>Progress</source>
         <translation>Voortgang</translation>
     </message>
+    <message>
+        <source>Open the manual (F1)</source>
+        <translation>Handleiding openen, in het Engels (F1)</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -1393,6 +1401,37 @@ tracking</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>ManualWindow</name>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>The manual was not found in the folder %1.</source>
+        <translation>De handleiding is niet gevonden in de map %1.</translation>
+    </message>
+    <message>
+        <source>Manual - %1</source>
+        <translation>Handleiding - %1</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Handleiding</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhoud</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vooruit</translation>
     </message>
 </context>
 <context>
@@ -1412,6 +1451,10 @@ tracking</translation>
     <message>
         <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
         <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
+    </message>
+    <message>
+        <source>Another program is using this port.</source>
+        <translation>Een ander programma gebruikt deze poort.</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,7 @@ inline const QString kApplicationVersion = QStringLiteral("2.2");
 inline const QString kTranslationsFolder = QStringLiteral("translations");
 inline const QString kResourcesFolder = QStringLiteral("resources");
 inline const QString kMessagesFolder = QStringLiteral("messages");
+inline const QString kManualFolder = QStringLiteral("manual");
 
 // Per-user settings: layout.
 inline const QString kWindowGeometryKey = QStringLiteral("position/geometry");

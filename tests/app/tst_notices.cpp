@@ -37,6 +37,7 @@ private slots:
     void lossesShareOneBox();
     void portFailureDetails_data();
     void portFailureDetails();
+    void portInUse();
     void groupOfPort();
 };
 
@@ -149,6 +150,17 @@ void TestNotices::portFailureDetails()
     QCOMPARE(text.text, QStringLiteral("Cannot establish the serial communication, check the "
                                        "serial port settings!"));
     QTEST(text.details, "details");
+}
+
+void TestNotices::portInUse()
+{
+    // What the system says of it reads like a missing right.
+    const Sandbox sandbox;
+    sandbox.writeFile(QStringLiteral("port"), QByteArray());
+    const BoxText text =
+        portFailureText({sandbox.path(QStringLiteral("port")), QSerialPort::PermissionError,
+                         QStringLiteral("Permission error while locking the device")});
+    QVERIFY(text.details.endsWith(QStringLiteral("\nAnother program is using this port.")));
 }
 
 void TestNotices::groupOfPort()

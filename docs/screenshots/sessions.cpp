@@ -1,0 +1,268 @@
+#include "docs/screenshots/sessions.h"
+
+#include "app/messagebox.h"
+#include "app/settings/aboutdialog.h"
+#include "app/settings/settingsmenu.h"
+#include "app/settingstransfer.h"
+#include "docs/screenshots/trackingsession.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolBox>
+
+#include <cstdio>
+
+namespace {
+
+const QString kSite = QStringLiteral("default-site");
+constexpr int kRoundSeconds = 15; // more than a round over the site's LDBs takes
+constexpr int kPlotSeconds = 60;  // until the plot has something to show
+constexpr int kTransferSeconds = 60;
+constexpr int kLossSeconds = 60;
+
+void showTab(Stage& stage, const QString& tab)
+{
+    stage.child<QTabWidget>(QStringLiteral("controlTabs"))
+        ->setCurrentWidget(stage.child<QWidget>(tab));
+}
+
+QWidget* leftPanel(Stage& stage)
+{
+    return stage.child<QWidget>(QStringLiteral("leftPanel"));
+}
+
+/// A picture of the main window at a moment in which this lamp, which blinks, is lit.
+void shootLit(Stage& stage, const QString& lamp, const QString& name)
+{
+    const auto* label = stage.child<QLabel>(lamp);
+    Stage::waitFor(
+        "the lamp",
+        [label] {
+            const QImage lit = label->pixmap(Qt::ReturnByValue).toImage();
+            return lit.pixelColor(lit.rect().center()).saturation() > 0;
+        },
+        kRoundSeconds);
+    stage.shoot(&stage.window(), name);
+}
+
+void shootScan(Stage& stage)
+{
+    constexpr int kHalfway = 130;
+    const auto* progress = stage.child<QProgressBar>(QStringLiteral("progressBar"));
+    stage.click(QStringLiteral("startButton"));
+    Stage::waitFor(
+        "the scan", [progress] { return progress->value() >= kHalfway; }, kLossSeconds);
+    stage.shoot(&stage.window(), QStringLiteral("scan"));
+    Stage::waitFor(
+        "the end of the scan", [progress] { return !progress->isVisible(); }, kLossSeconds);
+    Stage::pass(kRoundSeconds);
+}
+
+void shootFaults(Stage& stage)
+{
+    for (const char* command : {"open 03 after 3", "short 07 after 5", "dc-leakage 2F after 4",
+                                "earth-leakage E9 after 2", "mode 0A check-settings"}) {
+        stage.simulator().send(QString::fromLatin1(command));
+    }
+    Stage::pass(2 * kRoundSeconds);
+    shootLit(stage, QStringLiteral("lampCLabel"), QStringLiteral("faults"));
+    stage.child<QToolBox>(QStringLiteral("ldbActionToolBox"))
+        ->setCurrentWidget(stage.child<QWidget>(QStringLiteral("earthFaultPage")));
+    Stage::pass(1);
+    stage.shoot(leftPanel(stage), QStringLiteral("lamp-page"));
+}
+
+void shootLog(Stage& stage)
+{
+    showTab(stage, QStringLiteral("logTab"));
+    stage.child<QSpinBox>(QStringLiteral("logSpeedSpinBox"))->setValue(10);
+    stage.click(QStringLiteral("logStartStopButton"));
+    Stage::pass(kRoundSeconds);
+    stage.shoot(leftPanel(stage), QStringLiteral("log-running"));
+    stage.click(QStringLiteral("logStartStopButton"));
+    showTab(stage, QStringLiteral("statusTab"));
+}
+
+void shootDialogs(Stage& stage)
+{
+    stage.click(QStringLiteral("settingsMenuButton"));
+    auto* menu = stage.waitForWindow<SettingsMenu>();
+    // The port of the simulated installation is a temporary file's name.
+    stage.child<QComboBox>(QStringLiteral("portComboBox"), menu)
+        ->setEditText(QStringLiteral("ttyUSB0"));
+    stage.shoot(menu, QStringLiteral("settings-dialog"));
+    AboutDialog about(menu);
+    about.show();
+    Stage::pass(1);
+    stage.shoot(&about, QStringLiteral("about"));
+    about.close();
+    stage.click(QStringLiteral("cancelButton"), menu);
+}
+
+void shootLanguages(Stage& stage)
+{
+    for (const QString& language :
+         {QStringLiteral("Nederlands"), QStringLiteral("Francais"), QStringLiteral("English")}) {
+        stage.click(QStringLiteral("settingsMenuButton"));
+        auto* menu = stage.waitForWindow<SettingsMenu>();
+        stage.child<QComboBox>(QStringLiteral("languageComboBox"), menu)->setCurrentText(language);
+        stage.click(QStringLiteral("okButton"), menu);
+        Stage::pass(kRoundSeconds);
+        shootLit(stage, QStringLiteral("lampCLabel"),
+                 QStringLiteral("language-") + language.toLower());
+    }
+}
+
+void overview(const Stage::Options& options)
+{
+    Stage stage(options, kSite);
+    shootScan(stage);
+    Stage::pass(kPlotSeconds);
+    shootLit(stage, QStringLiteral("lampBLabel"), QStringLiteral("main-window"));
+    shootFaults(stage);
+    shootLog(stage);
+    shootDialogs(stage);
+    shootLanguages(stage);
+}
+
+void editing(const Stage::Options& options)
+{
+    Stage stage(options, kSite);
+    stage.start();
+    Stage::pass(kRoundSeconds);
+    stage.select(QStringLiteral("0A"));
+    Stage::pass(kRoundSeconds);
+    showTab(stage, QStringLiteral("ldbSettingsTab"));
+    stage.shoot(leftPanel(stage), QStringLiteral("settings-clean"));
+    stage.child<QLineEdit>(QStringLiteral("settingsNameLineEdit"))
+        ->setText(QStringLiteral("Control room E"));
+    stage.child<QSpinBox>(QStringLiteral("settingsNumberOfFimsSpinBox"))->setValue(7);
+    stage.child<QCheckBox>(QStringLiteral("settingsEarthWireOpenDetectionCheckBox"))->click();
+    stage.shoot(leftPanel(stage), QStringLiteral("settings-edited"));
+    stage.click(QStringLiteral("settingsSaveButton"));
+    const auto* bar = stage.child<QStatusBar>(QStringLiteral("statusBar"));
+    Stage::waitFor(
+        "the end of the saving",
+        [bar] { return bar->currentMessage().contains(QLatin1String("saved")); }, kTransferSeconds);
+    stage.shoot(&stage.window(), QStringLiteral("settings-saved"));
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("%s cannot be read", qPrintable(path));
+    }
+    return file.readAll();
+}
+
+/// The file with its first column as the import reads it.
+void writeWithHexIds(const QByteArray& exported, const QString& path)
+{
+    QByteArray converted;
+    const QList<QByteArray> lines = exported.split('\n');
+    for (QByteArray line : lines) {
+        const int end = line.indexOf(';');
+        bool isNumber = false;
+        const int address = line.left(end).toInt(&isNumber);
+        if (isNumber) {
+            line.replace(0, end, QByteArray::number(address, 16).toUpper());
+        }
+        converted += line + '\n';
+    }
+    converted.chop(1);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(converted) != converted.size()) {
+        qFatal("%s cannot be written", qPrintable(path));
+    }
+}
+
+void shootBox(Stage& stage, const QString& name)
+{
+    auto* box = stage.waitForWindow<MessageBox>({}, kTransferSeconds);
+    stage.shoot(box, name);
+    std::printf("%s: %s | %s\n", qPrintable(name), qPrintable(box->text()),
+                qPrintable(box->informativeText()));
+    box->accept();
+    Stage::pass(1);
+}
+
+void transfer(const Stage::Options& options)
+{
+    Stage stage(options, kSite);
+    stage.start();
+    Stage::pass(kRoundSeconds);
+    auto* work = stage.window().findChild<SettingsTransfer*>();
+    const QString exported = stage.path(QStringLiteral("site.csv"));
+    work->exportTo(exported);
+    shootBox(stage, QStringLiteral("export-finished"));
+    std::printf("%s\n", contentOf(exported).constData());
+    work->importFrom(exported);
+    shootBox(stage, QStringLiteral("import-failed"));
+    const QString corrected = stage.path(QStringLiteral("site-hex.csv"));
+    writeWithHexIds(contentOf(exported), corrected);
+    work->importFrom(corrected);
+    Stage::pass(1);
+    stage.shoot(&stage.window(), QStringLiteral("import-running"));
+    shootBox(stage, QStringLiteral("import-finished"));
+}
+
+void losses(const Stage::Options& options)
+{
+    Stage stage(options, kSite);
+    stage.start();
+    Stage::pass(kRoundSeconds);
+    stage.simulator().send(QStringLiteral("vanish E9"));
+    auto* lossBox = stage.waitForWindow<MessageBox>(QStringLiteral("lossBox"), kLossSeconds);
+    stage.shoot(lossBox, QStringLiteral("ldb-lost"));
+    lossBox->accept();
+    Stage::pass(1);
+    stage.shoot(&stage.window(), QStringLiteral("ldb-lost-window"));
+    stage.simulator().send(QStringLiteral("cut"));
+    auto* portBox =
+        stage.waitForWindow<MessageBox>(QStringLiteral("communicationErrorBox"), kLossSeconds);
+    std::printf("%s | %s\n", qPrintable(portBox->text()), qPrintable(portBox->informativeText()));
+    portBox->accept();
+    Stage::pass(1);
+    stage.shoot(&stage.window(), QStringLiteral("port-failed-window"));
+}
+
+void tracking(const Stage::Options& options, const QStringList& words)
+{
+    const QString mode = words.value(2);
+    Stage stage(options, words.value(1));
+    TrackingSession(stage,
+                    mode == QLatin1String("commissioning") ? TrackingMode::Commissioning
+                                                           : TrackingMode::FaultFinding,
+                    words.value(3))
+        .run();
+}
+
+} // namespace
+
+bool runSession(const Stage::Options& options, const QStringList& words)
+{
+    const QString name = words.value(0);
+    if (name == QLatin1String("overview")) {
+        overview(options);
+    } else if (name == QLatin1String("editing")) {
+        editing(options);
+    } else if (name == QLatin1String("transfer")) {
+        transfer(options);
+    } else if (name == QLatin1String("losses")) {
+        losses(options);
+    } else if (name == QLatin1String("tracking") && words.size() >= 3) {
+        tracking(options, words);
+    } else {
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "docs/screenshots/stage.h"
+
+#include <QStringList>
+
+/// Takes the pictures of one part of the manual. Names and what they need:
+///   overview, editing, transfer, losses
+///   tracking SCENARIO commissioning|fault-finding [PREFIX]
+/// False where there is no such session.
+bool runSession(const Stage::Options& options, const QStringList& words);
