@@ -37,10 +37,11 @@ sees, reads and writes the settings of the boards, and guides the search for
 an open, a short or a leakage.
 .
 Comes with ldb-simulator, an installation without hardware to train on.")
-    # What it links is found by dpkg-shlibdeps; these are loaded at run time: the list of sound
-    # outputs, and the texts of Qt's own buttons.
+    # What it links is found by dpkg-shlibdeps; these are looked for at run time: the sound outputs,
+    # the texts of Qt's own buttons, and what makes a folder of icons a theme.
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt5multimedia5-plugins, qttranslations5-l10n")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS
+        "hicolor-icon-theme, libqt5multimedia5-plugins, qttranslations5-l10n")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_SOURCE_DIR}/debian/conffiles")
     set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 endif()
