@@ -1,5 +1,6 @@
 #include "app/filedialog.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -15,6 +16,11 @@ const QString kSuffix = QStringLiteral("csv");
 QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
 {
     auto* dialog = new QFileDialog(parent, title, QString(), kFilter);
+    // Where no folder has been chosen yet it would open in the working directory: of an installed
+    // program one that only holds the tuning file and does not let users write.
+    if (dialog->directory() == QDir::current()) {
+        dialog->setDirectory(QDir::home());
+    }
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QFileDialog::fileSelected, parent, std::move(chosen));
     return dialog;

@@ -1,10 +1,30 @@
 #include "app/help/helpkey.h"
+#include "app/installationreport.h"
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
+#include "app/shared/constants.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+constexpr const char* kVersionOption = "--version";
+
+int printInstallationReport(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    for (const QString& line : installationReport()) {
+        std::cout << qPrintable(line) << '\n';
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -12,9 +32,16 @@ int main(int argc, char* argv[])
     qInstallMessageHandler(messageHandler);
     setbuf(stderr, nullptr);
 
+    if (argc == 2 && qstrcmp(argv[1], kVersionOption) == 0) {
+        return printInstallationReport(argc, argv);
+    }
+
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Both let the desktop show the window under its menu entry's name and icon.
+    QApplication::setDesktopFileName(constants::kDesktopName);
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon::fromTheme(constants::kDesktopName));
     const HelpKey helpKey;
     MainWindow window;
     window.show();

@@ -6,8 +6,14 @@ target_compile_definitions(
     INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
               QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS)
 
+if(WIN32)
+    # windows.h would make macros of min and max.
+    target_compile_definitions(project_options INTERFACE NOMINMAX)
+endif()
+
 if(MSVC)
-    target_compile_options(project_options INTERFACE /W4 /WX /utf-8)
+    # Warnings are no errors here: this compiler's set is not what the sources are kept clean of.
+    target_compile_options(project_options INTERFACE /W4 /utf-8)
 else()
     target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion
                                                      -Wshadow -Werror)

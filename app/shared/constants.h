@@ -10,12 +10,15 @@ namespace constants {
 inline const QString kApplicationDisplayName = QStringLiteral("Tavro Cordex Sniffer");
 inline const QString kProductFamilyName = QStringLiteral("Tavro");
 inline const QString kApplicationName = QStringLiteral("TavroCordexSniffer");
+// Of the desktop's menu entry and icon.
+inline const QString kDesktopName = QStringLiteral("tavro-cordex-sniffer");
 inline const QString kOrganisationName = QStringLiteral("Velmark");
 inline const QString kApplicationVersion = QStringLiteral("2.2");
 
 // Folders beside the program.
 inline const QString kTranslationsFolder = QStringLiteral("translations");
 inline const QString kResourcesFolder = QStringLiteral("resources");
+inline const QString kLicensesFolder = QStringLiteral("licenses");
 inline const QString kMessagesFolder = QStringLiteral("messages");
 inline const QString kManualFolder = QStringLiteral("manual");
 

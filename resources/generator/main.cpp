@@ -1,3 +1,4 @@
+#include "resources/generator/appicon.h"
 #include "resources/generator/bleep.h"
 #include "resources/generator/flags.h"
 #include "resources/generator/frontpanel.h"
@@ -12,6 +13,7 @@
 #include <QGuiApplication>
 #include <QImage>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -30,6 +32,17 @@ bool saveBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// The desktop's icons, each in a file named after its side.
+bool saveAppIcons(const QDir& folder)
+{
+    const QVector<int> sides = appicon::sides();
+    return folder.mkpath(QStringLiteral(".")) &&
+           std::all_of(sides.begin(), sides.end(), [&folder](int side) {
+               return savePicture(folder.filePath(QStringLiteral("%1.png").arg(side)),
+                                  appicon::draw(side, kOversampling));
+           });
 }
 
 } // namespace
@@ -56,7 +69,8 @@ int main(int argc, char** argv)
                           savePicture(path("frontpanel.png"), frontpanel::draw(kOversampling)) &&
                           saveBytes(path("loadingIcon.gif"),
                                     gifAnimation(spinner::frames(), spinner::kFrameMilliseconds)) &&
-                          saveBytes(path("bleep.wav"), bleep::wave());
+                          saveBytes(path("bleep.wav"), bleep::wave()) &&
+                          saveAppIcons(QDir(path("appicon")));
     if (!allSaved) {
         qCritical("A file cannot be written to %s", qPrintable(folder.absolutePath()));
         return EXIT_FAILURE;

@@ -1,4 +1,5 @@
 #include "app/applicationsettings.h"
+#include "app/filedialog.h"
 #include "app/logcontrols.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
@@ -75,6 +76,8 @@ private slots:
     void mode_data();
     void mode();
     void remembers();
+    // Before a folder is chosen, which would be remembered.
+    void dialogsOpenOutsideTheWorkingDirectory();
     void browseFillsPath();
 };
 
@@ -184,6 +187,16 @@ void TestLogControls::remembers()
                              record(QStringLiteral("01"), QStringLiteral("10:00:00")));
     group.startStop.click();
     QVERIFY(Sandbox::readFile(path).isEmpty());
+}
+
+void TestLogControls::dialogsOpenOutsideTheWorkingDirectory()
+{
+    const Sandbox sandbox; // is the working directory
+    QWidget window;
+    filedialog::load(&window, QStringLiteral("Select File"), [](const QString&) {});
+    auto* dialog = window.findChild<QFileDialog*>();
+    QVERIFY(dialog != nullptr);
+    QVERIFY2(dialog->directory() != QDir::current(), qPrintable(dialog->directory().path()));
 }
 
 void TestLogControls::browseFillsPath()
