@@ -7,6 +7,8 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMap>
+#include <QResizeEvent>
 #include <QSettings>
 #include <QStandardItem>
 #include <QTableView>
@@ -45,23 +47,22 @@ bool isTickKey(int key)
 }
 
 // What the columns want of the table's width, relative to each other: faults are long words, ids
-// are two digits.
+// are two digits, and some languages need several words for a mode.
 int widthShareOf(int column)
 {
     switch (column) {
     case overview::IdColumn:
-        return 5;
-    case overview::NameColumn:
-    case overview::AmplifierColumn:
-        return 8;
-    case overview::ModeColumn:
         return 9;
-    case overview::EarthColumn:
-        return 11;
+    case overview::NameColumn:
+        return 16;
+    case overview::ModeColumn:
+        return 24;
     case overview::LoopColumn:
-        return 10;
+    case overview::EarthColumn:
+    case overview::AmplifierColumn:
+        return 18;
     default:
-        return 6;
+        return 11;
     }
 }
 
@@ -143,24 +144,36 @@ void DeviceOverviewTable::hideServiceColumns()
     }
 }
 
-/// Stretches the shown columns over the table's width and shares it out.
+/// Stretches the shown columns over the table's width.
 void DeviceOverviewTable::fillWidth()
 {
     header()->resizeSections(QHeaderView::Stretch);
-    const int width = header()->length();
+    shareWidth(header()->length(), widthShareOf);
+}
+
+/// Gives each shown column its share of the width.
+void DeviceOverviewTable::shareWidth(int width, const std::function<int(int column)>& shareOf)
+{
     int shares = 0;
+    QMap<int, int> sharesBefore; // by column
     for (int column = 0; column < overview::ColumnCount; ++column) {
-        shares += header()->isSectionHidden(column) ? 0 : widthShareOf(column);
-    }
-    // Counted from the left edge, so that the rounding leaves no gap at the right.
-    int sharesBefore = 0;
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        if (header()->isSectionHidden(column)) {
-            continue;
+        if (!header()->isSectionHidden(column)) {
+            sharesBefore.insert(column, shares);
+            shares += shareOf(column);
         }
-        const int begin = width * sharesBefore / shares;
-        sharesBefore += widthShareOf(column);
-        header()->resizeSection(column, width * sharesBefore / shares - begin);
+    }
+    if (shares == 0) {
+        return;
+    }
+    // Counted from the left edge, so that the rounding leaves no gap at the right; and all worked
+    // out before the first one changes.
+    QMap<int, int> widths;
+    for (auto it = sharesBefore.cbegin(); it != sharesBefore.cend(); ++it) {
+        const int begin = width * it.value() / shares;
+        widths.insert(it.key(), width * (it.value() + shareOf(it.key())) / shares - begin);
+    }
+    for (auto it = widths.cbegin(); it != widths.cend(); ++it) {
+        header()->resizeSection(it.key(), it.value());
     }
 }
 
@@ -405,11 +418,22 @@ bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress && watched == m_view) {
         return tickByKey(*static_cast<QKeyEvent*>(event));
     }
-    if (event->type() == QEvent::Resize && watched == m_headerViewport && !m_hadRows) {
-        // The columns fill the table until there are rows to size them for.
-        fillWidth();
+    if (event->type() == QEvent::Resize && watched == m_headerViewport) {
+        followWidth(*static_cast<QResizeEvent*>(event));
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// Columns that fill the table go on doing so, in the proportions that the user gave them; columns
+/// that the user made wider or narrower than the table stay as they are.
+void DeviceOverviewTable::followWidth(const QResizeEvent& resize)
+{
+    if (!m_hadRows) {
+        fillWidth();
+    } else if (header()->length() == resize.oldSize().width()) {
+        shareWidth(resize.size().width(),
+                   [this](int column) { return header()->sectionSize(column); });
+    }
 }
 
 /// Whether the key was one that ticks the current row.

@@ -12,8 +12,11 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class QHeaderView;
 class QKeyEvent;
+class QResizeEvent;
 class QTableView;
 
 class CheckBoxDelegate;
@@ -79,6 +82,8 @@ private:
     void setupHeader();
     void hideServiceColumns();
     void fillWidth();
+    void shareWidth(int width, const std::function<int(int column)>& shareOf);
+    void followWidth(const QResizeEvent& resize);
     QHeaderView* header() const;
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);

@@ -593,10 +593,25 @@ void TestDeviceOverviewTable::columnsFillTheTable()
     QCoreApplication::processEvents();
     QCOMPARE(spare(), 0);
     table.poll(kOne);
-    const int width = table.view.columnWidth(overview::NameColumn);
+    // Rows or not, in the proportions that the user has given them.
+    QHeaderView* header = table.view.horizontalHeader();
+    header->resizeSection(overview::NameColumn, header->sectionSize(overview::NameColumn) + 60);
+    header->resizeSection(overview::ModeColumn, header->sectionSize(overview::ModeColumn) - 60);
+    const int formerName = header->sectionSize(overview::NameColumn);
+    const int formerEarth = header->sectionSize(overview::EarthColumn);
+    table.view.resize(900, 300);
+    QCoreApplication::processEvents();
+    QCOMPARE(spare(), 0);
+    QVERIFY(qAbs(header->sectionSize(overview::NameColumn) * formerEarth -
+                 header->sectionSize(overview::EarthColumn) * formerName) <
+            formerName + formerEarth);
+
+    // What the user has made wider than the table stays so.
+    header->resizeSection(overview::NameColumn, 400);
+    const int length = header->length();
     table.view.resize(700, 300);
     QCoreApplication::processEvents();
-    QCOMPARE(table.view.columnWidth(overview::NameColumn), width);
+    QCOMPARE(header->length(), length);
 }
 
 void TestDeviceOverviewTable::viewAndTableDieInAnyOrder()
