@@ -17,12 +17,11 @@ QString line(const QString& subject, const QStringList& found, const QString& fo
     return QStringLiteral("%1: %2 in %3").arg(subject, what, QDir::toNativeSeparators(folder));
 }
 
-QString licensesLine()
+/// The files of a folder beside the program.
+QString companionsLine(const QString& subject, const QString& folderName)
 {
-    const QString folder = QStringLiteral("%1/%2").arg(QCoreApplication::applicationDirPath(),
-                                                       constants::kLicensesFolder);
-    return line(QStringLiteral("Licenses"), QDir(folder).entryList(QDir::Files, QDir::Name),
-                folder);
+    const QDir folder(QDir(QCoreApplication::applicationDirPath()).filePath(folderName));
+    return line(subject, folder.entryList(QDir::Files, QDir::Name), folder.path());
 }
 
 /// A file that may not be read counts as none, here and below.
@@ -53,5 +52,6 @@ QStringList installationReport()
 {
     return {QStringLiteral("%1 %2").arg(constants::kApplicationDisplayName,
                                         constants::kApplicationVersion),
-            languagesLine(), licensesLine(), tuningLine()};
+            languagesLine(), companionsLine(QStringLiteral("Licenses"), constants::kLicensesFolder),
+            companionsLine(QStringLiteral("Manual"), constants::kManualFolder), tuningLine()};
 }

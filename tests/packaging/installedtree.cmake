@@ -49,6 +49,9 @@ foreach(command "${starter}" "${elsewhere}/sniffer")
             message(SEND_ERROR "The licence text ${text} is not found:\n${report}")
         endif()
     endforeach()
+    if(NOT report MATCHES "\nManual: [^\n]*index\\.md[^\n]* in [^\n]*/moved tree/")
+        message(SEND_ERROR "The manual is not found:\n${report}")
+    endif()
 endforeach()
 
 # An engineer's own tuning file goes before.
