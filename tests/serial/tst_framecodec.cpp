@@ -36,6 +36,7 @@ private slots:
     void assemblesBatches_data();
     void assemblesBatches();
     void assemblesByteByByte();
+    void collectsNoFlood();
     void validates_data();
     void validates();
     void noTruncationIsValid();
@@ -136,6 +137,20 @@ void TestFrameCodec::assemblesByteByByte()
     bool isComplete = false;
     QCOMPARE(reassembled(batches, &isComplete), kStatusFrame);
     QVERIFY(isComplete);
+}
+
+void TestFrameCodec::collectsNoFlood()
+{
+    const QByteArray flood = QByteArray(1000, 'A');
+    QByteArray total("\x01");
+    for (int i = 0; i < 1000; ++i) {
+        QByteArray batch = flood;
+        QVERIFY(!framecodec::processReceivedData(batch, total));
+        QVERIFY2(total.size() < 200000, qPrintable(QString::number(total.size())));
+    }
+    QByteArray batch = kStatusFrame;
+    QVERIFY(framecodec::processReceivedData(batch, total));
+    QCOMPARE(total, kStatusFrame);
 }
 
 void TestFrameCodec::validates_data()
