@@ -214,6 +214,9 @@ void TestFrameCodec::readsDeviceText_data()
 
     QTest::newRow("padded with zeros") << QByteArray("48616C6C203100000000") << "Hall 1";
     QTest::newRow("padded with blanks") << QByteArray("48616C6C2020") << "Hall";
+    QTest::newRow("blanks before the zeros") << QByteArray("48616C6C20200000") << "Hall";
+    QTest::newRow("old bytes behind the end") << QByteArray("48616C6C2000726F6F6D") << "Hall";
+    QTest::newRow("old bytes that are no UTF-8") << QByteArray("48616C6C2000FCFF") << "Hall";
     QTest::newRow("UTF-8") << QByteArray("42C3BC726F") << QStringLiteral("B\u00FCro");
     QTest::newRow("Latin-1") << QByteArray("42FC726F") << QStringLiteral("B\u00FCro");
     QTest::newRow("only zeros") << QByteArray("00000000") << "";
