@@ -20,6 +20,13 @@ if(SNIFFER_SANITIZE)
     target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(SNIFFER_FUZZ)
+    target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                     -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+    target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+endif()
+
 if(SNIFFER_COVERAGE)
     target_compile_options(project_options INTERFACE --coverage)
     target_link_options(project_options INTERFACE --coverage)
