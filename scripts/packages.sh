@@ -10,7 +10,7 @@ build_packages=(
 )
 
 # What the checks of the sources take beyond that.
-check_packages=(clang-format clang-tidy)
+check_packages=(clang clang-format clang-tidy libclang-rt-dev)
 
 # Installs those of the packages named that are missing. Says which, and asks for nothing when all
 # are there.
