@@ -1,16 +1,15 @@
 #!/bin/bash
-# Builds everything and runs the checks and the tests. Ends with the summary and the exit status of
-# ctest. With --tidy it also runs the static analysis, with --asan the tests under the sanitizers.
+# Builds everything and runs all checks and tests, with the time of each stage. Ends with the summary
+# and the exit status of ctest. With --quick it leaves out the static analysis, the sanitizers and
+# the fuzz targets: for everyday use.
 set -euo pipefail
 
-run_tidy=
-run_asan=
+quick=
 for option in "$@"; do
     case "$option" in
-    --tidy) run_tidy=yes ;;
-    --asan) run_asan=yes ;;
+    --quick) quick=yes ;;
     *)
-        echo "Usage: test.sh [--tidy] [--asan]" >&2
+        echo "Usage: test.sh [--quick]" >&2
         exit 2
         ;;
     esac
@@ -18,6 +17,8 @@ done
 
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 source scripts/packages.sh
+
+fuzz_seconds=30 # each target
 
 # stage NAME COMMAND...: runs it and prints the time it took.
 stage() {
@@ -28,25 +29,44 @@ stage() {
     echo "== $name: $((SECONDS - begin)) s"
 }
 
+# sources PATTERN...: the files of that kind that people write, the build trees' generated ones
+# stay out.
 sources() {
-    find app benchmarks docs importexport resources serial simulator tests tracking views \
-        \( -name '*.cpp' -o -name '*.h' \) -print0
+    find app benchmarks docs fuzz importexport resources serial simulator tests tracking views \
+        \( -name "$1" -o -name "${2:-$1}" \) -print0
 }
-check_format() { sources | xargs -0 clang-format --dry-run -Werror; }
+check_format() { sources '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror; }
 build() {
     cmake --preset "$1" >/dev/null
     cmake --build --preset "$1"
 }
+# The catalogues hold every text of the sources, and a translation of each.
+check_translations() { ctest --preset dev --tests-regex '^tst_translations$'; }
+# Analyses the program's and the tests' sources with the warnings of clang-tidy, all of them errors.
+analyse() {
+    sources '*.cpp' |
+        xargs -0 -n 1 -P "$(nproc)" clang-tidy --quiet -p build/dev 2>&1 |
+        sed '/ warnings\? generated\.$/d'
+}
 
+# A ccache that is there saves most of the time; the checks do without it.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
+fi
+
+begin=$SECONDS
 stage "packages" install_missing_packages "${build_packages[@]}" "${check_packages[@]}"
 stage "format" check_format
-if [ -n "$run_tidy" ]; then
-    stage "static analysis" build tidy
-fi
-if [ -n "$run_asan" ]; then
+stage "build" build dev
+stage "translations" check_translations
+if [ -z "$quick" ]; then
+    stage "static analysis" analyse
     stage "sanitizer build" build asan
     stage "sanitizer tests" ctest --preset asan
+    stage "fuzz build" build fuzz
+    stage "fuzz smoke" fuzz/run.sh "$fuzz_seconds"
 fi
-stage "build" build dev
+echo "== all stages before the tests: $((SECONDS - begin)) s"
 echo "== tests"
 ctest --preset dev

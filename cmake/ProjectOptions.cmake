@@ -26,14 +26,59 @@ if(SNIFFER_SANITIZE)
     target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(SNIFFER_FUZZ)
+    target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                     -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+    target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+endif()
+
 if(SNIFFER_COVERAGE)
     target_compile_options(project_options INTERFACE --coverage)
     target_link_options(project_options INTERFACE --coverage)
 endif()
 
+# A header precompiled once, for many targets. clang alone lets targets with fewer Qt modules, and
+# so with fewer macros, share it.
+# sniffer_add_precompiled_headers(name HEADERS ... LINKS ...)
+function(sniffer_add_precompiled_headers name)
+    cmake_parse_arguments(ARG "" "" "HEADERS;LINKS" ${ARGN})
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+    if(NOT EXISTS "${source}")
+        file(WRITE "${source}" "")
+    endif()
+    add_library(${name} OBJECT "${source}")
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
+    target_link_libraries(${name} PRIVATE project_options ${ARG_LINKS})
+    target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
+endfunction()
+
+if(SNIFFER_PCH)
+    # Without a time in it, ccache can tell that the header is the same as before.
+    target_compile_options(project_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
+    sniffer_add_precompiled_headers(
+        product_pch
+        HEADERS <QByteArray> <QCoreApplication> <QDateTime> <QHash> <QHeaderView> <QLabel> <QMap>
+                <QObject> <QPainter> <QPointer> <QSettings> <QString> <QStringList> <QThread>
+                <QTimer> <QVariant> <QVector> <QWidget> <algorithm> <memory> <optional> <vector>
+        LINKS Qt5::Widgets)
+endif()
+
+# Lets a target take the headers precompiled in another one, where they are.
+function(sniffer_reuse_precompiled_headers target from)
+    if(TARGET ${from})
+        target_precompile_headers(${target} REUSE_FROM ${from})
+    endif()
+endfunction()
+
 # One static library a folder: a wrong arrow between the layers does not link.
+# sniffer_add_library(name SOURCES ... LINKS ... [PRECOMPILED test_pch])
 function(sniffer_add_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;LINKS" ${ARGN})
+    if(NOT ARG_PRECOMPILED)
+        set(ARG_PRECOMPILED product_pch)
+    endif()
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC project_options ${ARG_LINKS})
+    sniffer_reuse_precompiled_headers(${name} ${ARG_PRECOMPILED})
 endfunction()

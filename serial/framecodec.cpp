@@ -76,6 +76,9 @@ bool processReceivedData(QByteArray& receivedData, QByteArray& totalData)
         }
     }
     totalData.append(receivedData);
+    if (totalData.size() > kMaxCollected) {
+        totalData.clear();
+    }
     return false;
 }
 

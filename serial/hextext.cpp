@@ -63,7 +63,9 @@ QString toText(const QByteArray& pairs)
         return {};
     }
     QByteArray bytes = QByteArray::fromHex(pairs);
-    while (bytes.endsWith('\0') || bytes.endsWith(' ')) {
+    // A shorter name may have left its predecessor's bytes behind its end.
+    bytes.truncate(static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()))));
+    while (bytes.endsWith(' ')) {
         bytes.chop(1);
     }
     QTextCodec::ConverterState state;

@@ -25,8 +25,9 @@ bool isHexPairs(const QByteArray& text);
 /// `bytes` as digit pairs, upper case.
 QByteArray fromBytes(const QByteArray& bytes);
 
-/// The text that a device sends as digit pairs: trailing zero bytes and blanks are dropped; bytes
-/// that are no UTF-8 are read as Latin-1. Empty when `pairs` are no digit pairs.
+/// The text that a device sends as digit pairs: it ends at its first zero byte, blanks at its end
+/// are dropped, and bytes that are no UTF-8 are read as Latin-1. Empty when `pairs` are no digit
+/// pairs.
 QString toText(const QByteArray& pairs);
 
 } // namespace hextext

@@ -74,12 +74,18 @@ void KeyReader::complainOfUnknownKeys()
     const QStringList keys = m_object.keys();
     for (const QString& key : keys) {
         if (!m_known.contains(key)) {
-            fail(qPrintable(key), QStringLiteral("is no key that is known here"));
+            // A key of the file's own may hold line feeds, which would tear the error.
+            fail(key.simplified(), QStringLiteral("is no key that is known here"));
         }
     }
 }
 
 void KeyReader::fail(const char* key, const QString& what)
+{
+    fail(QString::fromLatin1(key), what);
+}
+
+void KeyReader::fail(const QString& key, const QString& what)
 {
     if (m_error.isEmpty()) {
         m_error = QStringLiteral("%1: %2").arg(pathOf(key), what);
@@ -88,8 +94,12 @@ void KeyReader::fail(const char* key, const QString& what)
 
 QString KeyReader::pathOf(const char* key) const
 {
-    const QString name = QString::fromLocal8Bit(key);
-    return m_path.isEmpty() ? name : QStringLiteral("%1.%2").arg(m_path, name);
+    return pathOf(QString::fromLatin1(key));
+}
+
+QString KeyReader::pathOf(const QString& key) const
+{
+    return m_path.isEmpty() ? key : QStringLiteral("%1.%2").arg(m_path, key);
 }
 
 QJsonValue KeyReader::take(const char* key)

@@ -28,6 +28,8 @@ public:
     QString pathOf(const char* key) const;
 
 private:
+    void fail(const QString& key, const QString& what);
+    QString pathOf(const QString& key) const;
     QJsonValue take(const char* key);
 
     QJsonObject m_object;

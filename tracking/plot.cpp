@@ -136,7 +136,8 @@ void Plot::initLabels(QwtPlot* plot)
 void Plot::initLegend(QwtPlot* plot)
 {
     auto* const legend = new QwtLegend;
-    legend->setFrameStyle(QFrame::Box | QFrame::Sunken);
+    legend->setFrameShape(QFrame::Box);
+    legend->setFrameShadow(QFrame::Sunken);
     legend->setDefaultItemMode(QwtLegendData::Checkable);
     legend->setPalette(plotappearance::legendPalette(palette()));
     legend->setAutoFillBackground(true);

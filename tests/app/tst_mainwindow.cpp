@@ -32,9 +32,9 @@
 namespace {
 
 const QString kFailed = QStringLiteral("Serial communication failed.");
-/// Short windows, so that silence is told in milliseconds.
+/// A silence is soon told, but no pause of a busy computer is taken for one.
 const QByteArray
-    kImpatient("[SerialSettings]\nDISCONNECTED_COUNT=0\nBYTES_RECEIVED_WAIT_TIME=40\n");
+    kImpatient("[SerialSettings]\nDISCONNECTED_COUNT=0\nBYTES_RECEIVED_WAIT_TIME=300\n");
 
 /// Gives every text back in brackets, as a language that has them all.
 class Brackets : public QTranslator

@@ -578,7 +578,7 @@ void TestImportExport::lostLdbIsNotConnected()
     const ExpectWarning warning("^Refusal to FE0270$"); // to the probes of the lost one
     Operation operation({QStringLiteral("01"), QStringLiteral("02")});
     operation.sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n"
-                                  "BYTES_RECEIVED_WAIT_TIME=20\n");
+                                  "BYTES_RECEIVED_WAIT_TIME=300\n");
     // The tuning is read when the link is made.
     operation.link.stop();
     SerialLink link;

@@ -36,6 +36,7 @@ private slots:
     void assemblesBatches_data();
     void assemblesBatches();
     void assemblesByteByByte();
+    void collectsNoFlood();
     void validates_data();
     void validates();
     void noTruncationIsValid();
@@ -138,6 +139,20 @@ void TestFrameCodec::assemblesByteByByte()
     QVERIFY(isComplete);
 }
 
+void TestFrameCodec::collectsNoFlood()
+{
+    const QByteArray flood = QByteArray(1000, 'A');
+    QByteArray total("\x01");
+    for (int i = 0; i < 1000; ++i) {
+        QByteArray batch = flood;
+        QVERIFY(!framecodec::processReceivedData(batch, total));
+        QVERIFY2(total.size() < 200000, qPrintable(QString::number(total.size())));
+    }
+    QByteArray batch = kStatusFrame;
+    QVERIFY(framecodec::processReceivedData(batch, total));
+    QCOMPARE(total, kStatusFrame);
+}
+
 void TestFrameCodec::validates_data()
 {
     QTest::addColumn<QByteArray>("answer");
@@ -199,6 +214,9 @@ void TestFrameCodec::readsDeviceText_data()
 
     QTest::newRow("padded with zeros") << QByteArray("48616C6C203100000000") << "Hall 1";
     QTest::newRow("padded with blanks") << QByteArray("48616C6C2020") << "Hall";
+    QTest::newRow("blanks before the zeros") << QByteArray("48616C6C20200000") << "Hall";
+    QTest::newRow("old bytes behind the end") << QByteArray("48616C6C2000726F6F6D") << "Hall";
+    QTest::newRow("old bytes that are no UTF-8") << QByteArray("48616C6C2000FCFF") << "Hall";
     QTest::newRow("UTF-8") << QByteArray("42C3BC726F") << QStringLiteral("B\u00FCro");
     QTest::newRow("Latin-1") << QByteArray("42FC726F") << QStringLiteral("B\u00FCro");
     QTest::newRow("only zeros") << QByteArray("00000000") << "";

@@ -107,6 +107,8 @@ void ScenarioTest::namesTheKeyThatIsWrong_data()
     row("LDBs no list", R"({"ldbs": 3})", "ldbs: must be a list");
     row("LDB no object", R"({"ldbs": [3]})", "ldbs[0]: must be an object");
     row("unknown key", withRoot(R"("lbds": [])"), "lbds: is no key");
+    row("unknown key over two lines", withRoot(R"("a\nb": [])"), "a b: is no key");
+    row("unknown key in another script", withRoot("\"Pümpe\": []"), "P\xFCmpe: is no key");
     row("seed no number", withRoot(R"("seed": "x")"), "seed: must be a number");
     row("seed below zero", withRoot(R"("seed": -1)"), "seed: must be a number from 0");
     row("timing no object", withRoot(R"("timing": [])"), "timing: must be an object");
