@@ -50,7 +50,7 @@ struct Options
 {
     int hours = kHoursADay;
     int ldbs = 32;
-    int scale = 25;
+    int scale = 50;
     quint32 seed = 1;
     int exchanges = 0; ///< a day; 0: as many as the wire allows
 };
@@ -274,9 +274,10 @@ bool Soak::judge() const
     std::printf("%d log lines, %d of them \"Disconnected\"; %d overview rows looked at; "
                 "%d boxes about losses closed\n",
                 all.lines, all.lostLines, all.shown, m_lossBoxes);
-    std::printf("%d intact status answers; not in the log: %d late ones, %d in time, %d that the "
-                "cuts took\n",
-                all.sent, all.lateNotTaken, all.promptNotTaken, all.takenByCut);
+    std::printf(
+        "%d intact status answers; not in the log: %d second ones to a repeated request, %d "
+        "that the cuts took, %d late ones, %d others\n",
+        all.sent, all.surplus, all.takenByCut, all.lateNotTaken, all.promptNotTaken);
     const ProcessResources grown = growth();
     bool good = all.lines > 0 && all.shown > 0;
     good = report("wrong", all.wrong, 0, Bound::AtMost) && good;

@@ -118,11 +118,11 @@ QString BadDay::fullLateness()
 std::vector<BadDay::Event> BadDay::nextHour()
 {
     std::vector<Event> events;
-    // Each is gone for a tenth of the hour.
+    // Each is gone for three minutes.
     for (const double at : {0.15, 0.55}) {
         const QString hexId = anyLdb();
         events.push_back({at, QStringLiteral("vanish ") + hexId, hexId});
-        events.push_back({at + 0.1, QStringLiteral("appear ") + hexId, {}});
+        events.push_back({at + 0.05, QStringLiteral("appear ") + hexId, {}});
     }
     const QStringList faults{QStringLiteral("open"), QStringLiteral("dc-leakage"),
                              QStringLiteral("earth-leakage"), QStringLiteral("short")};

@@ -61,7 +61,8 @@ void LogAudit::takeJournalLine(const QByteArray& line)
     const QByteArrayList columns = line.split('\t');
     const QByteArray mark = columns.value(kMarkColumn);
     if (mark == ">") {
-        takeRequest(QByteArray::fromHex(columns.value(kBytesColumn)));
+        takeRequest(QString::fromLatin1(columns.value(kHexIdColumn)),
+                    QByteArray::fromHex(columns.value(kBytesColumn)));
     } else if (mark == "<") {
         takeAnswer(columns);
     } else if (columns.value(kTextColumn) == "line cut") {
@@ -70,15 +71,20 @@ void LogAudit::takeJournalLine(const QByteArray& line)
     }
 }
 
-void LogAudit::takeRequest(const QByteArray& frame)
+void LogAudit::takeRequest(const QString& hexId, const QByteArray& frame)
 {
     // What is asked follows the sender and the receiver behind the SOH.
     constexpr int kQuestion = 5;
     const QByteArray question = frame.mid(kQuestion, 6);
-    const bool isPolling = question == "737803" || question == "737202" || question == "737804";
+    const bool isStatus = question == "737803";
+    const bool isPolling = isStatus || question == "737202" || question == "737804";
     m_findings.unanswered += m_isWaiting ? 1 : 0;
     m_findings.exchanges += isPolling ? 1 : 0;
     m_isWaiting = isPolling;
+    if (isStatus && frame != m_request) {
+        m_answered.remove(hexId);
+    }
+    m_request = frame;
 }
 
 void LogAudit::takeAnswer(const QByteArrayList& columns)
@@ -101,8 +107,12 @@ void LogAudit::takeAnswer(const QByteArrayList& columns)
     }
     const QString hexId = QString::fromLatin1(columns.value(kHexIdColumn));
     const Status status{columns.value(kSinceColumn).toDouble(),
-                        columns.value(kTimeColumn).left(kSecondsLength), body,
-                        logFields(rowsOf(hexId, {}, decoded.status)), isLate};
+                        columns.value(kTimeColumn).left(kSecondsLength),
+                        body,
+                        logFields(rowsOf(hexId, {}, decoded.status)),
+                        isLate,
+                        m_answered.contains(hexId)};
+    m_answered.insert(hexId);
     ++m_findings.sent;
     m_open[hexId].push_back(status);
     m_recent.push_back(key(hexId, status.fields));
@@ -202,7 +212,9 @@ void LogAudit::checkShown(const QString& hexId, const Status& status, const QStr
 
 void LogAudit::passOver(const Status& status)
 {
-    if (status.isLate) {
+    if (status.isSecond) {
+        ++m_findings.surplus;
+    } else if (status.isLate) {
         ++m_findings.lateNotTaken;
     } else if (m_cutMs > 0 && status.sentMs > m_cutMs - kCutMs) {
         ++m_findings.takenByCut;
@@ -220,6 +232,8 @@ void LogAudit::endRun()
     m_named.clear();
     m_lost.clear();
     m_absent.clear();
+    m_answered.clear();
+    m_request.clear();
     m_cutMs = 0;
 }
 

@@ -30,8 +30,9 @@ public:
         int falseLosses = 0; ///< losses of LDBs that were on the bus all the time
         int losses = 0;
         int lateNotTaken = 0;   ///< late intact answers that are not in the log
-        int promptNotTaken = 0; ///< prompt ones; the last before a cut apart
-        int takenByCut = 0;     ///< intact answers that the hang-up took
+        int surplus = 0;        ///< second ones to a repeated request, rightly not in the log
+        int takenByCut = 0;     ///< what the hang-up took
+        int promptNotTaken = 0; ///< all others that are not in the log
     };
 
     /// `names`: the name of each LDB of the installation by its id.
@@ -60,9 +61,10 @@ private:
         QByteArray body;
         QByteArray fields; ///< as in the log
         bool isLate = false;
+        bool isSecond = false; ///< its request had been repeated, and answered
     };
 
-    void takeRequest(const QByteArray& frame);
+    void takeRequest(const QString& hexId, const QByteArray& frame);
     void takeAnswer(const QByteArrayList& columns);
     void checkLost(const QString& hexId, const QByteArray& fields);
     void checkName(const QString& hexId, const QString& name);
@@ -78,6 +80,8 @@ private:
     QSet<QString> m_named;                     ///< whose name has been logged in this run
     QSet<QString> m_lost;
     QSet<QString> m_absent;
+    QSet<QString> m_answered; ///< whose last status request, repeated or not, has an intact answer
+    QByteArray m_request;     ///< the last one
     bool m_isWaiting = false; ///< a polling request has no answer yet
     double m_cutMs = 0;
     QByteArray m_lastStamp;
