@@ -19,8 +19,8 @@ constexpr int kWarmUpCycles = 10;
 constexpr int kCycles = 25;
 /// Asks for another number of cycles: 200 take half a minute.
 constexpr char kCyclesVariable[] = "SNIFFER_RESTARTS";
-/// The heap's own ups and downs are a third of this.
-constexpr qint64 kHeapLimit = 16 * 1024;
+/// The heap's own ups and downs are less than half of this.
+constexpr qint64 kHeapLimit = 10 * 1024;
 
 enum class Ending
 {
