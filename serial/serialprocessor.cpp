@@ -88,6 +88,7 @@ void SerialProcessor::initializeVariables()
     m_queue.clear();
     m_schedule.clear();
     m_ledger.clear();
+    m_guard.clear();
     m_received.clear();
     m_lastFrame.clear();
     m_timeouts = 0;
@@ -109,7 +110,6 @@ void SerialProcessor::goTo(State state)
 void SerialProcessor::processState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    m_timer->setInterval(m_tuning.answerWaitTime);
     switch (m_state) {
     case State::Stopped:
     case State::LostProbe:
@@ -219,7 +219,7 @@ void SerialProcessor::request(const ISerialCommand& command, int window)
     if (m_state == State::Stopped) {
         return; // the port broke under the look at it
     }
-    m_timer->setInterval(window);
+    m_window = window;
     sendSerialData(createCommand(command.commandData()));
 }
 
@@ -232,7 +232,7 @@ void SerialProcessor::sendSerialData(const QByteArray& data)
 void SerialProcessor::retrySendSerialData()
 {
     m_ledger.transmitted(m_clock.elapsed());
-    m_timer->start();
+    m_timer->start(m_window);
     m_port->write(m_lastFrame);
 }
 
@@ -243,16 +243,14 @@ void SerialProcessor::logUnexpected(const QString& what)
                     .arg(what, QString::fromLatin1(m_ledger.pending().body)));
 }
 
-bool SerialProcessor::isPolling() const
-{
-    return m_state == State::StatusPoll || m_state == State::NameRequest ||
-           m_state == State::FirmwareRequest;
-}
-
 void SerialProcessor::timeout()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_received.clear();
+    if (m_guard.isWaiting()) {
+        endGuardedWait();
+        return;
+    }
     ++m_timeouts;
     switch (m_state) {
     case State::Stopped:
@@ -275,7 +273,10 @@ void SerialProcessor::timeout()
                                                .arg(m_timeouts));
     if (isPolling() ? m_timeouts == 1 : m_timeouts < kCommandTransmissions) {
         retrySendSerialData();
-    } else if (isPolling()) {
+        return;
+    }
+    m_guard.noteSilence();
+    if (isPolling()) {
         countMiss();
         leavePollingStep(m_state == State::FirmwareRequest ? State::ExternalCommands
                                                            : State::FirmwareRequest);
@@ -288,7 +289,7 @@ void SerialProcessor::readData()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     QByteArray batch = m_port->readAll();
-    if (m_state == State::Stopped || !processReceivedData(batch, m_received)) {
+    if (m_state == State::Stopped || drainsLine(batch) || !processReceivedData(batch, m_received)) {
         return;
     }
     QByteArray answer;
@@ -319,16 +320,49 @@ void SerialProcessor::processAnswer(const QByteArray& answer)
         logUnexpected(QStringLiteral("Late answer"));
         return;
     }
+    const bool isMisfit = verdict == AnswerLedger::Verdict::Misfit;
+    if (isMisfit || !m_guard.hold(answer)) {
+        deliverAnswer(answer, isMisfit);
+    } else {
+        m_timer->start(SilenceGuard::kQuietMs);
+    }
+}
+
+void SerialProcessor::deliverAnswer(const QByteArray& answer, bool isMisfit)
+{
     m_timer->stop();
     if (m_state == State::ExternalCommands) {
         finishExternalCommand(answer);
     } else if (m_state == State::LostProbe) {
         clearDisconnectedDevice(m_hexId);
         goTo(State::ExternalCommands);
-    } else if (verdict == AnswerLedger::Verdict::Take) {
-        processPollingAnswer(answer);
-    } else {
+    } else if (isMisfit) {
         rejectAnswer(QStringLiteral("Answer of another kind"));
+    } else {
+        processPollingAnswer(answer);
+    }
+}
+
+/// Whether the bytes are part of a burst, which is thrown away.
+bool SerialProcessor::drainsLine(const QByteArray& batch)
+{
+    if (m_scanning || !m_guard.isDisturbedBy(batch)) {
+        return false;
+    }
+    if (m_guard.disturb()) {
+        logUnexpected(QStringLiteral("Burst of answers"));
+        m_timer->start(m_tuning.answerWaitTime);
+    }
+    return true;
+}
+
+void SerialProcessor::endGuardedWait()
+{
+    if (const auto held = m_guard.endWait()) {
+        deliverAnswer(*held, false);
+    } else {
+        m_port->discardInput();
+        retrySendSerialData();
     }
 }
 

@@ -10,6 +10,7 @@
 #include "serial/pollschedule.h"
 #include "serial/serialcommand.h"
 #include "serial/serialtuning.h"
+#include "serial/silenceguard.h"
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -127,9 +128,16 @@ private:
     void processExternalCommands();
     void request(const ISerialCommand& command, int window);
     void logUnexpected(const QString& what);
-    bool isPolling() const;
+    bool isPolling() const
+    {
+        return m_state == State::StatusPoll || m_state == State::NameRequest ||
+               m_state == State::FirmwareRequest;
+    }
 
     void processAnswer(const QByteArray& answer);
+    void deliverAnswer(const QByteArray& answer, bool isMisfit);
+    bool drainsLine(const QByteArray& batch);
+    void endGuardedWait();
     void processInvalidAnswer(bool isRefusal);
     void rejectAnswer(const QString& reason);
     State nextPollingState() const;
@@ -155,6 +163,8 @@ private:
     CommandQueue m_queue;
     PollSchedule m_schedule;
     AnswerLedger m_ledger;
+    SilenceGuard m_guard;
+    int m_window = 0; ///< ms, of the pending request
     QByteArray m_received;
     QByteArray m_lastFrame;
     int m_timeouts = 0;

@@ -60,6 +60,8 @@ QString BusSimulator::execute(const SimulatorCommand& command, qint64 now)
     if (command.verb == CommandVerb::BadBus) {
         m_badBus.garbledPercent = command.garbledPercent;
         m_badBus.latePercent = command.latePercent;
+        m_badBus.lateFrom = command.lateFrom.value_or(m_badBus.lateFrom);
+        m_badBus.lateTo = command.lateTo.value_or(m_badBus.lateTo);
         return {};
     }
     if (command.address != SimulatorCommand::kAllLdbs) {
@@ -119,7 +121,19 @@ std::vector<Transmission> BusSimulator::answer(Member& member, const BusRequest&
     if (pieces.size() == 1) {
         m_badBus.apply(pieces.front(), m_random);
     }
+    keepOrder(member, pieces, now);
     return pieces;
+}
+
+/// A board takes one request after the other: what follows a late answer is late, too.
+void BusSimulator::keepOrder(Member& member, std::vector<Transmission>& pieces, qint64 now)
+{
+    for (Transmission& piece : pieces) {
+        piece.delay = std::max(piece.delay, member.answersFrom - now);
+    }
+    // Times between two milliseconds are cut off: a later answer must not win by them.
+    const qint64 delay = pieces.back().delay;
+    member.answersFrom = delay > 0 ? now + delay + 1 : now;
 }
 
 QString BusSimulator::apply(Member& member, const SimulatorCommand& command, qint64 now)

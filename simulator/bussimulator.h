@@ -44,10 +44,12 @@ private:
         SimulatedLdb ldb;
         WireFaults wire;
         bool isPresent = true;
+        qint64 answersFrom = 0; ///< ms; its next answer does not leave before
     };
 
     void obeyBroadcast(const BusRequest& request, qint64 now);
     std::vector<Transmission> answer(Member& member, const BusRequest& request, qint64 now);
+    static void keepOrder(Member& member, std::vector<Transmission>& pieces, qint64 now);
     QString apply(Member& member, const SimulatorCommand& command, qint64 now);
     QString applyLoopFault(Member& member, const SimulatorCommand& command, qint64 now);
     void appear(int address, qint64 now);

@@ -236,6 +236,11 @@ void takeBadBus(Words& words, SimulatorCommand& command)
     constexpr double kAllAnswers = 100;
     command.garbledPercent = words.takeReal("the percentage of garbled answers", kAllAnswers);
     command.latePercent = words.takeReal("the percentage of late answers", kAllAnswers);
+    if (!words.isEmpty()) {
+        command.lateFrom = words.takeInteger("the least lateness in ms", 1, kMaxMilliseconds);
+        command.lateTo =
+            words.takeInteger("the greatest lateness in ms", *command.lateFrom, kMaxMilliseconds);
+    }
 }
 
 void takeCut(Words& words, SimulatorCommand& command)
@@ -305,8 +310,8 @@ constexpr Grammar kGrammar[] = {
     {"vanish", CommandVerb::Vanish, kNoLoopFault, takeTargetOnly, "LDB", "is taken off the bus"},
     {"appear", CommandVerb::Appear, kNoLoopFault, takeTargetOnly, "LDB",
      "is put on the bus and boots; a new one where none was"},
-    {"bad-bus", CommandVerb::BadBus, kNoLoopFault, takeBadBus, "GARBLED LATE | off",
-     "percentages of all answers that are spoiled, at random"},
+    {"bad-bus", CommandVerb::BadBus, kNoLoopFault, takeBadBus, "GARBLED LATE [FROM TO] | off",
+     "percentages of all answers that are spoiled, at random; FROM, TO: ms late"},
     {"cut", CommandVerb::Cut, kNoLoopFault, takeCut, "[for SECONDS]",
      "cuts the line: the port is gone"},
     {"restore", CommandVerb::Restore, kNoLoopFault, takeNothing, "",

@@ -63,7 +63,9 @@ struct SimulatorCommand
     int index = 0; ///< of the parameter that `NakScope::Index` means
     double garbledPercent = 0;
     double latePercent = 0;
-    double seconds = 0; ///< a cut line comes back by itself then; 0: never
+    std::optional<int> lateFrom; ///< ms; nothing: the range of lateness stays as it is
+    std::optional<int> lateTo;   ///< ms; not below `lateFrom`, and there exactly when that is
+    double seconds = 0;          ///< a cut line comes back by itself then; 0: never
 
     static constexpr int kAllLdbs = 0;
 };

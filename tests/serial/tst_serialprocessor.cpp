@@ -123,6 +123,8 @@ private slots:
     void commandAnswers_data();
     void commandAnswers();
     void lateAnswersAreNobodyElses();
+    void burstAfterSilenceIsNobodys_data();
+    void burstAfterSilenceIsNobodys();
     void lateWritesAreAcknowledgedOnce();
     void rescansAtTheNextDispatch();
     void pollsOneAlone();
@@ -415,6 +417,65 @@ void TestSerialProcessor::lateAnswersAreNobodyElses()
         const QString name = generalinformation::text(rows, generalinformation::NameRow);
         QVERIFY(name.isEmpty() || name == "LDB " + entry.at(0).toString());
         QCOMPARE(generalinformation::text(rows, generalinformation::PrimaryCurrentRow), "12.3 mA");
+    }
+    QVERIFY(bench.lost->isEmpty());
+}
+
+void TestSerialProcessor::burstAfterSilenceIsNobodys_data()
+{
+    QTest::addColumn<int>("piece");
+    QTest::newRow("answer by answer") << 1;
+    QTest::newRow("two at a time") << 2;
+    QTest::newRow("all at once") << 100;
+}
+
+void TestSerialProcessor::burstAfterSilenceIsNobodys()
+{
+    // The adapter stalls while two LDBs are asked, each request twice, and then hands over what
+    // they have answered, last of all a status that is older than any lateness.
+    QFETCH(int, piece);
+    const QMap<QString, int> states{{"03", 10}, {"0A", 20}, {"0B", 0}};
+    Bench bench(states.keys(), 50);
+    QList<QByteArray> owed;
+    const auto handOver = [&] {
+        QByteArray bytes;
+        for (int i = 0; i < piece && !owed.isEmpty(); ++i) {
+            bytes += owed.takeFirst();
+        }
+        bench.bus.write(bytes);
+    };
+    QTimer adapter;
+    connect(&adapter, &QTimer::timeout, handOver);
+    bool isStalled = false;
+    bench.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        const QString hexId = QString::fromLatin1(body.mid(2, 2));
+        QByteArray answer = bench.bus.healthyAnswer(body);
+        if (body == statusOf(qPrintable(hexId))) {
+            answer = ScriptedBus::framed(ScriptedBus::status(states.value(hexId)));
+        }
+        if (isStalled && body == statusOf("0B")) {
+            isStalled = false;
+            owed.append(ScriptedBus::framed(ScriptedBus::status(states.value("03"))));
+            adapter.start(1);
+        }
+        if (isStalled || !owed.isEmpty()) {
+            owed.append(answer);
+            return kSilence;
+        }
+        return answer;
+    });
+    bench.processor->start();
+    bench.cycle(9);
+    isStalled = true;
+    WAIT_VERIFY(!isStalled && owed.isEmpty());
+    const int before = bench.rows->size();
+    WAIT_VERIFY(bench.rows->size() > before + 6);
+    for (const auto& entry : qAsConst(*bench.rows)) {
+        const auto rows = entry.at(1).value<QList<QStringList>>();
+        QCOMPARE(generalinformation::integer(rows, generalinformation::ModeRow),
+                 states.value(entry.at(0).toString()));
+        const QString name = generalinformation::text(rows, generalinformation::NameRow);
+        QVERIFY(name.isEmpty() || name == "LDB " + entry.at(0).toString());
     }
     QVERIFY(bench.lost->isEmpty());
 }

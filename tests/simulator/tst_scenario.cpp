@@ -228,6 +228,7 @@ void ScenarioTest::parsesCommands_data()
     row("late 0A off", CommandVerb::Late, 10, 0, 0);
     // garbled, late
     row("bad-bus 1 2", CommandVerb::BadBus, 0, 1, 2);
+    row("bad-bus 1 2 5 72", CommandVerb::BadBus, 0, 1, 2);
     row("bad-bus off", CommandVerb::BadBus, 0, 0, 0);
     // seconds, nothing
     row("cut", CommandVerb::Cut, 0, 0, 0);
@@ -293,6 +294,9 @@ void ScenarioTest::refusesCommands_data()
                              "nak 0A index 100",
                              "bad-bus 1",
                              "bad-bus 1 101",
+                             "bad-bus 1 1 5",
+                             "bad-bus 1 1 5 4",
+                             "bad-bus 1 1 0 4",
                              "bad-bus nan 1",
                              "cut for",
                              "cut for -1",

@@ -26,6 +26,7 @@ private slots:
     void refuses();
     void refusalsChangeNothing();
     void answersLate();
+    void answersInOrder();
     void makesNoise();
     void sendsFragments();
     void lastsForANumberOfAnswers_data();
@@ -110,8 +111,24 @@ void WireFaultsTest::answersLate()
     // Late or not, it was obeyed when it was heard.
     bus.ask("FE0A73780003");
     bus.command("late 0A off");
+    bus.now = 1000;
     QCOMPARE(bus.hear(kPoll).answer.front().delay, 0);
     QCOMPARE(bus.state(), LdbState::ServiceMode);
+}
+
+void WireFaultsTest::answersInOrder()
+{
+    const auto lateness = [](const Hearing& hearing) {
+        return hearing.answer.front().delay;
+    };
+    TestBus bus;
+    bus.command("late 0A 500 times 1");
+    QCOMPARE(lateness(bus.hear(kStatus)), 500);
+    bus.now = 100;
+    QVERIFY(lateness(bus.hear(kPoll)) > 400);
+    QCOMPARE(lateness(bus.hear("FE0B70")), 0);
+    bus.now = 1000;
+    QCOMPARE(lateness(bus.hear(kPoll)), 0);
 }
 
 void WireFaultsTest::makesNoise()
@@ -213,15 +230,24 @@ void WireFaultsTest::garblesByChance()
 void WireFaultsTest::delaysByChance()
 {
     TestBus bus;
-    bus.command("bad-bus 0 50");
-    int late = 0;
     constexpr int kAnswers = 1000;
-    for (int i = 0; i < kAnswers; ++i) {
-        const qint64 delay = bus.hear(kPoll).answer.front().delay;
-        late += delay > 0 ? 1 : 0;
-        QVERIFY(delay == 0 || (delay >= 130 && delay <= 1800));
-    }
+    const auto countLate = [&bus](qint64 from, qint64 to) {
+        int late = 0;
+        for (int i = 0; i < kAnswers; ++i) {
+            bus.now += 60000; // past every answer still to come
+            const qint64 delay = bus.hear(kPoll).answer.front().delay;
+            late += delay >= from && delay <= to ? 1 : 0;
+            late += delay != 0 && (delay < from || delay > to) ? kAnswers : 0;
+        }
+        return late;
+    };
+    bus.command("bad-bus 0 50");
+    const int late = countLate(130, 1800);
     QVERIFY(late > kAnswers * 4 / 10 && late < kAnswers * 6 / 10);
+    bus.command("bad-bus 0 100 7 9");
+    QCOMPARE(countLate(7, 9), kAnswers);
+    bus.command("bad-bus 0 100");
+    QCOMPARE(countLate(7, 9), kAnswers);
 }
 
 QTEST_APPLESS_MAIN(WireFaultsTest)
