@@ -10,14 +10,10 @@ build_packages=(
 )
 
 # What the checks of the sources take beyond that.
-<<<<<<< HEAD
-check_packages=(clang-format clang-tidy desktop-file-utils)
+check_packages=(clang clang-format clang-tidy desktop-file-utils libclang-rt-dev)
 
 # What it takes to pack the program: dpkg-shlibdeps and its helper.
 package_packages=(dpkg-dev file)
-=======
-check_packages=(clang clang-format clang-tidy libclang-rt-dev)
->>>>>>> fuzz
 
 # Installs those of the packages named that are missing. Says which, and asks for nothing when all
 # are there.
