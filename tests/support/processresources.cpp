@@ -3,11 +3,13 @@
 #include <QDir>
 #include <QFile>
 
+#include <cstddef>
 #include <malloc.h>
 #include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// Part of the sanitizer's runtime, whose headers not every compiler brings.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace {
