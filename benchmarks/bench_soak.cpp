@@ -155,9 +155,11 @@ void Soak::liveHour(int hour)
     const int begin = m_audit.findings().exchanges;
     const std::vector<BadDay::Event> events = m_day.nextHour();
     auto next = events.begin();
-    for (double part = 0; part < 1;
-         part = static_cast<double>(m_audit.findings().exchanges - begin) / m_exchangesAnHour) {
-        for (; next != events.end() && next->at <= part; ++next) {
+    const auto part = [&] {
+        return static_cast<double>(m_audit.findings().exchanges - begin) / m_exchangesAnHour;
+    };
+    while (part() < 1) {
+        for (; next != events.end() && next->at <= part(); ++next) {
             if (!next->vanishing.isEmpty()) {
                 m_audit.expectLoss(next->vanishing);
             }

@@ -20,7 +20,7 @@ constexpr int kCycles = 25;
 /// Asks for another number of cycles: 200 take half a minute.
 constexpr char kCyclesVariable[] = "SNIFFER_RESTARTS";
 /// The heap's own ups and downs are less than half of this.
-constexpr qint64 kHeapLimit = 10 * 1024;
+constexpr qint64 kHeapLimit = 10240;
 
 enum class Ending
 {

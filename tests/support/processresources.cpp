@@ -3,11 +3,13 @@
 #include <QDir>
 #include <QFile>
 
+#include <cstddef>
 #include <malloc.h>
 #include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// Part of the sanitizer's runtime, whose headers not every compiler brings.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace {
@@ -19,7 +21,7 @@ qint64 heapInUse()
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 info = mallinfo2();
-    return static_cast<qint64>(info.uordblks + info.hblkhd);
+    return static_cast<qint64>(info.uordblks) + static_cast<qint64>(info.hblkhd);
 #endif
 }
 
