@@ -2,9 +2,11 @@
 //   records   status answers on the wire that the window has not taken, at the end
 //   queue     how much later a posted event arrives at the end of the run than at its begin, in ms
 //   block     the longest time that the GUI thread did not get to its events, in ms
+//   export    the same while the settings of all LDBs are exported
 // Ends with status 1 when a figure is out of its bounds.
 #include "app/applicationsettings.h"
 #include "app/mainwindow.h"
+#include "app/settingstransfer.h"
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "serial/serialcommand.h"
@@ -223,6 +225,25 @@ void hangUp(std::unique_ptr<Installation>& installation, const QPushButton& star
     }
 }
 
+/// The longest block while the window exports all settings.
+double exportBlockMs(const QWidget& window, const QString& path)
+{
+    auto* transfer = window.findChild<SettingsTransfer*>();
+    QEventLoop loop;
+    QObject::connect(transfer, &SettingsTransfer::statusChanged, &loop,
+                     [&loop](SettingsTransfer::Status status) {
+                         if (status == SettingsTransfer::Status::ExportFinished) {
+                             loop.quit();
+                         } else if (status != SettingsTransfer::Status::ExportStarted) {
+                             qFatal("the export has failed");
+                         }
+                     });
+    const GapWatch gaps;
+    transfer->exportTo(path);
+    loop.exec();
+    return gaps.longestMs();
+}
+
 bool benchWindow()
 {
     const QTemporaryDir folder;
@@ -263,6 +284,7 @@ bool benchWindow()
                     (threadCpuMs() - cpuBefore) / kRunMs * 100, gaps.looks(), blockMs,
                     gaps.longestCpuMs());
     }
+    const double exportMs = exportBlockMs(window, folder.filePath(QStringLiteral("export.csv")));
     hangUp(installation, *startButton);
 
     const QStringList answered = answeredLdbs(journalPath);
@@ -276,6 +298,7 @@ bool benchWindow()
     good = report("records", answered.size() - logged.size(), kMissingLimit, Bound::AtMost) && good;
     good = report("queue", lastMs - firstMs, kQueueGrowthLimitMs, Bound::AtMost) && good;
     good = report("block", blockMs, kBlockLimitMs, Bound::AtMost) && good;
+    good = report("export", exportMs, kBlockLimitMs, Bound::AtMost) && good;
     return good;
 }
 
