@@ -52,7 +52,7 @@ public:
     /// The wait is over: the answer held, or nothing after a burst.
     std::optional<QByteArray> endWait()
     {
-        const auto held = m_state == State::Holding ? std::make_optional(m_held) : std::nullopt;
+        auto held = m_state == State::Holding ? std::make_optional(m_held) : std::nullopt;
         clear();
         return held;
     }
