@@ -155,11 +155,12 @@ void Soak::liveHour(int hour)
     const int begin = m_audit.findings().exchanges;
     const std::vector<BadDay::Event> events = m_day.nextHour();
     auto next = events.begin();
-    const auto part = [&] {
+    const auto partDone = [this, begin] {
         return static_cast<double>(m_audit.findings().exchanges - begin) / m_exchangesAnHour;
     };
-    while (part() < 1) {
-        for (; next != events.end() && next->at <= part(); ++next) {
+    while (partDone() < 1) {
+        const double part = partDone();
+        for (; next != events.end() && next->at <= part; ++next) {
             if (!next->vanishing.isEmpty()) {
                 m_audit.expectLoss(next->vanishing);
             }

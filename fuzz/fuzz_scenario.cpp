@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr qint64 kSimulated = 5 * 60 * 1000; // ms
-constexpr std::size_t kMaxBoards = 6;        // simulated: all of them would be slow
+constexpr qint64 kSimulated = 300000; // ms
+constexpr std::size_t kMaxBoards = 6; // simulated: all of them would be slow
 constexpr std::size_t kMaxEvents = 24;
 constexpr qint64 kShortestState = 100; // ms
 constexpr qint64 kShortestRepetition = 1000;
