@@ -32,7 +32,7 @@
 
 namespace {
 
-constexpr double kDroppedLimit = 1;
+constexpr double kDroppedLimit = 0.02;
 constexpr double kHeapLimitMb = 1;
 constexpr double kResidentLimitMb = 8;
 
