@@ -38,7 +38,7 @@ done
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
     echo "run.sh: there is no display to open the window on (DISPLAY and WAYLAND_DISPLAY are not" \
-        "set). Run it from a desktop session." >&2
+        "set). Run it from a desktop." >&2
     exit 1
 fi
 

@@ -50,8 +50,9 @@ void MessageBox::refresh()
 bool MessageBox::event(QEvent* event)
 {
     const bool handled = QMessageBox::event(event);
-    // The base class fits its size to its texts at these events.
+    // The base class fits its size to its texts at these events, on lines as long as they come.
     if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) {
+        wrapTexts();
         setFixedSize(kBoxSize);
     }
     return handled;
@@ -76,6 +77,16 @@ void MessageBox::takeTextsOut()
     m_scrollArea = nullptr;
 }
 
+void MessageBox::wrapTexts()
+{
+    for (const QString& name : {kTextLabel, kDetailsLabel}) {
+        auto* label = findChild<QLabel*>(name);
+        if (label != nullptr && !label->wordWrap()) {
+            label->setWordWrap(true);
+        }
+    }
+}
+
 void MessageBox::makeTextsScrollable()
 {
     auto* grid = qobject_cast<QGridLayout*>(layout());
@@ -88,11 +99,11 @@ void MessageBox::makeTextsScrollable()
     for (const QString& name : {kTextLabel, kDetailsLabel}) {
         if (auto* label = findChild<QLabel*>(name)) {
             grid->removeWidget(label);
-            label->setWordWrap(true);
             lines->addWidget(label);
         }
     }
     lines->addStretch();
+    wrapTexts();
 
     m_scrollArea = new QScrollArea(this);
     m_scrollArea->setFrameShape(QFrame::NoFrame);

@@ -36,6 +36,7 @@ protected:
 private:
     void takeTextsOut();
     void makeTextsScrollable();
+    void wrapTexts();
 
     std::function<BoxText()> m_compose;
     QScrollArea* m_scrollArea = nullptr;

@@ -110,7 +110,8 @@ void FimTracking::initPlot()
     m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
 }
 
-/// Dark on light whatever the desktop's colours: the window is read from a distance.
+/// Dark on light whatever the desktop's colours: the window is read from a distance. What stands on
+/// its ground has its colour from the form's style sheet, under which no palette is handed down.
 void FimTracking::initPalette()
 {
     QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));

@@ -209,7 +209,11 @@ bool Plot::addData(int curveNumber, double value, double timeMsSinceEpoch)
     if (!isTimeUsable || !m_history.hasCurve(curveNumber)) {
         return false;
     }
+    const bool isFirst = m_history.isEmpty();
     const int dropped = m_history.add(curveNumber, value, timeMsSinceEpoch);
+    if (isFirst && !m_viewHeld) {
+        restoreAxisScale();
+    }
     if (dropped > 0) {
         qWarning("Plot: the clock was set back, %d later samples are no longer shown", dropped);
     }
@@ -343,7 +347,8 @@ void Plot::showNewestWindow()
 void Plot::applyAxisSetting(QwtPlot::Axis axis)
 {
     const AxisSetting& setting = m_axisSettings.at(axis);
-    if (setting.autoScale) {
+    // Of nothing the plot would make a scale of its own, and a wide one.
+    if (setting.autoScale && !m_history.isEmpty()) {
         m_plot->setAxisAutoScale(axis, true);
     } else {
         m_plot->setAxisScale(axis, setting.minimum, setting.maximum, setting.step);

@@ -61,7 +61,8 @@ public slots:
     void setLegendVisible(bool visible);
 
     /// Scaling of a Y axis by its visible curves over the shown time (the default) or by the stored
-    /// numbers. The time axis is not the caller's to scale.
+    /// numbers, which also hold while there are no samples. The time axis is not the caller's to
+    /// scale.
     void setAxisScale(QwtPlot::Axis axis, bool autoScale);
     void setAxisScale(QwtPlot::Axis axis, double min, double max, double stepSize);
 

@@ -7,6 +7,9 @@
 namespace {
 
 constexpr double kRawPerMilliampere = 100.0;
+// What the axis shows before the first sample, in mA.
+constexpr double kEmptyMaximum = 30.0;
+constexpr double kEmptyStep = 10.0;
 
 /// Dark enough to be read on the panel's white.
 QString endColour(SideEnd end)
@@ -30,6 +33,8 @@ SidePanel::SidePanel(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->plot->setAxisTitle(QwtPlot::yLeft, tr("mA"));
+    m_ui->plot->setAxisScale(QwtPlot::yLeft, 0.0, kEmptyMaximum, kEmptyStep);
+    m_ui->plot->setAxisScale(QwtPlot::yLeft, true);
     reset();
 }
 

@@ -408,8 +408,8 @@ Le son de ce LDB reste coupé.</translation>
         <translation>Copie le rapport de l&apos;exécution terminée sous forme de texte</translation>
     </message>
     <message>
-        <source>Copy Report</source>
-        <translation>Copier le rapport</translation>
+        <source>&amp;Copy Report</source>
+        <translation>&amp;Copier le rapport</translation>
     </message>
     <message>
         <source>Zoom In</source>
@@ -620,7 +620,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Short(memory)</source>
-        <translation>Court-circuit(mémoire)</translation>
+        <translation>Court-circuit(mém.)</translation>
     </message>
 </context>
 <context>
@@ -689,20 +689,20 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>ID du firmware&#xa0;:</translation>
     </message>
     <message>
-        <source>Name:</source>
-        <translation>Nom&#xa0;:</translation>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
-        <source>Number of FIM&apos;s:</source>
-        <translation>Nombre de FIM&#xa0;:</translation>
+        <source>Nu&amp;mber of FIM&apos;s:</source>
+        <translation>N&amp;ombre de FIM&#xa0;:</translation>
     </message>
     <message>
         <source>Enable Open Detection</source>
         <translation>Activer la détection de coupure</translation>
     </message>
     <message>
-        <source>Open Detection Delay:</source>
-        <translation>Délai de détection de coupure&#xa0;:</translation>
+        <source>Open Detection Dela&amp;y:</source>
+        <translation>&amp;Délai de détection de coupure&#xa0;:</translation>
     </message>
     <message>
         <source>Enable General Fault Output</source>
@@ -718,7 +718,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Start in Service Mode</source>
-        <translation>Démarrer en mode service</translation>
+        <translation>Démarrer en mode maintenance</translation>
     </message>
     <message>
         <source>Enable Amplifier Detection</source>
@@ -729,20 +729,20 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Audio coupé</translation>
     </message>
     <message>
-        <source>Save</source>
-        <translation>Enregistrer</translation>
+        <source>S&amp;ave</source>
+        <translation>Enre&amp;gistrer</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Annuler</translation>
+        <source>Und&amp;o</source>
+        <translation>&amp;Annuler</translation>
     </message>
     <message>
-        <source>Default</source>
-        <translation>Par défaut</translation>
+        <source>Defa&amp;ult</source>
+        <translation>&amp;Par défaut</translation>
     </message>
     <message>
         <source>The settings of LDB %1 are saved.</source>
-        <translation>Les réglages de la LDB %1 sont enregistrés.</translation>
+        <translation>Les réglages du LDB %1 sont enregistrés.</translation>
     </message>
     <message numerus="yes">
         <source>The name does not fit into %n byte(s).</source>
@@ -753,19 +753,19 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Saving the settings of LDB %1</source>
-        <translation>Enregistrement des réglages de la LDB %1</translation>
+        <translation>Enregistrement des réglages du LDB %1</translation>
     </message>
     <message>
         <source>Changed. The LDB has: %1</source>
-        <translation>Modifié. La LDB a&#xa0;: %1</translation>
+        <translation>Modifié. Le LDB a&#xa0;: %1</translation>
     </message>
     <message>
         <source>No LDB selected</source>
-        <translation>Aucune LDB sélectionnée</translation>
+        <translation>Aucun LDB sélectionné</translation>
     </message>
     <message>
         <source>Waiting for the settings of LDB %1</source>
-        <translation>En attente des réglages de la LDB %1</translation>
+        <translation>En attente des réglages du LDB %1</translation>
     </message>
     <message numerus="yes">
         <source>%n unsaved change(s), in bold</source>
@@ -815,7 +815,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Start in Service Mode</source>
-        <translation>Démarrer en mode service</translation>
+        <translation>Démarrer en mode maintenance</translation>
     </message>
     <message>
         <source>Amplifier Detection</source>
@@ -827,7 +827,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>fault output, detection and service mode switches</source>
-        <translation>commutateurs de sortie de défaut, de détection et de mode service</translation>
+        <translation>commutateurs de sortie de défaut, de détection et de mode maintenance</translation>
     </message>
 </context>
 <context>
@@ -858,7 +858,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>the LDB reports other values than written: %1</source>
-        <translation>la LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
+        <translation>le LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
     </message>
     <message>
         <source>not written: %1</source>
@@ -889,27 +889,27 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Fim reset executing</source>
-        <translation>Réinitialisation Fim en cours</translation>
+        <translation>Réinit. Fim en cours</translation>
     </message>
     <message>
         <source>Fim reset failed</source>
-        <translation>Échec de la réinitialisation Fim</translation>
+        <translation>Échec réinit. Fim</translation>
     </message>
     <message>
         <source>Fim reset done</source>
-        <translation>Réinitialisation Fim terminée</translation>
+        <translation>Réinit. Fim terminée</translation>
     </message>
     <message>
         <source>Factory reset executing</source>
-        <translation>Réinitialisation d&apos;usine en cours</translation>
+        <translation>Réinit. usine en cours</translation>
     </message>
     <message>
         <source>Factory reset failed</source>
-        <translation>Échec de la réinitialisation d&apos;usine</translation>
+        <translation>Échec réinit. usine</translation>
     </message>
     <message>
         <source>Factory reset done</source>
-        <translation>Réinitialisation d&apos;usine terminée</translation>
+        <translation>Réinit. usine terminée</translation>
     </message>
     <message>
         <source>Check Settings</source>
@@ -933,7 +933,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Open(memory)</source>
-        <translation>Ouvert(mémoire)</translation>
+        <translation>Ouvert(mém.)</translation>
     </message>
     <message>
         <source>Short</source>
@@ -941,19 +941,19 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Short + Open(memory)</source>
-        <translation>Court-circuit + Ouvert(mémoire)</translation>
+        <translation>Court-circuit + Ouvert(mém.)</translation>
     </message>
     <message>
         <source>Short(memory)</source>
-        <translation>Court-circuit(mémoire)</translation>
+        <translation>Court-circuit(mém.)</translation>
     </message>
     <message>
         <source>Short(memory) + Open</source>
-        <translation>Court-circuit(mémoire) + Ouvert</translation>
+        <translation>Court-circuit(mém.) + Ouvert</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory)</source>
-        <translation>Court-circuit(mémoire) + Ouvert(mémoire)</translation>
+        <translation>Court-circuit(mém.) + Ouvert(mém.)</translation>
     </message>
     <message>
         <source>DC Leakage</source>
@@ -965,7 +965,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Open(memory) + DC Leakage</source>
-        <translation>Ouvert(mémoire) + Fuite CC</translation>
+        <translation>Ouvert(mém.) + Fuite CC</translation>
     </message>
     <message>
         <source>Short + DC Leakage</source>
@@ -973,51 +973,51 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Short + Open(memory) + DC Leakage</source>
-        <translation>Court-circuit + Ouvert(mémoire) + Fuite CC</translation>
+        <translation>Court-circuit + Ouvert(mém.) + Fuite CC</translation>
     </message>
     <message>
         <source>Short(memory) + DC Leakage</source>
-        <translation>Court-circuit(mémoire) + Fuite CC</translation>
+        <translation>Court-circuit(mém.) + Fuite CC</translation>
     </message>
     <message>
         <source>Short(memory) + Open + DC Leakage</source>
-        <translation>Court-circuit(mémoire) + Ouvert + Fuite CC</translation>
+        <translation>Court-circuit(mém.) + Ouvert + Fuite CC</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory) + DC Leakage</source>
-        <translation>Court-circuit(mémoire) + Ouvert(mémoire) + Fuite CC</translation>
+        <translation>Court-circuit(mém.) + Ouvert(mém.) + Fuite CC</translation>
     </message>
     <message>
         <source>DC Leakage(memory)</source>
-        <translation>Fuite CC(mémoire)</translation>
+        <translation>Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Open + DC Leakage(memory)</source>
-        <translation>Ouvert + Fuite CC(mémoire)</translation>
+        <translation>Ouvert + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Open(memory) + DC Leakage(memory)</source>
-        <translation>Ouvert(mémoire) + Fuite CC(mémoire)</translation>
+        <translation>Ouvert(mém.) + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Short + DC Leakage(memory)</source>
-        <translation>Court-circuit + Fuite CC(mémoire)</translation>
+        <translation>Court-circuit + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Short + Open(memory) + DC Leakage(memory)</source>
-        <translation>Court-circuit + Ouvert(mémoire) + Fuite CC(mémoire)</translation>
+        <translation>Court-circuit + Ouvert(mém.) + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Short(memory) + DC Leakage(memory)</source>
-        <translation>Court-circuit(mémoire) + Fuite CC(mémoire)</translation>
+        <translation>Court-circuit(mém.) + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Short(memory)+ Open + DC Leakage(memory)</source>
-        <translation>Court-circuit(mémoire)+ Ouvert + Fuite CC(mémoire)</translation>
+        <translation>Court-circuit(mém.)+ Ouvert + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory) + DC Leakage(memory)</source>
-        <translation>Court-circuit(mémoire) + Ouvert(mémoire) + Fuite CC(mémoire)</translation>
+        <translation>Court-circuit(mém.) + Ouvert(mém.) + Fuite CC(mém.)</translation>
     </message>
     <message>
         <source>Leakage</source>
@@ -1029,19 +1029,19 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Leakage + Open(memory)</source>
-        <translation>Fuite + Ouvert(mémoire)</translation>
+        <translation>Fuite + Ouvert(mém.)</translation>
     </message>
     <message>
         <source>Leakage(memory)</source>
-        <translation>Fuite(mémoire)</translation>
+        <translation>Fuite(mém.)</translation>
     </message>
     <message>
         <source>Leakage(memory) + Open</source>
-        <translation>Fuite(mémoire) + Ouvert</translation>
+        <translation>Fuite(mém.) + Ouvert</translation>
     </message>
     <message>
         <source>Leakage(memory) + Open(memory)</source>
-        <translation>Fuite(mémoire) + Ouvert(mémoire)</translation>
+        <translation>Fuite(mém.) + Ouvert(mém.)</translation>
     </message>
     <message>
         <source>Polling</source>
@@ -1109,32 +1109,36 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Rechercher à nouveau les LDB sur le bus</translation>
     </message>
     <message>
-        <source>Reload Devices</source>
-        <translation>Recharger les appareils</translation>
+        <source>&amp;Reload Devices</source>
+        <translation>&amp;Recharger les appareils</translation>
     </message>
     <message>
         <source>Write the settings of all LDBs to a file</source>
         <translation>Écrire les paramètres de tous les LDB dans un fichier</translation>
     </message>
     <message>
-        <source>Export Settings</source>
-        <translation>Exporter les paramètres</translation>
+        <source>&amp;Export Settings</source>
+        <translation>&amp;Exporter les paramètres</translation>
     </message>
     <message>
         <source>Write the settings in a file to the LDBs</source>
         <translation>Écrire les paramètres d&apos;un fichier dans les LDB</translation>
     </message>
     <message>
-        <source>Import Settings</source>
-        <translation>Importer les paramètres</translation>
+        <source>&amp;Import Settings</source>
+        <translation>&amp;Importer les paramètres</translation>
     </message>
     <message>
-        <source>Status</source>
-        <translation>État</translation>
+        <source>&amp;Status</source>
+        <translation>É&amp;tat</translation>
     </message>
     <message>
         <source>OPEN/SHORT/LEAK</source>
         <translation>COUPURE/COURT-CIRCUIT/FUITE</translation>
+    </message>
+    <message>
+        <source>&amp;OPEN/SHORT/LEAK</source>
+        <translation>&amp;COUPURE/COURT-CIRCUIT/FUITE</translation>
     </message>
     <message>
         <source>LDBs with a loop or amplifier fault</source>
@@ -1145,6 +1149,10 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>MODE MAINTENANCE</translation>
     </message>
     <message>
+        <source>SERVICE &amp;MODE</source>
+        <translation>M&amp;ODE MAINTENANCE</translation>
+    </message>
+    <message>
         <source>LDBs in service mode</source>
         <translation>LDB en mode maintenance</translation>
     </message>
@@ -1153,40 +1161,48 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>DÉFAUT DE TERRE</translation>
     </message>
     <message>
+        <source>E&amp;ARTH FAULT</source>
+        <translation>&amp;DÉFAUT DE TERRE</translation>
+    </message>
+    <message>
         <source>LDBs with an earth fault</source>
         <translation>LDB avec un défaut de terre</translation>
     </message>
     <message>
-        <source>SETTINGS</source>
-        <translation>PARAMÈTRES</translation>
+        <source>SETTIN&amp;GS</source>
+        <translation>&amp;PARAMÈTRES</translation>
     </message>
     <message>
         <source>LDBs whose settings need a check</source>
         <translation>LDB dont les paramètres sont à vérifier</translation>
     </message>
     <message>
-        <source>LDB Settings</source>
-        <translation>Paramètres LDB</translation>
+        <source>L&amp;DB Settings</source>
+        <translation>Paramètres &amp;LDB</translation>
     </message>
     <message>
         <source>Log to File</source>
         <translation>Journal</translation>
     </message>
     <message>
+        <source>&amp;Log to File</source>
+        <translation>&amp;Journal</translation>
+    </message>
+    <message>
         <source>Log file</source>
         <translation>Fichier journal</translation>
     </message>
     <message>
-        <source>Browse...</source>
-        <translation>Parcourir...</translation>
+        <source>Bro&amp;wse...</source>
+        <translation>&amp;Parcourir...</translation>
     </message>
     <message>
         <source>Choose the log file</source>
         <translation>Choisir le fichier journal</translation>
     </message>
     <message>
-        <source>Log Every</source>
-        <translation>Enregistrer toutes les</translation>
+        <source>Log Ever&amp;y</source>
+        <translation>É&amp;crire toutes les</translation>
     </message>
     <message>
         <source>Seconds between two records of an LDB; at 0 every record is written</source>
@@ -1201,16 +1217,16 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Enregistrer uniquement le LDB coché</translation>
     </message>
     <message>
-        <source>Selected</source>
-        <translation>Sélectionné</translation>
+        <source>Sele&amp;cted</source>
+        <translation>Sélecti&amp;onné</translation>
     </message>
     <message>
         <source>Log all LDBs</source>
         <translation>Enregistrer tous les LDB</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>Tous</translation>
+        <source>&amp;All</source>
+        <translation>To&amp;us</translation>
     </message>
     <message>
         <source>Start or stop writing the log file</source>
@@ -1231,6 +1247,12 @@ Reset</source>
 FIM</translation>
     </message>
     <message>
+        <source>&amp;FIM
+Reset</source>
+        <translation>Réinit.
+&amp;FIM</translation>
+    </message>
+    <message>
         <source>Reset the FIMs of the ticked LDB</source>
         <translation>Réinitialiser les FIM du LDB coché</translation>
     </message>
@@ -1243,6 +1265,12 @@ FIM</translation>
 Reset</source>
         <translation>Réinit.
 LDB</translation>
+    </message>
+    <message>
+        <source>LD&amp;B
+Reset</source>
+        <translation>Réinit.
+LD&amp;B</translation>
     </message>
     <message>
         <source>Restart the ticked LDB</source>
@@ -1259,6 +1287,12 @@ Mode</source>
 maintenance</translation>
     </message>
     <message>
+        <source>Ser&amp;vice
+Mode</source>
+        <translation>&amp;Mode
+maintenance</translation>
+    </message>
+    <message>
         <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
         <translation>Mettre le LDB coché en mode maintenance&#xa0;; une réinitialisation du LDB y met fin</translation>
     </message>
@@ -1268,8 +1302,8 @@ maintenance</translation>
     </message>
     <message>
         <source>FIM
-Tracking</source>
-        <translation>Suivi
+&amp;Tracking</source>
+        <translation>&amp;Suivi
 FIM</translation>
     </message>
     <message>
@@ -1422,16 +1456,16 @@ FIM</translation>
         <translation>Manuel</translation>
     </message>
     <message>
-        <source>Contents</source>
-        <translation>Sommaire</translation>
+        <source>&amp;Contents</source>
+        <translation>&amp;Sommaire</translation>
     </message>
     <message>
-        <source>Back</source>
-        <translation>Précédent</translation>
+        <source>&amp;Back</source>
+        <translation>&amp;Précédent</translation>
     </message>
     <message>
-        <source>Forward</source>
-        <translation>Suivant</translation>
+        <source>&amp;Forward</source>
+        <translation>Sui&amp;vant</translation>
     </message>
 </context>
 <context>
@@ -1569,20 +1603,24 @@ FIM</translation>
         <translation>Port série</translation>
     </message>
     <message>
-        <source>Language:</source>
-        <translation>Langue&#xa0;:</translation>
+        <source>Serial &amp;Port</source>
+        <translation>&amp;Port série</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
         <source>Sounds</source>
         <translation>Sons</translation>
     </message>
     <message>
-        <source>Enable Sound Warnings</source>
-        <translation>Activer les avertissements sonores</translation>
+        <source>Enable &amp;Sound Warnings</source>
+        <translation>Activer les avertissements &amp;sonores</translation>
     </message>
     <message>
-        <source>About</source>
-        <translation>À propos</translation>
+        <source>&amp;About</source>
+        <translation>À p&amp;ropos</translation>
     </message>
     <message>
         <source>OK</source>

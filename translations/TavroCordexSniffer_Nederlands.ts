@@ -408,8 +408,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Kopieert het rapport van de voltooide run als tekst</translation>
     </message>
     <message>
-        <source>Copy Report</source>
-        <translation>Rapport kopiëren</translation>
+        <source>&amp;Copy Report</source>
+        <translation>Rapport &amp;kopiëren</translation>
     </message>
     <message>
         <source>Zoom In</source>
@@ -620,7 +620,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Short(memory)</source>
-        <translation>Kortsluiting(geheugen)</translation>
+        <translation>Kortsluiting(geh.)</translation>
     </message>
 </context>
 <context>
@@ -689,20 +689,20 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Firmware-ID:</translation>
     </message>
     <message>
-        <source>Name:</source>
-        <translation>Naam:</translation>
+        <source>&amp;Name:</source>
+        <translation>&amp;Naam:</translation>
     </message>
     <message>
-        <source>Number of FIM&apos;s:</source>
-        <translation>Aantal FIM&apos;s:</translation>
+        <source>Nu&amp;mber of FIM&apos;s:</source>
+        <translation>Aantal FI&amp;M&apos;s:</translation>
     </message>
     <message>
         <source>Enable Open Detection</source>
         <translation>Onderbrekingsdetectie inschakelen</translation>
     </message>
     <message>
-        <source>Open Detection Delay:</source>
-        <translation>Vertraging onderbrekingsdetectie:</translation>
+        <source>Open Detection Dela&amp;y:</source>
+        <translation>Ve&amp;rtraging onderbreking:</translation>
     </message>
     <message>
         <source>Enable General Fault Output</source>
@@ -714,7 +714,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Enable Earth Wire Open Detection</source>
-        <translation>Detectie onderbroken aarddraad inschakelen</translation>
+        <translation>Detectie aarddraadbreuk inschakelen</translation>
     </message>
     <message>
         <source>Start in Service Mode</source>
@@ -729,16 +729,16 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Audio dempen</translation>
     </message>
     <message>
-        <source>Save</source>
-        <translation>Opslaan</translation>
+        <source>S&amp;ave</source>
+        <translation>O&amp;pslaan</translation>
     </message>
     <message>
-        <source>Undo</source>
-        <translation>Ongedaan maken</translation>
+        <source>Und&amp;o</source>
+        <translation>&amp;Ongedaan maken</translation>
     </message>
     <message>
-        <source>Default</source>
-        <translation>Standaard</translation>
+        <source>Defa&amp;ult</source>
+        <translation>Stan&amp;daard</translation>
     </message>
     <message>
         <source>The settings of LDB %1 are saved.</source>
@@ -933,7 +933,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Open(memory)</source>
-        <translation>Open(geheugen)</translation>
+        <translation>Open(geh.)</translation>
     </message>
     <message>
         <source>Short</source>
@@ -941,19 +941,19 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Short + Open(memory)</source>
-        <translation>Kortsluiting + Open(geheugen)</translation>
+        <translation>Kortsluiting + Open(geh.)</translation>
     </message>
     <message>
         <source>Short(memory)</source>
-        <translation>Kortsluiting(geheugen)</translation>
+        <translation>Kortsluiting(geh.)</translation>
     </message>
     <message>
         <source>Short(memory) + Open</source>
-        <translation>Kortsluiting(geheugen) + Open</translation>
+        <translation>Kortsluiting(geh.) + Open</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory)</source>
-        <translation>Kortsluiting(geheugen) + Open(geheugen)</translation>
+        <translation>Kortsluiting(geh.) + Open(geh.)</translation>
     </message>
     <message>
         <source>DC Leakage</source>
@@ -965,7 +965,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Open(memory) + DC Leakage</source>
-        <translation>Open(geheugen) + DC-lek</translation>
+        <translation>Open(geh.) + DC-lek</translation>
     </message>
     <message>
         <source>Short + DC Leakage</source>
@@ -973,51 +973,51 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Short + Open(memory) + DC Leakage</source>
-        <translation>Kortsluiting + Open(geheugen) + DC-lek</translation>
+        <translation>Kortsluiting + Open(geh.) + DC-lek</translation>
     </message>
     <message>
         <source>Short(memory) + DC Leakage</source>
-        <translation>Kortsluiting(geheugen) + DC-lek</translation>
+        <translation>Kortsluiting(geh.) + DC-lek</translation>
     </message>
     <message>
         <source>Short(memory) + Open + DC Leakage</source>
-        <translation>Kortsluiting(geheugen) + Open + DC-lek</translation>
+        <translation>Kortsluiting(geh.) + Open + DC-lek</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory) + DC Leakage</source>
-        <translation>Kortsluiting(geheugen) + Open(geheugen) + DC-lek</translation>
+        <translation>Kortsluiting(geh.) + Open(geh.) + DC-lek</translation>
     </message>
     <message>
         <source>DC Leakage(memory)</source>
-        <translation>DC-lek(geheugen)</translation>
+        <translation>DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Open + DC Leakage(memory)</source>
-        <translation>Open + DC-lek(geheugen)</translation>
+        <translation>Open + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Open(memory) + DC Leakage(memory)</source>
-        <translation>Open(geheugen) + DC-lek(geheugen)</translation>
+        <translation>Open(geh.) + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Short + DC Leakage(memory)</source>
-        <translation>Kortsluiting + DC-lek(geheugen)</translation>
+        <translation>Kortsluiting + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Short + Open(memory) + DC Leakage(memory)</source>
-        <translation>Kortsluiting + Open(geheugen) + DC-lek(geheugen)</translation>
+        <translation>Kortsluiting + Open(geh.) + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Short(memory) + DC Leakage(memory)</source>
-        <translation>Kortsluiting(geheugen) + DC-lek(geheugen)</translation>
+        <translation>Kortsluiting(geh.) + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Short(memory)+ Open + DC Leakage(memory)</source>
-        <translation>Kortsluiting(geheugen)+ Open + DC-lek(geheugen)</translation>
+        <translation>Kortsluiting(geh.)+ Open + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Short(memory) + Open(memory) + DC Leakage(memory)</source>
-        <translation>Kortsluiting(geheugen) + Open(geheugen) + DC-lek(geheugen)</translation>
+        <translation>Kortsluiting(geh.) + Open(geh.) + DC-lek(geh.)</translation>
     </message>
     <message>
         <source>Leakage</source>
@@ -1029,19 +1029,19 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Leakage + Open(memory)</source>
-        <translation>Lek + Open(geheugen)</translation>
+        <translation>Lek + Open(geh.)</translation>
     </message>
     <message>
         <source>Leakage(memory)</source>
-        <translation>Lek(geheugen)</translation>
+        <translation>Lek(geh.)</translation>
     </message>
     <message>
         <source>Leakage(memory) + Open</source>
-        <translation>Lek(geheugen) + Open</translation>
+        <translation>Lek(geh.) + Open</translation>
     </message>
     <message>
         <source>Leakage(memory) + Open(memory)</source>
-        <translation>Lek(geheugen) + Open(geheugen)</translation>
+        <translation>Lek(geh.) + Open(geh.)</translation>
     </message>
     <message>
         <source>Polling</source>
@@ -1049,7 +1049,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Reconnected</source>
-        <translation>Opnieuw verbonden</translation>
+        <translation>Weer verbonden</translation>
     </message>
     <message>
         <source>Not Supported</source>
@@ -1109,32 +1109,36 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Doorzoek de bus opnieuw naar LDB&apos;s</translation>
     </message>
     <message>
-        <source>Reload Devices</source>
-        <translation>Apparaten herladen</translation>
+        <source>&amp;Reload Devices</source>
+        <translation>Apparaten &amp;herladen</translation>
     </message>
     <message>
         <source>Write the settings of all LDBs to a file</source>
         <translation>Schrijf de instellingen van alle LDB&apos;s naar een bestand</translation>
     </message>
     <message>
-        <source>Export Settings</source>
-        <translation>Instellingen exporteren</translation>
+        <source>&amp;Export Settings</source>
+        <translation>Instellingen &amp;exporteren</translation>
     </message>
     <message>
         <source>Write the settings in a file to the LDBs</source>
         <translation>Schrijf de instellingen uit een bestand naar de LDB&apos;s</translation>
     </message>
     <message>
-        <source>Import Settings</source>
-        <translation>Instellingen importeren</translation>
+        <source>&amp;Import Settings</source>
+        <translation>Instellingen &amp;importeren</translation>
     </message>
     <message>
-        <source>Status</source>
-        <translation>Status</translation>
+        <source>&amp;Status</source>
+        <translation>&amp;Status</translation>
     </message>
     <message>
         <source>OPEN/SHORT/LEAK</source>
         <translation>OPEN/KORTSLUITING/LEK</translation>
+    </message>
+    <message>
+        <source>&amp;OPEN/SHORT/LEAK</source>
+        <translation>&amp;OPEN/KORTSLUITING/LEK</translation>
     </message>
     <message>
         <source>LDBs with a loop or amplifier fault</source>
@@ -1145,6 +1149,10 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>SERVICEMODUS</translation>
     </message>
     <message>
+        <source>SERVICE &amp;MODE</source>
+        <translation>SERVICE&amp;MODUS</translation>
+    </message>
+    <message>
         <source>LDBs in service mode</source>
         <translation>LDB&apos;s in servicemodus</translation>
     </message>
@@ -1153,40 +1161,48 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>AARDFOUT</translation>
     </message>
     <message>
+        <source>E&amp;ARTH FAULT</source>
+        <translation>AA&amp;RDFOUT</translation>
+    </message>
+    <message>
         <source>LDBs with an earth fault</source>
         <translation>LDB&apos;s met een aardfout</translation>
     </message>
     <message>
-        <source>SETTINGS</source>
-        <translation>INSTELLINGEN</translation>
+        <source>SETTIN&amp;GS</source>
+        <translation>I&amp;NSTELLINGEN</translation>
     </message>
     <message>
         <source>LDBs whose settings need a check</source>
         <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden</translation>
     </message>
     <message>
-        <source>LDB Settings</source>
-        <translation>LDB-instellingen</translation>
+        <source>L&amp;DB Settings</source>
+        <translation>&amp;LDB-instellingen</translation>
     </message>
     <message>
         <source>Log to File</source>
         <translation>Logbestand</translation>
     </message>
     <message>
+        <source>&amp;Log to File</source>
+        <translation>Lo&amp;gbestand</translation>
+    </message>
+    <message>
         <source>Log file</source>
         <translation>Logbestand</translation>
     </message>
     <message>
-        <source>Browse...</source>
-        <translation>Bladeren...</translation>
+        <source>Bro&amp;wse...</source>
+        <translation>Bla&amp;deren...</translation>
     </message>
     <message>
         <source>Choose the log file</source>
         <translation>Logbestand kiezen</translation>
     </message>
     <message>
-        <source>Log Every</source>
-        <translation>Log elke</translation>
+        <source>Log Ever&amp;y</source>
+        <translation>Log el&amp;ke</translation>
     </message>
     <message>
         <source>Seconds between two records of an LDB; at 0 every record is written</source>
@@ -1201,16 +1217,16 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Alleen de aangevinkte LDB loggen</translation>
     </message>
     <message>
-        <source>Selected</source>
-        <translation>Geselecteerd</translation>
+        <source>Sele&amp;cted</source>
+        <translation>Gesele&amp;cteerd</translation>
     </message>
     <message>
         <source>Log all LDBs</source>
         <translation>Alle LDB&apos;s loggen</translation>
     </message>
     <message>
-        <source>All</source>
-        <translation>Alle</translation>
+        <source>&amp;All</source>
+        <translation>&amp;Alle</translation>
     </message>
     <message>
         <source>Start or stop writing the log file</source>
@@ -1231,6 +1247,12 @@ Reset</source>
 reset</translation>
     </message>
     <message>
+        <source>&amp;FIM
+Reset</source>
+        <translation>&amp;FIM-
+reset</translation>
+    </message>
+    <message>
         <source>Reset the FIMs of the ticked LDB</source>
         <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
     </message>
@@ -1242,6 +1264,12 @@ reset</translation>
         <source>LDB
 Reset</source>
         <translation>LDB-
+reset</translation>
+    </message>
+    <message>
+        <source>LD&amp;B
+Reset</source>
+        <translation>LD&amp;B-
 reset</translation>
     </message>
     <message>
@@ -1259,6 +1287,12 @@ Mode</source>
 modus</translation>
     </message>
     <message>
+        <source>Ser&amp;vice
+Mode</source>
+        <translation>Ser&amp;vice-
+modus</translation>
+    </message>
+    <message>
         <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
         <translation>Zet de aangevinkte LDB in servicemodus; een LDB-reset beëindigt die</translation>
     </message>
@@ -1268,9 +1302,9 @@ modus</translation>
     </message>
     <message>
         <source>FIM
-Tracking</source>
+&amp;Tracking</source>
         <translation>FIM-
-tracking</translation>
+&amp;tracking</translation>
     </message>
     <message>
         <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
@@ -1422,16 +1456,16 @@ tracking</translation>
         <translation>Handleiding</translation>
     </message>
     <message>
-        <source>Contents</source>
-        <translation>Inhoud</translation>
+        <source>&amp;Contents</source>
+        <translation>&amp;Inhoud</translation>
     </message>
     <message>
-        <source>Back</source>
-        <translation>Terug</translation>
+        <source>&amp;Back</source>
+        <translation>&amp;Terug</translation>
     </message>
     <message>
-        <source>Forward</source>
-        <translation>Vooruit</translation>
+        <source>&amp;Forward</source>
+        <translation>&amp;Vooruit</translation>
     </message>
 </context>
 <context>
@@ -1569,20 +1603,24 @@ tracking</translation>
         <translation>Seriële poort</translation>
     </message>
     <message>
-        <source>Language:</source>
-        <translation>Taal:</translation>
+        <source>Serial &amp;Port</source>
+        <translation>Seriële &amp;poort</translation>
+    </message>
+    <message>
+        <source>&amp;Language:</source>
+        <translation>&amp;Taal:</translation>
     </message>
     <message>
         <source>Sounds</source>
         <translation>Geluid</translation>
     </message>
     <message>
-        <source>Enable Sound Warnings</source>
-        <translation>Geluidswaarschuwingen inschakelen</translation>
+        <source>Enable &amp;Sound Warnings</source>
+        <translation>&amp;Geluidswaarschuwingen inschakelen</translation>
     </message>
     <message>
-        <source>About</source>
-        <translation>Over</translation>
+        <source>&amp;About</source>
+        <translation>&amp;Over</translation>
     </message>
     <message>
         <source>OK</source>

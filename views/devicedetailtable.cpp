@@ -41,7 +41,10 @@ void DeviceDetailTable::setupTable()
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // A highlight would cover the colour of a fault.
     m_view->setSelectionMode(QAbstractItemView::NoSelection);
-    m_view->setWordWrap(false);
+    // A sum of faults takes more than one line.
+    m_view->setWordWrap(true);
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_view->verticalHeader()->setMinimumSectionSize(m_view->verticalHeader()->defaultSectionSize());
     QHeaderView* header = m_view->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setAlternatingRowColors(true);

@@ -52,17 +52,18 @@ int widthShareOf(int column)
 {
     switch (column) {
     case overview::IdColumn:
-        return 9;
+        return 7;
     case overview::NameColumn:
-        return 16;
+        return 19;
     case overview::ModeColumn:
-        return 24;
+        return 23;
     case overview::LoopColumn:
+        return 19;
     case overview::EarthColumn:
     case overview::AmplifierColumn:
         return 18;
     default:
-        return 11;
+        return 10;
     }
 }
 

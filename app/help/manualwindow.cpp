@@ -129,9 +129,9 @@ void ManualWindow::retranslate()
 {
     setWindowTitle(tr("Manual - %1").arg(constants::kApplicationDisplayName));
     m_browser->setAccessibleName(tr("Manual"));
-    m_contentsButton->setText(tr("Contents"));
-    m_backButton->setText(tr("Back"));
-    m_forwardButton->setText(tr("Forward"));
+    m_contentsButton->setText(tr("&Contents"));
+    m_backButton->setText(tr("&Back"));
+    m_forwardButton->setText(tr("&Forward"));
 }
 
 void ManualWindow::changeEvent(QEvent* event)

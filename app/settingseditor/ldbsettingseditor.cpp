@@ -22,6 +22,7 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
     ui->setupUi(this);
     ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
     initFlagBoxes();
+    reserveBoldWidths();
     refresh();
 }
 
@@ -49,6 +50,18 @@ void LdbSettingsEditor::initFlagBoxes()
             m_edit.edit(entry.field, values);
             refresh();
         });
+    }
+}
+
+void LdbSettingsEditor::reserveBoldWidths()
+{
+    for (auto* box : findChildren<QCheckBox*>()) {
+        const QFont shown = box->font();
+        QFont bold = shown;
+        bold.setBold(true);
+        box->setFont(bold);
+        box->setMinimumWidth(box->sizeHint().width());
+        box->setFont(shown);
     }
 }
 
@@ -309,6 +322,7 @@ void LdbSettingsEditor::changeEvent(QEvent* event)
         const QString firmwareId = ui->settingsFirmwareIdLabel->text();
         ui->retranslateUi(this);
         ui->settingsFirmwareIdLabel->setText(firmwareId);
+        reserveBoldWidths();
         refresh();
     }
     QWidget::changeEvent(event);

@@ -80,6 +80,8 @@ private:
                            const LdbSettings& written, bool isComplete);
     bool isOfSelected(const QString& hexId, const LdbSettings& record) const;
     void showFirmwareId(const QString& firmwareId);
+    /// So that the form keeps its width when a change turns a text bold.
+    void reserveBoldWidths();
     void refresh();
     void showValues();
     void markChanges();

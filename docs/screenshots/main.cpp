@@ -1,4 +1,4 @@
-#include "docs/screenshots/sessions.h"
+#include "docs/screenshots/scenes.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -19,7 +19,7 @@ int main(int argc, char* argv[])
                                     QStringLiteral("Where the pictures go."),
                                     QStringLiteral("FOLDER"));
     parser.addOptions({simulator, project, output});
-    parser.addPositionalArgument(QStringLiteral("session"),
+    parser.addPositionalArgument(QStringLiteral("scene"),
                                  QStringLiteral("What to show, with its parameters."));
     parser.addHelpOption();
     parser.process(application);
@@ -29,7 +29,7 @@ int main(int argc, char* argv[])
                                  folder.filePath(QStringLiteral("simulator/scenarios")),
                                  folder.filePath(QStringLiteral("settings.ini")),
                                  QDir().absoluteFilePath(parser.value(output))};
-    if (!runSession(options, parser.positionalArguments())) {
+    if (!playScene(options, parser.positionalArguments())) {
         parser.showHelp(2);
     }
     return 0;

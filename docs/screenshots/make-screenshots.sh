@@ -13,10 +13,10 @@ cmake --build --preset release --target manual_pictures
 
 work=$(mktemp -d)
 screen=
-sessions=
+scenes=
 end_work() {
     # shellcheck disable=SC2086 # a list of numbers
-    kill $screen $sessions 2>/dev/null || true
+    kill $screen $scenes 2>/dev/null || true
     rm -rf "$work"
 }
 trap end_work EXIT
@@ -29,11 +29,11 @@ screen=$!
 DISPLAY=:$(head -n 1 "$work/display")
 export DISPLAY QT_QPA_PLATFORM=xcb
 
-# Each session has a window, a port and settings of its own.
+# Each scene has a window, a port and settings of its own.
 take() {
     build/release/app/manual_pictures \
         --simulator build/release/simulator/ldb-simulator --project . --output "$work" "$@" &
-    sessions="$sessions $!"
+    scenes="$scenes $!"
 }
 take overview
 take editing
@@ -41,8 +41,8 @@ take transfer
 take losses
 take tracking healthy-loop commissioning commissioning
 take tracking earth-leakage fault-finding fault-finding
-for session in $sessions; do
-    wait "$session"
+for scene in $scenes; do
+    wait "$scene"
 done
 
 # A screen has few colours: a palette halves the files.

@@ -465,7 +465,7 @@ void TestMainWindow::languageChangeLosesNothing()
     QCoreApplication::installTranslator(&language);
     EVENTUALLY_COMPARE(button("startButton")->text(), QStringLiteral("<Stop>"));
     QCOMPARE(button("logStartStopButton")->text(), QStringLiteral("<Stop>"));
-    QCOMPARE(button("reloadDevicesButton")->text(), QStringLiteral("<Reload Devices>"));
+    QCOMPARE(button("reloadDevicesButton")->text(), QStringLiteral("<&Reload Devices>"));
     QCOMPARE(label("countLabel"), QStringLiteral("<Available LDB's: 3.>"));
     QVERIFY(label("queueLabel").startsWith(QStringLiteral("<Serial commands in queue: >")));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Tavro Cordex Sniffer Version 2.2"));

@@ -7,10 +7,10 @@ class FimTracking;
 
 /// A whole run of FIM tracking, watched: prints what the window says as it comes and the report at
 /// the end, and takes a picture of each phase unless `prefix` is empty.
-class TrackingSession
+class TrackingScene
 {
 public:
-    TrackingSession(Stage& stage, TrackingMode mode, const QString& prefix);
+    TrackingScene(Stage& stage, TrackingMode mode, const QString& prefix);
     void run();
 
 private:

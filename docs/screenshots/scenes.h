@@ -7,5 +7,5 @@
 /// Takes the pictures of one part of the manual. Names and what they need:
 ///   overview, editing, transfer, losses
 ///   tracking SCENARIO commissioning|fault-finding [PREFIX]
-/// False where there is no such session.
-bool runSession(const Stage::Options& options, const QStringList& words);
+/// False where there is no such scene.
+bool playScene(const Stage::Options& options, const QStringList& words);

@@ -1,10 +1,10 @@
-#include "docs/screenshots/sessions.h"
+#include "docs/screenshots/scenes.h"
 
 #include "app/messagebox.h"
 #include "app/settings/aboutdialog.h"
 #include "app/settings/settingsmenu.h"
 #include "app/settingstransfer.h"
-#include "docs/screenshots/trackingsession.h"
+#include "docs/screenshots/trackingscene.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -239,16 +239,16 @@ void tracking(const Stage::Options& options, const QStringList& words)
 {
     const QString mode = words.value(2);
     Stage stage(options, words.value(1));
-    TrackingSession(stage,
-                    mode == QLatin1String("commissioning") ? TrackingMode::Commissioning
-                                                           : TrackingMode::FaultFinding,
-                    words.value(3))
+    TrackingScene(stage,
+                  mode == QLatin1String("commissioning") ? TrackingMode::Commissioning
+                                                         : TrackingMode::FaultFinding,
+                  words.value(3))
         .run();
 }
 
 } // namespace
 
-bool runSession(const Stage::Options& options, const QStringList& words)
+bool playScene(const Stage::Options& options, const QStringList& words)
 {
     const QString name = words.value(0);
     if (name == QLatin1String("overview")) {

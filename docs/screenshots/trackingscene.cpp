@@ -1,4 +1,4 @@
-#include "docs/screenshots/trackingsession.h"
+#include "docs/screenshots/trackingscene.h"
 
 #include "tracking/disconnectsecondaryportdialog.h"
 #include "tracking/fimtracking.h"
@@ -34,14 +34,14 @@ void clickText(const QMessageBox* box, const QString& text)
 
 } // namespace
 
-TrackingSession::TrackingSession(Stage& stage, TrackingMode mode, const QString& prefix)
+TrackingScene::TrackingScene(Stage& stage, TrackingMode mode, const QString& prefix)
     : m_stage(stage)
     , m_mode(mode)
     , m_prefix(prefix)
 {
 }
 
-void TrackingSession::run()
+void TrackingScene::run()
 {
     using Phase = TrackingRun::Phase;
     m_stage.start();
@@ -72,7 +72,7 @@ void TrackingSession::run()
     Stage::pass(1);
 }
 
-void TrackingSession::answerQuestions()
+void TrackingScene::answerQuestions()
 {
     auto* start = m_stage.waitForWindow<QMessageBox>(QStringLiteral("startConfirmationBox"),
                                                      kQuestionSeconds);
@@ -90,7 +90,7 @@ void TrackingSession::answerQuestions()
     }
 }
 
-void TrackingSession::watchCounting()
+void TrackingScene::watchCounting()
 {
     const TrackingRun& run = m_window->run();
     bool isShot = false;
@@ -113,7 +113,7 @@ void TrackingSession::watchCounting()
     print(counts());
 }
 
-QString TrackingSession::counts() const
+QString TrackingScene::counts() const
 {
     const FimCounter& counter = m_window->run().counter();
     return QStringLiteral("primary %1, secondary %2, %3")
@@ -122,7 +122,7 @@ QString TrackingSession::counts() const
         .arg(m_stage.child<QLabel>(QStringLiteral("loopLabel"), m_window)->text());
 }
 
-void TrackingSession::takeBoxes()
+void TrackingScene::takeBoxes()
 {
     while (auto* box = visibleWindow<QMessageBox>()) {
         print(QStringLiteral("box: ") + box->text());
@@ -135,14 +135,14 @@ void TrackingSession::takeBoxes()
     }
 }
 
-void TrackingSession::shoot(QWidget* widget, const QString& phase)
+void TrackingScene::shoot(QWidget* widget, const QString& phase)
 {
     if (!m_prefix.isEmpty()) {
         m_stage.shoot(widget, m_prefix + QLatin1Char('-') + phase);
     }
 }
 
-void TrackingSession::print(const QString& text) const
+void TrackingScene::print(const QString& text) const
 {
     std::printf("%s %4d s  %s\n", qPrintable(QTime::currentTime().toString()),
                 m_window->run().secondsGone(), qPrintable(text));

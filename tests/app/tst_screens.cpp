@@ -1,0 +1,2 @@
+#include "tests/app/screenset.h"
+int main(){ return 0; }
