@@ -7,7 +7,16 @@
 #include <malloc.h>
 #include <unistd.h>
 
+// gcc tells of its sanitizer by a macro, clang as a feature.
 #ifdef __SANITIZE_ADDRESS__
+#define HAS_SANITIZED_HEAP
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define HAS_SANITIZED_HEAP
+#endif
+#endif
+
+#ifdef HAS_SANITIZED_HEAP
 // Part of the sanitizer's runtime, whose headers not every compiler brings.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
@@ -16,7 +25,7 @@ namespace {
 
 qint64 heapInUse()
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef HAS_SANITIZED_HEAP
     // The sanitizer's allocator stands in for the one that mallinfo tells about.
     return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
