@@ -42,22 +42,22 @@ const QStringList kMainWindows{
 const QStringList kBoxes{QStringLiteral("box-loss"), QStringLiteral("box-port"),
                          QStringLiteral("box-import")};
 const QStringList kTrackingWindows{
-    QStringLiteral("tracking-question"), QStringLiteral("tracking-mode"),
-    QStringLiteral("tracking-port"),     QStringLiteral("tracking-waiting"),
+    QStringLiteral("tracking-question"),  QStringLiteral("tracking-mode"),
+    QStringLiteral("tracking-port"),      QStringLiteral("tracking-waiting"),
     QStringLiteral("tracking-rebooting"), QStringLiteral("tracking-counting"),
-    QStringLiteral("tracking-finished"), QStringLiteral("tracking-stopped")};
+    QStringLiteral("tracking-finished"),  QStringLiteral("tracking-stopped")};
 
 /// An installation on which each column shows its widest text somewhere.
 QList<QList<QStringList>> records()
 {
     const QList<records::Codes> codes{
-        {254, 42, 10, 2}, {10, 0, 0, 0}, {50, 21, 5, 254}, {51, 2, 1, 3}, {253, 4, 15, 1},
-        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2}, {40, 8, 3, 0}, {255, 64, 16, 255}};
+        {254, 42, 10, 2}, {10, 0, 0, 0},  {50, 21, 5, 254}, {51, 2, 1, 3}, {253, 4, 15, 1},
+        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2},    {40, 8, 3, 0}, {255, 64, 16, 255}};
     QList<QList<QStringList>> all;
     for (int i = 0; i < codes.size(); ++i) {
-        all.append(records::withCodes(
-            QStringLiteral("%1").arg(i + 3, 2, 16, QLatin1Char('0')).toUpper(), codes.at(i),
-            QStringLiteral("Control room E")));
+        all.append(
+            records::withCodes(QStringLiteral("%1").arg(i + 3, 2, 16, QLatin1Char('0')).toUpper(),
+                               codes.at(i), QStringLiteral("Control room E")));
     }
     return all;
 }
@@ -194,11 +194,10 @@ QWidget* ScreenSet::openSettings()
 {
     SettingsSources sources;
     sources.ports = [] {
-        return QList<PortDetails>{{QStringLiteral("ttyUSB0"),
-                                   QStringLiteral("USB-Serial Controller D, 4 channels"),
-                                   QStringLiteral("Prolific Technology Inc."),
-                                   QStringLiteral("A50285BI-0001"), QStringLiteral("/dev/ttyUSB0"),
-                                   quint16{0x067b}, quint16{0x2303}}};
+        return QList<PortDetails>{
+            {QStringLiteral("ttyUSB0"), QStringLiteral("USB-Serial Controller D, 4 channels"),
+             QStringLiteral("Prolific Technology Inc."), QStringLiteral("A50285BI-0001"),
+             QStringLiteral("/dev/ttyUSB0"), quint16{0x067b}, quint16{0x2303}}};
     };
     return keep(std::make_unique<SettingsMenu>(nullptr, sources));
 }

@@ -1,2 +1,5 @@
 #include "tests/app/screenset.h"
-int main(){ return 0; }
+int main()
+{
+    return 0;
+}
