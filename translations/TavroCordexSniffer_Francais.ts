@@ -714,7 +714,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Enable Earth Wire Open Detection</source>
-        <translation>Activer la détection de coupure du fil de terre</translation>
+        <translation>Activer la détection de fil de terre coupé</translation>
     </message>
     <message>
         <source>Start in Service Mode</source>
@@ -1053,7 +1053,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Not Supported</source>
-        <translation>Non pris en charge</translation>
+        <translation>Non géré</translation>
     </message>
     <message>
         <source>Unknown</source>

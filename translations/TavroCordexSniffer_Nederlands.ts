@@ -1049,11 +1049,11 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Reconnected</source>
-        <translation>Weer verbonden</translation>
+        <translation>Weer aanwezig</translation>
     </message>
     <message>
         <source>Not Supported</source>
-        <translation>Niet ondersteund</translation>
+        <translation>Niet voorzien</translation>
     </message>
     <message>
         <source>Unknown</source>
