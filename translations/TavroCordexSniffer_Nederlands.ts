@@ -100,11 +100,11 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Primary Port</source>
-        <translation>Primaire poort</translation>
+        <translation>Prim. poort</translation>
     </message>
     <message>
         <source>Secondary Port</source>
-        <translation>Secundaire poort</translation>
+        <translation>Secund. poort</translation>
     </message>
     <message>
         <source>Earth</source>

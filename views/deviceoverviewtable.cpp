@@ -52,7 +52,7 @@ int widthShareOf(int column)
 {
     switch (column) {
     case overview::IdColumn:
-        return 42;
+        return 57;
     case overview::NameColumn:
         return 120;
     case overview::ModeColumn:
