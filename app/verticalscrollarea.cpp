@@ -13,9 +13,9 @@ QSize VerticalScrollArea::minimumSizeHint() const
 {
     QSize size = QScrollArea::minimumSizeHint();
     if (widget() != nullptr) {
-        // The bar has its room before it is needed, so that nothing moves when it comes.
-        size.setWidth(widget()->minimumSizeHint().width() +
-                      verticalScrollBar()->sizeHint().width() + 2 * frameWidth());
+        const QScrollBar* bar = verticalScrollBar();
+        size.setWidth(widget()->minimumSizeHint().width() + 2 * frameWidth() +
+                      (bar->isVisibleTo(this) ? bar->sizeHint().width() : 0));
     }
     return size;
 }
@@ -23,7 +23,9 @@ QSize VerticalScrollArea::minimumSizeHint() const
 bool VerticalScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isFiltered = QScrollArea::eventFilter(watched, event);
-    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    // The bar comes and goes with the content's height.
+    if (watched == widget() &&
+        (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)) {
         updateGeometry();
     }
     return isFiltered;

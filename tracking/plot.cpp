@@ -434,6 +434,8 @@ void Plot::updateLegendItems()
         auto* const label =
             qobject_cast<QwtLegendLabel*>(legend->legendWidget(m_plot->itemToInfo(curve.get())));
         if (label != nullptr) {
+            label->setFocusPolicy(Qt::TabFocus);
+            label->setAccessibleName(curve->title().text());
             label->setChecked(curve->isVisible());
             label->setPalette(plotappearance::legendPalette(palette(), curve->isVisible()));
         }

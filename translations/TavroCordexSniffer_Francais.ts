@@ -134,15 +134,15 @@ Le son de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither 0 nor 1</source>
-        <translation>« %1 » ne vaut ni 0 ni 1</translation>
+        <translation>«&#xa0;%1&#xa0;» ne vaut ni 0 ni 1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no number from 0 to %2</source>
-        <translation>« %1 » n&apos;est pas un nombre de 0 à %2</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre de 0 à %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
-        <translation>« %1 » vaut 1, mais « %2 » vaut 0</translation>
+        <translation>«&#xa0;%1&#xa0;» vaut 1, mais «&#xa0;%2&#xa0;» vaut 0</translation>
     </message>
     <message>
         <source>The name stands in quotation marks</source>
@@ -714,7 +714,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Enable Earth Wire Open Detection</source>
-        <translation>Activer la détection de coupure du fil de terre</translation>
+        <translation>Activer la détection de fil de terre coupé</translation>
     </message>
     <message>
         <source>Start in Service Mode</source>
@@ -1053,7 +1053,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Not Supported</source>
-        <translation>Non pris en charge</translation>
+        <translation>Non géré</translation>
     </message>
     <message>
         <source>Unknown</source>
@@ -1484,7 +1484,7 @@ FIM</translation>
     </message>
     <message>
         <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
-        <translation>Pour utiliser ce port, vous devez faire partie du groupe « %1 »&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
+        <translation>Pour utiliser ce port, vous devez faire partie du groupe «&#xa0;%1&#xa0;»&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
     </message>
     <message>
         <source>Another program is using this port.</source>

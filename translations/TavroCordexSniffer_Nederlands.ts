@@ -100,11 +100,11 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Primary Port</source>
-        <translation>Primaire poort</translation>
+        <translation>Prim. poort</translation>
     </message>
     <message>
         <source>Secondary Port</source>
-        <translation>Secundaire poort</translation>
+        <translation>Secund. poort</translation>
     </message>
     <message>
         <source>Earth</source>
@@ -1049,11 +1049,11 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>Reconnected</source>
-        <translation>Weer verbonden</translation>
+        <translation>Weer aanwezig</translation>
     </message>
     <message>
         <source>Not Supported</source>
-        <translation>Niet ondersteund</translation>
+        <translation>Niet voorzien</translation>
     </message>
     <message>
         <source>Unknown</source>

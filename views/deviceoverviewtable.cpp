@@ -46,24 +46,28 @@ bool isTickKey(int key)
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-// What the columns want of the table's width, relative to each other: faults are long words, ids
-// are two digits, and some languages need several words for a mode.
+// What the columns want of the table's width, relative to each other: each single fault and mode of
+// any language, and a ticked name, shows whole on a small screen; sums of faults do not.
 int widthShareOf(int column)
 {
     switch (column) {
     case overview::IdColumn:
-        return 7;
+        return 57;
     case overview::NameColumn:
-        return 19;
+        return 120;
     case overview::ModeColumn:
-        return 23;
+        return 161;
     case overview::LoopColumn:
-        return 19;
+        return 151;
     case overview::EarthColumn:
+        return 128;
     case overview::AmplifierColumn:
-        return 18;
+        return 113;
+    case overview::PrimaryCurrentColumn:
+    case overview::SecondaryCurrentColumn:
+        return 72;
     default:
-        return 10;
+        return 52;
     }
 }
 

@@ -7,7 +7,9 @@
 #include "app/settings/aboutdialog.h"
 #include "app/settings/settingsmenu.h"
 #include "app/settingseditor/ldbsettingseditor.h"
+#include "app/statusbardisplay.h"
 #include "app/transferreport.h"
+#include "serial/serialcommand.h"
 #include "tests/support/settingsbus.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
@@ -15,24 +17,29 @@
 #include "tracking/disconnectsecondaryportdialog.h"
 #include "tracking/fimtracking.h"
 #include "tracking/mainwindowplot.h"
+#include "tracking/plot.h"
 #include "views/devicedetailtable.h"
 #include "views/deviceoverviewtable.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QSerialPort>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBox>
 
 namespace {
 
-/// 1366 x 768 less a panel and a title bar.
-constexpr QSize kRoom(1366, 700);
+/// The main window's own width, and the height that a 1366 x 768 screen has below a panel and a
+/// title bar.
+constexpr QSize kRoom(1360, 700);
 constexpr qint64 kStep = 250;            // ms
 constexpr qint64 kLongest = 3600 * 1000; // ms
+constexpr int kManyCommands = 1012;      // those of an import into 253 LDBs
 const QString kTicked = QStringLiteral("0A");
 
 const QStringList kMainWindows{
@@ -58,6 +65,10 @@ QList<QList<QStringList>> records()
         all.append(
             records::withCodes(QStringLiteral("%1").arg(i + 3, 2, 16, QLatin1Char('0')).toUpper(),
                                codes.at(i), QStringLiteral("Control room E")));
+        // As far as the plot's scale goes.
+        using namespace generalinformation;
+        all.last()[PrimaryCurrentRow][TextColumn] = QStringLiteral("140.0 mA");
+        all.last()[SecondaryCurrentRow][TextColumn] = QStringLiteral("-30.0 mA");
     }
     return all;
 }
@@ -138,7 +149,7 @@ QStringList ScreenSet::names()
 {
     return kMainWindows + kBoxes + kTrackingWindows +
            QStringList{QStringLiteral("settings"), QStringLiteral("about"),
-                       QStringLiteral("manual")};
+                       QStringLiteral("manual"), QStringLiteral("status-bar")};
 }
 
 QWidget* ScreenSet::open(const QString& name)
@@ -155,12 +166,14 @@ QWidget* ScreenSet::open(const QString& name)
         window = openSettings();
     } else if (name == QLatin1String("about")) {
         window = new AboutDialog(openSettings());
+    } else if (name == QLatin1String("status-bar")) {
+        window = openStatusBar();
     } else {
         window = openManual();
     }
     window->show();
     // Layouts settle in more than one turn.
-    for (int turn = 0; turn < 3; ++turn) {
+    for (int turn = 0; turn < 12; ++turn) {
         m_time->advance(0);
     }
     return window;
@@ -241,6 +254,11 @@ QWidget* ScreenSet::openTracking(const QString& phase)
     const auto ldb = std::make_shared<ModelLdb>(plan);
     auto* window = new FimTracking(ldb, &m_desk);
     m_windows.emplace_back(window);
+    // Painting minutes of curves would take most of the time.
+    const QList<Plot*> plots = window->findChildren<Plot*>();
+    for (Plot* plot : plots) {
+        plot->hide();
+    }
     const auto reach = [this, window](const std::function<bool()>& isThere) {
         for (qint64 gone = 0; !isThere() && gone < kLongest; gone += kStep) {
             m_time->advance(kStep);
@@ -279,6 +297,21 @@ QWidget* ScreenSet::openTracking(const QString& phase)
     if (phase == QLatin1String("stopped")) {
         ldb->loseConnection();
     }
+    for (Plot* plot : plots) {
+        plot->show();
+    }
+    return window;
+}
+
+QWidget* ScreenSet::openStatusBar()
+{
+    auto* window = static_cast<QMainWindow*>(keep(std::make_unique<QMainWindow>()));
+    window->resize(kRoom);
+    StatusBarDisplay display(window->statusBar());
+    display.showPolledAlone(kTicked);
+    display.showAvailable(busaddress::kLast);
+    display.showQueueLength(kManyCommands);
+    display.showScanProgress(busaddress::kLast, busaddress::kLast);
     return window;
 }
 

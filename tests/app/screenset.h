@@ -30,6 +30,7 @@ private:
     QWidget* openBox(const QString& name);
     QWidget* openTracking(const QString& phase);
     QWidget* openManual();
+    QWidget* openStatusBar();
     QWidget* keep(std::unique_ptr<QWidget> window);
 
     VirtualTime* m_time;
