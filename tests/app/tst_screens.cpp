@@ -23,6 +23,8 @@
 #include <QToolBox>
 #include <QTranslator>
 
+#include <cstdlib>
+
 namespace {
 
 VirtualTime* virtualTime = nullptr;
@@ -321,6 +323,42 @@ QStringList keyboardFaults(QWidget* window)
     return faults;
 }
 
+/// Texts that hardly differ from the ground they stand on.
+QStringList unreadableTexts(QWidget* window)
+{
+    constexpr int kLeastContrast = 80; // of 255
+    QStringList faults;
+    const QImage picture = window->grab().toImage();
+    for (const QWidget* widget : shownWidgets(window)) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const bool hasText = label != nullptr && !label->text().isEmpty();
+        if (!widget->isEnabled() || !(hasText || widget->inherits("QwtScaleWidget"))) {
+            continue;
+        }
+        const QPoint margin = widget->mapTo(window, QPoint(widget->width() / 2, 0));
+        const QColor ground = picture.pixelColor(margin * picture.devicePixelRatio());
+        const QColor text = widget->palette().color(widget->foregroundRole());
+        if (std::abs(qGray(ground.rgb()) - qGray(text.rgb())) < kLeastContrast) {
+            faults.append(
+                QStringLiteral("%1: %2 on %3").arg(nameOf(widget), text.name(), ground.name()));
+        }
+    }
+    return faults;
+}
+
+QPalette darkPalette()
+{
+    constexpr QRgb kGround = qRgb(53, 53, 53);
+    QPalette palette{QColor(kGround), QColor(kGround)};
+    palette.setColor(QPalette::Base, QColor(qRgb(35, 35, 35)));
+    palette.setColor(QPalette::AlternateBase, QColor(kGround));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Qt::white);
+    }
+    return palette;
+}
+
 } // namespace
 
 class TestScreens : public TestCase
@@ -329,6 +367,8 @@ class TestScreens : public TestCase
 private slots:
     void nothingIsWrong_data();
     void nothingIsWrong();
+    void readableInEveryPalette_data();
+    void readableInEveryPalette();
 };
 
 void TestScreens::nothingIsWrong_data()
@@ -364,6 +404,29 @@ void TestScreens::nothingIsWrong()
     QCOMPARE(window->size(), window->size().boundedTo(kRoom));
     const QStringList faults = cutTexts(window) + overlaps(window) + cutCells(window) +
                                cutStatus(window) + mnemonicFaults(window) + keyboardFaults(window);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+}
+
+void TestScreens::readableInEveryPalette_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::addColumn<QString>("screen");
+    for (const QString& screen : ScreenSet::names()) {
+        QTest::addRow("light %s", qPrintable(screen)) << QApplication::palette() << screen;
+        QTest::addRow("dark %s", qPrintable(screen)) << darkPalette() << screen;
+    }
+}
+
+void TestScreens::readableInEveryPalette()
+{
+    QFETCH(QPalette, palette);
+    QFETCH(QString, screen);
+    const Sandbox sandbox;
+    const QPalette formerPalette = QApplication::palette();
+    QApplication::setPalette(palette);
+    const auto restore = qScopeGuard([formerPalette] { QApplication::setPalette(formerPalette); });
+    ScreenSet screens(virtualTime);
+    const QStringList faults = unreadableTexts(screens.open(screen));
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
