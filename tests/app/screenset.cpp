@@ -37,9 +37,9 @@ namespace {
 /// The main window's own width, and the height that a 1366 x 768 screen has below a panel and a
 /// title bar.
 constexpr QSize kRoom(1360, 700);
-constexpr qint64 kStep = 250;            // ms
-constexpr qint64 kLongest = 3600 * 1000; // ms
-constexpr int kManyCommands = 1012;      // those of an import into 253 LDBs
+constexpr qint64 kStep = 250;        // ms
+constexpr qint64 kLongest = 3600000; // ms
+constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
 const QString kTicked = QStringLiteral("0A");
 
 const QStringList kMainWindows{

@@ -15,7 +15,6 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -81,8 +80,6 @@ private slots:
     void logsWhatIsPolled();
     void failedImport();
     void languageChangeLosesNothing();
-    void nothingIsClippedOnASmallLaptop_data();
-    void nothingIsClippedOnASmallLaptop();
     void layoutComesBack();
     void closesWhileCommandsWait();
 
@@ -478,52 +475,6 @@ void TestMainWindow::languageChangeLosesNothing()
     QCoreApplication::removeTranslator(&language);
     EVENTUALLY_COMPARE(button("startButton")->text(), QStringLiteral("Stop"));
     QCOMPARE(rows(), 3);
-}
-
-void TestMainWindow::nothingIsClippedOnASmallLaptop_data()
-{
-    QTest::addColumn<QString>("language");
-    for (const char* language : {"English", "Nederlands", "Francais"}) {
-        QTest::newRow(language) << QString::fromLatin1(language);
-    }
-}
-
-void TestMainWindow::nothingIsClippedOnASmallLaptop()
-{
-    QFETCH(QString, language);
-    // 1366 x 768 less a panel and a title bar, and the usual text of 10 points at 96 dots an inch.
-    constexpr QSize kRoom(1366, 700);
-    constexpr int kTextPixels = 13;
-    QTranslator translator;
-    QVERIFY(translator.load(QStringLiteral("TavroCordexSniffer_") + language,
-                            QStringLiteral(TRANSLATIONS_FOLDER)));
-    QCoreApplication::installTranslator(&translator);
-    const QFont formerFont = QApplication::font();
-    QFont font = formerFont;
-    font.setPixelSize(kTextPixels);
-    QApplication::setFont(font);
-    const auto restore = qScopeGuard([formerFont] { QApplication::setFont(formerFont); });
-    makeWindow();
-    m_window->resize(kRoom);
-    QCoreApplication::processEvents();
-    QCOMPARE(m_window->size(), kRoom);
-
-    auto* tabs = child<QTabWidget>("controlTabs");
-    for (int tab = 0; tab < tabs->count(); ++tab) {
-        tabs->setCurrentIndex(tab);
-        QCoreApplication::processEvents();
-        for (const QWidget* widget : m_window->findChildren<QWidget*>()) {
-            const bool hasText = qobject_cast<const QAbstractButton*>(widget) != nullptr ||
-                                 qobject_cast<const QLabel*>(widget) != nullptr;
-            if (hasText && widget->isVisible()) {
-                QVERIFY2(widget->width() >= widget->minimumSizeHint().width(),
-                         qPrintable(QStringLiteral("%1 %2<%3")
-                                        .arg(widget->objectName())
-                                        .arg(widget->width())
-                                        .arg(widget->minimumSizeHint().width())));
-            }
-        }
-    }
 }
 
 void TestMainWindow::layoutComesBack()

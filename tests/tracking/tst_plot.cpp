@@ -213,8 +213,12 @@ void TestPlot::scalesTheYAxes()
     plot.setAxisScale(QwtPlot::yRight, -30.0, 140.0, 30.0);
     QCOMPARE(shown(plot, QwtPlot::yRight), QwtInterval(-30.0, 140.0));
     plot.setAxisScale(QwtPlot::yRight, true);
+    QCOMPARE(shown(plot, QwtPlot::yRight), QwtInterval(-30.0, 140.0)); // nothing to scale by yet
     addSeconds(plot, 0, 2, 1000.0);
     QVERIFY(shown(plot, QwtPlot::yRight).contains(1000.0));
+    plot.clear();
+    QCOMPARE(shown(plot, QwtPlot::yRight), QwtInterval(-30.0, 140.0));
+    addSeconds(plot, 0, 2, 1000.0);
     plot.setAxisScale(QwtPlot::yRight, false);
     QCOMPARE(shown(plot, QwtPlot::yRight), QwtInterval(-30.0, 140.0));
     plot.setAxisScale(QwtPlot::yLeft, false);
