@@ -43,6 +43,9 @@ constexpr double kMegabyte = 1024.0 * 1024.0;
 constexpr int kTickMs = 100;
 constexpr int kLinkMs = 5;
 constexpr int kSettleTicks = 3;
+constexpr int kScaledFromAddress = 230;
+/// With more, so few addresses are silent that a scan is over before its late answers.
+constexpr int kMostLdbs = 64;
 /// Every so many hours Start is pressed once before the line is back.
 constexpr int kImpatientHours = 3;
 
@@ -69,6 +72,12 @@ public:
         applicationSettings().setValue(constants::kComPortKey, bus());
     }
 
+    /// For whoever wants to know what went wrong.
+    void keep()
+    {
+        m_folder.setAutoRemove(false);
+        std::printf("journal and log are in %s\n", qPrintable(m_folder.path()));
+    }
     QString bus() const { return m_folder.filePath(QStringLiteral("bus")); }
     QString journal() const { return m_folder.filePath(QStringLiteral("journal")); }
     QString log() const { return m_folder.filePath(QStringLiteral("log.csv")); }
@@ -181,8 +190,10 @@ void Soak::liveHour(int hour)
 void Soak::start()
 {
     m_operator.pressStart();
-    m_operator.awaitScan();
+    // Early enough for all that is late at full scale to have come when the short windows begin.
+    m_operator.awaitScanAt(kScaledFromAddress);
     m_simulator.command(m_day.scaledLateness());
+    m_operator.awaitScan();
 }
 
 void Soak::cut()
@@ -318,7 +329,7 @@ Options takeOptions()
     parser.process(QCoreApplication::arguments());
     Options options;
     options.hours = takeNumber(parser, "hours", options.hours);
-    options.ldbs = takeNumber(parser, "ldbs", options.ldbs);
+    options.ldbs = std::clamp(takeNumber(parser, "ldbs", options.ldbs), 2, kMostLdbs);
     options.scale = takeNumber(parser, "scale", options.scale);
     options.seed = static_cast<quint32>(takeNumber(parser, "seed", 1));
     options.exchanges = takeNumber(parser, "exchanges", options.exchanges);
@@ -350,10 +361,14 @@ int main(int argc, char* argv[])
                 "This day has %d,\nof which %d hours are lived; answer window and latenesses are "
                 "%d times shorter, save in scans.\n",
                 options.ldbs, pacedMs, paced, exchanges, options.hours, options.scale);
-    const Site site(day);
+    Site site(day);
     Soak soak(day, site, exchanges / kHoursADay);
     for (int hour = 0; hour < options.hours; ++hour) {
         soak.liveHour(hour);
     }
-    return soak.judge() ? 0 : 1;
+    const bool good = soak.judge();
+    if (!good) {
+        site.keep();
+    }
+    return good ? 0 : 1;
 }

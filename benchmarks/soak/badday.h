@@ -15,7 +15,7 @@
 class BadDay
 {
 public:
-    /// `ldbs`: 1 to 253, half of them neighbours, half with gaps between them.
+    /// `ldbs`: at least 2, half of them neighbours, half with gaps between them.
     /// `scale`: 1 leaves the windows and latenesses as they are, 25 makes them 25 times shorter.
     BadDay(int ldbs, int scale, quint32 seed);
 

@@ -68,7 +68,7 @@ private:
     void takeAnswer(const QByteArrayList& columns);
     void checkLost(const QString& hexId, const QByteArray& fields);
     void checkName(const QString& hexId, const QString& name);
-    void checkTime(const QByteArray& stamp, const Status& status);
+    void checkTime(const QString& hexId, const QByteArray& stamp);
     void checkShown(const QString& hexId, const Status& status, const QStringList& shown);
     void passOver(const Status& status);
     void complain(const QString& hexId, const QString& what);

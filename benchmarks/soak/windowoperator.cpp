@@ -93,6 +93,12 @@ bool WindowOperator::isRunning() const
     return button("startButton")->isChecked();
 }
 
+void WindowOperator::awaitScanAt(int address)
+{
+    const auto* progress = child<QProgressBar>(m_window, "progressBar");
+    await("the scan", [=] { return progress->isVisible() && progress->value() >= address; });
+}
+
 void WindowOperator::awaitScan()
 {
     const auto* progress = child<QProgressBar>(m_window, "progressBar");
