@@ -2,6 +2,7 @@
 #include "app/installationreport.h"
 #include "app/mainwindow.h"
 #include "app/messagehandler.h"
+#include "app/platformattributes.h"
 #include "app/shared/constants.h"
 
 #include <QApplication>
@@ -36,8 +37,7 @@ int main(int argc, char* argv[])
         return printInstallationReport(argc, argv);
     }
 
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    setPlatformAttributes();
     // Both let the desktop show the window under its menu entry's name and icon.
     QApplication::setDesktopFileName(constants::kDesktopName);
     const QApplication application(argc, argv);

@@ -1,3 +1,4 @@
+#include "app/platformattributes.h"
 #include "docs/screenshots/scenes.h"
 
 #include <QApplication>
@@ -6,6 +7,7 @@
 
 int main(int argc, char* argv[])
 {
+    setPlatformAttributes();
     const QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
