@@ -42,7 +42,7 @@ bool SerialProcessor::start()
     }
     connect(m_port.get(), &BusPort::readyRead, this, &SerialProcessor::readData);
     connect(m_port.get(), &BusPort::broken, this, &SerialProcessor::failPort);
-    m_rescanRequested = true;
+    m_scan.request();
     m_timer->start();
     goTo(State::Dispatch);
     return true;
@@ -61,7 +61,7 @@ void SerialProcessor::stop()
 void SerialProcessor::requestRescan()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    m_rescanRequested = true;
+    m_scan.request();
 }
 
 void SerialProcessor::pollOnly(const QString& hexId)
@@ -83,8 +83,7 @@ void SerialProcessor::appendCommand(std::unique_ptr<ISerialCommand> command)
 void SerialProcessor::initializeVariables()
 {
     m_state = State::Stopped;
-    m_rescanRequested = false;
-    m_scanning = false;
+    m_scan.clear();
     m_queue.clear();
     m_schedule.clear();
     m_ledger.clear();
@@ -93,9 +92,7 @@ void SerialProcessor::initializeVariables()
     m_lastFrame.clear();
     m_timeouts = 0;
     m_hexId.clear();
-    m_names.clear();
-    m_lastStates.clear();
-    m_misses.clear();
+    m_memory.clear();
 }
 
 void SerialProcessor::goTo(State state)
@@ -134,7 +131,7 @@ void SerialProcessor::processState()
 
 void SerialProcessor::processDispatch()
 {
-    if (m_rescanRequested || m_scanning) {
+    if (m_scan.isDue()) {
         processScan();
         return;
     }
@@ -149,30 +146,25 @@ void SerialProcessor::processDispatch()
 
 void SerialProcessor::processScan()
 {
-    if (m_scanning) {
-        emit ldbListInitializationProgress(m_scanAddress, m_schedule.found().size());
+    if (m_scan.isRunning()) {
+        emit ldbListInitializationProgress(m_scan.address(), m_schedule.found().size());
     } else {
-        m_scanning = true;
-        m_rescanRequested = false;
-        m_scanAddress = busaddress::kFirst - 1;
+        m_scan.begin();
         m_hexId.clear();
         m_schedule.clear();
-        m_names.clear();
-        m_lastStates.clear();
-        m_misses.clear();
+        m_memory.clear();
         emit ldbListChanged({});
         emit ldbListInitializationStateChange(true);
     }
-    if (m_scanAddress >= busaddress::kLast) {
-        m_scanning = false;
+    const std::optional<int> address = m_scan.next();
+    if (!address) {
         m_hexId.clear();
         m_schedule.restart();
         emit ldbListInitializationStateChange(false);
         goTo(State::Dispatch);
         return;
     }
-    ++m_scanAddress;
-    m_hexId = busaddress::toHexId(m_scanAddress);
+    m_hexId = busaddress::toHexId(*address);
     request(PollCommand(m_hexId), kShortWindowMs);
 }
 
@@ -306,7 +298,7 @@ void SerialProcessor::readData()
 
 void SerialProcessor::processAnswer(const QByteArray& answer)
 {
-    if (m_scanning) {
+    if (m_scan.isRunning()) {
         // Every address before this one may have been silent: debts tell nothing here.
         m_ledger.settle();
         m_timer->stop();
@@ -346,7 +338,7 @@ void SerialProcessor::deliverAnswer(const QByteArray& answer, bool isMisfit)
 /// Whether the bytes are part of a burst, which is thrown away.
 bool SerialProcessor::drainsLine(const QByteArray& batch)
 {
-    if (m_scanning || !m_guard.isDisturbedBy(batch)) {
+    if (m_scan.isRunning() || !m_guard.isDisturbedBy(batch)) {
         return false;
     }
     if (m_guard.disturb()) {
@@ -368,7 +360,7 @@ void SerialProcessor::endGuardedWait()
 
 void SerialProcessor::processInvalidAnswer(bool isRefusal)
 {
-    if (m_scanning) {
+    if (m_scan.isRunning()) {
         m_ledger.settle();
         m_timer->stop();
         processState();
@@ -414,10 +406,10 @@ void SerialProcessor::processPollingAnswer(const QByteArray& answer)
             rejectAnswer(QStringLiteral("Unreadable status"));
             return;
         }
-        handleGeneralInformationEmit(m_hexId, m_names.value(m_hexId), decoded.status,
+        handleGeneralInformationEmit(m_hexId, m_memory.name(m_hexId), decoded.status,
                                      m_roundSeconds, m_roundMilliseconds);
     } else if (m_state == State::NameRequest) {
-        m_names.insert(m_hexId, hextext::toText(answer));
+        m_memory.setName(m_hexId, hextext::toText(answer));
     }
     clearDisconnectedDevice(m_hexId);
     goTo(nextPollingState());
@@ -449,9 +441,7 @@ void SerialProcessor::handleGeneralInformationEmit(const QString& hexId, const Q
     emit generalInformationUpdated(hexId, generalinformation::buildRows(hexId, deviceName,
                                                                         ldbStatus, timestampSeconds,
                                                                         timestampMiliseconds));
-    const auto last = m_lastStates.constFind(hexId);
-    if (last == m_lastStates.constEnd() || *last != ldbStatus.state) {
-        m_lastStates.insert(hexId, ldbStatus.state);
+    if (m_memory.updateState(hexId, ldbStatus.state)) {
         emit ldbStateUpdated(hexId, ldbStatus.state);
     }
 }
@@ -463,7 +453,7 @@ void SerialProcessor::addDisconnectedDevice(const QString& hexId, const QString&
         failPort();
         return;
     }
-    const int misses = ++m_misses[hexId];
+    const int misses = m_memory.countMiss(hexId);
     m_log.write(LimitedLog::Kind::Miss,
                 QStringLiteral("Miss %1 of %2 in a row").arg(misses).arg(hexId));
     if (misses <= m_tuning.disconnectedCount) {
@@ -479,7 +469,7 @@ void SerialProcessor::addDisconnectedDevice(const QString& hexId, const QString&
 
 void SerialProcessor::clearDisconnectedDevice(const QString& hexId)
 {
-    m_misses.remove(hexId);
+    m_memory.forgetMisses(hexId);
     m_schedule.markPresent(hexId);
 }
 

@@ -2,9 +2,11 @@
 
 #include "serial/answerledger.h"
 #include "serial/busport.h"
+#include "serial/busscan.h"
 #include "serial/commandqueue.h"
 #include "serial/framecodec.h"
 #include "serial/hextext.h"
+#include "serial/ldbmemory.h"
 #include "serial/ldbstatus.h"
 #include "serial/limitedlog.h"
 #include "serial/pollschedule.h"
@@ -13,7 +15,6 @@
 #include "serial/silenceguard.h"
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -156,10 +157,7 @@ private:
     QElapsedTimer m_clock;
     State m_state = State::Stopped;
 
-    bool m_rescanRequested = false;
-    bool m_scanning = false;
-    int m_scanAddress = 0; ///< the last address probed
-
+    BusScan m_scan;
     CommandQueue m_queue;
     PollSchedule m_schedule;
     AnswerLedger m_ledger;
@@ -172,8 +170,6 @@ private:
 
     QString m_roundSeconds;
     QString m_roundMilliseconds;
-    QHash<QString, QString> m_names;
-    QHash<QString, LdbState> m_lastStates;
-    QHash<QString, int> m_misses; ///< in a row
+    LdbMemory m_memory;
     LimitedLog m_log;
 };
