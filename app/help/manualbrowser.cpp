@@ -1,6 +1,5 @@
 #include "app/help/manualbrowser.h"
 
-#include <QImage>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextFrame>
@@ -44,14 +43,20 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name)
         return resource;
     }
     m_pictureWidth = pictureWidth();
-    const qreal ratio = devicePixelRatioF();
-    QImage picture = QImage::fromData(resource.toByteArray());
-    const int widest = qFloor(m_pictureWidth * ratio * qMin(1.0, kPictureDpi / logicalDpiX()));
-    if (picture.width() > widest) {
-        picture = picture.scaledToWidth(widest, Qt::SmoothTransformation);
-        picture.setDevicePixelRatio(ratio);
+    const int widest = qFloor(m_pictureWidth * qMin(1.0, kPictureDpi / logicalDpiX()));
+    return narrowed(QImage::fromData(resource.toByteArray()), widest, devicePixelRatioF());
+}
+
+QImage ManualBrowser::narrowed(const QImage& picture, int widest, qreal ratio)
+{
+    if (picture.width() <= widest) {
+        return picture;
     }
-    return picture;
+    // No more pixels than the screen has, and no made-up ones.
+    const int pixels = qMin(picture.width(), qFloor(widest * ratio));
+    QImage result = picture.scaledToWidth(pixels, Qt::SmoothTransformation);
+    result.setDevicePixelRatio(static_cast<qreal>(pixels) / widest);
+    return result;
 }
 
 void ManualBrowser::resizeEvent(QResizeEvent* event)
