@@ -1,184 +1,104 @@
 #include "serial/answerledger.h"
 #include "tests/support/testcase.h"
 
+#include <QMap>
+
 namespace {
-
-const QByteArray kStatus(50, '0');
-const QByteArray kName = QByteArray("48616C6C").leftJustified(32, '0');
-const QByteArray kFirmware = "4C4442203130";
-const QByteArray kAck = "\x06";
-const QByteArray kNak = "\x15";
-QByteArray settings(const char* address)
-{
-    return QByteArray(address).leftJustified(56, '0');
-}
-
-PendingRequest pending(const char* hexId, AnswerShape shape)
-{
-    return {QString::fromLatin1(hexId), "body", shape};
-}
 
 constexpr qint64 kHorizon = 1500;
 
-} // namespace
+const QMap<QString, AnswerShape> kShapes{
+    {"status", AnswerShape::Status},     {"name", AnswerShape::Name},
+    {"firmware", AnswerShape::Firmware}, {"settings", AnswerShape::Settings},
+    {"ack", AnswerShape::Acknowledge},   {"any", AnswerShape::Any}};
 
-using Verdict = AnswerLedger::Verdict;
+const QMap<QString, QByteArray> kAnswers{{"status", QByteArray(50, '0')},
+                                         {"49", QByteArray(49, '0')},
+                                         {"51", QByteArray(51, '0')},
+                                         {"name", QByteArray("48616C6C").leftJustified(32, '0')},
+                                         {"noname", QByteArray(32, 'Z')},
+                                         {"firmware", "4C4442203130"},
+                                         {"nofirmware", "4C44422031"},
+                                         {"settings:0A", QByteArray("0A").leftJustified(56, '0')},
+                                         {"settings:0B", QByteArray("0B").leftJustified(56, '0')},
+                                         {"settings:0C", QByteArray("0C").leftJustified(56, '0')},
+                                         {"ack", "\x06"},
+                                         {"nak", "\x15"}};
+
+const QMap<AnswerLedger::Verdict, QString> kVerdicts{{AnswerLedger::Verdict::Take, "take"},
+                                                     {AnswerLedger::Verdict::Drop, "drop"},
+                                                     {AnswerLedger::Verdict::Misfit, "misfit"}};
+
+} // namespace
 
 class TestAnswerLedger : public TestCase
 {
     Q_OBJECT
 private slots:
-    void takesWhatFits_data();
-    void takesWhatFits();
-    void ownLateAnswerIsTaken();
-    void surplusAnswerIsNotTheNextRequests();
-    void lateAnswerOfTheSameShapeIsNotAnotherLdbs();
-    void silentRequestCostsTheNextOneAnswer();
-    void settingsAreToldApartByTheirAddress();
-    void debtsEnd();
-    void laterAnswerOfTheSameLdbSettlesItsDebts();
-    void silentProbesDoNotEatAnswers();
+    void conversation_data();
+    void conversation();
 };
 
-void TestAnswerLedger::takesWhatFits_data()
+void TestAnswerLedger::conversation_data()
 {
-    QTest::addColumn<int>("shape");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<bool>("taken");
+    // "ask" an LDB for something, "send" it at a time (ms), "owed" or "clear" of debts at a time,
+    // or an answer, its time, and what is made of it.
+    QTest::addColumn<QString>("steps");
 
-    auto row = [](const char* name, AnswerShape shape, const QByteArray& answer, bool taken) {
-        QTest::newRow(name) << static_cast<int>(shape) << answer << taken;
-    };
-    row("status", AnswerShape::Status, kStatus, true);
-    row("bare ACK is no status", AnswerShape::Status, kAck, false);
-    row("49 characters are no status", AnswerShape::Status, kStatus.left(49), false);
-    row("51 characters are no status", AnswerShape::Status, kStatus + "0", false);
-    row("name", AnswerShape::Name, kName, true);
-    row("status is no name", AnswerShape::Name, kStatus, false);
-    row("name of no digits", AnswerShape::Name, QByteArray(32, 'Z'), false);
-    row("firmware", AnswerShape::Firmware, kFirmware, true);
-    row("ten digits are no firmware", AnswerShape::Firmware, kFirmware.left(10), false);
-    row("zero byte is no firmware", AnswerShape::Firmware, kFirmware + "00", false);
-    row("settings", AnswerShape::Settings, settings("0A"), true);
-    row("acknowledge", AnswerShape::Acknowledge, kAck, true);
-    row("refusal", AnswerShape::Acknowledge, kNak, true);
-    row("refused request", AnswerShape::Settings, kNak, true);
-    row("probe takes all", AnswerShape::Any, kStatus, true);
+    QTest::newRow("bare ACK is no status") << "ask 0A status, send 0, ack 50 misfit";
+    QTest::newRow("49 characters are no status") << "ask 0A status, send 0, 49 50 misfit";
+    QTest::newRow("51 characters are no status") << "ask 0A status, send 0, 51 50 misfit";
+    QTest::newRow("status is no name") << "ask 0A name, send 0, status 50 misfit";
+    QTest::newRow("name of no digits") << "ask 0A name, send 0, noname 50 misfit";
+    QTest::newRow("ten digits are no firmware") << "ask 0A firmware, send 0, nofirmware 50 misfit";
+    QTest::newRow("refusal") << "ask 0A ack, send 0, nak 50 take";
+    QTest::newRow("refused request") << "ask 0A settings, send 0, nak 50 take";
+    QTest::newRow("probe takes all") << "ask 0A any, send 0, status 50 take";
+    QTest::newRow("own late answer is taken")
+        << "ask 0A settings, send 0, send 120, settings:0A 130 take";
+    QTest::newRow("surplus answer is not the next request's")
+        << "ask 0A ack, send 0, send 120, ack 130 take,"
+           "ask 0B ack, send 140, owed 150, ack 250 drop, nak 270 take";
+    QTest::newRow("late answer of the same shape is not another LDB's")
+        << "ask 0A firmware, send 0, ask 0B firmware, send 120, firmware 130 drop,"
+           "firmware 140 take";
+    QTest::newRow("silent request costs the next one answer")
+        << "ask 0A ack, send 0, send 120, send 240, ask 0A ack, send 360, ack 380 drop,"
+           "send 480, ack 500 take";
+    QTest::newRow("settings are told apart by their address")
+        << "ask 0A settings, send 0, ask 0B settings, send 120, settings:0B 130 take,"
+           "ask 0C settings, send 200, settings:0A 210 drop, settings:0C 220 take";
+    QTest::newRow("debts end")
+        << "ask 0A ack, send 0, ask 0B ack, send 1490, owed 1499, clear 1500, ack 1500 take";
+    QTest::newRow("later answer of the same LDB settles its debts")
+        << "ask 0A status, send 0, send 500, status 520 take, ask 0A name, send 530,"
+           "name 550 take, ask 0B status, send 560, clear 561, status 580 take";
+    QTest::newRow("silent probes do not eat answers")
+        << "ask 0A any, send 0, ask 0A any, send 0, ask 0A any, send 0,"
+           "ask 0B status, send 10, ack 20 drop, status 30 take";
 }
 
-void TestAnswerLedger::takesWhatFits()
+void TestAnswerLedger::conversation()
 {
-    QFETCH(int, shape);
-    QFETCH(QByteArray, answer);
-    QFETCH(bool, taken);
+    QFETCH(QString, steps);
 
     AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", static_cast<AnswerShape>(shape)));
-    ledger.transmitted(0);
-    QCOMPARE(ledger.judge(answer, 50), taken ? Verdict::Take : Verdict::Misfit);
-}
-
-void TestAnswerLedger::ownLateAnswerIsTaken()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Settings));
-    ledger.transmitted(0);
-    ledger.transmitted(120);
-    QCOMPARE(ledger.judge(settings("0A"), 130), Verdict::Take);
-}
-
-void TestAnswerLedger::surplusAnswerIsNotTheNextRequests()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Acknowledge));
-    ledger.transmitted(0);
-    ledger.transmitted(120);
-    QCOMPARE(ledger.judge(kAck, 130), Verdict::Take);
-    ledger.begin(pending("0B", AnswerShape::Acknowledge));
-    ledger.transmitted(140);
-    QVERIFY(ledger.isOwed(150));
-    QCOMPARE(ledger.judge(kAck, 250), Verdict::Drop);
-    QCOMPARE(ledger.judge(kNak, 270), Verdict::Take);
-}
-
-void TestAnswerLedger::lateAnswerOfTheSameShapeIsNotAnotherLdbs()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Firmware));
-    ledger.transmitted(0);
-    ledger.begin(pending("0B", AnswerShape::Firmware)); // given up
-    ledger.transmitted(120);
-    QCOMPARE(ledger.judge(kFirmware, 130), Verdict::Drop);
-    QCOMPARE(ledger.judge(kFirmware, 140), Verdict::Take);
-}
-
-void TestAnswerLedger::silentRequestCostsTheNextOneAnswer()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Acknowledge));
-    for (const qint64 at : {0, 120, 240}) {
-        ledger.transmitted(at);
+    const QStringList each = steps.split(',');
+    for (const QString& step : each) {
+        const QStringList words = step.simplified().split(' ');
+        const QString& what = words.first();
+        const qint64 time = words.at(1).toLongLong();
+        if (what == "ask") {
+            ledger.begin({words.at(1), "body", kShapes[words.at(2)]});
+        } else if (what == "send") {
+            ledger.transmitted(time);
+        } else if (what == "owed" || what == "clear") {
+            QVERIFY2(ledger.isOwed(time) == (what == "owed"), qPrintable(step));
+        } else {
+            QVERIFY2(kVerdicts[ledger.judge(kAnswers[what], time)] == words.at(2),
+                     qPrintable(step));
+        }
     }
-    ledger.begin(pending("0A", AnswerShape::Acknowledge)); // given up
-    ledger.transmitted(360);
-    QCOMPARE(ledger.judge(kAck, 380), Verdict::Drop);
-    ledger.transmitted(480);
-    QCOMPARE(ledger.judge(kAck, 500), Verdict::Take);
-}
-
-void TestAnswerLedger::settingsAreToldApartByTheirAddress()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Settings));
-    ledger.transmitted(0);
-    ledger.begin(pending("0B", AnswerShape::Settings));
-    ledger.transmitted(120);
-    QCOMPARE(ledger.judge(settings("0B"), 130), Verdict::Take);
-    ledger.begin(pending("0C", AnswerShape::Settings));
-    ledger.transmitted(200);
-    QCOMPARE(ledger.judge(settings("0A"), 210), Verdict::Drop);
-    QCOMPARE(ledger.judge(settings("0C"), 220), Verdict::Take);
-}
-
-void TestAnswerLedger::debtsEnd()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Acknowledge));
-    ledger.transmitted(0);
-    ledger.begin(pending("0B", AnswerShape::Acknowledge));
-    ledger.transmitted(1490);
-    QVERIFY(ledger.isOwed(kHorizon - 1));
-    QVERIFY(!ledger.isOwed(kHorizon));
-    QCOMPARE(ledger.judge(kAck, kHorizon), Verdict::Take);
-}
-
-void TestAnswerLedger::laterAnswerOfTheSameLdbSettlesItsDebts()
-{
-    AnswerLedger ledger(kHorizon);
-    ledger.begin(pending("0A", AnswerShape::Status));
-    ledger.transmitted(0);
-    ledger.transmitted(500);
-    QCOMPARE(ledger.judge(kStatus, 520), Verdict::Take);
-    ledger.begin(pending("0A", AnswerShape::Name));
-    ledger.transmitted(530);
-    QCOMPARE(ledger.judge(kName, 550), Verdict::Take);
-    ledger.begin(pending("0B", AnswerShape::Status));
-    ledger.transmitted(560);
-    QVERIFY(!ledger.isOwed(561));
-    QCOMPARE(ledger.judge(kStatus, 580), Verdict::Take);
-}
-
-void TestAnswerLedger::silentProbesDoNotEatAnswers()
-{
-    AnswerLedger ledger(kHorizon);
-    for (int i = 0; i < 5; ++i) {
-        ledger.begin(pending("0A", AnswerShape::Any));
-        ledger.transmitted(0);
-    }
-    ledger.begin(pending("0B", AnswerShape::Status));
-    ledger.transmitted(10);
-    QCOMPARE(ledger.judge(kAck, 20), Verdict::Drop); // a late probe's
-    QCOMPARE(ledger.judge(kStatus, 30), Verdict::Take);
 }
 
 QTEST_GUILESS_MAIN(TestAnswerLedger)

@@ -1,86 +1,64 @@
 #include "serial/pollschedule.h"
 #include "tests/support/testcase.h"
 
-namespace {
-
-/// The next turns as words: "*" marks the begin of a round, "?" a probe.
-QString turns(PollSchedule& schedule, int count)
-{
-    QStringList words;
-    for (int i = 0; i < count; ++i) {
-        const PollSchedule::Turn turn = schedule.next();
-        words.append(QString(turn.beginsRound ? "*" : "") +
-                     (turn.kind == PollSchedule::Turn::Kind::Probe ? "?" : "") + turn.hexId);
-    }
-    return words.join(QLatin1Char(' '));
-}
-
-} // namespace
-
 class TestPollSchedule : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
-    void roundsInTheOrderFound();
-    void lostOnesTakeTurnsAtOneProbeARound();
-    void theReturnedTakesItsPlaceAgain();
-    void allLostAreProbedInTurn();
-    void oneAlone();
-
-private:
-    PollSchedule m_schedule;
+    void turns_data();
+    void turns();
 };
 
-void TestPollSchedule::init()
+void TestPollSchedule::turns_data()
 {
-    TestCase::init();
-    m_schedule.clear();
+    // Of 03, 0A and F0: what happens ("-" lost, "+" present, "=" alone, "!" not to be found), or
+    // a number of turns.
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<QString>("taken"); // "*" marks the begin of a round, "?" a probe
+
+    QTest::newRow("rounds in the order found") << "7"
+                                               << "*03 0A F0 *03 0A F0 *03";
+    QTest::newRow("a restart begins a round") << "2 restart 2"
+                                              << "*03 0A *03 0A";
+    QTest::newRow("lost ones take turns at one probe a round") << "-03 -F0 -F0 6"
+                                                               << "*0A ?03 *0A ?F0 *0A ?03";
+    QTest::newRow("the returned takes its place again") << "-0A 3 +0A 4"
+                                                        << "*03 F0 ?0A *03 0A F0 *03";
+    QTest::newRow("all lost are probed in turn") << "-0A -03 -F0 4"
+                                                 << "*?0A *?03 *?F0 *?0A";
+    QTest::newRow("one alone") << "-03 !77 2 =F0 3 = 3"
+                               << "*0A F0 *F0 *F0 *F0 *0A F0 ?03";
+}
+
+void TestPollSchedule::turns()
+{
+    QFETCH(QString, steps);
+
+    PollSchedule schedule;
     for (const char* hexId : {"03", "0A", "F0"}) {
-        m_schedule.add(QString::fromLatin1(hexId));
+        schedule.add(hexId);
     }
-}
-
-void TestPollSchedule::roundsInTheOrderFound()
-{
-    QCOMPARE(turns(m_schedule, 7), QStringLiteral("*03 0A F0 *03 0A F0 *03"));
-    m_schedule.restart();
-    QCOMPARE(turns(m_schedule, 2), QStringLiteral("*03 0A"));
-}
-
-void TestPollSchedule::lostOnesTakeTurnsAtOneProbeARound()
-{
-    m_schedule.markLost(QStringLiteral("03"));
-    m_schedule.markLost(QStringLiteral("F0"));
-    m_schedule.markLost(QStringLiteral("F0"));
-    QCOMPARE(turns(m_schedule, 6), QStringLiteral("*0A ?03 *0A ?F0 *0A ?03"));
-}
-
-void TestPollSchedule::theReturnedTakesItsPlaceAgain()
-{
-    m_schedule.markLost(QStringLiteral("0A"));
-    QCOMPARE(turns(m_schedule, 3), QStringLiteral("*03 F0 ?0A"));
-    m_schedule.markPresent(QStringLiteral("0A"));
-    QCOMPARE(turns(m_schedule, 4), QStringLiteral("*03 0A F0 *03"));
-}
-
-void TestPollSchedule::allLostAreProbedInTurn()
-{
-    for (const char* hexId : {"0A", "03", "F0"}) {
-        m_schedule.markLost(QString::fromLatin1(hexId));
+    QStringList words;
+    const QStringList each = steps.split(' ');
+    for (const QString& step : each) {
+        const QString hexId = step.mid(1);
+        if (step == "restart") {
+            schedule.restart();
+        } else if (step.startsWith('-')) {
+            schedule.markLost(hexId);
+        } else if (step.startsWith('+')) {
+            schedule.markPresent(hexId);
+        } else if (step.startsWith('=') || step.startsWith('!')) {
+            QCOMPARE(schedule.setAlone(hexId), step.startsWith('='));
+        } else {
+            for (int i = 0; i < step.toInt(); ++i) {
+                const PollSchedule::Turn turn = schedule.next();
+                const bool isProbe = turn.kind == PollSchedule::Turn::Kind::Probe;
+                words << (turn.beginsRound ? "*" : "") + QString(isProbe ? "?" : "") + turn.hexId;
+            }
+        }
     }
-    QCOMPARE(turns(m_schedule, 4), QStringLiteral("*?0A *?03 *?F0 *?0A"));
-}
-
-void TestPollSchedule::oneAlone()
-{
-    m_schedule.markLost(QStringLiteral("03"));
-    QVERIFY(!m_schedule.setAlone(QStringLiteral("77")));
-    QCOMPARE(turns(m_schedule, 2), QStringLiteral("*0A F0"));
-    QVERIFY(m_schedule.setAlone(QStringLiteral("F0")));
-    QCOMPARE(turns(m_schedule, 3), QStringLiteral("*F0 *F0 *F0"));
-    QVERIFY(m_schedule.setAlone(QString()));
-    QCOMPARE(turns(m_schedule, 3), QStringLiteral("*0A F0 ?03"));
+    QTEST(words.join(' '), "taken");
 }
 
 QTEST_GUILESS_MAIN(TestPollSchedule)
