@@ -3,6 +3,7 @@
 #include "serial/generalinformation.h"
 
 #include <QList>
+#include <QMetaType>
 #include <QString>
 #include <QStringList>
 
@@ -18,20 +19,33 @@ struct Codes
     int amplifier = 0;
 };
 
-/// A healthy LDB's record at 24 V, 12.34 mA primary and -1 mA secondary, with `codes` and their
-/// texts put in.
+/// A healthy LDB at rest: 24 V and 12.34 mA primary, 23.95 V and -1 mA secondary.
+inline LdbStatus healthy(LdbState state = LdbState::Quiescent)
+{
+    LdbStatus status;
+    status.state = state;
+    status.primaryVoltage = 24000;
+    status.secondaryVoltage = 23950;
+    status.primaryCurrent = 1234;
+    status.secondaryCurrent = static_cast<quint16>(-100);
+    return status;
+}
+
+inline QList<QStringList> record(const QString& hexId, const LdbStatus& status = healthy(),
+                                 const QString& name = QStringLiteral("Hall"))
+{
+    return generalinformation::buildRows(hexId, name, status,
+                                         QStringLiteral("2026-03-04: 10:00:00"),
+                                         QStringLiteral("2026-03-04: 10:00:00:250"));
+}
+
+/// A healthy LDB's record with `codes` and their texts put in.
 inline QList<QStringList> withCodes(const QString& hexId, const Codes& codes,
                                     const QString& name = QStringLiteral("Hall"))
 {
     using namespace generalinformation;
 
-    LdbStatus status;
-    status.primaryVoltage = 24000;
-    status.secondaryVoltage = 23950;
-    status.primaryCurrent = 1234;
-    status.secondaryCurrent = static_cast<quint16>(-100);
-    QList<QStringList> rows = buildRows(hexId, name, status, QStringLiteral("2026-03-04: 10:00:00"),
-                                        QStringLiteral("2026-03-04: 10:00:00:250"));
+    QList<QStringList> rows = record(hexId, healthy(), name);
     const auto put = [&rows](Row row, const QString& text, int code) {
         rows[row] = QStringList{text, QString::number(code)};
     };
@@ -42,24 +56,6 @@ inline QList<QStringList> withCodes(const QString& hexId, const Codes& codes,
     return rows;
 }
 
-/// A healthy LDB at rest: 24.1 V and 12.3 mA at either port.
-inline LdbStatus healthy(LdbState state = LdbState::Quiescent)
-{
-    LdbStatus status;
-    status.state = state;
-    status.primaryVoltage = 24100;
-    status.secondaryVoltage = 24100;
-    status.primaryCurrent = 1230;
-    status.secondaryCurrent = 1230;
-    return status;
-}
-
-inline QList<QStringList> record(const QString& hexId, const LdbStatus& status = healthy(),
-                                 const QString& name = QStringLiteral("Hall"))
-{
-    return generalinformation::buildRows(hexId, name, status,
-                                         QStringLiteral("2024-05-06: 07:08:09"),
-                                         QStringLiteral("2024-05-06: 07:08:09:010"));
-}
-
 } // namespace records
+
+Q_DECLARE_METATYPE(records::Codes)

@@ -10,15 +10,11 @@
 
 using records::healthy;
 using records::record;
+using namespace generalinformation;
 
 namespace {
 
 const QString kLdb = QStringLiteral("07");
-
-QStringList list(const char* joined)
-{
-    return QString::fromLatin1(joined).split(QLatin1Char('|'));
-}
 
 struct Detail
 {
@@ -27,33 +23,37 @@ struct Detail
     DeviceDetailTable table;
     QAbstractItemModelTester tester;
 
-    explicit Detail(const QByteArray& tuning = {})
-        : table((sandbox.writeTuning(tuning), &view))
+    explicit Detail(const QByteArray& rules = {})
+        : table((sandbox.writeTuning("[TableSettings]\ncolumn\\size=10\n" + rules), &view))
         , tester(view.model(), QAbstractItemModelTester::FailureReportingMode::QtTest)
     {
         table.setCurrentHexId(kLdb);
     }
 
-    QVariant data(int row, int column, int role = Qt::DisplayRole) const
+    void poll(const LdbStatus& status = healthy())
     {
-        return view.model()->index(row, column).data(role);
+        table.processData(kLdb, record(kLdb, status));
     }
-    QStringList texts(int column) const
+    /// The texts of a column, joined by "|".
+    QString texts(int column) const
     {
         QStringList list;
         for (int row = 0; row < view.model()->rowCount(); ++row) {
-            list << data(row, column).toString();
+            list << view.model()->index(row, column).data().toString();
         }
-        return list;
+        return list.join('|');
     }
-    QColor background(int row, int column = DeviceDetailTable::ValueColumn) const
+    QString labels() const { return texts(DeviceDetailTable::LabelColumn); }
+    QString values() const { return texts(DeviceDetailTable::ValueColumn); }
+    QColor colour(int row, int role, int column = DeviceDetailTable::ValueColumn) const
     {
-        return data(row, column, Qt::BackgroundRole).value<QBrush>().color();
+        return view.model()->index(row, column).data(role).value<QBrush>().color();
     }
+    QColor background(int row) const { return colour(row, Qt::BackgroundRole); }
 };
 
-const QByteArray kModeRedAtService = "[TableSettings]\ncolumn\\size=10\ncolumn\\3\\value2=30\n"
-                                     "column\\3\\color2=darkred\n";
+const QByteArray kModeRedAtService = "column\\3\\value2=30\ncolumn\\3\\color2=darkred\n";
+const QString kEmpty(10, '|');
 
 } // namespace
 
@@ -66,139 +66,98 @@ private slots:
     void coloursByRuleAndBack();
     void recordOfAnyLength_data();
     void recordOfAnyLength();
-    void anotherLdbEmptiesTheValues();
     void retranslationKeepsTheValues();
-    void unchangedRecordChangesNothing();
 };
 
 void TestDeviceDetailTable::showsTheCurrentLdbOnly()
 {
-    Detail detail;
+    Detail detail(kModeRedAtService);
     QVERIFY(detail.view.horizontalHeader()->isHidden());
-    const QStringList empty = detail.texts(DeviceDetailTable::ValueColumn);
     detail.table.processData(QStringLiteral("08"), record(QStringLiteral("08")));
-    QCOMPARE(detail.texts(DeviceDetailTable::ValueColumn), empty);
+    QCOMPARE(detail.values().remove('|'), QString());
 
-    LdbStatus status = healthy(LdbState::Measuring);
+    LdbStatus status = healthy(LdbState::ServiceMode);
     status.secondaryPortShort = 1;
-    detail.table.processData(kLdb, record(kLdb, status, QStringLiteral("Platform")));
-    QCOMPARE(detail.texts(DeviceDetailTable::ValueColumn),
-             list("07|Platform|Measuring|Ok|24.1 V|12.3 mA|Short|Short|Ok|Ok|"
-                  "2024-05-06: 07:08:09"));
-    QCOMPARE(detail.texts(DeviceDetailTable::LabelColumn),
-             list("ID|Name|Mode|Loop|Primary Port||Secondary Port||Earth|Amplifier|"));
+    detail.poll(status);
+    const QString values("07|Hall|Service mode|Ok|24.0 V|12.3 mA|Short|Short|Ok|Ok|"
+                         "2026-03-04: 10:00:00");
+    QCOMPARE(detail.values(), values);
+    detail.table.setCurrentHexId(kLdb);
+    QCOMPARE(detail.values(), values);
+
+    detail.table.setCurrentHexId(QStringLiteral("08"));
+    QCOMPARE(detail.values(), kEmpty);
+    QVERIFY(detail.background(ModeRow) != QColor("darkred"));
+    QCOMPARE(detail.labels(), "ID|Name|Mode|Loop|Primary Port||Secondary Port||Earth|Amplifier|");
 }
 
 void TestDeviceDetailTable::shadesRowsInTurn()
 {
     Detail detail;
-    detail.table.processData(kLdb, record(kLdb));
-    const QColor base = QPalette().color(QPalette::Base);
-    const QColor alternate = QPalette().color(QPalette::AlternateBase);
+    detail.poll();
+    const QPalette palette;
     const QList<int> baseRows{0, 2, 4, 5, 8, 10};
     for (int row = 0; row < detail.view.model()->rowCount(); ++row) {
-        const QColor expected = baseRows.contains(row) ? base : alternate;
-        QCOMPARE(detail.background(row, DeviceDetailTable::LabelColumn), expected);
-        QCOMPARE(detail.background(row, DeviceDetailTable::ValueColumn), expected);
+        const QColor expected =
+            palette.color(baseRows.contains(row) ? QPalette::Base : QPalette::AlternateBase);
+        QCOMPARE(detail.colour(row, Qt::BackgroundRole, DeviceDetailTable::LabelColumn), expected);
+        QCOMPARE(detail.background(row), expected);
     }
 }
 
 void TestDeviceDetailTable::coloursByRuleAndBack()
 {
-    constexpr int kValue = DeviceDetailTable::ValueColumn;
     Detail detail(kModeRedAtService);
-    const QColor shade = detail.background(generalinformation::ModeRow);
-    const QVariant text = detail.data(generalinformation::ModeRow, kValue, Qt::ForegroundRole);
+    const QColor shade = detail.background(ModeRow);
+    const QColor text = detail.colour(ModeRow, Qt::ForegroundRole);
+    detail.poll(healthy(LdbState::ServiceMode));
+    QCOMPARE(detail.background(ModeRow), QColor("darkred"));
+    QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), QColor(Qt::white));
+    QCOMPARE(detail.background(LoopRow), QPalette().color(QPalette::AlternateBase));
 
-    detail.table.processData(kLdb, record(kLdb, healthy(LdbState::ServiceMode)));
-    QCOMPARE(detail.background(generalinformation::ModeRow), QColor("darkred"));
-    QCOMPARE(detail.data(generalinformation::ModeRow, kValue, Qt::ForegroundRole)
-                 .value<QBrush>()
-                 .color(),
-             QColor(Qt::white));
-    QCOMPARE(detail.background(generalinformation::LoopRow),
-             QPalette().color(QPalette::AlternateBase));
-
-    detail.table.processData(kLdb, record(kLdb));
-    QCOMPARE(detail.background(generalinformation::ModeRow), shade);
-    QCOMPARE(detail.data(generalinformation::ModeRow, kValue, Qt::ForegroundRole), text);
+    detail.poll();
+    QCOMPARE(detail.background(ModeRow), shade);
+    QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), text);
 }
 
 void TestDeviceDetailTable::recordOfAnyLength_data()
 {
     QTest::addColumn<int>("entries");
-    QTest::addColumn<int>("shown");
-    QTest::newRow("none") << 0 << 0;
-    QTest::newRow("one counts as none") << 1 << 0;
-    QTest::newRow("some") << 4 << 4;
-    QTest::newRow("more than known") << 14 << 14;
+    QTest::addColumn<QString>("values");
+    QTest::newRow("none") << 0 << kEmpty;
+    QTest::newRow("one counts as none") << 1 << kEmpty;
+    QTest::newRow("some") << 4 << "07|Hall|Quiescent|Ok|||||||";
+    QTest::newRow("more than known") << 12
+                                     << "07|Hall|Quiescent|Ok|24.0 V|12.3 mA|23.9 V|-1.0 mA|Ok|Ok|"
+                                        "2026-03-04: 10:00:00|further";
 }
 
 void TestDeviceDetailTable::recordOfAnyLength()
 {
     QFETCH(int, entries);
-    QFETCH(int, shown);
     // A rule that holds for the value 0 must not colour rows of which there is no value.
-    Detail detail("[TableSettings]\ncolumn\\size=10\ncolumn\\9\\value2=0\n"
-                  "column\\9\\color2=red\n");
-    detail.table.processData(kLdb, record(kLdb));
-    QCOMPARE(detail.background(generalinformation::EarthRow), QColor("red"));
+    Detail detail("column\\9\\value2=0\ncolumn\\9\\color2=red\n");
+    detail.poll();
+    QCOMPARE(detail.background(EarthRow), QColor("red"));
 
-    QList<QStringList> cut = record(kLdb).mid(0, entries);
-    while (cut.size() < entries) {
-        cut.append({QStringLiteral("further"), QStringLiteral("1")});
-    }
-    detail.table.processData(kLdb, cut);
-    const QStringList values = detail.texts(DeviceDetailTable::ValueColumn);
-    QCOMPARE(values.size(), qMax(int(generalinformation::RowCount), entries));
-    QCOMPARE(values.size() - values.count(QString()), shown);
-    QCOMPARE(detail.background(generalinformation::EarthRow) == QColor("red"),
-             entries > generalinformation::EarthRow);
-}
-
-void TestDeviceDetailTable::anotherLdbEmptiesTheValues()
-{
-    Detail detail(kModeRedAtService);
-    detail.table.processData(kLdb, record(kLdb, healthy(LdbState::ServiceMode)));
-    const QStringList values = detail.texts(DeviceDetailTable::ValueColumn);
-
-    detail.table.setCurrentHexId(kLdb);
-    QCOMPARE(detail.texts(DeviceDetailTable::ValueColumn), values);
-
-    detail.table.setCurrentHexId(QStringLiteral("08"));
-    QCOMPARE(detail.texts(DeviceDetailTable::ValueColumn).join(QString()), QString());
-    QVERIFY(detail.background(generalinformation::ModeRow) != QColor("darkred"));
-    QCOMPARE(detail.data(0, DeviceDetailTable::LabelColumn).toString(), QStringLiteral("ID"));
+    const QList<QStringList> longest = record(kLdb) + QList<QStringList>{{"further", "1"}};
+    detail.table.processData(kLdb, longest.mid(0, entries));
+    QTEST(detail.values(), "values");
+    QCOMPARE(detail.background(EarthRow) == QColor("red"), entries > EarthRow);
 }
 
 void TestDeviceDetailTable::retranslationKeepsTheValues()
 {
     Detail detail(kModeRedAtService);
-    detail.table.processData(kLdb, record(kLdb, healthy(LdbState::ServiceMode)));
-    const QStringList values = detail.texts(DeviceDetailTable::ValueColumn);
+    detail.poll(healthy(LdbState::ServiceMode));
+    const QString values = detail.values();
 
     const BracketingTranslator translator;
     detail.table.retranslate();
-    QCOMPARE(
-        detail.texts(DeviceDetailTable::LabelColumn),
-        list("[ID]|[Name]|[Mode]|[Loop]|[Primary Port]||[Secondary Port]||[Earth]|[Amplifier]|"));
-    QCOMPARE(detail.texts(DeviceDetailTable::ValueColumn), values);
-    QCOMPARE(detail.background(generalinformation::ModeRow), QColor("darkred"));
-    QCOMPARE(detail.view.model()->headerData(0, Qt::Horizontal).toString(),
-             QStringLiteral("Details"));
-}
-
-void TestDeviceDetailTable::unchangedRecordChangesNothing()
-{
-    Detail detail(kModeRedAtService);
-    detail.table.processData(kLdb, record(kLdb, healthy(LdbState::ServiceMode)));
-    const QSignalSpy changes(detail.view.model(), &QAbstractItemModel::dataChanged);
-    detail.table.processData(kLdb, record(kLdb, healthy(LdbState::ServiceMode)));
-    QCOMPARE(changes.count(), 0);
-    LdbStatus status = healthy(LdbState::ServiceMode);
-    status.primaryVoltage = 23000;
-    detail.table.processData(kLdb, record(kLdb, status));
-    QCOMPARE(changes.count(), 1);
+    QCOMPARE(detail.labels(), "[ID]|[Name]|[Mode]|[Loop]|[Primary Port]||[Secondary Port]||"
+                              "[Earth]|[Amplifier]|");
+    QCOMPARE(detail.values(), values);
+    QCOMPARE(detail.background(ModeRow), QColor("darkred"));
 }
 
 QTEST_MAIN(TestDeviceDetailTable)
