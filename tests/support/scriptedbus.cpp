@@ -93,5 +93,4 @@ void ScriptedBus::processRequest(const QByteArray& body)
     if (!answer.isEmpty()) {
         m_terminal.write(answer);
     }
-    emit requested(body);
 }

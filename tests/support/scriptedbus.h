@@ -48,10 +48,6 @@ public:
     static QByteArray name(const QString& hexId);
     static QByteArray firmware();
 
-signals:
-    /// After a request has been recorded and answered.
-    void requested(const QByteArray& body);
-
 private:
     void processBytes(const QByteArray& bytes);
     void processRequest(const QByteArray& body);

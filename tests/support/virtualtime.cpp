@@ -57,39 +57,28 @@ bool VirtualTime::hasPendingEvents()
                        [this](const Timer& timer) { return timer.due <= m_now; });
 }
 
-void VirtualTime::registerSocketNotifier(QSocketNotifier* notifier)
-{
-    Q_UNUSED(notifier)
-}
-
-void VirtualTime::unregisterSocketNotifier(QSocketNotifier* notifier)
-{
-    Q_UNUSED(notifier)
-}
-
 void VirtualTime::registerTimer(int timerId, int interval, Qt::TimerType timerType, QObject* object)
 {
     m_timers.append({timerId, interval, timerType, object, m_now + interval});
 }
 
-bool VirtualTime::unregisterTimer(int timerId)
+template <typename Predicate>
+bool VirtualTime::removeTimers(Predicate isMeant)
 {
-    const auto newEnd =
-        std::remove_if(m_timers.begin(), m_timers.end(),
-                       [timerId](const Timer& timer) { return timer.id == timerId; });
+    const auto newEnd = std::remove_if(m_timers.begin(), m_timers.end(), isMeant);
     const bool found = newEnd != m_timers.end();
     m_timers.erase(newEnd, m_timers.end());
     return found;
 }
 
+bool VirtualTime::unregisterTimer(int timerId)
+{
+    return removeTimers([timerId](const Timer& timer) { return timer.id == timerId; });
+}
+
 bool VirtualTime::unregisterTimers(QObject* object)
 {
-    const auto newEnd =
-        std::remove_if(m_timers.begin(), m_timers.end(),
-                       [object](const Timer& timer) { return timer.object == object; });
-    const bool found = newEnd != m_timers.end();
-    m_timers.erase(newEnd, m_timers.end());
-    return found;
+    return removeTimers([object](const Timer& timer) { return timer.object == object; });
 }
 
 QList<QAbstractEventDispatcher::TimerInfo> VirtualTime::registeredTimers(QObject* object) const

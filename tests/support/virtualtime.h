@@ -22,8 +22,8 @@ public:
 
     bool processEvents(QEventLoop::ProcessEventsFlags flags) override;
     bool hasPendingEvents() override;
-    void registerSocketNotifier(QSocketNotifier* notifier) override;
-    void unregisterSocketNotifier(QSocketNotifier* notifier) override;
+    void registerSocketNotifier(QSocketNotifier*) override {}
+    void unregisterSocketNotifier(QSocketNotifier*) override {}
     void registerTimer(int timerId, int interval, Qt::TimerType timerType,
                        QObject* object) override;
     bool unregisterTimer(int timerId) override;
@@ -45,6 +45,9 @@ private:
     };
     /// Fires the earliest timer due at or before `limit`; false when there is none.
     bool fireNext(qint64 limit);
+    /// Whether there was one.
+    template <typename Predicate>
+    bool removeTimers(Predicate isMeant);
 
     QList<Timer> m_timers;
     qint64 m_now = 0;
