@@ -74,6 +74,7 @@ void TestSerialCommand::bodies()
     QCOMPARE(ExecuteCommand(kTen, LdbControl::ServiceMode).commandData(), "FE0A73780003");
     QCOMPARE(ExecuteCommand(busaddress::kBroadcast, LdbControl::LdbReset).commandData(),
              "FEFF73780001");
+    QCOMPARE(RequestCommand(kTen, 10).commandData(), "FE0A73720A");
     QCOMPARE(ExecuteCommand(kTen, 255, "01").commandData(), "FE0A7378FF01");
 }
 

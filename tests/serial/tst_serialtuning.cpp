@@ -16,17 +16,20 @@ void TestSerialTuning::numbersOfTheFile_data()
 {
     QTest::addColumn<QByteArray>("count");
     QTest::addColumn<QByteArray>("wait");
-    QTest::addColumn<int>("disconnectedCount");
-    QTest::addColumn<int>("answerWaitTime");
+    QTest::addColumn<QList<int>>("numbers");
     QTest::addColumn<bool>("warns");
 
-    QTest::newRow("whole numbers") << QByteArray("7") << QByteArray("250") << 7 << 250 << false;
-    QTest::newRow("too small") << QByteArray("-2") << QByteArray("0") << 0 << 1 << false;
+    const auto row = [](const char* tag, const char* count, const char* wait,
+                        const QList<int>& numbers, bool warns) {
+        QTest::newRow(tag) << QByteArray(count) << QByteArray(wait) << numbers << warns;
+    };
+    row("whole numbers", "7", "250", {7, 250}, false);
+    row("too small", "-2", "0", {0, 1}, false);
     // Taken for 0, each of these would have every LDB lost at the first missed answer.
-    QTest::newRow("empty") << QByteArray() << QByteArray() << 3 << 1500 << true;
-    QTest::newRow("words") << QByteArray("three") << QByteArray("1500 ms") << 3 << 1500 << true;
-    QTest::newRow("fraction") << QByteArray("2.5") << QByteArray("1500.0") << 3 << 1500 << true;
-    QTest::newRow("list") << QByteArray("3,3") << QByteArray("1,500") << 3 << 1500 << true;
+    row("empty", "", "", {3, 1500}, true);
+    row("words", "three", "1500 ms", {3, 1500}, true);
+    row("fraction", "2.5", "1500.0", {3, 1500}, true);
+    row("list", "3,3", "1,500", {3, 1500}, true);
 }
 
 void TestSerialTuning::numbersOfTheFile()
@@ -37,13 +40,9 @@ void TestSerialTuning::numbersOfTheFile()
     const Sandbox sandbox;
     sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=" + count +
                         "\nBYTES_RECEIVED_WAIT_TIME=" + wait + "\n");
-    std::unique_ptr<ExpectWarning> expected;
-    if (warns) {
-        expected = std::make_unique<ExpectWarning>("no whole number");
-    }
+    const auto expected = warns ? std::make_unique<ExpectWarning>("no whole number") : nullptr;
     const SerialTuning tuning = SerialTuning::load();
-    QTEST(tuning.disconnectedCount, "disconnectedCount");
-    QTEST(tuning.answerWaitTime, "answerWaitTime");
+    QTEST((QList<int>{tuning.disconnectedCount, tuning.answerWaitTime}), "numbers");
 }
 
 QTEST_GUILESS_MAIN(TestSerialTuning)
