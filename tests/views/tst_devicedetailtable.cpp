@@ -98,7 +98,7 @@ void TestDeviceDetailTable::shadesRowsInTurn()
     const QPalette palette;
     const QList<int> baseRows{0, 2, 4, 5, 8, 10};
     for (int row = 0; row < detail.view.model()->rowCount(); ++row) {
-        const QColor expected =
+        const QColor& expected =
             palette.color(baseRows.contains(row) ? QPalette::Base : QPalette::AlternateBase);
         QCOMPARE(detail.colour(row, Qt::BackgroundRole, DeviceDetailTable::LabelColumn), expected);
         QCOMPARE(detail.background(row), expected);

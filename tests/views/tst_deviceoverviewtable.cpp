@@ -143,7 +143,6 @@ void TestDeviceOverviewTable::init()
 
 void TestDeviceOverviewTable::cleanup()
 {
-    userSettings().clear();
     m_sandbox.reset();
     TestCase::cleanup();
 }

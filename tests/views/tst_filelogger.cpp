@@ -71,10 +71,9 @@ private slots:
     void existingFiles_data();
     void existingFiles();
     void cannotOpen();
-    void deviceFull();
-    void diskFullWithinALine();
+    void writingFails_data();
+    void writingFails();
     void fileChangedByOthers();
-    void removedFile();
     void ignoredWhileStopped();
     void names();
 
@@ -194,7 +193,7 @@ void TestFileLogger::periods_data()
     QTest::addColumn<QString>("records");
 
     QTest::newRow("others only in the opening second")
-        << 5 << "*0A@10:00:00 *0B@10:00:00 0A@10:00:02 *0B@10:00:05";
+        << 5 << "*0A@10:00:00 *0B@10:00:00 0C@10:00:02 *0B@10:00:05";
     QTest::newRow("on the second") << 5 << "*01@10:00:00 01@10:00:04 *01@10:00:05 *01@10:00:10";
     QTest::newRow("a late opener shifts the periods")
         << 5 << "*01@10:00:00 *01@10:00:07 01@10:00:11 *01@10:00:12";
@@ -297,34 +296,45 @@ void TestFileLogger::cannotOpen()
     QCOMPARE(content(), kHeader + lineAt("01", "10:00:00"));
 }
 
-void TestFileLogger::deviceFull()
+void TestFileLogger::writingFails_data()
 {
-    m_logger->setFileName("/dev/full");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("device full") << "/dev/full"
+                                 << "No space left on device";
+    QTest::newRow("disk full within a line") << "log.csv"
+                                             << "File too large";
+    QTest::newRow("file removed") << "log.csv"
+                                  << "The file has been removed.";
+}
+
+void TestFileLogger::writingFails()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, reason);
+
+    m_logger->setFileName(file);
     QVERIFY(m_logger->startStop(true));
+    if (file == "log.csv") {
+        process("01", "10:00:00");
+    }
+    const bool isRemoved = reason.contains("removed") && QFile::remove(path());
+    const QByteArray whole = content();
     bool wasLogging = true;
     connect(m_logger.get(), &FileLogger::loggingFailed, m_logger.get(),
             [this, &wasLogging] { wasLogging = m_logger->isLogging(); });
-    const ExpectWarning warning("^logging to /dev/full stopped - No space left on device$");
-    process("01", "10:00:00");
-    QVERIFY(!wasLogging);
-    // One failure is enough: what comes later is neither tried nor told.
-    process("01", "10:00:05");
-    QCOMPARE(failures(), QStringList{"/dev/full: No space left on device"});
-}
-
-void TestFileLogger::diskFullWithinALine()
-{
-    QVERIFY(m_logger->startStop(true));
-    process("01", "10:00:00");
-    const QByteArray whole = content();
     {
-        const ExpectWarning warning("^logging to .*log.csv stopped - ");
+        const ExpectWarning warning("^logging to .* stopped - ");
         const FileSizeLimit limit(static_cast<rlim_t>(whole.size() + 20));
         process("01", "10:00:01");
     }
-    QCOMPARE(failures().size(), 1);
-    QVERIFY(!m_logger->isLogging());
+    QVERIFY(!wasLogging);
+    // One failure is enough: what comes later is neither tried nor told.
+    process("01", "10:00:05");
+    QCOMPARE(failures(), QStringList{file + ": " + reason});
+    // No part of a line stays, and a file that is gone does not come back.
     QCOMPARE(content(), whole);
+    QCOMPARE(QFile::exists(path()), file == "log.csv" && !isRemoved);
 }
 
 void TestFileLogger::fileChangedByOthers()
@@ -337,17 +347,6 @@ void TestFileLogger::fileChangedByOthers()
     const QByteArray before = content();
     process("01", "10:00:01");
     QCOMPARE(content(), before + lineAt("01", "10:00:01"));
-}
-
-void TestFileLogger::removedFile()
-{
-    QVERIFY(m_logger->startStop(true));
-    process("01", "10:00:00");
-    QVERIFY(QFile::remove(path()));
-    const ExpectWarning warning("^logging to .*log.csv stopped - ");
-    process("01", "10:00:01");
-    QCOMPARE(failures().size(), 1);
-    QVERIFY(!QFile::exists(path()));
 }
 
 void TestFileLogger::ignoredWhileStopped()
