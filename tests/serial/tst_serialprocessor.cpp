@@ -145,7 +145,6 @@ private slots:
     void burstAfterSilenceIsNobodys_data();
     void burstAfterSilenceIsNobodys();
     void stateIsToldWhenItChanges();
-    void portThatDoesNotOpen();
     void endsInEveryState_data();
     void endsInEveryState();
 };
@@ -452,20 +451,6 @@ void TestSerialProcessor::stateIsToldWhenItChanges()
     QCOMPARE(told.mid(0, 4), (QList<int>{10, 20, 10, 30}));
 }
 
-void TestSerialProcessor::portThatDoesNotOpen()
-{
-    const ExpectWarning error("Port /nowhere/tty: ");
-    Bench bench({});
-    bench.processor.setPortName("/nowhere/tty");
-    QVERIFY(bench.processor.start());
-    QCOMPARE(bench.failed.size(), 1);
-    QCOMPARE(bench.portFailed.size(), 1);
-    QCOMPARE(bench.portFailed.first().at(0).toString(), "/nowhere/tty");
-    QVERIFY(bench.scan.isEmpty());
-    bench.processor.stop();
-    QCOMPARE(bench.stopped.size(), 1);
-}
-
 void TestSerialProcessor::endsInEveryState_data()
 {
     QTest::addColumn<QByteArray>("request"); ///< at which it ends
@@ -479,6 +464,7 @@ void TestSerialProcessor::endsInEveryState_data()
         QTest::addRow("%s at a firmware", how) << ask("03", kFirmware) << isCut;
         QTest::addRow("%s at a command", how) << ask("03", kReset) << isCut;
     }
+    QTest::newRow("port that does not open") << QByteArray() << true;
 }
 
 void TestSerialProcessor::endsInEveryState()
@@ -503,12 +489,15 @@ void TestSerialProcessor::endsInEveryState()
         }
         return kSilence;
     });
-    bench.processor.start();
+    const QString port = request.isEmpty() ? "/nowhere/tty" : bench.bus.portName();
+    bench.processor.setPortName(port);
+    QVERIFY(bench.processor.start());
     bench.queueReset();
     bench.queueReset();
     if (isCut) {
         WAIT_COMPARE(bench.failed.size(), 1);
         QCOMPARE(bench.portFailed.size(), 1);
+        QCOMPARE(bench.portFailed.first().at(0).toString(), port);
         bench.processor.stop();
     }
     WAIT_COMPARE(bench.stopped.size(), 1);
