@@ -14,6 +14,8 @@ namespace {
 using Status = ImportExportDeviceSettings::ImportExportStatus;
 
 constexpr int kEndLimitMs = 20000;
+constexpr int kHeadLines = 5;
+constexpr int kIdField = 0;
 
 const QByteArray kAck("\x06");
 const QByteArray kNak("\x15");
@@ -96,6 +98,26 @@ public:
     std::unique_ptr<ImportExportDeviceSettings> job;
 };
 
+/// An exported file with its IDs in the base in which they are read.
+QByteArray withHexIds(const QByteArray& exported)
+{
+    QList<QByteArray> lines = exported.split('\n');
+    for (int i = kHeadLines; i < lines.size(); ++i) {
+        QList<QByteArray> fields = lines.at(i).split(';');
+        if (fields.size() > 1) {
+            fields[kIdField] = QByteArray::number(fields.at(kIdField).toInt(), 16);
+            lines[i] = fields.join(';');
+        }
+    }
+    return lines.join('\n');
+}
+
+/// A byte as the low one of a word.
+QByteArray wordDigits(int value)
+{
+    return busaddress::toHexId(value).toLatin1() + "00";
+}
+
 bool isRequest(const QByteArray& body, const char* hexId, const char* request)
 {
     return body.mid(2, 2) == hexId && body.mid(4).startsWith(request);
@@ -116,8 +138,8 @@ private slots:
     void exportsEveryByte();
     void exportReportsFaults_data();
     void exportReportsFaults();
-    void exportFailsWithoutFile_data();
-    void exportFailsWithoutFile();
+    void failsAtOnce_data();
+    void failsAtOnce();
     void exportNamesItsFile();
     void exportPairsAnswersAskedByOthers();
     void importWrites();
@@ -126,16 +148,13 @@ private slots:
     void importReportsEachCommand_data();
     void importReportsEachCommand();
     void importGoesOnAfterARefusal();
-    void importTellsProgress();
-    void importFailsWithoutFile();
-    void needsALink_data();
-    void needsALink();
     void endsWhenTheLinkStops_data();
     void endsWhenTheLinkStops();
     void isCancelled_data();
     void isCancelled();
     void lostLdbIsNotConnected();
     void limitsTheFailureText();
+    void settingsMoveToSwappedBoards();
 };
 
 void TestImportExport::exportsEveryByte_data()
@@ -144,7 +163,6 @@ void TestImportExport::exportsEveryByte_data()
     QTest::addColumn<QByteArray>("nameDigits");
     QTest::addColumn<QByteArray>("nameBytes");
 
-    QTest::newRow("plain") << QByteArray("UTF-8") << hex("LDB 0A") << QByteArray("LDB 0A");
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << hex("\xC3\xBC") << QByteArray("\xC3\xBC");
     QTest::newRow("local encoding")
         << QByteArray("ISO-8859-1") << QByteArray("FC") << QByteArray("\xFC");
@@ -229,29 +247,49 @@ void TestImportExport::exportReportsFaults()
                                           "3;LDB 03;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
 }
 
-void TestImportExport::exportFailsWithoutFile_data()
+void TestImportExport::failsAtOnce_data()
 {
+    QTest::addColumn<bool>("isImport");
+    QTest::addColumn<bool>("isConnected");
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("failure");
 
-    QTest::newRow("no such folder")
-        << QStringLiteral("missing/out.csv") << QStringLiteral("The file cannot be opened: .+");
-    QTest::newRow("full disk") << QStringLiteral("/dev/full")
-                               << QStringLiteral("The file cannot be written: .+");
+    const QString notOpened = QStringLiteral("The file cannot be opened: .+");
+    const QString notConnected = QStringLiteral("No LDB's are connected\\.");
+    QTest::newRow("export, no such folder")
+        << false << true << QStringLiteral("missing/out.csv") << notOpened;
+    QTest::newRow("export, full disk") << false << true << QStringLiteral("/dev/full")
+                                       << QStringLiteral("The file cannot be written: .+");
+    QTest::newRow("export, no link") << false << false << QStringLiteral("in.csv") << notConnected;
+    QTest::newRow("import, no such file")
+        << true << true << QStringLiteral("missing.csv") << notOpened;
+    QTest::newRow("import, no link") << true << false << QStringLiteral("in.csv") << notConnected;
 }
 
-void TestImportExport::exportFailsWithoutFile()
+void TestImportExport::failsAtOnce()
 {
+    QFETCH(bool, isImport);
+    QFETCH(bool, isConnected);
     QFETCH(QString, path);
     QFETCH(QString, failure);
     Operation operation({QStringLiteral("01")});
-    QVERIFY(operation.connectLink());
-    QVERIFY(operation.runExport(path));
-    QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
-    QCOMPARE(operation.job->failures().size(), 1);
-    QVERIFY(QRegularExpression(QRegularExpression::anchoredPattern(failure))
-                .match(operation.job->failureText())
-                .hasMatch());
+    const QString present = operation.fileWith(line("1", "A"));
+    QVERIFY(!isConnected || operation.connectLink());
+    if (isImport) {
+        operation.job->importDeviceSettings(path);
+    } else {
+        operation.job->exportDeviceSettings(path);
+    }
+    QVERIFY(operation.waitForEnd());
+    QCOMPARE(operation.statuses,
+             isImport ? (QList<Status>{Status::ImportStarted, Status::ImportFailed})
+                      : (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
+    QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(failure))
+                 .match(operation.job->failureText())
+                 .hasMatch(),
+             qPrintable(operation.job->failureText()));
+    // A file that cannot be written anew is left as it was.
+    QCOMPARE(Sandbox::readFile(present), line("1", "A"));
 }
 
 void TestImportExport::exportNamesItsFile()
@@ -289,6 +327,7 @@ void TestImportExport::importWrites()
     Operation operation({QStringLiteral("01"), QStringLiteral("10")});
     operation.bus.settingsOf(QStringLiteral("10")).replace(12, 2, "01"); // muted
     QVERIFY(operation.connectLink());
+    QSignalSpy progress(operation.job.get(), &ImportExportDeviceSettings::progressChanged);
     QVERIFY(operation.runImport(settingscsv::fileHead().toUtf8() + line("10", "B;c") + "\n" +
                                 line("1", "A") + "\n"));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFinished}));
@@ -296,6 +335,12 @@ void TestImportExport::importWrites()
     // The file knows nothing of the audio mute, so the LDB keeps it.
     QCOMPARE(operation.bus.settingsOf(QStringLiteral("10")),
              QByteArray("10112233155A010500") + hex("B;c").leftJustified(32, '0') + "441E00");
+    QList<int> left;
+    for (const QVariantList& arguments : progress) {
+        left.append(arguments.at(0).toInt());
+        QCOMPARE(arguments.at(1).toInt(), 10);
+    }
+    QCOMPARE(left, (QList<int>{10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}));
 }
 
 void TestImportExport::importEndsOnce_data()
@@ -319,25 +364,6 @@ void TestImportExport::importEndsOnce_data()
                         const QList<QByteArray>& writes, const QStringList& failures) {
         QTest::newRow(tag) << content << end << writes << failures;
     };
-    row("all good", both, Status::ImportFinished, writesBoth, {});
-    row("byte-order mark", "\xEF\xBB\xBF" + both, Status::ImportFinished, writesBoth, {});
-    row("CRLF", QByteArray(both).replace("\n", "\r\n"), Status::ImportFinished, writesBoth, {});
-    row("padded lines", "ID;;;;;;;;;;;\n" + QByteArray(both).replace("\n", ";\n") + ";;;;;;;;;;;\n",
-        Status::ImportFinished, writesBoth, {});
-    row("quoted IDs", QByteArray("\"") + line("1\"", "A") + line("10", "B"),
-        Status::ImportFailedSettingsMissing, writesOf("10", "B"), {missingA});
-    row("quoted name", line("1", "A") + line("10", "\"B\""), Status::ImportFailed, writesA,
-        {QStringLiteral("Line 2: ID 10 (read as 10 hexadecimal, address 16): "
-                        "The name stands in quotation marks")});
-    row("comma as separator", QByteArray(both).replace(';', ','),
-        Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
-    row("tab as separator", QByteArray(both).replace(';', '\t'),
-        Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
-    row("missing column", QByteArray(both).replace(";LDB 1.07", ""), Status::ImportFailed, {},
-        {QStringLiteral(
-             "Line 1: ID 1 (read as 1 hexadecimal, address 1): 10 field(s) instead of 11"),
-         QStringLiteral(
-             "Line 2: ID 10 (read as 10 hexadecimal, address 16): 10 field(s) instead of 11")});
     row("torn last line", line("1", "A") + "10;B", Status::ImportFailed, writesA, {tornB});
     row("empty file", "", Status::ImportFailedSettingsMissing, {}, {missingA, missingB});
     row("missing LDB", line("1", "A"), Status::ImportFailedSettingsMissing, writesA, {missingB});
@@ -380,18 +406,12 @@ void TestImportExport::importReportsEachCommand_data()
                            << QStringLiteral("Line 1: ID 1 (read as 1 hexadecimal, address 1): ") +
                                   QString::fromLatin1(failure);
     };
-    row("name refused", "736302", kNak, "Device Name refused");
     row("flags refused", "736314", kNak, "the 0/1 columns refused");
-    row("delay refused", "736317", kNak, "Open Detection Delay refused");
-    row("FIMs refused", "736303", kNak, "Number of FIM's refused");
     row("store refused", "737806", kNak, "storing the settings refused");
     row("name answered with a status", "736302", ScriptedBus::framed(ScriptedBus::status()),
         "Device Name refused");
     row("name unanswered", "736302", kSilence, "Device Name unanswered");
     row("store unanswered", "737806", kSilence, "storing the settings unanswered");
-    row("two refused", "736", kNak,
-        "Device Name refused, the 0/1 columns refused, Open Detection Delay refused, "
-        "Number of FIM's refused");
 }
 
 void TestImportExport::importReportsEachCommand()
@@ -414,58 +434,12 @@ void TestImportExport::importGoesOnAfterARefusal()
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
-    QCOMPARE(operation.job->failures().size(), 1);
+    QCOMPARE(operation.job->failures(),
+             QStringList{QStringLiteral(
+                 "Line 1: ID 1 (read as 1 hexadecimal, address 1): Device Name refused, "
+                 "the 0/1 columns refused, Open Detection Delay refused, "
+                 "Number of FIM's refused, storing the settings refused")});
     QCOMPARE(operation.bus.writes(), writesOf("01", "A") + writesOf("10", "B"));
-}
-
-void TestImportExport::importTellsProgress()
-{
-    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
-    QVERIFY(operation.connectLink());
-    QSignalSpy progress(operation.job.get(), &ImportExportDeviceSettings::progressChanged);
-    QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
-    QList<int> left;
-    for (const QVariantList& arguments : progress) {
-        left.append(arguments.at(0).toInt());
-        QCOMPARE(arguments.at(1).toInt(), 10);
-    }
-    QCOMPARE(left, (QList<int>{10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}));
-}
-
-void TestImportExport::importFailsWithoutFile()
-{
-    Operation operation({QStringLiteral("01")});
-    QVERIFY(operation.connectLink());
-    // The generated name carries the present time, so there can be no such file.
-    operation.job->setDefaultDirectory(operation.sandbox.path(QString()));
-    operation.job->importDeviceSettings();
-    QVERIFY(operation.waitForEnd());
-    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
-    QVERIFY(operation.job->failureText().startsWith(QLatin1String("The file cannot be opened")));
-}
-
-void TestImportExport::needsALink_data()
-{
-    QTest::addColumn<bool>("isImport");
-    QTest::newRow("export") << false;
-    QTest::newRow("import") << true;
-}
-
-void TestImportExport::needsALink()
-{
-    QFETCH(bool, isImport);
-    Operation operation({QStringLiteral("01")});
-    const QString path = operation.fileWith(line("1", "A"));
-    if (isImport) {
-        operation.job->importDeviceSettings(path);
-        QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
-    } else {
-        operation.job->exportDeviceSettings(path);
-        QCOMPARE(operation.statuses, (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
-        // A file that cannot be written anew is left as it was.
-        QCOMPARE(Sandbox::readFile(path), line("1", "A"));
-    }
-    QCOMPARE(operation.job->failureText(), QStringLiteral("No LDB's are connected."));
 }
 
 void TestImportExport::endsWhenTheLinkStops_data()
@@ -578,7 +552,7 @@ void TestImportExport::lostLdbIsNotConnected()
     const ExpectWarning warning("^Refusal to FE0270$"); // to the probes of the lost one
     Operation operation({QStringLiteral("01"), QStringLiteral("02")});
     operation.sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n"
-                                  "BYTES_RECEIVED_WAIT_TIME=300\n");
+                                  "BYTES_RECEIVED_WAIT_TIME=1000\n");
     // The tuning is read when the link is made.
     operation.link.stop();
     SerialLink link;
@@ -619,6 +593,43 @@ void TestImportExport::limitsTheFailureText()
     const QStringList shown = operation.job->failureText().split(QLatin1Char('\n'));
     QCOMPARE(shown.size(), 13);
     QCOMPARE(shown.constLast(), QStringLiteral("and 89 more"));
+}
+
+void TestImportExport::settingsMoveToSwappedBoards()
+{
+    QStringList hexIds;
+    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
+        hexIds.append(busaddress::toHexId(address));
+    }
+    QByteArray exported;
+    {
+        Operation former(hexIds);
+        // Settings of its own for every board.
+        for (const QString& hexId : hexIds) {
+            const int address = hexId.toInt(nullptr, 16);
+            const QByteArray name = "Area " + QByteArray::number(address);
+            former.bus.settingsOf(hexId)
+                .replace(8, 2, busaddress::toHexId(address % 32).toLatin1())
+                .replace(14, 4, wordDigits(address % 3 == 0 ? 0 : address))
+                .replace(18, 32, name.toHex().leftJustified(32, '0'))
+                .replace(52, 4, wordDigits(255 - address));
+        }
+        QVERIFY(former.connectLink());
+        QVERIFY(former.runExport(QStringLiteral("out.csv")));
+        exported = Sandbox::readFile(former.sandbox.path(QStringLiteral("out.csv")));
+    }
+    QVERIFY(exported.contains("\n5;Area 5;1;1;5;0;1;0;0;250;"));
+    QVERIFY(exported.contains("\n252;Area 252;0;0;0;0;1;1;1;3;"));
+    QCOMPARE(exported.count('\n'), kHeadLines + 2 * busaddress::kLast);
+
+    Operation swapped(hexIds);
+    QVERIFY(swapped.connectLink());
+    QVERIFY(swapped.runImport(withHexIds(exported)));
+    QCOMPARE(swapped.statuses.constLast(), Status::ImportFinished);
+    QCOMPARE(swapped.job->failures(), QStringList());
+    swapped.statuses.clear();
+    QVERIFY(swapped.runExport(QStringLiteral("out.csv")));
+    QCOMPARE(Sandbox::readFile(swapped.sandbox.path(QStringLiteral("out.csv"))), exported);
 }
 
 QTEST_GUILESS_MAIN(TestImportExport)
