@@ -2,6 +2,7 @@
 #include "app/mainwindow.h"
 #include "app/messagebox.h"
 #include "app/settings/settingsmenu.h"
+#include "app/windowlayoutstore.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
@@ -9,12 +10,14 @@
 
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -23,18 +26,10 @@
 
 #include <memory>
 
-// A real bus and its scan take the time they take; these end as soon as what they wait for is
-// there.
-#define EVENTUALLY(condition) WAIT_VERIFY(condition)
-#define EVENTUALLY_COMPARE(actual, expected) WAIT_COMPARE(actual, expected)
-
 namespace {
 
+const QStringList kLdbs{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")};
 const QString kFailed = QStringLiteral("Serial communication failed.");
-/// A silence is soon told, but no pause of a busy computer is taken for one.
-const QByteArray
-    kImpatient("[SerialSettings]\nDISCONNECTED_COUNT=0\nBYTES_RECEIVED_WAIT_TIME=300\n");
-
 /// Gives every text back in brackets, as a language that has them all.
 class Brackets : public QTranslator
 {
@@ -80,13 +75,14 @@ private slots:
     void logsWhatIsPolled();
     void failedImport();
     void languageChangeLosesNothing();
+    void layoutComesBack_data();
     void layoutComesBack();
+    void fitsSmallScreen();
     void closesWhileCommandsWait();
 
 private:
-    void makeBus();
     void makeWindow();
-    void start(int ldbs);
+    void start();
     template <typename T>
     T* child(const char* name) const
     {
@@ -114,13 +110,7 @@ void TestMainWindow::init()
 {
     TestCase::init();
     m_sandbox = std::make_unique<Sandbox>();
-    makeBus();
-}
-
-void TestMainWindow::makeBus()
-{
-    m_bus = std::make_unique<ScriptedBus>(
-        QStringList{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")});
+    m_bus = std::make_unique<ScriptedBus>(kLdbs);
     applicationSettings().setValue(constants::kComPortKey, m_bus->portName());
 }
 
@@ -138,11 +128,20 @@ void TestMainWindow::makeWindow()
     m_window->show();
 }
 
-void TestMainWindow::start(int ldbs)
+void TestMainWindow::start()
 {
     makeWindow();
     button("startButton")->click();
-    EVENTUALLY_COMPARE(rows(), ldbs);
+    // A probe that a stalling machine answers too late makes another scan necessary.
+    for (int scan = 0; scan < 5; ++scan) {
+        WAIT_VERIFY(label("countLabel").startsWith(QStringLiteral("Available LDB's: ")) &&
+                    button("reloadDevicesButton")->isEnabled());
+        if (label("countLabel") == QStringLiteral("Available LDB's: 3.")) {
+            break;
+        }
+        button("reloadDevicesButton")->click();
+    }
+    WAIT_COMPARE(rows(), kLdbs.size());
 }
 
 void TestMainWindow::clickRow(const QString& hexId)
@@ -168,15 +167,15 @@ void TestMainWindow::startsAndStops()
     button("startButton")->click();
     QCOMPARE(button("startButton")->text(), QStringLiteral("Stop"));
     QVERIFY(!button("reloadDevicesButton")->isEnabled());
-    EVENTUALLY(child<QProgressBar>("progressBar")->isVisible());
+    WAIT_VERIFY(child<QProgressBar>("progressBar")->isVisible());
     QVERIFY(m_window->statusBar()->currentMessage().startsWith(
         QStringLiteral("Scanning for connected LDB's...  LDB's Checked ")));
 
-    EVENTUALLY_COMPARE(rows(), 3);
+    WAIT_COMPARE(rows(), 3);
     QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 3."));
     QVERIFY(!child<QProgressBar>("progressBar")->isVisible());
-    EVENTUALLY_COMPARE(detail(0), QStringLiteral("03"));
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    WAIT_COMPARE(detail(0), QStringLiteral("03"));
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     QVERIFY(button("reloadDevicesButton")->isEnabled());
 
     button("startButton")->click();
@@ -195,7 +194,7 @@ void TestMainWindow::stopsDuringScan()
     m_bus->setScript([](const QByteArray&) { return QByteArray(); });
     makeWindow();
     button("startButton")->click();
-    EVENTUALLY(child<QProgressBar>("progressBar")->isVisible());
+    WAIT_VERIFY(child<QProgressBar>("progressBar")->isVisible());
     button("startButton")->click();
     QCOMPARE(button("startButton")->text(), QStringLiteral("Start"));
     QVERIFY(!child<QProgressBar>("progressBar")->isVisible());
@@ -205,7 +204,7 @@ void TestMainWindow::stopsDuringScan()
     // And starts again at once.
     m_bus->setScript(nullptr);
     button("startButton")->click();
-    EVENTUALLY_COMPARE(rows(), 3);
+    WAIT_COMPARE(rows(), 3);
 }
 
 void TestMainWindow::emptyBusStops()
@@ -213,28 +212,27 @@ void TestMainWindow::emptyBusStops()
     m_bus->setPresent({});
     makeWindow();
     button("startButton")->click();
-    EVENTUALLY(!button("startButton")->isChecked());
+    WAIT_VERIFY(!button("startButton")->isChecked());
     QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 0."));
     QVERIFY(boxes().isEmpty());
 }
 
 void TestMainWindow::reloadKeepsTheTick()
 {
-    start(3);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    start();
     clickRow(QStringLiteral("FD"));
-    EVENTUALLY_COMPARE(detail(0), QStringLiteral("FD"));
+    WAIT_COMPARE(detail(0), QStringLiteral("FD"));
 
     m_bus->setPresent({QStringLiteral("03"), QStringLiteral("FD")});
     button("reloadDevicesButton")->click();
     QCOMPARE(label("countLabel"), QStringLiteral("Loading LDB device list..."));
     QVERIFY(!button("ldbResetButton")->isEnabled());
-    EVENTUALLY_COMPARE(label("countLabel"), QStringLiteral("Available LDB's: 2."));
-    EVENTUALLY_COMPARE(rows(), 2);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    WAIT_COMPARE(label("countLabel"), QStringLiteral("Available LDB's: 2."));
+    WAIT_COMPARE(rows(), 2);
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     m_bus->clearRequests();
     button("ldbResetButton")->click();
-    EVENTUALLY(m_bus->requests().contains("FEFD73780001"));
+    WAIT_VERIFY(m_bus->requests().contains("FEFD73780001"));
 }
 
 void TestMainWindow::reloadStartsAStoppedLink()
@@ -243,40 +241,33 @@ void TestMainWindow::reloadStartsAStoppedLink()
     button("reloadDevicesButton")->click();
     QVERIFY(button("startButton")->isChecked());
     QCOMPARE(label("countLabel"), QStringLiteral("Loading LDB device list..."));
-    EVENTUALLY_COMPARE(rows(), 3);
+    WAIT_COMPARE(rows(), 3);
     // One scan, not two: every address was asked once.
     QCOMPARE(m_bus->requests().count("FE0170"), 1);
 }
 
 void TestMainWindow::missingPort()
 {
-    applicationSettings().setValue(constants::kComPortKey, m_sandbox->path(QStringLiteral("gone")));
+    const QString gone = m_sandbox->path(QStringLiteral("gone"));
+    applicationSettings().setValue(constants::kComPortKey, gone);
     makeWindow();
     const ExpectWarning warning("^Port ");
-    button("startButton")->click();
-    EVENTUALLY_COMPARE(boxes().size(), 1);
-    const MessageBox* box = boxes().constFirst();
-    QCOMPARE(box->windowTitle(), QStringLiteral("Error"));
-    QCOMPARE(box->text(), QStringLiteral("Cannot establish the serial communication, check the "
-                                         "serial port settings!"));
-    QVERIFY2(box->informativeText().contains(m_sandbox->path(QStringLiteral("gone"))),
-             qPrintable(box->informativeText()));
-    QVERIFY(!button("startButton")->isChecked());
-    QCOMPARE(label("countLabel"), kFailed);
-
     // A second attempt that fails opens no second box.
-    button("startButton")->click();
-    EVENTUALLY(!button("startButton")->isChecked());
-    QCOMPARE(boxes().size(), 1);
-    QCOMPARE(label("countLabel"), kFailed);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        button("startButton")->click();
+        WAIT_VERIFY(!button("startButton")->isChecked());
+        QCOMPARE(boxes().size(), 1);
+        QVERIFY(boxes().constFirst()->informativeText().contains(gone));
+        QCOMPARE(label("countLabel"), kFailed);
+    }
 }
 
 void TestMainWindow::cutLine()
 {
-    start(3);
+    start();
     const ExpectWarning warning("^Port ");
     m_bus->hangUp();
-    EVENTUALLY_COMPARE(boxes().size(), 1);
+    WAIT_COMPARE(boxes().size(), 1);
     QVERIFY(!button("startButton")->isChecked());
     QCOMPARE(label("countLabel"), kFailed);
     QVERIFY(!button("ldbResetButton")->isEnabled());
@@ -291,18 +282,18 @@ void TestMainWindow::otherPort()
     {
         const ExpectWarning warning("^Port ");
         button("startButton")->click();
-        EVENTUALLY_COMPARE(label("countLabel"), kFailed);
+        WAIT_COMPARE(label("countLabel"), kFailed);
     }
     // Another port starts the link, and only its success takes the failure off the screen.
     emit m_window->findChild<SettingsMenu*>()->comPortUpdated(m_bus->portName());
     QVERIFY(button("startButton")->isChecked());
-    EVENTUALLY_COMPARE(rows(), 3);
+    WAIT_COMPARE(rows(), 3);
     QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 3."));
 
     // So does one chosen while the link runs.
     ScriptedBus otherBus({QStringLiteral("77")});
     emit m_window->findChild<SettingsMenu*>()->comPortUpdated(otherBus.portName());
-    EVENTUALLY_COMPARE(rows(), 1);
+    WAIT_COMPARE(rows(), 1);
     QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 1."));
     m_window.reset(); // before its bus goes
 }
@@ -319,22 +310,27 @@ void TestMainWindow::lostLdb()
 {
     QFETCH(QString, lost);
     QFETCH(bool, actionsStay);
-    m_sandbox->writeTuning(kImpatient);
-    start(3);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
-    QStringList remaining{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")};
-    remaining.removeAll(lost);
+    m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n");
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
 
-    m_bus->setPresent(remaining);
-    EVENTUALLY_COMPARE(boxes().size(), 1);
+    // An LDB that refuses its polling is lost at once; of a silence the clock would decide.
+    const ExpectWarning warning("^Refusal to ");
+    m_bus->setScript([&lost](const QByteArray& body) -> std::optional<QByteArray> {
+        return body.mid(2, 2) == lost.toLatin1() ? std::make_optional<QByteArray>("\x15")
+                                                 : std::nullopt;
+    });
+    WAIT_COMPARE(boxes().size(), 1);
     QCOMPARE(boxes().constFirst()->text(),
              QStringLiteral("The LDB with ID: %1 is disconnected!").arg(lost));
     QCOMPARE(button("ldbResetButton")->isEnabled(), actionsStay);
     QCOMPARE(button("allLdbResetButton")->isEnabled(), actionsStay);
 
     // It comes back by itself, and with it what can be done with it.
-    m_bus->setPresent(remaining << lost);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    m_bus->setScript(nullptr);
+    m_bus->clearRequests();
+    WAIT_VERIFY(m_bus->requests().contains("FE" + lost.toLatin1() + "737803"));
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     QCOMPARE(boxes().size(), 1);
 }
 
@@ -346,18 +342,18 @@ void TestMainWindow::serviceModeSendsNothing()
         return body == "FE03737803" ? std::make_optional(ScriptedBus::framed(status))
                                     : std::nullopt;
     });
-    start(3);
-    EVENTUALLY(button("serviceModeButton")->isEnabled());
+    start();
+    WAIT_VERIFY(button("serviceModeButton")->isEnabled());
 
     status = ScriptedBus::status(kServiceMode);
-    EVENTUALLY(!button("serviceModeButton")->isEnabled());
+    WAIT_VERIFY(!button("serviceModeButton")->isEnabled());
     QVERIFY(!button("fimTrackingButton")->isEnabled());
     QVERIFY(button("fimResetButton")->isEnabled());
     QVERIFY(button("ldbResetButton")->isEnabled());
     QVERIFY(button("allServiceModeButton")->isEnabled());
 
     status = ScriptedBus::status();
-    EVENTUALLY(button("serviceModeButton")->isEnabled());
+    WAIT_VERIFY(button("serviceModeButton")->isEnabled());
     for (const QByteArray& request : m_bus->requests()) {
         QVERIFY2(!request.mid(4).startsWith("737800"), request.constData());
     }
@@ -367,45 +363,58 @@ void TestMainWindow::actions_data()
 {
     QTest::addColumn<QByteArray>("buttonName");
     QTest::addColumn<QByteArray>("body");
-    QTest::newRow("FIM reset") << QByteArray("fimResetButton") << QByteArray("FE0373780000");
-    QTest::newRow("LDB reset") << QByteArray("ldbResetButton") << QByteArray("FE0373780001");
-    QTest::newRow("service mode") << QByteArray("serviceModeButton") << QByteArray("FE0373780003");
-    QTest::newRow("FIM reset, all")
-        << QByteArray("allFimResetButton") << QByteArray("FEFF73780000");
-    QTest::newRow("LDB reset, all")
-        << QByteArray("allLdbResetButton") << QByteArray("FEFF73780001");
-    QTest::newRow("service mode, all")
-        << QByteArray("allServiceModeButton") << QByteArray("FEFF73780003");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("report");
+    const auto row = [](const char* tag, const char* buttonName, const char* body,
+                        const char* answer, const char* report) {
+        QTest::newRow(tag) << QByteArray(buttonName) << QByteArray(body) << QByteArray(answer)
+                           << QString::fromLatin1(report);
+    };
+    row("FIM reset, accepted", "fimResetButton", "FE0373780000", "\x06",
+        "LDB 03 accepted: FIM reset.");
+    row("LDB reset, refused", "ldbResetButton", "FE0373780001", "\x15",
+        "LDB 03 refused: LDB reset.");
+    row("service mode, unanswered", "serviceModeButton", "FE0373780003", "",
+        "LDB 03 did not answer: Service mode.");
+    row("FIM reset, all", "allFimResetButton", "FEFF73780000", "", "Sent to all LDB's: FIM reset.");
+    row("LDB reset, all", "allLdbResetButton", "FEFF73780001", "", "Sent to all LDB's: LDB reset.");
+    row("service mode, all", "allServiceModeButton", "FEFF73780003", "",
+        "Sent to all LDB's: Service mode.");
 }
 
 void TestMainWindow::actions()
 {
     QFETCH(QByteArray, buttonName);
     QFETCH(QByteArray, body);
-    start(3);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, report);
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+    m_bus->setScript([&body, &answer](const QByteArray& request) {
+        return request == body ? std::make_optional(answer) : std::nullopt;
+    });
     button(buttonName.constData())->click();
-    EVENTUALLY(m_bus->requests().contains(body));
-    EVENTUALLY(!m_window->statusBar()->currentMessage().isEmpty());
+    WAIT_COMPARE(m_window->statusBar()->currentMessage(), report);
+    QVERIFY(m_bus->requests().contains(body));
 }
 
 void TestMainWindow::trackingPollsOneLdb()
 {
-    start(3);
-    EVENTUALLY(button("fimTrackingButton")->isEnabled());
+    start();
+    WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
     clickRow(QStringLiteral("0A"));
-    EVENTUALLY_COMPARE(detail(0), QStringLiteral("0A"));
+    WAIT_COMPARE(detail(0), QStringLiteral("0A"));
     button("fimTrackingButton")->click();
-    EVENTUALLY(child<QLabel>("polledAloneLabel")->isVisible());
+    WAIT_VERIFY(child<QLabel>("polledAloneLabel")->isVisible());
     QCOMPARE(label("polledAloneLabel"), QStringLiteral("Only LDB 0A is polled."));
     auto* tracking = m_window->findChild<FimTracking*>();
     QVERIFY(tracking != nullptr);
     QVERIFY(tracking->isVisible());
 
     tracking->close();
-    EVENTUALLY(!child<QLabel>("polledAloneLabel")->isVisible());
+    WAIT_VERIFY(!child<QLabel>("polledAloneLabel")->isVisible());
     m_bus->clearRequests();
-    EVENTUALLY(m_bus->requests().contains("FEFD737803"));
+    WAIT_VERIFY(m_bus->requests().contains("FEFD737803"));
 }
 
 void TestMainWindow::lampIsTwoClicksFromItsCause()
@@ -416,25 +425,25 @@ void TestMainWindow::lampIsTwoClicksFromItsCause()
                    ? std::make_optional(ScriptedBus::framed(ScriptedBus::status(kServiceMode)))
                    : std::nullopt;
     });
-    start(3);
+    start();
     child<QTabWidget>("controlTabs")->setCurrentIndex(1);
     QTest::mouseClick(child<QLabel>("lampALabel"), Qt::LeftButton);
     auto* causes = child<QListWidget>("lampCausesA");
-    EVENTUALLY(causes->isVisible());
-    EVENTUALLY(causes->count() == 1 && causes->item(0)->text().startsWith(QStringLiteral("FD")));
+    WAIT_VERIFY(causes->isVisible());
+    WAIT_VERIFY(causes->count() == 1 && causes->item(0)->text().startsWith(QStringLiteral("FD")));
     QTest::mouseClick(causes->viewport(), Qt::LeftButton, Qt::NoModifier,
                       causes->visualItemRect(causes->item(0)).center());
-    EVENTUALLY_COMPARE(detail(0), QStringLiteral("FD"));
+    WAIT_COMPARE(detail(0), QStringLiteral("FD"));
 }
 
 void TestMainWindow::logsWhatIsPolled()
 {
-    start(3);
+    start();
     const QString path = m_sandbox->path(QStringLiteral("log.csv"));
     child<QLineEdit>("logFilePathText")->setText(path);
     button("logStartStopButton")->click();
     QVERIFY(!child<QTabWidget>("controlTabs")->tabIcon(2).isNull());
-    EVENTUALLY(Sandbox::readFile(path).contains("\nFD;"));
+    WAIT_VERIFY(Sandbox::readFile(path).contains("\nFD;"));
     button("logStartStopButton")->click();
     QVERIFY(child<QTabWidget>("controlTabs")->tabIcon(2).isNull());
 
@@ -442,82 +451,122 @@ void TestMainWindow::logsWhatIsPolled()
     child<QLineEdit>("logFilePathText")->setText(QStringLiteral("/dev/full"));
     const ExpectWarning warning("stopped");
     button("logStartStopButton")->click();
-    EVENTUALLY_COMPARE(boxes().size(), 1);
+    WAIT_COMPARE(boxes().size(), 1);
     QVERIFY2(boxes().constFirst()->informativeText().startsWith(QStringLiteral("/dev/full: ")),
              qPrintable(boxes().constFirst()->informativeText()));
     QVERIFY(!button("logStartStopButton")->isChecked());
+    QVERIFY(child<QLineEdit>("logFilePathText")->isEnabled());
 }
 
 void TestMainWindow::languageChangeLosesNothing()
 {
-    start(3);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     clickRow(QStringLiteral("0A"));
-    EVENTUALLY_COMPARE(detail(0), QStringLiteral("0A"));
+    WAIT_COMPARE(detail(0), QStringLiteral("0A"));
     child<QLineEdit>("logFilePathText")->setText(m_sandbox->path(QStringLiteral("log.csv")));
     button("logStartStopButton")->click();
     overview()->horizontalHeader()->resizeSection(2, 222);
 
     Brackets language;
     QCoreApplication::installTranslator(&language);
-    EVENTUALLY_COMPARE(button("startButton")->text(), QStringLiteral("<Stop>"));
+    WAIT_COMPARE(button("startButton")->text(), QStringLiteral("<Stop>"));
     QCOMPARE(button("logStartStopButton")->text(), QStringLiteral("<Stop>"));
     QCOMPARE(button("reloadDevicesButton")->text(), QStringLiteral("<&Reload Devices>"));
     QCOMPARE(label("countLabel"), QStringLiteral("<Available LDB's: 3.>"));
     QVERIFY(label("queueLabel").startsWith(QStringLiteral("<Serial commands in queue: >")));
-    QCOMPARE(m_window->windowTitle(), QStringLiteral("Tavro Cordex Sniffer Version 2.2"));
     QVERIFY(child<QLabel>("lampALabel")->toolTip().contains(QLatin1Char('<')));
     QCOMPARE(detail(0), QStringLiteral("0A"));
     QCOMPARE(overview()->horizontalHeader()->sectionSize(2), 222);
     QVERIFY(button("logStartStopButton")->isChecked());
-    QVERIFY(!child<QLineEdit>("logFilePathText")->isEnabled());
 
     QCoreApplication::removeTranslator(&language);
-    EVENTUALLY_COMPARE(button("startButton")->text(), QStringLiteral("Stop"));
+    WAIT_COMPARE(button("startButton")->text(), QStringLiteral("Stop"));
     QCOMPARE(rows(), 3);
+}
+
+void TestMainWindow::layoutComesBack_data()
+{
+    QTest::addColumn<QRect>("savedScreens");
+    QTest::addColumn<bool>("placeComesBack");
+    const QRect screens = QGuiApplication::primaryScreen()->virtualGeometry();
+    QTest::newRow("same screens") << screens << true;
+    QTest::newRow("one screen less") << screens.adjusted(0, 0, 1920, 0) << false;
+    QTest::newRow("no screens stored") << QRect() << false;
 }
 
 void TestMainWindow::layoutComesBack()
 {
-    start(3);
+    QFETCH(QRect, savedScreens);
+    QFETCH(bool, placeComesBack);
+    const QList<const char*> splitters{"deviceOverviewAndPlotSplitter", "leftAndRightSplitter",
+                                       "plotAndDetailSplitter"};
+    const auto positions = [this, &splitters] {
+        QList<int> found;
+        for (const char* name : splitters) {
+            found.append(child<QSplitter>(name)->sizes().constFirst());
+        }
+        return found;
+    };
+    start();
+    const QSize firstSize = m_window->size();
     m_window->resize(1300, 700);
     QCoreApplication::processEvents();
-    child<QSplitter>("deviceOverviewAndPlotSplitter")->setSizes({400, 150});
-    child<QSplitter>("leftAndRightSplitter")->setSizes({420, 700});
+    const QList<int> formerPositions = positions();
+    for (const char* name : splitters) {
+        const QList<int> sizes = child<QSplitter>(name)->sizes();
+        child<QSplitter>(name)->setSizes({sizes.at(0) + 60, sizes.at(1) - 60});
+    }
+    QCoreApplication::processEvents();
+    const QList<int> movedPositions = positions();
     overview()->horizontalHeader()->resizeSection(2, 222);
-    const QList<int> overviewAndPlot = child<QSplitter>("deviceOverviewAndPlotSplitter")->sizes();
-    const QList<int> leftAndRight = child<QSplitter>("leftAndRightSplitter")->sizes();
     QVERIFY(m_window->close());
-    m_window.reset();
+    // Layouts saved by earlier versions are found under these very names.
+    for (const char* key :
+         {"position/geometry", "position/windowState", "position/leftAndRightLayoutSplitter",
+          "position/deviceOverviewAndPLotSplitter"}) {
+        QVERIFY2(applicationSettings().contains(QLatin1String(key)), key);
+    }
+    applicationSettings().setValue(QStringLiteral("position/screenGeometry"), savedScreens);
 
-    makeBus();
-    start(3);
-    QCOMPARE(m_window->size(), QSize(1300, 700));
-    QCOMPARE(child<QSplitter>("deviceOverviewAndPlotSplitter")->sizes(), overviewAndPlot);
-    QCOMPARE(child<QSplitter>("leftAndRightSplitter")->sizes(), leftAndRight);
+    m_window.reset();
+    start();
+    QCOMPARE(m_window->size(), placeComesBack ? QSize(1300, 700) : firstSize);
+    m_window->resize(1300, 700);
+    QCoreApplication::processEvents();
+    constexpr int kRounding = 5;
+    for (int i = 0; i < splitters.size(); ++i) {
+        QVERIFY2(qAbs(movedPositions.at(i) - formerPositions.at(i)) > 2 * kRounding,
+                 splitters.at(i));
+        QVERIFY2(qAbs(positions().at(i) - movedPositions.at(i)) < kRounding, splitters.at(i));
+    }
     QCOMPARE(overview()->horizontalHeader()->sectionSize(2), 222);
     QVERIFY(overview()->isColumnHidden(0));
 }
 
+void TestMainWindow::fitsSmallScreen()
+{
+    QMainWindow window;
+    QSplitter splitter;
+    window.resize(5000, 4000);
+    windowlayoutstore::load({&window, &splitter, &splitter, &splitter});
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    QCOMPARE(window.width(), screen.width());
+    QVERIFY(window.height() < screen.height()); // the title bar needs its place
+}
+
 void TestMainWindow::failedImport()
 {
-    start(3);
-    EVENTUALLY(button("importDeviceSettingsButton")->isEnabled());
+    start();
+    WAIT_VERIFY(button("importDeviceSettingsButton")->isEnabled());
     m_sandbox->writeFile(QStringLiteral("list.csv"), "05;Not there;1;1;10;1;0;0;1;20;x\n");
     button("importDeviceSettingsButton")->click();
-    auto* dialog = m_window->findChild<QDialog*>(QString(), Qt::FindDirectChildrenOnly);
-    QList<QDialog*> dialogs = m_window->findChildren<QDialog*>();
-    for (QDialog* candidate : dialogs) {
-        if (candidate->inherits("QFileDialog")) {
-            dialog = candidate;
-        }
-    }
-    QCOMPARE(dialog->windowTitle(), QStringLiteral("Select File"));
-    emit qobject_cast<QFileDialog*>(dialog)->fileSelected(
-        m_sandbox->path(QStringLiteral("list.csv")));
+    auto* dialog = m_window->findChild<QFileDialog*>();
+    QVERIFY(dialog != nullptr);
+    emit dialog->fileSelected(m_sandbox->path(QStringLiteral("list.csv")));
     dialog->close();
 
-    EVENTUALLY_COMPARE(boxes().size(), 1);
+    WAIT_COMPARE(boxes().size(), 1);
     QCOMPARE(boxes().constFirst()->text(),
              QStringLiteral("Importing LDB settings failed, not all LDB's' are connected!"));
     QVERIFY2(boxes().constFirst()->informativeText().contains(QStringLiteral("05")),
@@ -530,14 +579,14 @@ void TestMainWindow::failedImport()
 
 void TestMainWindow::closesWhileCommandsWait()
 {
-    constexpr int kLimitMs = 2000;
-    start(3);
-    EVENTUALLY(button("ldbResetButton")->isEnabled());
+    constexpr int kLimitMs = 5000; // three transmissions of each command would take longer
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     m_bus->setPresent({});
     for (int i = 0; i < 20; ++i) {
         button("ldbResetButton")->click();
     }
-    EVENTUALLY_COMPARE(label("queueLabel"), QStringLiteral("Serial commands in queue: 20"));
+    WAIT_COMPARE(label("queueLabel"), QStringLiteral("Serial commands in queue: 20"));
     QElapsedTimer timer;
     timer.start();
     QVERIFY(m_window->close());
