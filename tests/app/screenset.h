@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/lossreporter.h"
-
 #include <QStringList>
 #include <QWidget>
 
@@ -27,14 +25,12 @@ public:
 private:
     QWidget* openMainWindow(const QString& tab);
     QWidget* openSettings();
-    QWidget* openBox(const QString& name);
+    QWidget* openBox();
     QWidget* openTracking(const QString& phase);
     QWidget* openManual();
-    QWidget* openStatusBar();
     QWidget* keep(std::unique_ptr<QWidget> window);
 
     VirtualTime* m_time;
     QWidget m_desk; ///< what smaller windows open over
-    LossReporter m_losses{&m_desk};
     std::vector<std::unique_ptr<QWidget>> m_windows;
 };

