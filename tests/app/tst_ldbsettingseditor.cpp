@@ -19,12 +19,10 @@ const QString kOtherLdb = QStringLiteral("0B");
 
 const QByteArray kNak("\x15");
 const QByteArray kSilence("");
-const QByteArray kNeither("4142");
 
 // Where the fields stand in a settings record.
 constexpr int kFlagsPosition = 8;
 constexpr int kMutePosition = 12;
-constexpr int kDelayPosition = 14;
 
 QByteArray hex(const char* text)
 {

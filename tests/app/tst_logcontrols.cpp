@@ -6,9 +6,9 @@
 #include "tests/support/testcase.h"
 #include "views/filelogger.h"
 
+#include <QAbstractButton>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>

@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QImage>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTextBlock>
 
 namespace {
