@@ -47,13 +47,24 @@ class Operation
 {
 public:
     explicit Operation(const QStringList& hexIds)
-        : bus(hexIds)
+        : ldbs(hexIds)
+        , bus(hexIds)
         , job(std::make_unique<ImportExportDeviceSettings>(&link))
     {
         QObject::connect(job.get(), &ImportExportDeviceSettings::statusChanged, &receiver,
                          [this](Status status) { statuses.append(status); });
     }
-    bool connectLink() { return bus.connectLink(link); }
+    bool connectLink()
+    {
+        // A probe that a stalling machine answers too late makes another scan necessary.
+        for (int scan = 0; scan < 5 && link.connectedLdbs() != ldbs; ++scan) {
+            link.stop();
+            if (!bus.connectLink(link)) {
+                return false;
+            }
+        }
+        return link.connectedLdbs() == ldbs;
+    }
 
     /// The script answers `request` (a start) to one LDB.
     void answerTo(const QByteArray& hexId, const QByteArray& request, const QByteArray& answer)
@@ -90,6 +101,7 @@ public:
         return waitUntil([&] { return bus.bus().requests().size() > polls + 80; }, kEndLimitMs);
     }
 
+    QStringList ldbs;
     Sandbox sandbox;
     SettingsBus bus;
     SerialLink link;
