@@ -7,6 +7,8 @@
 #include "app/settings/aboutdialog.h"
 #include "app/settings/settingsmenu.h"
 #include "app/settingseditor/ldbsettingseditor.h"
+#include "app/statusbardisplay.h"
+#include "app/transferreport.h"
 #include "serial/serialcommand.h"
 #include "tests/support/settingsbus.h"
 #include "tests/support/virtualtime.h"
@@ -22,9 +24,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QSerialPort>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBox>
 
@@ -35,16 +39,20 @@ namespace {
 constexpr QSize kRoom(1360, 700);
 constexpr qint64 kStep = 250;        // ms
 constexpr qint64 kLongest = 3600000; // ms
+constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
 const QString kTicked = QStringLiteral("0A");
 
 const QStringList kMainWindows{
     QStringLiteral("main-openShortLeakPage"), QStringLiteral("main-serviceModePage"),
     QStringLiteral("main-earthFaultPage"),    QStringLiteral("main-settingsPage"),
     QStringLiteral("main-ldbSettingsTab"),    QStringLiteral("main-logTab")};
+const QStringList kBoxes{QStringLiteral("box-loss"), QStringLiteral("box-port"),
+                         QStringLiteral("box-import")};
 const QStringList kTrackingWindows{
-    QStringLiteral("tracking-question"), QStringLiteral("tracking-port"),
-    QStringLiteral("tracking-counting"), QStringLiteral("tracking-finished"),
-    QStringLiteral("tracking-stopped")};
+    QStringLiteral("tracking-question"),  QStringLiteral("tracking-mode"),
+    QStringLiteral("tracking-port"),      QStringLiteral("tracking-waiting"),
+    QStringLiteral("tracking-rebooting"), QStringLiteral("tracking-counting"),
+    QStringLiteral("tracking-finished"),  QStringLiteral("tracking-stopped")};
 
 /// An installation on which each column shows its widest text somewhere.
 QList<QList<QStringList>> records()
@@ -139,9 +147,9 @@ ScreenSet::~ScreenSet() = default;
 
 QStringList ScreenSet::names()
 {
-    return kMainWindows + kTrackingWindows +
-           QStringList{QStringLiteral("box"), QStringLiteral("settings"), QStringLiteral("about"),
-                       QStringLiteral("manual")};
+    return kMainWindows + kBoxes + kTrackingWindows +
+           QStringList{QStringLiteral("settings"), QStringLiteral("about"),
+                       QStringLiteral("manual"), QStringLiteral("status-bar")};
 }
 
 QWidget* ScreenSet::open(const QString& name)
@@ -150,14 +158,16 @@ QWidget* ScreenSet::open(const QString& name)
     QWidget* window = nullptr;
     if (kMainWindows.contains(name)) {
         window = openMainWindow(detail);
+    } else if (kBoxes.contains(name)) {
+        window = openBox(detail);
     } else if (kTrackingWindows.contains(name)) {
         window = openTracking(detail);
-    } else if (name == QLatin1String("box")) {
-        window = openBox();
     } else if (name == QLatin1String("settings")) {
         window = openSettings();
     } else if (name == QLatin1String("about")) {
         window = new AboutDialog(openSettings());
+    } else if (name == QLatin1String("status-bar")) {
+        window = openStatusBar();
     } else {
         window = openManual();
     }
@@ -205,13 +215,31 @@ QWidget* ScreenSet::openSettings()
     return keep(std::make_unique<SettingsMenu>(nullptr, sources));
 }
 
-QWidget* ScreenSet::openBox()
+QWidget* ScreenSet::openBox(const QString& name)
 {
+    if (name == QLatin1String("loss")) {
+        static const QStringList lost{QStringLiteral("03"), QStringLiteral("0A")};
+        for (const QString& hexId : lost) {
+            m_losses.report(hexId);
+        }
+        return lastOpen<MessageBox>(&m_desk);
+    }
+    if (name == QLatin1String("port")) {
+        return keep(std::make_unique<MessageBox>(
+            QMessageBox::Critical,
+            [] {
+                return portFailureText({QStringLiteral("/dev/ttyUSB0"),
+                                        QSerialPort::PermissionError,
+                                        QStringLiteral("Permission denied")});
+            },
+            nullptr));
+    }
     return keep(std::make_unique<MessageBox>(
         QMessageBox::Critical,
         [] {
-            return portFailureText({QStringLiteral("/dev/ttyUSB0"), QSerialPort::PermissionError,
-                                    QStringLiteral("Permission denied")});
+            const TransferReport report =
+                transferReport(ImportExportDeviceSettings::ImportFailedNotAllConnected);
+            return BoxText{report.boxTitle, report.boxText, QString()};
         },
         nullptr));
 }
@@ -247,6 +275,9 @@ QWidget* ScreenSet::openTracking(const QString& phase)
     buttonWith(question, QMessageBox::YesRole, 0)->click();
     m_time->advance(1);
     question = lastOpen<QMessageBox>(window);
+    if (phase == QLatin1String("mode")) {
+        return question;
+    }
     const bool isAboutPort = phase == QLatin1String("port");
     buttonWith(question, QMessageBox::AcceptRole, isAboutPort ? 1 : 0)->click();
     m_time->advance(1);
@@ -254,17 +285,33 @@ QWidget* ScreenSet::openTracking(const QString& phase)
         return lastOpen<DisconnectSecondaryPortDialog>(window);
     }
     const TrackingRun& run = window->run();
-    if (phase == QLatin1String("finished")) {
-        reach([&run] { return run.phase() == TrackingRun::Phase::Finished; });
+    if (phase == QLatin1String("waiting") || phase == QLatin1String("stopped")) {
+        reach([&run] { return run.isCountingDown(); });
+    } else if (phase == QLatin1String("rebooting")) {
+        reach([&run] { return run.phase() == TrackingRun::Phase::Rebooting; });
     } else if (phase == QLatin1String("counting")) {
         reach([&run] { return run.counter().fimCount(PrimaryPort) >= 11; });
     } else {
-        reach([&run] { return run.isCountingDown(); });
+        reach([&run] { return run.phase() == TrackingRun::Phase::Finished; });
+    }
+    if (phase == QLatin1String("stopped")) {
         ldb->loseConnection();
     }
     for (Plot* plot : plots) {
         plot->show();
     }
+    return window;
+}
+
+QWidget* ScreenSet::openStatusBar()
+{
+    auto* window = static_cast<QMainWindow*>(keep(std::make_unique<QMainWindow>()));
+    window->resize(kRoom);
+    StatusBarDisplay display(window->statusBar());
+    display.showPolledAlone(kTicked);
+    display.showAvailable(busaddress::kLast);
+    display.showQueueLength(kManyCommands);
+    display.showScanProgress(busaddress::kLast, busaddress::kLast);
     return window;
 }
 

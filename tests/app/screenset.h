@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/lossreporter.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -25,12 +27,14 @@ public:
 private:
     QWidget* openMainWindow(const QString& tab);
     QWidget* openSettings();
-    QWidget* openBox();
+    QWidget* openBox(const QString& name);
     QWidget* openTracking(const QString& phase);
     QWidget* openManual();
+    QWidget* openStatusBar();
     QWidget* keep(std::unique_ptr<QWidget> window);
 
     VirtualTime* m_time;
     QWidget m_desk; ///< what smaller windows open over
+    LossReporter m_losses{&m_desk};
     std::vector<std::unique_ptr<QWidget>> m_windows;
 };

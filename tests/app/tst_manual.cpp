@@ -71,6 +71,8 @@ class TestManual : public TestCase
 private slots:
     void pagesHangTogether();
     void picturesFitTheWindow();
+    void picturesFitFineScreens_data();
+    void picturesFitFineScreens();
     void f1OpensItOnce();
     void isReadWhileAModalWindowIsOpen();
     void missingManualIsToldOnce();
@@ -120,6 +122,28 @@ void TestManual::picturesFitTheWindow()
         QVERIFY2(laidOut <= browser.viewport()->width(), qPrintable(QString::number(laidOut)));
         QVERIFY2(laidOut * 2 > width, qPrintable(QString::number(laidOut)));
     }
+}
+
+void TestManual::picturesFitFineScreens_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<qreal>("ratio");
+    QTest::addColumn<int>("pixels");
+    QTest::newRow("narrow") << 500 << 2.0 << 500;
+    QTest::newRow("wide") << 1340 << 1.0 << 800;
+    QTest::newRow("fewer pixels than the screen has") << 1340 << 2.0 << 1340;
+    QTest::newRow("more pixels than the screen has") << 1340 << 1.5 << 1200;
+}
+
+void TestManual::picturesFitFineScreens()
+{
+    QFETCH(int, width);
+    QFETCH(qreal, ratio);
+    constexpr int kWidest = 800;
+    const QImage picture =
+        ManualBrowser::narrowed(QImage(width, 100, QImage::Format_RGB32), kWidest, ratio);
+    QTEST(picture.width(), "pixels");
+    QCOMPARE(qRound(picture.width() / picture.devicePixelRatio()), qMin(width, kWidest));
 }
 
 void TestManual::f1OpensItOnce()

@@ -5,19 +5,24 @@
 #include "views/proxymodelhierachicalheader.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScopeGuard>
+#include <QScrollArea>
+#include <QStatusBar>
 #include <QStyledItemDelegate>
 #include <QTabBar>
 #include <QTableView>
 #include <QToolBox>
 #include <QTranslator>
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -32,27 +37,12 @@ const QString kSumSign = QStringLiteral(" + ");
 
 QString nameOf(const QWidget* widget)
 {
-    const QString outer =
-        widget->parentWidget() == nullptr ? QString() : widget->parentWidget()->objectName();
-    return QStringLiteral("%1 \"%2\" in \"%3\"")
-        .arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName(), outer);
-}
-
-/// What there is too little room for.
-QString misfit(const QString& what, QSize need, QSize room)
-{
-    return QStringLiteral("%1 needs %2x%3, has %4x%5")
-        .arg(what)
-        .arg(need.width())
-        .arg(need.height())
-        .arg(room.width())
-        .arg(room.height());
-}
-
-bool isAny(const QObject* object, std::initializer_list<const char*> classes)
-{
-    return std::any_of(classes.begin(), classes.end(),
-                       [object](const char* name) { return object->inherits(name); });
+    const QString name = widget->objectName();
+    return QStringLiteral("%1 %2").arg(QString::fromLatin1(widget->metaObject()->className()),
+                                       name.isEmpty() && widget->parentWidget() != nullptr
+                                           ? QStringLiteral("in ") +
+                                                 widget->parentWidget()->objectName()
+                                           : name);
 }
 
 QList<QWidget*> shownWidgets(const QWidget* window)
@@ -99,13 +89,20 @@ QStringList cutTexts(const QWidget* window)
 {
     QStringList faults;
     for (const QWidget* widget : shownWidgets(window)) {
-        const bool isField = isAny(widget, {"QAbstractSpinBox", "QComboBox", "QTabBar"});
+        const bool isField = qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
+                             qobject_cast<const QComboBox*>(widget) != nullptr ||
+                             qobject_cast<const QTabBar*>(widget) != nullptr;
         if (textOf(widget).isEmpty() && !isField) {
             continue;
         }
         const QSize need = needOf(widget);
         if (need.width() > widget->width() || need.height() > widget->height()) {
-            faults.append(misfit(nameOf(widget), need, widget->size()));
+            faults.append(QStringLiteral("%1 needs %2x%3, has %4x%5")
+                              .arg(nameOf(widget))
+                              .arg(need.width())
+                              .arg(need.height())
+                              .arg(widget->width())
+                              .arg(widget->height()));
         }
         for (const QWidget* outer = widget->parentWidget(); outer != nullptr && widget != window;
              outer = outer->parentWidget()) {
@@ -115,6 +112,21 @@ QStringList cutTexts(const QWidget* window)
             }
             if (outer == window) {
                 break;
+            }
+        }
+    }
+    return faults;
+}
+
+QStringList overlaps(const QWidget* window)
+{
+    QStringList faults;
+    const QList<QWidget*> shown = shownWidgets(window);
+    for (const QWidget* a : shown) {
+        for (const QWidget* b : shown) {
+            if (a < b && a->parentWidget() == b->parentWidget() && !textOf(a).isEmpty() &&
+                a->geometry().intersects(b->geometry())) {
+                faults.append(nameOf(a) + QStringLiteral(" overlaps ") + nameOf(b));
             }
         }
     }
@@ -149,7 +161,10 @@ QStringList cutHeaders(const QTableView* view)
             isShown = isShown || !header->isSectionHidden(column);
         }
         if (isShown && need > width) {
-            faults.append(misfit(index.data().toString(), {need, 0}, {width, 0}));
+            faults.append(QStringLiteral("header \"%1\" needs %2, has %3")
+                              .arg(index.data().toString())
+                              .arg(need)
+                              .arg(width));
         }
     }
     return faults;
@@ -182,11 +197,64 @@ QStringList cutCells(const QWidget* window)
                                        : need.width() > view->columnWidth(column) - 1 &&
                                              !index.data().toString().contains(kSumSign);
                 if (isCut) {
-                    faults.append(misfit(index.data().toString(), need,
-                                         {view->columnWidth(column), view->rowHeight(row)}));
+                    faults.append(QStringLiteral("%1: \"%2\" needs %3x%4, has %5x%6")
+                                      .arg(nameOf(view), index.data().toString())
+                                      .arg(need.width())
+                                      .arg(need.height())
+                                      .arg(view->columnWidth(column))
+                                      .arg(view->rowHeight(row)));
                 }
             }
         }
+    }
+    return faults;
+}
+
+QStringList cutStatus(const QWidget* window)
+{
+    QStringList faults;
+    for (const auto* bar : window->findChildren<QStatusBar*>()) {
+        int room = bar->width();
+        for (const auto* part :
+             bar->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (part->isVisible()) {
+                room = std::min(room, part->x());
+            }
+        }
+        const int need = bar->fontMetrics().horizontalAdvance(bar->currentMessage());
+        if (need > room - bar->fontMetrics().averageCharWidth()) {
+            faults.append(QStringLiteral("status message needs %1 of %2").arg(need).arg(room));
+        }
+    }
+    return faults;
+}
+
+QStringList mnemonicFaults(const QWidget* window)
+{
+    QStringList texts;
+    QStringList faults;
+    for (const QWidget* widget : shownWidgets(window)) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        if (label == nullptr || label->buddy() != nullptr) {
+            texts.append(textOf(widget));
+        }
+        if (label != nullptr && label->buddy() != nullptr &&
+            QKeySequence::mnemonic(label->text()).isEmpty()) {
+            faults.append(nameOf(label) + QStringLiteral(" has no mnemonic"));
+        }
+        if (const auto* tabs = qobject_cast<const QTabBar*>(widget)) {
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                texts.append(tabs->tabText(tab));
+            }
+        }
+    }
+    QMap<QString, QString> textOfKey;
+    for (const QString& text : texts) {
+        const QString key = QKeySequence::mnemonic(text).toString();
+        if (!key.isEmpty() && textOfKey.contains(key)) {
+            faults.append(QStringLiteral("%1: %2, %3").arg(key, text, textOfKey.value(key)));
+        }
+        textOfKey.insert(key, text);
     }
     return faults;
 }
@@ -195,14 +263,20 @@ bool isControl(const QWidget* widget)
 {
     const bool isInner =
         widget->parentWidget() != nullptr &&
-        isAny(widget->parentWidget(), {"QAbstractSpinBox", "QComboBox", "QTabBar"});
-    return !isInner && !widget->inherits("QHeaderView") &&
-           (isAny(widget, {"QAbstractButton", "QLineEdit", "QAbstractSpinBox", "QComboBox",
-                           "QAbstractItemView", "QTabBar", "QwtLegendLabel"}) ||
+        (qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) != nullptr ||
+         qobject_cast<const QComboBox*>(widget->parentWidget()) != nullptr ||
+         qobject_cast<const QTabBar*>(widget->parentWidget()) != nullptr);
+    return !isInner && qobject_cast<const QHeaderView*>(widget) == nullptr &&
+           (qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+            qobject_cast<const QLineEdit*>(widget) != nullptr ||
+            qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
+            qobject_cast<const QComboBox*>(widget) != nullptr ||
+            qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+            qobject_cast<const QTabBar*>(widget) != nullptr || widget->inherits("QwtLegendLabel") ||
             widget->cursor().shape() == Qt::PointingHandCursor);
 }
 
-/// What Tab goes through; disabled controls may be enabled some time.
+/// What Tab goes through, in its order; disabled controls may be enabled some time.
 QList<QWidget*> tabChain(QWidget* window)
 {
     QList<QWidget*> chain;
@@ -230,10 +304,20 @@ QStringList keyboardFaults(QWidget* window)
             faults.append(nameOf(widget) + QStringLiteral(" is out of the keyboard's reach"));
         }
     }
-    for (QWidget* widget : chain) {
-        QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+    for (int i = 0; i < chain.size(); ++i) {
+        QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(chain.at(i));
         if (interface == nullptr || interface->text(QAccessible::Name).isEmpty()) {
-            faults.append(nameOf(widget) + QStringLiteral(" has no accessible name"));
+            faults.append(nameOf(chain.at(i)) + QStringLiteral(" has no accessible name"));
+        }
+        const QWidget* former = i == 0 ? nullptr : chain.at(i - 1);
+        if (former == nullptr || former->parentWidget() != chain.at(i)->parentWidget()) {
+            continue;
+        }
+        const QRect before = former->geometry();
+        const QRect after = chain.at(i)->geometry();
+        const bool isSameRow = after.top() <= before.bottom() && after.bottom() >= before.top();
+        if (isSameRow ? after.left() < before.left() : after.top() < before.top()) {
+            faults.append(nameOf(former) + QStringLiteral(" comes before ") + nameOf(chain.at(i)));
         }
     }
     return faults;
@@ -318,7 +402,8 @@ void TestScreens::nothingIsWrong()
     QWidget* window = screens.open(screen);
     QVERIFY(window != nullptr);
     QCOMPARE(window->size(), window->size().boundedTo(kRoom));
-    const QStringList faults = cutTexts(window) + cutCells(window) + keyboardFaults(window);
+    const QStringList faults = cutTexts(window) + overlaps(window) + cutCells(window) +
+                               cutStatus(window) + mnemonicFaults(window) + keyboardFaults(window);
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
