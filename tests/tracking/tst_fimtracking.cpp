@@ -3,6 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
+#include "tests/tracking/plotinspection.h"
 #include "tracking/disconnectsecondaryportdialog.h"
 #include "tracking/fimtracking.h"
 #include "tracking/plot.h"
@@ -37,21 +38,6 @@ LoopPlan healthyLoop(int fims)
     LoopPlan plan;
     plan.fims = fims;
     return plan;
-}
-
-/// Whether a curve is drawn on a plot, in its colour.
-bool hasCurve(Plot* plot)
-{
-    const QImage picture = plot->grab().toImage();
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor colour = picture.pixelColor(x, y);
-            if (colour.red() < 60 && colour.green() > 160 && colour.blue() > 160) {
-                return true;
-            }
-        }
-    }
-    return false;
 }
 
 QList<QMessageBox*> openBoxes(const QWidget* over)
@@ -155,10 +141,19 @@ struct Bench
     /// The text of a side's label, empty while it is hidden.
     QString sideLabel(int ldbPort, const char* name) const
     {
-        const auto* panel =
-            find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
-        const auto* found = panel->findChild<QLabel*>(QString::fromLatin1(name));
+        const auto* found = sidePanel(ldbPort)->findChild<QLabel*>(QString::fromLatin1(name));
         return found->isHidden() ? QString() : found->text();
+    }
+    /// Whether a side's plot shows currents up to its edge, the newest moment.
+    bool hasCurve(int ldbPort) const
+    {
+        const SidePanel* panel = sidePanel(ldbPort);
+        return plotinspection::columnShows(
+            *panel, plotinspection::chartOf(*panel)->canvas()->width() - 4, Qt::cyan);
+    }
+    SidePanel* sidePanel(int ldbPort) const
+    {
+        return find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
     }
     QPushButton* startButton() const { return find<QPushButton>("startButton"); }
 
@@ -185,8 +180,7 @@ private slots:
     void endsInEveryPhase_data();
     void endsInEveryPhase();
     void alarmSoundsUntilTheBoxesAreClosed();
-    void eachFaultHasOneBox();
-    void rowsGoOnWhileBoxesAreOpen();
+    void eachFaultHasOneBoxThatStopsNothing();
     void onlyItsOwnRecords();
     void commandsNotObeyed_data();
     void commandsNotObeyed();
@@ -215,17 +209,14 @@ void TestFimTracking::cleanup()
 void TestFimTracking::opensOverItsParentAndAsks()
 {
     const Bench bench;
-    QCOMPARE(bench.window->windowTitle(), QStringLiteral("Fim Tracking"));
     QCOMPARE(bench.window->windowModality(), Qt::ApplicationModal);
     QCOMPARE(bench.window->geometry(), bench.mainWindow.geometry().adjusted(100, 50, -100, -50));
-    QVERIFY(bench.window->isVisible());
     QVERIFY(bench.ldb->isPolledAlone());
     QVERIFY2(openBoxes(bench.window).isEmpty(), "nothing is asked before the maker has the window");
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
 
     const QMessageBox* box = bench.question();
     QVERIFY(box);
-    QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
     QCOMPARE(box->text(), QStringLiteral("This action will start a factory reset. \n"
                                          "Are you sure you want to do this?"));
     QCOMPARE(bench.startButton()->text(), QStringLiteral("Stop"));
@@ -255,7 +246,6 @@ void TestFimTracking::sayingNoSendsNothing()
         }
     }
     QVERIFY(!bench.question());
-    QVERIFY(!bench.startButton()->isChecked());
     QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
     virtualTime->advance(kLongerThanAnyTimer);
@@ -264,9 +254,10 @@ void TestFimTracking::sayingNoSendsNothing()
 
 void TestFimTracking::commissioningToTheReport()
 {
-    LoopPlan plan = healthyLoop(7);
+    LoopPlan plan = healthyLoop(8);
     plan.shortAfter = 2;
-    plan.earthLeakageAfter = 5;
+    plan.openAfter = 3;
+    plan.earthLeakageAfter = 6;
     Bench bench(plan);
     bench.choose();
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("waiting for the factory reset"));
@@ -309,9 +300,7 @@ void TestFimTracking::commissioningToTheReport()
     bench.closeBoxes();
     bench.setPlotsVisible(true);
     virtualTime->advance(1);
-    for (Plot* plot : bench.window->findChildren<Plot*>()) {
-        QVERIFY(hasCurve(plot));
-    }
+    QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
     bench.find<QPushButton>("copyReportButton")->click();
     const QStringList report = QApplication::clipboard()->text().split(QLatin1Char('\n'));
     for (const char* line :
@@ -333,9 +322,6 @@ void TestFimTracking::faultFindingAsksToDisconnect()
     bench.choose(QStringLiteral("Fault Finding"));
     auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
     QVERIFY(dialog && dialog->isVisible());
-    QCOMPARE(dialog->windowTitle(), QStringLiteral("Disconnect the secondary port"));
-    QCOMPARE(dialog->findChild<QLabel*>(QStringLiteral("textLabel"))->text(),
-             QStringLiteral("Disconnect the secondary port when locating earth leakage."));
     virtualTime->advance(10 * kSecond);
     QVERIFY(bench.ldb->commands().isEmpty());
     Bench::press(dialog, QStringLiteral("OK"));
@@ -347,7 +333,7 @@ void TestFimTracking::faultFindingAsksToDisconnect()
     QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
     bench.setPlotsVisible(true);
     virtualTime->advance(1);
-    QVERIFY(!hasCurve(bench.find<SidePanel>("secondarySidePanel")->findChild<Plot*>()));
+    QVERIFY(bench.hasCurve(PrimaryPort) && !bench.hasCurve(SecondaryPort));
     QVERIFY(bench.window->reportText().contains(
         QStringLiteral("Secondary side: FIM count 0, not tracked")));
 }
@@ -360,22 +346,14 @@ void TestFimTracking::countdownTurnsRed()
     bench.ldb->setReporting(false); // the reset takes longer than it should
     const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
     QVERIFY(digits->isVisible());
-    QCOMPARE(bench.label("countdownTitleLabel"), QStringLiteral("Factory Reset Countdown"));
-    QCOMPARE(bench.label("countdownTextLabel"), QStringLiteral("Factory reset started"));
-
-    const auto colour = [digits](QPalette::ColorGroup group) {
-        return digits->palette().color(group, QPalette::WindowText);
-    };
-    for (int previous = digits->intValue(); digits->intValue() > 0; previous = digits->intValue()) {
-        const QColor expected = previous <= 10 ? Qt::red : Qt::black;
-        QCOMPARE(colour(QPalette::Active), expected);
-        QCOMPARE(colour(QPalette::Inactive), expected);
-        QCOMPARE(colour(QPalette::Disabled), expected);
-        virtualTime->advance(kSecond);
-        QCOMPARE(digits->intValue(), previous - 1);
+    for (int shown : {120, 11, 10, 0}) {
+        virtualTime->advance((digits->intValue() - shown) * kSecond);
+        QCOMPARE(digits->intValue(), shown);
+        const QColor expected = shown <= 10 ? Qt::red : Qt::black;
+        for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            QCOMPARE(digits->palette().color(group, QPalette::WindowText), expected);
+        }
     }
-    virtualTime->advance(5 * kSecond);
-    QCOMPARE(digits->intValue(), 0);
 
     bench.reportState(52);
     QVERIFY(!digits->isVisible());
@@ -387,7 +365,7 @@ void TestFimTracking::countdownTurnsRed()
     bench.reportState(50);
     QVERIFY(digits->isVisible());
     QCOMPARE(digits->intValue(), 130);
-    QCOMPARE(colour(QPalette::Active), QColor(Qt::black));
+    QCOMPARE(digits->palette().color(QPalette::WindowText), QColor(Qt::black));
 }
 
 void TestFimTracking::timesOfEachPhase()
@@ -404,8 +382,6 @@ void TestFimTracking::timesOfEachPhase()
     bench.reportState(10);
     bench.reportState(50);
     QCOMPARE(time(), QStringLiteral("130 s left"));
-    virtualTime->advance(30 * kSecond);
-    QCOMPARE(time(), QStringLiteral("100 s left"));
     bench.reportState(52);
     QCOMPARE(time(), QStringLiteral("15 s left"));
     virtualTime->advance(20 * kSecond + 250);
@@ -417,7 +393,6 @@ void TestFimTracking::timesOfEachPhase()
     QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"),
              QStringLiteral("ends in 50 s unless a FIM starts up"));
     virtualTime->advance(12 * kSecond + 250);
-    QCOMPARE(time(), QStringLiteral("12 s gone"));
     QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
              QStringLiteral("ends in 58 s unless a FIM starts up"));
     bench.startButton()->click();
@@ -429,35 +404,26 @@ void TestFimTracking::endsInEveryPhase_data()
 {
     QTest::addColumn<Phase>("phase");
     QTest::addColumn<QString>("by");
-    QTest::addColumn<QString>("notice");
-    const QList<QPair<const char*, Phase>> phases{{"confirmation", Phase::Confirmation},
-                                                  {"factory reset", Phase::FactoryReset},
-                                                  {"rebooting", Phase::Rebooting},
-                                                  {"counting", Phase::Counting},
-                                                  {"finished", Phase::Finished}};
-    for (const auto& phase : phases) {
-        for (const char* by : {"stop", "close", "parent"}) {
-            QTest::addRow("%s, %s", phase.first, by)
-                << phase.second << QString::fromLatin1(by) << QString();
+    const auto rows = [](const char* name, Phase phase, const std::vector<const char*>& ways) {
+        for (const char* by : ways) {
+            QTest::addRow("%s, %s", name, by) << phase << QString::fromLatin1(by);
         }
-        if (phase.second != Phase::Finished) {
-            QTest::addRow("%s, lost", phase.first) << phase.second << QStringLiteral("lost")
-                                                   << QStringLiteral("The connection is lost.");
-        }
-        if (phase.second != Phase::Finished && phase.second != Phase::Confirmation) {
-            QTest::addRow("%s, failed", phase.first) << phase.second << QStringLiteral("51")
-                                                     << QStringLiteral("The factory reset failed.");
-            QTest::addRow("%s, silent", phase.first) << phase.second << QStringLiteral("255")
-                                                     << QStringLiteral("The LDB is disconnected.");
-        }
-    }
+    };
+    const std::vector<const char*> all{"stop", "close", "parent", "lost", "failed", "silent"};
+    rows("confirmation", Phase::Confirmation, {"stop", "close", "parent", "lost"});
+    rows("factory reset", Phase::FactoryReset, all);
+    rows("rebooting", Phase::Rebooting, all);
+    rows("counting", Phase::Counting, all);
+    rows("finished", Phase::Finished, {"stop", "close", "parent"});
 }
 
 void TestFimTracking::endsInEveryPhase()
 {
     QFETCH(Phase, phase);
     QFETCH(QString, by);
-    QFETCH(QString, notice);
+    const QMap<QString, QString> notices{{"lost", "The connection is lost."},
+                                         {"failed", "The factory reset failed."},
+                                         {"silent", "The LDB is disconnected."}};
     // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
     const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
     auto bench = std::make_unique<Bench>();
@@ -484,13 +450,13 @@ void TestFimTracking::endsInEveryPhase()
         } else if (by == QLatin1String("lost")) {
             ldb->loseConnection();
         } else {
-            bench->reportState(by.toInt());
+            bench->reportState(by == QLatin1String("failed") ? 51 : 255);
         }
-        QVERIFY(!bench->startButton()->isChecked());
         QCOMPARE(bench->startButton()->text(), QStringLiteral("Start"));
-        QCOMPARE(bench->label("noticeLabel"), notice);
+        QCOMPARE(bench->label("noticeLabel"), notices.value(by));
         if (phase != Phase::Finished) {
             QCOMPARE(bench->window->run().phase(), Phase::Idle);
+            QVERIFY(!bench->window->run().isCountingDown());
             QVERIFY(bench->window->reportText().isEmpty());
         }
         bench->closeBoxes();
@@ -545,7 +511,7 @@ void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
     QCOMPARE(sounded.size(), 0);
 }
 
-void TestFimTracking::eachFaultHasOneBox()
+void TestFimTracking::eachFaultHasOneBoxThatStopsNothing()
 {
     LoopPlan plan = healthyLoop(8);
     plan.earthLeakageAfter = 3;
@@ -558,25 +524,12 @@ void TestFimTracking::eachFaultHasOneBox()
     QCOMPARE(texts.filter(QStringLiteral("Earth Leakage Detected!\n\n Primary Side")).size(), 1);
     QCOMPARE(texts.filter(QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side")).size(), 1);
     QCOMPARE(texts.size(), 2);
-    for (const QMessageBox* box : openBoxes(bench.window)) {
-        QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
-    }
     QVERIFY(!bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
     QVERIFY(!bench.sideLabel(SecondaryPort, "leakagePositionLabel").isEmpty());
-    bench.closeBoxes();
-    virtualTime->advance(20 * kSecond);
-    QVERIFY(boxTexts(bench.window).isEmpty());
-}
 
-void TestFimTracking::rowsGoOnWhileBoxesAreOpen()
-{
-    LoopPlan plan = healthyLoop(8);
-    plan.earthLeakageAfter = 1;
-    Bench bench(plan);
-    bench.choose();
     QVERIFY(bench.reach(Phase::Finished));
     virtualTime->advance(1);
-    QCOMPARE(boxTexts(bench.window).size(), 3); // nobody has closed one: the leak, and both sides
+    QCOMPARE(boxTexts(bench.window).size(), 4); // nobody has closed one: the leaks, and both sides
     QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 8  |||  ")));
 }
 
