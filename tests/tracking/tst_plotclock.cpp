@@ -12,7 +12,6 @@ private slots:
     void dividesAtWholeSteps();
     void readsAsAClock_data();
     void readsAsAClock();
-    void keepsLabelsApart_data();
     void keepsLabelsApart();
 };
 
@@ -84,21 +83,12 @@ void TestPlotClock::readsAsAClock()
     }
 }
 
-void TestPlotClock::keepsLabelsApart_data()
-{
-    QTest::addColumn<double>("stepWidth");
-    QTest::addColumn<int>("steps");
-    QTest::newRow("room for all") << 48.0 << 1;
-    QTest::newRow("just too narrow") << 47.9 << 2;
-    QTest::newRow("half") << 24.0 << 2;
-    QTest::newRow("fifth") << 10.0 << 5;
-    QTest::newRow("no room at all") << 0.1 << 30;
-}
-
 void TestPlotClock::keepsLabelsApart()
 {
-    QFETCH(double, stepWidth);
-    QTEST(ClockScaleDraw::stepsPerLabel(stepWidth, 40.0), "steps");
+    QCOMPARE(ClockScaleDraw::stepsPerLabel(48.0, 40.0), 1);
+    QCOMPARE(ClockScaleDraw::stepsPerLabel(47.9, 40.0), 2);
+    QCOMPARE(ClockScaleDraw::stepsPerLabel(10.0, 40.0), 5);
+    QCOMPARE(ClockScaleDraw::stepsPerLabel(0.1, 40.0), 30); // no room at all
 }
 
 QTEST_MAIN(TestPlotClock)
