@@ -21,6 +21,23 @@ struct LoopPlan
     quint32 seed = 1;       ///< of the noise on the currents
 };
 
+inline LoopPlan healthyLoop(int fims)
+{
+    LoopPlan plan;
+    plan.fims = fims;
+    return plan;
+}
+
+namespace modelldb {
+
+// The bodies of what tracking sends to the model.
+const QByteArray kFactoryReset("FE0A73780002");
+const QByteArray kLdbReset("FE0A73780001");
+const QByteArray kMute("FE0A73631601");
+const QByteArray kEndMute("FE0A73631600");
+
+} // namespace modelldb
+
 /// A simulated board under tracking: it obeys the tracking's commands and reports at the pace of
 /// the bus. Its time is that of its thread's timers.
 class ModelLdb : public TrackedLdb

