@@ -423,18 +423,17 @@ void TestFimCounter::untrackedSecondary()
     Bench bench;
     bench.counter.setSecondarySideTracked(false);
     bench.feed();
-    bench.countSteps(PrimaryPort, 2, 40000);
+    bench.run(40000);
     bench.current.secondary += kSurge;
+    bench.feed();
+    bench.loopState = kShorted;
     bench.feed();
     QCOMPARE(bench.counter.fimCount(SecondaryPort), 0);
     QVERIFY(!bench.counter.isSideFinished(SecondaryPort));
-    virtualTime->advance(70000);
-    QCOMPARE(bench.results.size(), 1);
-    QCOMPARE(bench.results.first().at(0).toInt(), 3);
-    QCOMPARE(bench.results.first().at(1).value<LoopResult>(), LoopResult::PrimaryOpen);
 
     // The closing of the loop and a short end the untracked side all the same.
     bench.counter.reset();
+    bench.loopState = kOpen;
     bench.feed();
     bench.loopState = kClosedAgain;
     bench.feed();
