@@ -57,6 +57,10 @@ void BusSimulatorTest::answers_data()
     QTest::newRow("unknown kind") << QByteArray("FE0A737A01") << kNak;
     QTest::newRow("no index") << QByteArray("FE0A7378") << kNak;
     QTest::newRow("read of an unknown parameter") << QByteArray("FE0A737214") << kNak;
+    QTest::newRow("read with data") << QByteArray("FE0A73720200") << kNak;
+    QTest::newRow("status with data") << QByteArray("FE0A73780300") << kNak;
+    QTest::newRow("unknown action") << QByteArray("FE0A737805") << kNak;
+    QTest::newRow("change of the whole record") << QByteArray("FE0A73630100") << kNak;
     QTest::newRow("unknown control") << QByteArray("FE0A73780004") << kNak;
     QTest::newRow("control with too much data") << QByteArray("FE0A7378000001") << kNak;
     QTest::newRow("nobody there") << QByteArray("FE0C70") << QByteArray();
@@ -302,7 +306,7 @@ void BusSimulatorTest::reportsFaults_data()
     row("open 0A memory, open 0A clear", 0, 0, 0);
     row("open 0A, change 170000", 0, 0, 0);
     row("short 0A", 4, 0, 0);
-    row("short 0A memory", 8, 0, 0);
+    row("short 0A present, short 0A memory", 8, 0, 0);
     row("short 0A, open 0A memory", 6, 0, 0);
     row("short 0A after 4, open 0A after 1", 4, 0, 0);
     row("dc-leakage 0A", 16, 0, 0);

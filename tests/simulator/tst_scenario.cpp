@@ -28,8 +28,6 @@ private slots:
     void namesTheKeyThatIsWrong_data();
     void namesTheKeyThatIsWrong();
     void readsWhatIsShipped();
-    void parsesCommands_data();
-    void parsesCommands();
     void refusesCommands_data();
     void refusesCommands();
 };
@@ -154,67 +152,6 @@ void ScenarioTest::readsWhatIsShipped()
         QCOMPARE(readScenarioFile(file.filePath()).error, QString());
     }
     QCOMPARE(defaultScenario().ldbs.size(), std::size_t{8});
-}
-
-void ScenarioTest::parsesCommands_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QVector<int>>(
-        "expected"); // verb, address, and what the verb makes of the rest
-    const auto row = [](const char* text, CommandVerb verb, int address, int first, int second) {
-        QTest::newRow(text) << QString::fromLatin1(text)
-                            << QVector<int>{static_cast<int>(verb), address, first, second};
-    };
-    constexpr int kMiddle = -1;
-    // phase, position
-    row("  open   fd  memory ", CommandVerb::LoopFault, 253, 2, kMiddle);
-    row("short all present after 0", CommandVerb::LoopFault, 0, 1, 0);
-    row("dc-leakage 01 clear", CommandVerb::LoopFault, 1, 0, kMiddle);
-    // on, times
-    row("silent 0A off", CommandVerb::Silent, 10, 0, kMiddle);
-    row("bad-check 0A on times 3", CommandVerb::BadCheck, 10, 1, 3);
-    // scope, index
-    row("nak 0A", CommandVerb::Nak, 10, 1, 0);
-    row("nak 0A changes times 2", CommandVerb::Nak, 10, 2, 0);
-    row("nak 0A index 1E", CommandVerb::Nak, 10, 3, 0x1E);
-    row("nak all off", CommandVerb::Nak, 0, 0, 0);
-    // milliseconds, on
-    row("late 0A 130", CommandVerb::Late, 10, 130, 1);
-    row("late 0A off", CommandVerb::Late, 10, 0, 0);
-    // garbled, late
-    row("bad-bus 1 2 5 72", CommandVerb::BadBus, 0, 1, 2);
-    // seconds, nothing
-    row("cut for 10", CommandVerb::Cut, 0, 10, 0);
-}
-
-void ScenarioTest::parsesCommands()
-{
-    QFETCH(QString, text);
-    QFETCH(QVector<int>, expected);
-    const CommandParsing parsing = parseSimulatorCommand(text);
-    QCOMPARE(parsing.error, QString());
-    const SimulatorCommand& command = *parsing.command;
-    QVector<int> result{static_cast<int>(command.verb), command.address};
-    switch (command.verb) {
-    case CommandVerb::LoopFault:
-        result << static_cast<int>(command.phase) << command.afterFim.value_or(-1);
-        break;
-    case CommandVerb::Nak:
-        result << static_cast<int>(command.nakScope) << command.index;
-        break;
-    case CommandVerb::Late:
-        result << command.milliseconds << (command.on ? 1 : 0);
-        break;
-    case CommandVerb::BadBus:
-        result << qRound(command.garbledPercent) << qRound(command.latePercent);
-        break;
-    case CommandVerb::Cut:
-        result << qRound(command.seconds) << 0;
-        break;
-    default:
-        result << (command.on ? 1 : 0) << command.times.value_or(-1);
-    }
-    QCOMPARE(result, expected);
 }
 
 void ScenarioTest::refusesCommands_data()

@@ -22,7 +22,6 @@ public:
         m_port.open(QIODevice::ReadWrite);
     }
 
-    bool isOpen() const { return m_port.isOpen(); }
     QSerialPort& port() { return m_port; }
 
     void send(const QByteArray& body) { m_port.write(framecodec::createCommand(body)); }
@@ -102,7 +101,6 @@ class SimulationTest : public TestCase
 {
     Q_OBJECT
 private slots:
-    void answersThroughThePort();
     void comesBackAfterACut();
     void carriesOutTheScenariosEvents();
     void writesTheJournal();
@@ -110,24 +108,8 @@ private slots:
     void tellsWhatItCannotOpen();
     void runsAsAProgramUntilToldToEnd_data();
     void runsAsAProgramUntilToldToEnd();
-    void refusesWrongArguments_data();
     void refusesWrongArguments();
 };
-
-void SimulationTest::answersThroughThePort()
-{
-    Simulation simulation(twoBoards(), unpaced());
-    QCOMPARE(simulation.start(), QString());
-    Master master(simulation.portName());
-    QVERIFY(master.isOpen());
-    QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
-    QByteArray status = master.ask("FE0B737803");
-    QVERIFY(framecodec::responseValidation(status));
-    QCOMPARE(status.size(), 50);
-    // Silence first, then an answer: it is the second request's.
-    master.send("FE0C737803");
-    QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
-}
 
 void SimulationTest::comesBackAfterACut()
 {
@@ -169,6 +151,7 @@ void SimulationTest::carriesOutTheScenariosEvents()
     QCOMPARE(simulation.ldbCount(), 2);
     QVERIFY(quit.wait(kPatience));
     QCOMPARE(simulation.ldbCount(), 2);
+    QVERIFY(simulation.execute(command("help")).size() > 20);
     const QString list = simulation.execute(command("list")).join(QLatin1Char('\n'));
     QVERIFY(list.contains(QLatin1String("33  LDB 51")));
     QVERIFY(list.contains(QLatin1String("not on the bus")));
@@ -284,33 +267,24 @@ void SimulationTest::runsAsAProgramUntilToldToEnd()
     QVERIFY(!QFileInfo(link).isSymLink());
 }
 
-void SimulationTest::refusesWrongArguments_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("complaint");
-    QTest::newRow("no file") << "--scenario none"
-                             << "none: ";
-    QTest::newRow("bad file") << "--scenario bad.json"
-                              << "bad.json: ldbs[0].fims: ";
-    QTest::newRow("bad seed") << "--seed x"
-                              << "the seed must be";
-    QTest::newRow("surplus") << "file"
-                             << "unexpected \"file\"";
-}
-
 void SimulationTest::refusesWrongArguments()
 {
-    QFETCH(QString, arguments);
-    QFETCH(QString, complaint);
     const Sandbox sandbox;
     sandbox.writeFile(QStringLiteral("bad.json"), R"({"ldbs": [{"address": "0A", "fims": "x"}]})");
-    Program program;
-    program.start(arguments.split(' '));
-    QVERIFY(program.waitForEnd());
-    QCOMPARE(program.process().exitCode(), 2);
-    const QString said = QString::fromLocal8Bit(program.process().readAllStandardError());
-    QVERIFY2(said.contains(complaint), qPrintable(said));
-    QVERIFY(program.process().readAllStandardOutput().isEmpty());
+    const std::pair<const char*, const char*> complaints[] = {
+        {"--scenario none", "none: "},
+        {"--scenario bad.json", "bad.json: ldbs[0].fims: "},
+        {"--seed x", "the seed must be"},
+        {"file", "unexpected \"file\""}};
+    for (const auto& [arguments, complaint] : complaints) {
+        Program program;
+        program.start(QString(arguments).split(' '));
+        QVERIFY(program.waitForEnd());
+        QCOMPARE(program.process().exitCode(), 2);
+        const QByteArray said = program.process().readAllStandardError();
+        QVERIFY2(said.contains(complaint), said.constData());
+        QVERIFY(program.process().readAllStandardOutput().isEmpty());
+    }
 }
 
 QTEST_GUILESS_MAIN(SimulationTest)
