@@ -19,8 +19,8 @@ private slots:
     void obeysBroadcasts();
     void runsThroughItsStates_data();
     void runsThroughItsStates();
-    void refusesWhileBusy_data();
     void refusesWhileBusy();
+    void leavesServiceModeByAnLdbResetOnly();
     void startsInServiceModeWhenToldTo();
     void factoryResetRestoresTheDefaults();
     void reportsFaults_data();
@@ -197,54 +197,47 @@ void BusSimulatorTest::runsThroughItsStates()
     QCOMPARE(static_cast<int>(unwatched.state()), course.constLast().second);
 }
 
-void BusSimulatorTest::refusesWhileBusy_data()
-{
-    QTest::addColumn<QByteArray>("before"); // control data sent first
-    QTest::addColumn<int>("wait");          // ms
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<bool>("isTaken");
-    const QByteArray fimReset("73780000");
-    const QByteArray ldbReset("73780001");
-    const QByteArray factoryReset("73780002");
-    const QByteArray serviceMode("73780003");
-    const QByteArray mute("73631601");
-    QTest::newRow("factory reset: LDB reset") << QByteArray("02") << 1000 << ldbReset << false;
-    QTest::newRow("factory reset: change") << QByteArray("02") << 1000 << mute << false;
-    QTest::newRow("factory reset done: LDB reset")
-        << QByteArray("02") << 125000 << ldbReset << true;
-    QTest::newRow("factory reset done: FIM reset")
-        << QByteArray("02") << 125000 << fimReset << false;
-    QTest::newRow("booting: LDB reset") << QByteArray("01") << 1000 << ldbReset << true;
-    QTest::newRow("booting: service mode") << QByteArray("01") << 1000 << serviceMode << false;
-    QTest::newRow("service mode: FIM reset") << QByteArray("03") << 1000 << fimReset << true;
-    QTest::newRow("service mode: factory reset")
-        << QByteArray("03") << 1000 << factoryReset << false;
-}
-
 void BusSimulatorTest::refusesWhileBusy()
 {
-    QFETCH(QByteArray, before);
-    QFETCH(int, wait);
-    QFETCH(QByteArray, request);
-    QFETCH(bool, isTaken);
+    const QByteArray mute("73631601");
+    const auto control = [](LdbControl code) {
+        return QByteArray("737800") +
+               QByteArray::number(static_cast<int>(code)).rightJustified(2, '0');
+    };
+    // What becomes of a request so many ms after a first one.
+    const auto outcome = [&](LdbControl first, int wait, const QByteArray& request) {
+        TestBus bus;
+        bus.ask("FE0A" + control(first));
+        bus.now = wait;
+        const LdbState state = bus.state();
+        const QByteArray settings = bus.settingsRecord();
+        const QByteArray answer = bus.ask("FE0A" + request);
+        const bool hasChanged = bus.state() != state || bus.settingsRecord() != settings;
+        if (answer == kNak) {
+            return hasChanged ? QStringLiteral("refused, but obeyed") : QStringLiteral("refused");
+        }
+        return answer == kAck ? QStringLiteral("taken") : QStringLiteral("unanswered");
+    };
+    QCOMPARE(outcome(LdbControl::FactoryReset, 1000, control(LdbControl::LdbReset)), "refused");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 1000, mute), "refused");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 125000, control(LdbControl::LdbReset)), "taken");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 125000, control(LdbControl::FimReset)), "refused");
+    QCOMPARE(outcome(LdbControl::LdbReset, 1000, control(LdbControl::LdbReset)), "taken");
+    QCOMPARE(outcome(LdbControl::LdbReset, 1000, control(LdbControl::ServiceMode)), "refused");
+    QCOMPARE(outcome(LdbControl::ServiceMode, 1000, control(LdbControl::FimReset)), "taken");
+    QCOMPARE(outcome(LdbControl::ServiceMode, 1000, control(LdbControl::FactoryReset)), "refused");
+}
+
+void BusSimulatorTest::leavesServiceModeByAnLdbResetOnly()
+{
     TestBus bus;
-    QCOMPARE(bus.ask("FE0A737800" + before), kAck);
-    bus.now = wait;
-    const LdbState state = bus.state();
-    const QByteArray settings = bus.settingsRecord();
-    QCOMPARE(bus.ask("FE0A" + request), isTaken ? kAck : kNak);
-    if (!isTaken) {
-        QCOMPARE(bus.state(), state);
-        QCOMPARE(bus.settingsRecord(), settings);
-    }
-    if (before == "03") {
-        // Whatever was done in service mode, only an LDB reset leads out of it.
-        bus.now += 60000;
-        QCOMPARE(bus.state(), LdbState::ServiceMode);
-        bus.ask("FE0A73780001");
-        bus.now += 60000;
-        QVERIFY(bus.state() != LdbState::ServiceMode);
-    }
+    bus.ask("FE0A73780003");
+    bus.ask("FE0A73780000");
+    bus.now += 60000;
+    QCOMPARE(bus.state(), LdbState::ServiceMode);
+    bus.ask("FE0A73780001");
+    bus.now += 60000;
+    QVERIFY(bus.state() != LdbState::ServiceMode);
 }
 
 void BusSimulatorTest::startsInServiceModeWhenToldTo()

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <qwt_plot_curve.h>
 
 using Phase = TrackingRun::Phase;
 Q_DECLARE_METATYPE(Phase)
@@ -280,6 +281,8 @@ void TestFimTracking::commissioningToTheReport()
     bench.setPlotsVisible(true);
     virtualTime->advance(1);
     QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
+    const SidePanel* panel = bench.sidePanel(PrimaryPort);
+    QVERIFY(plotinspection::curveOf(*panel, "PriCurr")->maxYValue() < 10.0); // mA
     bench.find<QPushButton>("copyReportButton")->click();
     const QStringList report = QApplication::clipboard()->text().split(QLatin1Char('\n'));
     for (const char* line :

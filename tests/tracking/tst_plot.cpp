@@ -138,8 +138,9 @@ void TestPlot::rollsWithTheNewestTime()
     QCOMPARE(ticks.size(), 4);
     QCOMPARE(ticks.at(1) - ticks.at(0), 5000.0);
 
-    plot.setMaxNumberOfSamples(10);
     addSeconds(plot, 0, 50, 1.0, 2);
+    plot.setMaxNumberOfSamples(10);
+    addSeconds(plot, 0, 1, 1.0, 52);
     QCoreApplication::processEvents();
     // Eleven are held, and the start of them is not shown.
     QCOMPARE(curveOf(plot, "c")->dataSize(), size_t(10));
