@@ -149,6 +149,7 @@ struct Bench
     }
     QPushButton* startButton() const { return find<QPushButton>("startButton"); }
 
+    Sandbox sandbox;
     QWidget mainWindow;
     std::shared_ptr<ModelLdb> ldb;
     QPointer<FimTracking> window; // the main window's child, deletes itself when closed
@@ -160,8 +161,6 @@ class TestFimTracking : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
-    void cleanup() override;
     void opensOverItsParentAndAsks();
     void sayingNoSendsNothing();
     void commissioningToTheReport();
@@ -178,22 +177,7 @@ private slots:
     void closingTellsOfAnLdbThatStaysMuted();
     void runsAgain();
     void withoutAConnection();
-
-private:
-    std::unique_ptr<Sandbox> m_sandbox;
 };
-
-void TestFimTracking::init()
-{
-    TestCase::init();
-    m_sandbox = std::make_unique<Sandbox>();
-}
-
-void TestFimTracking::cleanup()
-{
-    m_sandbox.reset();
-    TestCase::cleanup();
-}
 
 void TestFimTracking::opensOverItsParentAndAsks()
 {
