@@ -15,25 +15,21 @@ private slots:
     void answers();
     void takesOrRefusesAChange_data();
     void takesOrRefusesAChange();
-    void keepsSilent_data();
-    void keepsSilent();
+    void hearsNothingBroken();
     void obeysBroadcasts();
     void runsThroughItsStates_data();
     void runsThroughItsStates();
-    void refusesWhileBusy_data();
     void refusesWhileBusy();
+    void leavesServiceModeByAnLdbResetOnly();
     void startsInServiceModeWhenToldTo();
     void factoryResetRestoresTheDefaults();
-    void factoryResetTakesThePowerOffTheLoop();
     void reportsFaults_data();
     void reportsFaults();
     void repairsARunningLoopAtOnce();
     void fencesOffAShortThatAppearsInAStartingLoop();
     void forgetsOnFimReset();
-    void complainsOfImpossibleCommands_data();
     void complainsOfImpossibleCommands();
     void movesLikeARealLoop();
-    void repeatsItselfWithTheSameSeed();
 };
 
 void BusSimulatorTest::answers_data()
@@ -59,16 +55,18 @@ void BusSimulatorTest::answers_data()
     QTest::newRow("store settings") << QByteArray("FE0A737806") << kAck;
     QTest::newRow("poll with data") << QByteArray("FE0A7000") << kNak;
     QTest::newRow("unknown kind") << QByteArray("FE0A737A01") << kNak;
-    QTest::newRow("kind cut short") << QByteArray("FE0A73") << kNak;
     QTest::newRow("no index") << QByteArray("FE0A7378") << kNak;
     QTest::newRow("read of an unknown parameter") << QByteArray("FE0A737214") << kNak;
     QTest::newRow("read with data") << QByteArray("FE0A73720200") << kNak;
-    QTest::newRow("unknown action") << QByteArray("FE0A737805") << kNak;
     QTest::newRow("status with data") << QByteArray("FE0A73780300") << kNak;
-    QTest::newRow("unknown control") << QByteArray("FE0A73780004") << kNak;
-    QTest::newRow("control without data") << QByteArray("FE0A737800") << kNak;
-    QTest::newRow("control with too much data") << QByteArray("FE0A7378000001") << kNak;
+    QTest::newRow("unknown action") << QByteArray("FE0A737805") << kNak;
     QTest::newRow("change of the whole record") << QByteArray("FE0A73630100") << kNak;
+    QTest::newRow("unknown control") << QByteArray("FE0A73780004") << kNak;
+    QTest::newRow("control with too much data") << QByteArray("FE0A7378000001") << kNak;
+    QTest::newRow("nobody there") << QByteArray("FE0C70") << QByteArray();
+    QTest::newRow("broadcast") << QByteArray("FEFF70") << QByteArray();
+    QTest::newRow("not from the master") << QByteArray("0B0A70") << QByteArray();
+    QTest::newRow("no address") << QByteArray("FE0") << QByteArray();
     QTest::newRow("lower-case digits") << QByteArray("FE0A73631401").replace("14", "1a") << kNak;
 }
 
@@ -90,25 +88,17 @@ void BusSimulatorTest::takesOrRefusesAChange_data()
     const QByteArray fifteen = QByteArray("41").repeated(15);
     QTest::newRow("name") << QByteArray("025761726D") << 18
                           << QByteArray("5761726D").leftJustified(32, '0');
-    QTest::newRow("empty name") << QByteArray("02") << 18 << QByteArray("00").repeated(16);
     QTest::newRow("longest name") << "02" + fifteen << 18 << fifteen + "00";
     QTest::newRow("name too long") << "0241" + fifteen << 0 << QByteArray();
-    QTest::newRow("half a byte of a name") << QByteArray("02576") << 0 << QByteArray();
-    QTest::newRow("name of no digits") << QByteArray("025G") << 0 << QByteArray();
     QTest::newRow("lower-case name") << QByteArray("025a") << 0 << QByteArray();
     QTest::newRow("flags") << QByteArray("141F") << 8 << QByteArray("1F");
-    QTest::newRow("no flags") << QByteArray("1400") << 8 << QByteArray("00");
     QTest::newRow("unknown flag") << QByteArray("1420") << 0 << QByteArray();
     QTest::newRow("flags too short") << QByteArray("141") << 0 << QByteArray();
-    QTest::newRow("flags too long") << QByteArray("141F00") << 0 << QByteArray();
     QTest::newRow("mute") << QByteArray("1601") << 12 << QByteArray("01");
     QTest::newRow("neither mute nor loud") << QByteArray("1602") << 0 << QByteArray();
     QTest::newRow("delay, low byte first") << QByteArray("170500") << 14 << QByteArray("0500");
-    QTest::newRow("delay off") << QByteArray("170000") << 14 << QByteArray("0000");
     QTest::newRow("delay of five digits") << QByteArray("1710001") << 0 << QByteArray();
-    QTest::newRow("delay of three digits") << QByteArray("17050") << 0 << QByteArray();
     QTest::newRow("number of FIMs") << QByteArray("03FF00") << 52 << QByteArray("FF00");
-    QTest::newRow("no number of FIMs") << QByteArray("03") << 0 << QByteArray();
     QTest::newRow("unknown parameter") << QByteArray("1800") << 0 << QByteArray();
 }
 
@@ -133,32 +123,16 @@ void BusSimulatorTest::takesOrRefusesAChange()
     QCOMPARE(later, after);
 }
 
-void BusSimulatorTest::keepsSilent_data()
+void BusSimulatorTest::hearsNothingBroken()
 {
-    QTest::addColumn<QByteArray>("frame");
-    const auto framed = [](const char* body) {
-        return framecodec::createCommand(body);
-    };
-    QTest::newRow("nobody there") << framed("FE0C70");
-    QTest::newRow("broadcast") << framed("FEFF70");
-    QTest::newRow("the master's own address") << framed("FEFE70");
-    QTest::newRow("not from the master") << framed("0B0A70");
-    QTest::newRow("no address") << framed("FE0");
-    QTest::newRow("wrong check digits") << QByteArray("\x01"
-                                                      "FE0A7363141F00\x04");
-    QTest::newRow("lower-case check digits") << QByteArray("\x01"
-                                                           "FE0A70de\x04");
-    QTest::newRow("no check digits") << QByteArray("\x01\x04");
-    QTest::newRow("somebody's acknowledge") << kAck;
-}
-
-void BusSimulatorTest::keepsSilent()
-{
-    QFETCH(QByteArray, frame);
     TestBus bus;
     const QByteArray before = bus.settingsRecord();
-    QVERIFY(bus.hearRaw(frame).answer.empty());
-    QCOMPARE(bus.settingsRecord(), before);
+    const QByteArray wrongCheckDigits("\x01"
+                                      "FE0A7363141F00\x04");
+    for (const QByteArray& frame : {wrongCheckDigits, kAck}) {
+        QVERIFY(bus.hearRaw(frame).answer.empty());
+        QCOMPARE(bus.settingsRecord(), before);
+    }
 }
 
 void BusSimulatorTest::obeysBroadcasts()
@@ -223,58 +197,47 @@ void BusSimulatorTest::runsThroughItsStates()
     QCOMPARE(static_cast<int>(unwatched.state()), course.constLast().second);
 }
 
-void BusSimulatorTest::refusesWhileBusy_data()
-{
-    QTest::addColumn<QByteArray>("before"); // control data sent first
-    QTest::addColumn<int>("wait");          // ms
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<bool>("isTaken");
-    const QByteArray fimReset("73780000");
-    const QByteArray ldbReset("73780001");
-    const QByteArray factoryReset("73780002");
-    const QByteArray serviceMode("73780003");
-    const QByteArray mute("73631601");
-    QTest::newRow("factory reset: LDB reset") << QByteArray("02") << 1000 << ldbReset << false;
-    QTest::newRow("factory reset: change") << QByteArray("02") << 1000 << mute << false;
-    QTest::newRow("factory reset: again") << QByteArray("02") << 1000 << factoryReset << false;
-    QTest::newRow("factory reset done: LDB reset")
-        << QByteArray("02") << 125000 << ldbReset << true;
-    QTest::newRow("factory reset done: change") << QByteArray("02") << 125000 << mute << true;
-    QTest::newRow("factory reset done: FIM reset")
-        << QByteArray("02") << 125000 << fimReset << false;
-    QTest::newRow("booting: change") << QByteArray("01") << 1000 << mute << true;
-    QTest::newRow("booting: LDB reset") << QByteArray("01") << 1000 << ldbReset << true;
-    QTest::newRow("booting: service mode") << QByteArray("01") << 1000 << serviceMode << false;
-    QTest::newRow("service mode: FIM reset") << QByteArray("03") << 1000 << fimReset << true;
-    QTest::newRow("service mode: change") << QByteArray("03") << 1000 << mute << true;
-    QTest::newRow("service mode: factory reset")
-        << QByteArray("03") << 1000 << factoryReset << false;
-}
-
 void BusSimulatorTest::refusesWhileBusy()
 {
-    QFETCH(QByteArray, before);
-    QFETCH(int, wait);
-    QFETCH(QByteArray, request);
-    QFETCH(bool, isTaken);
+    const QByteArray mute("73631601");
+    const auto control = [](LdbControl code) {
+        return QByteArray("737800") +
+               QByteArray::number(static_cast<int>(code)).rightJustified(2, '0');
+    };
+    // What becomes of a request so many ms after a first one.
+    const auto outcome = [&](LdbControl first, int wait, const QByteArray& request) {
+        TestBus bus;
+        bus.ask("FE0A" + control(first));
+        bus.now = wait;
+        const LdbState state = bus.state();
+        const QByteArray settings = bus.settingsRecord();
+        const QByteArray answer = bus.ask("FE0A" + request);
+        const bool hasChanged = bus.state() != state || bus.settingsRecord() != settings;
+        if (answer == kNak) {
+            return hasChanged ? QStringLiteral("refused, but obeyed") : QStringLiteral("refused");
+        }
+        return answer == kAck ? QStringLiteral("taken") : QStringLiteral("unanswered");
+    };
+    QCOMPARE(outcome(LdbControl::FactoryReset, 1000, control(LdbControl::LdbReset)), "refused");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 1000, mute), "refused");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 125000, control(LdbControl::LdbReset)), "taken");
+    QCOMPARE(outcome(LdbControl::FactoryReset, 125000, control(LdbControl::FimReset)), "refused");
+    QCOMPARE(outcome(LdbControl::LdbReset, 1000, control(LdbControl::LdbReset)), "taken");
+    QCOMPARE(outcome(LdbControl::LdbReset, 1000, control(LdbControl::ServiceMode)), "refused");
+    QCOMPARE(outcome(LdbControl::ServiceMode, 1000, control(LdbControl::FimReset)), "taken");
+    QCOMPARE(outcome(LdbControl::ServiceMode, 1000, control(LdbControl::FactoryReset)), "refused");
+}
+
+void BusSimulatorTest::leavesServiceModeByAnLdbResetOnly()
+{
     TestBus bus;
-    QCOMPARE(bus.ask("FE0A737800" + before), kAck);
-    bus.now = wait;
-    const LdbState state = bus.state();
-    const QByteArray settings = bus.settingsRecord();
-    QCOMPARE(bus.ask("FE0A" + request), isTaken ? kAck : kNak);
-    if (!isTaken) {
-        QCOMPARE(bus.state(), state);
-        QCOMPARE(bus.settingsRecord(), settings);
-    }
-    if (before == "03") {
-        // Whatever was done in service mode, only an LDB reset leads out of it.
-        bus.now += 60000;
-        QCOMPARE(bus.state(), LdbState::ServiceMode);
-        bus.ask("FE0A73780001");
-        bus.now += 60000;
-        QVERIFY(bus.state() != LdbState::ServiceMode);
-    }
+    bus.ask("FE0A73780003");
+    bus.ask("FE0A73780000");
+    bus.now += 60000;
+    QCOMPARE(bus.state(), LdbState::ServiceMode);
+    bus.ask("FE0A73780001");
+    bus.now += 60000;
+    QVERIFY(bus.state() != LdbState::ServiceMode);
 }
 
 void BusSimulatorTest::startsInServiceModeWhenToldTo()
@@ -299,8 +262,14 @@ void BusSimulatorTest::factoryResetRestoresTheDefaults()
         QCOMPARE(bus.ask(QByteArray("FE0A7363") + change), kAck);
     }
     QVERIFY(bus.settingsRecord() != fresh);
+    bus.command("open 0A");
     bus.ask("FE0A73780002");
-    bus.now += 121000;
+    bus.now += 60000;
+    // The loop is without power meanwhile.
+    QCOMPARE(bus.status().primaryVoltage, quint16{0});
+    QCOMPARE(bus.status().secondaryCurrent, quint16{0});
+    QCOMPARE(bus.status().loopState(), LdbLoopState::Ok);
+    bus.now += 61000;
     QCOMPARE(bus.settingsRecord(), fresh);
 
     // The name and the number of FIMs belong to the place.
@@ -315,74 +284,45 @@ void BusSimulatorTest::factoryResetRestoresTheDefaults()
     QCOMPARE(bus.settingsRecord(), named);
 }
 
-void BusSimulatorTest::factoryResetTakesThePowerOffTheLoop()
-{
-    TestBus bus;
-    bus.command("open 0A");
-    bus.ask("FE0A73780002");
-    bus.now += 60000;
-    const LdbStatus status = bus.status();
-    QCOMPARE(status.primaryVoltage, quint16{0});
-    QCOMPARE(status.secondaryCurrent, quint16{0});
-    QCOMPARE(status.loopState(), LdbLoopState::Ok);
-}
-
 void BusSimulatorTest::reportsFaults_data()
 {
-    QTest::addColumn<QStringList>("commands");
+    QTest::addColumn<QString>("commands"); // one after the other
     QTest::addColumn<int>("loop");
     QTest::addColumn<int>("earth");
     QTest::addColumn<int>("amplifier");
-    QTest::newRow("healthy") << QStringList() << 0 << 0 << 0;
-    const std::tuple<const char*, int, int> loopFaults[] = {
-        {"open", 1, 2}, {"short", 4, 8}, {"dc-leakage", 16, 32}};
-    for (const auto& [name, present, memory] : loopFaults) {
-        const QString verb = QLatin1String(name);
-        QTest::newRow(name) << QStringList{verb + QStringLiteral(" 0A")} << present << 0 << 0;
-        QTest::addRow("%s remembered", name)
-            << QStringList{verb + QStringLiteral(" 0A"), verb + QStringLiteral(" 0A memory")}
-            << memory << 0 << 0;
-        QTest::addRow("%s cleared", name)
-            << QStringList{verb + QStringLiteral(" 0A memory"), verb + QStringLiteral(" 0A clear")}
-            << 0 << 0 << 0;
-    }
-    const auto row = [](const char* name, std::initializer_list<const char*> commands, int loop,
-                        int earth, int amplifier) {
-        QStringList list;
-        for (const char* command : commands) {
-            list.append(QLatin1String(command));
-        }
-        QTest::newRow(name) << list << loop << earth << amplifier;
+    const auto row = [](const char* commands, int loop, int earth, int amplifier) {
+        QTest::newRow(commands) << QString::fromLatin1(commands) << loop << earth << amplifier;
     };
-    row("earth leakage", {"earth-leakage all after 2"}, 0, 4, 0);
-    row("earth leakage remembered", {"earth-leakage 0A memory"}, 0, 8, 0);
-    row("earth leakage not watched", {"earth-leakage 0A", "change 1411"}, 0, 0, 0);
-    row("earth wire not watched", {"earth-wire 0A"}, 0, 0, 0);
-    row("earth wire", {"earth-wire 0A", "change 1417"}, 0, 1, 0);
-    row("earth wire remembered beside leakage",
-        {"earth-wire 0A memory", "earth-leakage 0A", "change 1417"}, 0, 6, 0);
-    row("open not watched", {"open 0A", "change 170000"}, 0, 0, 0);
-    row("secondary port", {"secondary-port 0A disconnected"}, 1, 0, 0);
-    row("secondary port again", {"secondary-port 0A disconnected", "secondary-port 0A connected"},
-        0, 0, 0);
-    row("a short hides an open", {"open 0A after 1", "short 0A after 4"}, 4, 0, 0);
-    row("short, remembered open", {"open 0A memory", "short 0A"}, 6, 0, 0);
-    row("everything remembered", {"open 0A memory", "short 0A memory", "dc-leakage 0A memory"}, 42,
-        0, 0);
-    row("amplifier", {"amplifier 0A disconnected"}, 0, 0, 2);
-    row("amplifier not supported", {"amplifier 0A not-supported"}, 0, 0, 254);
-    row("amplifier not watched", {"amplifier 0A disconnected", "change 1403"}, 0, 0, 0);
-    row("another LDB's", {"open 0B", "short C7", "amplifier 0B polling"}, 0, 0, 0);
+    row("", 0, 0, 0);
+    row("open 0A", 1, 0, 0);
+    row("open 0A, open 0A memory", 2, 0, 0);
+    row("open 0A memory, open 0A clear", 0, 0, 0);
+    row("open 0A, change 170000", 0, 0, 0);
+    row("short 0A", 4, 0, 0);
+    row("short 0A present, short 0A memory", 8, 0, 0);
+    row("short 0A, open 0A memory", 6, 0, 0);
+    row("short 0A after 4, open 0A after 1", 4, 0, 0);
+    row("dc-leakage 0A", 16, 0, 0);
+    row("open 0A memory, short 0A memory, dc-leakage 0A memory", 42, 0, 0);
+    row("secondary-port 0A disconnected", 1, 0, 0);
+    row("earth-leakage all after 2", 0, 4, 0);
+    row("earth-leakage 0A memory", 0, 8, 0);
+    row("earth-leakage 0A, change 1411", 0, 0, 0);
+    row("earth-wire 0A, change 1417", 0, 1, 0);
+    row("earth-wire 0A memory, earth-leakage 0A, change 1417", 0, 6, 0);
+    row("amplifier 0A disconnected", 0, 0, 2);
+    row("amplifier 0A not-supported", 0, 0, 254);
+    row("amplifier 0A disconnected, change 1403", 0, 0, 0);
 }
 
 void BusSimulatorTest::reportsFaults()
 {
-    QFETCH(QStringList, commands);
+    QFETCH(QString, commands);
     QFETCH(int, loop);
     QFETCH(int, earth);
     QFETCH(int, amplifier);
     TestBus bus;
-    for (const QString& command : commands) {
+    for (const QString& command : commands.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
         if (command.startsWith(QLatin1String("change "))) {
             QCOMPARE(bus.ask("FE0A7363" + command.mid(7).toLatin1()), kAck);
         } else {
@@ -447,35 +387,26 @@ void BusSimulatorTest::forgetsOnFimReset()
     QCOMPARE(status.earthState(), LdbEarthState::Ok);
 }
 
-void BusSimulatorTest::complainsOfImpossibleCommands_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("complaint");
-    QTest::newRow("no such LDB") << QStringLiteral("open 0C") << QStringLiteral("no LDB at 0C");
-    QTest::newRow("no such FIM") << QStringLiteral("short 0A after 7")
-                                 << QStringLiteral("the loop of 0A has only 6 FIMs");
-    QTest::newRow("no such FIM on one of them")
-        << QStringLiteral("short all after 7") << QStringLiteral("the loop of 0A has only 6 FIMs");
-}
-
 void BusSimulatorTest::complainsOfImpossibleCommands()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, complaint);
     TestBus bus;
-    QCOMPARE(bus.command(qPrintable(text)), complaint);
+    QCOMPARE(bus.command("open 0C"), QStringLiteral("no LDB at 0C"));
+    QCOMPARE(bus.command("short all after 7"), QStringLiteral("the loop of 0A has only 6 FIMs"));
     QCOMPARE(bus.status().loopState(), LdbLoopState::Ok);
 }
 
 void BusSimulatorTest::movesLikeARealLoop()
 {
-    TestBus bus;
+    TestBus bus(7);
+    TestBus twin(7); // chance repeats itself with the same seed
     QSet<int> voltages;
     int lowest = 100000;
     int highest = 0;
     for (int i = 0; i < 2000; ++i) {
         bus.now += 1000;
         const LdbStatus status = bus.status();
+        twin.now = bus.now;
+        QCOMPARE(twin.status().primaryVoltage, status.primaryVoltage);
         voltages.insert(status.primaryVoltage);
         lowest = qMin(lowest, int{status.primaryCurrent});
         highest = qMax(highest, int{status.primaryCurrent});
@@ -484,23 +415,6 @@ void BusSimulatorTest::movesLikeARealLoop()
     QVERIFY(voltages.size() > 100);
     QVERIFY(highest > lowest);
     QVERIFY(highest - lowest < 11); // never as much as a FIM's step
-}
-
-void BusSimulatorTest::repeatsItselfWithTheSameSeed()
-{
-    TestBus first(7);
-    TestBus second(7);
-    TestBus other(8);
-    QByteArray firstCourse;
-    QByteArray secondCourse;
-    QByteArray otherCourse;
-    for (int i = 0; i < 20; ++i) {
-        firstCourse += first.ask("FE0A737803");
-        secondCourse += second.ask("FE0A737803");
-        otherCourse += other.ask("FE0A737803");
-    }
-    QCOMPARE(firstCourse, secondCourse);
-    QVERIFY(firstCourse != otherCourse);
 }
 
 QTEST_APPLESS_MAIN(BusSimulatorTest)

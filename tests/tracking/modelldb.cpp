@@ -1,25 +1,40 @@
 #include "tests/tracking/modelldb.h"
 
 #include "serial/generalinformation.h"
+#include "simulator/ldbresponder.h"
+#include "simulator/scenario.h"
 
 #include <limits>
 
 namespace {
 
-constexpr int kReportPeriod = 250;
-constexpr int kFactoryResetLength = 120000;
-constexpr int kBootLength = 5000;
+LdbSpec boardWith(int fims)
+{
+    LdbSpec spec = standardLdb(ModelLdb::address().toInt(nullptr, 16));
+    spec.fims = fims;
+    return spec;
+}
 
 } // namespace
 
 ModelLdb::ModelLdb(const LoopPlan& plan)
     : TrackedLdb(address())
-    , m_loop(plan)
+    , m_board(boardWith(plan.fims), LdbTiming(), plan.seed, 0)
 {
+    const auto plant = [this](LoopFaultKind kind, std::optional<int> after) {
+        if (after) {
+            m_board.setLoopFault(kind, FaultPhase::Present, *after, 0);
+        }
+    };
+    plant(LoopFaultKind::Open, plan.openAfter);
+    plant(LoopFaultKind::Short, plan.shortAfter);
+    plant(LoopFaultKind::EarthLeakage, plan.earthLeakageAfter);
+    plant(LoopFaultKind::DcLeakage, plan.dcLeakageAfter);
+    m_board.setSecondaryConnected(plan.secondaryConnected, 0);
     m_clock.setSingleShot(true);
     m_clock.start(std::numeric_limits<int>::max());
     m_reportTimer.setTimerType(Qt::PreciseTimer);
-    m_reportTimer.setInterval(kReportPeriod);
+    m_reportTimer.setInterval(plan.reportPeriod);
     connect(&m_reportTimer, &QTimer::timeout, this, &ModelLdb::report);
     m_reportTimer.start();
 }
@@ -51,26 +66,10 @@ int ModelLdb::now() const
     return m_clock.interval() - m_clock.remainingTime();
 }
 
-LdbState ModelLdb::state() const
-{
-    if (m_forcedState) {
-        return *m_forcedState;
-    }
-    if (m_bootAt) {
-        return now() - *m_bootAt < kBootLength ? LdbState::Booting : LdbState::Measuring;
-    }
-    if (m_factoryResetAt) {
-        return now() - *m_factoryResetAt < kFactoryResetLength ? LdbState::FactoryResetExecuting
-                                                               : LdbState::FactoryResetDone;
-    }
-    return LdbState::Quiescent;
-}
-
 void ModelLdb::report()
 {
-    LdbStatus status;
-    status.state = state();
-    m_loop.describe(m_bootAt ? now() - *m_bootAt : 0, status);
+    LdbStatus status = m_board.measure(now());
+    status.state = m_forcedState.value_or(status.state);
     const QDateTime time = QDateTime(QDate(2024, 3, 5), QTime(9, 0)).addMSecs(now());
     emit generalInformationUpdated(
         hexId(),
@@ -87,12 +86,7 @@ void ModelLdb::post(std::unique_ptr<ISerialCommand> command)
     const QByteArray body = command->commandData();
     m_commands.append(body);
     if (m_answer == "\x06") {
-        if (body == "FE0A73780002") {
-            m_factoryResetAt = now();
-            m_bootAt.reset();
-        } else if (body == "FE0A73780001") {
-            m_bootAt = now();
-        }
+        respond(m_board, parseBusRequest(body).value_or(BusRequest()), now());
     }
     if (m_holding) {
         m_held.push_back(std::move(command));

@@ -1,14 +1,45 @@
 #pragma once
 
-#include "tests/tracking/modelloop.h"
+#include "simulator/simulatedldb.h"
 #include "tracking/trackedldb.h"
 
 #include <QTimer>
 
+#include <optional>
 #include <vector>
 
-/// An LDB with a model loop: it obeys the tracking's commands and reports at the pace of the bus.
-/// Its time is that of its thread's timers.
+/// What stands in a model loop: FIMs numbered from the primary end, faults each behind a FIM.
+struct LoopPlan
+{
+    int fims = 0;
+    std::optional<int> openAfter;
+    std::optional<int> shortAfter;
+    std::optional<int> earthLeakageAfter;
+    std::optional<int> dcLeakageAfter;
+    bool secondaryConnected = true;
+    int reportPeriod = 250; ///< ms
+    quint32 seed = 1;       ///< of the noise on the currents
+};
+
+inline LoopPlan healthyLoop(int fims)
+{
+    LoopPlan plan;
+    plan.fims = fims;
+    return plan;
+}
+
+namespace modelldb {
+
+// The bodies of what tracking sends to the model.
+const QByteArray kFactoryReset("FE0A73780002");
+const QByteArray kLdbReset("FE0A73780001");
+const QByteArray kMute("FE0A73631601");
+const QByteArray kEndMute("FE0A73631600");
+
+} // namespace modelldb
+
+/// A simulated board under tracking: it obeys the tracking's commands and reports at the pace of
+/// the bus. Its time is that of its thread's timers.
 class ModelLdb : public TrackedLdb
 {
     Q_OBJECT
@@ -41,9 +72,8 @@ protected:
 
 private:
     int now() const;
-    LdbState state() const;
 
-    ModelLoop m_loop;
+    SimulatedLdb m_board;
     QTimer m_clock;
     QTimer m_reportTimer;
     QList<QByteArray> m_commands;
@@ -51,8 +81,6 @@ private:
     bool m_holding = false;
     QByteArray m_answer = QByteArray("\x06");
     std::optional<LdbState> m_forcedState;
-    std::optional<int> m_factoryResetAt;
-    std::optional<int> m_bootAt;
     bool m_reachable = true;
     bool m_polledAlone = false;
 };

@@ -3,6 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
+#include "tests/tracking/plotinspection.h"
 #include "tracking/disconnectsecondaryportdialog.h"
 #include "tracking/fimtracking.h"
 #include "tracking/plot.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <qwt_plot_curve.h>
 
 using Phase = TrackingRun::Phase;
 Q_DECLARE_METATYPE(Phase)
@@ -24,35 +26,11 @@ namespace {
 
 VirtualTime* virtualTime = nullptr;
 
+using namespace modelldb;
+
 constexpr qint64 kSecond = 1000;
 constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
 constexpr qint64 kHour = 3600 * kSecond;
-const QByteArray kFactoryReset("FE0A73780002");
-const QByteArray kLdbReset("FE0A73780001");
-const QByteArray kMute("FE0A73631601");
-const QByteArray kEndMute("FE0A73631600");
-
-LoopPlan healthyLoop(int fims)
-{
-    LoopPlan plan;
-    plan.fims = fims;
-    return plan;
-}
-
-/// Whether a curve is drawn on a plot, in its colour.
-bool hasCurve(Plot* plot)
-{
-    const QImage picture = plot->grab().toImage();
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor colour = picture.pixelColor(x, y);
-            if (colour.red() < 60 && colour.green() > 160 && colour.blue() > 160) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
 
 QList<QMessageBox*> openBoxes(const QWidget* over)
 {
@@ -155,13 +133,23 @@ struct Bench
     /// The text of a side's label, empty while it is hidden.
     QString sideLabel(int ldbPort, const char* name) const
     {
-        const auto* panel =
-            find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
-        const auto* found = panel->findChild<QLabel*>(QString::fromLatin1(name));
+        const auto* found = sidePanel(ldbPort)->findChild<QLabel*>(QString::fromLatin1(name));
         return found->isHidden() ? QString() : found->text();
+    }
+    /// Whether a side's plot shows currents up to its edge, the newest moment.
+    bool hasCurve(int ldbPort) const
+    {
+        const SidePanel* panel = sidePanel(ldbPort);
+        return plotinspection::columnShows(
+            *panel, plotinspection::chartOf(*panel)->canvas()->width() - 4, Qt::cyan);
+    }
+    SidePanel* sidePanel(int ldbPort) const
+    {
+        return find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
     }
     QPushButton* startButton() const { return find<QPushButton>("startButton"); }
 
+    Sandbox sandbox;
     QWidget mainWindow;
     std::shared_ptr<ModelLdb> ldb;
     QPointer<FimTracking> window; // the main window's child, deletes itself when closed
@@ -173,10 +161,7 @@ class TestFimTracking : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
-    void cleanup() override;
     void opensOverItsParentAndAsks();
-    void sayingNoSendsNothing_data();
     void sayingNoSendsNothing();
     void commissioningToTheReport();
     void faultFindingAsksToDisconnect();
@@ -185,47 +170,26 @@ private slots:
     void endsInEveryPhase_data();
     void endsInEveryPhase();
     void alarmSoundsUntilTheBoxesAreClosed();
-    void eachFaultHasOneBox();
-    void rowsGoOnWhileBoxesAreOpen();
+    void eachFaultHasOneBoxThatStopsNothing();
     void onlyItsOwnRecords();
-    void commandsNotObeyed_data();
     void commandsNotObeyed();
     void closingTellsOfAnLdbThatStaysMuted_data();
     void closingTellsOfAnLdbThatStaysMuted();
-    void answerThatNeverComesIsToldWhenTheConnectionGoes();
     void runsAgain();
     void withoutAConnection();
-
-private:
-    std::unique_ptr<Sandbox> m_sandbox;
 };
-
-void TestFimTracking::init()
-{
-    TestCase::init();
-    m_sandbox = std::make_unique<Sandbox>();
-}
-
-void TestFimTracking::cleanup()
-{
-    m_sandbox.reset();
-    TestCase::cleanup();
-}
 
 void TestFimTracking::opensOverItsParentAndAsks()
 {
     const Bench bench;
-    QCOMPARE(bench.window->windowTitle(), QStringLiteral("Fim Tracking"));
     QCOMPARE(bench.window->windowModality(), Qt::ApplicationModal);
     QCOMPARE(bench.window->geometry(), bench.mainWindow.geometry().adjusted(100, 50, -100, -50));
-    QVERIFY(bench.window->isVisible());
     QVERIFY(bench.ldb->isPolledAlone());
     QVERIFY2(openBoxes(bench.window).isEmpty(), "nothing is asked before the maker has the window");
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
 
     const QMessageBox* box = bench.question();
     QVERIFY(box);
-    QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
     QCOMPARE(box->text(), QStringLiteral("This action will start a factory reset. \n"
                                          "Are you sure you want to do this?"));
     QCOMPARE(bench.startButton()->text(), QStringLiteral("Stop"));
@@ -233,40 +197,33 @@ void TestFimTracking::opensOverItsParentAndAsks()
     QVERIFY(bench.ldb->commands().isEmpty());
 }
 
-void TestFimTracking::sayingNoSendsNothing_data()
-{
-    QTest::addColumn<QStringList>("answers");
-    QTest::newRow("no") << QStringList{QStringLiteral("No")};
-    QTest::newRow("box closed") << QStringList{QString()};
-    QTest::newRow("cancel") << QStringList{QStringLiteral("Yes"), QStringLiteral("Cancel")};
-    QTest::newRow("second box closed") << QStringList{QStringLiteral("Yes"), QString()};
-}
-
 void TestFimTracking::sayingNoSendsNothing()
 {
-    QFETCH(QStringList, answers);
-    const Bench bench;
-    for (const QString& answer : answers) {
-        QVERIFY(bench.question());
-        if (answer.isEmpty()) {
-            bench.question()->close();
-        } else {
-            Bench::press(bench.question(), answer);
+    // Nothing in an answer's place: the box is closed.
+    for (const char* answers : {"No", "", "Yes Cancel", "Yes "}) {
+        const Bench bench;
+        for (const QString& answer : QString(answers).split(' ')) {
+            QVERIFY2(bench.question(), answers);
+            if (answer.isEmpty()) {
+                bench.question()->close();
+            } else {
+                Bench::press(bench.question(), answer);
+            }
         }
+        QVERIFY2(!bench.question(), answers);
+        QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
+        QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
+        virtualTime->advance(kLongerThanAnyTimer);
+        QVERIFY2(bench.ldb->commands().isEmpty(), answers);
     }
-    QVERIFY(!bench.question());
-    QVERIFY(!bench.startButton()->isChecked());
-    QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
-    virtualTime->advance(kLongerThanAnyTimer);
-    QVERIFY(bench.ldb->commands().isEmpty());
 }
 
 void TestFimTracking::commissioningToTheReport()
 {
-    LoopPlan plan = healthyLoop(7);
+    LoopPlan plan = healthyLoop(8);
     plan.shortAfter = 2;
-    plan.earthLeakageAfter = 5;
+    plan.openAfter = 3;
+    plan.earthLeakageAfter = 6;
     Bench bench(plan);
     bench.choose();
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("waiting for the factory reset"));
@@ -274,7 +231,6 @@ void TestFimTracking::commissioningToTheReport()
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("rebooting"));
     QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: Boiler house"));
     QCOMPARE(bench.label("modeLabel"), QStringLiteral("Mode: Factory reset done"));
-    QCOMPARE(bench.label("loopLabel"), QStringLiteral("Loop: Ok"));
     QCOMPARE(bench.label("earthLabel"), QStringLiteral("Earth: Ok"));
     QVERIFY(!bench.find<QPushButton>("zoomButton")->isEnabled());
     QVERIFY(bench.reach(Phase::Counting));
@@ -283,7 +239,6 @@ void TestFimTracking::commissioningToTheReport()
 
     auto* zoomButton = bench.find<QPushButton>("zoomButton");
     QVERIFY(zoomButton->isEnabled());
-    QCOMPARE(zoomButton->text(), QStringLiteral("Zoom In"));
     zoomButton->click();
     QCOMPARE(zoomButton->text(), QStringLiteral("Zoom Out"));
     zoomButton->click();
@@ -309,9 +264,9 @@ void TestFimTracking::commissioningToTheReport()
     bench.closeBoxes();
     bench.setPlotsVisible(true);
     virtualTime->advance(1);
-    for (Plot* plot : bench.window->findChildren<Plot*>()) {
-        QVERIFY(hasCurve(plot));
-    }
+    QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
+    const SidePanel* panel = bench.sidePanel(PrimaryPort);
+    QVERIFY(plotinspection::curveOf(*panel, "PriCurr")->maxYValue() < 10.0); // mA
     bench.find<QPushButton>("copyReportButton")->click();
     const QStringList report = QApplication::clipboard()->text().split(QLatin1Char('\n'));
     for (const char* line :
@@ -329,13 +284,11 @@ void TestFimTracking::faultFindingAsksToDisconnect()
 {
     LoopPlan plan = healthyLoop(3);
     plan.secondaryConnected = false;
+    plan.dcLeakageAfter = 2;
     Bench bench(plan);
     bench.choose(QStringLiteral("Fault Finding"));
     auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
     QVERIFY(dialog && dialog->isVisible());
-    QCOMPARE(dialog->windowTitle(), QStringLiteral("Disconnect the secondary port"));
-    QCOMPARE(dialog->findChild<QLabel*>(QStringLiteral("textLabel"))->text(),
-             QStringLiteral("Disconnect the secondary port when locating earth leakage."));
     virtualTime->advance(10 * kSecond);
     QVERIFY(bench.ldb->commands().isEmpty());
     Bench::press(dialog, QStringLiteral("OK"));
@@ -344,10 +297,15 @@ void TestFimTracking::faultFindingAsksToDisconnect()
     QCOMPARE(bench.label("resultLabel"),
              QStringLiteral("Total FIM Count: 3  |||  Primary side open detected"));
     QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"), QStringLiteral("not tracked"));
-    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
+    const QStringList told{
+        QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side approximately at FIM: 2"),
+        QStringLiteral("Primary side open detected.")};
+    QCOMPARE(boxTexts(bench.window), told);
+    QCOMPARE(bench.sideLabel(PrimaryPort, "leakagePositionLabel"),
+             QStringLiteral("Loop DC Leakage Detected: approximately at FIM: 2"));
     bench.setPlotsVisible(true);
     virtualTime->advance(1);
-    QVERIFY(!hasCurve(bench.find<SidePanel>("secondarySidePanel")->findChild<Plot*>()));
+    QVERIFY(bench.hasCurve(PrimaryPort) && !bench.hasCurve(SecondaryPort));
     QVERIFY(bench.window->reportText().contains(
         QStringLiteral("Secondary side: FIM count 0, not tracked")));
 }
@@ -360,22 +318,14 @@ void TestFimTracking::countdownTurnsRed()
     bench.ldb->setReporting(false); // the reset takes longer than it should
     const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
     QVERIFY(digits->isVisible());
-    QCOMPARE(bench.label("countdownTitleLabel"), QStringLiteral("Factory Reset Countdown"));
-    QCOMPARE(bench.label("countdownTextLabel"), QStringLiteral("Factory reset started"));
-
-    const auto colour = [digits](QPalette::ColorGroup group) {
-        return digits->palette().color(group, QPalette::WindowText);
-    };
-    for (int previous = digits->intValue(); digits->intValue() > 0; previous = digits->intValue()) {
-        const QColor expected = previous <= 10 ? Qt::red : Qt::black;
-        QCOMPARE(colour(QPalette::Active), expected);
-        QCOMPARE(colour(QPalette::Inactive), expected);
-        QCOMPARE(colour(QPalette::Disabled), expected);
-        virtualTime->advance(kSecond);
-        QCOMPARE(digits->intValue(), previous - 1);
+    for (int shown : {120, 11, 10, 0}) {
+        virtualTime->advance((digits->intValue() - shown) * kSecond);
+        QCOMPARE(digits->intValue(), shown);
+        const QColor expected = shown <= 10 ? Qt::red : Qt::black;
+        for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            QCOMPARE(digits->palette().color(group, QPalette::WindowText), expected);
+        }
     }
-    virtualTime->advance(5 * kSecond);
-    QCOMPARE(digits->intValue(), 0);
 
     bench.reportState(52);
     QVERIFY(!digits->isVisible());
@@ -387,7 +337,7 @@ void TestFimTracking::countdownTurnsRed()
     bench.reportState(50);
     QVERIFY(digits->isVisible());
     QCOMPARE(digits->intValue(), 130);
-    QCOMPARE(colour(QPalette::Active), QColor(Qt::black));
+    QCOMPARE(digits->palette().color(QPalette::WindowText), QColor(Qt::black));
 }
 
 void TestFimTracking::timesOfEachPhase()
@@ -404,12 +354,8 @@ void TestFimTracking::timesOfEachPhase()
     bench.reportState(10);
     bench.reportState(50);
     QCOMPARE(time(), QStringLiteral("130 s left"));
-    virtualTime->advance(30 * kSecond);
-    QCOMPARE(time(), QStringLiteral("100 s left"));
     bench.reportState(52);
-    QCOMPARE(time(), QStringLiteral("15 s left"));
-    virtualTime->advance(20 * kSecond + 250);
-    QCOMPARE(time(), QStringLiteral("20 s gone"));
+    virtualTime->advance(20 * kSecond);
     bench.reportState(0);
     QCOMPARE(time(), QStringLiteral("0 s gone"));
     QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
@@ -417,7 +363,6 @@ void TestFimTracking::timesOfEachPhase()
     QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"),
              QStringLiteral("ends in 50 s unless a FIM starts up"));
     virtualTime->advance(12 * kSecond + 250);
-    QCOMPARE(time(), QStringLiteral("12 s gone"));
     QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
              QStringLiteral("ends in 58 s unless a FIM starts up"));
     bench.startButton()->click();
@@ -429,35 +374,26 @@ void TestFimTracking::endsInEveryPhase_data()
 {
     QTest::addColumn<Phase>("phase");
     QTest::addColumn<QString>("by");
-    QTest::addColumn<QString>("notice");
-    const QList<QPair<const char*, Phase>> phases{{"confirmation", Phase::Confirmation},
-                                                  {"factory reset", Phase::FactoryReset},
-                                                  {"rebooting", Phase::Rebooting},
-                                                  {"counting", Phase::Counting},
-                                                  {"finished", Phase::Finished}};
-    for (const auto& phase : phases) {
-        for (const char* by : {"stop", "close", "parent"}) {
-            QTest::addRow("%s, %s", phase.first, by)
-                << phase.second << QString::fromLatin1(by) << QString();
+    const auto rows = [](const char* name, Phase phase, const std::vector<const char*>& ways) {
+        for (const char* by : ways) {
+            QTest::addRow("%s, %s", name, by) << phase << QString::fromLatin1(by);
         }
-        if (phase.second != Phase::Finished) {
-            QTest::addRow("%s, lost", phase.first) << phase.second << QStringLiteral("lost")
-                                                   << QStringLiteral("The connection is lost.");
-        }
-        if (phase.second != Phase::Finished && phase.second != Phase::Confirmation) {
-            QTest::addRow("%s, failed", phase.first) << phase.second << QStringLiteral("51")
-                                                     << QStringLiteral("The factory reset failed.");
-            QTest::addRow("%s, silent", phase.first) << phase.second << QStringLiteral("255")
-                                                     << QStringLiteral("The LDB is disconnected.");
-        }
-    }
+    };
+    const std::vector<const char*> all{"stop", "close", "parent", "lost", "failed", "silent"};
+    rows("confirmation", Phase::Confirmation, {"stop", "close", "parent", "lost"});
+    rows("factory reset", Phase::FactoryReset, all);
+    rows("rebooting", Phase::Rebooting, all);
+    rows("counting", Phase::Counting, all);
+    rows("finished", Phase::Finished, {"stop", "close", "parent"});
 }
 
 void TestFimTracking::endsInEveryPhase()
 {
     QFETCH(Phase, phase);
     QFETCH(QString, by);
-    QFETCH(QString, notice);
+    const QMap<QString, QString> notices{{"lost", "The connection is lost."},
+                                         {"failed", "The factory reset failed."},
+                                         {"silent", "The LDB is disconnected."}};
     // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
     const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
     auto bench = std::make_unique<Bench>();
@@ -484,13 +420,13 @@ void TestFimTracking::endsInEveryPhase()
         } else if (by == QLatin1String("lost")) {
             ldb->loseConnection();
         } else {
-            bench->reportState(by.toInt());
+            bench->reportState(by == QLatin1String("failed") ? 51 : 255);
         }
-        QVERIFY(!bench->startButton()->isChecked());
         QCOMPARE(bench->startButton()->text(), QStringLiteral("Start"));
-        QCOMPARE(bench->label("noticeLabel"), notice);
+        QCOMPARE(bench->label("noticeLabel"), notices.value(by));
         if (phase != Phase::Finished) {
             QCOMPARE(bench->window->run().phase(), Phase::Idle);
+            QVERIFY(!bench->window->run().isCountingDown());
             QVERIFY(bench->window->reportText().isEmpty());
         }
         bench->closeBoxes();
@@ -545,7 +481,7 @@ void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
     QCOMPARE(sounded.size(), 0);
 }
 
-void TestFimTracking::eachFaultHasOneBox()
+void TestFimTracking::eachFaultHasOneBoxThatStopsNothing()
 {
     LoopPlan plan = healthyLoop(8);
     plan.earthLeakageAfter = 3;
@@ -558,25 +494,12 @@ void TestFimTracking::eachFaultHasOneBox()
     QCOMPARE(texts.filter(QStringLiteral("Earth Leakage Detected!\n\n Primary Side")).size(), 1);
     QCOMPARE(texts.filter(QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side")).size(), 1);
     QCOMPARE(texts.size(), 2);
-    for (const QMessageBox* box : openBoxes(bench.window)) {
-        QCOMPARE(box->windowTitle(), QStringLiteral("Attention"));
-    }
     QVERIFY(!bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
     QVERIFY(!bench.sideLabel(SecondaryPort, "leakagePositionLabel").isEmpty());
-    bench.closeBoxes();
-    virtualTime->advance(20 * kSecond);
-    QVERIFY(boxTexts(bench.window).isEmpty());
-}
 
-void TestFimTracking::rowsGoOnWhileBoxesAreOpen()
-{
-    LoopPlan plan = healthyLoop(8);
-    plan.earthLeakageAfter = 1;
-    Bench bench(plan);
-    bench.choose();
     QVERIFY(bench.reach(Phase::Finished));
     virtualTime->advance(1);
-    QCOMPARE(boxTexts(bench.window).size(), 3); // nobody has closed one: the leak, and both sides
+    QCOMPARE(boxTexts(bench.window).size(), 4); // nobody has closed one: the leaks, and both sides
     QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 8  |||  ")));
 }
 
@@ -594,30 +517,19 @@ void TestFimTracking::onlyItsOwnRecords()
     QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
 }
 
-void TestFimTracking::commandsNotObeyed_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<Phase>("phase");
-    QTest::addColumn<QString>("notice");
-    QTest::newRow("refused") << QByteArray("\x15") << Phase::Idle
-                             << QStringLiteral("The LDB refused the factory reset.");
-    QTest::newRow("no answer") << QByteArray() << Phase::FactoryReset
-                               << QStringLiteral(
-                                      "The LDB did not answer the command: factory reset");
-}
-
 void TestFimTracking::commandsNotObeyed()
 {
-    QFETCH(QByteArray, answer);
-    QFETCH(Phase, phase);
-    QFETCH(QString, notice);
-    Bench bench;
-    bench.ldb->setAnswer(answer);
-    bench.choose();
-    virtualTime->advance(kSecond);
-    QCOMPARE(bench.window->run().phase(), phase);
-    QCOMPARE(bench.label("noticeLabel"), notice);
-    QCOMPARE(bench.startButton()->isChecked(), phase != Phase::Idle);
+    for (const bool isRefused : {true, false}) {
+        Bench bench;
+        bench.ldb->setAnswer(isRefused ? "\x15" : "");
+        bench.choose();
+        virtualTime->advance(kSecond);
+        QCOMPARE(bench.window->run().phase(), isRefused ? Phase::Idle : Phase::FactoryReset);
+        QCOMPARE(bench.label("noticeLabel"),
+                 isRefused ? QStringLiteral("The LDB refused the factory reset.")
+                           : QStringLiteral("The LDB did not answer the command: factory reset"));
+        QCOMPARE(bench.startButton()->isChecked(), !isRefused);
+    }
 }
 
 void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
@@ -629,6 +541,7 @@ void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
     QTest::newRow("refused") << true << QStringLiteral("refused") << true;
     QTest::newRow("silent") << true << QStringLiteral("silent") << true;
     QTest::newRow("no connection") << true << QStringLiteral("lost") << true;
+    QTest::newRow("no answer until the connection goes") << true << QStringLiteral("held") << true;
     QTest::newRow("never muted, no connection") << false << QStringLiteral("lost") << false;
 }
 
@@ -647,31 +560,21 @@ void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
     } else if (!failure.isEmpty()) {
         bench.ldb->setAnswer(failure == QLatin1String("refused") ? "\x15" : "");
     }
+    bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
     bench.window->close();
     deletePending();
+    if (failure == QLatin1String("held")) {
+        virtualTime->advance(kSecond);
+        QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+        bench.ldb->loseConnection();
+        bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
+    }
     QVERIFY(!bench.window);
     QVERIFY(!bench.ldb->isPolledAlone());
     const QStringList texts = boxTexts(&bench.mainWindow);
     QCOMPARE(texts.size(), tells ? 1 : 0);
     QCOMPARE(texts.filter(QStringLiteral("LDB 0A")).filter(QStringLiteral("stays muted")).size(),
              tells ? 1 : 0);
-}
-
-void TestFimTracking::answerThatNeverComesIsToldWhenTheConnectionGoes()
-{
-    const ExpectWarning logged("audio mute of LDB \"0A\"");
-    Bench bench;
-    bench.choose();
-    QVERIFY(bench.reach(Phase::Counting));
-    bench.ldb->setHoldingCommands(true);
-    bench.window->close();
-    deletePending();
-    virtualTime->advance(kSecond);
-    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
-    bench.ldb->loseConnection();
-    QCOMPARE(boxTexts(&bench.mainWindow).size(), 1);
-    bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
-    QCOMPARE(boxTexts(&bench.mainWindow).size(), 1);
 }
 
 void TestFimTracking::runsAgain()

@@ -5,26 +5,24 @@
 
 namespace {
 
-constexpr double kMarker = -40000.0;
-
-/// A curve's values as text, "-" where there is none.
-QString valuesOf(const PlotHistory& history, int curve)
+/// As text, "-" where there is no value.
+QString joined(const double* values, int count)
 {
     QStringList texts;
-    for (int i = 0; i < history.size(); ++i) {
-        const double value = history.values(curve)[i];
-        texts << (std::isnan(value) ? QStringLiteral("-") : QString::number(value));
+    for (int i = 0; i < count; ++i) {
+        texts << (std::isnan(values[i]) ? QStringLiteral("-") : QString::number(values[i]));
     }
     return texts.join(QLatin1Char(' '));
 }
 
+QString valuesOf(const PlotHistory& history, int curve)
+{
+    return joined(history.values(curve), history.size());
+}
+
 QString timesOf(const PlotHistory& history)
 {
-    QStringList texts;
-    for (int i = 0; i < history.size(); ++i) {
-        texts << QString::number(history.times()[i]);
-    }
-    return texts.join(QLatin1Char(' '));
+    return joined(history.times(), history.size());
 }
 
 struct Added
@@ -43,9 +41,7 @@ private slots:
     void keepsCurvesBesideOneTimeAxis_data();
     void keepsCurvesBesideOneTimeAxis();
     void staysWithinTheLimit();
-    void followsALoweredLimit();
     void curvesComeAndGo();
-    void marksWhatCannotBeDrawn();
 };
 
 Q_DECLARE_METATYPE(QVector<Added>)
@@ -122,21 +118,6 @@ void TestPlotHistory::staysWithinTheLimit()
     }
 }
 
-void TestPlotHistory::followsALoweredLimit()
-{
-    PlotHistory history;
-    history.addCurve(0);
-    for (int i = 1; i <= 10; ++i) {
-        history.add(0, i, i);
-    }
-    history.setLimit(3);
-    history.add(0, 11, 11);
-    QCOMPARE(timesOf(history), QStringLiteral("8 9 10 11"));
-    history.setLimit(-5);
-    history.add(0, 12, 12);
-    QCOMPARE(timesOf(history), QStringLiteral("12"));
-}
-
 void TestPlotHistory::curvesComeAndGo()
 {
     PlotHistory history;
@@ -155,19 +136,6 @@ void TestPlotHistory::curvesComeAndGo()
     QCOMPARE(history.add(0, 5, 1), 0);
     QCOMPARE(valuesOf(history, 0), QStringLiteral("5"));
     QCOMPARE(valuesOf(history, 3), QStringLiteral("-"));
-}
-
-void TestPlotHistory::marksWhatCannotBeDrawn()
-{
-    PlotHistory history;
-    history.addCurve(0);
-    history.add(0, kMarker, 10);
-    QCOMPARE(history.values(0)[0], kMarker);
-    QVERIFY(!PlotHistory::isDrawable(kMarker));
-    QVERIFY(!PlotHistory::isDrawable(qQNaN()));
-    QVERIFY(!PlotHistory::isDrawable(qInf()));
-    QVERIFY(PlotHistory::isDrawable(-39999.0));
-    QVERIFY(PlotHistory::isDrawable(0.0));
 }
 
 QTEST_GUILESS_MAIN(TestPlotHistory)

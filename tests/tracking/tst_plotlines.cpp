@@ -52,7 +52,6 @@ private slots:
     void partsRunsAtGaps();
     void keepsEveryPeak_data();
     void keepsEveryPeak();
-    void mergedBarsCoverTheSame_data();
     void mergedBarsCoverTheSame();
 };
 
@@ -69,12 +68,9 @@ void TestPlotLines::partsRunsAtGaps_data()
         QTest::newRow(name) << QString::fromLatin1(points) << step << QString::fromLatin1(lines)
                             << lonePoints << bars;
     };
-    row("no gap", "1 2 3", 10, "1 2 3", 0, 0);
     row("a gap", "1 2 - 3 4", 10, "1 2 | 3 4", 0, 0);
-    row("gaps at the ends", "- 1 2 - -", 10, "1 2", 0, 0);
     row("alone between gaps", "1 2 - 3 - 4 5", 10, "1 2 | 4 5", 1, 0);
     row("a single point", "1", 10, "", 1, 0);
-    row("nothing but gaps", "- - -", 10, "", 0, 0);
     row("alone in one pixel, twice", "1 - 1", 0.1, "", 1, 0);
     row("a gap within a pixel", "1 9 - 50 50", 0.1, "1 9 | 50 50", 0, 0);
     row("low zigzag stays a line", "1 2 0 1 1", 0.1, "1 2 0 1", 0, 0);
@@ -156,26 +152,15 @@ void TestPlotLines::keepsEveryPeak()
     }
 }
 
-void TestPlotLines::mergedBarsCoverTheSame_data()
-{
-    QTest::addColumn<QVector<QRect>>("bars");
-    QTest::newRow("none") << QVector<QRect>();
-    QTest::newRow("one") << QVector<QRect>{{5, 1, 1, 10}};
-    QTest::newRow("with a hole") << QVector<QRect>{{1, 1, 1, 10}, {3, 1, 1, 10}};
-    QTest::newRow("apart in height") << QVector<QRect>{{1, 1, 1, 10}, {2, 20, 1, 10}};
-    QTest::newRow("two in one column") << QVector<QRect>{{1, 1, 1, 10}, {1, 5, 1, 10}};
-    QVector<QRect> many;
-    std::mt19937 engine(3);
-    std::uniform_int_distribution<int> any(0, 40);
-    for (int x = 0; x < 200; ++x) {
-        many.append({x, any(engine), 1, 1 + any(engine)});
-    }
-    QTest::newRow("many") << many;
-}
-
 void TestPlotLines::mergedBarsCoverTheSame()
 {
-    QFETCH(QVector<QRect>, bars);
+    // Two in one column, one behind a hole, one apart in height, and a crowd.
+    QVector<QRect> bars{{1, 1, 1, 10}, {1, 5, 1, 10}, {3, 1, 1, 10}, {4, 20, 1, 10}};
+    std::mt19937 engine(3);
+    std::uniform_int_distribution<int> any(0, 40);
+    for (int x = 10; x < 210; ++x) {
+        bars.append({x, any(engine), 1, 1 + any(engine)});
+    }
     QRegion expected;
     for (const QRect& bar : bars) {
         expected += bar;
