@@ -251,6 +251,7 @@ QWidget* ScreenSet::openTracking(const QString& phase)
     plan.earthLeakageAfter = 3;
     plan.dcLeakageAfter = 5;
     plan.shortAfter = 12;
+    plan.openAfter = 13;
     const auto ldb = std::make_shared<ModelLdb>(plan);
     auto* window = new FimTracking(ldb, &m_desk);
     m_windows.emplace_back(window);
