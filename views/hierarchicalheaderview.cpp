@@ -296,13 +296,14 @@ QStyleOptionHeader HierarchicalHeaderView::sectionOption(const QModelIndex& cell
     return option;
 }
 
-QSize HierarchicalHeaderView::cellSize(const QModelIndex& cell) const
+QSize HierarchicalHeaderView::cellSize(const QModelIndex& cell, bool hasArrow) const
 {
     const QVariant hint = cell.data(Qt::SizeHintRole);
     if (hint.isValid()) {
         return hint.toSize();
     }
     QStyleOptionHeader option = cellOption(cell);
+    option.sortIndicator = hasArrow ? QStyleOptionHeader::SortDown : QStyleOptionHeader::None;
     const QSize text = option.fontMetrics.size(0, option.text);
     const QSize size = style()->sizeFromContents(QStyle::CT_HeaderSection, &option, text, this);
     // Styles measure the text by themselves and always lying, so the turn comes after.
@@ -318,7 +319,8 @@ QSize HierarchicalHeaderView::sectionSizeFromContents(int logicalIndex) const
     int across = 0;
     QSize leaf;
     for (const headertree::Cell& cell : path) {
-        leaf = cellSize(cell.index);
+        // Each column may be the one that is sorted by.
+        leaf = cellSize(cell.index, isSortIndicatorShown() && &cell == &path.last());
         across += orientation() == Qt::Horizontal ? leaf.height() : leaf.width();
     }
     return orientation() == Qt::Horizontal ? QSize(leaf.width(), across)

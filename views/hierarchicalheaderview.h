@@ -40,7 +40,7 @@ private:
 
     Span spanOf(int firstSection, int sectionCount, int logicalIndex) const;
     QRect rectOf(const QRect& section, const Span& span, int offset, int extent) const;
-    QSize cellSize(const QModelIndex& cell) const;
+    QSize cellSize(const QModelIndex& cell, bool hasArrow = false) const;
     QStyleOptionHeader cellOption(const QModelIndex& cell) const;
     QStyleOptionHeader sectionOption(const QModelIndex& cell, int logicalIndex) const;
     void paintCell(QPainter* painter, const QModelIndex& cell, QStyleOptionHeader& option) const;

@@ -106,6 +106,7 @@ private slots:
     void sorting_data();
     void sorting();
     void grownCellMakesTheHeaderGrow();
+    void arrowHasRoomBesideTheText();
     void topCellJoinsItsSections();
     void resizingAChildRedrawsItsGroup();
     void flatTreeDrawsLikeThePlainHeader();
@@ -170,6 +171,19 @@ void TestHierarchicalHeader::grownCellMakesTheHeaderGrow()
     table.tree->item(0, 0)->setData(QSize(70, formerWidth + 10), Qt::SizeHintRole);
     QCoreApplication::processEvents();
     QCOMPARE(table.header->height(), formerWidth + 10);
+}
+
+void TestHierarchicalHeader::arrowHasRoomBesideTheText()
+{
+    const Table table(QStringLiteral("Name Mode Loop"), 3);
+    for (int section = 0; section < 3; ++section) {
+        table.header->setSortIndicatorShown(false);
+        const int text = table.header->sectionSizeHint(section);
+        table.header->setSortIndicatorShown(true);
+        const int arrow =
+            table.header->style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, table.header);
+        QVERIFY(table.header->sectionSizeHint(section) >= text + arrow);
+    }
 }
 
 void TestHierarchicalHeader::topCellJoinsItsSections()
