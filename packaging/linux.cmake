@@ -28,6 +28,11 @@ set(tuning_folder etc/tavro-cordex-sniffer)
 set(doc_folder usr/share/doc/tavro-cordex-sniffer)
 set(tuning_link "${CMAKE_CURRENT_BINARY_DIR}/debian/settings.ini")
 file(CREATE_LINK /${tuning_folder}/settings.ini "${tuning_link}" SYMBOLIC)
+file(STRINGS debian/changelog latest_change LIMIT_COUNT 1)
+if(NOT latest_change MATCHES "\\(${PROJECT_VERSION}-")
+    message(FATAL_ERROR "packaging/debian/changelog says nothing of version ${PROJECT_VERSION}")
+endif()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS debian/changelog)
 set(changelog "${CMAKE_CURRENT_BINARY_DIR}/debian/changelog.Debian.gz")
 add_custom_command(
     OUTPUT "${changelog}"

@@ -13,7 +13,7 @@ inline const QString kApplicationName = QStringLiteral("TavroCordexSniffer");
 // Of the desktop's menu entry and icon.
 inline const QString kDesktopName = QStringLiteral("tavro-cordex-sniffer");
 inline const QString kOrganisationName = QStringLiteral("Velmark");
-inline const QString kApplicationVersion = QStringLiteral("2.2");
+inline const QString kApplicationVersion = QStringLiteral(APPLICATION_VERSION);
 
 // Folders beside the program.
 inline const QString kTranslationsFolder = QStringLiteral("translations");

@@ -172,7 +172,8 @@ void TestMainWindow::clickRow(const QString& hexId)
 void TestMainWindow::startsAndStops()
 {
     makeWindow();
-    QCOMPARE(m_window->windowTitle(), QStringLiteral("Tavro Cordex Sniffer Version 2.2"));
+    QCOMPARE(m_window->windowTitle(),
+             QStringLiteral("Tavro Cordex Sniffer Version " APPLICATION_VERSION));
     QVERIFY(!button("ldbResetButton")->isEnabled());
     QVERIFY(button("reloadDevicesButton")->isEnabled());
 
