@@ -3,6 +3,7 @@
 #include "app/messagebox.h"
 #include "app/settings/settingsmenu.h"
 #include "app/windowlayoutstore.h"
+#include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
@@ -22,7 +23,6 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTranslator>
 
 #include <memory>
 
@@ -31,23 +31,6 @@ namespace {
 const QStringList kLdbs{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")};
 constexpr int kIdColumn = 1;
 const QString kFailed = QStringLiteral("Serial communication failed.");
-/// Gives every text back in brackets, as a language that has them all.
-class Brackets : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* source, const char* disambiguation,
-                      int n) const override
-    {
-        Q_UNUSED(context)
-        Q_UNUSED(disambiguation)
-        QString text = QStringLiteral("<%1>").arg(QString::fromUtf8(source));
-        if (n >= 0) {
-            text.replace(QStringLiteral("%n"), QString::number(n));
-        }
-        return text;
-    }
-};
 
 } // namespace
 
@@ -481,19 +464,18 @@ void TestMainWindow::languageChangeLosesNothing()
     button("logStartStopButton")->click();
     overview()->horizontalHeader()->resizeSection(2, 222);
 
-    Brackets language;
-    QCoreApplication::installTranslator(&language);
-    WAIT_COMPARE(button("startButton")->text(), QStringLiteral("<Stop>"));
-    QCOMPARE(button("logStartStopButton")->text(), QStringLiteral("<Stop>"));
-    QCOMPARE(button("reloadDevicesButton")->text(), QStringLiteral("<&Reload Devices>"));
-    QCOMPARE(label("countLabel"), QStringLiteral("<Available LDB's: 3.>"));
-    QVERIFY(label("queueLabel").startsWith(QStringLiteral("<Serial commands in queue: >")));
-    QVERIFY(child<QLabel>("lampALabel")->toolTip().contains(QLatin1Char('<')));
+    auto language = std::make_unique<BracketingTranslator>();
+    WAIT_COMPARE(button("startButton")->text(), QStringLiteral("[Stop]"));
+    QCOMPARE(button("logStartStopButton")->text(), QStringLiteral("[Stop]"));
+    QCOMPARE(button("reloadDevicesButton")->text(), QStringLiteral("[&Reload Devices]"));
+    QCOMPARE(label("countLabel"), QStringLiteral("[Available LDB's: 3.]"));
+    QVERIFY(label("queueLabel").startsWith(QStringLiteral("[Serial commands in queue: ]")));
+    QVERIFY(child<QLabel>("lampALabel")->toolTip().contains(QLatin1Char('[')));
     QCOMPARE(detail(0), QStringLiteral("0A"));
     QCOMPARE(overview()->horizontalHeader()->sectionSize(2), 222);
     QVERIFY(button("logStartStopButton")->isChecked());
 
-    QCoreApplication::removeTranslator(&language);
+    language.reset();
     WAIT_COMPARE(button("startButton")->text(), QStringLiteral("Stop"));
     QCOMPARE(rows(), 3);
 }

@@ -47,34 +47,13 @@ class Operation
 {
 public:
     explicit Operation(const QStringList& hexIds)
-        : ldbs(hexIds)
-        , bus(hexIds)
+        : bus(hexIds)
         , job(std::make_unique<ImportExportDeviceSettings>(&link))
     {
         QObject::connect(job.get(), &ImportExportDeviceSettings::statusChanged, &receiver,
                          [this](Status status) { statuses.append(status); });
     }
-    bool connectLink()
-    {
-        // A probe that a stalling machine answers too late makes another scan necessary.
-        for (int scan = 0; scan < 5 && link.connectedLdbs() != ldbs; ++scan) {
-            link.stop();
-            if (!bus.connectLink(link)) {
-                return false;
-            }
-        }
-        return link.connectedLdbs() == ldbs;
-    }
-
-    /// The script answers `request` (a start) to one LDB.
-    void answerTo(const QByteArray& hexId, const QByteArray& request, const QByteArray& answer)
-    {
-        bus.setScript([=](const QByteArray& body) -> std::optional<QByteArray> {
-            return body.mid(2, 2) == hexId && body.mid(4).startsWith(request)
-                       ? std::make_optional(answer)
-                       : std::nullopt;
-        });
-    }
+    bool connectLink() { return bus.connectLink(link); }
     bool runExport(const QString& path)
     {
         job->exportDeviceSettings(path);
@@ -101,7 +80,6 @@ public:
         return waitUntil([&] { return bus.bus().requests().size() > polls + 80; }, kEndLimitMs);
     }
 
-    QStringList ldbs;
     Sandbox sandbox;
     SettingsBus bus;
     SerialLink link;
@@ -246,7 +224,7 @@ void TestImportExport::exportReportsFaults()
     QFETCH(QByteArray, line);
     QFETCH(QString, failure);
     Operation operation({QStringLiteral("01"), QStringLiteral("02"), QStringLiteral("03")});
-    operation.answerTo("02", request, answer);
+    operation.bus.answerTo(QStringLiteral("02"), request, answer);
     QVERIFY(operation.connectLink());
     const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
     QVERIFY(operation.runExport(path));
@@ -432,7 +410,7 @@ void TestImportExport::importReportsEachCommand()
     QFETCH(QByteArray, answer);
     QFETCH(QString, failure);
     Operation operation({QStringLiteral("01")});
-    operation.answerTo("01", request, answer);
+    operation.bus.answerTo(QStringLiteral("01"), request, answer);
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(line("1", "A")));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
@@ -442,7 +420,7 @@ void TestImportExport::importReportsEachCommand()
 void TestImportExport::importGoesOnAfterARefusal()
 {
     Operation operation({QStringLiteral("01"), QStringLiteral("10")});
-    operation.answerTo("01", "7", kNak);
+    operation.bus.answerTo(QStringLiteral("01"), "7", kNak);
     QVERIFY(operation.connectLink());
     QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int kScanLimitMs = 10000;
+constexpr int kScans = 5;
 constexpr int kNameDigits = 32;
 
 /// Whether the cyclic polling sent the last of `requests`; it asks for the firmware id right after
@@ -63,11 +64,30 @@ QList<QByteArray> SettingsBus::writes() const
 bool SettingsBus::connectLink(SerialLink& link)
 {
     QSignalSpy scanned(&link, &SerialLink::ldbListInitializationStateChange);
-    link.setPortName(m_bus.portName());
-    link.start();
-    return waitUntil(
-        [&scanned] { return !scanned.isEmpty() && !scanned.constLast().constFirst().toBool(); },
-        kScanLimitMs);
+    const QStringList all = m_records.keys();
+    // A probe that a stalling machine answers too late makes another scan necessary.
+    for (int scan = 0; scan < kScans && link.connectedLdbs() != all; ++scan) {
+        link.stop();
+        link.setPortName(m_bus.portName());
+        scanned.clear();
+        link.start();
+        const bool isOver = waitUntil(
+            [&scanned] { return !scanned.isEmpty() && !scanned.constLast().constFirst().toBool(); },
+            kScanLimitMs);
+        if (!isOver) {
+            return false;
+        }
+    }
+    return link.connectedLdbs() == all;
+}
+
+void SettingsBus::answerTo(const QString& hexId, const QByteArray& request,
+                           const QByteArray& answer)
+{
+    const QByteArray start = "FE" + hexId.toLatin1() + request;
+    setScript([=](const QByteArray& body) {
+        return body.startsWith(start) ? std::make_optional(answer) : std::nullopt;
+    });
 }
 
 std::optional<QByteArray> SettingsBus::answer(const QByteArray& body)

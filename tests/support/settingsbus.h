@@ -18,6 +18,8 @@ public:
 
     /// Asked first for every request but the cyclic polling.
     void setScript(ScriptedBus::Script script) { m_script = std::move(script); }
+    /// A script that gives requests to one LDB that begin so this answer.
+    void answerTo(const QString& hexId, const QByteArray& request, const QByteArray& answer);
 
     /// The 56 digits that an LDB answers; at first those of `record(hexId)`.
     QByteArray& settingsOf(const QString& hexId) { return m_records[hexId]; }
@@ -35,7 +37,7 @@ public:
     /// As new: no script, no requests, every LDB's first settings.
     void reset();
 
-    /// Starts a link on this bus and returns once its scan is over.
+    /// Starts a link on this bus and returns once it has found the LDBs.
     bool connectLink(SerialLink& link);
 
 private:

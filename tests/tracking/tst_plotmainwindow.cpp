@@ -1,7 +1,7 @@
 #include "serial/generalinformation.h"
+#include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
 #include "tests/tracking/plotinspection.h"
-#include "tests/views/bracketingtranslator.h"
 #include "tracking/mainwindowplot.h"
 
 #include <QDateTime>

@@ -1,7 +1,7 @@
 #include "app/shared/constants.h"
+#include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
-#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/deviceoverviewtable.h"
 

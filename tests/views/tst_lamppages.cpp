@@ -1,5 +1,5 @@
+#include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
-#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/lamppages.h"
 

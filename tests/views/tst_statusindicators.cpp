@@ -1,6 +1,6 @@
+#include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
-#include "tests/views/bracketingtranslator.h"
 #include "tests/views/records.h"
 #include "views/statusindicators.h"
 

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "app/settingseditor/ldbsettingseditor.h"
+#include "serial/seriallink.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/settingsbus.h"
+#include "tests/support/testcase.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+
+#include <memory>
+
+inline const QString kLdb = QStringLiteral("0A");
+inline const QString kOtherLdb = QStringLiteral("0B");
+
+inline const QByteArray kNak("\x15");
+
+/// Where the mute stands in a settings record.
+inline constexpr int kMutePosition = 12;
+
+/// An editor on a bus of two LDBs.
+class Desk
+{
+public:
+    Desk() { editor->setLink(&link); }
+
+    bool connectLink() { return bus.connectLink(link); }
+    /// Returns with all that was asked for at the selection.
+    bool select(const QString& hexId)
+    {
+        editor->setSelectedLdb(hexId);
+        editor->requestSettings();
+        const auto* firmwareId = ui<QLabel>("settingsFirmwareIdLabel");
+        return waitUntil([=] { return save()->isEnabled() && !firmwareId->text().isEmpty(); });
+    }
+    bool prepare() { return connectLink() && select(kLdb); }
+
+    /// All answers to what was asked so far have reached the editor: one asked for last has.
+    bool settle()
+    {
+        auto command = std::make_unique<ExecuteCommand>(kOtherLdb, LdbAction::FirmwareId);
+        bool answered = false;
+        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
+            &link, [&answered](const QByteArray&) { answered = true; }));
+        link.post(std::move(command));
+        return waitUntil([&answered] { return answered; });
+    }
+
+    template <typename Widget>
+    Widget* ui(const char* name) const
+    {
+        auto* widget = editor->findChild<Widget*>(QLatin1String(name));
+        Q_ASSERT(widget);
+        return widget;
+    }
+    QLineEdit* name() const { return ui<QLineEdit>("settingsNameLineEdit"); }
+    QSpinBox* fims() const { return ui<QSpinBox>("settingsNumberOfFimsSpinBox"); }
+    QSpinBox* delay() const { return ui<QSpinBox>("settingsOpenDetectionDelaySpinBox"); }
+    QCheckBox* detection() const { return ui<QCheckBox>("settingsOpenDetectionDelayCheckBox"); }
+    QCheckBox* mute() const { return ui<QCheckBox>("settingsAudioMuteCheckBox"); }
+    QPushButton* save() const { return ui<QPushButton>("settingsSaveButton"); }
+    QPushButton* undo() const { return ui<QPushButton>("settingsUndoButton"); }
+    QPushButton* defaults() const { return ui<QPushButton>("settingsDefaultButton"); }
+    bool buttonsAre(bool enabled) const
+    {
+        return save()->isEnabled() == enabled && undo()->isEnabled() == enabled &&
+               defaults()->isEnabled() == enabled;
+    }
+    QString state() const { return ui<QLabel>("settingsStateLabel")->text(); }
+
+    QString lastMessage() const
+    {
+        return messages.isEmpty() ? QString() : messages.constLast().constFirst().toString();
+    }
+
+    Sandbox sandbox;
+    SettingsBus bus{{kLdb, kOtherLdb}};
+    SerialLink link;
+    std::unique_ptr<LdbSettingsEditor> editor = std::make_unique<LdbSettingsEditor>();
+    QSignalSpy messages{editor.get(), &LdbSettingsEditor::statusMessage};
+    QSignalSpy saveStarted{editor.get(), &LdbSettingsEditor::saveStarted};
+    QSignalSpy saveFinished{editor.get(), &LdbSettingsEditor::saveFinished};
+};

@@ -1,0 +1,337 @@
+#include "tests/app/settingsdesk.h"
+
+#include <QTimer>
+
+namespace {
+
+const QByteArray kSilence("");
+
+QByteArray hex(const char* text)
+{
+    return QByteArray(text).toHex().toUpper();
+}
+
+/// Without what was only repeated for want of an answer, or of one in time.
+QList<QByteArray> withoutRepetitions(const QList<QByteArray>& bodies)
+{
+    QList<QByteArray> result;
+    for (const QByteArray& body : bodies) {
+        if (result.isEmpty() || result.constLast() != body) {
+            result.append(body);
+        }
+    }
+    return result;
+}
+
+/// What a user does to the values.
+using Change = std::function<void(const Desk& desk)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Change)
+
+class TestLdbSettingsSaving : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void saves_data();
+    void saves();
+    void tellsWhatWasNotWritten_data();
+    void tellsWhatWasNotWritten();
+    void tellsADifference();
+    void readsAgainAfterAReboot_data();
+    void readsAgainAfterAReboot();
+    void readsAgainWithoutNewsOfTheReboot();
+    void aLaterRecordEndsASaveThatWasNotReadBack();
+    void isDestroyedWhileSaving();
+    void lostPortEndsTheSave();
+    void saveOfAnLdbNoLongerSelected();
+};
+
+void TestLdbSettingsSaving::saves_data()
+{
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QList<QByteArray>>("writes"); // in this order
+    QTest::newRow("every field") << Change([](const Desk& desk) {
+        desk.name()->setText(QStringLiteral("Roof"));
+        desk.delay()->setValue(5);
+        desk.fims()->setValue(200);
+        desk.mute()->click();
+        desk.ui<QCheckBox>("settingsGeneralFaultOutputCheckBox")->click();
+        desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->click();
+        desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->click();
+        desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->click();
+    }) << QList<QByteArray>{"FE0A736302" + hex("Roof"), "FE0A7363141E",
+                            "FE0A7363170500",           "FE0A73631601",
+                            "FE0A736303C800",           "FE0A737806"};
+    QTest::newRow("detection off") << Change([](const Desk& desk) { desk.detection()->click(); })
+                                   << QList<QByteArray>{"FE0A736302" + hex("LDB 0A"),
+                                                        "FE0A73631403",
+                                                        "FE0A7363170000",
+                                                        "FE0A73631600",
+                                                        "FE0A7363031400",
+                                                        "FE0A737806"};
+    QTest::newRow("the defaults") << Change([](const Desk& desk) {
+        desk.fims()->setValue(7);
+        desk.defaults()->click();
+    }) << QList<QByteArray>{"FE0A736302",   "FE0A73631413",   "FE0A7363170A00",
+                            "FE0A73631600", "FE0A7363030700", "FE0A737806"};
+}
+
+void TestLdbSettingsSaving::saves()
+{
+    QFETCH(Change, change);
+    QFETCH(QList<QByteArray>, writes);
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.bus.clearRequests();
+    change(desk);
+    QVERIFY(desk.settle());
+    QCOMPARE(desk.bus.writes(), QList<QByteArray>());
+
+    desk.bus.clearRequests();
+    desk.save()->click();
+    QCOMPARE(desk.saveStarted.size(), 1);
+    QVERIFY(desk.saveFinished.isEmpty());
+    QVERIFY(desk.buttonsAre(false));
+    WAIT_COMPARE(desk.lastMessage(), QStringLiteral("The settings of LDB 0A are saved."));
+    QCOMPARE(withoutRepetitions(desk.bus.requests()), writes + QList<QByteArray>{"FE0A737201"});
+    QCOMPARE(desk.saveFinished.size(), 1);
+    QVERIFY(desk.buttonsAre(true));
+
+    // The edits have ended: what the LDB has now is shown, and a later record as well.
+    QCOMPARE(desk.state(), QString());
+    desk.bus.settingsOf(kLdb) = SettingsBus::record(kOtherLdb).replace(0, 2, "0A");
+    desk.editor->requestSettings();
+    WAIT_COMPARE(desk.name()->text(), QStringLiteral("LDB 0B"));
+}
+
+void TestLdbSettingsSaving::tellsWhatWasNotWritten_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("reported"); // what the LDB has instead; empty: nothing is missing
+    const struct
+    {
+        const char* name;
+        const char* request;
+        const char* reported;
+    } commands[] = {
+        {"Name", "736302", "Name (LDB 0A)"},
+        {"fault output, detection and service mode switches", "736314",
+         "Earth Leakage Detection (on)"},
+        {"Open Detection Delay", "736317", "Open Detection Delay (10)"},
+        {"Audio Mute", "736316", "Audio Mute (off)"},
+        {"Number of FIM's", "736303", "Number of FIM's (20)"},
+        {"storing", "737806", ""},
+    };
+    for (const auto& command : commands) {
+        const QString name = QString::fromLatin1(command.name);
+        QTest::addRow("%s refused", command.name)
+            << QByteArray(command.request) << kNak << name + QStringLiteral(" (refused)")
+            << QString::fromLatin1(command.reported);
+    }
+    QTest::newRow("Name unanswered")
+        << QByteArray("736302") << kSilence << QStringLiteral("Name (no answer)")
+        << QStringLiteral("Name (LDB 0A)");
+    QTest::newRow("storing unanswered")
+        << QByteArray("737806") << kSilence << QStringLiteral("storing (no answer)") << QString();
+}
+
+void TestLdbSettingsSaving::tellsWhatWasNotWritten()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, words);
+    QFETCH(QString, reported);
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.delay()->setValue(5);
+    desk.fims()->setValue(7);
+    desk.mute()->click();
+    desk.ui<QCheckBox>("settingsEarthLeakageDetectionCheckBox")->click();
+    desk.bus.answerTo(kLdb, request, answer);
+    desk.bus.clearRequests();
+    desk.messages.clear();
+
+    desk.save()->click();
+    QVERIFY(!desk.save()->isEnabled());
+    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    QVERIFY(desk.buttonsAre(true));
+    const QString notWritten = QStringLiteral("LDB 0A: not written: ") + words;
+    // The acknowledgement that follows a silence may be that of the silent command, so the next one
+    // can count as unanswered too.
+    QVERIFY2(desk.lastMessage().startsWith(notWritten), qPrintable(desk.lastMessage()));
+    QVERIFY(answer.isEmpty() || desk.lastMessage() == notWritten);
+    QCOMPARE(desk.messages.constLast().at(1).toInt(), 0); // stays
+    // One that fails keeps none of the others back.
+    const QList<QByteArray> expected = {"FE0A736302" + hex("Roof"), "FE0A73631401",
+                                        "FE0A7363170500",           "FE0A73631601",
+                                        "FE0A7363030700",           "FE0A737806"};
+    QCOMPARE(withoutRepetitions(desk.bus.writes()), expected);
+
+    // The record is read all the same, and what the LDB lacks is told and stays an edit.
+    WAIT_COMPARE(desk.editor->edit().changeCount(), reported.isEmpty() ? 0 : 1);
+    QVERIFY2(desk.lastMessage().startsWith(notWritten), qPrintable(desk.lastMessage()));
+    const QString difference = QStringLiteral("; the LDB reports other values than written: ");
+    QCOMPARE(desk.lastMessage().section(difference, 1), reported);
+    QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
+    QCOMPARE(desk.fims()->value(), 7);
+}
+
+void TestLdbSettingsSaving::tellsADifference()
+{
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.fims()->setValue(7);
+    // Acknowledged, yet not taken over.
+    desk.bus.answerTo(kLdb, "736303", QByteArray("\x06"));
+    desk.messages.clear();
+    desk.save()->click();
+    WAIT_COMPARE(desk.lastMessage(),
+                 QStringLiteral("LDB 0A: the LDB reports other values than written: "
+                                "Number of FIM's (20)"));
+    QCOMPARE(desk.messages.constLast().at(1).toInt(), 0);
+    // All was accepted, so the edits have ended; what is shown is what the LDB has.
+    WAIT_COMPARE(desk.fims()->value(), 20);
+    QCOMPARE(desk.state(), QString());
+}
+
+void TestLdbSettingsSaving::readsAgainAfterAReboot_data()
+{
+    QTest::addColumn<bool>("isBack");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("back") << true << QStringLiteral("The settings of LDB 0A are saved.");
+    QTest::newRow("still away") << false
+                                << QStringLiteral("LDB 0A: the settings could not be read again");
+}
+
+void TestLdbSettingsSaving::readsAgainAfterAReboot()
+{
+    QFETCH(bool, isBack);
+    QFETCH(QString, message);
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.bus.answerTo(kLdb, "737201", kSilence);
+    desk.bus.clearRequests();
+    desk.save()->click();
+    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    QVERIFY(desk.settle());
+    const QString saving = QStringLiteral("Saving the settings of LDB 0A");
+    QCOMPARE(desk.lastMessage(), saving);
+
+    emit desk.link.ldbStateUpdated(kLdb, LdbState::Booting);
+    emit desk.link.ldbStateUpdated(kOtherLdb, LdbState::Quiescent);
+    desk.bus.clearRequests();
+    QVERIFY(desk.settle());
+    QCOMPARE(withoutRepetitions(desk.bus.requests()), QList<QByteArray>{"FE0B737804"});
+    QCOMPARE(desk.lastMessage(), saving);
+
+    if (isBack) {
+        desk.bus.setScript(nullptr);
+    }
+    emit desk.link.ldbStateUpdated(kLdb, LdbState::Quiescent);
+    WAIT_COMPARE(desk.lastMessage(), message);
+    QCOMPARE(desk.state(), isBack ? QString() : QStringLiteral("1 unsaved change(s), in bold"));
+    QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
+}
+
+void TestLdbSettingsSaving::readsAgainWithoutNewsOfTheReboot()
+{
+    Desk desk;
+    QVERIFY(desk.connectLink());
+    LdbSettingsSaver saver(&desk.link);
+    QSignalSpy saved(&saver, &LdbSettingsSaver::saved);
+    auto* limit = saver.findChild<QTimer*>();
+    desk.bus.answerTo(kLdb, "737201", kSilence);
+    saver.save(kLdb, *decodeLdbSettings(SettingsBus::record(kLdb)));
+    WAIT_VERIFY(limit->isActive());
+    QCOMPARE(limit->interval(), 15000);
+    desk.bus.setScript(nullptr);
+    QVERIFY(saved.isEmpty());
+    limit->start(0); // the time is up
+    WAIT_COMPARE(saved.size(), 1);
+}
+
+void TestLdbSettingsSaving::aLaterRecordEndsASaveThatWasNotReadBack()
+{
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.bus.answerTo(kLdb, "737201", kSilence);
+    desk.save()->click();
+    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    QVERIFY(desk.settle());
+    desk.bus.setScript(nullptr);
+    desk.editor->requestSettings();
+    WAIT_COMPARE(desk.editor->edit().record().name, QStringLiteral("Roof"));
+
+    // Ticked and unticked again is no edit any more, so the next record fills it.
+    desk.mute()->click();
+    desk.mute()->click();
+    desk.bus.settingsOf(kLdb).replace(kMutePosition, 2, "01");
+    desk.editor->requestSettings();
+    WAIT_VERIFY(desk.editor->edit().record().audioMute);
+    QVERIFY(desk.mute()->isChecked());
+}
+
+void TestLdbSettingsSaving::isDestroyedWhileSaving()
+{
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.bus.clearRequests();
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.save()->click();
+    WAIT_VERIFY(!desk.bus.writes().isEmpty());
+    desk.editor.reset();
+    // What was begun is written to its end, and nobody is told.
+    WAIT_COMPARE(withoutRepetitions(desk.bus.writes()).size(), 6);
+    QVERIFY(desk.settle());
+    QCOMPARE(desk.bus.writes().constLast(), QByteArray("FE0A737806"));
+    QVERIFY(!desk.bus.requests().contains("FE0A737201"));
+}
+
+void TestLdbSettingsSaving::lostPortEndsTheSave()
+{
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.bus.answerTo(kLdb, "736314", kSilence);
+    desk.save()->click();
+    WAIT_VERIFY(desk.bus.requests().contains("FE0A73631403"));
+    desk.link.stop();
+    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    QVERIFY2(desk.lastMessage().endsWith(
+                 QStringLiteral("the connection ended before everything was written")),
+             qPrintable(desk.lastMessage()));
+    QVERIFY(desk.save()->isEnabled());
+    QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
+}
+
+void TestLdbSettingsSaving::saveOfAnLdbNoLongerSelected()
+{
+    Desk desk;
+    QVERIFY(desk.prepare());
+    desk.name()->setText(QStringLiteral("Roof"));
+    desk.bus.clearRequests();
+    desk.messages.clear();
+    desk.save()->click();
+    desk.editor->setSelectedLdb(kOtherLdb);
+    desk.editor->requestSettings();
+    WAIT_COMPARE(desk.lastMessage(), QStringLiteral("The settings of LDB 0A are saved."));
+    WAIT_VERIFY(desk.save()->isEnabled());
+    QCOMPARE(desk.name()->text(), QStringLiteral("LDB 0B"));
+    QCOMPARE(desk.state(), QString());
+    for (const QByteArray& write : desk.bus.writes()) {
+        QVERIFY(write.startsWith("FE0A"));
+    }
+    QCOMPARE(desk.bus.settingsOf(kOtherLdb), SettingsBus::record(kOtherLdb));
+}
+
+QTEST_MAIN(TestLdbSettingsSaving)
+
+#include "tst_ldbsettingssaving.moc"
