@@ -574,7 +574,7 @@ void TestMainWindow::failedImport()
 
 void TestMainWindow::closesWhileCommandsWait()
 {
-    constexpr int kLimitMs = 5000; // three transmissions of each command would take longer
+    constexpr int kLimitMs = 2000; // three transmissions of each command take 7200
     start();
     WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     m_bus->setPresent({});
