@@ -1,4 +1,4 @@
-#include "serial/pollschedule.h"
+#include "serial/conversation/pollschedule.h"
 
 void PollSchedule::clear()
 {
@@ -11,7 +11,22 @@ void PollSchedule::clear()
 void PollSchedule::add(const QString& hexId)
 {
     m_found.append(hexId);
-    restart();
+}
+
+void PollSchedule::remove(const QString& hexId)
+{
+    const int position = m_found.indexOf(hexId);
+    if (position < 0) {
+        return;
+    }
+    m_found.removeAt(position);
+    m_lost.removeAll(hexId);
+    if (position <= m_index) {
+        --m_index;
+    }
+    if (m_alone == hexId) {
+        m_alone.clear();
+    }
 }
 
 void PollSchedule::restart()

@@ -23,7 +23,10 @@ public:
 
     /// Forgets all LDBs, for a scan.
     void clear();
+    /// Joins the round that is on, as its last.
     void add(const QString& hexId);
+    /// It was no LDB after all.
+    void remove(const QString& hexId);
     /// Lets the next turn begin a round at the first LDB.
     void restart();
 
