@@ -7,28 +7,19 @@
 #include <algorithm>
 
 using linetime::kMicrosecond;
-using linetime::kMillisecond;
-using linetime::kSecond;
 using linetime::toMicroseconds;
 
 namespace {
 
-constexpr int kMaxFrameBytes = 1024;
-constexpr int kAddressPosition = 3; // SOH and the master's own two digits are before it
-
-/// What each thing left to chance is seeded with.
+/// What is left to chance besides the mischief.
 enum Purpose : quint64
 {
-    Garbage,
-    Stalls,
-    RequestFate,
-    AnswerFate,
-    Lateness,
-    TurnaroundTimes,
-    Strays,
-    Bursts,
-    Absences // and one for each board
+    Garbage = 1000,
+    TurnaroundTimes
 };
+
+constexpr int kMaxFrameBytes = 1024;
+constexpr int kAddressPosition = 3; // SOH and the master's own two digits are before it
 
 /// The one whose time comes first; of two at the same time, the earlier in this order.
 constexpr qint64 kBeforeStarts = -1;
@@ -38,62 +29,22 @@ int addressOf(const QByteArray& frame)
     return static_cast<int>(hextext::toNumber(frame, kAddressPosition, 2).value_or(0));
 }
 
-char strayByte(Chance& chance)
-{
-    constexpr char kStrays[] = {0x06, 0x15, 0x04, 0x01, 0x55, 0x00};
-    return kStrays[chance.between(0, static_cast<qint64>(sizeof kStrays) - 1)];
-}
-
 } // namespace
 
 Line::Line(const LineOptions& options, const Adversaries& adversaries, Boards& boards)
     : m_options(options)
     , m_boards(&boards)
     , m_book(options.bookLength)
-    , m_receiver(Chance(options.seed).split(Garbage), Chance(options.seed).split(Stalls))
-    , m_requestFate(Chance(options.seed).split(RequestFate))
-    , m_answerFate(Chance(options.seed).split(AnswerFate))
-    , m_lateness(Chance(options.seed).split(Lateness))
+    , m_receiver(Chance(options.seed).split(Garbage))
+    , m_mischief(options.seed)
     , m_turnaround(Chance(options.seed).split(TurnaroundTimes))
-    , m_strays(Chance(options.seed).split(Strays))
-    , m_bursts(Chance(options.seed).split(Bursts))
 {
-    m_absences.reserve(AbsentBoards().size());
-    for (quint64 board = 0; board < AbsentBoards().size(); ++board) {
-        m_absences.emplace_back(Chance(options.seed).split(Absences + board));
-    }
-    apply(adversaries, 0);
+    m_mischief.setAdversaries(adversaries, 0);
 }
 
 void Line::setAdversaries(const Adversaries& adversaries, qint64 at)
 {
     m_changes.push_back({std::max(m_now, at * kMicrosecond), adversaries});
-}
-
-void Line::apply(const Adversaries& adversaries, qint64 at)
-{
-    const Adversaries before = m_adversaries;
-    m_adversaries = adversaries;
-    const auto restart = [at](Chance& chance, double every) {
-        return every > 0 ? at + chance.waiting(every * kSecond) : linetime::kNever;
-    };
-    if (before.strayEvery != adversaries.strayEvery) {
-        m_nextStray = restart(m_strays, adversaries.strayEvery);
-    }
-    if (before.burstEvery != adversaries.burstEvery) {
-        m_nextBurst = restart(m_bursts, adversaries.burstEvery);
-    }
-    if (before.stallEvery != adversaries.stallEvery || before.stall != adversaries.stall) {
-        m_receiver.setStalls(adversaries.stallEvery, adversaries.stall == Adversaries::Stall::Lose,
-                             at);
-    }
-    if (before.vanishEvery != adversaries.vanishEvery ||
-        before.vanishFor != adversaries.vanishFor) {
-        const auto length = static_cast<qint64>(adversaries.vanishFor * kSecond);
-        for (Interruptions& absence : m_absences) {
-            absence.start(adversaries.vanishEvery * kSecond, length, length, at);
-        }
-    }
 }
 
 void Line::transmit(const QByteArray& bytes, qint64 now)
@@ -197,8 +148,7 @@ Line::Next Line::nextBesidesBytes() const
     if (!m_requests.empty() && m_requests.front().isOnLine) {
         consider(result, Event::RequestEnds, m_requests.front().end);
     }
-    consider(result, Event::Stray, m_nextStray);
-    consider(result, Event::Burst, m_nextBurst);
+    consider(result, Event::Strays, m_mischief.nextStrays());
     if (!m_requests.empty() && !m_requests.front().isOnLine) {
         considerStart(result, Event::RequestStarts, m_requests.front().ready, 0);
     }
@@ -216,7 +166,7 @@ void Line::handle(const Next& next)
     case Event::Change: {
         const Change change = m_changes.front();
         m_changes.pop_front();
-        apply(change.adversaries, change.at);
+        m_mischief.setAdversaries(change.adversaries, change.at);
         break;
     }
     case Event::ByteEnds:
@@ -234,13 +184,8 @@ void Line::handle(const Next& next)
     case Event::SendingStarts:
         startSending(m_sendings[next.index], next.at);
         break;
-    case Event::Stray:
-        addStray(1, next.at);
-        m_nextStray = next.at + m_strays.waiting(m_adversaries.strayEvery * kSecond);
-        break;
-    case Event::Burst:
-        addStray(Adversaries::kBurstBytes, next.at);
-        m_nextBurst = next.at + m_bursts.waiting(m_adversaries.burstEvery * kSecond);
+    case Event::Strays:
+        addStrays(next.at);
         break;
     case Event::ByteStarts:
         startByte(m_sendings[next.index]);
@@ -269,7 +214,7 @@ bool Line::runUndisturbed(std::size_t index, qint64 limit)
         if (byte.time.to > end) {
             break;
         }
-        m_receiver.take(byte, m_book);
+        m_receiver.take(byte, m_mischief, m_book);
         ++sending.next;
     }
     return sending.next > first;
@@ -305,25 +250,8 @@ void Line::endRequest()
 
 void Line::hear(Exchange& exchange, const QByteArray& frame, qint64 at)
 {
-    // Both are drawn whatever else befell it, so that one adversary does not change another.
-    if (m_requestFate.happens(m_adversaries.lostRequests)) {
-        exchange.harms |= Harm::Loss;
-    }
-    if (m_requestFate.happens(m_adversaries.flippedRequests)) {
-        exchange.harms |= Harm::Flip;
-    }
     AbsentBoards absent;
-    if (m_adversaries.vanishEvery > 0) {
-        const bool isForOne = exchange.address > 0 && exchange.address < LineAnswer::kMaster;
-        const int from = isForOne ? exchange.address : 0;
-        const int to = isForOne ? exchange.address : static_cast<int>(absent.size()) - 1;
-        for (int board = from; board <= to; ++board) {
-            absent.set(static_cast<std::size_t>(board), isAbsent(board, at));
-        }
-        if (isForOne && absent.any()) {
-            exchange.harms |= Harm::Absent;
-        }
-    }
+    exchange.harms |= m_mischief.harmRequest(exchange.address, at, absent);
     exchange.isHeard = !exchange.harms && damage::isSound(frame);
     if (exchange.isHeard) {
         for (const BoardAnswer& answer : m_boards->hear(frame, toMicroseconds(at), absent)) {
@@ -337,36 +265,19 @@ void Line::addAnswer(Exchange& exchange, const BoardAnswer& answer, qint64 heard
     LineAnswer entry;
     entry.board = answer.board;
     entry.bytes = answer.bytes;
-    entry.sent = answer.bytes;
     entry.tag = answer.tag;
-    qint64 lateBy = answer.delay * kMicrosecond;
-    if (m_answerFate.happens(m_adversaries.lostAnswers)) {
-        entry.harms |= Harm::Loss;
-    }
-    if (m_answerFate.happens(m_adversaries.flippedAnswers)) {
-        entry.harms |= Harm::Flip;
-        entry.sent = damage::flipped(entry.sent, m_answerFate);
-    }
-    if (m_answerFate.happens(m_adversaries.garbledAnswers)) {
-        entry.harms |= Harm::Garble;
-        entry.sent = damage::garbled(entry.sent, m_answerFate);
-    }
-    if (m_lateness.happens(m_adversaries.lateAnswers)) {
-        lateBy += m_lateness.between(m_adversaries.lateFrom * kMillisecond,
-                                     m_adversaries.lateTo * kMillisecond);
-    }
-    if (lateBy > 0) {
-        entry.harms |= Harm::Late;
-        entry.lateBy = lateBy / kMicrosecond;
-    }
+    entry.lateBy = answer.delay;
+    m_mischief.harmAnswer(entry);
     Sending sending;
     sending.sender = {exchange.number, static_cast<int>(exchange.answers.size()), answer.board};
     sending.bytes = entry.sent;
     sending.heardAt = heardAt;
-    sending.delay = lateBy + m_turnaround.between(m_options.leastTurnaround * kMicrosecond,
-                                                  m_options.mostTurnaround * kMicrosecond);
+    sending.delay =
+        (entry.lateBy + m_turnaround.between(m_options.leastTurnaround, m_options.mostTurnaround)) *
+        kMicrosecond;
     sending.due = heardAt + sending.delay;
-    sending.pieceLength = std::max(1, answer.bytes.size() / std::max(1, answer.pieces));
+    const int pieces = std::max(1, answer.pieces);
+    sending.pieceLength = std::max(1, (answer.bytes.size() + pieces - 1) / pieces);
     sending.pause = answer.pieces > 1 ? answer.pause * kMicrosecond : 0;
     sending.isDamaged = entry.sent != entry.bytes;
     sending.isLost = entry.harms.testFlag(Harm::Loss);
@@ -378,14 +289,11 @@ void Line::addAnswer(Exchange& exchange, const BoardAnswer& answer, qint64 heard
     exchange.answers.push_back(entry);
 }
 
-void Line::addStray(int count, qint64 at)
+void Line::addStrays(qint64 at)
 {
     Sending sending;
-    for (int i = 0; i < count; ++i) {
-        sending.bytes.append(strayByte(count == 1 ? m_strays : m_bursts));
-    }
+    sending.bytes = m_mischief.takeStrays(at);
     sending.due = at;
-    sending.pieceLength = count;
     m_sendings.push_back(sending);
 }
 
@@ -396,7 +304,7 @@ void Line::startSending(Sending& sending, qint64 at)
     sending.state = Sending::State::Leaving;
     sending.start = at;
     sending.end = at;
-    if (isAnswer && isAbsent(sending.sender.board, at)) {
+    if (isAnswer && m_mischief.isAbsent(sending.sender.board, at)) {
         if (LineAnswer* answer =
                 m_book.findAnswer(sending.sender.exchange, sending.sender.answer)) {
             answer->harms |= Harm::Absent;
@@ -460,7 +368,7 @@ void Line::endByte()
     if (const auto over = byteOver(m_lastRequest)) {
         m_receiver.spoil(*over, m_book);
     }
-    m_receiver.finish(m_book);
+    m_receiver.finish(m_mischief, m_book);
 }
 
 /// Which of the request's bytes, if any, lies over the byte that is being received.
@@ -528,13 +436,8 @@ void Line::reset()
     m_portFree = 0;
 }
 
-bool Line::isAbsent(int board, qint64 at)
-{
-    return m_absences[static_cast<std::size_t>(board)].at(at).contains(at);
-}
-
 Span Line::absence(int board)
 {
-    const Span span = m_absences[static_cast<std::size_t>(board)].at(m_now);
+    const Span span = m_mischief.absence(board, m_now);
     return {toMicroseconds(span.from), toMicroseconds(span.to)};
 }

@@ -1,53 +1,17 @@
 #pragma once
 
 #include "simulator/line/adversaries.h"
+#include "simulator/line/boards.h"
 #include "simulator/line/linebook.h"
 #include "simulator/line/linetime.h"
+#include "simulator/line/mischief.h"
 #include "simulator/line/receiver.h"
 
 #include <QByteArray>
 
-#include <bitset>
 #include <deque>
 #include <optional>
 #include <vector>
-
-/// By bus address: the boards that do not hear a frame because they have vanished.
-using AbsentBoards = std::bitset<256>;
-
-/// One answer as a board gives it to the line.
-struct BoardAnswer
-{
-    int board = 0; ///< its address
-    QByteArray bytes;
-    qint64 delay = 0; ///< µs beyond the turnaround
-    int pieces = 1;   ///< sent in so many pieces of about the same length ...
-    qint64 pause = 0; ///< ... with so many µs between them
-    int tag = 0;      ///< comes back in the book
-};
-
-/// Whoever answers on a line.
-class Boards
-{
-public:
-    virtual ~Boards() = default;
-
-    /// A frame, SOH to EOT with good check digits, was heard by all boards at `at` (µs), but for
-    /// those absent. What they answer; the line has the answers of one board wait for each other.
-    virtual std::vector<BoardAnswer> hear(const QByteArray& frame, qint64 at,
-                                          const AbsentBoards& absent) = 0;
-};
-
-/// Is told what a line does, at the moment it does it.
-class LineWatcher
-{
-public:
-    virtual ~LineWatcher() = default;
-    /// The request's last byte has been on the line; its answers are known, but none has left.
-    virtual void requestEnded(const Exchange& exchange) = 0;
-    /// The answer's last byte has left, or would have, had the answer not been lost.
-    virtual void answerEnded(const Exchange& exchange, const LineAnswer& answer) = 0;
-};
 
 enum class LineKind
 {
@@ -60,7 +24,7 @@ struct LineOptions
 {
     LineKind kind = LineKind::FullDuplex;
     quint64 seed = 1;
-    qint64 byteTime = 1041667;     ///< ns: 10 bits at 9600 baud; 0: nothing takes time by itself
+    qint64 byteTime = linetime::kByte; ///< ns; 0: nothing takes time by itself
     qint64 leastTurnaround = 4000; ///< µs from a request's last byte to its answer's first one,
     qint64 mostTurnaround = 12000; ///< drawn evenly for each answer
     int bookLength = 4096;         ///< exchanges
@@ -78,7 +42,7 @@ public:
     void setWatcher(LineWatcher* watcher) { m_watcher = watcher; }
     /// In force from `at` on, which may lie ahead; of several, in the order of their times.
     void setAdversaries(const Adversaries& adversaries, qint64 at);
-    const Adversaries& adversaries() const { return m_adversaries; }
+    const Adversaries& adversaries() const { return m_mischief.adversaries(); }
     void setKind(LineKind kind) { m_options.kind = kind; }
     LineKind kind() const { return m_options.kind; }
 
@@ -154,8 +118,7 @@ private:
         Change,
         SendingEnds,
         RequestEnds,
-        Stray,
-        Burst,
+        Strays,
         RequestStarts,
         SendingStarts,
         ByteStarts
@@ -179,9 +142,8 @@ private:
     void startRequest(qint64 at);
     void endRequest();
     void hear(Exchange& exchange, const QByteArray& frame, qint64 at);
-    bool isHarmedOnItsWay(Exchange& exchange, QByteArray& bytes, qint64 at);
     void addAnswer(Exchange& exchange, const BoardAnswer& answer, qint64 heardAt);
-    void addStray(int count, qint64 at);
+    void addStrays(qint64 at);
     void startSending(Sending& sending, qint64 at);
     void endSending(std::size_t index);
     void startByte(Sending& sending);
@@ -192,28 +154,18 @@ private:
     Receiver::Byte byteOf(const Sending& sending, int index) const;
     bool isHalfDuplex() const { return m_options.kind == LineKind::HalfDuplex; }
     bool isQueuing() const { return m_options.kind == LineKind::QueuingConverter; }
-    void apply(const Adversaries& adversaries, qint64 at);
-    bool isAbsent(int board, qint64 at);
 
     LineOptions m_options;
-    Adversaries m_adversaries;
     Boards* m_boards;
     LineWatcher* m_watcher = nullptr;
     LineBook m_book;
     Receiver m_receiver;
 
-    Chance m_requestFate;
-    Chance m_answerFate;
-    Chance m_lateness;
+    Mischief m_mischief;
     Chance m_turnaround;
-    Chance m_strays;
-    Chance m_bursts;
-    std::vector<Interruptions> m_absences; ///< by bus address
 
     qint64 m_now = 0;
     std::deque<Change> m_changes;
-    qint64 m_nextStray = linetime::kNever;
-    qint64 m_nextBurst = linetime::kNever;
 
     QByteArray m_collected; ///< of a frame whose end the master has not handed over yet
     bool m_isCollecting = false;

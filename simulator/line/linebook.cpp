@@ -125,9 +125,14 @@ void LineBook::addFalseFrame(const FalseFrame& frame)
     ++m_falseFrameCount;
 }
 
-void LineBook::noteIntrusion(Intrusion intrusion)
+void LineBook::noteIntrusion(Intrusion intrusion, qint64 at)
 {
-    if (!m_exchanges.empty()) {
-        m_exchanges.back().intrusions |= intrusion;
+    if (m_exchanges.empty()) {
+        return;
+    }
+    Exchange& exchange = m_exchanges.back();
+    exchange.intrusions |= intrusion;
+    if (exchange.intrudedAt == LineAnswer::kNotYet) {
+        exchange.intrudedAt = at;
     }
 }

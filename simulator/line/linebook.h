@@ -64,6 +64,7 @@ struct Exchange
     bool isHeard = false; ///< the boards got it whole and undamaged
     std::vector<LineAnswer> answers;
     Intrusions intrusions;
+    qint64 intrudedAt = LineAnswer::kNotYet; ///< when the first of them came
 
     /// Whether a master that did everything right could have missed the answer: the request was
     /// harmed or unanswered, or every answer was harmed.
@@ -107,8 +108,8 @@ public:
     Exchange* find(qint64 number);
     LineAnswer* findAnswer(qint64 number, int answer);
     void addFalseFrame(const FalseFrame& frame);
-    /// Something came that belongs to another exchange than the last one.
-    void noteIntrusion(Intrusion intrusion);
+    /// Something came at `at` (µs) that belongs to another exchange than the last one.
+    void noteIntrusion(Intrusion intrusion, qint64 at);
 
 private:
     std::size_t m_length;

@@ -1,7 +1,6 @@
 #include "simulator/line/receiver.h"
 
 #include "serial/framecodec.h"
-#include "simulator/line/adversaries.h"
 #include "simulator/line/damage.h"
 #include "simulator/line/linetime.h"
 
@@ -13,18 +12,10 @@ constexpr int kLongestFrame = 1024;
 
 } // namespace
 
-Receiver::Receiver(Chance garbage, Chance stalls)
+Receiver::Receiver(Chance garbage)
     : m_garbage(garbage)
-    , m_stalls(stalls)
 {
     m_frame.reserve(kLongestFrame);
-}
-
-void Receiver::setStalls(double every, bool areLosing, qint64 now)
-{
-    m_isLosing = areLosing;
-    m_stalls.start(every * linetime::kSecond, Adversaries::kShortestStall * linetime::kMillisecond,
-                   Adversaries::kLongestStall * linetime::kMillisecond, now);
 }
 
 void Receiver::begin(const Byte& byte, LineBook& book)
@@ -47,24 +38,25 @@ void Receiver::spoil(char with, LineBook& book)
     noteOverlap(m_current.sender, LineAnswer::kMaster, book);
 }
 
-void Receiver::finish(LineBook& book)
+void Receiver::finish(Mischief& mischief, LineBook& book)
 {
     m_isBusy = false;
-    take(m_current, book);
+    take(m_current, mischief, book);
 }
 
-void Receiver::take(const Byte& byte, LineBook& book)
+void Receiver::take(const Byte& byte, Mischief& mischief, LineBook& book)
 {
     const qint64 end = byte.time.to;
     LineAnswer* answer = byte.sender.exchange == Sender::kNobody
                              ? nullptr
                              : book.findAnswer(byte.sender.exchange, byte.sender.answer);
-    const Span stall = m_stalls.at(end);
+    const Span stall = mischief.stall(end);
     const bool isStalled = stall.contains(end);
+    const bool isLosing = mischief.adversaries().stall == Adversaries::Stall::Lose;
     if (answer && isStalled) {
-        answer->harms |= m_isLosing ? Harm::StallLoss : Harm::Held;
+        answer->harms |= isLosing ? Harm::StallLoss : Harm::Held;
     }
-    if (isStalled && m_isLosing) {
+    if (isStalled && isLosing) {
         m_isGenuine = false;
         return;
     }
@@ -75,7 +67,8 @@ void Receiver::take(const Byte& byte, LineBook& book)
     }
     if (byte.sender.exchange != book.exchangeCount() - 1) {
         book.noteIntrusion(byte.sender.exchange == Sender::kNobody ? Intrusion::Stray
-                                                                   : Intrusion::OtherAnswer);
+                                                                   : Intrusion::OtherAnswer,
+                           linetime::toMicroseconds(m_lastAt));
     }
     follow(byte, book);
 }
@@ -95,7 +88,7 @@ QByteArray Receiver::takeArrived(qint64 now, LineBook& book)
         m_arrived.pop_front();
     }
     if (wasHeld) {
-        book.noteIntrusion(Intrusion::Held);
+        book.noteIntrusion(Intrusion::Held, linetime::toMicroseconds(now));
     }
     return bytes;
 }

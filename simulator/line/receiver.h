@@ -1,8 +1,8 @@
 #pragma once
 
 #include "simulator/line/chance.h"
-#include "simulator/line/interruptions.h"
 #include "simulator/line/linebook.h"
+#include "simulator/line/mischief.h"
 
 #include <QByteArray>
 
@@ -32,9 +32,7 @@ public:
         bool isLast = false;    ///< of its answer
     };
 
-    Receiver(Chance garbage, Chance stalls);
-
-    void setStalls(double every, bool areLosing, qint64 now);
+    explicit Receiver(Chance garbage);
 
     bool isBusy() const { return m_isBusy; }
     const Byte& current() const { return m_current; }
@@ -42,10 +40,10 @@ public:
     void begin(const Byte& byte, LineBook& book);
     /// Something of the master's own lies over the current byte.
     void spoil(char with, LineBook& book);
-    /// The current byte has come to its end.
-    void finish(LineBook& book);
+    /// The current byte has come to its end; what the mischief makes of the time it comes.
+    void finish(Mischief& mischief, LineBook& book);
     /// A byte that nothing can have touched.
-    void take(const Byte& byte, LineBook& book);
+    void take(const Byte& byte, Mischief& mischief, LineBook& book);
 
     /// When the next byte can be had; `Span`'s greatest time when none has come.
     qint64 nextAt() const;
@@ -65,8 +63,6 @@ private:
     void follow(const Byte& byte, LineBook& book);
 
     Chance m_garbage;
-    Interruptions m_stalls;
-    bool m_isLosing = false;
     bool m_isBusy = false;
     Byte m_current;
     std::deque<Arrived> m_arrived;
