@@ -1,5 +1,6 @@
 #include "serial/answerledger.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QMap>
 
@@ -101,5 +102,5 @@ void TestAnswerLedger::conversation()
     }
 }
 
-QTEST_GUILESS_MAIN(TestAnswerLedger)
+REGISTER_TEST(TestAnswerLedger, QCoreApplication)
 #include "tst_answerledger.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "views/hierarchicalheaderview.h"
 #include "views/overviewcolumns.h"
 #include "views/proxymodelhierachicalheader.h"
@@ -326,5 +327,5 @@ void TestHierarchicalHeader::groupsStayTogether()
     QCOMPARE(table.order(), order);
 }
 
-QTEST_MAIN(TestHierarchicalHeader)
+REGISTER_TEST(TestHierarchicalHeader, QApplication)
 #include "tst_hierarchicalheader.moc"
