@@ -1,6 +1,7 @@
 #include "serial/ldbsettings.h"
 #include "serial/ldbsettingscommands.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QTextCodec>
 
@@ -204,5 +205,5 @@ void TestLdbSettings::writesInOrder()
     QCOMPARE(bodies(AudioMuteChange::LeftAlone), expected);
 }
 
-QTEST_APPLESS_MAIN(TestLdbSettings)
+REGISTER_TEST(TestLdbSettings, NoApplication)
 #include "tst_ldbsettings.moc"

@@ -1,5 +1,6 @@
 #include "serial/conversation/pollschedule.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 class TestPollSchedule : public TestCase
 {
@@ -62,5 +63,5 @@ void TestPollSchedule::turns()
     QTEST(words.join(' '), "taken");
 }
 
-QTEST_GUILESS_MAIN(TestPollSchedule)
+REGISTER_TEST(TestPollSchedule, QCoreApplication)
 #include "tst_pollschedule.moc"

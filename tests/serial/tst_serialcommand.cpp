@@ -1,6 +1,7 @@
 #include "serial/commandqueue.h"
 #include "serial/serialcommand.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QThread>
 
@@ -141,5 +142,5 @@ void TestSerialCommand::aWriteKeepsReadsApart()
              (QList<QByteArray>{"FE0A737201", "FE0A73780001", "FE0A737201", "FE0A73780001"}));
 }
 
-QTEST_GUILESS_MAIN(TestSerialCommand)
+REGISTER_TEST(TestSerialCommand, QCoreApplication)
 #include "tst_serialcommand.moc"

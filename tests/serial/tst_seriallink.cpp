@@ -2,6 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QSignalSpy>
 
@@ -181,5 +182,5 @@ void TestSerialLink::failedPortStopsCleanly()
     QVERIFY(!m_link->isRunning());
 }
 
-QTEST_GUILESS_MAIN(TestSerialLink)
+REGISTER_TEST(TestSerialLink, QCoreApplication)
 #include "tst_seriallink.moc"

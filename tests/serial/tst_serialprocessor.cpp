@@ -3,6 +3,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QSignalSpy>
 
@@ -514,5 +515,5 @@ void TestSerialProcessor::endsInEveryState()
     QCOMPARE(bench.failed.size(), isCut ? 1 : 0);
 }
 
-QTEST_GUILESS_MAIN(TestSerialProcessor)
+REGISTER_TEST(TestSerialProcessor, QCoreApplication)
 #include "tst_serialprocessor.moc"

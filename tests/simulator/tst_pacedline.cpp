@@ -1,18 +1,20 @@
 #include "simulator/pacedline.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 
 #include <QCoreApplication>
 
 namespace {
 
-VirtualTime* virtualTime = nullptr;
-
 /// The dispatcher's time. What is shorter than its milliseconds passes only where somebody waits.
 class VirtualClock : public SimulationClock
 {
 public:
-    qint64 microseconds() const override { return qMax(virtualTime->now() * 1000, m_waitedUntil); }
+    qint64 microseconds() const override
+    {
+        return qMax(VirtualTime::current()->now() * 1000, m_waitedUntil);
+    }
     void wait(qint64 microseconds) const override
     {
         QVERIFY2(microseconds < 1000, "blocks for longer than it may");
@@ -101,27 +103,27 @@ void PacedLineTest::hearsAFrameWhenItsLastByteHasCome()
 {
     Recorder recorder(PacedLine::Pace::Baud9600);
     recorder.line.receive(kPoll);
-    virtualTime->advance(9); // 10 bytes need 10.417 ms
+    VirtualTime::current()->advance(9); // 10 bytes need 10.417 ms
     QVERIFY(recorder.heard.isEmpty());
-    virtualTime->advance(2);
+    VirtualTime::current()->advance(2);
     QCOMPARE(recorder.heard.size(), 1);
     QCOMPARE(recorder.heard.constFirst().bytes, kPoll);
     QCOMPARE(recorder.heard.constFirst().at, 10416);
 
     // In pieces: the line waits for none of them longer than it has to.
     recorder.line.receive(kPoll.left(4));
-    virtualTime->advance(100);
+    VirtualTime::current()->advance(100);
     recorder.line.receive(kPoll.mid(4));
-    virtualTime->advance(5);
+    VirtualTime::current()->advance(5);
     QCOMPARE(recorder.heard.size(), 1);
-    virtualTime->advance(2);
+    VirtualTime::current()->advance(2);
     QCOMPARE(recorder.heard.size(), 2);
     QCOMPARE(recorder.heard.at(1).at, 11000 + 100000 + 6250);
 
     // Two at once: the second queues on the wire.
     Recorder busy(PacedLine::Pace::Baud9600);
     busy.line.receive(kPoll + kPoll);
-    virtualTime->advance(30);
+    VirtualTime::current()->advance(30);
     QCOMPARE(busy.heard.size(), 2);
     QCOMPARE(busy.heard.at(1).at, 20833);
 }
@@ -131,7 +133,7 @@ void PacedLineTest::answersAtThePaceOfTheLine()
     Recorder recorder(PacedLine::Pace::Baud9600);
     recorder.answer = kAnswer;
     recorder.line.receive(kPoll);
-    virtualTime->advance(200);
+    VirtualTime::current()->advance(200);
     QCOMPARE(recorder.allSent(), kAnswer);
     // 10 bytes, 1 ms turnaround, 54 bytes.
     QCOMPARE(recorder.finished.size(), 1);
@@ -153,7 +155,7 @@ void PacedLineTest::answersDoNotOverlap()
     recorder.line.send("late", now, 20);
     recorder.line.send(QByteArray(30, 'a'), now, 0); // 31 ms on the wire
     recorder.line.send("soon", now, 10);
-    virtualTime->advance(200);
+    VirtualTime::current()->advance(200);
     QCOMPARE(recorder.allSent(), QByteArray(30, 'a') + "soonlate");
     QVERIFY(recorder.sent.constLast().at >= 39578);
 
@@ -161,9 +163,9 @@ void PacedLineTest::answersDoNotOverlap()
     Recorder lagging(PacedLine::Pace::Baud9600);
     const qint64 longAgo = lagging.now();
     lagging.line.send(QByteArray(30, 'a'), longAgo);
-    virtualTime->advance(40);
+    VirtualTime::current()->advance(40);
     lagging.line.send(QByteArray(30, 'b'), longAgo);
-    virtualTime->advance(100);
+    VirtualTime::current()->advance(100);
     QCOMPARE(lagging.finished.constLast().at, 1000 + 2 * 31250);
 }
 
@@ -187,7 +189,7 @@ void PacedLineTest::cutsFramesOutOfAnything()
     for (const PacedLine::Pace pace : {PacedLine::Pace::Baud9600, PacedLine::Pace::Unpaced}) {
         Recorder recorder(pace);
         recorder.line.receive(bytes);
-        virtualTime->advance(200000);
+        VirtualTime::current()->advance(200000);
         QCOMPARE(recorder.heard.size(), frames);
         for (const Event& event : qAsConst(recorder.heard)) {
             QCOMPARE(event.bytes, kPoll);
@@ -200,10 +202,10 @@ void PacedLineTest::forgetsEverythingOnReset()
     Recorder recorder(PacedLine::Pace::Baud9600);
     recorder.line.send(kAnswer, recorder.now());
     recorder.line.receive(kPoll);
-    virtualTime->advance(5);
+    VirtualTime::current()->advance(5);
     recorder.line.reset();
     recorder.sent.clear();
-    virtualTime->advance(1000);
+    VirtualTime::current()->advance(1000);
     QVERIFY(recorder.heard.isEmpty());
     QVERIFY(recorder.sent.isEmpty());
 }
@@ -220,17 +222,11 @@ void PacedLineTest::takesNoTimeUnpaced()
     // What was asked to be late is late all the same.
     recorder.delay = 50;
     recorder.line.receive(kPoll);
-    virtualTime->advance(49);
+    VirtualTime::current()->advance(49);
     QCOMPARE(recorder.sent.size(), 2);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QCOMPARE(recorder.sent.size(), 3);
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    const QCoreApplication application(argc, argv);
-    PacedLineTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(PacedLineTest, InVirtualTime<QCoreApplication>)
 #include "tst_pacedline.moc"

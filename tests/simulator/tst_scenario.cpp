@@ -1,5 +1,6 @@
 #include "simulator/scenario.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QDir>
 
@@ -191,5 +192,5 @@ void ScenarioTest::refusesCommands()
     QVERIFY(!parsing.error.isEmpty());
 }
 
-QTEST_APPLESS_MAIN(ScenarioTest)
+REGISTER_TEST(ScenarioTest, NoApplication)
 #include "tst_scenario.moc"

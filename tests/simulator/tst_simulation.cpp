@@ -2,6 +2,7 @@
 #include "simulator/simulation.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -287,5 +288,5 @@ void SimulationTest::refusesWrongArguments()
     }
 }
 
-QTEST_GUILESS_MAIN(SimulationTest)
+REGISTER_TEST(SimulationTest, QCoreApplication)
 #include "tst_simulation.moc"

@@ -1,5 +1,6 @@
 #include "tests/simulator/testbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 namespace {
 
@@ -216,5 +217,5 @@ void WireFaultsTest::delaysByChance()
     QCOMPARE(countLate(7, 9), kAnswers);
 }
 
-QTEST_APPLESS_MAIN(WireFaultsTest)
+REGISTER_TEST(WireFaultsTest, NoApplication)
 #include "tst_wirefaults.moc"

@@ -1,5 +1,6 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tracking/fimcounter.h"
 
@@ -7,8 +8,6 @@
 #include <QSignalSpy>
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 constexpr double kMarker = -40000.0;
 constexpr double kBase = 1000;
@@ -43,7 +42,7 @@ struct Bench
     void run(qint64 milliseconds)
     {
         for (; milliseconds > 0; milliseconds -= kRowPeriod) {
-            virtualTime->advance(std::min<qint64>(kRowPeriod, milliseconds));
+            VirtualTime::current()->advance(std::min<qint64>(kRowPeriod, milliseconds));
             feed();
         }
     }
@@ -127,7 +126,7 @@ void TestFimCounter::noStepCountsTooSoon()
         bench.feed();
         bench.countSteps(port, former, 0);
         bench.run(stepAt - 1000);
-        virtualTime->advance(1000);
+        VirtualTime::current()->advance(1000);
         bench.current[port] += 10 * kStep;
         bench.feed();
         return bench.counter.fimCount(port) - former;
@@ -168,11 +167,11 @@ void TestFimCounter::sideEndsInTime()
     // Rows until the step has become the mean.
     constexpr int kSettling = 15000;
     bench.run(kSettling);
-    virtualTime->advance(period - kSettling - 1);
+    VirtualTime::current()->advance(period - kSettling - 1);
     bench.feed();
     QVERIFY(!bench.counter.isSideFinished(port));
     QCOMPARE(bench.counter.millisecondsToSideEnd(port).value_or(-1), 1);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     bench.feed();
     QVERIFY(bench.counter.isSideFinished(port));
     QCOMPARE(bench.finished.last().at(0).toInt(), port);
@@ -199,11 +198,11 @@ void TestFimCounter::armingAndClosing()
 
         bench.counter.processLoopClosed(LdbLoopState::Open);
         bench.counter.processLoopClosed(state);
-        virtualTime->advance(3999);
+        VirtualTime::current()->advance(3999);
         // A second record does not put the closing off.
         bench.counter.processLoopClosed(state);
         QVERIFY2(bench.finished.isEmpty(), name);
-        virtualTime->advance(1);
+        VirtualTime::current()->advance(1);
         QVERIFY2(bench.finished.size() == (closing.contains(code) ? 2 : 0), name);
     }
 }
@@ -214,10 +213,10 @@ void TestFimCounter::loopHasToStayClosedUntilAShort()
     bench.feed();
     bench.loopState = kClosedAgain;
     bench.feed();
-    virtualTime->advance(3000);
+    VirtualTime::current()->advance(3000);
     bench.loopState = kShorted;
     bench.feed();
-    virtualTime->advance(5000);
+    VirtualTime::current()->advance(5000);
     QCOMPARE(bench.finished.size(), 0);
 }
 
@@ -259,9 +258,9 @@ void TestFimCounter::shortIsForgotten()
     bench.current.primary += kSurge;
     bench.feed();
     bench.current.primary -= kSurge;
-    virtualTime->advance(3999);
+    VirtualTime::current()->advance(3999);
     QVERIFY(!bench.counter.isSideFinished(PrimaryPort));
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     bench.loopState = kShorted;
     bench.feed();
     QVERIFY2(!bench.counter.isSideFinished(PrimaryPort), "the surge is older than 4 s");
@@ -351,7 +350,7 @@ void TestFimCounter::corrections()
     }
     bench.countSteps(port, steps, spacing);
     QCOMPARE(bench.counter.fimCount(port), steps);
-    virtualTime->advance(wait);
+    VirtualTime::current()->advance(wait);
     bench.counter.setLoopState(static_cast<LdbLoopState>(state));
     if (port == PrimaryPort) {
         bench.counter.primaryConsecutiveCountTimeout();
@@ -424,7 +423,7 @@ void TestFimCounter::untrackedSecondary()
     bench.feed();
     bench.loopState = kClosedAgain;
     bench.feed();
-    virtualTime->advance(4000);
+    VirtualTime::current()->advance(4000);
     QVERIFY(bench.counter.isSideFinished(SecondaryPort));
     QCOMPARE(bench.counter.sideResult(SecondaryPort), SideEnd::Connected);
 
@@ -471,7 +470,7 @@ void TestFimCounter::resetLeavesNothingRunning()
     bench.loopState = kClosedAgain;
     bench.feed();
     bench.counter.reset();
-    virtualTime->advance(200000);
+    VirtualTime::current()->advance(200000);
     QCOMPARE(bench.finished.size(), 0);
     QCOMPARE(bench.counter.fimCount(PrimaryPort), 0);
     QVERIFY(!bench.counter.isTrackingArmed());
@@ -492,12 +491,6 @@ void TestFimCounter::thresholdsFromTuningFile()
     QCOMPARE(thresholds.fimStartup.secondary, 13.0);
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    QCoreApplication application(argc, argv);
-    TestFimCounter test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestFimCounter, InVirtualTime<QCoreApplication>)
 
 #include "tst_fimcounter.moc"

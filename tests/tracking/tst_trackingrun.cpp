@@ -1,5 +1,6 @@
 #include "serial/generalinformation.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tracking/trackingrun.h"
@@ -16,8 +17,6 @@ Q_DECLARE_METATYPE(LoopPlan)
 Q_DECLARE_METATYPE(Phase)
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 using namespace modelldb;
 
@@ -54,7 +53,7 @@ struct Bench
     bool reach(Phase phase)
     {
         for (qint64 gone = 0; run.phase() != phase && gone < kHour; gone += kSecond / 4) {
-            virtualTime->advance(kSecond / 4);
+            VirtualTime::current()->advance(kSecond / 4);
         }
         return run.phase() == phase;
     }
@@ -198,13 +197,13 @@ void TestTrackingRun::phasesAndCommands()
     QCOMPARE(bench.run.phase(), Phase::Idle);
     bench.run.prepare();
     QCOMPARE(bench.run.phase(), Phase::Confirmation);
-    virtualTime->advance(60 * kSecond);
+    VirtualTime::current()->advance(60 * kSecond);
     QVERIFY2(bench.ldb.commands().isEmpty(), "nothing is sent before the user has chosen");
 
     bench.run.begin(TrackingMode::Commissioning);
     QCOMPARE(bench.run.phase(), Phase::FactoryReset);
     QVERIFY(!bench.run.secondsLeft().has_value());
-    virtualTime->advance(119 * kSecond);
+    VirtualTime::current()->advance(119 * kSecond);
     QCOMPARE(bench.ldb.commands(), QList<QByteArray>{kFactoryReset});
     QVERIFY(bench.run.isCountingDown());
     QCOMPARE(bench.run.secondsGone(), 119);
@@ -212,17 +211,17 @@ void TestTrackingRun::phasesAndCommands()
     QVERIFY(bench.reach(Phase::Rebooting));
     QVERIFY(!bench.run.isCountingDown());
     QCOMPARE(bench.run.secondsLeft().value_or(-1), 15);
-    virtualTime->advance(15 * kSecond - 1);
+    VirtualTime::current()->advance(15 * kSecond - 1);
     QCOMPARE(bench.run.secondsLeft().value_or(-1), 1);
     QCOMPARE(bench.ldb.commands().size(), 1);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QCOMPARE(bench.ldb.commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
 
     QVERIFY(bench.reach(Phase::Counting));
-    virtualTime->advance(7 * kSecond);
+    VirtualTime::current()->advance(7 * kSecond);
     QCOMPARE(bench.run.secondsGone(), 7);
     QVERIFY(bench.reach(Phase::Finished));
-    virtualTime->advance(kLongerThanAnyTimer);
+    VirtualTime::current()->advance(kLongerThanAnyTimer);
     QCOMPARE(bench.ldb.commands().size(), 3);
     QCOMPARE(bench.run.stopReason(), StopReason::None);
 }
@@ -239,9 +238,9 @@ void TestTrackingRun::countdownRunsOnce()
     QCOMPARE(ticks.size(), 1);
     QCOMPARE(ticks.first().at(0).toInt(), 130);
     for (int second = 0; second < 200; ++second) {
-        virtualTime->advance(500);
+        VirtualTime::current()->advance(500);
         bench.reportState(50);
-        virtualTime->advance(500);
+        VirtualTime::current()->advance(500);
         QCOMPARE(bench.run.factoryResetCountdown(), std::max(0, 129 - second));
     }
     QCOMPARE(ticks.size(), 131);
@@ -329,12 +328,6 @@ void TestTrackingRun::recordsOutsideARun()
     QVERIFY(bench.ldb.commands().isEmpty());
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    QCoreApplication application(argc, argv);
-    TestTrackingRun test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestTrackingRun, InVirtualTime<QCoreApplication>)
 
 #include "tst_trackingrun.moc"
