@@ -152,7 +152,7 @@ int main(int argc, char* argv[])
 
     QTextStream out(stdout);
     out << "line   adversary                        seed  records  wrong  by the book  losses  "
-           "false  commands silent   pace (at least)  s an hour\n";
+           "false  commands silent  stray ACKs   pace (at least)  s an hour\n";
     bool isGood = true;
     for (const auto& [kind, kindName] : kKinds) {
         if (!QLatin1String(kindName).startsWith(parser.value("line"))) {
@@ -181,8 +181,9 @@ int main(int argc, char* argv[])
                            .arg(tally.losses, 7)
                            .arg(tally.falseLosses, 6)
                            .arg(tally.commands, 9)
-                    << QStringLiteral("%1   %2 (%3)%4   %5\n")
+                    << QStringLiteral("%1 %2   %3 (%4)%5   %6\n")
                            .arg(tally.silentCommands, 6)
+                           .arg(tally.unfoundedAcks, 11)
                            .arg(pace, 0, 'f', 3)
                            .arg(least, 0, 'f', 2)
                            .arg(isFast ? "" : " MISSED")

@@ -17,7 +17,8 @@ constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 SerialProcessor::SerialProcessor(QObject* parent)
     : QObject(parent)
-    , m_conversation(SerialTuning::load())
+    , m_tuning(SerialTuning::load())
+    , m_conversation(m_tuning.answerWaitTime, m_tuning.disconnectedCount)
 {
     qRegisterMetaType<QList<QStringList>>("QList<QStringList>");
     qRegisterMetaType<LdbState>("LdbState");

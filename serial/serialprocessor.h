@@ -6,6 +6,7 @@
 #include "serial/hextext.h"
 #include "serial/ldbstatus.h"
 #include "serial/serialcommand.h"
+#include "serial/serialtuning.h"
 
 #include <QElapsedTimer>
 #include <QList>
@@ -119,6 +120,7 @@ private:
     void tell(const event::Stopped&) { emit stopped(); }
     void tell(const event::Diagnostic& diagnostic);
 
+    const SerialTuning m_tuning;
     Conversation m_conversation;
     QString m_portName;
     int m_run = 0;

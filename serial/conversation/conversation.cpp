@@ -42,9 +42,9 @@ QString outcomeText(Outcome outcome)
 
 } // namespace
 
-Conversation::Conversation(const SerialTuning& tuning)
-    : m_missLimit(tuning.disconnectedCount)
-    , m_inquiry(tuning.answerWaitTime)
+Conversation::Conversation(int answerWaitTime, int forgivenMisses)
+    : m_forgivenMisses(forgivenMisses)
+    , m_inquiry(answerWaitTime)
 {
 }
 
@@ -396,7 +396,7 @@ void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
     const int misses = m_memory.countMiss(m_hexId);
     log(LimitedLog::Kind::Miss, QStringLiteral("%1: miss %2 in a row").arg(m_hexId).arg(misses),
         moment);
-    if (misses > m_missLimit) {
+    if (misses > m_forgivenMisses) {
         m_schedule.markLost(m_hexId);
         m_events.emplace_back(event::Loss{m_hexId});
         tellLost();

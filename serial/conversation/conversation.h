@@ -7,7 +7,6 @@
 #include "serial/conversation/ldbmemory.h"
 #include "serial/conversation/limitedlog.h"
 #include "serial/conversation/pollschedule.h"
-#include "serial/serialtuning.h"
 
 #include <QByteArray>
 #include <QString>
@@ -32,7 +31,9 @@ public:
     };
     static constexpr qint64 kNever = Inquiry::kNever;
 
-    explicit Conversation(const SerialTuning& tuning);
+    /// `answerWaitTime`: ms, of a polling request. `forgivenMisses`: in a row; the next one is a
+    /// loss.
+    Conversation(int answerWaitTime, int forgivenMisses);
 
     // Entrances.
 
@@ -104,7 +105,7 @@ private:
     void log(LimitedLog::Kind kind, const QString& text, const Moment& moment);
     void logEnd(const InquiryEnd& end, const Moment& moment);
 
-    const int m_missLimit;
+    const int m_forgivenMisses;
     Step m_step = Step::Stopped;
     QString m_hexId; ///< the LDB whose turn it is
     qint64 m_roundTime = 0;

@@ -1,5 +1,6 @@
 #include "tests/simulator/linerun.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <array>
 #include <map>
@@ -684,5 +685,5 @@ void LineTest::forgetsWhatIsOnItsWay()
     QCOMPARE(run.bytes(), QByteArray("\x06"));
 }
 
-QTEST_APPLESS_MAIN(LineTest)
+REGISTER_TEST(LineTest, NoApplication)
 #include "tst_line.moc"

@@ -1,5 +1,6 @@
 #include "tests/simulator/linerun.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 namespace {
 
@@ -100,5 +101,5 @@ void LineBoardsTest::doWhatTheyAreTold()
     QCOMPARE(run.boards.timesDone(0x0C, "FEFF73780001"), 0);
 }
 
-QTEST_APPLESS_MAIN(LineBoardsTest)
+REGISTER_TEST(LineBoardsTest, NoApplication)
 #include "tst_lineboards.moc"

@@ -39,7 +39,7 @@ LineRig::LineRig(const Setup& setup)
     : m_setup(setup)
     , m_boards(setup.addresses)
     , m_line(optionsOf(setup), {}, m_boards)
-    , m_conversation(setup.tuning)
+    , m_conversation(setup.answerWaitTime, setup.forgivenMisses)
     , m_chance(setup.seed + 1)
 {
 }
@@ -178,7 +178,7 @@ void LineRig::judge(const event::Loss& loss)
 {
     m_lost.insert(loss.hexId);
     ++m_tally.losses;
-    if (failedPollsInARow(addressOf(loss.hexId)) <= m_setup.tuning.disconnectedCount) {
+    if (failedPollsInARow(addressOf(loss.hexId)) <= m_setup.forgivenMisses) {
         ++m_tally.falseLosses;
         complain(QStringLiteral("false loss of %1").arg(loss.hexId), {});
     }
@@ -215,9 +215,7 @@ void LineRig::judgeAnswer(const Command& command, const QByteArray& answer)
     case AnswerShape::Acknowledge:
         if (answer.at(0) == framecodec::kAck &&
             m_boards.timesDone(address, command.request.body) <= command.timesDone) {
-            complain(
-                QStringLiteral("%1 told as done").arg(QString::fromLatin1(command.request.body)),
-                {});
+            ++m_tally.unfoundedAcks;
         }
         return;
     default:

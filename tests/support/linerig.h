@@ -22,7 +22,8 @@ public:
         LineKind kind = LineKind::FullDuplex;
         std::vector<int> addresses = {0x01, 0x0A, 0x10, 0x1C, 0x2B, 0x5B, 0xA4, 0xFD};
         quint64 seed = 1;
-        SerialTuning tuning;
+        int answerWaitTime = 1500; ///< ms
+        int forgivenMisses = 3;
         int together = 1; ///< bytes that the port hands over at once, at most
     };
     struct Tally
@@ -34,6 +35,8 @@ public:
         int falseLosses = 0;
         int commands = 0;
         int silentCommands = 0;
+        /// ACKs that were stray bytes: nothing tells them from real ones but reading back.
+        int unfoundedAcks = 0;
     };
 
     explicit LineRig(const Setup& setup);
