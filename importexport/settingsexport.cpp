@@ -83,17 +83,17 @@ void SettingsExport::flushFile()
 }
 
 void SettingsExport::processExportDeviceSettings(const QString& hexId, int command,
-                                                 const QByteArray& answer)
+                                                 const Reply& reply)
 {
     Entry& entry = entryOf(hexId);
-    entry.isSilent = entry.isSilent || answer.isEmpty();
+    entry.isSilent = entry.isSilent || reply.kind() == Reply::Kind::Silent;
     if (command == kSettingsCommand) {
-        const std::optional<LdbSettings> settings = decodeLdbSettings(answer);
+        const std::optional<LdbSettings> settings = decodeLdbSettings(reply.answer());
         if (settings && busaddress::toHexId(settings->address) == hexId) {
             entry.settings = settings;
         }
     } else if (command == kFirmwareCommand) {
-        entry.firmwareId = decodeFirmwareId(answer).value_or(QString());
+        entry.firmwareId = decodeFirmwareId(reply.answer()).value_or(QString());
     }
     emit progressChanged(m_batch.commandsLeft(), m_batch.commandCount());
 }

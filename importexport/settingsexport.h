@@ -49,7 +49,7 @@ private:
     };
 
     bool openFile(const QString& filePath);
-    void processExportDeviceSettings(const QString& hexId, int command, const QByteArray& answer);
+    void processExportDeviceSettings(const QString& hexId, int command, const Reply& reply);
     void processLdbDone(const QString& hexId);
     void writeEntriesInTurn();
     void writeEntry(const Entry& entry);

@@ -128,12 +128,11 @@ void SettingsImport::noteMissingLines(const std::vector<DeviceSettingsLine>& lin
     }
 }
 
-void SettingsImport::processImportProgress(const QString& hexId, int command,
-                                           const QByteArray& answer)
+void SettingsImport::processImportProgress(const QString& hexId, int command, const Reply& reply)
 {
-    const CommandReply reply = commandReply(answer);
-    if (reply != CommandReply::Accepted) {
-        const QString how = reply == CommandReply::Refused ? tr("%1 refused") : tr("%1 unanswered");
+    if (!reply.isAccepted()) {
+        const QString how =
+            reply.kind() == Reply::Kind::Silent ? tr("%1 unanswered") : tr("%1 refused");
         m_ldbs[hexId].notWritten.append(how.arg(commandTitle(command)));
     }
     emit progressChanged(m_batch.commandsLeft(), m_batch.commandCount());

@@ -55,7 +55,7 @@ private:
     void takeLine(const DeviceSettingsLine& line);
     void processImportDeviceSettings(const DeviceSettingsLine& line);
     void noteMissingLines(const std::vector<DeviceSettingsLine>& lines);
-    void processImportProgress(const QString& hexId, int command, const QByteArray& answer);
+    void processImportProgress(const QString& hexId, int command, const Reply& reply);
     void processLdbDone(const QString& hexId);
     void abort();
     void finish();

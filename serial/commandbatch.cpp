@@ -1,6 +1,5 @@
 #include "serial/commandbatch.h"
 
-#include "serial/framecodec.h"
 #include "serial/seriallink.h"
 
 #include <QThread>
@@ -8,55 +7,6 @@
 
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-/// Tells its batch the answer, or that the command was destroyed without one, which happens only
-/// when its run has ended. Always through the event loop.
-class BatchObserver : public ISerialCommand::Observer
-{
-public:
-    template <typename Answered, typename Dropped>
-    BatchObserver(CommandBatch* batch, Answered answered, Dropped dropped)
-    {
-        QObject::connect(&m_answered, &AnswerRelay::answered, batch, answered,
-                         Qt::QueuedConnection);
-        QObject::connect(&m_dropped, &AnswerRelay::answered, batch, dropped, Qt::QueuedConnection);
-        // The relays die in whatever thread their command dies in, so they belong to none.
-        m_answered.moveToThread(nullptr);
-        m_dropped.moveToThread(nullptr);
-    }
-    ~BatchObserver() override
-    {
-        if (!m_called) {
-            emit m_dropped.answered({});
-        }
-    }
-    BatchObserver(const BatchObserver&) = delete;
-    BatchObserver& operator=(const BatchObserver&) = delete;
-
-    void call(QByteArray answer) override
-    {
-        m_called = true;
-        emit m_answered.answered(answer);
-    }
-
-private:
-    AnswerRelay m_answered;
-    AnswerRelay m_dropped;
-    bool m_called = false;
-};
-
-} // namespace
-
-CommandReply commandReply(const QByteArray& answer)
-{
-    if (answer.isEmpty()) {
-        return CommandReply::Silent;
-    }
-    const bool isAcknowledged = answer.size() == 1 && answer.at(0) == framecodec::kAck;
-    return isAcknowledged ? CommandReply::Accepted : CommandReply::Refused;
-}
 
 CommandBatch::CommandBatch(SerialLink* link, int ldbsAhead, QObject* parent)
     : QObject(parent)
@@ -113,14 +63,14 @@ void CommandBatch::post(std::size_t index, SerialLink& link)
     auto commands = std::move(m_ldbs[index].commands);
     int number = 0;
     for (auto& command : commands) {
-        command->addObserver(std::make_unique<BatchObserver>(
-            this,
-            [this, index, number](const QByteArray& answer) {
-                processAnswer(index, number, answer);
-            },
-            [this] { abort(); }));
+        link.ask(std::move(command), this, [this, index, number](const Reply& reply) {
+            if (reply.kind() == Reply::Kind::Unsent) {
+                abort();
+            } else {
+                processReply(index, number, reply);
+            }
+        });
         ++number;
-        link.post(std::move(command));
     }
 }
 
@@ -128,11 +78,12 @@ void CommandBatch::answerWithNothing(std::size_t index)
 {
     // Told from the event loop like any other answer.
     for (int number = 0; number < m_ldbs[index].left; ++number) {
-        QTimer::singleShot(0, this, [this, index, number] { processAnswer(index, number, {}); });
+        QTimer::singleShot(
+            0, this, [this, index, number] { processReply(index, number, Reply(QByteArray())); });
     }
 }
 
-void CommandBatch::processAnswer(std::size_t index, int command, const QByteArray& answer)
+void CommandBatch::processReply(std::size_t index, int command, const Reply& reply)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     if (!m_running) {
@@ -142,7 +93,7 @@ void CommandBatch::processAnswer(std::size_t index, int command, const QByteArra
     const QString hexId = m_ldbs[index].hexId;
     const bool isLast = --m_ldbs[index].left == 0;
     --m_commandsLeft;
-    emit answered(hexId, command, answer);
+    emit answered(hexId, command, reply);
     if (!alive || !isLast) {
         return;
     }

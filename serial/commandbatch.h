@@ -11,17 +11,6 @@
 
 class SerialLink;
 
-/// What an LDB said to a command that it can accept or refuse.
-enum class CommandReply
-{
-    Accepted,
-    Refused, ///< or answered with anything but an acknowledgement
-    Silent   ///< given up after the last transmission, or never sent
-};
-
-/// Reads the answer that a write or an action got.
-CommandReply commandReply(const QByteArray& answer);
-
 /// Commands for a number of LDBs, sent LDB by LDB, with every answer told. Only a few LDBs'
 /// commands wait at the processor at a time: other users of the bus get their turn between them,
 /// and what is left can still be called off by destroying the batch. An LDB's commands are handed
@@ -49,10 +38,10 @@ public:
     int commandsLeft() const { return m_commandsLeft; }
 
 signals:
-    /// One command's answer, as an observer gets it. An LDB that is lost when its turn comes is
-    /// not asked; it answers everything with nothing. `command` counts from 0 in the LDB's own
+    /// One command's reply. An LDB that is lost when its turn comes is
+    /// not asked; it is silent to everything. `command` counts from 0 in the LDB's own
     /// commands.
-    void answered(const QString& hexId, int command, const QByteArray& answer);
+    void answered(const QString& hexId, int command, const Reply& reply);
     /// All of an LDB's commands have been answered.
     void ldbDone(const QString& hexId);
     /// The last answer has come.
@@ -71,7 +60,7 @@ private:
     void fill();
     void post(std::size_t index, SerialLink& link);
     void answerWithNothing(std::size_t index);
-    void processAnswer(std::size_t index, int command, const QByteArray& answer);
+    void processReply(std::size_t index, int command, const Reply& reply);
     void finish();
     void abort();
 

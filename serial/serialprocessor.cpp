@@ -27,7 +27,6 @@ SerialProcessor::~SerialProcessor() = default;
 bool SerialProcessor::start()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    ++m_run;
     initializeVariables();
     m_timer = std::make_unique<QTimer>();
     m_timer->setSingleShot(true);
@@ -51,10 +50,10 @@ bool SerialProcessor::start()
 void SerialProcessor::stop()
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    endQueue();
     m_state = State::Stopped;
     m_timer.reset();
     m_port.reset();
-    m_queue.clear();
     emit stopped();
 }
 
@@ -479,15 +478,24 @@ void SerialProcessor::emitDisconnectedRows(const QString& hexId)
                                  LdbStatus::disconnected(), m_roundSeconds, m_roundMilliseconds);
 }
 
+void SerialProcessor::endQueue()
+{
+    // The first one is on the wire: what becomes of it is not known.
+    if (m_state == State::ExternalCommands && !m_queue.isEmpty()) {
+        m_queue.finishFront({});
+    }
+    m_queue.clear();
+}
+
 void SerialProcessor::failPort()
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    endQueue();
     m_state = State::Stopped;
     m_timer->stop();
     const QSerialPort::SerialPortError error = m_port->error();
     const QString description = m_port->errorText();
     m_port->close();
-    m_queue.clear();
     m_log.write(LimitedLog::Kind::PortError,
                 QStringLiteral("Port %1: %2").arg(m_portName, description));
     emit portFailed(m_portName, error, description);

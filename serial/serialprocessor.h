@@ -39,9 +39,6 @@ public:
     /// Only while the worker thread is not running.
     void setPortName(const QString& portName) { m_portName = portName; }
 
-    /// Counts the starts: what was posted for an earlier run is not for this one.
-    int run() const { return m_run; }
-
     // The frame format (see `framecodec`, `hextext`).
     Q_INVOKABLE static quint8 crc8(quint8* buf, uint16_t len) { return framecodec::crc8(buf, len); }
     Q_INVOKABLE static QByteArray intToHex(int number)
@@ -146,11 +143,11 @@ private:
     void countMiss();
     void leavePollingStep(State next);
     void finishExternalCommand(const QByteArray& answer);
+    void endQueue();
     void emitDisconnectedRows(const QString& hexId);
 
     const SerialTuning m_tuning;
     QString m_portName;
-    int m_run = 0;
 
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;

@@ -96,17 +96,12 @@ void LdbSettingsEditor::requestSettings()
     if (m_hexId.isEmpty() || !m_link) {
         return;
     }
-    const auto post = [this](std::unique_ptr<ISerialCommand> command, auto process) {
-        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-            this, [this, hexId = m_hexId, process](const QByteArray& answer) {
-                (this->*process)(hexId, answer);
-            }));
-        m_link->post(std::move(command));
-    };
-    post(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings),
-         &LdbSettingsEditor::processLdbSettings);
-    post(std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId),
-         &LdbSettingsEditor::processFirmwareId);
+    m_link->ask(
+        std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
+        [this, hexId = m_hexId](const Reply& reply) { processLdbSettings(hexId, reply.answer()); });
+    m_link->ask(
+        std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId), this,
+        [this, hexId = m_hexId](const Reply& reply) { processFirmwareId(hexId, reply.answer()); });
 }
 
 void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArray& answer)

@@ -62,26 +62,20 @@ void LdbSettingsSaver::save(const QString& hexId, const LdbSettings& settings)
     m_isSecondReading = false;
     m_isWriting = true;
     m_batch = batchOf(settingsCommands(hexId, settings, AudioMuteChange::Written));
-    connect(m_batch.get(), &CommandBatch::answered, this,
-            [this](const QString&, int command, const QByteArray& answer) {
-                processReply(command, answer);
-            });
+    connect(
+        m_batch.get(), &CommandBatch::answered, this,
+        [this](const QString&, int command, const Reply& reply) { processReply(command, reply); });
     connect(m_batch.get(), &CommandBatch::finished, this, &LdbSettingsSaver::processAllWritten);
     connect(m_batch.get(), &CommandBatch::aborted, this, &LdbSettingsSaver::processWritingAborted);
     m_batch->start();
 }
 
-void LdbSettingsSaver::processReply(int command, const QByteArray& answer)
+void LdbSettingsSaver::processReply(int command, const Reply& reply)
 {
-    switch (commandReply(answer)) {
-    case CommandReply::Accepted:
-        break;
-    case CommandReply::Refused:
-        m_notWritten.append(tr("%1 (refused)").arg(commandName(command)));
-        break;
-    case CommandReply::Silent:
-        m_notWritten.append(tr("%1 (no answer)").arg(commandName(command)));
-        break;
+    if (!reply.isAccepted()) {
+        m_notWritten.append(
+            (reply.kind() == Reply::Kind::Silent ? tr("%1 (no answer)") : tr("%1 (refused)"))
+                .arg(commandName(command)));
     }
 }
 
@@ -109,7 +103,7 @@ void LdbSettingsSaver::readRecord()
     commands.push_back(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings));
     m_batch = batchOf(std::move(commands));
     connect(m_batch.get(), &CommandBatch::answered, this,
-            [this](const QString&, int, const QByteArray& answer) { m_recordAnswer = answer; });
+            [this](const QString&, int, const Reply& reply) { m_recordAnswer = reply.answer(); });
     connect(m_batch.get(), &CommandBatch::finished, this,
             [this] { processRecord(m_recordAnswer); });
     connect(m_batch.get(), &CommandBatch::aborted, this, &LdbSettingsSaver::processReadingAborted);

@@ -44,7 +44,7 @@ signals:
     void failed(const QString& text);
 
 private:
-    void processReply(int command, const QByteArray& answer);
+    void processReply(int command, const Reply& reply);
     void processAllWritten();
     void processWritingAborted();
     void readRecord();

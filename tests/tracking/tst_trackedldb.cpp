@@ -115,7 +115,7 @@ void TestTrackedLdb::connectionLost()
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 void TestTrackedLdb::linkMayDieFirst()
@@ -125,7 +125,7 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 QTEST_GUILESS_MAIN(TestTrackedLdb)
