@@ -1,7 +1,7 @@
 #pragma once
 
-#include "views/lamppages.h"
-#include "views/statusindicators.h"
+#include "views/lamps/lamppages.h"
+#include "views/lamps/statusindicators.h"
 
 #include <QList>
 #include <QObject>

@@ -2,8 +2,8 @@
 
 #include "app/applicationsettings.h"
 #include "app/filedialog.h"
-#include "views/filelogger.h"
-#include "views/logfilename.h"
+#include "views/log/filelogger.h"
+#include "views/log/logfilename.h"
 
 #include <QAbstractButton>
 #include <QDateTime>

@@ -16,9 +16,9 @@
 #include "tracking/fimtracking.h"
 #include "tracking/mainwindowplot.h"
 #include "ui_mainwindow.h"
-#include "views/devicedetailtable.h"
-#include "views/deviceoverviewtable.h"
-#include "views/filelogger.h"
+#include "views/log/filelogger.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
 
 #include <QCloseEvent>
 

@@ -18,8 +18,8 @@
 #include "tracking/fimtracking.h"
 #include "tracking/mainwindowplot.h"
 #include "tracking/plot.h"
-#include "views/devicedetailtable.h"
-#include "views/deviceoverviewtable.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
 
 #include <QAbstractButton>
 #include <QApplication>

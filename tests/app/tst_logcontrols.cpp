@@ -4,7 +4,7 @@
 #include "app/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
-#include "views/filelogger.h"
+#include "views/log/filelogger.h"
 
 #include <QAbstractButton>
 #include <QFileDialog>

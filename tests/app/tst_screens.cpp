@@ -2,7 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
-#include "views/proxymodelhierachicalheader.h"
+#include "views/header/proxymodelhierachicalheader.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

@@ -2,8 +2,8 @@
 #include "serial/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
-#include "views/cellcolourrules.h"
-#include "views/cellcolours.h"
+#include "views/tables/cellcolourrules.h"
+#include "views/tables/cellcolours.h"
 
 #include <QSettings>
 

@@ -2,7 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/devicedetailtable.h"
+#include "views/tables/devicedetailtable.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>

@@ -3,7 +3,8 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/deviceoverviewtable.h"
+#include "views/tables/deviceoverviewtable.h"
+#include "views/tables/overviewcolumns.h"
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>

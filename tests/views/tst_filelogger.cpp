@@ -2,8 +2,8 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/filelogger.h"
-#include "views/logfilename.h"
+#include "views/log/filelogger.h"
+#include "views/log/logfilename.h"
 
 #include <QSignalSpy>
 #include <QTextCodec>

@@ -1,6 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/lamplevels.h"
+#include "views/lamps/lamplevels.h"
 
 using records::Codes;
 using records::withCodes;

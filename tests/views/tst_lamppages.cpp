@@ -1,7 +1,7 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/lamppages.h"
+#include "views/lamps/lamppages.h"
 
 #include <QListWidget>
 #include <QSignalSpy>

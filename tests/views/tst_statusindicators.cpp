@@ -2,7 +2,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
 #include "tests/views/records.h"
-#include "views/statusindicators.h"
+#include "views/lamps/statusindicators.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,6 +1,6 @@
-#include "views/overviewrowdelegate.h"
+#include "views/tables/overviewrowdelegate.h"
 
-#include "views/overviewcolumns.h"
+#include "views/tables/overviewcolumns.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/cellcolourrules.h"
+#include "views/tables/cellcolourrules.h"
 
 #include <QColor>
 #include <QStandardItem>

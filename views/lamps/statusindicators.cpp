@@ -1,6 +1,6 @@
-#include "views/statusindicators.h"
+#include "views/lamps/statusindicators.h"
 
-#include "views/lampimage.h"
+#include "views/lamps/lampimage.h"
 
 #include <QLabel>
 #include <QThread>

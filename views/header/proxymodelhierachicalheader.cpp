@@ -1,6 +1,4 @@
-#include "views/proxymodelhierachicalheader.h"
-
-#include "views/overviewcolumns.h"
+#include "views/header/proxymodelhierachicalheader.h"
 
 ProxyModelHierachicalHeader::ProxyModelHierachicalHeader(QObject* parent)
     : QSortFilterProxyModel(parent)
@@ -35,7 +33,7 @@ QVariant ProxyModelHierachicalHeader::data(const QModelIndex& index, int role) c
 
 bool ProxyModelHierachicalHeader::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
-    if (left.column() == overview::ModeColumn && right.column() == overview::ModeColumn) {
+    if (left.column() == m_codeColumn && right.column() == m_codeColumn) {
         bool leftIsCode = false;
         bool rightIsCode = false;
         const int leftCode = left.data(Qt::UserRole).toInt(&leftIsCode);

@@ -1,4 +1,4 @@
-#include "views/cellcolours.h"
+#include "views/tables/cellcolours.h"
 
 #include "serial/generalinformation.h"
 

@@ -1,4 +1,4 @@
-#include "views/lamppages.h"
+#include "views/lamps/lamppages.h"
 
 #include <QListWidget>
 #include <QThread>

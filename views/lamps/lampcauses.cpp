@@ -1,4 +1,4 @@
-#include "views/lampcauses.h"
+#include "views/lamps/lampcauses.h"
 
 #include "serial/generalinformation.h"
 

@@ -1,4 +1,4 @@
-#include "views/cellcolourrules.h"
+#include "views/tables/cellcolourrules.h"
 
 #include "serial/generalinformation.h"
 

@@ -1,4 +1,4 @@
-#include "views/logfilename.h"
+#include "views/log/logfilename.h"
 
 #include <QFileInfo>
 

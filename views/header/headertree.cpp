@@ -1,4 +1,4 @@
-#include "views/headertree.h"
+#include "views/header/headertree.h"
 
 namespace headertree {
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "views/cellcolourrules.h"
-
 #include <QColor>
 #include <QList>
 #include <QMap>
@@ -11,6 +9,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class CellColourRules;
 class QTableView;
 
 /// The record of the selected LDB, one value a row beside its label. Rows are shaded in turn, the
@@ -29,6 +30,7 @@ public:
     /// `view` belongs to the caller and may die first. The tuning file is read and the shades are
     /// taken from the palette here, once.
     explicit DeviceDetailTable(QTableView* view, QObject* parent = nullptr);
+    ~DeviceDetailTable() override;
 
     /// Sets the LDB to show. Another one than before empties the values until its record comes.
     void setCurrentHexId(const QString& hexId);
@@ -56,5 +58,5 @@ private:
     QColor m_baseColour;
     QColor m_alternateColour;
     QColor m_textColour;
-    CellColourRules m_colourRules;
+    std::unique_ptr<const CellColourRules> m_colourRules;
 };

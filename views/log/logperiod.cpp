@@ -1,4 +1,4 @@
-#include "views/logperiod.h"
+#include "views/log/logperiod.h"
 
 bool LogPeriod::admits(int id, std::optional<qint64> time, int interval)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/lampcauses.h"
+#include "views/lamps/lampcauses.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "views/lamplevels.h"
+#include "views/lamps/lamplevels.h"
 
 #include "serial/generalinformation.h"
 #include "serial/ldbstatus.h"

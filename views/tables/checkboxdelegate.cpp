@@ -1,4 +1,4 @@
-#include "views/checkboxdelegate.h"
+#include "views/tables/checkboxdelegate.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "views/lampimage.h"
+#include "views/lamps/lampimage.h"
 
 #include <QGuiApplication>
 #include <QPainter>

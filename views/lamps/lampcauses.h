@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/lamplevels.h"
+#include "views/lamps/lamplevels.h"
 
 #include <QMap>
 #include <QString>

@@ -1,9 +1,13 @@
-#include "views/deviceoverviewtable.h"
+#include "views/tables/deviceoverviewtable.h"
 
-#include "views/cellcolours.h"
-#include "views/checkboxdelegate.h"
-#include "views/hierarchicalheaderview.h"
-#include "views/overviewrowdelegate.h"
+#include "app/shared/constants.h"
+#include "views/header/hierarchicalheaderview.h"
+#include "views/header/proxymodelhierachicalheader.h"
+#include "views/tables/cellcolourrules.h"
+#include "views/tables/cellcolours.h"
+#include "views/tables/checkboxdelegate.h"
+#include "views/tables/overviewcolumns.h"
+#include "views/tables/overviewrowdelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -84,7 +88,7 @@ DeviceOverviewTable::DeviceOverviewTable(QTableView* view, QObject* parent)
 {
     setupTable();
     retranslate();
-    m_colourRules = CellColourRules::fromTuningFile();
+    m_colourRules = std::make_unique<const CellColourRules>(CellColourRules::fromTuningFile());
     connect(&m_model, &QStandardItemModel::dataChanged, this, &DeviceOverviewTable::dataChanged);
 }
 
@@ -94,12 +98,14 @@ void DeviceOverviewTable::setupTable()
 {
     // The columns are there before the first row, so that an empty table shows what it will hold.
     m_model.setColumnCount(overview::ColumnCount);
-    m_proxy.setSourceModel(&m_model);
-    m_proxy.setHorizontalHeaderModel(&m_headerModel);
-    m_proxy.setVerticalHeaderModel(&m_headerModel);
-    m_proxy.addGroupStartColumn(overview::PrimaryVoltageColumn);
-    m_proxy.addGroupStartColumn(overview::SecondaryVoltageColumn);
-    m_view->setModel(&m_proxy);
+    m_proxy = std::make_unique<ProxyModelHierachicalHeader>();
+    m_proxy->setSourceModel(&m_model);
+    m_proxy->setHorizontalHeaderModel(&m_headerModel);
+    m_proxy->setVerticalHeaderModel(&m_headerModel);
+    m_proxy->addGroupStartColumn(overview::PrimaryVoltageColumn);
+    m_proxy->addGroupStartColumn(overview::SecondaryVoltageColumn);
+    m_proxy->setCodeColumn(overview::ModeColumn);
+    m_view->setModel(m_proxy.get());
 
     m_checkBoxDelegate = new CheckBoxDelegate(this);
     m_rowDelegate = new OverviewRowDelegate(this);
@@ -111,7 +117,7 @@ void DeviceOverviewTable::setupTable()
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setWordWrap(false);
     connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        selectLdb(hexIdOf(m_proxy.mapToSource(index).row()));
+        selectLdb(hexIdOf(m_proxy->mapToSource(index).row()));
     });
     m_view->installEventFilter(this);
     setupHeader();
@@ -121,7 +127,7 @@ void DeviceOverviewTable::setupHeader()
 {
     auto* header = new HierarchicalHeaderView(Qt::Horizontal, m_view);
     m_view->setHorizontalHeader(header);
-    header->setGroupStarts(m_proxy.groupStartColumns());
+    header->setGroupStarts(m_proxy->groupStartColumns());
     m_view->verticalHeader()->hide();
     header->show();
 
@@ -275,7 +281,7 @@ void DeviceOverviewTable::fillCell(QStandardItem& item, int recordRow,
                                    const QStringList& entry) const
 {
     cellcolours::update(item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
-    cellcolours::setColour(item, cellcolours::ruleColour(m_colourRules, recordRow, entry));
+    cellcolours::setColour(item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
 }
 
 void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList)
@@ -448,6 +454,6 @@ bool DeviceOverviewTable::tickByKey(const QKeyEvent& key)
     if (!isTickKey(key.key()) || !current.isValid()) {
         return false;
     }
-    selectLdb(hexIdOf(m_proxy.mapToSource(current).row()));
+    selectLdb(hexIdOf(m_proxy->mapToSource(current).row()));
     return true;
 }

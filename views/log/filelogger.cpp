@@ -1,4 +1,4 @@
-#include "views/filelogger.h"
+#include "views/log/filelogger.h"
 
 #include "serial/generalinformation.h"
 

@@ -1,9 +1,5 @@
 #pragma once
 
-#include "views/cellcolourrules.h"
-#include "views/overviewcolumns.h"
-#include "views/proxymodelhierachicalheader.h"
-
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -13,14 +9,17 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 
 class QHeaderView;
 class QKeyEvent;
 class QResizeEvent;
 class QTableView;
 
+class CellColourRules;
 class CheckBoxDelegate;
 class OverviewRowDelegate;
+class ProxyModelHierachicalHeader;
 
 /// The overview of all LDBs: one row each, refreshed with every record, coloured by the rules of
 /// the tuning file. One row is ticked; its LDB is the selected one. GUI thread.
@@ -102,8 +101,8 @@ private:
     QPointer<QWidget> m_headerViewport;
     QStandardItemModel m_model;
     QStandardItemModel m_headerModel;
-    ProxyModelHierachicalHeader m_proxy;
-    CellColourRules m_colourRules;
+    std::unique_ptr<ProxyModelHierachicalHeader> m_proxy;
+    std::unique_ptr<const CellColourRules> m_colourRules;
     CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
     QHash<QString, int> m_rowOfLdb;                 // source rows; they are only ever appended

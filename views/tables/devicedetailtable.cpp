@@ -1,7 +1,8 @@
-#include "views/devicedetailtable.h"
+#include "views/tables/devicedetailtable.h"
 
 #include "serial/generalinformation.h"
-#include "views/cellcolours.h"
+#include "views/tables/cellcolourrules.h"
+#include "views/tables/cellcolours.h"
 
 #include <QHeaderView>
 #include <QPalette>
@@ -24,8 +25,10 @@ DeviceDetailTable::DeviceDetailTable(QTableView* view, QObject* parent)
 {
     setupTable();
     retranslate();
-    m_colourRules = CellColourRules::fromTuningFile();
+    m_colourRules = std::make_unique<const CellColourRules>(CellColourRules::fromTuningFile());
 }
+
+DeviceDetailTable::~DeviceDetailTable() = default;
 
 void DeviceDetailTable::setupTable()
 {
@@ -117,7 +120,7 @@ void DeviceDetailTable::showRecord(const QList<QStringList>& dataList)
         const QStringList entry = dataList.value(row);
         cellcolours::update(value, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
         const QColor colour =
-            hasEntry ? cellcolours::ruleColour(m_colourRules, row, entry) : QColor();
+            hasEntry ? cellcolours::ruleColour(*m_colourRules, row, entry) : QColor();
         if (colour.isValid()) {
             cellcolours::setColour(value, colour);
         } else {

@@ -1,7 +1,7 @@
-#include "views/hierarchicalheaderview.h"
+#include "views/header/hierarchicalheaderview.h"
 
-#include "views/headertree.h"
-#include "views/proxymodelhierachicalheader.h"
+#include "views/header/headertree.h"
+#include "views/header/proxymodelhierachicalheader.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/logperiod.h"
+#include "views/log/logperiod.h"
 
 #include <QFile>
 #include <QList>
