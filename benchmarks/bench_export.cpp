@@ -81,7 +81,7 @@ double exportMs(SerialLink& link, const QString& path)
                          if (status == ImportExportDeviceSettings::ExportFinished) {
                              loop.quit();
                          } else if (status != ImportExportDeviceSettings::ExportStarted) {
-                             qFatal("%s", qPrintable(transfer.failureText()));
+                             qFatal("%s", qPrintable(transfer.failureText()()));
                          }
                      });
     QElapsedTimer timer;
