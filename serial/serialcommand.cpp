@@ -2,6 +2,14 @@
 
 #include "serial/hextext.h"
 
+/// Its connection carries a reply between two threads, and breaks when the receiver dies.
+class ReplyRelay : public QObject
+{
+    Q_OBJECT
+signals:
+    void replied(const Reply& reply);
+};
+
 ISerialCommand::ISerialCommand(const Request& request)
     : m_request(request)
 {
@@ -23,17 +31,27 @@ void ISerialCommand::notify(const QByteArray& answer)
     }
 }
 
-ISerialCommand::ObserverCallable::ObserverCallable(QObject* context,
-                                                   std::function<void(const QByteArray&)> function)
+ISerialCommand::ReplyObserver::ReplyObserver(QObject* context,
+                                             std::function<void(const Reply&)> function)
+    : m_relay(std::make_unique<ReplyRelay>())
 {
-    QObject::connect(&m_relay, &AnswerRelay::answered, context, std::move(function));
-    // The relay dies in whatever thread its command dies in, so it belongs to none.
-    m_relay.moveToThread(nullptr);
+    QObject::connect(m_relay.get(), &ReplyRelay::replied, context, std::move(function),
+                     Qt::QueuedConnection);
+    // It dies in whatever thread its command dies in, so it belongs to none.
+    m_relay->moveToThread(nullptr);
 }
 
-void ISerialCommand::ObserverCallable::call(QByteArray answer)
+ISerialCommand::ReplyObserver::~ReplyObserver()
 {
-    emit m_relay.answered(answer);
+    if (!m_called) {
+        emit m_relay->replied(Reply());
+    }
+}
+
+void ISerialCommand::ReplyObserver::call(QByteArray answer)
+{
+    m_called = true;
+    emit m_relay->replied(Reply(std::move(answer)));
 }
 
 PollCommand::PollCommand(const QString& hexId)
@@ -76,3 +94,5 @@ ExecuteCommand::ExecuteCommand(const QString& hexId, LdbControl control)
                      hextext::fromNumber(static_cast<uint>(control)))
 {
 }
+
+#include "serialcommand.moc"

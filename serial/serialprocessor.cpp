@@ -30,7 +30,6 @@ SerialProcessor::~SerialProcessor() = default;
 bool SerialProcessor::start()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    ++m_run;
     m_commands.clear();
     m_timer = std::make_unique<QTimer>();
     m_timer->setSingleShot(true);

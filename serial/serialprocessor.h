@@ -35,9 +35,6 @@ public:
     /// Only while the worker thread is not running.
     void setPortName(const QString& portName) { m_portName = portName; }
 
-    /// Counts the starts: what was posted for an earlier run is not for this one.
-    int run() const { return m_run; }
-
     // The frame format (see `framecodec`, `hextext`).
     Q_INVOKABLE static quint8 crc8(quint8* buf, uint16_t len) { return framecodec::crc8(buf, len); }
     Q_INVOKABLE static QByteArray intToHex(int number)
@@ -123,7 +120,6 @@ private:
     const SerialTuning m_tuning;
     Conversation m_conversation;
     QString m_portName;
-    int m_run = 0;
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;
     QElapsedTimer m_clock;

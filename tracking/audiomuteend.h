@@ -18,6 +18,8 @@ public:
     /// that the LDB stays muted.
     static void send(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent);
 
+    ~AudioMuteEnd() override;
+
 private:
     AudioMuteEnd(std::shared_ptr<TrackedLdb> ldb, bool wasMuted, QWidget* boxParent);
     void finish(TrackedLdb::Answer answer);

@@ -6,45 +6,20 @@
 
 namespace {
 
-const QByteArray kAck("\x06");
-
-/// Passes on the answer to its command; a command that dies without one counts as unanswered.
-class AnswerWatch : public ISerialCommand::Observer
+TrackedLdb::Answer meaning(const Reply& reply)
 {
-public:
-    AnswerWatch(QObject* context, TrackedLdb::AnswerFunction answered)
-        : m_relay(context, [answered = std::move(answered)](const QByteArray& answer) {
-            answered(meaning(answer));
-        })
-    {
+    switch (reply.kind()) {
+    case Reply::Kind::Accepted:
+        return TrackedLdb::Answer::Accepted;
+    case Reply::Kind::Refused:
+    case Reply::Kind::Answered:
+        return TrackedLdb::Answer::Refused;
+    case Reply::Kind::Silent:
+    case Reply::Kind::Unsent:
+        break;
     }
-    ~AnswerWatch() override
-    {
-        if (!m_called) {
-            m_relay.call({});
-        }
-    }
-    AnswerWatch(const AnswerWatch&) = delete;
-    AnswerWatch& operator=(const AnswerWatch&) = delete;
-
-    void call(QByteArray answer) override
-    {
-        m_called = true;
-        m_relay.call(std::move(answer));
-    }
-
-private:
-    static TrackedLdb::Answer meaning(const QByteArray& answer)
-    {
-        if (answer.isEmpty()) {
-            return TrackedLdb::Answer::None;
-        }
-        return answer == kAck ? TrackedLdb::Answer::Accepted : TrackedLdb::Answer::Refused;
-    }
-
-    ISerialCommand::ObserverCallable m_relay;
-    bool m_called = false;
-};
+    return TrackedLdb::Answer::None;
+}
 
 std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
 {
@@ -73,7 +48,9 @@ TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
 void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
 {
     auto serialCommand = createCommand(m_hexId, command);
-    serialCommand->addObserver(std::make_unique<AnswerWatch>(context, std::move(answered)));
+    serialCommand->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(
+        context,
+        [answered = std::move(answered)](const Reply& reply) { answered(meaning(reply)); }));
     post(std::move(serialCommand));
 }
 

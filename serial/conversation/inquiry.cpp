@@ -185,8 +185,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
 {
     const bool fits = hasShape(body, m_request.answer);
     const bool isSettings = m_request.answer == AnswerShape::Settings;
-    if (fits && isSettings &&
-        decodeLdbSettings(body)->address != m_request.hexId.toInt(nullptr, 16)) {
+    if (fits && isSettings && !decodeLdbSettings(body, m_request.hexId)) {
         note(QStringLiteral("another LDB's settings dropped"));
         noteLate(now);
         m_hearing.setAside();

@@ -116,7 +116,7 @@ void TestTrackedLdb::connectionLost()
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 void TestTrackedLdb::linkMayDieFirst()
@@ -126,7 +126,7 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 REGISTER_TEST(TestTrackedLdb, QCoreApplication)

@@ -6,7 +6,7 @@
 
 #include <array>
 
-/// The settings that the editor shows, one by one.
+/// The settings that a user can change, one by one.
 enum class LdbField
 {
     Name,
@@ -39,3 +39,4 @@ QString fieldValue(LdbField field, const LdbSettings& settings);
 
 /// What one written parameter holds; the flags travel together.
 QString parameterName(LdbParameter parameter);
+LdbParameter parameterOf(LdbField field);

@@ -1,4 +1,4 @@
-#include "app/settingseditor/ldbsettingsfields.h"
+#include "importexport/ldbfields.h"
 
 #include <QCoreApplication>
 
@@ -6,7 +6,7 @@ namespace {
 
 class Texts
 {
-    Q_DECLARE_TR_FUNCTIONS(LdbSettingsFields)
+    Q_DECLARE_TR_FUNCTIONS(LdbFields)
 };
 
 /// Calls `visit` with the member that holds the field.
@@ -108,4 +108,20 @@ QString parameterName(LdbParameter parameter)
         break;
     }
     return {};
+}
+
+LdbParameter parameterOf(LdbField field)
+{
+    switch (field) {
+    case LdbField::Name:
+        return LdbParameter::Name;
+    case LdbField::NumberOfFims:
+        return LdbParameter::NumberOfFims;
+    case LdbField::OpenDetectionDelay:
+        return LdbParameter::OpenDetectionDelay;
+    case LdbField::AudioMute:
+        return LdbParameter::AudioMute;
+    default:
+        return LdbParameter::Flags;
+    }
 }
