@@ -47,7 +47,7 @@ private:
 Simulation::Options unpaced()
 {
     Simulation::Options options;
-    options.pace = PacedLine::Pace::Unpaced;
+    options.pace = Simulation::Pace::Unpaced;
     return options;
 }
 
