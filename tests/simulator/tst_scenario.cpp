@@ -261,7 +261,7 @@ void ScenarioTest::changesOneAdversaryAtATime()
     expected.lateAnswers = 14;
     QVERIFY(adversaries == expected);
     for (const char* off : {"flips off", "losses off", "bad-bus off", "late-answers off",
-                            "late-answers off", "stray off", "stalls off", "vanishing off"}) {
+                            "stray off", "stalls off", "vanishing off"}) {
         QVERIFY2(say(off), off);
     }
     Adversaries none;
