@@ -120,7 +120,7 @@ bool benchExport()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("export.csv"));
-    const Installation installation(fullScenario(), PacedLine::Pace::Unpaced);
+    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
     SerialLink link;
     link.setPortName(installation.portName());
     link.start();
