@@ -61,7 +61,7 @@ void ModelLdb::setHoldingCommands(bool holding)
     m_held.clear();
 }
 
-int ModelLdb::now() const
+qint64 ModelLdb::now() const
 {
     return m_clock.interval() - m_clock.remainingTime();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/simulatedldb.h"
-#include "tracking/trackedldb.h"
+#include "tracking/faultfinding/trackedldb.h"
 
 #include <QTimer>
 
@@ -48,6 +48,7 @@ public:
 
     static QString address() { return QStringLiteral("0A"); }
 
+    qint64 now() const override;
     bool isReachable() const override { return m_reachable; }
     void setPolledAlone(bool alone) override { m_polledAlone = alone; }
     bool isPolledAlone() const { return m_polledAlone; }
@@ -71,8 +72,6 @@ protected:
     void post(std::unique_ptr<ISerialCommand> command) override;
 
 private:
-    int now() const;
-
     SimulatedLdb m_board;
     QTimer m_clock;
     QTimer m_reportTimer;

@@ -4,10 +4,12 @@
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/disconnectsecondaryportdialog.h"
-#include "tracking/fimtracking.h"
-#include "tracking/plot.h"
-#include "tracking/sidepanel.h"
+#include "tracking/faultfinding/alarmsound.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/faultfinding/sidepanel.h"
+#include "tracking/faultfinding/startquestions.h"
+#include "tracking/faultfinding/trackingtexts.h"
+#include "tracking/plot/plot.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -177,6 +179,7 @@ private slots:
     void closingTellsOfAnLdbThatStaysMuted();
     void runsAgain();
     void withoutAConnection();
+    void loopResults();
 };
 
 void TestFimTracking::opensOverItsParentAndAsks()
@@ -607,6 +610,25 @@ void TestFimTracking::withoutAConnection()
     bench.choose();
     QVERIFY(!bench.startButton()->isChecked());
     QCOMPARE(bench.label("noticeLabel"), QStringLiteral("The connection is lost."));
+}
+
+void TestFimTracking::loopResults()
+{
+    constexpr SideEnd kConnected = SideEnd::Connected;
+    constexpr SideEnd kOpen = SideEnd::Open;
+    constexpr SideEnd kShort = SideEnd::Short;
+    const auto text = [](SideEnd primary, SideEnd secondary) {
+        return trackingtexts::loopResult(loopResult(primary, secondary));
+    };
+    QCOMPARE(text(kConnected, kConnected), "Loop is connected");
+    QCOMPARE(text(kOpen, kConnected), "Primary side open detected");
+    QCOMPARE(text(kShort, kConnected), "Primary side short detected");
+    QCOMPARE(text(kConnected, kOpen), "Secondary side open detected");
+    QCOMPARE(text(kOpen, kOpen), "Both sides open detected");
+    QCOMPARE(text(kShort, kOpen), "Primary side short detected and Secondary side open detected.");
+    QCOMPARE(text(kConnected, kShort), "Secondary side short detected");
+    QCOMPARE(text(kOpen, kShort), "Primary side open detected and Secondary side short detected.");
+    QCOMPARE(text(kShort, kShort), "Both sides short detected");
 }
 
 int main(int argc, char* argv[])

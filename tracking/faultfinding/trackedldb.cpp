@@ -1,0 +1,167 @@
+#include "tracking/faultfinding/trackedldb.h"
+
+#include "serial/seriallink.h"
+#include "tracking/faultfinding/trackingtexts.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace {
+
+const QByteArray kAck("\x06");
+
+/// Passes on the answer to its command; a command that dies without one counts as unanswered.
+class AnswerWatch : public ISerialCommand::Observer
+{
+public:
+    AnswerWatch(QObject* context, TrackedLdb::AnswerFunction answered)
+        : m_relay(context, [answered = std::move(answered)](const QByteArray& answer) {
+            answered(meaning(answer));
+        })
+    {
+    }
+    ~AnswerWatch() override
+    {
+        if (!m_called) {
+            m_relay.call({});
+        }
+    }
+    AnswerWatch(const AnswerWatch&) = delete;
+    AnswerWatch& operator=(const AnswerWatch&) = delete;
+
+    void call(QByteArray answer) override
+    {
+        m_called = true;
+        m_relay.call(std::move(answer));
+    }
+
+private:
+    static TrackedLdb::Answer meaning(const QByteArray& answer)
+    {
+        if (answer.isEmpty()) {
+            return TrackedLdb::Answer::None;
+        }
+        return answer == kAck ? TrackedLdb::Answer::Accepted : TrackedLdb::Answer::Refused;
+    }
+
+    ISerialCommand::ObserverCallable m_relay;
+    bool m_called = false;
+};
+
+std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
+{
+    switch (command) {
+    case TrackedLdb::Command::FactoryReset:
+        return std::make_unique<ExecuteCommand>(hexId, LdbControl::FactoryReset);
+    case TrackedLdb::Command::LdbReset:
+        return std::make_unique<ExecuteCommand>(hexId, LdbControl::LdbReset);
+    case TrackedLdb::Command::MuteAudio:
+        return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute,
+                                               encodeAudioMute(true));
+    case TrackedLdb::Command::EndAudioMute:
+        break;
+    }
+    return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute, encodeAudioMute(false));
+}
+
+/// Waits for the end of an audio mute; owned by the application until it deletes itself.
+class AudioMuteEnd : public QObject
+{
+public:
+    AudioMuteEnd(std::shared_ptr<TrackedLdb> ldb, bool wasMuted, QWidget* boxParent)
+        : QObject(QCoreApplication::instance())
+        , m_ldb(std::move(ldb))
+        , m_wasMuted(wasMuted)
+        , m_boxParent(boxParent)
+    {
+        // A command that waits for a connection which is gone may wait for long.
+        connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
+                [this] { finish(TrackedLdb::Answer::None); });
+    }
+
+    void finish(TrackedLdb::Answer answer)
+    {
+        if (std::exchange(m_finished, true)) {
+            return;
+        }
+        if (answer != TrackedLdb::Answer::Accepted && m_wasMuted) {
+            tellStillMuted();
+        }
+        deleteLater();
+    }
+
+private:
+    void tellStillMuted() const
+    {
+        qWarning() << "The audio mute of LDB" << m_ldb->hexId() << "could not be ended";
+        if (!m_boxParent || !m_boxParent->isVisible()) {
+            return; // the program is closing
+        }
+        auto* box = new QMessageBox(
+            QMessageBox::Warning, QCoreApplication::translate("FimTracking", "Attention"),
+            trackingtexts::staysMuted(m_ldb->hexId()), QMessageBox::Ok, m_boxParent);
+        box->setObjectName(QStringLiteral("stillMutedBox"));
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->open();
+    }
+
+    const std::shared_ptr<TrackedLdb> m_ldb;
+    const bool m_wasMuted;
+    const QPointer<QWidget> m_boxParent;
+    bool m_finished = false;
+};
+
+} // namespace
+
+TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
+    : QObject(parent)
+    , m_hexId(hexId)
+{
+}
+
+void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
+{
+    auto serialCommand = createCommand(m_hexId, command);
+    serialCommand->addObserver(std::make_unique<AnswerWatch>(context, std::move(answered)));
+    post(std::move(serialCommand));
+}
+
+SerialTrackedLdb::SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent)
+    : TrackedLdb(hexId, parent)
+    , m_link(link)
+{
+    m_clock.start();
+    connect(link, &SerialLink::generalInformationUpdated, this,
+            &TrackedLdb::generalInformationUpdated);
+    connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
+    connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
+}
+
+bool SerialTrackedLdb::isReachable() const
+{
+    return m_link && m_link->isRunning();
+}
+
+void SerialTrackedLdb::setPolledAlone(bool alone)
+{
+    if (m_link) {
+        m_link->pollOnly(alone ? hexId() : QString());
+    }
+}
+
+void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
+{
+    if (m_link) {
+        m_link->post(std::move(command));
+    }
+}
+
+void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent)
+{
+    auto* end = new AudioMuteEnd(ldb, wasMuted, boxParent);
+    ldb->send(TrackedLdb::Command::EndAudioMute, end,
+              [end](TrackedLdb::Answer answer) { end->finish(answer); });
+}
