@@ -1,7 +1,6 @@
 #include "app/mainwindow.h"
 
 #include "app/help/manualwindow.h"
-#include "app/lamppanel.h"
 #include "app/ldbactions.h"
 #include "app/logcontrols.h"
 #include "app/logreports.h"
@@ -16,6 +15,7 @@
 #include "tracking/faultfinding/fimtracking.h"
 #include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"
+#include "views/lamps/lamppanel.h"
 #include "views/log/filelogger.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"

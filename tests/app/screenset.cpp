@@ -1,7 +1,6 @@
 #include "tests/app/screenset.h"
 
 #include "app/help/manualwindow.h"
-#include "app/lamppanel.h"
 #include "app/mainwindow.h"
 #include "app/portfailure.h"
 #include "app/settings/aboutdialog.h"
@@ -18,6 +17,7 @@
 #include "tracking/faultfinding/startquestions.h"
 #include "tracking/plot/mainwindowplot.h"
 #include "tracking/plot/plot.h"
+#include "views/lamps/lamppanel.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
 

@@ -2,7 +2,6 @@
 #include "serial/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
-#include "views/tables/cellcolourrules.h"
 #include "views/tables/cellcolours.h"
 
 #include <QSettings>

@@ -3,7 +3,6 @@
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
 #include "views/log/filelogger.h"
-#include "views/log/logfilename.h"
 
 #include <QSignalSpy>
 #include <QTextCodec>

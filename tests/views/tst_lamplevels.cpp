@@ -1,6 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/views/records.h"
-#include "views/lamps/lamplevels.h"
+#include "views/lamps/lampcondition.h"
 
 using records::Codes;
 using records::withCodes;

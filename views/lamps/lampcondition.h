@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -37,14 +38,9 @@ private:
     std::array<LampLevel, kLamps.size()> m_levels{};
 };
 
-/// What a code alone does to its lamp; the codes are those of the general-information rows. Codes
-/// that no board should report raise nothing.
-LampLevel loopLevel(int loopCode);
-LampLevel amplifierLevel(int amplifierCode);
-LampLevel earthLevel(int earthCode);
-
-/// The lamps that one record raises, and how far. Missing rows raise nothing. This is the only
-/// place that decides it: the lamps and the pages that name a lamp's causes must never disagree.
+/// The lamps that one record raises, and how far. Missing rows raise nothing. Codes
+/// that no board should report raise nothing. This is the only place that decides it: the lamps and
+/// the pages that name a lamp's causes must never disagree.
 LampLevels lampLevels(const QList<QStringList>& dataList);
 
 /// Folds the records of all LDBs into the levels of one polling round.
@@ -62,4 +58,34 @@ public:
 private:
     std::optional<QString> m_cycleStartHexId;
     LampLevels m_levels;
+};
+
+/// Why an LDB raises a lamp.
+struct LampCause
+{
+    QString name;      ///< the LDB's own name, may be empty
+    QString condition; ///< in the language the record was made in
+
+    bool operator==(const LampCause& other) const
+    {
+        return name == other.name && condition == other.condition;
+    }
+    bool operator!=(const LampCause& other) const { return !(*this == other); }
+};
+
+/// For each lamp the LDBs that raise it now, that is by their latest record.
+class LampCauses
+{
+public:
+    using ByHexId = QMap<QString, LampCause>;
+
+    /// Takes an LDB's record in place of its former one; gives the lamps whose causes changed.
+    QList<Lamp> update(const QString& hexId, const QList<QStringList>& dataList);
+    void clear();
+
+    /// A lamp's causes in the order of the addresses.
+    const ByHexId& of(Lamp lamp) const { return m_causes[static_cast<std::size_t>(lamp)]; }
+
+private:
+    std::array<ByHexId, kLamps.size()> m_causes;
 };

@@ -1,7 +1,9 @@
-#include "views/lamps/lamplevels.h"
+#include "views/lamps/lampcondition.h"
 
 #include "serial/generalinformation.h"
 #include "serial/ldbstatus.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <utility>
@@ -31,21 +33,6 @@ LampLevel levelOf(int code, const std::array<int, MajorCount>& majorCodes,
     return contains(minorCodes, code) ? LampLevel::Minor : LampLevel::None;
 }
 
-} // namespace
-
-void LampLevels::raise(Lamp lamp, LampLevel level)
-{
-    LampLevel& current = m_levels[static_cast<std::size_t>(lamp)];
-    current = std::max(current, level);
-}
-
-void LampLevels::raise(const LampLevels& other)
-{
-    for (const Lamp lamp : kLamps) {
-        raise(lamp, other.of(lamp));
-    }
-}
-
 LampLevel loopLevel(int loopCode)
 {
     return levelOf(loopCode, kMajorLoopCodes, kMinorLoopCodes);
@@ -66,6 +53,46 @@ LampLevel amplifierLevel(int amplifierCode)
 LampLevel earthLevel(int earthCode)
 {
     return levelOf(earthCode, kMajorEarthCodes, kMinorEarthCodes);
+}
+
+/// What the record says of the lamp; only asked for a lamp that the record raises.
+QString condition(Lamp lamp, const QList<QStringList>& dataList)
+{
+    using namespace generalinformation;
+
+    switch (lamp) {
+    case Lamp::A:
+    case Lamp::D:
+        return text(dataList, ModeRow);
+    case Lamp::B:
+        return text(dataList, EarthRow);
+    case Lamp::C:
+        break;
+    }
+    QStringList parts;
+    if (loopLevel(integer(dataList, LoopRow)) != LampLevel::None) {
+        parts << text(dataList, LoopRow);
+    }
+    if (amplifierLevel(integer(dataList, AmplifierRow)) != LampLevel::None) {
+        parts << QCoreApplication::translate("LampCauses", "Amplifier: %1")
+                     .arg(text(dataList, AmplifierRow));
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+void LampLevels::raise(Lamp lamp, LampLevel level)
+{
+    LampLevel& current = m_levels[static_cast<std::size_t>(lamp)];
+    current = std::max(current, level);
+}
+
+void LampLevels::raise(const LampLevels& other)
+{
+    for (const Lamp lamp : kLamps) {
+        raise(lamp, other.of(lamp));
+    }
 }
 
 LampLevels lampLevels(const QList<QStringList>& dataList)
@@ -100,4 +127,33 @@ std::optional<LampLevels> BusCondition::add(const QString& hexId,
         return std::nullopt;
     }
     return std::exchange(m_levels, LampLevels());
+}
+
+QList<Lamp> LampCauses::update(const QString& hexId, const QList<QStringList>& dataList)
+{
+    const LampLevels levels = lampLevels(dataList);
+    QList<Lamp> changed;
+    for (const Lamp lamp : kLamps) {
+        ByHexId& causes = m_causes[static_cast<std::size_t>(lamp)];
+        if (levels.of(lamp) == LampLevel::None) {
+            if (causes.remove(hexId) > 0) {
+                changed << lamp;
+            }
+            continue;
+        }
+        const LampCause cause{
+            generalinformation::text(dataList, generalinformation::NameRow).simplified(),
+            condition(lamp, dataList)};
+        const auto known = causes.constFind(hexId);
+        if (known == causes.constEnd() || *known != cause) {
+            causes.insert(hexId, cause);
+            changed << lamp;
+        }
+    }
+    return changed;
+}
+
+void LampCauses::clear()
+{
+    m_causes = {};
 }
