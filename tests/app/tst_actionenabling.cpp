@@ -1,5 +1,6 @@
 #include "app/actionenabling.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LinkSituation)
 
@@ -75,6 +76,6 @@ void TestActionEnabling::situations()
     QTEST(letters(enabledControls(situation)), "enabled");
 }
 
-QTEST_APPLESS_MAIN(TestActionEnabling)
+REGISTER_TEST(TestActionEnabling, NoApplication)
 
 #include "tst_actionenabling.moc"

@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "views/log/filelogger.h"
 
 #include <QAbstractButton>
@@ -174,6 +175,6 @@ void TestLogControls::browseFillsPath()
     QCOMPARE(group.path.text(), sandbox.path(QStringLiteral("chosen.csv")));
 }
 
-QTEST_MAIN(TestLogControls)
+REGISTER_TEST(TestLogControls, QApplication)
 
 #include "tst_logcontrols.moc"

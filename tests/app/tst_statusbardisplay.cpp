@@ -1,5 +1,6 @@
 #include "app/statusbardisplay.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -87,6 +88,6 @@ void TestStatusBarDisplay::messageIsSaidAgain()
     QCOMPARE(m_bar->currentMessage(), QString());
 }
 
-QTEST_MAIN(TestStatusBarDisplay)
+REGISTER_TEST(TestStatusBarDisplay, QApplication)
 
 #include "tst_statusbardisplay.moc"

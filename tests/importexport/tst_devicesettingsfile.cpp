@@ -1,6 +1,7 @@
 #include "importexport/devicesettingsfile.h"
 #include "importexport/settingscsv.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QTextCodec>
 
@@ -12,7 +13,7 @@ const QByteArray kGoodLine("10;Hall;1;1;10;0;1;0;1;20;LDB 1.07");
 QString summary(const DeviceSettingsLine& line)
 {
     if (!line.settings) {
-        return QStringLiteral("wrong: ") + line.error;
+        return QStringLiteral("wrong: ") + line.error();
     }
     const LdbSettings& s = *line.settings;
     QString flags;
@@ -177,7 +178,7 @@ void TestDeviceSettingsFile::readsGoodLines()
     const auto read = DeviceSettingsFile::readLine(line, 1);
     QVERIFY(read.has_value());
     QCOMPARE(summary(*read), expected);
-    QCOMPARE(read->error, QString());
+    QVERIFY(!read->error);
     QCOMPARE(read->settings->address, read->address);
 }
 
@@ -228,7 +229,7 @@ void TestDeviceSettingsFile::refusesWrongLines()
     const auto read = DeviceSettingsFile::readLine(line, 1);
     QVERIFY(read.has_value());
     QVERIFY(!read->settings.has_value());
-    QCOMPARE(read->error, error);
+    QCOMPARE(read->error(), error);
 }
 
 void TestDeviceSettingsFile::readsWholeFiles_data()
@@ -275,5 +276,5 @@ void TestDeviceSettingsFile::readsWholeFiles()
     QCOMPARE(summaries(content), expected);
 }
 
-QTEST_GUILESS_MAIN(TestDeviceSettingsFile)
+REGISTER_TEST(TestDeviceSettingsFile, QCoreApplication)
 #include "tst_devicesettingsfile.moc"

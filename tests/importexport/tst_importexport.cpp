@@ -4,6 +4,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/settingsbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -137,6 +138,7 @@ private slots:
     void importEndsOnce();
     void importReportsEachCommand_data();
     void importReportsEachCommand();
+    void importReadsBackAfterSilence();
     void importGoesOnAfterARefusal();
     void endsWhenTheLinkStops_data();
     void endsWhenTheLinkStops();
@@ -275,9 +277,9 @@ void TestImportExport::failsAtOnce()
              isImport ? (QList<Status>{Status::ImportStarted, Status::ImportFailed})
                       : (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
     QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(failure))
-                 .match(operation.job->failureText())
+                 .match(operation.job->failureText()())
                  .hasMatch(),
-             qPrintable(operation.job->failureText()));
+             qPrintable(operation.job->failureText()()));
     // A file that cannot be written anew is left as it was.
     QCOMPARE(Sandbox::readFile(present), line("1", "A"));
 }
@@ -396,12 +398,14 @@ void TestImportExport::importReportsEachCommand_data()
                            << QStringLiteral("Line 1: ID 1 (read as 1 hexadecimal, address 1): ") +
                                   QString::fromLatin1(failure);
     };
-    row("flags refused", "736314", kNak, "the 0/1 columns refused");
-    row("store refused", "737806", kNak, "storing the settings refused");
+    row("flags refused", "736314", kNak,
+        "not written: fault output, detection and service mode switches (refused)");
+    row("store refused", "737806", kNak, "not written: storing (refused)");
     row("name answered with a status", "736302", ScriptedBus::framed(ScriptedBus::status()),
-        "Device Name refused");
-    row("name unanswered", "736302", kSilence, "Device Name unanswered");
-    row("store unanswered", "737806", kSilence, "storing the settings unanswered");
+        "not written: Name (refused)");
+    row("name unanswered", "736302", kSilence,
+        "not written: Name (no answer); the LDB reports other values than written: Name (LDB 01)");
+    row("store unanswered", "737806", kSilence, "not written: storing (no answer)");
 }
 
 void TestImportExport::importReportsEachCommand()
@@ -417,6 +421,22 @@ void TestImportExport::importReportsEachCommand()
     QCOMPARE(operation.job->failures(), QStringList{failure});
 }
 
+void TestImportExport::importReadsBackAfterSilence()
+{
+    Operation operation({QStringLiteral("01")});
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        if (isRequest(body, "01", "736303")) { // taken over, and the acknowledgement is lost
+            operation.bus.settingsOf(QStringLiteral("01")).replace(52, 4, "1E00");
+            return kSilence;
+        }
+        return std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(line("1", "A")));
+    QCOMPARE(operation.job->failures(), QStringList());
+    QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
+}
+
 void TestImportExport::importGoesOnAfterARefusal()
 {
     Operation operation({QStringLiteral("01"), QStringLiteral("10")});
@@ -426,9 +446,9 @@ void TestImportExport::importGoesOnAfterARefusal()
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
     QCOMPARE(operation.job->failures(),
              QStringList{QStringLiteral(
-                 "Line 1: ID 1 (read as 1 hexadecimal, address 1): Device Name refused, "
-                 "the 0/1 columns refused, Open Detection Delay refused, "
-                 "Number of FIM's refused, storing the settings refused")});
+                 "Line 1: ID 1 (read as 1 hexadecimal, address 1): not written: Name (refused), "
+                 "fault output, detection and service mode switches (refused), "
+                 "Open Detection Delay (refused), Number of FIM's (refused), storing (refused)")});
     QCOMPARE(operation.bus.writes(), writesOf("01", "A") + writesOf("10", "B"));
 }
 
@@ -494,7 +514,8 @@ void TestImportExport::endsWhenTheLinkStops()
     QCoreApplication::processEvents();
     QCOMPARE(operation.statuses.size(), 2);
     QCOMPARE(operation.statuses.constLast(), end);
-    QVERIFY2(operation.job->failures().contains(failure), qPrintable(operation.job->failureText()));
+    QVERIFY2(operation.job->failures().contains(failure),
+             qPrintable(operation.job->failureText()()));
 }
 
 void TestImportExport::isCancelled_data()
@@ -580,7 +601,7 @@ void TestImportExport::limitsTheFailureText()
     }
     QVERIFY(operation.runImport(content));
     QCOMPARE(operation.job->failures().size(), 101);
-    const QStringList shown = operation.job->failureText().split(QLatin1Char('\n'));
+    const QStringList shown = operation.job->failureText()().split(QLatin1Char('\n'));
     QCOMPARE(shown.size(), 13);
     QCOMPARE(shown.constLast(), QStringLiteral("and 89 more"));
 }
@@ -622,5 +643,5 @@ void TestImportExport::settingsMoveToSwappedBoards()
     QCOMPARE(Sandbox::readFile(swapped.sandbox.path(QStringLiteral("out.csv"))), exported);
 }
 
-QTEST_GUILESS_MAIN(TestImportExport)
+REGISTER_TEST(TestImportExport, QCoreApplication)
 #include "tst_importexport.moc"

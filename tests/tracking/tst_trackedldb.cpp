@@ -2,6 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 
 #include <QCoreApplication>
@@ -115,7 +116,7 @@ void TestTrackedLdb::connectionLost()
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 void TestTrackedLdb::linkMayDieFirst()
@@ -125,9 +126,9 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
-QTEST_GUILESS_MAIN(TestTrackedLdb)
+REGISTER_TEST(TestTrackedLdb, QCoreApplication)
 
 #include "tst_trackedldb.moc"

@@ -1,5 +1,6 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/lamps/lamppanel.h"
 
@@ -173,5 +174,5 @@ void TestLampPages::languageChange()
     QCOMPARE(texts(m_pages->c), "01  Hall – [Amplifier: [Reconnected]]");
 }
 
-QTEST_MAIN(TestLampPages)
+REGISTER_TEST(TestLampPages, QApplication)
 #include "tst_lamppages.moc"

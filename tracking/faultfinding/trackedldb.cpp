@@ -11,45 +11,20 @@
 
 namespace {
 
-const QByteArray kAck("\x06");
-
-/// Passes on the answer to its command; a command that dies without one counts as unanswered.
-class AnswerWatch : public ISerialCommand::Observer
+TrackedLdb::Answer meaning(const Reply& reply)
 {
-public:
-    AnswerWatch(QObject* context, TrackedLdb::AnswerFunction answered)
-        : m_relay(context, [answered = std::move(answered)](const QByteArray& answer) {
-            answered(meaning(answer));
-        })
-    {
+    switch (reply.kind()) {
+    case Reply::Kind::Accepted:
+        return TrackedLdb::Answer::Accepted;
+    case Reply::Kind::Refused:
+    case Reply::Kind::Answered:
+        return TrackedLdb::Answer::Refused;
+    case Reply::Kind::Silent:
+    case Reply::Kind::Unsent:
+        break;
     }
-    ~AnswerWatch() override
-    {
-        if (!m_called) {
-            m_relay.call({});
-        }
-    }
-    AnswerWatch(const AnswerWatch&) = delete;
-    AnswerWatch& operator=(const AnswerWatch&) = delete;
-
-    void call(QByteArray answer) override
-    {
-        m_called = true;
-        m_relay.call(std::move(answer));
-    }
-
-private:
-    static TrackedLdb::Answer meaning(const QByteArray& answer)
-    {
-        if (answer.isEmpty()) {
-            return TrackedLdb::Answer::None;
-        }
-        return answer == kAck ? TrackedLdb::Answer::Accepted : TrackedLdb::Answer::Refused;
-    }
-
-    ISerialCommand::ObserverCallable m_relay;
-    bool m_called = false;
-};
+    return TrackedLdb::Answer::None;
+}
 
 std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
 {
@@ -77,10 +52,13 @@ public:
         , m_wasMuted(wasMuted)
         , m_boxParent(boxParent)
     {
-        // A command that waits for a connection which is gone may wait for long.
-        connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
-                [this] { finish(TrackedLdb::Answer::None); });
     }
+    ~AudioMuteEnd() override
+    {
+        finish(TrackedLdb::Answer::None); // the program ends before the reply came
+    }
+    AudioMuteEnd(const AudioMuteEnd&) = delete;
+    AudioMuteEnd& operator=(const AudioMuteEnd&) = delete;
 
     void finish(TrackedLdb::Answer answer)
     {
@@ -125,7 +103,9 @@ TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
 void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
 {
     auto serialCommand = createCommand(m_hexId, command);
-    serialCommand->addObserver(std::make_unique<AnswerWatch>(context, std::move(answered)));
+    serialCommand->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(
+        context,
+        [answered = std::move(answered)](const Reply& reply) { answered(meaning(reply)); }));
     post(std::move(serialCommand));
 }
 

@@ -33,8 +33,8 @@ public:
 
     QString hexId() const { return m_hexId; }
 
-    /// Sends a command. `answered` is called in the GUI thread, exactly once, unless `context` dies
-    /// before; without a connection it is called at once.
+    /// Sends a command. `answered` is called from the event loop, exactly once, unless `context`
+    /// dies before; also without a connection.
     void send(Command command, QObject* context, AnswerFunction answered);
 
     /// The time by which the run goes: ms on a clock that never goes back.
