@@ -1,7 +1,7 @@
 // What the live chart costs: four curves with a full history, all of it in the visible window, one
 // record appended and painted at a time. Prints CPU times, which other load on the machine hardly
 // touches, for an early and a late hour of a week of records, and the memory at both.
-#include "tracking/plot.h"
+#include "tracking/plot/plot.h"
 
 #include <QApplication>
 #include <QFile>

@@ -7,7 +7,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
-#include "tracking/fimtracking.h"
+#include "tracking/faultfinding/fimtracking.h"
 
 #include <QElapsedTimer>
 #include <QFileDialog>

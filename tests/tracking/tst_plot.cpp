@@ -1,6 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/plot.h"
+#include "tracking/plot/plot.h"
 
 #include <QtTest>
 #include <qwt_legend_label.h>

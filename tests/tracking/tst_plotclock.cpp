@@ -1,6 +1,5 @@
 #include "tests/support/testcase.h"
-#include "tracking/clockscaledraw.h"
-#include "tracking/clockscaleengine.h"
+#include "tracking/plot/clockscale.h"
 
 #include <QtTest>
 

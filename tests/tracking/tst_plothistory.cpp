@@ -1,5 +1,5 @@
 #include "tests/support/testcase.h"
-#include "tracking/plothistory.h"
+#include "tracking/plot/plothistory.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
 #include "tests/support/testcase.h"
-#include "tracking/polylinebuilder.h"
+#include "tracking/plot/polylinebuilder.h"
 
 #include <QImage>
 #include <QPainter>

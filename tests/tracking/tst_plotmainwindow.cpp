@@ -2,7 +2,7 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/mainwindowplot.h"
+#include "tracking/plot/mainwindowplot.h"
 
 #include <QDateTime>
 #include <QSignalSpy>

@@ -2,7 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
-#include "tracking/trackedldb.h"
+#include "tracking/faultfinding/trackedldb.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
