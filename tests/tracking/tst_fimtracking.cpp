@@ -174,6 +174,8 @@ private slots:
     void eachFaultHasOneBoxThatStopsNothing();
     void onlyItsOwnRecords();
     void commandsNotObeyed();
+    void lostAcknowledgements_data();
+    void lostAcknowledgements();
     void closingTellsOfAnLdbThatStaysMuted_data();
     void closingTellsOfAnLdbThatStaysMuted();
     void runsAgain();
@@ -534,6 +536,34 @@ void TestFimTracking::commandsNotObeyed()
     }
 }
 
+void TestFimTracking::lostAcknowledgements_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("silence") << QByteArray();
+    // To the repetition, by an LDB that is at it already.
+    QTest::newRow("refusal") << QByteArray("\x15");
+}
+
+void TestFimTracking::lostAcknowledgements()
+{
+    QFETCH(QByteArray, answer);
+    Bench bench;
+    bench.ldb->setAnswer(answer, true);
+    bench.choose();
+    VirtualTime::current()->advance(5 * kSecond);
+    QVERIFY(bench.window->run().isCountingDown());
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+
+    // A mute that is in force is ended, and found ended.
+    bench.ldb->setAnswer(QByteArray(), true);
+    QVERIFY(bench.reach(Phase::Counting));
+    bench.window->close();
+    VirtualTime::current()->advance(kSecond);
+    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+    QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
+             (QList<QByteArray>{kEndMute, "FE0A737201"}));
+}
+
 void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
 {
     QTest::addColumn<bool>("muted");
@@ -565,11 +595,13 @@ void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
     bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
     bench.window->close();
     deletePending();
+    VirtualTime::current()->advance(kSecond);
     if (failure == QLatin1String("held")) {
         VirtualTime::current()->advance(kSecond);
         QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
         bench.ldb->loseConnection();
         bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
+        VirtualTime::current()->advance(1);
     }
     QVERIFY(!bench.window);
     QVERIFY(!bench.ldb->isPolledAlone());

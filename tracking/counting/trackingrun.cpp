@@ -4,10 +4,13 @@
 
 #include <QDebug>
 
+#include <utility>
+
 namespace {
 
 constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kStartTrackingDelay = 15000;
+constexpr int kFactoryResetRepetitions = 2;
 
 constexpr int flag(LdbLoopState state)
 {
@@ -33,6 +36,8 @@ void TrackingRun::prepare(qint64 now)
     m_stopReason = StopReason::None;
     m_mode = TrackingMode::Cancelled;
     m_factoryResetRequested = false;
+    m_doubt = Doubt::None;
+    m_repetitions = 0;
     m_factoryResetExecutingSeen = false;
     m_factoryResetDoneHandled = false;
     m_countingEnabled = false;
@@ -121,8 +126,30 @@ void TrackingRun::processRecord(const QList<QStringList>& dataList, qint64 now)
     }
 }
 
+void TrackingRun::doubtFactoryReset(bool isRefused)
+{
+    m_doubt = isRefused ? Doubt::Refused : Doubt::Silent;
+}
+
+void TrackingRun::resolveDoubt(LdbState state)
+{
+    const Doubt doubt = std::exchange(m_doubt, Doubt::None);
+    const bool isObeyed = m_factoryResetExecutingSeen || state == LdbState::FactoryResetExecuting ||
+                          state == LdbState::FactoryResetDone;
+    if (doubt == Doubt::None || isObeyed) {
+        return;
+    }
+    if (doubt == Doubt::Refused) {
+        stop(StopReason::FactoryResetRefused);
+    } else if (m_repetitions < kFactoryResetRepetitions) {
+        ++m_repetitions;
+        emit commandDue(TrackingCommand::FactoryReset);
+    }
+}
+
 bool TrackingRun::processLdbState(LdbState state)
 {
+    resolveDoubt(state);
     switch (state) {
     case LdbState::FactoryResetFailed:
         stop(StopReason::FactoryResetFailed);

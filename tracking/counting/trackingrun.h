@@ -52,6 +52,10 @@ public:
     void advance(qint64 now);
     /// When something happens unless a record comes before; nothing while that is not known.
     std::optional<qint64> nextDue() const;
+    /// The factory reset was refused, or nothing came back. It may have begun all the same, with
+    /// its acknowledgement lost: the next record shows it. If it has not, the run ends after a
+    /// refusal; after a silence the command is due again, twice at most.
+    void doubtFactoryReset(bool isRefused);
     /// A record of the tracked LDB. Ignored unless a run has begun.
     void processRecord(const QList<QStringList>& dataList, qint64 now);
     /// Takes the LDB's state alone; gives whether its currents are to be counted.
@@ -94,6 +98,14 @@ signals:
     void faultReported(const FaultReport& report);
 
 private:
+    enum class Doubt
+    {
+        None,
+        Refused,
+        Silent
+    };
+
+    void resolveDoubt(LdbState state);
     void factoryResetCountdownTimeout();
     void startTracking();
     void setPhase(Phase phase);
@@ -110,6 +122,8 @@ private:
     StopReason m_stopReason = StopReason::None;
     TrackingMode m_mode = TrackingMode::Cancelled;
     bool m_factoryResetRequested = false;
+    Doubt m_doubt = Doubt::None;
+    int m_repetitions = 0;
     bool m_factoryResetExecutingSeen = false;
     bool m_factoryResetDoneHandled = false;
     bool m_countingEnabled = false;

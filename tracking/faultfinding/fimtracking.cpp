@@ -421,12 +421,14 @@ void FimTracking::processFailure(int runNumber, TrackingCommand command, bool is
     if (isRefused && command == TrackingCommand::MuteAudio) {
         m_audioMuted = false;
     }
-    if (runNumber != m_runNumber) {
-        return; // of a run before this one
+    if (runNumber != m_runNumber || !m_run.isActive()) {
+        return; // of a run that is over, and has said why
     }
-    showNotice(trackingtexts::commandFailure(command, isRefused));
-    if (isRefused && command == TrackingCommand::FactoryReset) {
-        m_run.stop(TrackingRun::StopReason::FactoryResetRefused);
+    if (command == TrackingCommand::FactoryReset) {
+        m_run.doubtFactoryReset(isRefused);
+    }
+    if (!isRefused || command != TrackingCommand::FactoryReset) {
+        showNotice(trackingtexts::commandFailure(command, isRefused));
     }
 }
 

@@ -55,7 +55,7 @@ public:
     }
     ~AudioMuteEnd() override
     {
-        finish(TrackedLdb::Answer::None); // the program ends before the reply came
+        finish(TrackedLdb::Answer::None); // the program ends before the reply has come
     }
     AudioMuteEnd(const AudioMuteEnd&) = delete;
     AudioMuteEnd& operator=(const AudioMuteEnd&) = delete;
@@ -102,11 +102,34 @@ TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
 
 void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
 {
-    auto serialCommand = createCommand(m_hexId, command);
-    serialCommand->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(
-        context,
-        [answered = std::move(answered)](const Reply& reply) { answered(meaning(reply)); }));
-    post(std::move(serialCommand));
+    const bool isMute = command == Command::MuteAudio || command == Command::EndAudioMute;
+    ask(createCommand(m_hexId, command), context,
+        [this, command, context, isMute, answered = std::move(answered)](const Reply& reply) {
+            if (isMute && reply.kind() == Reply::Kind::Silent) {
+                readMute(command == Command::MuteAudio, context, answered);
+            } else {
+                answered(meaning(reply));
+            }
+        });
+}
+
+/// The acknowledgement may be lost, and the mute be as it should.
+void TrackedLdb::readMute(bool wanted, QObject* context, const AnswerFunction& answered)
+{
+    ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), context,
+        [hexId = m_hexId, wanted, answered](const Reply& reply) {
+            const auto settings = decodeLdbSettings(reply.answer(), hexId);
+            const bool isObeyed = settings && settings->audioMute == wanted;
+            answered(isObeyed ? Answer::Accepted : Answer::None);
+        });
+}
+
+void TrackedLdb::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
+                     std::function<void(const Reply&)> function)
+{
+    command->addObserver(
+        std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
+    post(std::move(command));
 }
 
 SerialTrackedLdb::SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent)

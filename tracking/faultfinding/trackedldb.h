@@ -33,8 +33,9 @@ public:
 
     QString hexId() const { return m_hexId; }
 
-    /// Sends a command. `answered` is called from the event loop, exactly once, unless `context`
-    /// dies before; also without a connection.
+    /// Sends a command; a mute that nothing came back to is read back. `answered` is called from
+    /// the event loop, exactly once, unless `context` dies before; also without a connection. This
+    /// object lives as long as `context`.
     void send(Command command, QObject* context, AnswerFunction answered);
 
     /// The time by which the run goes: ms on a clock that never goes back.
@@ -54,6 +55,10 @@ protected:
     virtual void post(std::unique_ptr<ISerialCommand> command) = 0;
 
 private:
+    void readMute(bool wanted, QObject* context, const AnswerFunction& answered);
+    void ask(std::unique_ptr<ISerialCommand> command, QObject* context,
+             std::function<void(const Reply&)> function);
+
     const QString m_hexId;
 };
 
