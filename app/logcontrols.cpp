@@ -3,7 +3,6 @@
 #include "app/applicationsettings.h"
 #include "app/filedialog.h"
 #include "views/log/filelogger.h"
-#include "views/log/logfilename.h"
 
 #include <QAbstractButton>
 #include <QDateTime>

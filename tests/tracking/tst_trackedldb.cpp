@@ -3,7 +3,7 @@
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/trackedldb.h"
+#include "tracking/faultfinding/trackedldb.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>

@@ -3,7 +3,6 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "views/tables/cellcolourrules.h"
 #include "views/tables/cellcolours.h"
 
 #include <QSettings>

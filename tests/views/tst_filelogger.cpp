@@ -4,7 +4,6 @@
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/log/filelogger.h"
-#include "views/log/logfilename.h"
 
 #include <QSignalSpy>
 #include <QTextCodec>
