@@ -15,6 +15,7 @@ namespace {
 constexpr qint64 kSecond = LineRun::kSecond;
 constexpr qint64 kTurnaround = LineRun::kTurnaround;
 constexpr int kRequestBytes = 14;
+constexpr int kPollBytes = 10;
 constexpr int kStatusBytes = 54;
 const QByteArray kStatus("FE0A737803");
 const QByteArray kOtherStatus("FE0B737803");
@@ -90,6 +91,8 @@ private slots:
     void letsAnswersOverlap();
     void letsARequestMeetAnAnswer_data();
     void letsARequestMeetAnAnswer();
+    void letsAnAnswerBeginInARequest_data();
+    void letsAnAnswerBeginInARequest();
     void harmsFrames_data();
     void harmsFrames();
     void harmsAsManyAsItIsTold();
@@ -99,6 +102,7 @@ private slots:
     void straysSpoilWhatTheyFallOn();
     void stalls_data();
     void stalls();
+    void keepsTheOrderWhenAStallIsSwitchedOff();
     void letsBoardsVanish();
     void changesItsWaysAtATime();
     void knowsFramesThatNobodySent();
@@ -315,6 +319,32 @@ void LineTest::letsARequestMeetAnAnswer()
         QCOMPARE(run.exchange(0).answers.front().overlappedWith, int{LineAnswer::kMaster});
     } else if (static_cast<LineKind>(kind) == LineKind::QueuingConverter) {
         QVERIFY(second.endedAt >= answerEnd + wireTime(kRequestBytes) - 2);
+    }
+}
+
+void LineTest::letsAnAnswerBeginInARequest_data()
+{
+    QTest::addColumn<qint64>("begin"); // µs from the second request's first bit
+    QTest::newRow("with the first bit") << qint64{1};
+    QTest::newRow("in the middle") << qint64{7000};
+    QTest::newRow("with the last bit") << wireTime(kPollBytes) - 100;
+}
+
+void LineTest::letsAnAnswerBeginInARequest()
+{
+    QFETCH(qint64, begin);
+    for (const LineKind kind : {LineKind::FullDuplex, LineKind::HalfDuplex}) {
+        const bool areDamaged = kind == LineKind::HalfDuplex;
+        LineOptions options = LineRun::options(kind);
+        options.leastTurnaround = options.mostTurnaround = 4 * kTurnaround;
+        LineRun run({}, options);
+        run.send(kStatus);
+        run.runUntil(wireTime(kRequestBytes) + options.leastTurnaround - begin);
+        run.send("FE3370"); // nobody answers it
+        run.run(kSecond);
+        QCOMPARE(run.exchange(0).answers.front().harms.testFlag(Harm::Overlap), areDamaged);
+        QCOMPARE(soundFrames(run.bytes()).size(), areDamaged ? 0 : 1);
+        QCOMPARE(run.last().harms.testFlag(Harm::Overlap), areDamaged);
     }
 }
 
@@ -554,6 +584,32 @@ void LineTest::stalls()
     }
 }
 
+void LineTest::keepsTheOrderWhenAStallIsSwitchedOff()
+{
+    Adversaries stalling;
+    stalling.stallEvery = 1;
+    LineRun run;
+    QList<QByteArray> sent;
+    int held = 0;
+    for (int i = 0; i < 2000; ++i) {
+        if (i % 10 == 0) {
+            run.line.setAdversaries(i % 20 == 0 ? stalling : Adversaries(), run.now);
+        }
+        run.send(kStatus);
+        run.run(100000);
+        const LineAnswer& answer = run.last().answers.front();
+        sent.append(answer.bytes);
+        held += answer.harms.testFlag(Harm::Held) ? 1 : 0;
+    }
+    run.run(10 * kSecond);
+    QVERIFY(held > 100);
+    QCOMPARE(soundFrames(run.bytes()), sent);
+    for (int i = 0; i < sent.size(); ++i) {
+        const auto last = static_cast<std::size_t>(kStatusBytes * (i + 1) - 1);
+        QCOMPARE(run.exchange(i).answers.front().arrivedAt, run.arrived.at(last).at);
+    }
+}
+
 void LineTest::letsBoardsVanish()
 {
     Adversaries adversaries;
@@ -573,6 +629,7 @@ void LineTest::letsBoardsVanish()
             isAway[board - 0x0A] = isHarmed;
             QVERIFY(isHarmed || !absence.contains(start) || !absence.contains(run.now));
             QVERIFY(!isHarmed || absence.from < run.now);
+            QCOMPARE(run.last().isHeard, !absence.contains(run.last().endedAt));
             QCOMPARE(run.take().isEmpty(), run.last().isHarmed());
             absent[board - 0x0A] += isAway[board - 0x0A] ? 1 : 0;
         }
