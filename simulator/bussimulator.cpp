@@ -23,7 +23,7 @@ std::optional<BusRequest> parse(const QByteArray& frame, Hearing& hearing)
         hearing.text = QStringLiteral("not understood: broken check");
         return std::nullopt;
     }
-    const auto request = parseBusRequest(body);
+    auto request = parseBusRequest(body);
     hearing.text =
         request ? describe(*request) : QStringLiteral("not understood: not from the master");
     if (request) {

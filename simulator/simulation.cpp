@@ -1,6 +1,7 @@
 #include "simulator/simulation.h"
 
 #include "serial/serialcommand.h"
+#include "simulator/adversarycommand.h"
 
 #include <algorithm>
 #include <cmath>

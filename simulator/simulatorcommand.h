@@ -88,9 +88,5 @@ struct CommandParsing
 /// exists is not known here. An empty line gives neither a command nor an error.
 CommandParsing parseSimulatorCommand(const QString& text);
 
-/// Takes over what a command says of the line's adversaries, and leaves all others as they are.
-/// False when the command is about something else.
-bool applyToAdversaries(const SimulatorCommand& command, Adversaries& adversaries);
-
 /// One line a command: its form and what it does.
 QStringList simulatorCommandHelp();

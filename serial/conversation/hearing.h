@@ -34,6 +34,8 @@ public:
     std::optional<qint64> pauseAt() const;
     /// Whether a frame has begun that may still go on.
     bool isUnderWay(qint64 now) const;
+    /// When the last bytes came.
+    qint64 lastByteAt() const { return m_lastByteAt; }
     /// Whether anything came that is no part of a sound frame.
     bool hasStrayBytes() const;
 

@@ -327,7 +327,7 @@ void Inquiry::windowOver(qint64 now)
 void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 {
     m_isUnclean = true;
-    askForQuiet(now);
+    askForQuiet(m_hearing.lastByteAt());
     if (m_state == State::Lingering) {
         m_hearing.setAside();
         return;
@@ -346,10 +346,10 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 
 void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
 {
-    leaveOutstanding(flight, now);
     if (flight > m_wait / 2) {
         noteLate(now);
     }
+    leaveOutstanding(flight, now);
     if (m_transmissions == 1) {
         m_usual.add(m_request.hexId, m_request.answer, flight);
     }

@@ -2,12 +2,14 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
+Q_DECLARE_METATYPE(LineKind)
+
 namespace {
 
 constexpr qint64 kSecond = 1000000;
 constexpr qint64 kMinute = 60 * kSecond;
 
-QString text(const LineRig& rig)
+QString text(LineRig& rig)
 {
     return rig.complaints().join('\n') + "\n" + rig.conversation().describe();
 }
@@ -129,6 +131,5 @@ void TestBadLine::overlooksNothingThatTheHostHandsOverLate()
     }
 }
 
-Q_DECLARE_METATYPE(LineKind)
 REGISTER_TEST(TestBadLine, NoApplication)
 #include "tst_badline.moc"

@@ -70,7 +70,7 @@ public:
     /// What has arrived since the last call.
     QByteArray take()
     {
-        const QByteArray result = bytes();
+        QByteArray result = bytes();
         arrived.clear();
         return result;
     }

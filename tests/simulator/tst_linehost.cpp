@@ -2,19 +2,20 @@
 #include "simulator/line/lineboards.h"
 #include "simulator/linehost.h"
 #include "tests/support/testcase.h"
-#include "tests/support/virtualtime.h"
+#include "tests/support/testprogram.h"
 
 #include <QCoreApplication>
 
 namespace {
 
-VirtualTime* virtualTime = nullptr;
-
 /// The dispatcher's time. What is shorter than its milliseconds passes only where somebody waits.
 class VirtualClock : public SimulationClock
 {
 public:
-    qint64 microseconds() const override { return qMax(virtualTime->now() * 1000, m_waitedUntil); }
+    qint64 microseconds() const override
+    {
+        return qMax(VirtualTime::current()->now() * 1000, m_waitedUntil);
+    }
     void wait(qint64 microseconds) const override
     {
         QVERIFY2(microseconds < 1000, "blocks for longer than it may");
@@ -94,7 +95,7 @@ void LineHostTest::keepsThePaceOfTheLine()
 {
     Host host;
     host.host.receive(kStatus);
-    virtualTime->advance(200);
+    VirtualTime::current()->advance(200);
     QCOMPARE(host.all.size(), kStatusBytes);
     // No byte came before its time, the last one at it, and none cost a wake-up of its own.
     constexpr double kByte = 1041.667;
@@ -111,9 +112,9 @@ void LineHostTest::keepsThePaceOfTheLine()
     host.all.clear();
     const qint64 former = host.arrivals.constLast().at;
     host.host.receive(kPoll.left(4));
-    virtualTime->advance(100);
+    VirtualTime::current()->advance(100);
     host.host.receive(kPoll.mid(4));
-    virtualTime->advance(100);
+    VirtualTime::current()->advance(100);
     QCOMPARE(host.all, QByteArray("\x06"));
     QVERIFY(host.arrivals.constLast().at > former);
     const double pieceEnd = 300000 + 6 * kByte + 1000 + kByte;
@@ -133,9 +134,9 @@ void LineHostTest::takesNoTimeUnpaced()
     late.lateFrom = late.lateTo = 50;
     host.host.setAdversaries(late);
     host.host.receive(kPoll);
-    virtualTime->advance(49);
+    VirtualTime::current()->advance(49);
     QCOMPARE(host.arrivals.size(), 1);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QCOMPARE(host.arrivals.size(), 2);
 }
 
@@ -145,25 +146,19 @@ void LineHostTest::bringsWhatNobodyAskedFor()
     Adversaries strays;
     strays.strayEvery = 1;
     host.host.setAdversaries(strays);
-    virtualTime->advance(100000);
+    VirtualTime::current()->advance(100000);
     QVERIFY(host.all.size() > 70 && host.all.size() < 130);
     host.host.setAdversaries({});
     host.all.clear();
-    virtualTime->advance(100000);
+    VirtualTime::current()->advance(100000);
     QVERIFY(host.all.isEmpty());
 
     Adversaries fromTheStart;
     fromTheStart.strayEvery = 1;
     Host other(Host::paced(), fromTheStart);
-    virtualTime->advance(100000);
+    VirtualTime::current()->advance(100000);
     QVERIFY(other.all.size() > 70);
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    const QCoreApplication application(argc, argv);
-    LineHostTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(LineHostTest, InVirtualTime<QCoreApplication>)
 #include "tst_linehost.moc"

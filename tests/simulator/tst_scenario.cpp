@@ -1,3 +1,4 @@
+#include "simulator/adversarycommand.h"
 #include "simulator/scenario.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
