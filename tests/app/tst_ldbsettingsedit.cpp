@@ -154,10 +154,8 @@ void TestLdbSettingsEdit::defaultsSurviveARecord()
 
 void TestLdbSettingsEdit::openDetectionBringsTheDelayBack_data()
 {
-    QTest::addColumn<int>("recorded");
-    QTest::addColumn<int>("typed"); // -1: nothing
-    QTest::addColumn<int>("back");
-    QTest::addColumn<bool>("isChangedBack");
+    // "typed": -1: nothing
+    addColumns<int, int, int, bool>("recorded", "typed", "back", "isChangedBack");
     QTest::newRow("the record's") << 25 << -1 << 25 << false;
     QTest::newRow("the user's") << 25 << 300 << 300 << true;
     QTest::newRow("a delay of 0 typed") << 25 << 0 << 0 << true;
@@ -203,10 +201,8 @@ void TestLdbSettingsEdit::openDetectionStaysOffUnderARecord()
 
 void TestLdbSettingsEdit::recordAfterSave_data()
 {
-    QTest::addColumn<bool>("isComplete");
-    QTest::addColumn<QString>("reported");
-    QTest::addColumn<QString>("editedSince"); // empty: nothing
-    QTest::addColumn<QString>("shown");
+    // "editedSince": empty: nothing
+    addColumns<bool, QString, QString, QString>("isComplete", "reported", "editedSince", "shown");
     const QString roof = QStringLiteral("Roof");
     const QString hall = QStringLiteral("Hall");
     const QString shed = QStringLiteral("Shed");

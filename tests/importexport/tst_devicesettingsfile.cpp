@@ -3,8 +3,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QTextCodec>
-
 namespace {
 
 const QByteArray kGoodLine("10;Hall;1;1;10;0;1;0;1;20;LDB 1.07");
@@ -63,9 +61,7 @@ private slots:
 
 void TestDeviceSettingsFile::writesLines_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("firmware");
-    QTest::addColumn<QString>("expected");
+    addColumns<QString, QString, QString>("name", "firmware", "expected");
 
     const auto row = [](const char* tag, const char* name, const char* firmware,
                         const char* expected) {
@@ -114,9 +110,7 @@ void TestDeviceSettingsFile::skipsLines()
 
 void TestDeviceSettingsFile::readsId_data()
 {
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("hexId");
-    QTest::addColumn<int>("address");
+    addColumns<QString, QString, int>("id", "hexId", "address");
 
     QTest::newRow("10 is read in hexadecimal")
         << QStringLiteral("10") << QStringLiteral("10") << 16;
@@ -141,8 +135,7 @@ void TestDeviceSettingsFile::readsId()
 
 void TestDeviceSettingsFile::readsGoodLines_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("expected");
+    addColumns<QString, QString>("line", "expected");
 
     const auto row = [](const char* tag, const char* line, const char* expected) {
         QTest::newRow(tag) << QString::fromUtf8(line) << QString::fromUtf8(expected);
@@ -184,8 +177,7 @@ void TestDeviceSettingsFile::readsGoodLines()
 
 void TestDeviceSettingsFile::refusesWrongLines_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("error");
+    addColumns<QString, QString>("line", "error");
 
     const auto row = [](const char* tag, const char* line, const char* error) {
         QTest::newRow(tag) << QString::fromUtf8(line) << QString::fromUtf8(error);
@@ -234,9 +226,7 @@ void TestDeviceSettingsFile::refusesWrongLines()
 
 void TestDeviceSettingsFile::readsWholeFiles_data()
 {
-    QTest::addColumn<QByteArray>("codec");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("expected");
+    addColumns<QByteArray, QByteArray, QStringList>("codec", "content", "expected");
 
     const QByteArray head = settingscsv::fileHead().toUtf8();
     const QByteArray rest(";1;1;10;0;1;0;1;20;F\n");

@@ -43,8 +43,7 @@ private slots:
 
 void TestFrameCodec::checksOfBodies_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QByteArray>("check");
+    addColumns<QByteArray, QByteArray>("body", "check");
 
     QTest::newRow("poll") << QByteArray("FE0170") << QByteArray("C9");
     QTest::newRow("reset of all") << QByteArray("FEFF73780001") << QByteArray("FD");
@@ -72,9 +71,7 @@ void TestFrameCodec::numbersAsText()
 
 void TestFrameCodec::assemblesBatches_data()
 {
-    QTest::addColumn<QList<QByteArray>>("batches");
-    QTest::addColumn<bool>("complete");
-    QTest::addColumn<QByteArray>("total");
+    addColumns<QList<QByteArray>, bool, QByteArray>("batches", "complete", "total");
 
     const QByteArray soh("\x01");
     const QByteArray frame = soh + "AB12\x04";
@@ -120,8 +117,8 @@ void TestFrameCodec::collectsNoFlood()
 
 void TestFrameCodec::validates_data()
 {
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QByteArray>("body"); // empty: not valid
+    // "body": empty: not valid
+    addColumns<QByteArray, QByteArray>("answer", "body");
 
     const QByteArray soh("\x01");
     QTest::newRow("status") << kStatusFrame << kStatusFrame.mid(1, 50);
@@ -164,8 +161,7 @@ void TestFrameCodec::noDamagedFrameIsValid()
 
 void TestFrameCodec::readsDeviceText_data()
 {
-    QTest::addColumn<QByteArray>("pairs");
-    QTest::addColumn<QString>("text");
+    addColumns<QByteArray, QString>("pairs", "text");
 
     QTest::newRow("blanks before the zeros") << QByteArray("48616C6C2031202000000000") << "Hall 1";
     QTest::newRow("old bytes behind the end") << QByteArray("48616C6C2000726F6F6D") << "Hall";

@@ -4,8 +4,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QSignalSpy>
-
 namespace {
 
 const QByteArray kReset = "FE0373780001";

@@ -1,10 +1,8 @@
 #include "tests/tracking/plotinspection.h"
 
 #include <QCoreApplication>
-#include <QImage>
-#include <QPixmap>
-#include <QWheelEvent>
 #include <QtTest>
+#include <QtWidgets>
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 

@@ -4,9 +4,6 @@
 #include "tests/support/virtualtime.h"
 #include "tracking/fimcounter.h"
 
-#include <QCoreApplication>
-#include <QSignalSpy>
-
 namespace {
 
 constexpr double kMarker = -40000.0;
@@ -143,9 +140,7 @@ void TestFimCounter::noStepCountsTooSoon()
 
 void TestFimCounter::sideEndsInTime_data()
 {
-    QTest::addColumn<int>("port");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("period");
+    addColumns<int, int, int>("port", "steps", "period");
     QTest::newRow("primary without a step") << 0 << 0 << 70000;
     QTest::newRow("primary after steps, each in time") << 0 << 3 << 70000;
     QTest::newRow("secondary after steps, each in time") << 1 << 3 << 100000;
@@ -295,13 +290,8 @@ void TestFimCounter::markerEndsSideAsShort()
 
 void TestFimCounter::corrections_data()
 {
-    QTest::addColumn<int>("port");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("spacing");
-    QTest::addColumn<int>("wait");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("otherShortedFirst");
-    QTest::addColumn<int>("count");
+    addColumns<int, int, int, int, int, bool, int>("port", "steps", "spacing", "wait", "state",
+                                                   "otherShortedFirst", "count");
     constexpr int kFar = 40000;
     constexpr int kClose = 20000; // within both sides' step spacing
     constexpr int kStale = 17000;

@@ -5,7 +5,6 @@
 #include "views/lamppages.h"
 
 #include <QListWidget>
-#include <QSignalSpy>
 
 #include <memory>
 
@@ -62,8 +61,8 @@ void TestLampPages::init()
 
 void TestLampPages::causes_data()
 {
-    QTest::addColumn<Codes>("codes");
-    QTest::addColumn<QStringList>("causes"); // of A, B, C and D
+    // "causes": of A, B, C and D
+    addColumns<Codes, QStringList>("codes", "causes");
 
     const QString none = QStringLiteral("No LDB");
     const auto row = [](const char* tag, const Codes& codes, const QStringList& causes) {
