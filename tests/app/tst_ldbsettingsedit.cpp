@@ -78,11 +78,9 @@ class TestLdbSettingsEdit : public TestCase
 private slots:
     void editedFieldStaysUntilUndone_data();
     void editedFieldStaysUntilUndone();
-    void fieldPutBackIsNoEdit();
     void defaultsSurviveARecord();
     void openDetectionBringsTheDelayBack_data();
     void openDetectionBringsTheDelayBack();
-    void openDetectionStaysOffUnderARecord();
     void recordAfterSave_data();
     void recordAfterSave();
 };
@@ -124,16 +122,6 @@ void TestLdbSettingsEdit::editedFieldStaysUntilUndone()
     QCOMPARE(differingFields(edit.values(), third), QList<LdbField>());
     edit.receive(otherRecord());
     QCOMPARE(differingFields(edit.values(), otherRecord()), QList<LdbField>());
-}
-
-void TestLdbSettingsEdit::fieldPutBackIsNoEdit()
-{
-    LdbSettingsEdit edit;
-    edit.receive(someRecord());
-    edit.edit(LdbField::Name, named("Roof"));
-    edit.edit(LdbField::Name, someRecord());
-    edit.receive(otherRecord());
-    QCOMPARE(edit.values().name, otherRecord().name);
 }
 
 void TestLdbSettingsEdit::defaultsSurviveARecord()
@@ -183,20 +171,6 @@ void TestLdbSettingsEdit::openDetectionBringsTheDelayBack()
     QVERIFY(edit.openDetection());
     QCOMPARE(int(edit.values().openDetectionDelay), back);
     QCOMPARE(edit.isChanged(LdbField::OpenDetectionDelay), isChangedBack);
-}
-
-void TestLdbSettingsEdit::openDetectionStaysOffUnderARecord()
-{
-    LdbSettingsEdit edit;
-    edit.receive(delayed(25));
-    edit.setOpenDetection(false);
-    edit.receive(delayed(40));
-    QVERIFY(!edit.openDetection());
-    QCOMPARE(int(edit.values().openDetectionDelay), 0);
-    edit.setOpenDetection(true);
-    QCOMPARE(int(edit.values().openDetectionDelay), 25);
-    edit.undo();
-    QCOMPARE(int(edit.values().openDetectionDelay), 40);
 }
 
 void TestLdbSettingsEdit::recordAfterSave_data()

@@ -31,7 +31,6 @@ private slots:
 
     void startsAndStops();
     void reloadKeepsTheTick();
-    void missingPort();
     void cutLine();
     void otherPort();
     void lostLdb_data();
@@ -184,22 +183,6 @@ void TestMainWindow::reloadKeepsTheTick()
     m_bus->clearRequests();
     button("ldbResetButton")->click();
     WAIT_VERIFY(m_bus->requests().contains("FEFD73780001"));
-}
-
-void TestMainWindow::missingPort()
-{
-    const QString gone = m_sandbox->path(QStringLiteral("gone"));
-    applicationSettings().setValue(constants::kComPortKey, gone);
-    makeWindow();
-    const ExpectWarning warning("^Port ");
-    // A second attempt that fails opens no second box.
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        button("startButton")->click();
-        WAIT_VERIFY(!button("startButton")->isChecked());
-        QCOMPARE(boxes().size(), 1);
-        QVERIFY(boxes().constFirst()->informativeText().contains(gone));
-        QCOMPARE(label("countLabel"), kFailed);
-    }
 }
 
 void TestMainWindow::cutLine()

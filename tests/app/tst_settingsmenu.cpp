@@ -49,7 +49,6 @@ private slots:
     void confirmsPort_data();
     void confirmsPort();
     void cancelStoresNothing();
-    void showsPortInfo();
     void listsLanguages();
     void switchesLanguageAtOnce();
     void unreadableLanguageFallsBackToEnglish();
@@ -218,34 +217,6 @@ void TestSettingsMenu::cancelStoresNothing()
     QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("COM1"));
     QVERIFY(!soundBox(*menu)->isChecked());
     QCOMPARE(languageBox(*menu)->currentText(), QStringLiteral("English"));
-}
-
-void TestSettingsMenu::showsPortInfo()
-{
-    const auto menu = makeMenu();
-    const auto shown = [&menu] {
-        QStringList texts;
-        for (const char* label :
-             {"descriptionLabel", "manufacturerLabel", "serialNumberLabel", "locationLabel",
-              "vendorIdentifierLabel", "productIdentifierLabel"}) {
-            texts.append(labelText(*menu, label));
-        }
-        return texts.join(QStringLiteral("; "));
-    };
-    // An identifier of 0 is one, unlike none.
-    const QString first = QStringLiteral("Description: On board; Manufacturer: ; Serial number: ; "
-                                         "Location: ; Vendor Identifier: ; Product Identifier: 0");
-    const QString second =
-        QStringLiteral("Description: USB adapter; Manufacturer: Maker; Serial number: A1B2; "
-                       "Location: /dev/ttyUSB0; Vendor Identifier: abcd; Product Identifier: 6001");
-    QCOMPARE(shown(), first);
-    portBox(*menu)->setCurrentIndex(1);
-    QCOMPARE(shown(), second);
-    // A typed port is known only when it is in the list.
-    portBox(*menu)->setEditText(QStringLiteral("COM99"));
-    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: "));
-    portBox(*menu)->setEditText(QStringLiteral("COM1"));
-    QCOMPARE(shown(), first);
 }
 
 void TestSettingsMenu::listsLanguages()

@@ -33,7 +33,6 @@ private slots:
     void numbersAsText();
     void assemblesBatches_data();
     void assemblesBatches();
-    void collectsNoFlood();
     void validates_data();
     void validates();
     void noDamagedFrameIsValid();
@@ -99,20 +98,6 @@ void TestFrameCodec::assemblesBatches()
         QCOMPARE(framecodec::processReceivedData(batch, total), isLast && complete);
     }
     QTEST(total, "total");
-}
-
-void TestFrameCodec::collectsNoFlood()
-{
-    const QByteArray flood = QByteArray(1000, 'A');
-    QByteArray total("\x01");
-    for (int i = 0; i < 1000; ++i) {
-        QByteArray batch = flood;
-        QVERIFY(!framecodec::processReceivedData(batch, total));
-        QVERIFY2(total.size() < 200000, qPrintable(QString::number(total.size())));
-    }
-    QByteArray batch = kStatusFrame;
-    QVERIFY(framecodec::processReceivedData(batch, total));
-    QCOMPARE(total, kStatusFrame);
 }
 
 void TestFrameCodec::validates_data()

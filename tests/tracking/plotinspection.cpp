@@ -85,23 +85,3 @@ bool plotinspection::columnShows(const QWidget& parent, int x, const QColor& col
     }
     return false;
 }
-
-EventCounter::EventCounter(QWidget* widget, QEvent::Type type)
-    : m_type(type)
-{
-    widget->installEventFilter(this);
-}
-
-int EventCounter::taken()
-{
-    QCoreApplication::processEvents();
-    return std::exchange(m_count, 0);
-}
-
-bool EventCounter::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == m_type) {
-        ++m_count;
-    }
-    return QObject::eventFilter(watched, event);
-}

@@ -50,10 +50,8 @@ class TestPlot : public TestCase
     Q_OBJECT
 private slots:
     void initTestCase();
-    void refusesWhatItCannotPlace();
     void skipsTheStart();
     void rollsWithTheNewestTime();
-    void followsAClockSetBack();
     void labelsShowTheLocalClock();
     void scalesTheYAxes();
     void autoScaleSeesTheShownMeasurementsOnly();
@@ -65,22 +63,6 @@ void TestPlot::initTestCase()
 {
     // A zone with summer time, off UTC in both halves of the year.
     qputenv("TZ", "Europe/Brussels");
-}
-
-void TestPlot::refusesWhatItCannotPlace()
-{
-    ShownPlot plot;
-    const QwtInterval before = shown(plot);
-    // Times beyond the calendar's both ends, and no numbers.
-    for (const double time : {0.0, 1.0, -kStart, qQNaN(), qInf(), 1e300}) {
-        QVERIFY2(!plot.addData(0, 1.0, time), qPrintable(QString::number(time)));
-    }
-    for (const int unknownCurve : {1, -1}) {
-        QVERIFY(!plot.addData(unknownCurve, 1.0, kStart));
-    }
-    QCOMPARE(curveOf(plot, "c")->dataSize(), size_t(0));
-    QCOMPARE(shown(plot), before);
-    QVERIFY(plot.addData(0, 1.0, 1.5));
 }
 
 void TestPlot::skipsTheStart()
@@ -122,15 +104,6 @@ void TestPlot::rollsWithTheNewestTime()
     QCoreApplication::processEvents();
     // Eleven are held, and the start of them is not shown.
     QCOMPARE(curveOf(plot, "c")->dataSize(), size_t(10));
-}
-
-void TestPlot::followsAClockSetBack()
-{
-    ShownPlot plot;
-    addSeconds(plot, 0, 100);
-    const ExpectWarning warning("clock was set back, 40 later samples");
-    QVERIFY(plot.addData(0, 1.0, kStart + 59.5 * kSecond));
-    QCOMPARE(shown(plot).maxValue(), kStart + 59.5 * kSecond);
 }
 
 void TestPlot::labelsShowTheLocalClock()

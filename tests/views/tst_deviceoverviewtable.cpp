@@ -123,7 +123,6 @@ private slots:
     void unusableLayoutIsLeft_data();
     void unusableLayoutIsLeft();
     void clearAndRetranslateKeepTheLayout();
-    void columnsFillTheTable();
 
 private:
     std::unique_ptr<Sandbox> m_sandbox;
@@ -440,34 +439,6 @@ void TestDeviceOverviewTable::clearAndRetranslateKeepTheLayout()
     table.view.resize(500, 300);
     table.poll(kFive);
     QCOMPARE(header->saveState(), layout);
-}
-
-void TestDeviceOverviewTable::columnsFillTheTable()
-{
-    Overview table;
-    QHeaderView* header = table.view.horizontalHeader();
-    const auto spareAt = [&](int width) {
-        table.view.resize(width, 300);
-        QCoreApplication::processEvents();
-        return table.view.viewport()->width() - header->length();
-    };
-    QCOMPARE(spareAt(1200), 0);
-    table.poll(kOne);
-    // Rows or not, in the proportions that the user has given them.
-    header->resizeSection(overview::NameColumn, header->sectionSize(overview::NameColumn) + 60);
-    header->resizeSection(overview::ModeColumn, header->sectionSize(overview::ModeColumn) - 60);
-    const int formerName = header->sectionSize(overview::NameColumn);
-    const int formerEarth = header->sectionSize(overview::EarthColumn);
-    QCOMPARE(spareAt(900), 0);
-    QVERIFY(qAbs(header->sectionSize(overview::NameColumn) * formerEarth -
-                 header->sectionSize(overview::EarthColumn) * formerName) <
-            formerName + formerEarth);
-
-    // What the user has made wider than the table stays so.
-    header->resizeSection(overview::NameColumn, 400);
-    const int length = header->length();
-    spareAt(700);
-    QCOMPARE(header->length(), length);
 }
 
 REGISTER_TEST(TestDeviceOverviewTable, QApplication)

@@ -24,21 +24,6 @@ void fillTree(QStandardItemModel& tree, const QString& text)
     }
 }
 
-/// What a widget was asked to paint since it was filtered by this.
-class PaintedRegion : public QObject
-{
-public:
-    QRegion region;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            region += static_cast<QPaintEvent*>(event)->region();
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 /// A table of `columns` columns under a header of the given tree.
 struct Table
 {
@@ -105,7 +90,6 @@ private slots:
     void sorting_data();
     void sorting();
     void topCellJoinsItsSections();
-    void deletedHeaderModelLeavesAPlainHeader();
     void groupsStayTogether_data();
     void groupsStayTogether();
 };
@@ -179,23 +163,6 @@ void TestHierarchicalHeader::topCellJoinsItsSections()
     table.header->setSortIndicator(2, Qt::AscendingOrder);
     const QRect top(0, 0, image.width(), height / 2 - 2);
     QCOMPARE(table.picture().copy(top), image.copy(top));
-}
-
-void TestHierarchicalHeader::deletedHeaderModelLeavesAPlainHeader()
-{
-    Table table(kGrouped, kGroupedColumns);
-    const int tall = table.header->sizeHint().height();
-    QCOMPARE(table.header->height(), tall);
-    table.tree.reset();
-    QCOMPARE(table.header->sizeHint().height() * 2, tall);
-    table.header->resizeSection(2, 33);
-    QCoreApplication::processEvents();
-    QVERIFY(!table.picture().isNull());
-    // And a model that knows of no header tree makes one from the start.
-    QStandardItemModel other(1, 2);
-    table.view.setModel(&other);
-    QCOMPARE(table.header->count(), 2);
-    QCOMPARE(table.header->sizeHint().height() * 2, tall);
 }
 
 void TestHierarchicalHeader::groupsStayTogether_data()
