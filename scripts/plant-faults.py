@@ -14,6 +14,7 @@ import collections
 import contextlib
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import sys
@@ -145,8 +146,7 @@ def failing_tests(tree, tests):
                           "--parallel", str(os.cpu_count()), "--timeout", "60"],
                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     failing = [test for test in tests
-               if any(f" tst_{test} " in line and "Passed" not in line and "Test #" in line
-                      for line in run.stdout.splitlines())]
+               if re.search(rf"Test +#\d+: tst_{test} (?!.*Passed)", run.stdout)]
     if (run.returncode != 0) != bool(failing):
         fail(run.stdout)
     return failing

@@ -473,6 +473,10 @@ void TestFimCounter::resetLeavesNothingRunning()
 void TestFimCounter::thresholdsFromTuningFile()
 {
     const Sandbox sandbox;
+    const TrackingThresholds builtIn = TrackingThresholds::fromTuningFile(); // there is none
+    QCOMPARE(builtIn.shortDetection, 220.0);
+    QCOMPARE(builtIn.fimStartup.primary, 11.0);
+    QCOMPARE(builtIn.fimStartup.secondary, 11.0);
     sandbox.writeTuning("[FimTracking]\nSHORT_DETECTION_CURRENT=300\n"
                         "PRIMARY_FIM_STARTUP_CURRENT=12\nSECONDARY_FIM_STARTUP_CURRENT=13\n");
     const TrackingThresholds thresholds = TrackingThresholds::fromTuningFile();
