@@ -7,8 +7,6 @@
 
 namespace {
 
-const QByteArray kNak("\x15");
-
 QString controlName(LdbControl control)
 {
     switch (control) {
@@ -37,12 +35,9 @@ void LdbActions::execute(LdbControl control, const QString& hexId)
     if (hexId.isEmpty()) {
         return;
     }
-    auto command = std::make_unique<ExecuteCommand>(hexId, control);
-    command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-        this, [this, control, hexId](const QByteArray& answer) {
-            processAnswer(control, hexId, answer);
-        }));
-    m_link->post(std::move(command));
+    m_link->ask(
+        std::make_unique<ExecuteCommand>(hexId, control), this,
+        [this, control, hexId](const Reply& reply) { processReply(control, hexId, reply); });
 }
 
 void LdbActions::executeForAll(LdbControl control)
@@ -50,16 +45,26 @@ void LdbActions::executeForAll(LdbControl control)
     execute(control, busaddress::kBroadcast);
 }
 
-void LdbActions::processAnswer(LdbControl control, const QString& hexId, const QByteArray& answer)
+void LdbActions::processReply(LdbControl control, const QString& hexId, const Reply& reply)
 {
     const QString name = controlName(control);
-    if (hexId == busaddress::kBroadcast) {
-        emit reported(tr("Sent to all LDB's: %1.").arg(name));
-    } else if (answer.isEmpty()) {
-        emit reported(tr("LDB %1 did not answer: %2.").arg(hexId, name));
-    } else if (answer == kNak) {
+    const bool isForAll = hexId == busaddress::kBroadcast;
+    switch (reply.kind()) {
+    case Reply::Kind::Unsent:
+        emit reported(isForAll
+                          ? tr("The connection ended. Not sent to all LDB's: %1.").arg(name)
+                          : tr("The connection ended. Not sent to LDB %1: %2.").arg(hexId, name));
+        break;
+    case Reply::Kind::Silent:
+        emit reported(isForAll ? tr("Sent to all LDB's: %1.").arg(name)
+                               : tr("LDB %1 did not answer: %2.").arg(hexId, name));
+        break;
+    case Reply::Kind::Refused:
         emit reported(tr("LDB %1 refused: %2.").arg(hexId, name));
-    } else {
+        break;
+    case Reply::Kind::Accepted:
+    case Reply::Kind::Answered:
         emit reported(tr("LDB %1 accepted: %2.").arg(hexId, name));
+        break;
     }
 }

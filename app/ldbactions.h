@@ -1,8 +1,8 @@
 #pragma once
 
 #include "serial/ldbsettings.h"
+#include "serial/reply.h"
 
-#include <QByteArray>
 #include <QObject>
 #include <QString>
 
@@ -26,7 +26,7 @@ signals:
     void reported(const QString& text);
 
 private:
-    void processAnswer(LdbControl control, const QString& hexId, const QByteArray& answer);
+    void processReply(LdbControl control, const QString& hexId, const Reply& reply);
 
     SerialLink* m_link;
 };

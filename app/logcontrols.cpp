@@ -2,8 +2,7 @@
 
 #include "app/applicationsettings.h"
 #include "app/filedialog.h"
-#include "views/filelogger.h"
-#include "views/logfilename.h"
+#include "views/log/filelogger.h"
 
 #include <QAbstractButton>
 #include <QDateTime>

@@ -3,7 +3,7 @@
 #include "app/logcontrols.h"
 #include "app/messagebox.h"
 #include "app/statusbardisplay.h"
-#include "views/lampimage.h"
+#include "views/lamps/statusindicators.h"
 
 #include <QIcon>
 #include <QTabWidget>

@@ -1,7 +1,6 @@
 #include "app/mainwindow.h"
 
 #include "app/help/manualwindow.h"
-#include "app/lamppanel.h"
 #include "app/ldbactions.h"
 #include "app/logcontrols.h"
 #include "app/logreports.h"
@@ -13,12 +12,13 @@
 #include "app/windowlook.h"
 #include "resources/resources.h"
 #include "serial/seriallink.h"
-#include "tracking/fimtracking.h"
-#include "tracking/mainwindowplot.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"
-#include "views/devicedetailtable.h"
-#include "views/deviceoverviewtable.h"
-#include "views/filelogger.h"
+#include "views/lamps/lamppanel.h"
+#include "views/log/filelogger.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
 
 #include <QCloseEvent>
 

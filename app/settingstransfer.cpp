@@ -57,7 +57,7 @@ void SettingsTransfer::processStatus(Status status)
             report.icon,
             [status, details = m_transfer->failureText()] {
                 const TransferReport translated = transferReport(status);
-                return BoxText{translated.boxTitle, translated.boxText, details};
+                return BoxText{translated.boxTitle, translated.boxText, details()};
             },
             m_window);
     }

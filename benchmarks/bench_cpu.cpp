@@ -8,7 +8,7 @@
 #include "benchmarks/support/report.h"
 #include "benchmarks/support/simulatorprocess.h"
 #include "serial/generalinformation.h"
-#include "tracking/mainwindowplot.h"
+#include "tracking/plot/mainwindowplot.h"
 
 #include <QAbstractButton>
 #include <QApplication>

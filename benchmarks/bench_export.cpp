@@ -53,23 +53,21 @@ double fullTurnsMs(SerialLink& link)
 {
     QEventLoop loop;
     int answers = 0;
-    const auto post = [&](std::unique_ptr<ISerialCommand> command) {
-        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-            &loop, [&](const QByteArray& answer) {
-                if (answer.isEmpty()) {
-                    qFatal("an LDB does not answer");
-                }
-                if (++answers == kTurns) {
-                    loop.quit();
-                }
-            }));
-        link.post(std::move(command));
+    const auto ask = [&](std::unique_ptr<ISerialCommand> command) {
+        link.ask(std::move(command), &loop, [&](const Reply& reply) {
+            if (reply.kind() != Reply::Kind::Answered) {
+                qFatal("an LDB does not answer");
+            }
+            if (++answers == kTurns) {
+                loop.quit();
+            }
+        });
     };
     QElapsedTimer timer;
     timer.start();
     for (const QString& hexId : link.knownLdbs()) {
-        post(std::make_unique<RequestCommand>(hexId, LdbParameter::Settings));
-        post(std::make_unique<ExecuteCommand>(hexId, LdbAction::FirmwareId));
+        ask(std::make_unique<RequestCommand>(hexId, LdbParameter::Settings));
+        ask(std::make_unique<ExecuteCommand>(hexId, LdbAction::FirmwareId));
     }
     loop.exec();
     return millisecondsOf(timer);
@@ -84,7 +82,7 @@ double exportMs(SerialLink& link, const QString& path)
                          if (status == ImportExportDeviceSettings::ExportFinished) {
                              loop.quit();
                          } else if (status != ImportExportDeviceSettings::ExportStarted) {
-                             qFatal("%s", qPrintable(transfer.failureText()));
+                             qFatal("%s", qPrintable(transfer.failureText()()));
                          }
                      });
     QElapsedTimer timer;
@@ -122,7 +120,7 @@ bool benchExport()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("export.csv"));
-    const Installation installation(fullScenario(), PacedLine::Pace::Unpaced);
+    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
     SerialLink link;
     link.setPortName(installation.portName());
     link.start();

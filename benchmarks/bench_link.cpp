@@ -64,8 +64,8 @@ double wireSeconds(const QString& journalPath, double fromMs, double toMs)
         bytes += QByteArray::fromHex(fields.value(Bytes)).size();
         answers += fields.value(Direction) == "<" ? 1 : 0;
     }
-    return static_cast<double>(bytes) * PacedLine::kByteNanoseconds / kNanosecondsPerSecond +
-           static_cast<double>(answers) * PacedLine::kTurnaroundMicroseconds / 1e6;
+    return static_cast<double>(bytes) * linetime::kByte / kNanosecondsPerSecond +
+           static_cast<double>(answers) * ScenarioLine().mostTurnaround / 1e3;
 }
 
 /// Journal time (ms) of the n-th status request to this LDB.
@@ -96,7 +96,7 @@ bool benchCycle()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     QString firstLdb;
     {
-        const Installation installation(defaultScenario(), PacedLine::Pace::Baud9600, journalPath);
+        const Installation installation(defaultScenario(), Simulation::Pace::Baud9600, journalPath);
         SerialLink link;
         link.setPortName(installation.portName());
         QEventLoop loop;
@@ -126,7 +126,7 @@ bool benchScan()
 {
     Scenario silent = defaultScenario();
     silent.ldbs.clear();
-    const Installation installation(silent, PacedLine::Pace::Baud9600);
+    const Installation installation(silent, Simulation::Pace::Baud9600);
     SerialLink link;
     link.setPortName(installation.portName());
     QEventLoop loop;
@@ -198,7 +198,7 @@ double linkExchanges(const QString& portName)
 bool benchExchanges()
 {
     // A full bus: with every address answering, the scans before each round take no time.
-    const Installation installation(fullScenario(), PacedLine::Pace::Unpaced);
+    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
     std::vector<double> bareRounds;
     std::vector<double> ourRounds;
     for (int i = 0; i < (isShortForm() ? 1 : kExchangeRounds); ++i) {

@@ -2,7 +2,7 @@
 // status 1 when a record costs more than it may.
 #include "benchmarks/support/report.h"
 #include "serial/generalinformation.h"
-#include "views/filelogger.h"
+#include "views/log/filelogger.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 // touches, for an early and a late hour of a week of records, and the memory at both. With --short
 // the week is a day.
 #include "benchmarks/support/report.h"
-#include "tracking/plot.h"
+#include "tracking/plot/plot.h"
 
 #include <QApplication>
 #include <QFile>

@@ -252,7 +252,7 @@ bool benchWindow()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     const QString logPath = folder.filePath(QStringLiteral("log.csv"));
     auto installation =
-        std::make_unique<Installation>(fullScenario(), PacedLine::Pace::Unpaced, journalPath);
+        std::make_unique<Installation>(fullScenario(), Simulation::Pace::Unpaced, journalPath);
     applicationSettings().setValue(constants::kComPortKey, installation->portName());
 
     MainWindow window;

@@ -1,6 +1,6 @@
 # Compile options that every target of this project takes; third-party headers stay outside them.
+# They hold no include path: see sniffer_add_library.
 add_library(project_options INTERFACE)
-target_include_directories(project_options INTERFACE "${CMAKE_SOURCE_DIR}")
 target_compile_definitions(
     project_options
     INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
@@ -71,14 +71,81 @@ function(sniffer_reuse_precompiled_headers target from)
     endif()
 endfunction()
 
-# One static library a folder: a wrong arrow between the layers does not link.
-# sniffer_add_library(name SOURCES ... LINKS ... [PRECOMPILED test_pch])
+# A folder of the build tree with the headers listed and no others, so that an include path can hold
+# a part of a source folder. Each is a file of one line that includes the real one: an edit is seen
+# at once, and messages name the real file.
+# sniffer_make_header_folder(folder header...)
+function(sniffer_make_header_folder folder)
+    file(GLOB_RECURSE stale "${folder}/*")
+    foreach(header IN LISTS ARGN)
+        get_filename_component(file "${header}" ABSOLUTE)
+        if(NOT EXISTS "${file}")
+            message(FATAL_ERROR "There is no header ${file}")
+        endif()
+        file(RELATIVE_PATH path "${CMAKE_SOURCE_DIR}" "${file}")
+        list(REMOVE_ITEM stale "${folder}/${path}")
+        # Leaves a file that is right already its time, and who includes it unbuilt.
+        file(GENERATE OUTPUT "${folder}/${path}" CONTENT "#include \"${file}\"\n")
+    endforeach()
+    if(stale)
+        file(REMOVE ${stale})
+    endif()
+endfunction()
+
+# Lets a target include the headers among its own sources, below the name of their folder.
+function(sniffer_use_own_headers target)
+    get_target_property(headers ${target} SOURCES)
+    list(FILTER headers INCLUDE REGEX "\\.h$")
+    set(folder "${CMAKE_BINARY_DIR}/include/${target}/private")
+    sniffer_make_header_folder("${folder}" ${headers})
+    target_include_directories(${target} PRIVATE "${folder}")
+endfunction()
+
+# One static library a room. Its public headers are the only way in; its other headers are out of
+# reach for everybody else, and so are the headers of what it links for itself (LINKS). What its
+# public headers include is handed on (PUBLIC_LINKS).
+# The tests of a private unit link <name>_private, which no product code may.
+# OPEN: every header and link is public; for folders that have no rooms yet.
+# sniffer_add_library(name SOURCES ... PUBLIC_HEADERS ... [LINKS ...] [PUBLIC_LINKS ...] [OPEN]
+#                     [PRECOMPILED test_pch])
 function(sniffer_add_library name)
-    cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "OPEN" "PRECOMPILED" "SOURCES;PUBLIC_HEADERS;LINKS;PUBLIC_LINKS"
+                          ${ARGN})
     if(NOT ARG_PRECOMPILED)
         set(ARG_PRECOMPILED product_pch)
     endif()
-    add_library(${name} STATIC ${ARG_SOURCES})
-    target_link_libraries(${name} PUBLIC project_options ${ARG_LINKS})
-    sniffer_reuse_precompiled_headers(${name} ${ARG_PRECOMPILED})
+    set(headers ${ARG_SOURCES})
+    list(FILTER headers INCLUDE REGEX "\\.h$")
+    if(ARG_OPEN)
+        list(APPEND ARG_PUBLIC_HEADERS ${headers})
+        list(REMOVE_ITEM ARG_SOURCES ${headers} "")
+        list(APPEND ARG_PUBLIC_LINKS ${ARG_LINKS})
+        set(ARG_LINKS)
+        set(headers)
+    endif()
+    foreach(link IN LISTS ARG_LINKS ARG_PUBLIC_LINKS)
+        if(link MATCHES "_private$" AND NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "/tests(/|$)")
+            message(FATAL_ERROR "${name} links ${link}, which is for tests alone")
+        endif()
+    endforeach()
+
+    set(public_folder "${CMAKE_BINARY_DIR}/include/${name}/public")
+    set(private_folder "${CMAKE_BINARY_DIR}/include/${name}/private")
+    sniffer_make_header_folder("${public_folder}" ${ARG_PUBLIC_HEADERS})
+    sniffer_make_header_folder("${private_folder}" ${headers})
+    if(ARG_SOURCES)
+        add_library(${name} STATIC ${ARG_SOURCES} ${ARG_PUBLIC_HEADERS})
+        target_link_libraries(${name} PUBLIC project_options ${ARG_PUBLIC_LINKS}
+                                      PRIVATE ${ARG_LINKS})
+        target_include_directories(${name} PUBLIC "${public_folder}" PRIVATE "${private_folder}")
+        sniffer_reuse_precompiled_headers(${name} ${ARG_PRECOMPILED})
+    else()
+        add_library(${name} INTERFACE)
+        target_link_libraries(${name} INTERFACE project_options ${ARG_PUBLIC_LINKS})
+        target_include_directories(${name} INTERFACE "${public_folder}")
+    endif()
+
+    add_library(${name}_private INTERFACE)
+    target_link_libraries(${name}_private INTERFACE ${name} ${ARG_LINKS})
+    target_include_directories(${name}_private INTERFACE "${private_folder}")
 endfunction()

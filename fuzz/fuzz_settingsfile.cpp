@@ -41,7 +41,7 @@ void checkLine(const DeviceSettingsLine& line)
     require(line.address >= 0 && line.address <= kMaxAddress, "address in range");
     require(line.hexId.size() == 2 && line.hexId.toInt(nullptr, 16) == line.address,
             "the id is the address");
-    require(line.settings.has_value() == line.error.isEmpty(), "a line is good or says why not");
+    require(line.settings.has_value() == !line.error, "a line is good or says why not");
     if (line.settings) {
         require(line.settings->address == line.address, "the record is the line's LDB");
         require(isStorableName(line.settings->name), "the name can be stored");

@@ -107,7 +107,9 @@ void DeviceSettingsFile::readSettings(const QString& line, DeviceSettingsLine& r
 {
     QStringList fields = line.split(QLatin1Char(kSeparator), Qt::KeepEmptyParts);
     if (fields.size() < ColumnCount) {
-        result.error = tr("%n field(s) instead of %1", nullptr, fields.size()).arg(ColumnCount);
+        result.error = [count = fields.size()] {
+            return tr("%n field(s) instead of %1", nullptr, count).arg(ColumnCount);
+        };
         return;
     }
     // Surplus fields are the rest of a name with separators in it, or empty ones with which a
@@ -117,7 +119,7 @@ void DeviceSettingsFile::readSettings(const QString& line, DeviceSettingsLine& r
     int readings = 0;
     for (int dropped = 0; dropped <= padding; ++dropped) {
         const Reading reading = readFields(withWholeName(fields));
-        if (reading.error.isEmpty()) {
+        if (!reading.error) {
             ++readings;
             result.settings = reading.settings;
             result.settings->address = result.address;
@@ -127,10 +129,12 @@ void DeviceSettingsFile::readSettings(const QString& line, DeviceSettingsLine& r
         fields.removeLast();
     }
     if (readings == 1) {
-        result.error.clear();
+        result.error = nullptr;
     } else if (readings > 1) {
         result.settings.reset();
-        result.error = tr("It is not clear which fields belong to the name");
+        result.error = [] {
+            return tr("It is not clear which fields belong to the name");
+        };
     }
 }
 
@@ -143,17 +147,21 @@ DeviceSettingsFile::Reading DeviceSettingsFile::readFields(const QStringList& fi
 
     const auto readFlagColumn = [&fields, &reading](Column column) {
         const std::optional<bool> flag = readFlag(fields.at(column));
-        if (!flag && reading.error.isEmpty()) {
-            reading.error = tr("\"%1\" is neither 0 nor 1").arg(columnTitle(column));
+        if (!flag && !reading.error) {
+            reading.error = [column] {
+                return tr("\"%1\" is neither 0 nor 1").arg(columnTitle(column));
+            };
         }
         return flag.value_or(false);
     };
     const auto readWordColumn = [&fields, &reading](Column column) {
         const std::optional<quint16> word = readWord(fields.at(column));
-        if (!word && reading.error.isEmpty()) {
-            reading.error = tr("\"%1\" is no number from 0 to %2")
-                                .arg(columnTitle(column))
-                                .arg(std::numeric_limits<quint16>::max());
+        if (!word && !reading.error) {
+            reading.error = [column] {
+                return tr("\"%1\" is no number from 0 to %2")
+                    .arg(columnTitle(column))
+                    .arg(std::numeric_limits<quint16>::max());
+            };
         }
         return word.value_or(0);
     };
@@ -165,31 +173,38 @@ DeviceSettingsFile::Reading DeviceSettingsFile::readFields(const QStringList& fi
     settings.startInServiceMode = readFlagColumn(StartInServiceModeColumn);
     settings.amplifierDetection = readFlagColumn(AmplifierDetectionColumn);
     settings.numberOfFims = readWordColumn(NumberOfFimsColumn);
-    if (openDetection && delay == 0 && reading.error.isEmpty()) {
+    if (openDetection && delay == 0 && !reading.error) {
         // A delay of 0 is how an LDB is told to detect no opens: the two cannot both be meant.
-        reading.error =
-            tr("\"%1\" is 1, but \"%2\" is 0")
+        reading.error = [] {
+            return tr("\"%1\" is 1, but \"%2\" is 0")
                 .arg(columnTitle(OpenDetectionColumn), columnTitle(OpenDetectionDelayColumn));
+        };
     }
     settings.openDetectionDelay = openDetection ? delay : quint16{0};
     return reading;
 }
 
-QString DeviceSettingsFile::nameError(const QString& name)
+Text DeviceSettingsFile::nameError(const QString& name)
 {
     // Nothing in these files is quoted: quotation marks around a name are a spreadsheet's, and
     // must not become part of it.
     if (name.size() > 1 && name.startsWith(QLatin1Char('"')) && name.endsWith(QLatin1Char('"'))) {
-        return tr("The name stands in quotation marks");
+        return [] {
+            return tr("The name stands in quotation marks");
+        };
     }
     const bool isReadable = std::none_of(name.begin(), name.end(), [](QChar c) {
         return c.category() == QChar::Other_Control || c == QChar(QChar::ReplacementCharacter);
     });
     if (!isReadable) {
-        return tr("The name has characters that cannot be read");
+        return [] {
+            return tr("The name has characters that cannot be read");
+        };
     }
     if (!isStorableName(name)) {
-        return tr("The name does not fit into %n byte(s)", nullptr, kMaxNameBytes);
+        return [] {
+            return tr("The name does not fit into %n byte(s)", nullptr, kMaxNameBytes);
+        };
     }
     return {};
 }
@@ -203,7 +218,9 @@ void DeviceSettingsFile::rejectRepeatedIds(std::vector<DeviceSettingsLine>& line
     for (DeviceSettingsLine& line : lines) {
         if (counts.value(line.hexId) > 1) {
             line.settings.reset();
-            line.error = tr("The ID has more than one line");
+            line.error = [] {
+                return tr("The ID has more than one line");
+            };
         }
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "serial/ldbsettings.h"
 
 #include <QByteArray>
@@ -20,7 +21,7 @@ struct DeviceSettingsLine
     /// What the line wants written (audio mute stays at its default: the file has no column for
     /// it); nothing for a wrong line, of which `error` then says what is wrong.
     std::optional<LdbSettings> settings;
-    QString error;
+    Text error;
 };
 
 /// Reads device-settings files, also as spreadsheets save them. Pure functions.
@@ -41,10 +42,10 @@ private:
     struct Reading
     {
         LdbSettings settings;
-        QString error; ///< empty for a good line
+        Text error; ///< nothing for a good line
     };
     static Reading readFields(const QStringList& fields);
-    static QString nameError(const QString& name);
+    static Text nameError(const QString& name);
     static void readSettings(const QString& line, DeviceSettingsLine& result);
     static void rejectRepeatedIds(std::vector<DeviceSettingsLine>& lines);
 };

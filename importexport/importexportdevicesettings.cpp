@@ -69,6 +69,7 @@ void ImportExportDeviceSettings::exportDeviceSettings(const QString& exportFileP
     Q_ASSERT(QThread::currentThread() == thread());
     cancel();
     m_failures.clear();
+    m_done = nullptr;
     m_export = std::make_unique<SettingsExport>(m_link);
     connect(m_export.get(), &SettingsExport::progressChanged, this,
             &ImportExportDeviceSettings::progressChanged);
@@ -76,7 +77,7 @@ void ImportExportDeviceSettings::exportDeviceSettings(const QString& exportFileP
             &ImportExportDeviceSettings::processExportFinished);
     emit statusChanged(ExportStarted);
     if (m_export && !m_export->begin(exportFilePath)) {
-        end(ExportFailed, m_export->failures());
+        end(ExportFailed, *m_export);
     }
 }
 
@@ -85,6 +86,7 @@ void ImportExportDeviceSettings::importDeviceSettings(const QString& importFileP
     Q_ASSERT(QThread::currentThread() == thread());
     cancel();
     m_failures.clear();
+    m_done = nullptr;
     m_import = std::make_unique<SettingsImport>(m_link);
     connect(m_import.get(), &SettingsImport::progressChanged, this,
             &ImportExportDeviceSettings::progressChanged);
@@ -92,7 +94,7 @@ void ImportExportDeviceSettings::importDeviceSettings(const QString& importFileP
             [this](SettingsImport::Outcome outcome) { processImportFinished(statusOf(outcome)); });
     emit statusChanged(ImportStarted);
     if (m_import && !m_import->begin(importFilePath)) {
-        end(ImportFailed, m_import->failures());
+        end(ImportFailed, *m_import);
     }
 }
 
@@ -104,29 +106,54 @@ void ImportExportDeviceSettings::cancel()
 
 void ImportExportDeviceSettings::processExportFinished()
 {
-    const QStringList failures = m_export->failures();
-    end(failures.isEmpty() ? ExportFinished : ExportFailed, failures);
+    end(m_export->failures().empty() ? ExportFinished : ExportFailed, *m_export);
 }
 
 void ImportExportDeviceSettings::processImportFinished(ImportExportStatus status)
 {
-    end(status, m_import->failures());
+    m_touched = m_import->touchedLdbs();
+    end(status, *m_import);
 }
 
-void ImportExportDeviceSettings::end(ImportExportStatus status, const QStringList& failures)
+template <typename Transfer>
+void ImportExportDeviceSettings::end(ImportExportStatus status, const Transfer& transfer)
 {
-    m_failures = failures;
-    // The job is done; it may be the sender of the signal that led here, and can stand it.
+    m_failures = transfer.failures();
+    if (transfer.ldbCount() > 0) {
+        m_done = [done = transfer.doneCount(), all = transfer.ldbCount()] {
+            return tr("Done: %1 of %n LDB(s)", nullptr, all).arg(done);
+        };
+    }
+    // The transfer is over; it may be the sender of the signal that led here, and can stand it.
     cancel();
     emit statusChanged(status);
 }
 
-QString ImportExportDeviceSettings::failureText() const
+QStringList ImportExportDeviceSettings::failures() const
 {
-    QStringList lines = m_failures.mid(0, kMaxFailuresShown);
-    const int more = m_failures.size() - lines.size();
-    if (more > 0) {
-        lines.append(tr("and %n more", nullptr, more));
+    QStringList sentences;
+    for (const Text& failure : m_failures) {
+        sentences.append(failure());
     }
-    return lines.join(QLatin1Char('\n'));
+    return sentences;
+}
+
+Text ImportExportDeviceSettings::failureText() const
+{
+    return [done = m_done, failures = m_failures] {
+        QStringList lines;
+        for (const Text& failure : failures) {
+            if (lines.size() < kMaxFailuresShown) {
+                lines.append(failure());
+            }
+        }
+        const int more = static_cast<int>(failures.size()) - lines.size();
+        if (more > 0) {
+            lines.append(tr("and %n more", nullptr, more));
+        }
+        if (done && !failures.empty()) {
+            lines.prepend(done());
+        }
+        return lines.join(QLatin1Char('\n'));
+    };
 }

@@ -1,19 +1,22 @@
 #pragma once
 
+#include "app/shared/text.h"
+
 #include <QMetaType>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 class SerialLink;
 class SettingsExport;
 class SettingsImport;
 
 /// Saves the settings of every connected LDB into one file, or writes such a file back into the
-/// LDBs. One object an operation; destroying it ends the operation, and nothing more is told. An
-/// operation that is not cancelled ends with exactly one status. GUI thread only.
+/// LDBs. One object a transfer; destroying it ends the transfer, and nothing more is told. A
+/// transfer that is not cancelled ends with exactly one status. GUI thread only.
 class ImportExportDeviceSettings : public QObject
 {
     Q_OBJECT
@@ -35,12 +38,14 @@ public:
     explicit ImportExportDeviceSettings(SerialLink* link, QObject* parent = nullptr);
     ~ImportExportDeviceSettings() override;
 
-    /// Why the operation did not end well: a sentence each, naming lines and LDBs. Complete once
+    /// Why the transfer did not end well: a sentence each, naming lines and LDBs. Complete once
     /// the failure's status is told.
-    QStringList failures() const { return m_failures; }
-
-    /// `failures()` as a text for a message box: the first ones, and how many more there are.
-    QString failureText() const;
+    QStringList failures() const;
+    /// The same as a text for a message box: what was done, the first failures, and how many more
+    /// there are. Outlives this object.
+    Text failureText() const;
+    /// The LDBs to which an import has sent something.
+    QStringList touchedLdbs() const { return m_touched; }
 
 public slots:
     /// Where the forms without a path look; at first the folder "files" beside the program.
@@ -51,7 +56,7 @@ public slots:
     void importDeviceSettings(const QString& importFilePath);
     void importDeviceSettings();
 
-    /// Ends the operation: no further LDB is asked or written, and no status comes any more.
+    /// Ends the transfer: no further LDB is asked or written, and no status comes any more.
     void cancel();
 
 signals:
@@ -63,13 +68,16 @@ private:
     QString defaultFilePath() const;
     void processExportFinished();
     void processImportFinished(ImportExportStatus status);
-    void end(ImportExportStatus status, const QStringList& failures);
+    template <typename Transfer>
+    void end(ImportExportStatus status, const Transfer& transfer);
 
     SerialLink* m_link;
     QString m_defaultDirectory;
     std::unique_ptr<SettingsExport> m_export;
     std::unique_ptr<SettingsImport> m_import;
-    QStringList m_failures;
+    std::vector<Text> m_failures;
+    Text m_done; ///< what was done, where it was not all
+    QStringList m_touched;
 };
 
 Q_DECLARE_METATYPE(ImportExportDeviceSettings::ImportExportStatus)

@@ -1,10 +1,9 @@
 #include "importexport/settingsimport.h"
 
-#include "importexport/settingscsv.h"
-#include "serial/ldbsettingscommands.h"
 #include "serial/seriallink.h"
 
 #include <QFile>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -12,59 +11,35 @@ namespace {
 
 // One LDB is written while the next one's commands wait.
 constexpr int kLdbsAhead = 2;
+constexpr int kCommandsAnLdb = 5;
+constexpr int kIdBase = 16;
 
 // A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
 constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
-
-QString parameterTitle(LdbParameter parameter)
-{
-    using namespace settingscsv;
-    switch (parameter) {
-    case LdbParameter::Name:
-        return columnTitle(NameColumn);
-    case LdbParameter::OpenDetectionDelay:
-        return columnTitle(OpenDetectionDelayColumn);
-    case LdbParameter::NumberOfFims:
-        return columnTitle(NumberOfFimsColumn);
-    default:
-        return SettingsImport::tr("the 0/1 columns");
-    }
-}
-
-/// What the command at this position writes.
-QString commandTitle(int command)
-{
-    const std::vector<LdbParameter> parameters = writtenParameters(AudioMuteChange::LeftAlone);
-    const auto position = static_cast<std::size_t>(command);
-    return position < parameters.size() ? parameterTitle(parameters[position])
-                                        : SettingsImport::tr("storing the settings");
-}
 
 } // namespace
 
 SettingsImport::SettingsImport(SerialLink* link, QObject* parent)
     : QObject(parent)
     , m_link(link)
-    , m_batch(link, kLdbsAhead)
 {
-    connect(&m_batch, &CommandBatch::answered, this, &SettingsImport::processImportProgress);
-    connect(&m_batch, &CommandBatch::ldbDone, this, &SettingsImport::processLdbDone);
-    connect(&m_batch, &CommandBatch::finished, this, &SettingsImport::finish);
-    connect(&m_batch, &CommandBatch::aborted, this, &SettingsImport::abort);
+    // What begins after it is another run, perhaps on another bus.
+    connect(link, &SerialLink::stopped, this, [this] { m_linkEnded = true; });
 }
 
 bool SettingsImport::begin(const QString& filePath)
 {
     if (!m_link->isRunning()) {
-        m_failures.append(tr("No LDB's are connected."));
+        m_failures.emplace_back([] { return tr("No LDB's are connected."); });
         return false;
     }
     m_connected = m_link->connectedLdbs();
     if (!readFile(filePath)) {
         return false;
     }
-    m_batch.start();
-    emit progressChanged(m_batch.commandsLeft(), m_batch.commandCount());
+    m_repliesLeft = kCommandsAnLdb * ldbCount();
+    QMetaObject::invokeMethod(this, &SettingsImport::writeNext, Qt::QueuedConnection);
+    tellProgress();
     return true;
 }
 
@@ -72,16 +47,20 @@ bool SettingsImport::readFile(const QString& filePath)
 {
     QFile file(filePath);
     if (!file.open(QIODevice::ReadOnly)) {
-        m_failures.append(tr("The file cannot be opened: %1").arg(file.errorString()));
+        m_failures.emplace_back([reason = file.errorString()] {
+            return tr("The file cannot be opened: %1").arg(reason);
+        });
         return false;
     }
     const QByteArray content = file.read(kMaxFileSize + 1);
     if (file.error() != QFileDevice::NoError) {
-        m_failures.append(tr("The file cannot be read: %1").arg(file.errorString()));
+        m_failures.emplace_back([reason = file.errorString()] {
+            return tr("The file cannot be read: %1").arg(reason);
+        });
         return false;
     }
     if (content.size() > kMaxFileSize) {
-        m_failures.append(tr("The file is too long for a settings file."));
+        m_failures.emplace_back([] { return tr("The file is too long for a settings file."); });
         return false;
     }
     const std::vector<DeviceSettingsLine> lines = DeviceSettingsFile::read(content);
@@ -96,22 +75,13 @@ void SettingsImport::takeLine(const DeviceSettingsLine& line)
 {
     if (!m_connected.contains(line.hexId)) {
         m_someNotConnected = true;
-        addFailure(line, tr("no LDB with this address is connected"));
+        failUnwritten(line, QT_TR_NOOP("no LDB with this address is connected"));
     } else if (!line.settings) {
         m_someFailed = true;
         addFailure(line, line.error);
     } else {
-        processImportDeviceSettings(line);
+        m_lines.push_back(line);
     }
-}
-
-void SettingsImport::processImportDeviceSettings(const DeviceSettingsLine& line)
-{
-    m_batch.add(line.hexId,
-                settingsCommands(line.hexId, *line.settings, AudioMuteChange::LeftAlone));
-    Ldb ldb;
-    ldb.line = line;
-    m_ldbs.emplace(line.hexId, ldb);
 }
 
 void SettingsImport::noteMissingLines(const std::vector<DeviceSettingsLine>& lines)
@@ -122,47 +92,68 @@ void SettingsImport::noteMissingLines(const std::vector<DeviceSettingsLine>& lin
                         [&hexId](const DeviceSettingsLine& line) { return line.hexId == hexId; });
         if (!hasLine) {
             m_someMissing = true;
-            m_failures.append(tr("LDB %1 (address %2): no line in the file")
-                                  .arg(hexId, QString::number(hexId.toInt(nullptr, 16))));
+            m_failures.emplace_back([hexId] {
+                return tr("LDB %1 (address %2): no line in the file")
+                    .arg(hexId, QString::number(hexId.toInt(nullptr, kIdBase)));
+            });
         }
     }
 }
 
-void SettingsImport::processImportProgress(const QString& hexId, int command,
-                                           const QByteArray& answer)
+void SettingsImport::writeNext()
 {
-    const CommandReply reply = commandReply(answer);
-    if (reply != CommandReply::Accepted) {
-        const QString how = reply == CommandReply::Refused ? tr("%1 refused") : tr("%1 unanswered");
-        m_ldbs[hexId].notWritten.append(how.arg(commandTitle(command)));
-    }
-    emit progressChanged(m_batch.commandsLeft(), m_batch.commandCount());
-}
-
-void SettingsImport::processLdbDone(const QString& hexId)
-{
-    Ldb& ldb = m_ldbs[hexId];
-    ldb.isDone = true;
-    if (!ldb.notWritten.isEmpty()) {
+    while (m_writing < kLdbsAhead && m_nextToWrite < m_lines.size()) {
+        const DeviceSettingsLine& line = m_lines[m_nextToWrite++];
+        if (!m_linkEnded && m_link->isConnected(line.hexId)) {
+            processImportDeviceSettings(line);
+            continue;
+        }
         m_someFailed = true;
-        addFailure(ldb.line, ldb.notWritten.join(QStringLiteral(", ")));
+        m_repliesLeft -= kCommandsAnLdb;
+        failUnwritten(line, m_linkEnded ? QT_TR_NOOP("the connection ended before it was written")
+                                        : QT_TR_NOOP("no LDB with this address is connected"));
+    }
+    if (m_writing == 0) {
+        emit finished(outcome());
     }
 }
 
-void SettingsImport::abort()
+void SettingsImport::processImportDeviceSettings(const DeviceSettingsLine& line)
 {
-    m_someFailed = true;
-    for (const auto& [hexId, ldb] : m_ldbs) {
-        if (!ldb.isDone) {
-            addFailure(ldb.line, tr("the connection ended before it was written"));
-        }
-    }
-    finish();
+    auto* writer =
+        new SettingsWriter(m_link, line.hexId, *line.settings, SettingsWriter::AudioMute::LeftAlone,
+                           SettingsWriter::ReadBack::WhenSilent, this);
+    connect(writer, &SettingsWriter::replied, this, [this] {
+        --m_repliesLeft;
+        tellProgress();
+    });
+    connect(writer, &SettingsWriter::finished, this,
+            [this, line, writer] { processWritten(line, writer); });
+    ++m_writing;
+    writer->start();
 }
 
-void SettingsImport::finish()
+void SettingsImport::processWritten(const DeviceSettingsLine& line, SettingsWriter* writer)
 {
-    emit finished(outcome());
+    const SettingsOutcome& outcome = writer->outcome();
+    if (!outcome.isUntouched()) {
+        m_touched.append(line.hexId);
+    }
+    m_linkEnded = m_linkEnded || outcome.isCut();
+    if (outcome.isGood()) {
+        ++m_doneCount;
+    } else {
+        m_someFailed = true;
+        addFailure(line, [outcome] { return outcome.text(); });
+    }
+    writer->deleteLater();
+    --m_writing;
+    writeNext();
+}
+
+void SettingsImport::tellProgress()
+{
+    emit progressChanged(m_repliesLeft, kCommandsAnLdb * ldbCount());
 }
 
 SettingsImport::Outcome SettingsImport::outcome() const
@@ -170,16 +161,22 @@ SettingsImport::Outcome SettingsImport::outcome() const
     if (m_someNotConnected) {
         return Outcome::NotAllConnected;
     }
-    const bool nothingToDo = m_ldbs.empty() && !m_someMissing;
+    const bool nothingToDo = m_lines.empty() && !m_someMissing;
     if (m_someFailed || nothingToDo) {
         return Outcome::Failed;
     }
     return m_someMissing ? Outcome::SettingsMissing : Outcome::Finished;
 }
 
-void SettingsImport::addFailure(const DeviceSettingsLine& line, const QString& what)
+void SettingsImport::failUnwritten(const DeviceSettingsLine& line, const char* what)
 {
-    m_failures.append(
-        tr("Line %1: ID %2 (read as %2 hexadecimal, address %3): %4")
-            .arg(QString::number(line.number), line.idText, QString::number(line.address), what));
+    addFailure(line, [what] { return tr(what); });
+}
+
+void SettingsImport::addFailure(const DeviceSettingsLine& line, const Text& what)
+{
+    m_failures.emplace_back([number = line.number, id = line.idText, address = line.address, what] {
+        return tr("Line %1: ID %2 (read as %2 hexadecimal, address %3): %4")
+            .arg(QString::number(number), id, QString::number(address), what());
+    });
 }

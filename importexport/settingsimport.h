@@ -1,13 +1,13 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "importexport/devicesettingsfile.h"
-#include "serial/commandbatch.h"
+#include "importexport/settingswriter.h"
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
-#include <map>
 #include <vector>
 
 class SerialLink;
@@ -35,7 +35,12 @@ public:
     bool begin(const QString& filePath);
 
     /// What went wrong so far, a sentence each, naming line and ID, or the LDB.
-    const QStringList& failures() const { return m_failures; }
+    const std::vector<Text>& failures() const { return m_failures; }
+    /// How many LDBs have all that their line says, of how many.
+    int doneCount() const { return m_doneCount; }
+    int ldbCount() const { return static_cast<int>(m_lines.size()); }
+    /// The LDBs to which something was sent.
+    const QStringList& touchedLdbs() const { return m_touched; }
 
 signals:
     /// Commands still to be answered, and all of them.
@@ -44,30 +49,28 @@ signals:
     void finished(SettingsImport::Outcome outcome);
 
 private:
-    struct Ldb
-    {
-        DeviceSettingsLine line;
-        QStringList notWritten; ///< what it refused or left unanswered
-        bool isDone = false;
-    };
-
     bool readFile(const QString& filePath);
     void takeLine(const DeviceSettingsLine& line);
-    void processImportDeviceSettings(const DeviceSettingsLine& line);
     void noteMissingLines(const std::vector<DeviceSettingsLine>& lines);
-    void processImportProgress(const QString& hexId, int command, const QByteArray& answer);
-    void processLdbDone(const QString& hexId);
-    void abort();
-    void finish();
+    void writeNext();
+    void processImportDeviceSettings(const DeviceSettingsLine& line);
+    void processWritten(const DeviceSettingsLine& line, SettingsWriter* writer);
+    void failUnwritten(const DeviceSettingsLine& line, const char* what);
+    void tellProgress();
     Outcome outcome() const;
-    void addFailure(const DeviceSettingsLine& line, const QString& what);
+    void addFailure(const DeviceSettingsLine& line, const Text& what);
 
     SerialLink* m_link;
-    CommandBatch m_batch;
-    std::map<QString, Ldb> m_ldbs; ///< those written to
+    std::vector<DeviceSettingsLine> m_lines; ///< those to be written
+    std::size_t m_nextToWrite = 0;
+    int m_writing = 0;
+    int m_repliesLeft = 0;
+    int m_doneCount = 0;
     QStringList m_connected;
+    QStringList m_touched;
+    bool m_linkEnded = false;
     bool m_someNotConnected = false;
     bool m_someFailed = false;
     bool m_someMissing = false;
-    QStringList m_failures;
+    std::vector<Text> m_failures;
 };

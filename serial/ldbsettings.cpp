@@ -31,6 +31,7 @@ constexpr int kByteDigits = 2;
 constexpr int kWordDigits = 4;
 constexpr unsigned kByteBits = 8;
 constexpr int kLongestNoFirmware = 10;
+constexpr int kIdBase = 16;
 
 unsigned flag(bool set, Flag value)
 {
@@ -80,6 +81,13 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
     settings.numberOfFims = *numberOfFims;
     settings.furtherByte = static_cast<quint8>(*furtherByte);
     return settings;
+}
+
+std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer, const QString& hexId)
+{
+    const auto settings = decodeLdbSettings(answer);
+    const bool isOwn = settings && settings->address == hexId.toInt(nullptr, kIdBase);
+    return isOwn ? settings : std::nullopt;
 }
 
 std::optional<QString> decodeFirmwareId(const QByteArray& answer)

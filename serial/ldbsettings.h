@@ -58,6 +58,8 @@ struct LdbSettings
 /// Decodes the answer to a request of `LdbParameter::Settings`; nothing unless it is 56 characters
 /// long and every field is a number.
 std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer);
+/// The same; nothing either when the record is another LDB's.
+std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer, const QString& hexId);
 
 /// The firmware id out of the answer to `LdbAction::FirmwareId`; nothing unless the answer is
 /// longer than 10 hexadecimal digits and holds no zero byte.

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "serial/answershape.h"
-#include "serial/ldbsettings.h"
+#include "serial/busaddress.h"
+#include "serial/reply.h"
+#include "serial/request.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -12,26 +13,7 @@
 #include <utility>
 #include <vector>
 
-/// Bus addresses that name no single LDB.
-namespace busaddress {
-extern const QString kBroadcast; ///< "FF": every LDB obeys, none answers
-extern const QString kMaster;    ///< "FE": this program
-constexpr int kFirst = 1;
-constexpr int kLast = 253;
-
-/// The two-digit `hexId` of a bus address.
-QString toHexId(int address);
-} // namespace busaddress
-
-/// Carries one answer from the thread that has it to the receiver's thread. The connection does
-/// the work: it is queued when the threads differ, and a receiver that has died in the meantime
-/// simply gets nothing.
-class AnswerRelay : public QObject
-{
-    Q_OBJECT
-signals:
-    void answered(const QByteArray& answer);
-};
+class ReplyRelay;
 
 /// One request to the bus: its body, and who wants the answer. Made in any thread, handed to the
 /// serial processor by `std::unique_ptr`, and deleted there once it is answered or given up.
@@ -39,12 +21,13 @@ class ISerialCommand
 {
 public:
     /// Takes the answer: a body, a single ACK (0x06) or NAK (0x15) byte, or nothing at all when the
-    /// command was given up. Owned by its command.
+    /// command was sent and nothing came. Owned by its command; destroyed without a call when the
+    /// command is never sent.
     class Observer;
     class ObserverFunc;
+    class ReplyObserver;
     template <typename T>
     class ObserverMember;
-    class ObserverCallable;
 
     virtual ~ISerialCommand();
 
@@ -52,36 +35,21 @@ public:
     ISerialCommand& operator=(const ISerialCommand&) = delete;
 
     /// The request's body, without start, check digits and end.
-    virtual QByteArray commandData() const { return m_commandData; }
+    virtual QByteArray commandData() const { return m_request.body; }
 
-    /// The LDB asked.
-    const QString& hexId() const { return m_hexId; }
-
-    /// What the answer looks like.
-    AnswerShape answerShape() const { return m_answerShape; }
-
-    /// Whether the request changes nothing in the LDB, so that two equal ones waiting in a row may
-    /// become one.
-    bool isRead() const { return m_isRead; }
+    const Request& request() const { return m_request; }
 
     void addObserver(std::unique_ptr<Observer> observer);
-
-    /// Takes over the observers of an equal command that will not be sent itself.
-    void adoptObservers(ISerialCommand& other);
 
     /// Passes the answer to every observer, in the calling thread.
     void notify(const QByteArray& answer);
 
 protected:
-    ISerialCommand(const QString& hexId, const QByteArray& request, AnswerShape answerShape,
-                   bool isRead);
+    explicit ISerialCommand(const Request& request);
 
 private:
     std::vector<std::unique_ptr<Observer>> m_observers;
-    QByteArray m_commandData;
-    QString m_hexId;
-    AnswerShape m_answerShape;
-    bool m_isRead;
+    Request m_request;
 };
 
 class ISerialCommand::Observer
@@ -111,34 +79,39 @@ private:
     Function m_function;
 };
 
-/// Calls `context`'s function in the context's own thread, or nobody when the context has died.
-/// For receivers that must know more than the answer, such as which LDB they had asked.
-class ISerialCommand::ObserverCallable : public ISerialCommand::Observer
+/// Calls `function` once, in the thread of `context` and from its event loop: with what was
+/// answered, or with an unsent `Reply` when the command is destroyed without an answer. Nobody is
+/// called once the context has died.
+class ISerialCommand::ReplyObserver : public ISerialCommand::Observer
 {
 public:
-    ObserverCallable(QObject* context, std::function<void(const QByteArray&)> function);
+    ReplyObserver(QObject* context, std::function<void(const Reply&)> function);
+    ~ReplyObserver() override;
+    ReplyObserver(const ReplyObserver&) = delete;
+    ReplyObserver& operator=(const ReplyObserver&) = delete;
+
     void call(QByteArray answer) override;
 
 private:
-    AnswerRelay m_relay;
+    std::unique_ptr<ReplyRelay> m_relay;
+    bool m_called = false;
 };
 
-/// Calls a member of `object` in the object's own thread, or nobody when the object has died.
+/// Calls a member of `object` in the object's own thread with the answer, if the command was sent.
 template <typename T>
-class ISerialCommand::ObserverMember : public ISerialCommand::Observer
+class ISerialCommand::ObserverMember : public ISerialCommand::ReplyObserver
 {
 public:
     using Member = void (T::*)(QByteArray);
 
     ObserverMember(T* object, Member member)
-        : m_callable(object,
-                     [object, member](const QByteArray& answer) { (object->*member)(answer); })
+        : ReplyObserver(object, [object, member](const Reply& reply) {
+            if (reply.kind() != Reply::Kind::Unsent) {
+                (object->*member)(reply.answer());
+            }
+        })
     {
     }
-    void call(QByteArray answer) override { m_callable.call(std::move(answer)); }
-
-private:
-    ObserverCallable m_callable;
 };
 
 /// Asks whether an LDB stands at an address.

@@ -1,9 +1,12 @@
 #include "serial/seriallink.h"
 
-#include "serial/runsignals.h"
 #include "serial/serialprocessor.h"
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QEvent>
+
+#include <utility>
 
 namespace {
 
@@ -58,8 +61,8 @@ void SerialLink::start()
     ++m_run;
     m_running = true;
     forgetLdbs();
-    m_runSignals = std::make_unique<RunSignals>(*m_processor);
-    forwardRunSignals();
+    dropPosted();
+    followRun();
     m_thread->start();
     emit started();
 }
@@ -71,15 +74,21 @@ void SerialLink::stop()
         return;
     }
     m_running = false;
-    m_runSignals->disconnect();
-    // It may be the sender of the very signal that led here.
-    m_runSignals.release()->deleteLater();
+    m_processor->disconnect(this);
     m_polledAlone.clear();
     m_thread->quit();
-    if (!m_thread->wait(kStopWaitMs)) {
+    if (m_thread->wait(kStopWaitMs)) {
+        dropPosted();
+    } else {
         qWarning("The serial worker takes long to end");
     }
     emit stopped();
+}
+
+/// Destroys what was posted to a run that has ended before it took it. Only while no thread runs.
+void SerialLink::dropPosted()
+{
+    QCoreApplication::removePostedEvents(m_processor.get(), QEvent::MetaCall);
 }
 
 void SerialLink::rescan()
@@ -89,6 +98,14 @@ void SerialLink::rescan()
     } else {
         start();
     }
+}
+
+void SerialLink::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
+                     std::function<void(const Reply&)> function)
+{
+    command->addObserver(
+        std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
+    post(std::move(command));
 }
 
 void SerialLink::post(std::unique_ptr<ISerialCommand> command)
@@ -115,13 +132,7 @@ void SerialLink::postToRun(Task task)
 {
     SerialProcessor* processor = m_processor.get();
     QMetaObject::invokeMethod(
-        processor,
-        [processor, run = m_run, task = std::move(task)]() mutable {
-            // Posted to a run that had ended already, it waited for this one.
-            if (processor->run() == run) {
-                task(*processor);
-            }
-        },
+        processor, [processor, task = std::move(task)]() mutable { task(*processor); },
         Qt::QueuedConnection);
 }
 
@@ -148,23 +159,31 @@ LdbState SerialLink::stateOf(const QString& hexId) const
     return m_states.value(hexId, LdbState::Disconnected);
 }
 
-void SerialLink::forwardRunSignals()
+void SerialLink::followRun()
 {
-    const RunSignals* from = m_runSignals.get();
-    connect(from, &RunSignals::stopped, this, &SerialLink::stop);
-    connect(from, &RunSignals::ldbListChanged, this, &SerialLink::processListChanged);
-    connect(from, &RunSignals::ldbStateUpdated, this, &SerialLink::processStateUpdated);
-    connect(from, &RunSignals::ldbListInitializationStateChange, this,
-            &SerialLink::ldbListInitializationStateChange);
-    connect(from, &RunSignals::ldbListInitializationProgress, this,
-            &SerialLink::ldbListInitializationProgress);
-    connect(from, &RunSignals::generalInformationUpdated, this,
-            &SerialLink::generalInformationUpdated);
-    connect(from, &RunSignals::externalCommandsInQueueUpdated, this,
-            &SerialLink::externalCommandsInQueueUpdated);
-    connect(from, &RunSignals::portFailed, this, &SerialLink::portFailed);
-    connect(from, &RunSignals::communicationFailed, this, &SerialLink::communicationFailed);
-    connect(from, &RunSignals::ldbDisconnected, this, &SerialLink::processLoss);
+    using Processor = SerialProcessor;
+    follow(&Processor::stopped, &SerialLink::stop);
+    follow(&Processor::ldbListChanged, &SerialLink::processListChanged);
+    follow(&Processor::ldbStateUpdated, &SerialLink::processStateUpdated);
+    follow(&Processor::ldbListInitializationStateChange,
+           &SerialLink::ldbListInitializationStateChange);
+    follow(&Processor::ldbListInitializationProgress, &SerialLink::ldbListInitializationProgress);
+    follow(&Processor::generalInformationUpdated, &SerialLink::generalInformationUpdated);
+    follow(&Processor::externalCommandsInQueueUpdated, &SerialLink::externalCommandsInQueueUpdated);
+    follow(&Processor::portFailed, &SerialLink::portFailed);
+    follow(&Processor::communicationFailed, &SerialLink::communicationFailed);
+    follow(&Processor::ldbDisconnected, &SerialLink::processLoss);
+}
+
+template <typename Signal, typename Handler>
+void SerialLink::follow(Signal signal, Handler handler)
+{
+    connect(m_processor.get(), signal, this, [this, run = m_run, handler](const auto&... told) {
+        // What was on its way when the run ended still arrives.
+        if (m_running && run == m_run) {
+            (this->*handler)(told...);
+        }
+    });
 }
 
 void SerialLink::forgetLdbs()

@@ -8,17 +8,17 @@
 #include <QStringList>
 #include <QThread>
 
+#include <functional>
 #include <memory>
 
 class SerialProcessor;
-class RunSignals;
 
 /// The GUI side of the serial processor: owns it and its worker thread, starts and stops runs,
 /// posts to it, and keeps the GUI's own copy of what its signals told (LDB list, states). GUI
 /// thread only; nothing here reads the processor.
 ///
-/// Every start is a run of its own. Signals of a run that has been stopped are dropped here, so no
-/// receiver ever sees a late one.
+/// Every start is a run of its own. What a stopped run still had to say is dropped here, and what
+/// it had not sent yet is destroyed unsent.
 class SerialLink : public QObject
 {
     Q_OBJECT
@@ -39,7 +39,14 @@ public:
     /// Scans the bus anew: at the next dispatch, or by starting a run.
     void rescan();
 
-    /// Queues a command behind those waiting. Without a run it is destroyed unsent.
+    /// Queues a command behind those waiting. `function` gets its reply exactly once, in the thread
+    /// of `context` and from its event loop, unless `context` dies first: also when there is no
+    /// run, the run ends, the port dies, or this link is destroyed.
+    void ask(std::unique_ptr<ISerialCommand> command, QObject* context,
+             std::function<void(const Reply&)> function);
+
+    /// Queues a command behind those waiting, with the observers that it has. Without a run, and
+    /// when its run ends first, it is destroyed unsent.
     void post(std::unique_ptr<ISerialCommand> command);
 
     /// Polls this LDB alone, with no probes of lost ones; an empty id polls all again. An id that
@@ -73,7 +80,10 @@ signals:
 private:
     template <typename Task>
     void postToRun(Task task);
-    void forwardRunSignals();
+    void dropPosted();
+    void followRun();
+    template <typename Signal, typename Handler>
+    void follow(Signal signal, Handler handler);
     void forgetLdbs();
     void processListChanged(const QStringList& hexIds);
     void processLoss(const QString& hexId);
@@ -81,7 +91,6 @@ private:
 
     std::unique_ptr<QThread> m_thread;
     std::unique_ptr<SerialProcessor> m_processor;
-    std::unique_ptr<RunSignals> m_runSignals;
     bool m_running = false;
     int m_run = 0;
     QString m_polledAlone;

@@ -33,19 +33,6 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
-    <name>AudioMuteEnd</name>
-    <message>
-        <source>Attention</source>
-        <translation>Attention</translation>
-    </message>
-    <message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée&#xa0;: le LDB est injoignable.
-Le son de ce LDB reste coupé.</translation>
-    </message>
-</context>
-<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -281,6 +268,16 @@ Le son de ce LDB reste coupé.</translation>
 <context>
     <name>FimTracking</name>
     <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
+The audio of this LDB stays muted.</source>
+        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée&#xa0;: le LDB est injoignable.
+Le son de ce LDB reste coupé.</translation>
+    </message>
+    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Fuite à la terre détectée&#xa0;!
@@ -438,10 +435,6 @@ Le son de ce LDB reste coupé.</translation>
     <message>
         <source>Stop</source>
         <translation>Arrêter</translation>
-    </message>
-    <message>
-        <source>Attention</source>
-        <translation>Attention</translation>
     </message>
     <message>
         <source>This action will start a factory reset. 
@@ -641,7 +634,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>LampPages</name>
+    <name>LampPanel</name>
     <message>
         <source>No LDB</source>
         <translation>Aucun LDB</translation>
@@ -1492,6 +1485,13 @@ FIM</translation>
     </message>
 </context>
 <context>
+    <name>PortPlot</name>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -1672,13 +1672,6 @@ FIM</translation>
     <message>
         <source>Select File</source>
         <translation>Sélectionner un fichier</translation>
-    </message>
-</context>
-<context>
-    <name>SidePanel</name>
-    <message>
-        <source>mA</source>
-        <translation>mA</translation>
     </message>
 </context>
 <context>

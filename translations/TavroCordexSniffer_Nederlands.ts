@@ -33,19 +33,6 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
-    <name>AudioMuteEnd</name>
-    <message>
-        <source>Attention</source>
-        <translation>Let op</translation>
-    </message>
-    <message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>De audiodemping van LDB %1 kon niet worden beëindigd: de LDB is niet bereikbaar.
-De audio van deze LDB blijft gedempt.</translation>
-    </message>
-</context>
-<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -281,6 +268,16 @@ De audio van deze LDB blijft gedempt.</translation>
 <context>
     <name>FimTracking</name>
     <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
+The audio of this LDB stays muted.</source>
+        <translation>De audiodemping van LDB %1 kon niet worden beëindigd: de LDB is niet bereikbaar.
+De audio van deze LDB blijft gedempt.</translation>
+    </message>
+    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Aardlek gedetecteerd!
@@ -438,10 +435,6 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>Stop</source>
         <translation>Stop</translation>
-    </message>
-    <message>
-        <source>Attention</source>
-        <translation>Let op</translation>
     </message>
     <message>
         <source>This action will start a factory reset. 
@@ -641,7 +634,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
 </context>
 <context>
-    <name>LampPages</name>
+    <name>LampPanel</name>
     <message>
         <source>No LDB</source>
         <translation>Geen LDB</translation>
@@ -1492,6 +1485,13 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>PortPlot</name>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -1672,13 +1672,6 @@ modus</translation>
     <message>
         <source>Select File</source>
         <translation>Bestand selecteren</translation>
-    </message>
-</context>
-<context>
-    <name>SidePanel</name>
-    <message>
-        <source>mA</source>
-        <translation>mA</translation>
     </message>
 </context>
 <context>

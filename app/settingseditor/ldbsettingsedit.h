@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/settingseditor/ldbsettingsfields.h"
+#include "importexport/ldbfields.h"
 #include "serial/ldbsettings.h"
 
 #include <set>

@@ -69,18 +69,6 @@ void LdbSettingsEditor::setLink(SerialLink* link)
 {
     Q_ASSERT(!m_link);
     m_link = link;
-    m_saver = std::make_unique<LdbSettingsSaver>(link);
-    connect(m_saver.get(), &LdbSettingsSaver::finished, this, [this] {
-        updateEnabled();
-        emit saveFinished();
-    });
-    connect(m_saver.get(), &LdbSettingsSaver::recordRead, this,
-            &LdbSettingsEditor::processRecordRead);
-    connect(m_saver.get(), &LdbSettingsSaver::saved, this, [this](const QString& hexId) {
-        emit statusMessage(tr("The settings of LDB %1 are saved.").arg(hexId), kSavedMessageMs);
-    });
-    connect(m_saver.get(), &LdbSettingsSaver::failed, this,
-            [this](const QString& text) { emit statusMessage(text, kStays); });
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
@@ -96,26 +84,21 @@ void LdbSettingsEditor::requestSettings()
     if (m_hexId.isEmpty() || !m_link) {
         return;
     }
-    const auto post = [this](std::unique_ptr<ISerialCommand> command, auto process) {
-        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-            this, [this, hexId = m_hexId, process](const QByteArray& answer) {
-                (this->*process)(hexId, answer);
-            }));
-        m_link->post(std::move(command));
-    };
-    post(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings),
-         &LdbSettingsEditor::processLdbSettings);
-    post(std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId),
-         &LdbSettingsEditor::processFirmwareId);
+    m_link->ask(
+        std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
+        [this, hexId = m_hexId](const Reply& reply) { processLdbSettings(hexId, reply.answer()); });
+    m_link->ask(
+        std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId), this,
+        [this, hexId = m_hexId](const Reply& reply) { processFirmwareId(hexId, reply.answer()); });
 }
 
 void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArray& answer)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    const std::optional<LdbSettings> record = decodeLdbSettings(answer);
-    if (record && isOfSelected(hexId, *record)) {
+    const std::optional<LdbSettings> record = decodeLdbSettings(answer, m_hexId);
+    if (record && hexId == m_hexId) {
         m_edit.receive(*record);
-        if (m_saver && !m_saver->isWriting()) {
+        if (!isSaving()) {
             // Answers come in the order of the requests: this one was read after what was written.
             m_edit.endSave();
         }
@@ -139,18 +122,39 @@ void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
     ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
 }
 
-void LdbSettingsEditor::processRecordRead(const QString& hexId, const LdbSettings& record,
-                                          const LdbSettings& written, bool isComplete)
+bool LdbSettingsEditor::isSaving() const
 {
-    if (isOfSelected(hexId, record) && m_edit.hasRecord()) {
-        m_edit.receiveAfterSave(record, written, isComplete);
+    return m_writer && m_writer->isWriting();
+}
+
+void LdbSettingsEditor::processWritten()
+{
+    updateEnabled();
+    if (!m_writer->outcome().isComplete()) {
+        tellOutcome();
+    }
+    emit saveFinished();
+}
+
+void LdbSettingsEditor::processSaved()
+{
+    const SettingsOutcome& outcome = m_writer->outcome();
+    tellOutcome();
+    if (outcome.record && outcome.hexId == m_hexId && m_edit.hasRecord()) {
+        m_edit.receiveAfterSave(*outcome.record, outcome.written, outcome.isComplete());
         refresh();
     }
 }
 
-bool LdbSettingsEditor::isOfSelected(const QString& hexId, const LdbSettings& record) const
+void LdbSettingsEditor::tellOutcome()
 {
-    return hexId == m_hexId && busaddress::toHexId(record.address) == m_hexId;
+    const SettingsOutcome& outcome = m_writer->outcome();
+    if (outcome.isGood()) {
+        emit statusMessage(tr("The settings of LDB %1 are saved.").arg(outcome.hexId),
+                           kSavedMessageMs);
+    } else {
+        emit statusMessage(tr("LDB %1: %2").arg(outcome.hexId, outcome.text()), kStays);
+    }
 }
 
 void LdbSettingsEditor::setUndoAllowed(bool allowed)
@@ -167,7 +171,7 @@ void LdbSettingsEditor::setSaveAllowed(bool allowed)
 
 void LdbSettingsEditor::on_settingsSaveButton_clicked()
 {
-    if (!m_saver || m_saver->isWriting() || !m_edit.hasRecord()) {
+    if (isSaving() || !m_edit.hasRecord()) {
         return;
     }
     if (m_edit.isChanged(LdbField::Name) && !isStorableName(m_edit.values().name)) {
@@ -178,7 +182,12 @@ void LdbSettingsEditor::on_settingsSaveButton_clicked()
     emit saveStarted();
     emit statusMessage(tr("Saving the settings of LDB %1").arg(m_hexId), kStays);
     m_edit.beginSave();
-    m_saver->save(m_hexId, m_edit.values());
+    m_writer = std::make_unique<SettingsWriter>(m_link, m_hexId, m_edit.values(),
+                                                SettingsWriter::AudioMute::Written,
+                                                SettingsWriter::ReadBack::Always);
+    connect(m_writer.get(), &SettingsWriter::written, this, &LdbSettingsEditor::processWritten);
+    connect(m_writer.get(), &SettingsWriter::finished, this, &LdbSettingsEditor::processSaved);
+    m_writer->start();
     updateEnabled();
 }
 
@@ -287,7 +296,7 @@ void LdbSettingsEditor::mark(QWidget* widget, bool isChanged, LdbField field) co
 void LdbSettingsEditor::updateEnabled()
 {
     const bool hasRecord = m_edit.hasRecord();
-    const bool isIdle = hasRecord && !(m_saver && m_saver->isWriting());
+    const bool isIdle = hasRecord && !isSaving();
     for (QWidget* widget : std::initializer_list<QWidget*>{
              ui->settingsNameLabel, ui->settingsNameLineEdit, ui->settingsNumberOfFimsLabel,
              ui->settingsNumberOfFimsSpinBox, ui->settingsOpenDetectionDelayCheckBox}) {

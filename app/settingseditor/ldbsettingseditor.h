@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/settingseditor/ldbsettingsedit.h"
-#include "app/settingseditor/ldbsettingssaver.h"
+#include "importexport/settingswriter.h"
 
 #include <QString>
 #include <QWidget>
@@ -76,9 +76,10 @@ private:
     };
 
     void initFlagBoxes();
-    void processRecordRead(const QString& hexId, const LdbSettings& record,
-                           const LdbSettings& written, bool isComplete);
-    bool isOfSelected(const QString& hexId, const LdbSettings& record) const;
+    bool isSaving() const;
+    void processWritten();
+    void processSaved();
+    void tellOutcome();
     void showFirmwareId(const QString& firmwareId);
     /// So that the form keeps its width when a change turns a text bold.
     void reserveBoldWidths();
@@ -93,7 +94,7 @@ private:
     std::unique_ptr<Ui::LdbSettingsEditor> ui;
     std::vector<FlagBox> m_flagBoxes;
     SerialLink* m_link = nullptr;
-    std::unique_ptr<LdbSettingsSaver> m_saver;
+    std::unique_ptr<SettingsWriter> m_writer; ///< of the last Save
     LdbSettingsEdit m_edit;
     QString m_hexId;
     bool m_undoAllowed = true;

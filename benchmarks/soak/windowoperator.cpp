@@ -3,7 +3,7 @@
 #include "app/mainwindow.h"
 #include "app/messagebox.h"
 #include "serial/generalinformation.h"
-#include "views/overviewcolumns.h"
+#include "views/tables/overviewcolumns.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

@@ -1,7 +1,8 @@
 #include "docs/screenshots/trackingscene.h"
 
-#include "tracking/disconnectsecondaryportdialog.h"
-#include "tracking/fimtracking.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/faultfinding/startquestions.h"
+#include "tracking/faultfinding/trackingtexts.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -81,7 +82,7 @@ void TrackingScene::answerQuestions()
     auto* mode =
         m_stage.waitForWindow<QMessageBox>(QStringLiteral("trackingModeBox"), kQuestionSeconds);
     shoot(mode, QStringLiteral("mode"));
-    clickText(mode, trackingresult::modeText(m_mode));
+    clickText(mode, trackingtexts::mode(m_mode));
     if (m_mode == TrackingMode::FaultFinding) {
         auto* secondary = m_stage.waitForWindow<DisconnectSecondaryPortDialog>();
         shoot(secondary, QStringLiteral("secondary-port"));

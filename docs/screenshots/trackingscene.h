@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docs/screenshots/stage.h"
-#include "tracking/trackingresult.h"
+#include "tracking/counting/trackingresult.h"
 
 class FimTracking;
 

@@ -1,7 +1,6 @@
 #include "tests/app/screenset.h"
 
 #include "app/help/manualwindow.h"
-#include "app/lamppanel.h"
 #include "app/mainwindow.h"
 #include "app/portfailure.h"
 #include "app/settings/aboutdialog.h"
@@ -14,12 +13,13 @@
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/views/records.h"
-#include "tracking/disconnectsecondaryportdialog.h"
-#include "tracking/fimtracking.h"
-#include "tracking/mainwindowplot.h"
-#include "tracking/plot.h"
-#include "views/devicedetailtable.h"
-#include "views/deviceoverviewtable.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/faultfinding/startquestions.h"
+#include "tracking/plot/mainwindowplot.h"
+#include "tracking/plot/plot.h"
+#include "views/lamps/lamppanel.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
 
 #include <QSerialPort>
 #include <QtWidgets>

@@ -38,11 +38,9 @@ public:
     /// All answers to what was asked so far have reached the editor: one asked for last has.
     bool settle()
     {
-        auto command = std::make_unique<ExecuteCommand>(kOtherLdb, LdbAction::FirmwareId);
         bool answered = false;
-        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-            &link, [&answered](const QByteArray&) { answered = true; }));
-        link.post(std::move(command));
+        link.ask(std::make_unique<ExecuteCommand>(kOtherLdb, LdbAction::FirmwareId), &link,
+                 [&answered](const Reply&) { answered = true; });
         return waitUntil([&answered] { return answered; });
     }
 

@@ -218,17 +218,19 @@ void TestLdbSettingsSaving::readsAgainWithoutNewsOfTheReboot()
 {
     Desk desk;
     QVERIFY(desk.connectLink());
-    LdbSettingsSaver saver(&desk.link);
-    QSignalSpy saved(&saver, &LdbSettingsSaver::saved);
-    auto* limit = saver.findChild<QTimer*>();
+    SettingsWriter writer(&desk.link, kLdb, *decodeLdbSettings(SettingsBus::record(kLdb)),
+                          SettingsWriter::AudioMute::Written, SettingsWriter::ReadBack::Always);
+    QSignalSpy finished(&writer, &SettingsWriter::finished);
+    auto* limit = writer.findChild<QTimer*>();
     desk.bus.answerTo(kLdb, "737201", kSilence);
-    saver.save(kLdb, *decodeLdbSettings(SettingsBus::record(kLdb)));
+    writer.start();
     WAIT_VERIFY(limit->isActive());
     QCOMPARE(limit->interval(), 15000);
     desk.bus.setScript(nullptr);
-    QVERIFY(saved.isEmpty());
+    QVERIFY(finished.isEmpty());
     limit->start(0); // the time is up
-    WAIT_COMPARE(saved.size(), 1);
+    WAIT_COMPARE(finished.size(), 1);
+    QVERIFY(writer.outcome().isGood());
 }
 
 void TestLdbSettingsSaving::lostPortEndsTheSave()

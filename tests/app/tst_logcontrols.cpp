@@ -5,7 +5,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "views/filelogger.h"
+#include "views/log/filelogger.h"
 
 #include <QtWidgets>
 

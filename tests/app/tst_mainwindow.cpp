@@ -8,7 +8,7 @@
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/fimtracking.h"
+#include "tracking/faultfinding/fimtracking.h"
 
 #include <QtWidgets>
 

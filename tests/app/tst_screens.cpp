@@ -3,7 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
-#include "views/proxymodelhierachicalheader.h"
+#include "views/header/proxymodelhierachicalheader.h"
 
 #include <QtWidgets>
 

@@ -11,7 +11,7 @@ const QByteArray kGoodLine("10;Hall;1;1;10;0;1;0;1;20;LDB 1.07");
 QString summary(const DeviceSettingsLine& line)
 {
     if (!line.settings) {
-        return QStringLiteral("wrong: ") + line.error;
+        return QStringLiteral("wrong: ") + line.error();
     }
     const LdbSettings& s = *line.settings;
     QString flags;
@@ -171,7 +171,7 @@ void TestDeviceSettingsFile::readsLines()
     const auto read = DeviceSettingsFile::readLine(line, 1);
     QCOMPARE(read ? summary(*read) : QString(), expected);
     if (read && read->settings) {
-        QCOMPARE(read->error, QString());
+        QVERIFY(!read->error);
         QCOMPARE(read->settings->address, read->address);
         QCOMPARE(read->hexId.toInt(nullptr, 16), read->address);
     }

@@ -111,6 +111,7 @@ private slots:
     void importEndsOnce();
     void importReportsEachCommand_data();
     void importReportsEachCommand();
+    void importReadsBackAfterSilence();
     void endsWhenTheLinkStops_data();
     void endsWhenTheLinkStops();
     void isCancelled_data();
@@ -240,9 +241,9 @@ void TestImportExport::failsAtOnce()
              isImport ? (QList<Status>{Status::ImportStarted, Status::ImportFailed})
                       : (QList<Status>{Status::ExportStarted, Status::ExportFailed}));
     QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(failure))
-                 .match(operation.job->failureText())
+                 .match(operation.job->failureText()())
                  .hasMatch(),
-             qPrintable(operation.job->failureText()));
+             qPrintable(operation.job->failureText()()));
     // A file that cannot be written anew is left as it was.
     QCOMPARE(Sandbox::readFile(present), line("1", "A"));
 }
@@ -342,12 +343,14 @@ void TestImportExport::importReportsEachCommand_data()
                            << QStringLiteral("Line 1: ID 1 (read as 1 hexadecimal, address 1): ") +
                                   QString::fromLatin1(failure);
     };
-    row("flags refused", "736314", kNak, "the 0/1 columns refused");
-    row("store refused", "737806", kNak, "storing the settings refused");
+    row("flags refused", "736314", kNak,
+        "not written: fault output, detection and service mode switches (refused)");
+    row("store refused", "737806", kNak, "not written: storing (refused)");
     row("name answered with a status", "736302", ScriptedBus::framed(ScriptedBus::status()),
-        "Device Name refused");
-    row("name unanswered", "736302", kSilence, "Device Name unanswered");
-    row("store unanswered", "737806", kSilence, "storing the settings unanswered");
+        "not written: Name (refused)");
+    row("name unanswered", "736302", kSilence,
+        "not written: Name (no answer); the LDB reports other values than written: Name (LDB 01)");
+    row("store unanswered", "737806", kSilence, "not written: storing (no answer)");
 }
 
 void TestImportExport::importReportsEachCommand()
@@ -361,6 +364,22 @@ void TestImportExport::importReportsEachCommand()
     QVERIFY(operation.runImport(line("1", "A")));
     QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
     QCOMPARE(operation.job->failures(), QStringList{failure});
+}
+
+void TestImportExport::importReadsBackAfterSilence()
+{
+    Operation operation({QStringLiteral("01")});
+    operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        if (isRequest(body, "01", "736303")) { // taken over, and the acknowledgement is lost
+            operation.bus.settingsOf(QStringLiteral("01")).replace(52, 4, "1E00");
+            return kSilence;
+        }
+        return std::nullopt;
+    });
+    QVERIFY(operation.connectLink());
+    QVERIFY(operation.runImport(line("1", "A")));
+    QCOMPARE(operation.job->failures(), QStringList());
+    QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
 }
 
 void TestImportExport::endsWhenTheLinkStops_data()
@@ -422,7 +441,8 @@ void TestImportExport::endsWhenTheLinkStops()
     QCoreApplication::processEvents();
     QCOMPARE(operation.statuses.size(), 2);
     QCOMPARE(operation.statuses.constLast(), end);
-    QVERIFY2(operation.job->failures().contains(failure), qPrintable(operation.job->failureText()));
+    QVERIFY2(operation.job->failures().contains(failure),
+             qPrintable(operation.job->failureText()()));
 }
 
 void TestImportExport::isCancelled_data()

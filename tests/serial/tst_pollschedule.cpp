@@ -1,4 +1,4 @@
-#include "serial/pollschedule.h"
+#include "serial/conversation/pollschedule.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -39,6 +39,7 @@ void TestPollSchedule::turns()
     for (const char* hexId : {"03", "0A", "F0"}) {
         schedule.add(hexId);
     }
+    schedule.restart();
     QStringList words;
     const QStringList each = steps.split(' ');
     for (const QString& step : each) {

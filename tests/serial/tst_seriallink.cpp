@@ -4,6 +4,9 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
+
+Q_DECLARE_METATYPE(Reply::Kind)
+
 namespace {
 
 const QByteArray kReset = "FE0373780001";
@@ -20,6 +23,8 @@ private slots:
     void aStopInsideASignalIsClean();
     void nothingOfAStoppedRunComesLater();
     void commandsOfAnEarlierRunAreNotSent();
+    void everyCommandEndsOnce_data();
+    void everyCommandEndsOnce();
     void emptyBusStopsTheRunOnce();
     void reloadStartsOrRescans();
     void diesInTheMiddleOfEverything_data();
@@ -92,6 +97,76 @@ void TestSerialLink::commandsOfAnEarlierRunAreNotSent()
     WAIT_VERIFY(m_bus->requests().contains(kReset));
 }
 
+void TestSerialLink::everyCommandEndsOnce_data()
+{
+    QTest::addColumn<QByteArray>("answer"); // to the first command
+    QTest::addColumn<QString>("end");       // of the run, once the first command is on the wire
+    QTest::addColumn<QList<Reply::Kind>>("kinds");
+    using Kind = Reply::Kind;
+    const auto row = [](const char* tag, const QByteArray& answer, const char* end, Kind first,
+                        Kind second) {
+        QTest::newRow(tag) << answer << QString::fromLatin1(end) << QList<Kind>{first, second};
+    };
+    row("accepted", "\x06", "", Kind::Accepted, Kind::Accepted);
+    row("refused", "\x15", "", Kind::Refused, Kind::Accepted);
+    row("silent", QByteArray(), "", Kind::Silent, Kind::Accepted);
+    row("no run", "", "before", Kind::Unsent, Kind::Unsent);
+    row("the run ends before it takes them", "", "at once", Kind::Unsent, Kind::Unsent);
+    row("the run ends", "", "stop", Kind::Silent, Kind::Unsent);
+    row("the port dies", "", "hang up", Kind::Silent, Kind::Unsent);
+    row("the link dies", "", "delete", Kind::Silent, Kind::Unsent);
+}
+
+void TestSerialLink::everyCommandEndsOnce()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, end);
+    QFETCH(QList<Reply::Kind>, kinds);
+    const ExpectWarning gone("Port .*: |No answer to .*", ExpectWarning::Need::MayCome);
+    const QByteArray first("FE0373780000");
+    const QByteArray firmware("FE0A737804");
+    m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+        // While this one is waited for nothing else is sent.
+        const bool isHeldUp = body == firmware && end == QLatin1String("at once");
+        return body == first || isHeldUp ? std::optional(answer) : std::nullopt;
+    });
+    if (end != QLatin1String("before")) {
+        m_link->start();
+        WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+        WAIT_VERIFY(m_bus->requests().contains(firmware));
+    }
+    QObject context;
+    QList<Reply::Kind> replies;
+    const auto ask = [&](LdbControl control) {
+        m_link->ask(std::make_unique<ExecuteCommand>(QString("03"), control), &context,
+                    [&](const Reply& reply) {
+                        QCOMPARE(QThread::currentThread(), context.thread());
+                        replies.append(reply.kind());
+                    });
+    };
+    ask(LdbControl::FimReset);
+    ask(LdbControl::LdbReset);
+    if (end == QLatin1String("at once")) {
+        m_link->stop();
+    }
+    QVERIFY(replies.isEmpty()); // from the event loop
+    if (!end.isEmpty() && kinds.constFirst() == Reply::Kind::Silent) {
+        WAIT_VERIFY(m_bus->requests().contains(first));
+        if (end == QLatin1String("stop")) {
+            m_link->stop();
+        } else if (end == QLatin1String("hang up")) {
+            m_bus->hangUp();
+        } else {
+            m_link.reset();
+        }
+    }
+    WAIT_COMPARE(replies.size(), 2);
+    QCOMPARE(replies, kinds);
+    m_link.reset();
+    QCoreApplication::processEvents();
+    QCOMPARE(replies.size(), 2);
+}
+
 void TestSerialLink::emptyBusStopsTheRunOnce()
 {
     m_bus->setPresent({});
@@ -149,16 +224,15 @@ void TestSerialLink::diesInTheMiddleOfEverything()
     m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
         return body == request ? std::optional(QByteArray()) : std::nullopt;
     });
-    QObject receiver;
+    auto receiver = std::make_unique<QObject>();
     bool called = false;
     m_link->start();
     for (int i = 0; i < 5; ++i) {
-        auto command = std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
-        command->addObserver(std::make_unique<ISerialCommand::ObserverCallable>(
-            &receiver, [&called](const QByteArray&) { called = true; }));
-        m_link->post(std::move(command));
+        m_link->ask(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset),
+                    receiver.get(), [&called](const Reply&) { called = true; });
     }
     WAIT_VERIFY(m_bus->requests().contains(request));
+    receiver.reset(); // before the replies that the end of the link makes
     m_link.reset();
     QCoreApplication::processEvents();
     QVERIFY(!called);

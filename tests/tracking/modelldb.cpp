@@ -1,5 +1,6 @@
 #include "tests/tracking/modelldb.h"
 
+#include "serial/framecodec.h"
 #include "serial/generalinformation.h"
 #include "simulator/ldbresponder.h"
 #include "simulator/scenario.h"
@@ -61,7 +62,7 @@ void ModelLdb::setHoldingCommands(bool holding)
     m_held.clear();
 }
 
-int ModelLdb::now() const
+qint64 ModelLdb::now() const
 {
     return m_clock.interval() - m_clock.remainingTime();
 }
@@ -85,12 +86,12 @@ void ModelLdb::post(std::unique_ptr<ISerialCommand> command)
     }
     const QByteArray body = command->commandData();
     m_commands.append(body);
-    if (m_answer == "\x06") {
-        respond(m_board, parseBusRequest(body).value_or(BusRequest()), now());
-    }
+    const BusRequest request = parseBusRequest(body).value_or(BusRequest());
+    QByteArray own = m_obeys ? respond(m_board, request, now()) : QByteArray();
+    framecodec::responseValidation(own); // strips the frame
     if (m_holding) {
         m_held.push_back(std::move(command));
     } else {
-        command->notify(m_answer);
+        command->notify(request.kind == BusRequest::Kind::Read ? own : m_answer);
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/simulatedldb.h"
-#include "tracking/trackedldb.h"
+#include "tracking/faultfinding/trackedldb.h"
 
 #include <QTimer>
 
@@ -48,14 +48,20 @@ public:
 
     static QString address() { return QStringLiteral("0A"); }
 
+    qint64 now() const override;
     bool isReachable() const override { return m_reachable; }
     void setPolledAlone(bool alone) override { m_polledAlone = alone; }
     bool isPolledAlone() const { return m_polledAlone; }
 
     /// Bodies of all commands so far, unsent ones excluded.
     QList<QByteArray> commands() const { return m_commands; }
-    /// How commands are answered: an ACK unless changed; empty for none at all.
-    void setAnswer(const QByteArray& answer) { m_answer = answer; }
+    /// How commands are answered: an ACK unless changed; empty for none at all. One that obeys all
+    /// the same has its acknowledgement lost on the line.
+    void setAnswer(const QByteArray& answer, bool obeys = false)
+    {
+        m_answer = answer;
+        m_obeys = obeys;
+    }
     /// Keeps commands unanswered; letting go destroys them.
     void setHoldingCommands(bool holding);
     /// Cuts the connection: commands are destroyed unsent.
@@ -71,8 +77,6 @@ protected:
     void post(std::unique_ptr<ISerialCommand> command) override;
 
 private:
-    int now() const;
-
     SimulatedLdb m_board;
     QTimer m_clock;
     QTimer m_reportTimer;
@@ -80,6 +84,7 @@ private:
     std::vector<std::unique_ptr<ISerialCommand>> m_held;
     bool m_holding = false;
     QByteArray m_answer = QByteArray("\x06");
+    bool m_obeys = true;
     std::optional<LdbState> m_forcedState;
     bool m_reachable = true;
     bool m_polledAlone = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tracking/plot.h"
+#include "tracking/plot/plot.h"
 
 #include <QColor>
 #include <QEvent>

@@ -5,10 +5,12 @@
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/disconnectsecondaryportdialog.h"
-#include "tracking/fimtracking.h"
-#include "tracking/plot.h"
-#include "tracking/sidepanel.h"
+#include "tracking/faultfinding/alarmsound.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/faultfinding/sidepanel.h"
+#include "tracking/faultfinding/startquestions.h"
+#include "tracking/faultfinding/trackingtexts.h"
+#include "tracking/plot/plot.h"
 
 #include <QtWidgets>
 #include <qwt_plot_curve.h>
@@ -162,9 +164,12 @@ private slots:
     void endsInEveryPhase();
     void alarmSoundsUntilTheBoxesAreClosed();
     void commandsNotObeyed();
+    void lostAcknowledgements_data();
+    void lostAcknowledgements();
     void closingTellsOfAnLdbThatStaysMuted_data();
     void closingTellsOfAnLdbThatStaysMuted();
     void runsAgain();
+    void loopResults();
 };
 
 void TestFimTracking::opensOverItsParentAndAsks()
@@ -453,6 +458,34 @@ void TestFimTracking::commandsNotObeyed()
     }
 }
 
+void TestFimTracking::lostAcknowledgements_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("silence") << QByteArray();
+    // To the repetition, by an LDB that is at it already.
+    QTest::newRow("refusal") << QByteArray("\x15");
+}
+
+void TestFimTracking::lostAcknowledgements()
+{
+    QFETCH(QByteArray, answer);
+    Bench bench;
+    bench.ldb->setAnswer(answer, true);
+    bench.choose();
+    VirtualTime::current()->advance(5 * kSecond);
+    QVERIFY(bench.window->run().isCountingDown());
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+
+    // A mute that is in force is ended, and found ended.
+    bench.ldb->setAnswer(QByteArray(), true);
+    QVERIFY(bench.reach(Phase::Counting));
+    bench.window->close();
+    VirtualTime::current()->advance(kSecond);
+    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+    QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
+             (QList<QByteArray>{kEndMute, "FE0A737201"}));
+}
+
 void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
 {
     addColumns<bool, QString, bool>("muted", "failure", "tells");
@@ -482,11 +515,13 @@ void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
     bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
     bench.window->close();
     deletePending();
+    VirtualTime::current()->advance(kSecond);
     if (failure == QLatin1String("held")) {
         VirtualTime::current()->advance(kSecond);
         QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
         bench.ldb->loseConnection();
         bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
+        VirtualTime::current()->advance(1);
     }
     QVERIFY(!bench.window);
     QVERIFY(!bench.ldb->isPolledAlone());
@@ -517,6 +552,25 @@ void TestFimTracking::runsAgain()
         bench.closeBoxes();
         bench.startButton()->click();
     }
+}
+
+void TestFimTracking::loopResults()
+{
+    constexpr SideEnd kConnected = SideEnd::Connected;
+    constexpr SideEnd kOpen = SideEnd::Open;
+    constexpr SideEnd kShort = SideEnd::Short;
+    const auto text = [](SideEnd primary, SideEnd secondary) {
+        return trackingtexts::loopResult(loopResult(primary, secondary));
+    };
+    QCOMPARE(text(kConnected, kConnected), "Loop is connected");
+    QCOMPARE(text(kOpen, kConnected), "Primary side open detected");
+    QCOMPARE(text(kShort, kConnected), "Primary side short detected");
+    QCOMPARE(text(kConnected, kOpen), "Secondary side open detected");
+    QCOMPARE(text(kOpen, kOpen), "Both sides open detected");
+    QCOMPARE(text(kShort, kOpen), "Primary side short detected and Secondary side open detected.");
+    QCOMPARE(text(kConnected, kShort), "Secondary side short detected");
+    QCOMPARE(text(kOpen, kShort), "Primary side open detected and Secondary side short detected.");
+    QCOMPARE(text(kShort, kShort), "Both sides short detected");
 }
 
 REGISTER_TEST(TestFimTracking, InVirtualTime<QApplication>)

@@ -1,7 +1,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/plot.h"
+#include "tracking/plot/plot.h"
 
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>

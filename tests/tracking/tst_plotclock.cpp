@@ -1,7 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/clockscaledraw.h"
-#include "tracking/clockscaleengine.h"
+#include "tracking/plot/clockscale.h"
 
 class TestPlotClock : public TestCase
 {

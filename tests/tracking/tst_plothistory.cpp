@@ -1,6 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/plothistory.h"
+#include "tracking/plot/plothistory.h"
 
 namespace {
 

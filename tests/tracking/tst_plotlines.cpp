@@ -1,6 +1,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/polylinebuilder.h"
+#include "tracking/plot/polylinebuilder.h"
 
 #include <QtWidgets>
 

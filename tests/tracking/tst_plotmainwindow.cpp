@@ -3,7 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
-#include "tracking/mainwindowplot.h"
+#include "tracking/plot/mainwindowplot.h"
 
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>

@@ -3,7 +3,7 @@
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tracking/trackedldb.h"
+#include "tracking/faultfinding/trackedldb.h"
 
 using Command = TrackedLdb::Command;
 using Answer = TrackedLdb::Answer;
@@ -110,7 +110,7 @@ void TestTrackedLdb::connectionLost()
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 void TestTrackedLdb::linkMayDieFirst()
@@ -120,7 +120,7 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    QCOMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
 REGISTER_TEST(TestTrackedLdb, QCoreApplication)

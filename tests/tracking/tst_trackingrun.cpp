@@ -3,7 +3,7 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
-#include "tracking/trackingrun.h"
+#include "tracking/counting/trackingrun.h"
 
 #include <cmath>
 
@@ -28,10 +28,11 @@ struct Bench
         : ldb(plan)
         , run(TrackingThresholds())
     {
-        QObject::connect(
-            &ldb, &TrackedLdb::generalInformationUpdated, &run,
-            [this](const QString&, const QList<QStringList>& rows) { run.processRecord(rows); });
-        QObject::connect(&run, &TrackingRun::commandDue, &run, [this](TrackedLdb::Command due) {
+        QObject::connect(&ldb, &TrackedLdb::generalInformationUpdated, &run,
+                         [this](const QString&, const QList<QStringList>& rows) {
+                             run.processRecord(rows, ldb.now());
+                         });
+        QObject::connect(&run, &TrackingRun::commandDue, &run, [this](TrackingCommand due) {
             ldb.send(due, &run, [](TrackedLdb::Answer) {});
         });
         QObject::connect(&run, &TrackingRun::resultsReady, &run, [this](int count, LoopResult end) {
@@ -43,14 +44,19 @@ struct Bench
     }
     void begin(TrackingMode mode = TrackingMode::Commissioning)
     {
-        run.prepare();
-        run.begin(mode);
+        run.prepare(ldb.now());
+        run.begin(mode, ldb.now());
+    }
+    void pass(qint64 milliseconds)
+    {
+        VirtualTime::current()->advance(milliseconds);
+        run.advance(ldb.now());
     }
     /// Lets time pass until a phase comes; false if it does not within an hour.
     bool reach(Phase phase)
     {
         for (qint64 gone = 0; run.phase() != phase && gone < kHour; gone += kSecond / 4) {
-            VirtualTime::current()->advance(kSecond / 4);
+            pass(kSecond / 4);
         }
         return run.phase() == phase;
     }
@@ -186,15 +192,15 @@ void TestTrackingRun::phasesAndCommands()
 {
     Bench bench;
     QCOMPARE(bench.run.phase(), Phase::Idle);
-    bench.run.prepare();
+    bench.run.prepare(bench.ldb.now());
     QCOMPARE(bench.run.phase(), Phase::Confirmation);
-    VirtualTime::current()->advance(60 * kSecond);
+    bench.pass(60 * kSecond);
     QVERIFY2(bench.ldb.commands().isEmpty(), "nothing is sent before the user has chosen");
 
-    bench.run.begin(TrackingMode::Commissioning);
+    bench.run.begin(TrackingMode::Commissioning, bench.ldb.now());
     QCOMPARE(bench.run.phase(), Phase::FactoryReset);
     QVERIFY(!bench.run.secondsLeft().has_value());
-    VirtualTime::current()->advance(119 * kSecond);
+    bench.pass(119 * kSecond);
     QCOMPARE(bench.ldb.commands(), QList<QByteArray>{kFactoryReset});
     QVERIFY(bench.run.isCountingDown());
     QCOMPARE(bench.run.secondsGone(), 119);
@@ -202,17 +208,17 @@ void TestTrackingRun::phasesAndCommands()
     QVERIFY(bench.reach(Phase::Rebooting));
     QVERIFY(!bench.run.isCountingDown());
     QCOMPARE(bench.run.secondsLeft().value_or(-1), 15);
-    VirtualTime::current()->advance(15 * kSecond - 1);
+    bench.pass(15 * kSecond - 1);
     QCOMPARE(bench.run.secondsLeft().value_or(-1), 1);
     QCOMPARE(bench.ldb.commands().size(), 1);
-    VirtualTime::current()->advance(1);
+    bench.pass(1);
     QCOMPARE(bench.ldb.commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
 
     QVERIFY(bench.reach(Phase::Counting));
-    VirtualTime::current()->advance(7 * kSecond);
+    bench.pass(7 * kSecond);
     QCOMPARE(bench.run.secondsGone(), 7);
     QVERIFY(bench.reach(Phase::Finished));
-    VirtualTime::current()->advance(kLongerThanAnyTimer);
+    bench.pass(kLongerThanAnyTimer);
     QCOMPARE(bench.ldb.commands().size(), 3);
     QCOMPARE(bench.run.stopReason(), StopReason::None);
 }
@@ -249,9 +255,9 @@ void TestTrackingRun::faultStates()
     const QList<int> earth{4, 5, 6, 7};
     const QList<int> loop{16, 17, 18, 20, 22, 24, 25, 26};
     for (int code = 0; code < 128; ++code) {
-        QCOMPARE(faultreport::isEarthLeakage(static_cast<LdbEarthState>(code)),
+        QCOMPARE(TrackingRun::isEarthLeakage(static_cast<LdbEarthState>(code)),
                  earth.contains(code));
-        QCOMPARE(faultreport::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
+        QCOMPARE(TrackingRun::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
                  loop.contains(code));
     }
 }
@@ -260,13 +266,13 @@ void TestTrackingRun::recordsOutsideARun()
 {
     Bench bench;
     bench.ldb.report();
-    bench.run.prepare();
+    bench.run.prepare(bench.ldb.now());
     bench.ldb.report();
     QVERIFY(bench.ldb.commands().isEmpty());
-    bench.run.begin(TrackingMode::Commissioning);
+    bench.run.begin(TrackingMode::Commissioning, bench.ldb.now());
     {
         const ExpectWarning incomplete("incomplete record");
-        bench.run.processRecord({{QStringLiteral("0A")}});
+        bench.run.processRecord({{QStringLiteral("0A")}}, bench.ldb.now());
     }
     QVERIFY(bench.ldb.commands().isEmpty());
 }

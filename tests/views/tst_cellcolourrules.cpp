@@ -3,8 +3,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "views/cellcolourrules.h"
-#include "views/cellcolours.h"
+#include "views/tables/cellcolours.h"
 
 #include <memory>
 

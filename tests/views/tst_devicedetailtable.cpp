@@ -3,7 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/devicedetailtable.h"
+#include "views/tables/devicedetailtable.h"
 
 #include <QtWidgets>
 

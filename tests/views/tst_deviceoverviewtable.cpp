@@ -4,7 +4,8 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/deviceoverviewtable.h"
+#include "views/tables/deviceoverviewtable.h"
+#include "views/tables/overviewcolumns.h"
 
 #include <QtWidgets>
 

@@ -3,8 +3,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/filelogger.h"
-#include "views/logfilename.h"
+#include "views/log/filelogger.h"
 
 #include <csignal>
 #include <memory>

@@ -1,14 +1,15 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "views/hierarchicalheaderview.h"
-#include "views/overviewcolumns.h"
-#include "views/proxymodelhierachicalheader.h"
+#include "views/header/hierarchicalheaderview.h"
+#include "views/header/proxymodelhierachicalheader.h"
 
 #include <QtWidgets>
 
 #include <memory>
 
 namespace {
+
+constexpr int kCodeColumn = 3;
 
 /// A tree written as "A G:CD": top cells, and behind a colon their children, one letter each.
 void fillTree(QStandardItemModel& tree, const QString& text)
@@ -106,8 +107,8 @@ void TestHierarchicalHeader::sorting_data()
     // "sorted": rows are "b", "a", "C"
     addColumns<int, QVariantList, QString>("column", "codes", "sorted");
     const QVariant none;
-    const int mode = overview::ModeColumn;
-    const int name = overview::NameColumn;
+    const int mode = kCodeColumn;
+    const int name = kCodeColumn - 1;
     QTest::newRow("mode by code") << mode << QVariantList{20, 30, 10} << "Cba";
     QTest::newRow("equal codes by text") << mode << QVariantList{0, 0, 0} << "abC";
     QTest::newRow("one code missing") << mode << QVariantList{5, none, none} << "abC";
@@ -120,13 +121,14 @@ void TestHierarchicalHeader::sorting()
     QFETCH(QVariantList, codes);
     QFETCH(QString, sorted);
     const QString texts = QStringLiteral("baC");
-    QStandardItemModel source(3, overview::ColumnCount);
+    QStandardItemModel source(3, kCodeColumn + 1);
     for (int row = 0; row < 3; ++row) {
         source.setData(source.index(row, column), QString(texts.at(row)));
         source.setData(source.index(row, column), codes.at(row), Qt::UserRole);
     }
     ProxyModelHierachicalHeader proxy;
     proxy.setSourceModel(&source);
+    proxy.setCodeColumn(kCodeColumn);
     const auto shown = [&](int row) {
         return proxy.index(row, column).data().toString();
     };

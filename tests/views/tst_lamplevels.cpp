@@ -1,7 +1,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/lamplevels.h"
+#include "views/lamps/lampcondition.h"
 
 using records::Codes;
 using records::withCodes;

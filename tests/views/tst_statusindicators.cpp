@@ -3,7 +3,7 @@
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/views/records.h"
-#include "views/statusindicators.h"
+#include "views/lamps/statusindicators.h"
 
 #include <QtWidgets>
 

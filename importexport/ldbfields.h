@@ -1,0 +1,42 @@
+#pragma once
+
+#include "serial/ldbsettings.h"
+
+#include <QString>
+
+#include <array>
+
+/// The settings that a user can change, one by one.
+enum class LdbField
+{
+    Name,
+    NumberOfFims,
+    OpenDetectionDelay, ///< with 0 for detection switched off
+    GeneralFaultOutput,
+    EarthLeakageDetection,
+    EarthWireOpenDetection,
+    StartInServiceMode,
+    AmplifierDetection,
+    AudioMute
+};
+
+constexpr std::array<LdbField, 9> kLdbFields = {LdbField::Name,
+                                                LdbField::NumberOfFims,
+                                                LdbField::OpenDetectionDelay,
+                                                LdbField::GeneralFaultOutput,
+                                                LdbField::EarthLeakageDetection,
+                                                LdbField::EarthWireOpenDetection,
+                                                LdbField::StartInServiceMode,
+                                                LdbField::AmplifierDetection,
+                                                LdbField::AudioMute};
+
+bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b);
+void copyField(LdbField field, const LdbSettings& from, LdbSettings& to);
+
+/// The field's name, and its value as words, in the language in force.
+QString fieldName(LdbField field);
+QString fieldValue(LdbField field, const LdbSettings& settings);
+
+/// What one written parameter holds; the flags travel together.
+QString parameterName(LdbParameter parameter);
+LdbParameter parameterOf(LdbField field);

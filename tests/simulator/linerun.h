@@ -1,0 +1,88 @@
+#pragma once
+
+#include "serial/framecodec.h"
+#include "simulator/line/lineboards.h"
+
+#include <QtTest>
+
+#include <algorithm>
+
+/// A line with boards 0A, 0B and 0C on it, and everything that has arrived at its master, timed.
+class LineRun
+{
+public:
+    struct Byte
+    {
+        char value;
+        qint64 at; // µs
+
+        bool operator==(const Byte& other) const { return value == other.value && at == other.at; }
+    };
+
+    static constexpr qint64 kSecond = 1000000;
+    static constexpr qint64 kTurnaround = 5000;
+
+    /// Answers come 5 ms after the request unless `options` say otherwise.
+    static LineOptions options(LineKind kind = LineKind::FullDuplex, quint64 seed = 1)
+    {
+        LineOptions options;
+        options.kind = kind;
+        options.seed = seed;
+        options.leastTurnaround = kTurnaround;
+        options.mostTurnaround = kTurnaround;
+        return options;
+    }
+
+    explicit LineRun(const Adversaries& adversaries = {},
+                     const LineOptions& options = LineRun::options())
+        : boards({0x0A, 0x0B, 0x0C})
+        , line(options, adversaries, boards)
+    {
+    }
+    LineRun(const LineRun&) = delete;
+    LineRun& operator=(const LineRun&) = delete;
+
+    void send(const QByteArray& body) { line.transmit(framecodec::createCommand(body), now); }
+
+    /// Lets time pass, taking every byte at the moment it can be had.
+    void runUntil(qint64 time)
+    {
+        for (qint64 next = line.nextArrival(); next <= time; next = line.nextArrival()) {
+            QVERIFY2(next >= now, "time runs backwards");
+            now = next;
+            for (const char byte : line.takeArrived(now)) {
+                arrived.push_back({byte, now});
+            }
+        }
+        now = std::max(now, time);
+        line.advance(now);
+    }
+    void run(qint64 microseconds) { runUntil(now + microseconds); }
+
+    QByteArray bytes() const
+    {
+        QByteArray result;
+        for (const Byte& byte : arrived) {
+            result.append(byte.value);
+        }
+        return result;
+    }
+    /// What has arrived since the last call.
+    QByteArray take()
+    {
+        QByteArray result = bytes();
+        arrived.clear();
+        return result;
+    }
+
+    const Exchange& exchange(int index) const
+    {
+        return line.book().exchanges().at(static_cast<std::size_t>(index));
+    }
+    const Exchange& last() const { return line.book().exchanges().back(); }
+
+    LineBoards boards;
+    Line line;
+    std::vector<Byte> arrived;
+    qint64 now = 0;
+};

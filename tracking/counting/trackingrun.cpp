@@ -1,0 +1,315 @@
+#include "tracking/counting/trackingrun.h"
+
+#include "serial/generalinformation.h"
+
+#include <QDebug>
+
+#include <utility>
+
+namespace {
+
+constexpr int kMillisecondsPerSecond = 1000;
+constexpr int kStartTrackingDelay = 15000;
+constexpr int kFactoryResetRepetitions = 2;
+
+constexpr int flag(LdbLoopState state)
+{
+    return static_cast<int>(state);
+}
+
+} // namespace
+
+TrackingRun::TrackingRun(const TrackingThresholds& thresholds, QObject* parent)
+    : QObject(parent)
+    , m_counter(thresholds)
+{
+    connect(&m_counter, &FimCounter::countChanged, this, &TrackingRun::countChanged);
+    connect(&m_counter, &FimCounter::sideFinished, this, &TrackingRun::sideFinished);
+    connect(&m_counter, &FimCounter::resultsReady, this, &TrackingRun::processResults);
+}
+
+void TrackingRun::prepare(qint64 now)
+{
+    stopAllTimers();
+    m_counter.reset();
+    advance(now);
+    m_stopReason = StopReason::None;
+    m_mode = TrackingMode::Cancelled;
+    m_factoryResetRequested = false;
+    m_doubt = Doubt::None;
+    m_repetitions = 0;
+    m_factoryResetExecutingSeen = false;
+    m_factoryResetDoneHandled = false;
+    m_countingEnabled = false;
+    m_earthFaultReported = false;
+    m_loopLeakageReported = false;
+    m_countdownShown = false;
+    m_factoryResetCountdown = kFactoryResetSeconds;
+    setPhase(Phase::Confirmation);
+}
+
+void TrackingRun::begin(TrackingMode mode, qint64 now)
+{
+    Q_ASSERT(mode != TrackingMode::Cancelled);
+    advance(now);
+    m_mode = mode;
+    m_counter.setSecondarySideTracked(mode == TrackingMode::Commissioning);
+    setPhase(Phase::FactoryReset);
+}
+
+void TrackingRun::stop(StopReason reason)
+{
+    if (m_phase == Phase::Idle || m_phase == Phase::Finished) {
+        return;
+    }
+    stopAllTimers();
+    m_countdownShown = false;
+    m_stopReason = reason;
+    setPhase(Phase::Idle);
+}
+
+bool TrackingRun::isActive() const
+{
+    return m_phase == Phase::FactoryReset || m_phase == Phase::Rebooting ||
+           m_phase == Phase::Counting;
+}
+
+std::optional<int> TrackingRun::secondsLeft() const
+{
+    if (m_factoryResetTick.moment()) {
+        return m_factoryResetCountdown;
+    }
+    if (const auto start = m_startTracking.moment()) {
+        return static_cast<int>((*start - m_now + kMillisecondsPerSecond - 1) /
+                                kMillisecondsPerSecond);
+    }
+    return std::nullopt;
+}
+
+std::optional<qint64> TrackingRun::nextDue() const
+{
+    return Deadline::earliest(
+        {m_counter.nextDue(), m_factoryResetTick.moment(), m_startTracking.moment()});
+}
+
+void TrackingRun::advance(qint64 now)
+{
+    for (auto due = nextDue(); due && *due <= now; due = nextDue()) {
+        m_now = *due;
+        m_counter.advance(m_now);
+        if (m_factoryResetTick.isDue(m_now)) {
+            factoryResetCountdownTimeout();
+        }
+        if (m_startTracking.isDue(m_now)) {
+            startTracking();
+        }
+    }
+    m_now = now;
+    m_counter.advance(now);
+}
+
+void TrackingRun::processRecord(const QList<QStringList>& dataList, qint64 now)
+{
+    advance(now);
+    if (!isActive()) {
+        return;
+    }
+    if (dataList.size() < generalinformation::RowCount) {
+        // Missing fields read as 0, and 0 is the state that starts the counting.
+        qWarning() << "Tracking ignores an incomplete record:" << dataList;
+        return;
+    }
+    const auto state =
+        static_cast<LdbState>(generalinformation::integer(dataList, generalinformation::ModeRow));
+    if (processLdbState(state) && isActive()) {
+        processCounting(dataList);
+    }
+}
+
+void TrackingRun::doubtFactoryReset(bool isRefused)
+{
+    m_doubt = isRefused ? Doubt::Refused : Doubt::Silent;
+}
+
+void TrackingRun::resolveDoubt(LdbState state)
+{
+    const Doubt doubt = std::exchange(m_doubt, Doubt::None);
+    const bool isObeyed = m_factoryResetExecutingSeen || state == LdbState::FactoryResetExecuting ||
+                          state == LdbState::FactoryResetDone;
+    if (doubt == Doubt::None || isObeyed) {
+        return;
+    }
+    if (doubt == Doubt::Refused) {
+        stop(StopReason::FactoryResetRefused);
+    } else if (m_repetitions < kFactoryResetRepetitions) {
+        ++m_repetitions;
+        emit commandDue(TrackingCommand::FactoryReset);
+    }
+}
+
+bool TrackingRun::processLdbState(LdbState state)
+{
+    resolveDoubt(state);
+    switch (state) {
+    case LdbState::FactoryResetFailed:
+        stop(StopReason::FactoryResetFailed);
+        break;
+    case LdbState::Disconnected:
+        stop(StopReason::LdbDisconnected);
+        break;
+    case LdbState::FactoryResetDone:
+        if (!m_factoryResetDoneHandled) {
+            processFactoryResetDone();
+        }
+        break;
+    case LdbState::Booting:
+        if (m_factoryResetRequested && m_factoryResetExecutingSeen && !m_countingEnabled) {
+            m_countingEnabled = true;
+            hideCountdown();
+            setPhase(Phase::Counting);
+        }
+        break;
+    case LdbState::FactoryResetExecuting:
+        // Many records carry this state; the countdown runs from the first.
+        if (m_factoryResetRequested && !m_factoryResetExecutingSeen) {
+            m_factoryResetExecutingSeen = true;
+            showCountdown();
+        }
+        break;
+    default:
+        break;
+    }
+    // Also when the first record ended the run: an LDB that remembers a failed factory reset needs
+    // a new one before any run can succeed.
+    if (state != LdbState::FactoryResetDone && !m_factoryResetRequested) {
+        m_factoryResetRequested = true;
+        emit commandDue(TrackingCommand::FactoryReset);
+    }
+    return m_countingEnabled;
+}
+
+void TrackingRun::processFactoryResetDone()
+{
+    m_factoryResetDoneHandled = true;
+    m_factoryResetRequested = true;
+    m_factoryResetExecutingSeen = true;
+    hideCountdown();
+    m_startTracking.start(m_now, kStartTrackingDelay);
+    if (m_phase == Phase::FactoryReset) {
+        setPhase(Phase::Rebooting);
+    }
+}
+
+void TrackingRun::showCountdown()
+{
+    m_countdownShown = true;
+    m_factoryResetTick.start(m_now, kMillisecondsPerSecond);
+    emit countdownChanged(m_factoryResetCountdown);
+}
+
+void TrackingRun::hideCountdown()
+{
+    m_countdownShown = false;
+    m_factoryResetTick.stop();
+}
+
+void TrackingRun::factoryResetCountdownTimeout()
+{
+    if (m_factoryResetCountdown < 1) {
+        m_factoryResetTick.stop();
+        return;
+    }
+    m_factoryResetTick.start(m_now, kMillisecondsPerSecond);
+    --m_factoryResetCountdown;
+    emit countdownChanged(m_factoryResetCountdown);
+}
+
+void TrackingRun::startTracking()
+{
+    m_startTracking.stop();
+    emit commandDue(TrackingCommand::LdbReset);
+    emit commandDue(TrackingCommand::MuteAudio);
+}
+
+void TrackingRun::processCounting(const QList<QStringList>& dataList)
+{
+    using namespace generalinformation;
+    const double primaryCurrent = number(dataList, PrimaryCurrentRow, RawColumn);
+    const double secondaryCurrent = number(dataList, SecondaryCurrentRow, RawColumn);
+    const auto loopState = static_cast<LdbLoopState>(integer(dataList, LoopRow));
+    const auto earthState = static_cast<LdbEarthState>(integer(dataList, EarthRow));
+
+    m_counter.setLoopState(loopState);
+    m_counter.processCurrent(primaryCurrent, secondaryCurrent);
+    emit currentsProcessed(primaryCurrent, secondaryCurrent, timestamp(dataList));
+    m_counter.processShort(loopState, primaryCurrent, secondaryCurrent);
+    m_counter.processLoopClosed(loopState);
+    processEarthFault(earthState);
+    processLoopLeakageFault(loopState);
+}
+
+bool TrackingRun::processEarthFault(LdbEarthState earthState)
+{
+    if (m_earthFaultReported || !isEarthLeakage(earthState)) {
+        return false;
+    }
+    m_earthFaultReported = true;
+    emit faultReported(faultNow(FaultReport::Kind::EarthLeakage));
+    return true;
+}
+
+bool TrackingRun::processLoopLeakageFault(LdbLoopState loopState)
+{
+    if (m_loopLeakageReported || !isLoopDcLeakage(loopState)) {
+        return false;
+    }
+    m_loopLeakageReported = true;
+    emit faultReported(faultNow(FaultReport::Kind::LoopDcLeakage));
+    return true;
+}
+
+bool TrackingRun::isEarthLeakage(LdbEarthState state)
+{
+    constexpr int kFirst = static_cast<int>(LdbEarthState::Leakage);
+    constexpr int kLast = static_cast<int>(LdbEarthState::LeakageMemory) - 1;
+    const int code = static_cast<int>(state);
+    return code >= kFirst && code <= kLast;
+}
+
+bool TrackingRun::isLoopDcLeakage(LdbLoopState state)
+{
+    constexpr int kLeakage = flag(LdbLoopState::DcLeakage);
+    const int withoutShortMemory = flag(state) & ~flag(LdbLoopState::ShortMemory);
+    const int withoutOpenMemory = flag(state) & ~flag(LdbLoopState::OpenMemory);
+    return (withoutShortMemory >= kLeakage &&
+            withoutShortMemory <= kLeakage + flag(LdbLoopState::OpenMemory)) ||
+           withoutOpenMemory == kLeakage + flag(LdbLoopState::Short);
+}
+
+FaultReport TrackingRun::faultNow(FaultReport::Kind kind) const
+{
+    return {kind, {m_counter.faultPosition(PrimaryPort), m_counter.faultPosition(SecondaryPort)}};
+}
+
+void TrackingRun::processResults(int totalFimCount, LoopResult result)
+{
+    stopAllTimers();
+    if (m_phase != Phase::Finished) {
+        setPhase(Phase::Finished);
+    }
+    emit resultsReady(totalFimCount, result);
+}
+
+void TrackingRun::stopAllTimers()
+{
+    m_factoryResetTick.stop();
+    m_startTracking.stop();
+    m_counter.stopAllTimers();
+}
+
+void TrackingRun::setPhase(Phase phase)
+{
+    m_phase = phase;
+    m_phaseStart = m_now;
+    emit phaseChanged(phase);
+}

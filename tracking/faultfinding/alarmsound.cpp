@@ -1,0 +1,92 @@
+#include "tracking/faultfinding/alarmsound.h"
+
+#include "app/shared/constants.h"
+
+#include <QApplication>
+#include <QAudioDeviceInfo>
+#include <QDebug>
+#include <QDialog>
+#include <QSettings>
+#include <QSoundEffect>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kPeriod = 1000; // ms
+
+/// A sound effect made where it cannot play looks for its sound server for ever, with a warning
+/// each time. On Linux that server is PulseAudio: a bare ALSA device is of no use to it.
+bool hasUsableOutput()
+{
+    const QList<QAudioDeviceInfo> devices = QAudioDeviceInfo::availableDevices(QAudio::AudioOutput);
+    return std::any_of(devices.begin(), devices.end(), [](const QAudioDeviceInfo& device) {
+        return !device.isNull() && device.realm() != QLatin1String("alsa");
+    });
+}
+
+} // namespace
+
+AlarmSound::AlarmSound(QObject* parent)
+    : QObject(parent)
+{
+    m_timer.setInterval(kPeriod);
+    connect(&m_timer, &QTimer::timeout, this, &AlarmSound::play);
+}
+
+AlarmSound::~AlarmSound() = default;
+
+void AlarmSound::soundWhileOpen(const QDialog* box)
+{
+    ++m_openBoxes;
+    if (!m_timer.isActive()) {
+        m_timer.start();
+    }
+    connect(box, &QDialog::finished, this, [this] {
+        --m_openBoxes;
+        if (m_openBoxes == 0) {
+            m_timer.stop();
+        }
+    });
+}
+
+void AlarmSound::play()
+{
+    const QSettings settings(constants::kOrganisationName, constants::kApplicationDisplayName);
+    if (!settings.value(constants::kAudioWarningsKey, false).toBool()) {
+        return;
+    }
+    emit sounded();
+    if (prepare()) {
+        m_effect->play();
+    } else {
+        QApplication::beep();
+    }
+}
+
+bool AlarmSound::prepare()
+{
+    if (!m_effect) {
+        // Asked anew each time: a loudspeaker may be plugged in while the alarm is on.
+        if (!hasUsableOutput()) {
+            warnOnce("no audio output");
+            return false;
+        }
+        m_effect = std::make_unique<QSoundEffect>();
+        m_effect->setSource(QUrl(QStringLiteral("qrc") + constants::kWarningSoundResource));
+    }
+    if (m_effect->status() == QSoundEffect::Error) {
+        warnOnce("the sound cannot be loaded");
+        return false;
+    }
+    return true;
+}
+
+void AlarmSound::warnOnce(const char* reason)
+{
+    if (!m_warned) {
+        m_warned = true;
+        qWarning("The warning sound stays silent: %s", reason);
+    }
+}

@@ -1,0 +1,439 @@
+#include "tracking/faultfinding/fimtracking.h"
+
+#include "serial/generalinformation.h"
+#include "tracking/faultfinding/alarmsound.h"
+#include "tracking/faultfinding/sidepanel.h"
+#include "tracking/faultfinding/startquestions.h"
+#include "tracking/faultfinding/trackedldb.h"
+#include "tracking/faultfinding/trackingtexts.h"
+#include "tracking/plot/portplot.h"
+#include "ui_fimtracking.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QThread>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+using Phase = TrackingRun::Phase;
+
+constexpr int kDisplayPeriod = 250; // ms: seconds never seem to hang
+constexpr int kLastSeconds = 10;    // of the countdown, in red
+constexpr QMargins kInsetFromParent(100, 50, 100, 50);
+
+void setDigitColour(QWidget* display, const QColor& colour)
+{
+    QPalette palette = display->palette();
+    palette.setColor(QPalette::WindowText, colour); // in all groups
+    display->setPalette(palette);
+}
+
+} // namespace
+
+FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
+    : FimTracking(std::make_shared<SerialTrackedLdb>(hexId, link), parent)
+{
+}
+
+FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
+    : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                          Qt::WindowCloseButtonHint)
+    , m_ui(std::make_unique<Ui::FimTracking>())
+    , m_ldb(std::move(ldb))
+    , m_run(TrackingThresholds::fromTuningFile())
+    , m_report(std::make_unique<TrackingReport>())
+    , m_questions(new StartQuestions(this))
+    , m_alarmSound(new AlarmSound(this))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);
+    initPalette();
+    m_ui->setupUi(this);
+    init();
+    placeOver(parent);
+    show();
+    // After the construction, so that whoever made this window knows it before it asks anything.
+    QTimer::singleShot(0, m_ui->startButton, &QPushButton::click);
+}
+
+FimTracking::~FimTracking()
+{
+    // Not closed, but taken down with its parent.
+    releaseLdb(nullptr);
+}
+
+void FimTracking::init()
+{
+    m_clock.setSingleShot(true);
+    m_clock.setTimerType(Qt::PreciseTimer);
+    initConnections();
+    initGui();
+    initPlot();
+    showPhase();
+}
+
+void FimTracking::initConnections()
+{
+    connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
+            [this] { m_run.stop(TrackingRun::StopReason::ConnectionLost); });
+    connect(m_questions, &StartQuestions::answered, this, &FimTracking::begin);
+    connect(&m_run, &TrackingRun::phaseChanged, this, &FimTracking::showPhase);
+    connect(&m_run, &TrackingRun::countdownChanged, this, &FimTracking::showCountdown);
+    connect(&m_run, &TrackingRun::commandDue, this, &FimTracking::sendCommand);
+    connect(&m_run, &TrackingRun::countChanged, this,
+            [this](int ldbPort, int count) { panel(ldbPort)->setCount(count); });
+    connect(&m_run, &TrackingRun::currentsProcessed, this, &FimTracking::processPlotData);
+    connect(&m_run, &TrackingRun::sideFinished, this, &FimTracking::processSideFinished);
+    connect(&m_run, &TrackingRun::faultReported, this, &FimTracking::processFault);
+    connect(&m_run, &TrackingRun::resultsReady, this, &FimTracking::showResults);
+    connect(&m_clock, &QTimer::timeout, this, &FimTracking::advance);
+}
+
+void FimTracking::initGui()
+{
+    m_ui->ldbLabel->setText(tr("LDB: %1").arg(m_ldb->hexId()));
+    processDeviceInformation(QString(), QString(), QString(), QString());
+    m_ui->primarySidePanel->reset();
+    m_ui->secondarySidePanel->reset();
+    m_ui->resultLabel->hide();
+    m_ui->copyReportButton->setEnabled(false);
+    m_ui->zoomButton->setEnabled(false);
+    m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
+    showNotice(QString());
+}
+
+void FimTracking::initPlot()
+{
+    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
+    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
+}
+
+/// Dark on light whatever the desktop's colours: the window is read from a distance. What stands on
+/// its ground has its colour from the form's style sheet, under which no palette is handed down.
+void FimTracking::initPalette()
+{
+    QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));
+    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Active, role, Qt::black);
+        palette.setColor(QPalette::Inactive, role, Qt::black);
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    setPalette(palette);
+}
+
+void FimTracking::placeOver(const QWidget* parent)
+{
+    if (!parent) {
+        return;
+    }
+    const QRect inside = parent->window()->geometry().marginsRemoved(kInsetFromParent);
+    const QSize size = inside.size().expandedTo(minimumSizeHint());
+    QRect placed(QPoint(), size);
+    placed.moveCenter(inside.center());
+    setGeometry(placed);
+}
+
+SidePanel* FimTracking::panel(int ldbPort) const
+{
+    return ldbPort == PrimaryPort ? m_ui->primarySidePanel : m_ui->secondarySidePanel;
+}
+
+void FimTracking::showEvent(QShowEvent* event)
+{
+    m_ldb->setPolledAlone(true);
+    m_ldbHeld = true;
+    QWidget::showEvent(event);
+}
+
+void FimTracking::closeEvent(QCloseEvent* event)
+{
+    stop();
+    releaseLdb(parentWidget());
+    QWidget::closeEvent(event);
+}
+
+void FimTracking::releaseLdb(QWidget* boxParent)
+{
+    if (!m_ldbHeld) {
+        return;
+    }
+    m_ldbHeld = false;
+    endAudioMute(m_ldb, m_audioMuted, boxParent);
+    m_ldb->setPolledAlone(false);
+}
+
+void FimTracking::on_startButton_toggled(bool checked)
+{
+    m_ui->startButton->setText(checked ? tr("Stop") : tr("Start"));
+    if (checked) {
+        start();
+    } else {
+        stop();
+    }
+}
+
+void FimTracking::start()
+{
+    ++m_runNumber;
+    for (QMessageBox* box : findChildren<QMessageBox*>()) {
+        box->close();
+    }
+    *m_report = TrackingReport();
+    initGui();
+    resetPlots();
+    m_run.prepare(m_ldb->now());
+    advance();
+    m_questions->ask();
+}
+
+void FimTracking::stop()
+{
+    disconnect(m_records);
+    m_questions->withdraw();
+    m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
+    setFactoryResetCountdownVisible(false);
+    m_alarmSound->stop();
+    m_clock.stop();
+    showTimes();
+}
+
+void FimTracking::resetPlots()
+{
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        panel(port)->plot()->clear();
+        panel(port)->plot()->setZoom(m_ui->zoomButton->isChecked());
+    }
+}
+
+void FimTracking::begin(TrackingMode mode)
+{
+    if (mode == TrackingMode::Cancelled) {
+        m_ui->startButton->setChecked(false);
+        return;
+    }
+    m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
+                        &FimTracking::processData);
+    m_run.begin(mode, m_ldb->now());
+    showTimes();
+    if (!m_ldb->isReachable()) {
+        m_run.stop(TrackingRun::StopReason::ConnectionLost);
+    }
+}
+
+void FimTracking::processData(const QString& hexId, const QList<QStringList>& dataList)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    using namespace generalinformation;
+    if (hexId != m_ldb->hexId()) {
+        return;
+    }
+    processDeviceInformation(text(dataList, NameRow), text(dataList, ModeRow),
+                             text(dataList, LoopRow), text(dataList, EarthRow));
+    m_run.processRecord(dataList, m_ldb->now());
+    showTimes();
+}
+
+void FimTracking::processDeviceInformation(const QString& name, const QString& mode,
+                                           const QString& loopState, const QString& earthState)
+{
+    m_deviceName = name;
+    m_ui->nameLabel->setText(tr("Name: %1").arg(name));
+    m_ui->modeLabel->setText(tr("Mode: %1").arg(mode));
+    m_ui->loopLabel->setText(tr("Loop: %1").arg(loopState));
+    m_ui->earthLabel->setText(tr("Earth: %1").arg(earthState));
+}
+
+void FimTracking::processPlotData(double primaryCurrent, double secondaryCurrent,
+                                  const QDateTime& timestamp)
+{
+    const BySide<double> currents{primaryCurrent, secondaryCurrent};
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        if (m_run.counter().isSideCounting(port)) {
+            panel(port)->plot()->addCurrent(currents[port], timestamp);
+        }
+    }
+}
+
+void FimTracking::showPhase()
+{
+    const Phase phase = m_run.phase();
+    m_ui->phaseLabel->setText(trackingtexts::phase(phase, m_run.stopReason()));
+    m_ui->hintLabel->setText(trackingtexts::hint(phase));
+    setFactoryResetCountdownVisible(m_run.isCountingDown());
+    if (phase == Phase::Rebooting || phase == Phase::Counting) {
+        m_ui->contentStack->setCurrentWidget(m_ui->countingPage);
+    }
+    const QString stopReason = trackingtexts::stopReason(m_run.stopReason());
+    if (!stopReason.isEmpty()) {
+        showNotice(stopReason);
+    }
+    if (phase == Phase::Idle || phase == Phase::Finished) {
+        m_ui->startButton->setChecked(false);
+    }
+    showTimes();
+}
+
+void FimTracking::advance()
+{
+    const qint64 now = m_ldb->now();
+    m_run.advance(now);
+    showTimes();
+    if (m_ui->startButton->isChecked()) {
+        const qint64 due = m_run.nextDue().value_or(now + kDisplayPeriod);
+        m_clock.start(static_cast<int>(std::min<qint64>(due - now, kDisplayPeriod)));
+    }
+}
+
+void FimTracking::showTimes()
+{
+    m_ui->phaseTimeLabel->setText(trackingtexts::time(m_run));
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        panel(port)->setRemaining(trackingtexts::timeToSideEnd(m_run.counter(), port));
+    }
+}
+
+void FimTracking::setFactoryResetCountdownVisible(bool visible)
+{
+    const bool isVisible = m_ui->contentStack->currentWidget() == m_ui->countdownPage;
+    if (visible == isVisible) {
+        return;
+    }
+    m_ui->countdownTitleLabel->setText(tr("Factory Reset Countdown"));
+    m_ui->countdownTextLabel->setText(tr("Factory reset started"));
+    setDigitColour(m_ui->countdownLcdNumber, Qt::black);
+    m_ui->contentStack->setCurrentWidget(visible ? m_ui->countdownPage : m_ui->hintPage);
+}
+
+void FimTracking::showCountdown(int secondsLeft)
+{
+    setFactoryResetCountdownVisible(true);
+    m_ui->countdownLcdNumber->display(secondsLeft);
+    if (secondsLeft == kLastSeconds) {
+        setDigitColour(m_ui->countdownLcdNumber, Qt::red);
+    }
+    showTimes();
+}
+
+void FimTracking::processSideFinished(int ldbPort, SideEnd result)
+{
+    panel(ldbPort)->showEnd(result);
+    // Once the record's work is done.
+    QTimer::singleShot(0, this, [this, ldbPort] { showSideAudioAlarm(ldbPort); });
+}
+
+void FimTracking::processFault(const FaultReport& report)
+{
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        if (report.positions[port]) {
+            panel(port)->showFault(report.kind, *report.positions[port]);
+        }
+    }
+    m_report->faults.append(report);
+    QTimer::singleShot(
+        0, this, [this, message = trackingtexts::fault(report)] { showErrorMessage(message); });
+}
+
+void FimTracking::showResults(int totalFimCount, LoopResult result)
+{
+    m_report->hexId = m_ldb->hexId();
+    m_report->name = m_deviceName;
+    m_report->mode = m_run.mode();
+    m_report->finishedAt = QDateTime::currentDateTime();
+    for (int port : {PrimaryPort, SecondaryPort}) {
+        const FimCounter& counter = m_run.counter();
+        m_report->sides[port] = {counter.fimCount(port), counter.isSideTracked(port),
+                                 counter.isSideFinished(port), counter.sideResult(port)};
+    }
+    m_report->summary = trackingtexts::summary(totalFimCount, result);
+    m_ui->resultLabel->setText(m_report->summary);
+    m_ui->resultLabel->setStyleSheet(result == LoopResult::Connected
+                                         ? QStringLiteral("background: #1b6e36;")
+                                         : QStringLiteral("background: #b3261e;"));
+    m_ui->resultLabel->show();
+    m_ui->copyReportButton->setEnabled(true);
+    showTimes();
+}
+
+QString FimTracking::reportText() const
+{
+    return m_report->finishedAt.isValid() ? trackingtexts::report(*m_report) : QString();
+}
+
+void FimTracking::on_copyReportButton_clicked()
+{
+    QApplication::clipboard()->setText(reportText());
+    showNotice(tr("The report has been copied."));
+}
+
+void FimTracking::showSideAudioAlarm(int ldbPort)
+{
+    QMessageBox* box =
+        showErrorMessage(trackingtexts::sideAlarm(ldbPort, m_run.counter().sideResult(ldbPort)));
+    if (!box) {
+        return;
+    }
+    m_alarmSound->soundWhileOpen(box);
+    QApplication::alert(this);
+}
+
+QMessageBox* FimTracking::showErrorMessage(const QString& message)
+{
+    if (!isVisible()) {
+        return nullptr; // closed since
+    }
+    auto* box =
+        new QMessageBox(QMessageBox::Warning, tr("Attention"), message, QMessageBox::Ok, this);
+    box->setStyleSheet(QStringLiteral("QLabel { font-size: 20px; }")); // read from a distance
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+    return box;
+}
+
+void FimTracking::on_zoomButton_toggled(bool checked)
+{
+    m_ui->zoomButton->setText(checked ? tr("Zoom Out") : tr("Zoom In"));
+    m_ui->primarySidePanel->plot()->setZoom(checked);
+    m_ui->secondarySidePanel->plot()->setZoom(checked);
+}
+
+void FimTracking::sendCommand(TrackingCommand command)
+{
+    if (command == TrackingCommand::MuteAudio) {
+        m_audioMuted = true;
+        m_ui->zoomButton->setEnabled(true);
+    }
+    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](TrackedLdb::Answer answer) {
+        if (answer != TrackedLdb::Answer::Accepted) {
+            processFailure(runNumber, command, answer == TrackedLdb::Answer::Refused);
+        }
+    });
+}
+
+void FimTracking::processFailure(int runNumber, TrackingCommand command, bool isRefused)
+{
+    if (isRefused && command == TrackingCommand::MuteAudio) {
+        m_audioMuted = false;
+    }
+    if (runNumber != m_runNumber || !m_run.isActive()) {
+        return; // of a run that is over, and has said why
+    }
+    if (command == TrackingCommand::FactoryReset) {
+        m_run.doubtFactoryReset(isRefused);
+    }
+    if (!isRefused || command != TrackingCommand::FactoryReset) {
+        showNotice(trackingtexts::commandFailure(command, isRefused));
+    }
+}
+
+void FimTracking::showNotice(const QString& text)
+{
+    m_ui->noticeLabel->setText(text);
+    m_ui->noticeLabel->setVisible(!text.isEmpty());
+}

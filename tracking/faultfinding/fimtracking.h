@@ -1,0 +1,99 @@
+#pragma once
+
+#include "tracking/counting/trackingrun.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class AlarmSound;
+class QMessageBox;
+class SerialLink;
+class SidePanel;
+class StartQuestions;
+class TrackedLdb;
+struct TrackingReport;
+
+namespace Ui {
+class FimTracking;
+}
+
+/// The fault-finding window of one LDB: asks what to do, then shows a `TrackingRun` from the
+/// factory reset to the result. While it is open, this LDB alone is polled. GUI thread only.
+///
+/// It shows itself, begins with the question whether to start, and deletes itself when closed. All
+/// its boxes are opened without blocking.
+class FimTracking : public QWidget
+{
+    Q_OBJECT
+public:
+    FimTracking(const QString& hexId, SerialLink* link, QWidget* parent = nullptr);
+    explicit FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent = nullptr);
+    ~FimTracking() override;
+
+    const TrackingRun& run() const { return m_run; }
+    /// The last finished run; empty before there is one.
+    QString reportText() const;
+
+public slots:
+    /// Takes a record of any LDB; only those of the tracked one count.
+    void processData(const QString& hexId, const QList<QStringList>& dataList);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void on_startButton_toggled(bool checked);
+    void on_zoomButton_toggled(bool checked);
+    void on_copyReportButton_clicked();
+
+private:
+    void init();
+    void initConnections();
+    void initGui();
+    void initPlot();
+    void initPalette();
+    void placeOver(const QWidget* parent);
+
+    void start();
+    void stop();
+    void resetPlots();
+    void begin(TrackingMode mode);
+
+    void showPhase();
+    void advance();
+    void showTimes();
+    void setFactoryResetCountdownVisible(bool visible);
+    void showCountdown(int secondsLeft);
+    void processDeviceInformation(const QString& name, const QString& mode,
+                                  const QString& loopState, const QString& earthState);
+    void processPlotData(double primaryCurrent, double secondaryCurrent,
+                         const QDateTime& timestamp);
+    void processSideFinished(int ldbPort, SideEnd result);
+    void processFault(const FaultReport& report);
+    void showResults(int totalFimCount, LoopResult result);
+
+    void showSideAudioAlarm(int ldbPort);
+    QMessageBox* showErrorMessage(const QString& message);
+
+    void sendCommand(TrackingCommand command);
+    void processFailure(int runNumber, TrackingCommand command, bool isRefused);
+    void showNotice(const QString& text);
+    void releaseLdb(QWidget* boxParent);
+    SidePanel* panel(int ldbPort) const;
+
+    std::unique_ptr<Ui::FimTracking> m_ui;
+    std::shared_ptr<TrackedLdb> m_ldb;
+    TrackingRun m_run;
+    std::unique_ptr<TrackingReport> m_report;
+    StartQuestions* m_questions; // owned as a child, as is the sound
+    AlarmSound* m_alarmSound;
+    QTimer m_clock;                    ///< wakes the run when something is due, and the times shown
+    QMetaObject::Connection m_records; ///< there while a run takes records
+    QString m_deviceName;
+    int m_runNumber = 0;
+    bool m_ldbHeld = false;
+    bool m_audioMuted = false; ///< sent, and not refused
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tracking/counting/trackingresult.h"
+
+#include <QDialog>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+namespace Ui {
+class DisconnectSecondaryPortDialog;
+}
+
+/// Asks the user to unplug the LDB's secondary port, and shows where that is.
+class DisconnectSecondaryPortDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit DisconnectSecondaryPortDialog(QWidget* parent = nullptr);
+    ~DisconnectSecondaryPortDialog() override;
+
+private:
+    std::unique_ptr<Ui::DisconnectSecondaryPortDialog> m_ui;
+};
+
+/// The questions before a tracking run, one after another over a window, none of them blocking:
+/// whether to start, what for, and, for fault finding, to disconnect the secondary port.
+class StartQuestions : public QObject
+{
+    Q_OBJECT
+public:
+    /// `window` is the boxes' parent and this object's.
+    explicit StartQuestions(QWidget* window);
+
+    void ask();
+    /// Closes the question that is open; no answer comes then.
+    void withdraw();
+
+signals:
+    /// What the user has chosen; `TrackingMode::Cancelled` if to do nothing.
+    void answered(TrackingMode mode);
+
+private:
+    void showStartConfirmationDialog();
+    void showTrackingModeSelectionDialog();
+    void showDisconnectSecondaryPortDialog();
+    void openQuestion(QDialog* question);
+
+    QWidget* m_window;
+    QPointer<QDialog> m_question;
+};

@@ -1,0 +1,251 @@
+#include "tracking/faultfinding/trackingtexts.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+namespace trackingtexts {
+
+namespace {
+
+using Phase = TrackingRun::Phase;
+using StopReason = TrackingRun::StopReason;
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(FimTracking)
+};
+
+constexpr int kMillisecondsPerSecond = 1000;
+
+QString commandName(TrackingCommand command)
+{
+    switch (command) {
+    case TrackingCommand::FactoryReset:
+        return Texts::tr("factory reset");
+    case TrackingCommand::LdbReset:
+        return Texts::tr("LDB reset");
+    case TrackingCommand::MuteAudio:
+    case TrackingCommand::EndAudioMute:
+        break;
+    }
+    return Texts::tr("audio mute");
+}
+
+} // namespace
+
+QString phase(Phase phase, StopReason stopReason)
+{
+    switch (phase) {
+    case Phase::Confirmation:
+        return Texts::tr("confirmation");
+    case Phase::FactoryReset:
+        return Texts::tr("waiting for the factory reset");
+    case Phase::Rebooting:
+        return Texts::tr("rebooting");
+    case Phase::Counting:
+        return Texts::tr("counting");
+    case Phase::Finished:
+        return Texts::tr("finished");
+    case Phase::Idle:
+        break;
+    }
+    return stopReason == StopReason::None ? Texts::tr("idle") : Texts::tr("stopped");
+}
+
+QString stopReason(StopReason stopReason)
+{
+    switch (stopReason) {
+    case StopReason::FactoryResetFailed:
+        return Texts::tr("The factory reset failed.");
+    case StopReason::FactoryResetRefused:
+        return Texts::tr("The LDB refused the factory reset.");
+    case StopReason::LdbDisconnected:
+        return Texts::tr("The LDB is disconnected.");
+    case StopReason::ConnectionLost:
+        return Texts::tr("The connection is lost.");
+    case StopReason::None:
+    case StopReason::User:
+        break;
+    }
+    return {};
+}
+
+QString time(const TrackingRun& run)
+{
+    if (run.phase() == Phase::Idle || run.phase() == Phase::Finished) {
+        return {};
+    }
+    const std::optional<int> left = run.secondsLeft();
+    return left ? Texts::tr("%1 s left").arg(*left) : Texts::tr("%1 s gone").arg(run.secondsGone());
+}
+
+QString hint(Phase phase)
+{
+    switch (phase) {
+    case Phase::Confirmation:
+        return Texts::tr("Answer the question to go on.");
+    case Phase::FactoryReset:
+        return Texts::tr("The LDB has been asked for a factory reset.");
+    default:
+        return Texts::tr("Press Start to begin a run.");
+    }
+}
+
+QString timeToSideEnd(const FimCounter& counter, int ldbPort)
+{
+    if (!counter.isSideTracked(ldbPort)) {
+        return Texts::tr("not tracked");
+    }
+    const std::optional<int> left = counter.millisecondsToSideEnd(ldbPort);
+    if (!left) {
+        return {};
+    }
+    const int seconds = (*left + kMillisecondsPerSecond - 1) / kMillisecondsPerSecond;
+    return Texts::tr("ends in %1 s unless a FIM starts up").arg(seconds);
+}
+
+QString commandFailure(TrackingCommand command, bool isRefused)
+{
+    const QString text = isRefused ? Texts::tr("The LDB refused the command: %1")
+                                   : Texts::tr("The LDB did not answer the command: %1");
+    return text.arg(commandName(command));
+}
+
+QString staysMuted(const QString& hexId)
+{
+    return Texts::tr("The audio mute of LDB %1 could not be ended: the LDB cannot be reached.\n"
+                     "The audio of this LDB stays muted.")
+        .arg(hexId);
+}
+
+QString mode(TrackingMode mode)
+{
+    switch (mode) {
+    case TrackingMode::Commissioning:
+        return Texts::tr("Commissioning");
+    case TrackingMode::FaultFinding:
+        return Texts::tr("Fault Finding");
+    case TrackingMode::Cancelled:
+        break;
+    }
+    return {};
+}
+
+QString sideEnd(SideEnd end)
+{
+    switch (end) {
+    case SideEnd::Open:
+        return Texts::tr("Timeout: Open Detected");
+    case SideEnd::Short:
+        return Texts::tr("Timeout: Short Detected");
+    case SideEnd::Connected:
+        break;
+    }
+    return Texts::tr("Timeout: Side Connected");
+}
+
+QString sideAlarm(int ldbPort, SideEnd end)
+{
+    const bool isPrimary = ldbPort == PrimaryPort;
+    switch (end) {
+    case SideEnd::Open:
+        return isPrimary ? Texts::tr("Primary side open detected.")
+                         : Texts::tr("Secondary side open detected.");
+    case SideEnd::Short:
+        return isPrimary ? Texts::tr("Primary side short detected.")
+                         : Texts::tr("Secondary side short detected.");
+    case SideEnd::Connected:
+        break;
+    }
+    return isPrimary ? Texts::tr("Primary side is connected.")
+                     : Texts::tr("Secondary side is connected.");
+}
+
+QString loopResult(LoopResult result)
+{
+    switch (result) {
+    case LoopResult::Connected:
+        return Texts::tr("Loop is connected");
+    case LoopResult::PrimaryOpen:
+        return Texts::tr("Primary side open detected");
+    case LoopResult::PrimaryShort:
+        return Texts::tr("Primary side short detected");
+    case LoopResult::SecondaryOpen:
+        return Texts::tr("Secondary side open detected");
+    case LoopResult::BothOpen:
+        return Texts::tr("Both sides open detected");
+    case LoopResult::PrimaryShortSecondaryOpen:
+        return Texts::tr("Primary side short detected and Secondary side open detected.");
+    case LoopResult::SecondaryShort:
+        return Texts::tr("Secondary side short detected");
+    case LoopResult::PrimaryOpenSecondaryShort:
+        return Texts::tr("Primary side open detected and Secondary side short detected.");
+    case LoopResult::BothShort:
+        return Texts::tr("Both sides short detected");
+    }
+    return {};
+}
+
+QString summary(int totalFimCount, LoopResult result)
+{
+    return Texts::tr("Total FIM Count: %n", nullptr, totalFimCount) + QStringLiteral("  |||  ") +
+           loopResult(result);
+}
+
+QString fault(const FaultReport& report)
+{
+    QString text = report.kind == FaultReport::Kind::EarthLeakage
+                       ? Texts::tr("Earth Leakage Detected!\n")
+                       : Texts::tr("Loop DC Leakage Detected!\n");
+    const QString line = QStringLiteral("\n %1");
+    if (report.positions.primary) {
+        text += line.arg(
+            Texts::tr("Primary Side approximately at FIM: %1").arg(*report.positions.primary));
+    }
+    if (report.positions.secondary) {
+        text += line.arg(
+            Texts::tr("Secondary Side approximately at FIM: %1").arg(*report.positions.secondary));
+    }
+    return text;
+}
+
+QString faultOfSide(FaultReport::Kind kind, int position)
+{
+    const QString text = kind == FaultReport::Kind::EarthLeakage
+                             ? Texts::tr("Earth Leakage Detected: approximately at FIM: %1")
+                             : Texts::tr("Loop DC Leakage Detected: approximately at FIM: %1");
+    return text.arg(position);
+}
+
+static QString sideLine(const QString& title, const TrackingReport::Side& side)
+{
+    QStringList parts{Texts::tr("FIM count %1").arg(side.fimCount)};
+    if (!side.isTracked) {
+        parts.append(Texts::tr("not tracked"));
+    }
+    if (side.isFinished) {
+        parts.append(sideEnd(side.end));
+    }
+    return title + parts.join(QStringLiteral(", "));
+}
+
+QString report(const TrackingReport& report)
+{
+    QStringList lines{
+        Texts::tr("FIM tracking report"),
+        Texts::tr("LDB: %1").arg(report.hexId),
+        Texts::tr("Name: %1").arg(report.name),
+        Texts::tr("Tracking mode: %1").arg(trackingtexts::mode(report.mode)),
+        Texts::tr("Time: %1")
+            .arg(report.finishedAt.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"))),
+        sideLine(Texts::tr("Primary side: "), report.sides.primary),
+        sideLine(Texts::tr("Secondary side: "), report.sides.secondary),
+        Texts::tr("Result: %1").arg(report.summary),
+    };
+    for (const FaultReport& each : report.faults) {
+        lines.append(fault(each).replace(QStringLiteral("\n\n"), QStringLiteral("\n")));
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+} // namespace trackingtexts

@@ -1,0 +1,46 @@
+#include "views/header/proxymodelhierachicalheader.h"
+
+ProxyModelHierachicalHeader::ProxyModelHierachicalHeader(QObject* parent)
+    : QSortFilterProxyModel(parent)
+{
+}
+
+void ProxyModelHierachicalHeader::setHorizontalHeaderModel(QAbstractItemModel* model)
+{
+    m_horizontalHeaderModel = model;
+}
+
+void ProxyModelHierachicalHeader::setVerticalHeaderModel(QAbstractItemModel* model)
+{
+    m_verticalHeaderModel = model;
+}
+
+void ProxyModelHierachicalHeader::addGroupStartColumn(int column)
+{
+    m_groupStartColumns.insert(column, 1);
+}
+
+QVariant ProxyModelHierachicalHeader::data(const QModelIndex& index, int role) const
+{
+    if (role == HorizontalHeaderRole && m_horizontalHeaderModel) {
+        return QVariant::fromValue<QObject*>(m_horizontalHeaderModel);
+    }
+    if (role == VerticalHeaderRole && m_verticalHeaderModel) {
+        return QVariant::fromValue<QObject*>(m_verticalHeaderModel);
+    }
+    return QSortFilterProxyModel::data(index, role);
+}
+
+bool ProxyModelHierachicalHeader::lessThan(const QModelIndex& left, const QModelIndex& right) const
+{
+    if (left.column() == m_codeColumn && right.column() == m_codeColumn) {
+        bool leftIsCode = false;
+        bool rightIsCode = false;
+        const int leftCode = left.data(Qt::UserRole).toInt(&leftIsCode);
+        const int rightCode = right.data(Qt::UserRole).toInt(&rightIsCode);
+        if (leftIsCode && rightIsCode && leftCode != rightCode) {
+            return leftCode < rightCode;
+        }
+    }
+    return QString::localeAwareCompare(left.data().toString(), right.data().toString()) < 0;
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QMap>
+#include <QPointer>
+#include <QSortFilterProxyModel>
+
+/// A sorting proxy that carries the tree models of two hierarchical headers beside the data: the
+/// header view asks it for them through `data()`, as views know nothing but their model. GUI
+/// thread.
+class ProxyModelHierachicalHeader : public QSortFilterProxyModel
+{
+    Q_OBJECT
+public:
+    /// Roles under which `data()` gives the header models as `QObject*`, at any index.
+    enum HeaderRole : int
+    {
+        HorizontalHeaderRole = Qt::UserRole,
+        VerticalHeaderRole = Qt::UserRole + 1
+    };
+
+    explicit ProxyModelHierachicalHeader(QObject* parent = nullptr);
+
+    /// Not owned; may die first, then there is none.
+    void setHorizontalHeaderModel(QAbstractItemModel* model);
+    void setVerticalHeaderModel(QAbstractItemModel* model);
+
+    /// Marks a source column as the first of a group of two.
+    void addGroupStartColumn(int column);
+    /// Keys: the columns at which a group of two begins.
+    QMap<int, int> groupStartColumns() const { return m_groupStartColumns; }
+
+    /// The source column that is sorted by its codes rather than by its texts. None at the start.
+    void setCodeColumn(int column) { m_codeColumn = column; }
+
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+protected:
+    /// The code column by its codes (source role `Qt::UserRole`) where both cells have one and they
+    /// differ; everything else by its text, as the locale orders it.
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
+
+private:
+    QMap<int, int> m_groupStartColumns;
+    int m_codeColumn = -1;
+    QPointer<QAbstractItemModel> m_horizontalHeaderModel;
+    QPointer<QAbstractItemModel> m_verticalHeaderModel;
+};

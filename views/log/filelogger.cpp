@@ -1,0 +1,219 @@
+#include "views/log/filelogger.h"
+
+#include "serial/generalinformation.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QDebug>
+#include <QFileInfo>
+#include <QThread>
+
+#include <iterator>
+
+using namespace generalinformation;
+
+namespace {
+
+constexpr QLatin1Char kSeparator(';');
+constexpr QLatin1Char kLineEnd('\n');
+constexpr int kHexBase = 16;
+
+// In the order of the rows.
+constexpr const char* kHeaderTexts[] = {
+    QT_TRANSLATE_NOOP("FileLogger", "Device Id"),
+    QT_TRANSLATE_NOOP("FileLogger", "Name"),
+    QT_TRANSLATE_NOOP("FileLogger", "Mode"),
+    QT_TRANSLATE_NOOP("FileLogger", "Loop"),
+    QT_TRANSLATE_NOOP("FileLogger", "Primary Port (V)"),
+    QT_TRANSLATE_NOOP("FileLogger", "Primary Port (mA)"),
+    QT_TRANSLATE_NOOP("FileLogger", "Secondary Port (V)"),
+    QT_TRANSLATE_NOOP("FileLogger", "Secondary Port (mA)"),
+    QT_TRANSLATE_NOOP("FileLogger", "Earth"),
+    QT_TRANSLATE_NOOP("FileLogger", "Amplifier"),
+    QT_TRANSLATE_NOOP("FileLogger", "Timestamp"),
+};
+static_assert(std::size(kHeaderTexts) == RowCount);
+
+/// Rows that are logged as bare numbers: their unit stands in the header.
+bool isMeasurement(int row)
+{
+    return row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
+}
+
+/// Whether the file has a last byte and that ends no line. Moves the position.
+bool endsWithinLine(QFile& file)
+{
+    char last = '\n';
+    return file.size() > 0 && file.seek(file.size() - 1) && file.getChar(&last) && last != '\n';
+}
+
+} // namespace
+
+QString logfilename::suggested(const QDateTime& now)
+{
+    return now.toString(QStringLiteral("'ldb-log_'yyyy-MM-dd_hh-mm'.csv'"));
+}
+
+QString logfilename::withSuffix(const QString& chosen)
+{
+    const QFileInfo info(chosen);
+    if (info.fileName().isEmpty() || !info.suffix().isEmpty()) {
+        return chosen;
+    }
+    return chosen +
+           (chosen.endsWith(QLatin1Char('.')) ? QStringLiteral("csv") : QStringLiteral(".csv"));
+}
+
+bool LogPeriod::admits(int id, std::optional<qint64> time, int interval)
+{
+    const bool isFirst = !m_start;
+    if (isFirst) {
+        open(id, time);
+    }
+    const qint64 elapsed = m_start && time ? *time - *m_start : 0;
+    if (elapsed >= interval) {
+        open(id, time);
+        return true;
+    }
+    if (elapsed != 0 || m_loggedIds.contains(id)) {
+        return isFirst;
+    }
+    m_loggedIds.append(id);
+    return true;
+}
+
+void LogPeriod::open(int id, std::optional<qint64> time)
+{
+    m_start = time;
+    m_loggedIds = {id};
+}
+
+FileLogger::FileLogger(QObject* parent)
+    : QObject(parent)
+{
+}
+
+bool FileLogger::startStop(bool start)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    stop();
+    return !start || this->start();
+}
+
+bool FileLogger::start()
+{
+    m_headerWritten = false;
+    m_period.restart();
+    m_file.setFileName(m_fileName);
+    // Without a buffer of our own a line reaches the operating system as it is written.
+    if (m_fileName.isEmpty() || !m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
+        m_errorString = m_fileName.isEmpty() ? tr("No file name is given.") : m_file.errorString();
+        qWarning().noquote() << "cannot log to" << m_fileName << "-" << m_errorString;
+        return false;
+    }
+    m_errorString.clear();
+    m_lastLineTorn = endsWithinLine(m_file);
+    m_enabled = true;
+    return true;
+}
+
+void FileLogger::stop()
+{
+    m_enabled = false;
+    m_file.close();
+}
+
+void FileLogger::processData(const QString& hexId, const QList<QStringList>& dataList)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const bool isWanted = m_mode == LogAll || (m_mode == LogSelected && hexId == m_selectedHexId);
+    if (m_enabled && isWanted) {
+        writeDataListToFile(hexId, dataList);
+    }
+}
+
+void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringList>& dataList)
+{
+    if (!m_file.isOpen() || dataList.isEmpty()) {
+        return;
+    }
+    if (!m_file.exists()) {
+        // Lines would go on being written, into a file that nobody can open any more.
+        fail(tr("The file has been removed."));
+        return;
+    }
+    if (m_file.size() == 0 && !m_headerWritten) {
+        m_headerWritten = true;
+        if (!write(headerLine())) {
+            return;
+        }
+    }
+    const std::optional<qint64> seconds = secondsOf(dataList.last().value(TextColumn));
+    if (m_period.admits(hexId.toInt(nullptr, kHexBase), seconds, m_interval)) {
+        write(dataLine(dataList));
+    }
+}
+
+std::optional<qint64> FileLogger::secondsOf(const QString& timestamp)
+{
+    if (timestamp != m_timestamp) {
+        const QDateTime time = QDateTime::fromString(timestamp, kSecondsFormat);
+        m_timestampSeconds =
+            time.isValid() ? std::make_optional(time.toSecsSinceEpoch()) : std::nullopt;
+        m_timestamp = timestamp;
+    }
+    return m_timestampSeconds;
+}
+
+bool FileLogger::write(const QString& line)
+{
+    const QByteArray bytes = (m_lastLineTorn ? kLineEnd + line : line).toUtf8();
+    // Always to the end of the file as it is now: others may have added to it, or emptied it.
+    const qint64 lineStart = m_file.size();
+    if (m_file.pos() != lineStart) {
+        m_file.seek(lineStart);
+    }
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 count = m_file.write(bytes.constData() + written, bytes.size() - written);
+        if (count <= 0) {
+            const QString reason = m_file.errorString();
+            // Half a number would read as another number.
+            m_file.resize(lineStart);
+            fail(reason);
+            return false;
+        }
+        written += count;
+    }
+    m_lastLineTorn = false;
+    return true;
+}
+
+void FileLogger::fail(const QString& reason)
+{
+    const QString fileName = m_file.fileName();
+    m_errorString = reason;
+    stop();
+    qWarning().noquote() << "logging to" << fileName << "stopped -" << reason;
+    emit loggingFailed(fileName, reason);
+}
+
+QString FileLogger::headerLine()
+{
+    QStringList texts;
+    for (const char* text : kHeaderTexts) {
+        texts << tr(text);
+    }
+    return texts.join(kSeparator) + kLineEnd;
+}
+
+QString FileLogger::dataLine(const QList<QStringList>& dataList)
+{
+    QString line;
+    for (int row = 0; row < dataList.size(); ++row) {
+        const Column column = isMeasurement(row) ? ValueColumn : TextColumn;
+        // Unlike the header, a data line ends with a separator: readers of these files expect it.
+        line += dataList.at(row).value(column).simplified() + kSeparator;
+    }
+    return line + kLineEnd;
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QStandardItemModel>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class CellColourRules;
+class QTableView;
+
+/// The record of the selected LDB, one value a row beside its label. Rows are shaded in turn, the
+/// two rows of a port alike, and coloured by the rules of the tuning file. GUI thread.
+class DeviceDetailTable : public QObject
+{
+    Q_OBJECT
+public:
+    enum Column : int
+    {
+        LabelColumn = 0,
+        ValueColumn,
+        ColumnCount
+    };
+
+    /// `view` belongs to the caller and may die first. The tuning file is read and the shades are
+    /// taken from the palette here, once.
+    explicit DeviceDetailTable(QTableView* view, QObject* parent = nullptr);
+    ~DeviceDetailTable() override;
+
+    /// Sets the LDB to show. Another one than before empties the values until its record comes.
+    void setCurrentHexId(const QString& hexId);
+    QString currentHexId() const { return m_currentHexId; }
+
+public slots:
+    /// Shows the record if it is the current LDB's. A record of fewer than two entries empties the
+    /// values.
+    void processData(const QString& hexId, const QList<QStringList>& dataList);
+
+    /// Sets the labels in the language in force; the values stay.
+    void retranslate();
+
+private:
+    void setupTable();
+    void setDoubleRowSpan(int rowNumber);
+    QColor shadeOf(int row) const;
+    void showRecord(const QList<QStringList>& dataList);
+    QStandardItem& cell(int row, Column column);
+
+    QString m_currentHexId;
+    QStandardItemModel m_model;
+    QPointer<QTableView> m_view;
+    QMap<int, int> m_doubleRows; // first row of a pair -> the row below it
+    QColor m_baseColour;
+    QColor m_alternateColour;
+    QColor m_textColour;
+    std::unique_ptr<const CellColourRules> m_colourRules;
+};

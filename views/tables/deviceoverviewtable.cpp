@@ -1,0 +1,457 @@
+#include "views/tables/deviceoverviewtable.h"
+
+#include "app/shared/constants.h"
+#include "views/header/hierarchicalheaderview.h"
+#include "views/header/proxymodelhierachicalheader.h"
+#include "views/tables/cellcolours.h"
+#include "views/tables/overviewcolumns.h"
+#include "views/tables/overviewdelegates.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMap>
+#include <QResizeEvent>
+#include <QSettings>
+#include <QStandardItem>
+#include <QTableView>
+#include <QThread>
+
+#include <algorithm>
+
+namespace {
+
+// On the tick cell: the LDB of the row. The id column is no key, as a short record may lack it.
+constexpr int kHexIdRole = Qt::UserRole + 1;
+
+// A record of fewer entries tells nothing but that the LDB is there.
+constexpr int kMinimumEntries = 2;
+
+// Sort key of a cell. The records carry none, so sorting goes by the shown text.
+constexpr int kNoSortKey = 0;
+
+QStandardItem* newItem()
+{
+    auto* item = new QStandardItem;
+    item->setEditable(false);
+    return item;
+}
+
+QStandardItem* newDataItem()
+{
+    QStandardItem* item = newItem();
+    item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    return item;
+}
+
+bool isTickKey(int key)
+{
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+// What the columns want of the table's width, relative to each other: each single fault and mode of
+// any language, and a ticked name, shows whole on a small screen; sums of faults do not.
+int widthShareOf(int column)
+{
+    switch (column) {
+    case overview::IdColumn:
+        return 57;
+    case overview::NameColumn:
+        return 120;
+    case overview::ModeColumn:
+        return 161;
+    case overview::LoopColumn:
+        return 151;
+    case overview::EarthColumn:
+        return 128;
+    case overview::AmplifierColumn:
+        return 113;
+    case overview::PrimaryCurrentColumn:
+    case overview::SecondaryCurrentColumn:
+        return 72;
+    default:
+        return 52;
+    }
+}
+
+QSettings userSettings()
+{
+    return QSettings(constants::kOrganisationName, constants::kApplicationDisplayName);
+}
+
+} // namespace
+
+DeviceOverviewTable::DeviceOverviewTable(QTableView* view, QObject* parent)
+    : QObject(parent)
+    , m_view(view)
+{
+    setupTable();
+    retranslate();
+    m_colourRules = std::make_unique<const CellColourRules>(CellColourRules::fromTuningFile());
+    connect(&m_model, &QStandardItemModel::dataChanged, this, &DeviceOverviewTable::dataChanged);
+}
+
+DeviceOverviewTable::~DeviceOverviewTable() = default;
+
+void DeviceOverviewTable::setupTable()
+{
+    // The columns are there before the first row, so that an empty table shows what it will hold.
+    m_model.setColumnCount(overview::ColumnCount);
+    m_proxy = std::make_unique<ProxyModelHierachicalHeader>();
+    m_proxy->setSourceModel(&m_model);
+    m_proxy->setHorizontalHeaderModel(&m_headerModel);
+    m_proxy->setVerticalHeaderModel(&m_headerModel);
+    m_proxy->addGroupStartColumn(overview::PrimaryVoltageColumn);
+    m_proxy->addGroupStartColumn(overview::SecondaryVoltageColumn);
+    m_proxy->setCodeColumn(overview::ModeColumn);
+    m_view->setModel(m_proxy.get());
+
+    m_checkBoxDelegate = new CheckBoxDelegate(this);
+    m_rowDelegate = new OverviewRowDelegate(this);
+    m_view->setItemDelegate(m_rowDelegate);
+    m_view->setItemDelegateForColumn(overview::TickColumn, m_checkBoxDelegate);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A highlight would cover the colour of a fault; the ticked row is marked by its delegate.
+    m_view->setSelectionMode(QAbstractItemView::NoSelection);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_view->setWordWrap(false);
+    connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        selectLdb(hexIdOf(m_proxy->mapToSource(index).row()));
+    });
+    m_view->installEventFilter(this);
+    setupHeader();
+}
+
+void DeviceOverviewTable::setupHeader()
+{
+    auto* header = new HierarchicalHeaderView(Qt::Horizontal, m_view);
+    m_view->setHorizontalHeader(header);
+    header->setGroupStarts(m_proxy->groupStartColumns());
+    m_view->verticalHeader()->hide();
+    header->show();
+
+    hideServiceColumns();
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    header->setSectionsMovable(true);
+    fillWidth();
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+
+    header->setSortIndicatorShown(true);
+    m_view->setSortingEnabled(true);
+    header->setSectionsClickable(true);
+    header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
+    m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
+    m_headerViewport = header->viewport();
+    m_headerViewport->installEventFilter(this);
+}
+
+/// Shows exactly the columns that the header names.
+void DeviceOverviewTable::hideServiceColumns()
+{
+    for (int column = 0; column < overview::ColumnCount; ++column) {
+        m_view->setColumnHidden(column, column == overview::TickColumn ||
+                                            column == overview::TimestampColumn);
+    }
+}
+
+/// Stretches the shown columns over the table's width.
+void DeviceOverviewTable::fillWidth()
+{
+    header()->resizeSections(QHeaderView::Stretch);
+    shareWidth(header()->length(), widthShareOf);
+}
+
+/// Gives each shown column its share of the width.
+void DeviceOverviewTable::shareWidth(int width, const std::function<int(int column)>& shareOf)
+{
+    int shares = 0;
+    QMap<int, int> sharesBefore; // by column
+    for (int column = 0; column < overview::ColumnCount; ++column) {
+        if (!header()->isSectionHidden(column)) {
+            sharesBefore.insert(column, shares);
+            shares += shareOf(column);
+        }
+    }
+    if (shares == 0) {
+        return;
+    }
+    // Counted from the left edge, so that the rounding leaves no gap at the right; and all worked
+    // out before the first one changes.
+    QMap<int, int> widths;
+    for (auto it = sharesBefore.cbegin(); it != sharesBefore.cend(); ++it) {
+        const int begin = width * it.value() / shares;
+        widths.insert(it.key(), width * (it.value() + shareOf(it.key())) / shares - begin);
+    }
+    for (auto it = widths.cbegin(); it != widths.cend(); ++it) {
+        header()->resizeSection(it.key(), it.value());
+    }
+}
+
+QHeaderView* DeviceOverviewTable::header() const
+{
+    return m_view->horizontalHeader();
+}
+
+void DeviceOverviewTable::retranslate()
+{
+    QList<QStandardItem*> cells;
+    const auto addCell = [&cells](const QString& text, const QStringList& columns = {}) {
+        auto* cell = new QStandardItem(text);
+        for (const QString& column : columns) {
+            cell->appendColumn({new QStandardItem(column)});
+        }
+        cells.append(cell);
+    };
+    const QStringList primary{QStringLiteral("Vpri"), QStringLiteral("Ipri")};
+    const QStringList secondary{QStringLiteral("Vsec"), QStringLiteral("Isec")};
+    addCell(QString());
+    addCell(tr("ID"));
+    addCell(tr("Name"));
+    addCell(tr("Mode"));
+    addCell(tr("Loop"));
+    addCell(tr("Primary Port"), primary);
+    addCell(tr("Secondary Port"), secondary);
+    addCell(tr("Earth"));
+    addCell(tr("Amplifier"));
+    // In one go: the header measures all its cells at each change.
+    m_headerModel.clear();
+    m_headerModel.appendRow(cells);
+
+    // The flat names are what a screen reader is told.
+    QStringList names{QString(), tr("ID"), tr("Name"), tr("Mode"), tr("Loop")};
+    for (const QString& column : primary) {
+        names << tr("Primary Port") + QLatin1Char(' ') + column;
+    }
+    for (const QString& column : secondary) {
+        names << tr("Secondary Port") + QLatin1Char(' ') + column;
+    }
+    names << tr("Earth") << tr("Amplifier");
+    m_model.setHorizontalHeaderLabels(names);
+    if (m_selectedRow != kNoRow) {
+        announceRow(m_selectedRow, true);
+    }
+}
+
+void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringList>& dataList)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const int row = m_rowOfLdb.value(hexId, kNoRow);
+    const bool isNewRow = row == kNoRow;
+    if (isNewRow) {
+        appendRow(hexId, dataList);
+    } else {
+        refreshRow(row, dataList);
+    }
+    settleSelection(hexId, isNewRow);
+}
+
+void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringList>& dataList)
+{
+    const QList<QStandardItem*> items = createRowFromData(dataList);
+    QStandardItem* tickItem = items.first();
+    tickItem->setCheckable(true);
+    tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
+    tickItem->setData(hexId, kHexIdRole);
+    m_rowOfLdb.insert(hexId, m_model.rowCount());
+    m_model.appendRow(items);
+    if (!m_hadRows) {
+        loadTableState();
+        m_hadRows = true;
+    }
+}
+
+QList<QStandardItem*>
+DeviceOverviewTable::createRowFromData(const QList<QStringList>& rowData) const
+{
+    QList<QStandardItem*> items{newItem()};
+    if (rowData.size() < kMinimumEntries) {
+        return items;
+    }
+    const int entries = std::min<int>(rowData.size(), generalinformation::RowCount);
+    for (int recordRow = 0; recordRow < entries; ++recordRow) {
+        QStandardItem* item = newDataItem();
+        fillCell(*item, recordRow, rowData.at(recordRow));
+        items.append(item);
+    }
+    return items;
+}
+
+void DeviceOverviewTable::fillCell(QStandardItem& item, int recordRow,
+                                   const QStringList& entry) const
+{
+    cellcolours::update(item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
+    cellcolours::setColour(item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
+}
+
+void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList)
+{
+    if (dataList.size() < kMinimumEntries) {
+        return;
+    }
+    const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
+    for (int recordRow = 0; recordRow < entries; ++recordRow) {
+        const int column = overview::columnOf(recordRow);
+        QStandardItem* item = m_model.item(row, column);
+        if (item == nullptr) {
+            item = newDataItem();
+            m_model.setItem(row, column, item);
+        }
+        fillCell(*item, recordRow, dataList.at(recordRow));
+        cellcolours::update(*item, Qt::UserRole, kNoSortKey);
+    }
+    if (row == m_selectedRow) {
+        announceRow(row, true);
+    }
+}
+
+void DeviceOverviewTable::settleSelection(const QString& hexId, bool isNewRow)
+{
+    if (m_selectedRow != kNoRow) {
+        return;
+    }
+    const bool isAwaited = m_selectedHexId.isEmpty() || hexId == m_selectedHexId;
+    if (isAwaited) {
+        tick(m_rowOfLdb.value(hexId));
+    } else if (!isNewRow) {
+        tick(0);
+    }
+}
+
+bool DeviceOverviewTable::selectLdb(const QString& hexId)
+{
+    const auto row = m_rowOfLdb.constFind(hexId);
+    if (row == m_rowOfLdb.constEnd() || !m_checkBoxDelegate->isEnabled()) {
+        return false;
+    }
+    tick(*row);
+    return true;
+}
+
+/// The check state is all that is set here: `dataChanged` answers it whoever sets it.
+void DeviceOverviewTable::tick(int row)
+{
+    m_model.item(row, overview::TickColumn)->setCheckState(Qt::Checked);
+}
+
+void DeviceOverviewTable::dataChanged(const QModelIndex& index)
+{
+    if (index.column() != overview::TickColumn) {
+        return;
+    }
+    const QStandardItem* item = m_model.itemFromIndex(index);
+    if (item->checkState() == Qt::Checked && index.row() != m_selectedRow) {
+        moveTick(index.row());
+    } else if (item->checkState() == Qt::Unchecked && index.row() == m_selectedRow) {
+        // The selected LDB can be replaced, not deselected.
+        tick(m_selectedRow);
+    }
+}
+
+void DeviceOverviewTable::moveTick(int row)
+{
+    const int formerRow = m_selectedRow;
+    m_selectedRow = row;
+    if (formerRow != kNoRow) {
+        m_model.item(formerRow, overview::TickColumn)->setCheckState(Qt::Unchecked);
+        announceRow(formerRow, false);
+    }
+    announceRow(row, true);
+    if (m_view) {
+        // The change is in a hidden column, the mark goes over the whole row.
+        m_view->viewport()->update();
+    }
+    const QString hexId = hexIdOf(row);
+    if (hexId != m_selectedHexId) {
+        m_selectedHexId = hexId;
+        emit selectedLDBChanged(hexId);
+    }
+}
+
+/// Tells a screen reader which row is ticked.
+void DeviceOverviewTable::announceRow(int row, bool isTicked)
+{
+    if (QStandardItem* item = m_model.item(row, overview::IdColumn)) {
+        cellcolours::update(*item, Qt::AccessibleTextRole,
+                            isTicked ? tr("%1, selected").arg(hexIdOf(row)) : QVariant());
+    }
+}
+
+QString DeviceOverviewTable::hexIdOf(int row) const
+{
+    return m_model.index(row, overview::TickColumn).data(kHexIdRole).toString();
+}
+
+void DeviceOverviewTable::setSelectionEnabled(bool enabled)
+{
+    m_checkBoxDelegate->setEnabled(enabled);
+    m_rowDelegate->setEnabled(enabled);
+    if (m_view) {
+        m_view->viewport()->update();
+    }
+}
+
+void DeviceOverviewTable::clear()
+{
+    m_selectedRow = kNoRow;
+    m_rowOfLdb.clear();
+    m_model.removeRows(0, m_model.rowCount());
+}
+
+void DeviceOverviewTable::saveTableState() const
+{
+    if (m_view && m_hadRows) {
+        userSettings().setValue(constants::kOverviewTableStateKey, header()->saveState());
+    }
+}
+
+void DeviceOverviewTable::loadTableState()
+{
+    const QVariant state = userSettings().value(constants::kOverviewTableStateKey);
+    if (!m_view || !state.isValid()) {
+        return;
+    }
+    if (!header()->restoreState(state.toByteArray())) {
+        qWarning("The stored layout of the overview table cannot be read");
+    }
+    hideServiceColumns();
+    // A layout of another version may sort by what is not shown here.
+    const int sortedBy = header()->sortIndicatorSection();
+    if (sortedBy >= header()->count() || header()->isSectionHidden(sortedBy)) {
+        m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
+    }
+}
+
+bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
+{
+    // The type comes first: a view that is being destroyed still gets events, but is no view any
+    // more.
+    if (event->type() == QEvent::KeyPress && watched == m_view) {
+        return tickByKey(*static_cast<QKeyEvent*>(event));
+    }
+    if (event->type() == QEvent::Resize && watched == m_headerViewport) {
+        followWidth(*static_cast<QResizeEvent*>(event));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+/// Columns that fill the table go on doing so, in the proportions that the user gave them; columns
+/// that the user made wider or narrower than the table stay as they are.
+void DeviceOverviewTable::followWidth(const QResizeEvent& resize)
+{
+    if (!m_hadRows) {
+        fillWidth();
+    } else if (header()->length() == resize.oldSize().width()) {
+        shareWidth(resize.size().width(),
+                   [this](int column) { return header()->sectionSize(column); });
+    }
+}
+
+/// Whether the key was one that ticks the current row.
+bool DeviceOverviewTable::tickByKey(const QKeyEvent& key)
+{
+    const QModelIndex current = m_view->currentIndex();
+    if (!isTickKey(key.key()) || !current.isValid()) {
+        return false;
+    }
+    selectLdb(hexIdOf(m_proxy->mapToSource(current).row()));
+    return true;
+}

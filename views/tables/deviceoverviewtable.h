@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QStandardItemModel>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class QHeaderView;
+class QKeyEvent;
+class QResizeEvent;
+class QTableView;
+
+class CellColourRules;
+class CheckBoxDelegate;
+class OverviewRowDelegate;
+class ProxyModelHierachicalHeader;
+
+/// The overview of all LDBs: one row each, refreshed with every record, coloured by the rules of
+/// the tuning file. One row is ticked; its LDB is the selected one. GUI thread.
+///
+/// The user ticks a row by a click on it, or by Space or Enter. The tick itself stands in a hidden
+/// column, and the row is marked instead.
+class DeviceOverviewTable : public QObject
+{
+    Q_OBJECT
+public:
+    /// `view` belongs to the caller and may die first. The tuning file is read here, once.
+    explicit DeviceOverviewTable(QTableView* view, QObject* parent = nullptr);
+    ~DeviceOverviewTable() override;
+
+    /// Ticks the row of an LDB, as a click on it does. False, and nothing changes, where the table
+    /// has no such row or ticking is disabled.
+    bool selectLdb(const QString& hexId);
+
+    /// The LDB last announced by `selectedLDBChanged`; empty before the first.
+    QString selectedHexId() const { return m_selectedHexId; }
+
+    /// Whether the user may tick another row. True at the start.
+    void setSelectionEnabled(bool enabled);
+
+    /// Drops all rows for a new scan; columns, widths, order and sorting stay. The selected LDB
+    /// stays selected, and is ticked again, without a signal, when its next record comes. Until
+    /// then no row is ticked. If it has not come by the time that another LDB's second record
+    /// arrives (a whole round without it), the first row is ticked and announced instead.
+    void clear();
+
+    /// Stores the header's layout in the per-user settings. Does nothing before the first row: what
+    /// stands there until then is not the user's layout, which has yet to be restored.
+    void saveTableState() const;
+    /// Restores the header's layout, where one is stored. Runs by itself at the first row.
+    void loadTableState();
+
+public slots:
+    /// Adds or refreshes the row of an LDB. The first LDB ever is ticked. An entry that the record
+    /// lacks leaves its cell as it is, and entries beyond the known ones are ignored.
+    void processData(const QString& hexId, const QList<QStringList>& dataList);
+
+    /// Sets the header in the language in force; widths, order and sorting stay.
+    void retranslate();
+
+signals:
+    /// Another LDB is ticked; also emitted for the first one.
+    void selectedLDBChanged(QString hexid);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private slots:
+    void dataChanged(const QModelIndex& index);
+
+private:
+    static constexpr int kNoRow = -1;
+
+    void setupTable();
+    void setupHeader();
+    void hideServiceColumns();
+    void fillWidth();
+    void shareWidth(int width, const std::function<int(int column)>& shareOf);
+    void followWidth(const QResizeEvent& resize);
+    QHeaderView* header() const;
+
+    void appendRow(const QString& hexId, const QList<QStringList>& dataList);
+    void refreshRow(int row, const QList<QStringList>& dataList);
+    QList<QStandardItem*> createRowFromData(const QList<QStringList>& rowData) const;
+    void fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
+
+    void settleSelection(const QString& hexId, bool isNewRow);
+    bool tickByKey(const QKeyEvent& key);
+    void tick(int row);
+    void moveTick(int row);
+    void announceRow(int row, bool isTicked);
+    QString hexIdOf(int row) const;
+
+    QPointer<QTableView> m_view;
+    QPointer<QWidget> m_headerViewport;
+    QStandardItemModel m_model;
+    QStandardItemModel m_headerModel;
+    std::unique_ptr<ProxyModelHierachicalHeader> m_proxy;
+    std::unique_ptr<const CellColourRules> m_colourRules;
+    CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
+    OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
+    QHash<QString, int> m_rowOfLdb;                 // source rows; they are only ever appended
+    int m_selectedRow = kNoRow;                     // source row of the tick
+    QString m_selectedHexId;
+    bool m_hadRows = false; // the stored layout has been applied
+};
