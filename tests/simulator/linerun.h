@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <array>
 
 /// A line with boards 0A, 0B and 0C on it, and everything that has arrived at its master, timed.
 class LineRun
@@ -86,3 +87,70 @@ public:
     std::vector<Byte> arrived;
     qint64 now = 0;
 };
+
+/// What the tests of a line share.
+namespace linerun {
+
+constexpr qint64 kSecond = LineRun::kSecond;
+constexpr qint64 kTurnaround = LineRun::kTurnaround;
+constexpr int kRequestBytes = 14;
+constexpr int kPollBytes = 10;
+constexpr int kStatusBytes = 54;
+const QByteArray kStatus("FE0A737803");
+const QByteArray kOtherStatus("FE0B737803");
+const QByteArray kName("FE0A737202");
+const QByteArray kPoll("FE0A70");
+
+/// 10 bits at 9600 baud, rounded up to whole microseconds.
+inline qint64 wireTime(int bytes)
+{
+    return (bytes * qint64{1041667} + 999) / 1000;
+}
+
+inline Adversaries everything()
+{
+    Adversaries all;
+    all.flippedRequests = all.flippedAnswers = all.garbledAnswers = 3;
+    all.lostRequests = all.lostAnswers = all.lateAnswers = 3;
+    all.strayEvery = 1;
+    all.burstEvery = 5;
+    all.stallEvery = 20;
+    all.vanishEvery = 100;
+    return all;
+}
+
+/// The frames with right check digits in a stream, cut as a master does it.
+inline QList<QByteArray> soundFrames(const QByteArray& stream)
+{
+    QList<QByteArray> frames;
+    QByteArray frame;
+    for (const char byte : stream) {
+        if (byte == '\x01') {
+            frame.clear();
+        }
+        frame.append(byte);
+        QByteArray body = frame;
+        if (byte == '\x04' && frame.startsWith('\x01') && framecodec::responseValidation(body)) {
+            frames.append(frame);
+        }
+        if (byte == '\x04') {
+            frame.clear();
+        }
+    }
+    return frames;
+}
+
+/// Requests without regard to what else is on the line; gives what arrived.
+inline std::vector<LineRun::Byte> crowd(LineRun& run, int requests)
+{
+    Chance chance(7);
+    const std::array<QByteArray, 4> bodies{kStatus, kOtherStatus, kName, "FE0C737804"};
+    for (int i = 0; i < requests; ++i) {
+        run.send(bodies.at(static_cast<std::size_t>(chance.between(0, 3))));
+        run.run(chance.between(10000, 150000));
+    }
+    run.run(20 * kSecond);
+    return run.arrived;
+}
+
+} // namespace linerun
