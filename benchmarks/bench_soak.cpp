@@ -9,16 +9,16 @@
 //   resident  growth of the resident memory in the same time, in MB
 //   handles   growth of descriptors and threads in the same time
 // Ends with status 1 when a figure is out of its bounds; --short lives two short hours and fails of
-// wrong lines only.
+// wrong lines and of descriptors or threads left behind only.
 #include "app/applicationsettings.h"
 #include "app/mainwindow.h"
 #include "benchmarks/soak/badday.h"
 #include "benchmarks/soak/linetail.h"
 #include "benchmarks/soak/logaudit.h"
 #include "benchmarks/soak/windowoperator.h"
+#include "benchmarks/support/processresources.h"
 #include "benchmarks/support/report.h"
 #include "benchmarks/support/simulatorprocess.h"
-#include "tests/support/processresources.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -309,7 +309,8 @@ bool Soak::judge() const
     good = report("resident", static_cast<double>(grown.residentBytes) / kMegabyte,
                   kResidentLimitMb, Bound::AtMost) &&
            good;
-    return report("handles", std::max(grown.descriptors, grown.threads), 0, Bound::AtMost) && good;
+    const int handles = std::max(grown.descriptors, grown.threads);
+    return report("handles", handles, 0, Bound::AtMost) && handles <= 0 && good;
 }
 
 /// Fails the benchmark for an option that is no number above zero.

@@ -21,16 +21,8 @@
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMessageBox>
 #include <QSerialPort>
-#include <QSpinBox>
-#include <QStatusBar>
-#include <QTabWidget>
-#include <QToolBox>
+#include <QtWidgets>
 
 namespace {
 

@@ -6,12 +6,7 @@
 #include "tests/support/settingsbus.h"
 #include "tests/support/testcase.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
+#include <QtWidgets>
 
 #include <memory>
 

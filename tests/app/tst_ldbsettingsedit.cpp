@@ -78,11 +78,9 @@ class TestLdbSettingsEdit : public TestCase
 private slots:
     void editedFieldStaysUntilUndone_data();
     void editedFieldStaysUntilUndone();
-    void fieldPutBackIsNoEdit();
     void defaultsSurviveARecord();
     void openDetectionBringsTheDelayBack_data();
     void openDetectionBringsTheDelayBack();
-    void openDetectionStaysOffUnderARecord();
     void recordAfterSave_data();
     void recordAfterSave();
 };
@@ -126,16 +124,6 @@ void TestLdbSettingsEdit::editedFieldStaysUntilUndone()
     QCOMPARE(differingFields(edit.values(), otherRecord()), QList<LdbField>());
 }
 
-void TestLdbSettingsEdit::fieldPutBackIsNoEdit()
-{
-    LdbSettingsEdit edit;
-    edit.receive(someRecord());
-    edit.edit(LdbField::Name, named("Roof"));
-    edit.edit(LdbField::Name, someRecord());
-    edit.receive(otherRecord());
-    QCOMPARE(edit.values().name, otherRecord().name);
-}
-
 void TestLdbSettingsEdit::defaultsSurviveARecord()
 {
     // The first record has some of the defaults already: they were wanted all the same.
@@ -154,10 +142,8 @@ void TestLdbSettingsEdit::defaultsSurviveARecord()
 
 void TestLdbSettingsEdit::openDetectionBringsTheDelayBack_data()
 {
-    QTest::addColumn<int>("recorded");
-    QTest::addColumn<int>("typed"); // -1: nothing
-    QTest::addColumn<int>("back");
-    QTest::addColumn<bool>("isChangedBack");
+    // "typed": -1: nothing
+    addColumns<int, int, int, bool>("recorded", "typed", "back", "isChangedBack");
     QTest::newRow("the record's") << 25 << -1 << 25 << false;
     QTest::newRow("the user's") << 25 << 300 << 300 << true;
     QTest::newRow("a delay of 0 typed") << 25 << 0 << 0 << true;
@@ -187,26 +173,10 @@ void TestLdbSettingsEdit::openDetectionBringsTheDelayBack()
     QCOMPARE(edit.isChanged(LdbField::OpenDetectionDelay), isChangedBack);
 }
 
-void TestLdbSettingsEdit::openDetectionStaysOffUnderARecord()
-{
-    LdbSettingsEdit edit;
-    edit.receive(delayed(25));
-    edit.setOpenDetection(false);
-    edit.receive(delayed(40));
-    QVERIFY(!edit.openDetection());
-    QCOMPARE(int(edit.values().openDetectionDelay), 0);
-    edit.setOpenDetection(true);
-    QCOMPARE(int(edit.values().openDetectionDelay), 25);
-    edit.undo();
-    QCOMPARE(int(edit.values().openDetectionDelay), 40);
-}
-
 void TestLdbSettingsEdit::recordAfterSave_data()
 {
-    QTest::addColumn<bool>("isComplete");
-    QTest::addColumn<QString>("reported");
-    QTest::addColumn<QString>("editedSince"); // empty: nothing
-    QTest::addColumn<QString>("shown");
+    // "editedSince": empty: nothing
+    addColumns<bool, QString, QString, QString>("isComplete", "reported", "editedSince", "shown");
     const QString roof = QStringLiteral("Roof");
     const QString hall = QStringLiteral("Hall");
     const QString shed = QStringLiteral("Shed");

@@ -14,7 +14,6 @@ private slots:
     void showsTheRecord();
     void onlyTheOwnRecordCounts_data();
     void onlyTheOwnRecordCounts();
-    void answerOfTheLdbSelectedBefore();
     void buttonsFollowWhatIsAllowed();
     void changesAreMarkedInWords();
     void nameIsTypedAsFarAsItFits();
@@ -55,9 +54,7 @@ void TestLdbSettingsEditor::showsTheRecord()
 
 void TestLdbSettingsEditor::onlyTheOwnRecordCounts_data()
 {
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<bool>("counts");
+    addColumns<QString, QByteArray, bool>("asked", "answer", "counts");
     const QByteArray own = SettingsBus::record(kLdb);
     const QByteArray other = SettingsBus::record(kOtherLdb);
     QTest::newRow("own") << kLdb << own << true;
@@ -80,29 +77,6 @@ void TestLdbSettingsEditor::onlyTheOwnRecordCounts()
     QCOMPARE(desk.editor->edit().hasRecord(), counts);
     QVERIFY(desk.buttonsAre(counts));
     QCOMPARE(desk.name()->text(), counts ? QStringLiteral("LDB 0A") : QString());
-}
-
-void TestLdbSettingsEditor::answerOfTheLdbSelectedBefore()
-{
-    Desk desk;
-    QVERIFY(desk.connectLink());
-    desk.editor->setSelectedLdb(kLdb);
-    desk.editor->requestSettings();
-    desk.editor->setSelectedLdb(kOtherLdb);
-    QVERIFY(desk.settle());
-    QVERIFY(desk.bus.requests().contains("FE0A737201"));
-    QVERIFY(!desk.save()->isEnabled());
-    QCOMPARE(desk.name()->text(), QString());
-    QCOMPARE(desk.ui<QLabel>("settingsFirmwareIdLabel")->text(), QString());
-
-    // Nor does it touch the record that has come, or what was edited in it.
-    QVERIFY(desk.select(kLdb));
-    desk.editor->requestSettings();
-    QVERIFY(desk.select(kOtherLdb));
-    desk.fims()->setValue(33);
-    QVERIFY(desk.settle());
-    QCOMPARE(desk.name()->text(), QStringLiteral("LDB 0B"));
-    QCOMPARE(desk.fims()->value(), 33);
 }
 
 void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
@@ -179,5 +153,4 @@ void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
 
 REGISTER_TEST(TestLdbSettingsEditor, QApplication)
 
-#include "tests/support/testprogram.h"
 #include "tst_ldbsettingseditor.moc"

@@ -1,8 +1,6 @@
 #include "tests/app/settingsdesk.h"
 #include "tests/support/testprogram.h"
 
-#include <QTimer>
-
 namespace {
 
 const QByteArray kSilence("");
@@ -39,20 +37,17 @@ private slots:
     void saves();
     void tellsWhatWasNotWritten_data();
     void tellsWhatWasNotWritten();
-    void tellsADifference();
     void readsAgainAfterAReboot_data();
     void readsAgainAfterAReboot();
     void readsAgainWithoutNewsOfTheReboot();
-    void aLaterRecordEndsASaveThatWasNotReadBack();
-    void isDestroyedWhileSaving();
     void lostPortEndsTheSave();
     void saveOfAnLdbNoLongerSelected();
 };
 
 void TestLdbSettingsSaving::saves_data()
 {
-    QTest::addColumn<Change>("change");
-    QTest::addColumn<QList<QByteArray>>("writes"); // in this order
+    // "writes": in this order
+    addColumns<Change, QList<QByteArray>>("change", "writes");
     QTest::newRow("every field") << Change([](const Desk& desk) {
         desk.name()->setText(QStringLiteral("Roof"));
         desk.delay()->setValue(5);
@@ -109,10 +104,8 @@ void TestLdbSettingsSaving::saves()
 
 void TestLdbSettingsSaving::tellsWhatWasNotWritten_data()
 {
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<QString>("reported"); // what the LDB has instead; empty: nothing is missing
+    // "reported": what the LDB has instead; empty: nothing is missing
+    addColumns<QByteArray, QByteArray, QString, QString>("request", "answer", "words", "reported");
     const struct
     {
         const char* name;
@@ -182,29 +175,9 @@ void TestLdbSettingsSaving::tellsWhatWasNotWritten()
     QCOMPARE(desk.fims()->value(), 7);
 }
 
-void TestLdbSettingsSaving::tellsADifference()
-{
-    Desk desk;
-    QVERIFY(desk.prepare());
-    desk.name()->setText(QStringLiteral("Roof"));
-    desk.fims()->setValue(7);
-    // Acknowledged, yet not taken over.
-    desk.bus.answerTo(kLdb, "736303", QByteArray("\x06"));
-    desk.messages.clear();
-    desk.save()->click();
-    WAIT_COMPARE(desk.lastMessage(),
-                 QStringLiteral("LDB 0A: the LDB reports other values than written: "
-                                "Number of FIM's (20)"));
-    QCOMPARE(desk.messages.constLast().at(1).toInt(), 0);
-    // All was accepted, so the edits have ended; what is shown is what the LDB has.
-    WAIT_COMPARE(desk.fims()->value(), 20);
-    QCOMPARE(desk.state(), QString());
-}
-
 void TestLdbSettingsSaving::readsAgainAfterAReboot_data()
 {
-    QTest::addColumn<bool>("isBack");
-    QTest::addColumn<QString>("message");
+    addColumns<bool, QString>("isBack", "message");
     QTest::newRow("back") << true << QStringLiteral("The settings of LDB 0A are saved.");
     QTest::newRow("still away") << false
                                 << QStringLiteral("LDB 0A: the settings could not be read again");
@@ -260,44 +233,6 @@ void TestLdbSettingsSaving::readsAgainWithoutNewsOfTheReboot()
     QVERIFY(writer.outcome().isGood());
 }
 
-void TestLdbSettingsSaving::aLaterRecordEndsASaveThatWasNotReadBack()
-{
-    Desk desk;
-    QVERIFY(desk.prepare());
-    desk.name()->setText(QStringLiteral("Roof"));
-    desk.bus.answerTo(kLdb, "737201", kSilence);
-    desk.save()->click();
-    WAIT_COMPARE(desk.saveFinished.size(), 1);
-    QVERIFY(desk.settle());
-    desk.bus.setScript(nullptr);
-    desk.editor->requestSettings();
-    WAIT_COMPARE(desk.editor->edit().record().name, QStringLiteral("Roof"));
-
-    // Ticked and unticked again is no edit any more, so the next record fills it.
-    desk.mute()->click();
-    desk.mute()->click();
-    desk.bus.settingsOf(kLdb).replace(kMutePosition, 2, "01");
-    desk.editor->requestSettings();
-    WAIT_VERIFY(desk.editor->edit().record().audioMute);
-    QVERIFY(desk.mute()->isChecked());
-}
-
-void TestLdbSettingsSaving::isDestroyedWhileSaving()
-{
-    Desk desk;
-    QVERIFY(desk.prepare());
-    desk.bus.clearRequests();
-    desk.name()->setText(QStringLiteral("Roof"));
-    desk.save()->click();
-    WAIT_VERIFY(!desk.bus.writes().isEmpty());
-    desk.editor.reset();
-    // What was begun is written to its end, and nobody is told.
-    WAIT_COMPARE(withoutRepetitions(desk.bus.writes()).size(), 6);
-    QVERIFY(desk.settle());
-    QCOMPARE(desk.bus.writes().constLast(), QByteArray("FE0A737806"));
-    QVERIFY(!desk.bus.requests().contains("FE0A737201"));
-}
-
 void TestLdbSettingsSaving::lostPortEndsTheSave()
 {
     Desk desk;
@@ -337,5 +272,4 @@ void TestLdbSettingsSaving::saveOfAnLdbNoLongerSelected()
 
 REGISTER_TEST(TestLdbSettingsSaving, QApplication)
 
-#include "tests/support/testprogram.h"
 #include "tst_ldbsettingssaving.moc"

@@ -7,12 +7,7 @@
 #include "tests/support/testprogram.h"
 #include "views/log/filelogger.h"
 
-#include <QAbstractButton>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QSignalSpy>
-#include <QSpinBox>
+#include <QtWidgets>
 
 #include <algorithm>
 
@@ -71,7 +66,6 @@ private slots:
     void remembers();
     // Before a folder is chosen, which would be remembered.
     void dialogsOpenOutsideTheWorkingDirectory();
-    void browseFillsPath();
 };
 
 void TestLogControls::startAndStop()
@@ -153,26 +147,6 @@ void TestLogControls::dialogsOpenOutsideTheWorkingDirectory()
     auto* dialog = window.findChild<QFileDialog*>();
     QVERIFY(dialog != nullptr);
     QVERIFY2(dialog->directory() != QDir::current(), qPrintable(dialog->directory().path()));
-}
-
-void TestLogControls::browseFillsPath()
-{
-    const Sandbox sandbox;
-    Group group;
-    group.path.setText(sandbox.path(QStringLiteral("former.csv")));
-    group.browse.click();
-    auto* dialog = group.window.findChild<QFileDialog*>();
-    QVERIFY(dialog != nullptr);
-    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
-    // A log is appended to, so nobody is to be asked about overwriting.
-    QVERIFY(dialog->testOption(QFileDialog::DontConfirmOverwrite));
-    const QString proposed = dialog->selectedFiles().value(0);
-    QVERIFY2(proposed.startsWith(sandbox.path(QString())) && proposed.endsWith(".csv"),
-             qPrintable(proposed));
-
-    dialog->selectFile(QStringLiteral("chosen"));
-    QMetaObject::invokeMethod(dialog, "accept");
-    QCOMPARE(group.path.text(), sandbox.path(QStringLiteral("chosen.csv")));
 }
 
 REGISTER_TEST(TestLogControls, QApplication)

@@ -10,20 +10,7 @@
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/fimtracking.h"
 
-#include <QElapsedTimer>
-#include <QFileDialog>
-#include <QGuiApplication>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScreen>
-#include <QSplitter>
-#include <QStatusBar>
-#include <QTabWidget>
-#include <QTableView>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -43,11 +30,7 @@ private slots:
     void cleanup() override;
 
     void startsAndStops();
-    void stopsDuringScan();
-    void emptyBusStops();
     void reloadKeepsTheTick();
-    void reloadStartsAStoppedLink();
-    void missingPort();
     void cutLine();
     void otherPort();
     void lostLdb_data();
@@ -58,11 +41,9 @@ private slots:
     void trackingPollsOneLdb();
     void lampIsTwoClicksFromItsCause();
     void logsWhatIsPolled();
-    void failedImport();
     void languageChangeLosesNothing();
     void layoutComesBack_data();
     void layoutComesBack();
-    void fitsSmallScreen();
     void closesWhileCommandsWait();
 
 private:
@@ -186,34 +167,6 @@ void TestMainWindow::startsAndStops()
     QVERIFY(m_bus->requests().isEmpty());
 }
 
-void TestMainWindow::stopsDuringScan()
-{
-    m_bus->setScript([](const QByteArray&) { return QByteArray(); });
-    makeWindow();
-    button("startButton")->click();
-    WAIT_VERIFY(child<QProgressBar>("progressBar")->isVisible());
-    button("startButton")->click();
-    QCOMPARE(button("startButton")->text(), QStringLiteral("Start"));
-    QVERIFY(!child<QProgressBar>("progressBar")->isVisible());
-    QCOMPARE(m_window->statusBar()->currentMessage(), QString());
-    QVERIFY(button("reloadDevicesButton")->isEnabled());
-
-    // And starts again at once.
-    m_bus->setScript(nullptr);
-    button("startButton")->click();
-    WAIT_COMPARE(rows(), 3);
-}
-
-void TestMainWindow::emptyBusStops()
-{
-    m_bus->setPresent({});
-    makeWindow();
-    button("startButton")->click();
-    WAIT_VERIFY(!button("startButton")->isChecked());
-    QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 0."));
-    QVERIFY(boxes().isEmpty());
-}
-
 void TestMainWindow::reloadKeepsTheTick()
 {
     start();
@@ -230,33 +183,6 @@ void TestMainWindow::reloadKeepsTheTick()
     m_bus->clearRequests();
     button("ldbResetButton")->click();
     WAIT_VERIFY(m_bus->requests().contains("FEFD73780001"));
-}
-
-void TestMainWindow::reloadStartsAStoppedLink()
-{
-    makeWindow();
-    button("reloadDevicesButton")->click();
-    QVERIFY(button("startButton")->isChecked());
-    QCOMPARE(label("countLabel"), QStringLiteral("Loading LDB device list..."));
-    WAIT_COMPARE(rows(), 3);
-    // One scan, not two: every address was asked once.
-    QCOMPARE(m_bus->requests().count("FE0170"), 1);
-}
-
-void TestMainWindow::missingPort()
-{
-    const QString gone = m_sandbox->path(QStringLiteral("gone"));
-    applicationSettings().setValue(constants::kComPortKey, gone);
-    makeWindow();
-    const ExpectWarning warning("^Port ");
-    // A second attempt that fails opens no second box.
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        button("startButton")->click();
-        WAIT_VERIFY(!button("startButton")->isChecked());
-        QCOMPARE(boxes().size(), 1);
-        QVERIFY(boxes().constFirst()->informativeText().contains(gone));
-        QCOMPARE(label("countLabel"), kFailed);
-    }
 }
 
 void TestMainWindow::cutLine()
@@ -297,8 +223,7 @@ void TestMainWindow::otherPort()
 
 void TestMainWindow::lostLdb_data()
 {
-    QTest::addColumn<QString>("lost");
-    QTest::addColumn<bool>("actionsStay");
+    addColumns<QString, bool>("lost", "actionsStay");
     QTest::newRow("the ticked one") << QStringLiteral("03") << false;
     QTest::newRow("another one") << QStringLiteral("0A") << true;
 }
@@ -358,10 +283,8 @@ void TestMainWindow::serviceModeSendsNothing()
 
 void TestMainWindow::actions_data()
 {
-    QTest::addColumn<QByteArray>("buttonName");
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QString>("report");
+    addColumns<QByteArray, QByteArray, QByteArray, QString>("buttonName", "body", "answer",
+                                                            "report");
     const auto row = [](const char* tag, const char* buttonName, const char* body,
                         const char* answer, const char* report) {
         QTest::newRow(tag) << QByteArray(buttonName) << QByteArray(body) << QByteArray(answer)
@@ -483,8 +406,7 @@ void TestMainWindow::languageChangeLosesNothing()
 
 void TestMainWindow::layoutComesBack_data()
 {
-    QTest::addColumn<QRect>("savedScreens");
-    QTest::addColumn<bool>("placeComesBack");
+    addColumns<QRect, bool>("savedScreens", "placeComesBack");
     const QRect screens = QGuiApplication::primaryScreen()->virtualGeometry();
     QTest::newRow("same screens") << screens << true;
     QTest::newRow("one screen less") << screens.adjusted(0, 0, 1920, 0) << false;
@@ -538,39 +460,6 @@ void TestMainWindow::layoutComesBack()
     }
     QCOMPARE(overview()->horizontalHeader()->sectionSize(2), 222);
     QVERIFY(overview()->isColumnHidden(0));
-}
-
-void TestMainWindow::fitsSmallScreen()
-{
-    QMainWindow window;
-    QSplitter splitter;
-    window.resize(5000, 4000);
-    windowlayoutstore::load({&window, &splitter, &splitter, &splitter});
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    QCOMPARE(window.width(), screen.width());
-    QVERIFY(window.height() < screen.height()); // the title bar needs its place
-}
-
-void TestMainWindow::failedImport()
-{
-    start();
-    WAIT_VERIFY(button("importDeviceSettingsButton")->isEnabled());
-    m_sandbox->writeFile(QStringLiteral("list.csv"), "05;Not there;1;1;10;1;0;0;1;20;x\n");
-    button("importDeviceSettingsButton")->click();
-    auto* dialog = m_window->findChild<QFileDialog*>();
-    QVERIFY(dialog != nullptr);
-    emit dialog->fileSelected(m_sandbox->path(QStringLiteral("list.csv")));
-    dialog->close();
-
-    WAIT_COMPARE(boxes().size(), 1);
-    QCOMPARE(boxes().constFirst()->text(),
-             QStringLiteral("Importing LDB settings failed, not all LDB's' are connected!"));
-    QVERIFY2(boxes().constFirst()->informativeText().contains(QStringLiteral("05")),
-             qPrintable(boxes().constFirst()->informativeText()));
-    QCOMPARE(m_window->statusBar()->currentMessage(),
-             QStringLiteral("Importing LDB settings failed, not all LDB's are connected"));
-    QVERIFY(!child<QProgressBar>("progressBar")->isVisible());
-    QVERIFY(button("ldbResetButton")->isEnabled());
 }
 
 void TestMainWindow::closesWhileCommandsWait()

@@ -5,11 +5,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QImage>
-#include <QMessageBox>
-#include <QTextBlock>
+#include <QtWidgets>
 
 namespace {
 
@@ -72,10 +68,7 @@ class TestManual : public TestCase
 private slots:
     void pagesHangTogether();
     void picturesFitTheWindow();
-    void picturesFitFineScreens_data();
-    void picturesFitFineScreens();
     void f1OpensItOnce();
-    void isReadWhileAModalWindowIsOpen();
     void missingManualIsToldOnce();
 };
 
@@ -125,28 +118,6 @@ void TestManual::picturesFitTheWindow()
     }
 }
 
-void TestManual::picturesFitFineScreens_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<qreal>("ratio");
-    QTest::addColumn<int>("pixels");
-    QTest::newRow("narrow") << 500 << 2.0 << 500;
-    QTest::newRow("wide") << 1340 << 1.0 << 800;
-    QTest::newRow("fewer pixels than the screen has") << 1340 << 2.0 << 1340;
-    QTest::newRow("more pixels than the screen has") << 1340 << 1.5 << 1200;
-}
-
-void TestManual::picturesFitFineScreens()
-{
-    QFETCH(int, width);
-    QFETCH(qreal, ratio);
-    constexpr int kWidest = 800;
-    const QImage picture =
-        ManualBrowser::narrowed(QImage(width, 100, QImage::Format_RGB32), kWidest, ratio);
-    QTEST(picture.width(), "pixels");
-    QCOMPARE(qRound(picture.width() / picture.devicePixelRatio()), qMin(width, kWidest));
-}
-
 void TestManual::f1OpensItOnce()
 {
     const Sandbox sandbox;
@@ -168,23 +139,6 @@ void TestManual::f1OpensItOnce()
         QTest::keyClick(manuals.first(), Qt::Key_Escape);
         QVERIFY(openWindows<ManualWindow>().isEmpty());
     }
-}
-
-void TestManual::isReadWhileAModalWindowIsOpen()
-{
-    const HelpKey helpKey(kFolder);
-    QWidget window;
-    window.show();
-    QTest::keyClick(&window, Qt::Key_F1);
-    QWidget modal(&window, Qt::Dialog);
-    modal.setWindowModality(Qt::ApplicationModal);
-    modal.show();
-    QTest::keyClick(&modal, Qt::Key_F1);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    const QList<ManualWindow*> manuals = openWindows<ManualWindow>();
-    QCOMPARE(manuals.size(), 1);
-    // A child of the modal window is the one that it does not block.
-    QCOMPARE(manuals.first()->parentWidget(), &modal);
 }
 
 void TestManual::missingManualIsToldOnce()

@@ -2,10 +2,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QCoreApplication>
-#include <QProcess>
-#include <QTime>
-
 #include <csignal>
 #include <cstdlib>
 
@@ -51,8 +47,7 @@ private slots:
 
 void TestMessageHandler::line_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("expected");
+    addColumns<int, QString>("type", "expected");
     QTest::newRow("debug") << int(QtDebugMsg) << QStringLiteral("[04:03:27] {Debug} \t\t x%1y\n");
     QTest::newRow("info") << int(QtInfoMsg) << QStringLiteral("[04:03:27] {Info} \t\t x%1y\n");
     QTest::newRow("warning") << int(QtWarningMsg)
@@ -72,8 +67,7 @@ void TestMessageHandler::line()
 
 void TestMessageHandler::writesToStandardOutputButLastWords_data()
 {
-    QTest::addColumn<QString>("argument");
-    QTest::addColumn<int>("exitCode");
+    addColumns<QString, int>("argument", "exitCode");
     QTest::newRow("warning") << kSpeakArgument << 0;
     QTest::newRow("warning, then fatal") << kDieArgument << SIGABRT;
 }

@@ -5,12 +5,8 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QApplication>
-#include <QFileInfo>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSerialPort>
-#include <QWidget>
+#include <QtWidgets>
 
 namespace {
 
@@ -73,9 +69,7 @@ void TestNotices::lossesShareOneBox()
 
 void TestNotices::portFailureDetails_data()
 {
-    QTest::addColumn<int>("error");
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<QString>("details");
+    addColumns<int, QString, QString>("error", "description", "details");
     QTest::newRow("gone") << int(QSerialPort::ResourceError) << QStringLiteral("pulled out")
                           << QStringLiteral("Port /dev/none: pulled out");
     QTest::newRow("nothing said") << int(QSerialPort::UnknownError) << QString() << QString();

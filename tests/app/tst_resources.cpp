@@ -3,7 +3,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QFile>
 #include <QImage>
 
 /// What the program asks its resources for is there.
@@ -18,8 +17,8 @@ private slots:
 
 void TestResources::isThere_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QSize>("shownSize"); // of a picture, which has twice that; invalid for others
+    // "shownSize": of a picture, which has twice that; invalid for others
+    addColumns<QString, QSize>("path", "shownSize");
     const QString icons = constants::kIconsResourceFolder;
     QTest::newRow("flag") << icons + QStringLiteral("/English.png") << QSize(48, 32);
     QTest::newRow("gear") << icons + QStringLiteral("/settings.png") << QSize(48, 48);

@@ -5,24 +5,7 @@
 #include "tests/support/virtualtime.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
-#include <QAbstractButton>
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScopeGuard>
-#include <QScrollArea>
-#include <QStatusBar>
-#include <QStyledItemDelegate>
-#include <QTabBar>
-#include <QTableView>
-#include <QToolBox>
-#include <QTranslator>
+#include <QtWidgets>
 
 #include <cstdlib>
 
@@ -372,8 +355,7 @@ private slots:
 
 void TestScreens::nothingIsWrong_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("screen");
+    addColumns<QString, QString>("language", "screen");
     for (const char* language : {"English", "Nederlands", "Francais"}) {
         for (const QString& screen : ScreenSet::names()) {
             QTest::addRow("%s %s", language, qPrintable(screen))
@@ -408,8 +390,7 @@ void TestScreens::nothingIsWrong()
 
 void TestScreens::readableInEveryPalette_data()
 {
-    QTest::addColumn<QPalette>("palette");
-    QTest::addColumn<QString>("screen");
+    addColumns<QPalette, QString>("palette", "screen");
     for (const QString& screen : ScreenSet::names()) {
         QTest::addRow("light %s", qPrintable(screen)) << QApplication::palette() << screen;
         QTest::addRow("dark %s", qPrintable(screen)) << darkPalette() << screen;

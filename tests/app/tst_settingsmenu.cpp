@@ -4,15 +4,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSettings>
-#include <QSignalSpy>
+#include <QtWidgets>
 
 namespace {
 
@@ -54,20 +46,11 @@ protected slots:
 
 private slots:
     void initTestCase() { initResources(); }
-    void ordersPortsByNumber_data();
-    void ordersPortsByNumber();
     void confirmsPort_data();
     void confirmsPort();
     void cancelStoresNothing();
-    void showsPortInfo();
-    void looksForPortsEachTimeItIsShown();
-    void doesNotCompleteInline();
-    void keepsSound();
     void listsLanguages();
-    void selectsLanguage_data();
-    void selectsLanguage();
     void switchesLanguageAtOnce();
-    void languageChangeKeepsWhatIsTyped();
     void unreadableLanguageFallsBackToEnglish();
     void reportsAStoreThatCannotBeWritten();
 
@@ -160,42 +143,11 @@ QVariant TestSettingsMenu::stored(const QString& key) const
     return QSettings(QStringLiteral("Velmark"), QStringLiteral("Tavro Cordex Sniffer")).value(key);
 }
 
-void TestSettingsMenu::ordersPortsByNumber_data()
-{
-    QTest::addColumn<QStringList>("names");
-    QTest::addColumn<QStringList>("ordered");
-    const auto row = [](const char* situation, const char* names, const char* ordered) {
-        const auto list = [](const char* text) {
-            return QString::fromLatin1(text).split(QLatin1Char(' '));
-        };
-        QTest::newRow(situation) << list(names) << list(ordered);
-    };
-    row("COM ports", "COM12 COM1 COM3", "COM1 COM3 COM12");
-    row("device names", "ttyUSB10 ttyUSB9 ttyS0 ttyUSB0", "ttyS0 ttyUSB0 ttyUSB9 ttyUSB10");
-    row("no number at all", "modem COM4 COM", "COM COM4 modem");
-    row("number larger than any", "COM99999999999999999999 COM1", "COM99999999999999999999 COM1");
-}
-
-void TestSettingsMenu::ordersPortsByNumber()
-{
-    QFETCH(QStringList, names);
-    QList<PortDetails> ports;
-    for (const QString& name : qAsConst(names)) {
-        ports.append({name, {}, {}, {}, {}, {}, {}});
-    }
-    const auto menu = makeMenu([ports] { return ports; });
-    QTEST(itemTexts(portBox(*menu)), "ordered");
-}
-
 void TestSettingsMenu::confirmsPort_data()
 {
-    QTest::addColumn<bool>("portsThere");
-    QTest::addColumn<QString>("storedPort");
-    QTest::addColumn<QString>("offered");
     // Null leaves the box as it came up.
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("storedAfter");
-    QTest::addColumn<bool>("told");
+    addColumns<bool, QString, QString, QString, QString, bool>(
+        "portsThere", "storedPort", "offered", "typed", "storedAfter", "told");
     const auto row = [](const char* situation, bool portsThere, const char* storedPort,
                         const char* offered, const char* typed, const char* storedAfter,
                         bool told) {
@@ -267,73 +219,6 @@ void TestSettingsMenu::cancelStoresNothing()
     QCOMPARE(languageBox(*menu)->currentText(), QStringLiteral("English"));
 }
 
-void TestSettingsMenu::showsPortInfo()
-{
-    const auto menu = makeMenu();
-    const auto shown = [&menu] {
-        QStringList texts;
-        for (const char* label :
-             {"descriptionLabel", "manufacturerLabel", "serialNumberLabel", "locationLabel",
-              "vendorIdentifierLabel", "productIdentifierLabel"}) {
-            texts.append(labelText(*menu, label));
-        }
-        return texts.join(QStringLiteral("; "));
-    };
-    // An identifier of 0 is one, unlike none.
-    const QString first = QStringLiteral("Description: On board; Manufacturer: ; Serial number: ; "
-                                         "Location: ; Vendor Identifier: ; Product Identifier: 0");
-    const QString second =
-        QStringLiteral("Description: USB adapter; Manufacturer: Maker; Serial number: A1B2; "
-                       "Location: /dev/ttyUSB0; Vendor Identifier: abcd; Product Identifier: 6001");
-    QCOMPARE(shown(), first);
-    portBox(*menu)->setCurrentIndex(1);
-    QCOMPARE(shown(), second);
-    // A typed port is known only when it is in the list.
-    portBox(*menu)->setEditText(QStringLiteral("COM99"));
-    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: "));
-    portBox(*menu)->setEditText(QStringLiteral("COM1"));
-    QCOMPARE(shown(), first);
-}
-
-void TestSettingsMenu::looksForPortsEachTimeItIsShown()
-{
-    QList<PortDetails> ports;
-    const auto menu = makeMenu([&ports] { return ports; });
-    QCOMPARE(itemTexts(portBox(*menu)), QStringList{QStringLiteral("No ComPorts found")});
-    menu->close();
-    ports = twoPorts();
-    menu->show();
-    QCOMPARE(itemTexts(portBox(*menu)),
-             (QStringList{QStringLiteral("COM1"), QStringLiteral("COM12")}));
-    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: On board"));
-    menu->close();
-    ports.clear();
-    menu->show();
-    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("No ComPorts found"));
-    // The details of a port that is gone are gone too.
-    QCOMPARE(labelText(*menu, "descriptionLabel"), QStringLiteral("Description: "));
-}
-
-void TestSettingsMenu::doesNotCompleteInline()
-{
-    const auto menu = makeMenu([] { return QList<PortDetails>{twoPorts().first()}; });
-    QLineEdit* edit = portBox(*menu)->lineEdit();
-    edit->clear();
-    QTest::keyClicks(edit, QStringLiteral("COM1"));
-    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("COM1"));
-}
-
-void TestSettingsMenu::keepsSound()
-{
-    for (const bool enabled : {true, false}) {
-        const auto menu = makeMenu();
-        QCOMPARE(soundBox(*menu)->isChecked(), !enabled && stored(kSoundKey).isValid());
-        soundBox(*menu)->setChecked(enabled);
-        menu->on_okButton_clicked();
-        QCOMPARE(stored(kSoundKey).toBool(), enabled);
-    }
-}
-
 void TestSettingsMenu::listsLanguages()
 {
     const auto without = makeMenu();
@@ -358,27 +243,6 @@ void TestSettingsMenu::listsLanguages()
         QVERIFY2(!box->itemIcon(i).pixmap(flagSize).isNull(), qPrintable(box->itemText(i)));
     }
     QCOMPARE(box->currentText(), QStringLiteral("English"));
-}
-
-void TestSettingsMenu::selectsLanguage_data()
-{
-    QTest::addColumn<QString>("storedLanguage");
-    QTest::addColumn<QString>("selected");
-    QTest::newRow("nothing stored") << QString() << QStringLiteral("English");
-    QTest::newRow("its file is gone") << QStringLiteral("Suomi") << QString();
-}
-
-void TestSettingsMenu::selectsLanguage()
-{
-    QFETCH(QString, storedLanguage);
-    makeTranslationFiles({QStringLiteral("Deutsch"), QStringLiteral("English")});
-    setStored(kLanguageKey, storedLanguage);
-    const auto menu = makeMenu();
-    QTEST(languageBox(*menu)->currentText(), "selected");
-    menu->on_okButton_clicked();
-    // OK for another reason does not change the language.
-    const QString expected = storedLanguage.isEmpty() ? QStringLiteral("English") : storedLanguage;
-    QCOMPARE(stored(kLanguageKey).toString(), expected);
 }
 
 void TestSettingsMenu::switchesLanguageAtOnce()
@@ -413,25 +277,6 @@ void TestSettingsMenu::switchesLanguageAtOnce()
     // With the dialog its languages go.
     menu.reset();
     QCOMPARE(standardText(), english);
-}
-
-void TestSettingsMenu::languageChangeKeepsWhatIsTyped()
-{
-    useTranslations();
-    const auto menu = makeMenu(noPorts);
-    menu->show();
-    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("No ComPorts found"));
-    QTranslator dutch;
-    QVERIFY(dutch.load(QStringLiteral("TavroCordexSniffer_Nederlands"), m_translations));
-    QCoreApplication::installTranslator(&dutch);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("Geen COM-poorten gevonden"));
-
-    portBox(*menu)->setEditText(QStringLiteral("/tmp/bus"));
-    QCoreApplication::removeTranslator(&dutch);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(portBox(*menu)->itemText(0), QStringLiteral("No ComPorts found"));
-    QCOMPARE(portBox(*menu)->currentText(), QStringLiteral("/tmp/bus"));
 }
 
 void TestSettingsMenu::unreadableLanguageFallsBackToEnglish()

@@ -2,9 +2,7 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QLabel>
-#include <QProgressBar>
-#include <QStatusBar>
+#include <QtWidgets>
 
 #include <memory>
 

@@ -2,9 +2,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QProcess>
-#include <QXmlStreamReader>
-
 namespace {
 
 struct Message
@@ -122,8 +119,7 @@ private:
 
 void TestTranslations::addLanguages()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<bool>("onlyPlurals");
+    addColumns<QString, bool>("language", "onlyPlurals");
     QTest::newRow("English") << QStringLiteral("English") << true;
     QTest::newRow("Nederlands") << QStringLiteral("Nederlands") << false;
     QTest::newRow("Francais") << QStringLiteral("Francais") << false;

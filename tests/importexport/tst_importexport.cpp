@@ -6,17 +6,11 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTextCodec>
-
 namespace {
 
 using Status = ImportExportDeviceSettings::ImportExportStatus;
 
 constexpr int kEndLimitMs = 20000;
-constexpr int kHeadLines = 5;
-constexpr int kIdField = 0;
 
 const QByteArray kAck("\x06");
 const QByteArray kNak("\x15");
@@ -89,26 +83,6 @@ public:
     std::unique_ptr<ImportExportDeviceSettings> job;
 };
 
-/// An exported file with its IDs in the base in which they are read.
-QByteArray withHexIds(const QByteArray& exported)
-{
-    QList<QByteArray> lines = exported.split('\n');
-    for (int i = kHeadLines; i < lines.size(); ++i) {
-        QList<QByteArray> fields = lines.at(i).split(';');
-        if (fields.size() > 1) {
-            fields[kIdField] = QByteArray::number(fields.at(kIdField).toInt(), 16);
-            lines[i] = fields.join(';');
-        }
-    }
-    return lines.join('\n');
-}
-
-/// A byte as the low one of a word.
-QByteArray wordDigits(int value)
-{
-    return busaddress::toHexId(value).toLatin1() + "00";
-}
-
 bool isRequest(const QByteArray& body, const char* hexId, const char* request)
 {
     return body.mid(2, 2) == hexId && body.mid(4).startsWith(request);
@@ -132,28 +106,22 @@ private slots:
     void failsAtOnce_data();
     void failsAtOnce();
     void exportNamesItsFile();
-    void exportPairsAnswersAskedByOthers();
     void importWrites();
     void importEndsOnce_data();
     void importEndsOnce();
     void importReportsEachCommand_data();
     void importReportsEachCommand();
     void importReadsBackAfterSilence();
-    void importGoesOnAfterARefusal();
     void endsWhenTheLinkStops_data();
     void endsWhenTheLinkStops();
     void isCancelled_data();
     void isCancelled();
     void lostLdbIsNotConnected();
-    void limitsTheFailureText();
-    void settingsMoveToSwappedBoards();
 };
 
 void TestImportExport::exportsEveryByte_data()
 {
-    QTest::addColumn<QByteArray>("codec");
-    QTest::addColumn<QByteArray>("nameDigits");
-    QTest::addColumn<QByteArray>("nameBytes");
+    addColumns<QByteArray, QByteArray, QByteArray>("codec", "nameDigits", "nameBytes");
 
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << hex("\xC3\xBC") << QByteArray("\xC3\xBC");
     QTest::newRow("local encoding")
@@ -197,10 +165,9 @@ void TestImportExport::exportsEveryByte()
 
 void TestImportExport::exportReportsFaults_data()
 {
-    QTest::addColumn<QByteArray>("request"); // of LDB 02
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QByteArray>("line"); // of LDB 02, empty for none
-    QTest::addColumn<QString>("failure");
+    // "request": of LDB 02
+    // "line": of LDB 02, empty for none
+    addColumns<QByteArray, QByteArray, QByteArray, QString>("request", "answer", "line", "failure");
 
     const QByteArray noFirmware("2;LDB 02;1;1;10;1;0;0;0;20;\n\n");
     const auto row = [](const char* tag, const QByteArray& request, const QByteArray& answer,
@@ -241,10 +208,7 @@ void TestImportExport::exportReportsFaults()
 
 void TestImportExport::failsAtOnce_data()
 {
-    QTest::addColumn<bool>("isImport");
-    QTest::addColumn<bool>("isConnected");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("failure");
+    addColumns<bool, bool, QString, QString>("isImport", "isConnected", "path", "failure");
 
     const QString notOpened = QStringLiteral("The file cannot be opened: .+");
     const QString notConnected = QStringLiteral("No LDB's are connected\\.");
@@ -299,21 +263,6 @@ void TestImportExport::exportNamesItsFile()
     QVERIFY2(expected.match(files.constFirst()).hasMatch(), qPrintable(files.constFirst()));
 }
 
-void TestImportExport::exportPairsAnswersAskedByOthers()
-{
-    Operation operation({QStringLiteral("01"), QStringLiteral("02")});
-    QVERIFY(operation.connectLink());
-    // The second LDB's settings wait already, so they come before the first LDB's.
-    operation.link.post(
-        std::make_unique<RequestCommand>(QStringLiteral("02"), LdbParameter::Settings));
-    const QString path = operation.sandbox.path(QStringLiteral("out.csv"));
-    QVERIFY(operation.runExport(path));
-    QCOMPARE(operation.statuses.constLast(), Status::ExportFinished);
-    QCOMPARE(Sandbox::readFile(path), settingscsv::fileHead().toUtf8() +
-                                          "1;LDB 01;1;1;10;1;0;0;0;20;LDB 1.07\n\n"
-                                          "2;LDB 02;1;1;10;1;0;0;0;20;LDB 1.07\n\n");
-}
-
 void TestImportExport::importWrites()
 {
     Operation operation({QStringLiteral("01"), QStringLiteral("10")});
@@ -337,10 +286,8 @@ void TestImportExport::importWrites()
 
 void TestImportExport::importEndsOnce_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<Status>("end");
-    QTest::addColumn<QList<QByteArray>>("writes");
-    QTest::addColumn<QStringList>("failures");
+    addColumns<QByteArray, Status, QList<QByteArray>, QStringList>("content", "end", "writes",
+                                                                   "failures");
 
     // The LDBs 01 and 10 are connected, 02 is not.
     const QByteArray both = line("1", "A") + line("10", "B");
@@ -388,9 +335,7 @@ void TestImportExport::importEndsOnce()
 
 void TestImportExport::importReportsEachCommand_data()
 {
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QString>("failure");
+    addColumns<QByteArray, QByteArray, QString>("request", "answer", "failure");
 
     const auto row = [](const char* tag, const QByteArray& request, const QByteArray& answer,
                         const char* failure) {
@@ -437,28 +382,10 @@ void TestImportExport::importReadsBackAfterSilence()
     QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
 }
 
-void TestImportExport::importGoesOnAfterARefusal()
-{
-    Operation operation({QStringLiteral("01"), QStringLiteral("10")});
-    operation.bus.answerTo(QStringLiteral("01"), "7", kNak);
-    QVERIFY(operation.connectLink());
-    QVERIFY(operation.runImport(line("1", "A") + line("10", "B")));
-    QCOMPARE(operation.statuses, (QList<Status>{Status::ImportStarted, Status::ImportFailed}));
-    QCOMPARE(operation.job->failures(),
-             QStringList{QStringLiteral(
-                 "Line 1: ID 1 (read as 1 hexadecimal, address 1): not written: Name (refused), "
-                 "fault output, detection and service mode switches (refused), "
-                 "Open Detection Delay (refused), Number of FIM's (refused), storing (refused)")});
-    QCOMPARE(operation.bus.writes(), writesOf("01", "A") + writesOf("10", "B"));
-}
-
 void TestImportExport::endsWhenTheLinkStops_data()
 {
-    QTest::addColumn<bool>("isImport");
-    QTest::addColumn<bool>("isHangUp");
-    QTest::addColumn<QByteArray>("extraLine");
-    QTest::addColumn<Status>("end");
-    QTest::addColumn<QString>("failure");
+    addColumns<bool, bool, QByteArray, Status, QString>("isImport", "isHangUp", "extraLine", "end",
+                                                        "failure");
 
     const QString imported = QStringLiteral("Line 3: ID 10 (read as 10 hexadecimal, address 16): "
                                             "the connection ended before it was written");
@@ -589,58 +516,6 @@ void TestImportExport::lostLdbIsNotConnected()
              QStringList{QStringLiteral("LDB 02 (address 2): not connected")});
     QVERIFY(Sandbox::readFile(operation.sandbox.path(QStringLiteral("out.csv")))
                 .endsWith("1;A;1;1;5;0;1;0;1;30;LDB 1.07\n\n"));
-}
-
-void TestImportExport::limitsTheFailureText()
-{
-    Operation operation({QStringLiteral("01")});
-    QVERIFY(operation.connectLink());
-    QByteArray content;
-    for (int i = 0; i < 100; ++i) {
-        content += "FD;torn\n";
-    }
-    QVERIFY(operation.runImport(content));
-    QCOMPARE(operation.job->failures().size(), 101);
-    const QStringList shown = operation.job->failureText()().split(QLatin1Char('\n'));
-    QCOMPARE(shown.size(), 13);
-    QCOMPARE(shown.constLast(), QStringLiteral("and 89 more"));
-}
-
-void TestImportExport::settingsMoveToSwappedBoards()
-{
-    QStringList hexIds;
-    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
-        hexIds.append(busaddress::toHexId(address));
-    }
-    QByteArray exported;
-    {
-        Operation former(hexIds);
-        // Settings of its own for every board.
-        for (const QString& hexId : hexIds) {
-            const int address = hexId.toInt(nullptr, 16);
-            const QByteArray name = "Area " + QByteArray::number(address);
-            former.bus.settingsOf(hexId)
-                .replace(8, 2, busaddress::toHexId(address % 32).toLatin1())
-                .replace(14, 4, wordDigits(address % 3 == 0 ? 0 : address))
-                .replace(18, 32, name.toHex().leftJustified(32, '0'))
-                .replace(52, 4, wordDigits(255 - address));
-        }
-        QVERIFY(former.connectLink());
-        QVERIFY(former.runExport(QStringLiteral("out.csv")));
-        exported = Sandbox::readFile(former.sandbox.path(QStringLiteral("out.csv")));
-    }
-    QVERIFY(exported.contains("\n5;Area 5;1;1;5;0;1;0;0;250;"));
-    QVERIFY(exported.contains("\n252;Area 252;0;0;0;0;1;1;1;3;"));
-    QCOMPARE(exported.count('\n'), kHeadLines + 2 * busaddress::kLast);
-
-    Operation swapped(hexIds);
-    QVERIFY(swapped.connectLink());
-    QVERIFY(swapped.runImport(withHexIds(exported)));
-    QCOMPARE(swapped.statuses.constLast(), Status::ImportFinished);
-    QCOMPARE(swapped.job->failures(), QStringList());
-    swapped.statuses.clear();
-    QVERIFY(swapped.runExport(QStringLiteral("out.csv")));
-    QCOMPARE(Sandbox::readFile(swapped.sandbox.path(QStringLiteral("out.csv"))), exported);
 }
 
 REGISTER_TEST(TestImportExport, QCoreApplication)

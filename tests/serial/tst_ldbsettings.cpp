@@ -2,8 +2,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QTextCodec>
-
 namespace {
 
 // The name is "Hall" and a zero; what stands behind the zero is no part of it.
@@ -57,9 +55,7 @@ private slots:
 
 void TestLdbSettings::decodes_data()
 {
-    QTest::addColumn<int>("position");
-    QTest::addColumn<QByteArray>("digits");
-    QTest::addColumn<QString>("expected");
+    addColumns<int, QByteArray, QString>("position", "digits", "expected");
 
     const auto row = [](const char* tag, int position, const char* digits, const char* expected) {
         QTest::newRow(tag) << position << QByteArray(digits) << QString::fromLatin1(expected);
@@ -119,9 +115,7 @@ void TestLdbSettings::refuses()
 
 void TestLdbSettings::decodesNameInLocalEncoding_data()
 {
-    QTest::addColumn<QByteArray>("codec");
-    QTest::addColumn<QByteArray>("digits");
-    QTest::addColumn<QString>("name");
+    addColumns<QByteArray, QByteArray, QString>("codec", "digits", "name");
 
     const QString buero = QString::fromUtf8("B\xC3\xBCro");
     QTest::newRow("UTF-8") << QByteArray("UTF-8") << QByteArray("42C3BC726F00") << buero;
@@ -142,9 +136,7 @@ void TestLdbSettings::decodesNameInLocalEncoding()
 
 void TestLdbSettings::tellsStorableNames_data()
 {
-    QTest::addColumn<QByteArray>("codec");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isStorable");
+    addColumns<QByteArray, QString, bool>("codec", "name", "isStorable");
 
     const QString umlauts(8, QChar(0xFC));
     QTest::newRow("15 bytes") << QByteArray("UTF-8") << QStringLiteral("123456789012345") << true;
@@ -166,8 +158,8 @@ void TestLdbSettings::tellsStorableNames()
 
 void TestLdbSettings::decodesFirmwareId_data()
 {
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QString>("expected"); // empty: refused
+    // "expected": empty: refused
+    addColumns<QByteArray, QString>("answer", "expected");
 
     QTest::newRow("12 digits") << QByteArray("4C444220312E") << "LDB 1.";
     QTest::newRow("10 digits") << QByteArray("4142434445") << "";

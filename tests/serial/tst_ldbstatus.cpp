@@ -76,9 +76,8 @@ private slots:
 
 void TestLdbStatus::buildsRows_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("expected"); // its strings, joined by "|"
+    // "expected": its strings, joined by "|"
+    addColumns<QByteArray, int, QString>("body", "index", "expected");
 
     const auto row = [](const char* tag, int position, const char* digits, Row index,
                         const char* expected) {
@@ -120,8 +119,7 @@ void TestLdbStatus::buildsRows()
 
 void TestLdbStatus::everyCodeHasItsText_data()
 {
-    QTest::addColumn<QString>("actual");
-    QTest::addColumn<QString>("expected");
+    addColumns<QString, QString>("actual", "expected");
 
     const QMap<int, QString> modes{{0, "Booting"},
                                    {10, "Quiescent"},
@@ -158,8 +156,7 @@ void TestLdbStatus::everyCodeHasItsText()
 
 void TestLdbStatus::validity_data()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("valid");
+    addColumns<QByteArray, bool>("body", "valid");
 
     QTest::newRow("49 characters") << kHealthy.left(49) << false;
     QTest::newRow("51 characters") << kHealthy + "0" << false;

@@ -2,8 +2,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-#include <QThread>
-
 namespace {
 
 const QString kTen = QStringLiteral("0A");

@@ -15,10 +15,7 @@ private slots:
 
 void TestSerialTuning::numbersOfTheFile_data()
 {
-    QTest::addColumn<QByteArray>("count");
-    QTest::addColumn<QByteArray>("wait");
-    QTest::addColumn<QList<int>>("numbers");
-    QTest::addColumn<bool>("warns");
+    addColumns<QByteArray, QByteArray, QList<int>, bool>("count", "wait", "numbers", "warns");
 
     const auto row = [](const char* tag, const char* count, const char* wait,
                         const QList<int>& numbers, bool warns) {

@@ -45,6 +45,13 @@ private:
 /// waiting sleeps between looks, which makes a conversation over a line take seconds.
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 30000);
 
+/// The columns of a data table: addColumns<int, QString>("port", "text").
+template <typename... Types, typename... Names>
+void addColumns(Names... names)
+{
+    (QTest::addColumn<Types>(names), ...);
+}
+
 #define WAIT_VERIFY(condition) QVERIFY2(waitUntil([&] { return (condition); }), #condition)
 #define WAIT_COMPARE(actual, expected)                                                             \
     do {                                                                                           \

@@ -1,10 +1,8 @@
 #include "tests/tracking/plotinspection.h"
 
 #include <QCoreApplication>
-#include <QImage>
-#include <QPixmap>
-#include <QWheelEvent>
 #include <QtTest>
+#include <QtWidgets>
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 
@@ -86,24 +84,4 @@ bool plotinspection::columnShows(const QWidget& parent, int x, const QColor& col
         }
     }
     return false;
-}
-
-EventCounter::EventCounter(QWidget* widget, QEvent::Type type)
-    : m_type(type)
-{
-    widget->installEventFilter(this);
-}
-
-int EventCounter::taken()
-{
-    QCoreApplication::processEvents();
-    return std::exchange(m_count, 0);
-}
-
-bool EventCounter::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == m_type) {
-        ++m_count;
-    }
-    return QObject::eventFilter(watched, event);
 }

@@ -31,20 +31,3 @@ void drag(const QWidget& parent, const QPoint& distance);
 bool columnShows(const QWidget& parent, int x, const QColor& color);
 
 } // namespace plotinspection
-
-/// Counts the events of one type that a widget gets.
-class EventCounter : public QObject
-{
-    Q_OBJECT
-public:
-    EventCounter(QWidget* widget, QEvent::Type type);
-    /// The number since the last call, pending events included.
-    int taken();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    QEvent::Type m_type;
-    int m_count = 0;
-};

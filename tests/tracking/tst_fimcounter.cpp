@@ -3,8 +3,6 @@
 #include "tests/support/testprogram.h"
 #include "tracking/counting/fimcounter.h"
 
-#include <QSignalSpy>
-
 namespace {
 
 constexpr double kMarker = -40000.0;
@@ -146,9 +144,7 @@ void TestFimCounter::noStepCountsTooSoon()
 
 void TestFimCounter::sideEndsInTime_data()
 {
-    QTest::addColumn<int>("port");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("period");
+    addColumns<int, int, int>("port", "steps", "period");
     QTest::newRow("primary without a step") << 0 << 0 << 70000;
     QTest::newRow("primary after steps, each in time") << 0 << 3 << 70000;
     QTest::newRow("secondary after steps, each in time") << 1 << 3 << 100000;
@@ -299,13 +295,8 @@ void TestFimCounter::markerEndsSideAsShort()
 
 void TestFimCounter::corrections_data()
 {
-    QTest::addColumn<int>("port");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("spacing");
-    QTest::addColumn<int>("wait");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("otherShortedFirst");
-    QTest::addColumn<int>("count");
+    addColumns<int, int, int, int, int, bool, int>("port", "steps", "spacing", "wait", "state",
+                                                   "otherShortedFirst", "count");
     constexpr int kFar = 40000;
     constexpr int kClose = 20000; // within both sides' step spacing
     constexpr int kStale = 17000;
@@ -461,6 +452,10 @@ void TestFimCounter::resetLeavesNothingRunning()
 void TestFimCounter::thresholdsFromTuningFile()
 {
     const Sandbox sandbox;
+    const TrackingThresholds builtIn = TrackingThresholds::fromTuningFile(); // there is none
+    QCOMPARE(builtIn.shortDetection, 220.0);
+    QCOMPARE(builtIn.fimStartup.primary, 11.0);
+    QCOMPARE(builtIn.fimStartup.secondary, 11.0);
     sandbox.writeTuning("[FimTracking]\nSHORT_DETECTION_CURRENT=300\n"
                         "PRIMARY_FIM_STARTUP_CURRENT=12\nSECONDARY_FIM_STARTUP_CURRENT=13\n");
     const TrackingThresholds thresholds = TrackingThresholds::fromTuningFile();

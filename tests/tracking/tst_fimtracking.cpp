@@ -12,14 +12,7 @@
 #include "tracking/faultfinding/trackingtexts.h"
 #include "tracking/plot/plot.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QLCDNumber>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QSettings>
-#include <QSignalSpy>
+#include <QtWidgets>
 #include <qwt_plot_curve.h>
 
 using Phase = TrackingRun::Phase;
@@ -167,19 +160,15 @@ private slots:
     void commissioningToTheReport();
     void faultFindingAsksToDisconnect();
     void countdownTurnsRed();
-    void timesOfEachPhase();
     void endsInEveryPhase_data();
     void endsInEveryPhase();
     void alarmSoundsUntilTheBoxesAreClosed();
-    void eachFaultHasOneBoxThatStopsNothing();
-    void onlyItsOwnRecords();
     void commandsNotObeyed();
     void lostAcknowledgements_data();
     void lostAcknowledgements();
     void closingTellsOfAnLdbThatStaysMuted_data();
     void closingTellsOfAnLdbThatStaysMuted();
     void runsAgain();
-    void withoutAConnection();
     void loopResults();
 };
 
@@ -344,40 +333,9 @@ void TestFimTracking::countdownTurnsRed()
     QCOMPARE(digits->palette().color(QPalette::WindowText), QColor(Qt::black));
 }
 
-void TestFimTracking::timesOfEachPhase()
-{
-    Bench bench;
-    const auto time = [&bench] {
-        return bench.label("phaseTimeLabel");
-    };
-    QVERIFY(bench.question());
-    bench.choose();
-    bench.ldb->setReporting(false);
-    VirtualTime::current()->advance(3 * kSecond + 250);
-    QCOMPARE(time(), QStringLiteral("3 s gone")); // a silent LDB does not look like a hung window
-    bench.reportState(10);
-    bench.reportState(50);
-    QCOMPARE(time(), QStringLiteral("130 s left"));
-    bench.reportState(52);
-    VirtualTime::current()->advance(20 * kSecond);
-    bench.reportState(0);
-    QCOMPARE(time(), QStringLiteral("0 s gone"));
-    QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
-             QStringLiteral("ends in 70 s unless a FIM starts up"));
-    QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"),
-             QStringLiteral("ends in 50 s unless a FIM starts up"));
-    VirtualTime::current()->advance(12 * kSecond + 250);
-    QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
-             QStringLiteral("ends in 58 s unless a FIM starts up"));
-    bench.startButton()->click();
-    QCOMPARE(time(), QString());
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("stopped"));
-}
-
 void TestFimTracking::endsInEveryPhase_data()
 {
-    QTest::addColumn<Phase>("phase");
-    QTest::addColumn<QString>("by");
+    addColumns<Phase, QString>("phase", "by");
     const auto rows = [](const char* name, Phase phase, const std::vector<const char*>& ways) {
         for (const char* by : ways) {
             QTest::addRow("%s, %s", name, by) << phase << QString::fromLatin1(by);
@@ -485,42 +443,6 @@ void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
     QCOMPARE(sounded.size(), 0);
 }
 
-void TestFimTracking::eachFaultHasOneBoxThatStopsNothing()
-{
-    LoopPlan plan = healthyLoop(8);
-    plan.earthLeakageAfter = 3;
-    plan.dcLeakageAfter = 5;
-    Bench bench(plan);
-    bench.choose();
-    QVERIFY(bench.reach(Phase::Counting));
-    VirtualTime::current()->advance(100 * kSecond);
-    const QStringList texts = boxTexts(bench.window);
-    QCOMPARE(texts.filter(QStringLiteral("Earth Leakage Detected!\n\n Primary Side")).size(), 1);
-    QCOMPARE(texts.filter(QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side")).size(), 1);
-    QCOMPARE(texts.size(), 2);
-    QVERIFY(!bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
-    QVERIFY(!bench.sideLabel(SecondaryPort, "leakagePositionLabel").isEmpty());
-
-    QVERIFY(bench.reach(Phase::Finished));
-    VirtualTime::current()->advance(1);
-    QCOMPARE(boxTexts(bench.window).size(), 4); // nobody has closed one: the leaks, and both sides
-    QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 8  |||  ")));
-}
-
-void TestFimTracking::onlyItsOwnRecords()
-{
-    Bench bench;
-    bench.choose();
-    bench.ldb->setReporting(false);
-    emit bench.ldb->generalInformationUpdated(
-        QStringLiteral("0a"), {{}, {QStringLiteral("Other")}, {QStringLiteral("Mode")}});
-    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: "));
-    QVERIFY(bench.ldb->commands().isEmpty());
-    bench.reportState(10);
-    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: Boiler house"));
-    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
-}
-
 void TestFimTracking::commandsNotObeyed()
 {
     for (const bool isRefused : {true, false}) {
@@ -566,9 +488,7 @@ void TestFimTracking::lostAcknowledgements()
 
 void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
 {
-    QTest::addColumn<bool>("muted");
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<bool>("tells");
+    addColumns<bool, QString, bool>("muted", "failure", "tells");
     QTest::newRow("obeyed") << true << QString() << false;
     QTest::newRow("refused") << true << QStringLiteral("refused") << true;
     QTest::newRow("silent") << true << QStringLiteral("silent") << true;
@@ -632,15 +552,6 @@ void TestFimTracking::runsAgain()
         bench.closeBoxes();
         bench.startButton()->click();
     }
-}
-
-void TestFimTracking::withoutAConnection()
-{
-    Bench bench;
-    bench.ldb->loseConnection();
-    bench.choose();
-    QVERIFY(!bench.startButton()->isChecked());
-    QCOMPARE(bench.label("noticeLabel"), QStringLiteral("The connection is lost."));
 }
 
 void TestFimTracking::loopResults()

@@ -3,7 +3,6 @@
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/plot.h"
 
-#include <QtTest>
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 #include <qwt_scale_draw.h>
@@ -51,66 +50,19 @@ class TestPlot : public TestCase
     Q_OBJECT
 private slots:
     void initTestCase();
-    void numbersItsCurves();
-    void refusesWhatItCannotPlace();
     void skipsTheStart();
     void rollsWithTheNewestTime();
-    void followsAClockSetBack();
     void labelsShowTheLocalClock();
     void scalesTheYAxes();
     void autoScaleSeesTheShownMeasurementsOnly();
     void zoomHoldsTheView();
-    void zoomStaysWithinLimits();
-    void anEmptyChartHoldsNothing();
     void legendTogglesCurves();
-    void repaintsOnceARecord();
-    void drawsCurvesWithGaps();
 };
 
 void TestPlot::initTestCase()
 {
     // A zone with summer time, off UTC in both halves of the year.
     qputenv("TZ", "Europe/Brussels");
-}
-
-void TestPlot::numbersItsCurves()
-{
-    Plot plot;
-    for (int i = 0; i < 10; ++i) {
-        QCOMPARE(plot.addCurve(QString::number(i), QStringLiteral("red"), QwtPlot::yLeft), i);
-    }
-    const auto add = [&plot](const char* name) {
-        return plot.addCurve(QString::fromLatin1(name), QStringLiteral("lime"), QwtPlot::yRight);
-    };
-    QCOMPARE(add("eleventh"), -1);
-    QCOMPARE(add("4"), 4);
-    QVERIFY(plot.removeCurve(7));
-    QVERIFY(plot.removeCurve(2));
-    QVERIFY(!plot.removeCurve(2));
-    QCOMPARE(add("7"), 2);
-    QCOMPARE(add("2"), 7);
-    QCOMPARE(curveOf(plot, "2")->yAxis(), int(QwtPlot::yRight));
-    QCOMPARE(curveOf(plot, "2")->pen().color(), QColor(Qt::green));
-
-    QVERIFY(plot.removeCurve(0));
-    const ExpectWarning warning("unknown colour nosuch");
-    QCOMPARE(plot.addCurve(QStringLiteral("x"), QStringLiteral("nosuch"), QwtPlot::yLeft), 0);
-}
-
-void TestPlot::refusesWhatItCannotPlace()
-{
-    ShownPlot plot;
-    const QwtInterval before = shown(plot);
-    // Times beyond the calendar's both ends, and no numbers.
-    for (const double time : {0.0, 1.0, -kStart, qQNaN(), qInf(), 1e300}) {
-        QVERIFY2(!plot.addData(0, 1.0, time), qPrintable(QString::number(time)));
-    }
-    for (const int unknownCurve : {1, -1}) {
-        QVERIFY(!plot.addData(unknownCurve, 1.0, kStart));
-    }
-    QCOMPARE(curveOf(plot, "c")->dataSize(), size_t(0));
-    QCOMPARE(shown(plot), before);
-    QVERIFY(plot.addData(0, 1.0, 1.5));
 }
 
 void TestPlot::skipsTheStart()
@@ -152,15 +104,6 @@ void TestPlot::rollsWithTheNewestTime()
     QCoreApplication::processEvents();
     // Eleven are held, and the start of them is not shown.
     QCOMPARE(curveOf(plot, "c")->dataSize(), size_t(10));
-}
-
-void TestPlot::followsAClockSetBack()
-{
-    ShownPlot plot;
-    addSeconds(plot, 0, 100);
-    const ExpectWarning warning("clock was set back, 40 later samples");
-    QVERIFY(plot.addData(0, 1.0, kStart + 59.5 * kSecond));
-    QCOMPARE(shown(plot).maxValue(), kStart + 59.5 * kSecond);
 }
 
 void TestPlot::labelsShowTheLocalClock()
@@ -267,38 +210,6 @@ void TestPlot::zoomHoldsTheView()
     QVERIFY(shown(plot, QwtPlot::yLeft).contains(9000.0));
 }
 
-void TestPlot::zoomStaysWithinLimits()
-{
-    ShownPlot plot;
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 32.0, 10.0);
-    addSeconds(plot, 0, 100);
-    plot.setZoom(true);
-    turnWheel(plot, 300);
-    QVERIFY(std::abs(shown(plot).width() - kWindow / 1000.0) < 1.0);
-    QVERIFY(std::abs(shown(plot, QwtPlot::yLeft).width() - 0.032) < 1e-6);
-    turnWheel(plot, -300);
-    QVERIFY(std::abs(shown(plot).width() - kWindow * 1000.0) < 1.0);
-    QVERIFY(std::abs(shown(plot, QwtPlot::yLeft).width() - 32000.0) < 1e-3);
-}
-
-void TestPlot::anEmptyChartHoldsNothing()
-{
-    ShownPlot plot;
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 32.0, 10.0);
-    addSeconds(plot, 0, 10);
-    plot.setZoom(true);
-    turnWheel(plot, 5);
-    plot.clear();
-    QCOMPARE(shown(plot, QwtPlot::yLeft), QwtInterval(0.0, 32.0));
-    // The new samples come far outside the former view; they are seen, until the user zooms.
-    addSeconds(plot, 0, 1, 1.0, 100000);
-    QCOMPARE(shown(plot).maxValue(), kStart + 100000 * kSecond);
-    turnWheel(plot, 1);
-    const QwtInterval zoomed = shown(plot);
-    addSeconds(plot, 0, 1, 1.0, 100001);
-    QCOMPARE(shown(plot), zoomed);
-}
-
 void TestPlot::legendTogglesCurves()
 {
     Plot plot;
@@ -322,69 +233,6 @@ void TestPlot::legendTogglesCurves()
     QCoreApplication::processEvents();
     QTest::mouseClick(legendItemOf(plot, "b"), Qt::LeftButton);
     QVERIFY(curveOf(plot, "b")->isVisible());
-}
-
-void TestPlot::repaintsOnceARecord()
-{
-    Plot plot;
-    for (const char* name : {"a", "b", "c", "d"}) {
-        plot.addCurve(QString::fromLatin1(name), QStringLiteral("red"), QwtPlot::yLeft);
-    }
-    show(plot);
-    EventCounter paints(chartOf(plot)->canvas(), QEvent::Paint);
-    EventCounter redraws(&plot, QEvent::MetaCall);
-    const auto addRecord = [&plot](int second) {
-        for (int curve = 0; curve < 4; ++curve) {
-            addSeconds(plot, curve, 1, 50.0, second);
-        }
-    };
-    addRecord(0);
-    paints.taken(); // the axes find their room with the first record
-    redraws.taken();
-    addRecord(1);
-    QCOMPARE(paints.taken(), 1);
-    QCOMPARE(redraws.taken(), 1);
-    QCOMPARE(paints.taken(), 0);
-
-    const QwtInterval before = shown(plot);
-    plot.hide();
-    paints.taken();
-    addRecord(2);
-    QCOMPARE(paints.taken(), 0);
-    QCOMPARE(shown(plot), before);
-    plot.show();
-    QVERIFY(paints.taken() > 0);
-    QCOMPARE(shown(plot).maxValue(), kStart + 2 * kSecond);
-}
-
-void TestPlot::drawsCurvesWithGaps()
-{
-    Plot plot;
-    plot.addCurve(QStringLiteral("a"), QStringLiteral("red"), QwtPlot::yLeft);
-    plot.addCurve(QStringLiteral("b"), QStringLiteral("lime"), QwtPlot::yLeft);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, 100.0, 20.0);
-    show(plot);
-    // The red curve misses the middle third by the marker, the lime one by having no values.
-    for (int i = 0; i <= 600; ++i) {
-        const bool isMiddle = i > 200 && i < 400;
-        QVERIFY(plot.addData(0, isMiddle ? kMarker : 60.0, kStart + i * kSecond));
-        if (!isMiddle) {
-            QVERIFY(plot.addData(1, 30.0, kStart + i * kSecond));
-        }
-    }
-    QCoreApplication::processEvents();
-    const int width = chartOf(plot)->canvas()->width();
-    for (const QColor& color : {QColor(Qt::red), QColor(Qt::green)}) {
-        QVERIFY(columnShows(plot, width / 6, color));
-        QVERIFY(!columnShows(plot, width / 2, color));
-        QVERIFY(columnShows(plot, width * 5 / 6, color));
-    }
-    // A value alone between gaps is seen, too.
-    QVERIFY(plot.addData(1, 30.0, kStart + 600 * kSecond + kWindow / 2.0));
-    QVERIFY(plot.addData(0, 60.0, kStart + 600 * kSecond + kWindow));
-    QCoreApplication::processEvents();
-    QVERIFY(!columnShows(plot, width / 2, Qt::red));
-    QVERIFY(columnShows(plot, width - 1, Qt::red));
 }
 
 REGISTER_TEST(TestPlot, QApplication)

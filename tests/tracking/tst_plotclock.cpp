@@ -2,8 +2,6 @@
 #include "tests/support/testprogram.h"
 #include "tracking/plot/clockscale.h"
 
-#include <QtTest>
-
 class TestPlotClock : public TestCase
 {
     Q_OBJECT
@@ -37,10 +35,7 @@ QStringList labelsOf(double from, double to, double step, int utcOffset)
 
 void TestPlotClock::dividesAtWholeSteps_data()
 {
-    QTest::addColumn<double>("window");
-    QTest::addColumn<double>("step");
-    QTest::addColumn<int>("utcOffset");
-    QTest::addColumn<QString>("labels");
+    addColumns<double, double, int, QString>("window", "step", "utcOffset", "labels");
 
     QTest::newRow("minutes") << 4 * kMinute << kMinute << 0 << "14:00 14:01 14:02 14:03";
     QTest::newRow("east") << 4 * kMinute << kMinute << 7200 << "16:00 16:01 16:02 16:03";

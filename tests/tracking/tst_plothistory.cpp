@@ -2,8 +2,6 @@
 #include "tests/support/testprogram.h"
 #include "tracking/plot/plothistory.h"
 
-#include <QtTest>
-
 namespace {
 
 /// As text, "-" where there is no value.
@@ -42,18 +40,14 @@ private slots:
     void keepsCurvesBesideOneTimeAxis_data();
     void keepsCurvesBesideOneTimeAxis();
     void staysWithinTheLimit();
-    void curvesComeAndGo();
 };
 
 Q_DECLARE_METATYPE(QVector<Added>)
 
 void TestPlotHistory::keepsCurvesBesideOneTimeAxis_data()
 {
-    QTest::addColumn<QVector<Added>>("added");
-    QTest::addColumn<int>("dropped");
-    QTest::addColumn<QString>("times");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
+    addColumns<QVector<Added>, int, QString, QString, QString>("added", "dropped", "times", "first",
+                                                               "second");
 
     const auto row = [](const char* name, const QVector<Added>& added, int dropped,
                         const char* times, const char* first, const char* second) {
@@ -117,26 +111,6 @@ void TestPlotHistory::staysWithinTheLimit()
         QCOMPARE(history.values(0)[i], time);
         QCOMPARE(history.values(1)[i], -time);
     }
-}
-
-void TestPlotHistory::curvesComeAndGo()
-{
-    PlotHistory history;
-    history.addCurve(0);
-    history.add(0, 1, 10);
-    history.addCurve(3);
-    history.add(3, 2, 20);
-    QCOMPARE(valuesOf(history, 3), QStringLiteral("- 2"));
-    history.removeCurve(3);
-    QVERIFY(!history.hasCurve(3));
-    history.addCurve(3);
-    QCOMPARE(valuesOf(history, 3), QStringLiteral("- -"));
-    history.clear();
-    QVERIFY(history.isEmpty());
-    // An empty history knows no later time that an earlier one could go back behind.
-    QCOMPARE(history.add(0, 5, 1), 0);
-    QCOMPARE(valuesOf(history, 0), QStringLiteral("5"));
-    QCOMPARE(valuesOf(history, 3), QStringLiteral("-"));
 }
 
 REGISTER_TEST(TestPlotHistory, QCoreApplication)

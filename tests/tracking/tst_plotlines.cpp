@@ -2,10 +2,7 @@
 #include "tests/support/testprogram.h"
 #include "tracking/plot/polylinebuilder.h"
 
-#include <QImage>
-#include <QPainter>
-#include <QRegion>
-#include <QtTest>
+#include <QtWidgets>
 
 #include <cmath>
 #include <random>
@@ -53,16 +50,11 @@ private slots:
     void partsRunsAtGaps();
     void keepsEveryPeak_data();
     void keepsEveryPeak();
-    void mergedBarsCoverTheSame();
 };
 
 void TestPlotLines::partsRunsAtGaps_data()
 {
-    QTest::addColumn<QString>("points");
-    QTest::addColumn<double>("step");
-    QTest::addColumn<QString>("lines");
-    QTest::addColumn<int>("lonePoints");
-    QTest::addColumn<int>("bars");
+    addColumns<QString, double, QString, int, int>("points", "step", "lines", "lonePoints", "bars");
 
     const auto row = [](const char* name, const char* points, double step, const char* lines,
                         int lonePoints, int bars) {
@@ -151,26 +143,6 @@ void TestPlotLines::keepsEveryPeak()
         QVERIFY2(isLitNear(tops.at(column)), qPrintable(QString::number(column)));
         QVERIFY2(isLitNear(bottoms.at(column)), qPrintable(QString::number(column)));
     }
-}
-
-void TestPlotLines::mergedBarsCoverTheSame()
-{
-    // Two in one column, one behind a hole, one apart in height, and a crowd.
-    QVector<QRect> bars{{1, 1, 1, 10}, {1, 5, 1, 10}, {3, 1, 1, 10}, {4, 20, 1, 10}};
-    std::mt19937 engine(3);
-    std::uniform_int_distribution<int> any(0, 40);
-    for (int x = 10; x < 210; ++x) {
-        bars.append({x, any(engine), 1, 1 + any(engine)});
-    }
-    QRegion expected;
-    for (const QRect& bar : bars) {
-        expected += bar;
-    }
-    QRegion merged;
-    for (const QRect& rectangle : mergedBars(bars)) {
-        merged += rectangle;
-    }
-    QCOMPARE(merged, expected);
 }
 
 REGISTER_TEST(TestPlotLines, QApplication)

@@ -5,9 +5,6 @@
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/mainwindowplot.h"
 
-#include <QDateTime>
-#include <QSignalSpy>
-#include <QtTest>
 #include <qwt_legend_label.h>
 #include <qwt_plot_curve.h>
 
@@ -60,16 +57,13 @@ class TestPlotMainWindow : public TestCase
 private slots:
     void plotsTheRowsInTheirOrder_data();
     void plotsTheRowsInTheirOrder();
-    void ignoresOtherDevices();
     void startsAfreshForAnotherDevice();
     void zoomOutlivesTheDevice();
-    void retranslatesWithoutLosingAnything();
 };
 
 void TestPlotMainWindow::plotsTheRowsInTheirOrder_data()
 {
-    QTest::addColumn<QList<QStringList>>("record");
-    QTest::addColumn<QList<double>>("values");
+    addColumns<QList<QStringList>, QList<double>>("record", "values");
 
     QTest::newRow("measurements") << recordAt(kTime) << QList<double>{24.5, 12.34, 22.0, -1.0};
     QTest::newRow("primary port shorted")
@@ -93,19 +87,6 @@ void TestPlotMainWindow::plotsTheRowsInTheirOrder()
         QCOMPARE(curve->sample(0), QPointF(double(kTime.toMSecsSinceEpoch()), values.at(i)));
         QCOMPARE(curve->yAxis(), int(i < 2 ? QwtPlot::yLeft : QwtPlot::yRight));
     }
-}
-
-void TestPlotMainWindow::ignoresOtherDevices()
-{
-    Bench bench;
-    bench.add("0B");
-    bench.add("0a");
-    QCOMPARE(bench.samples(), 0);
-
-    const ExpectWarning warning("LDB 0A has no readable time");
-    bench.add("0A", recordAt(QDateTime()));
-    bench.add("0A", {});
-    QCOMPARE(bench.samples(), 0);
 }
 
 void TestPlotMainWindow::startsAfreshForAnotherDevice()
@@ -152,24 +133,6 @@ void TestPlotMainWindow::zoomOutlivesTheDevice()
     QCOMPARE(axis(), voltages);
     QCOMPARE(changes.size(), 4);
     QCOMPARE(changes.last().first().toBool(), false);
-}
-
-void TestPlotMainWindow::retranslatesWithoutLosingAnything()
-{
-    Bench bench;
-    bench.add("0A");
-    QTest::mouseClick(legendItemOf(bench.container, "IPri"), Qt::LeftButton);
-    {
-        const BracketingTranslator translator;
-        bench.plot.retranslate();
-    }
-    const QwtPlot* const chart = chartOf(bench.container);
-    QCOMPARE(chart->axisTitle(QwtPlot::yLeft).text(), QStringLiteral("[V]"));
-    QCOMPARE(chart->axisTitle(QwtPlot::yRight).text(), QStringLiteral("[mA]"));
-    QCOMPARE(bench.samples(), 1);
-    QVERIFY(!curveOf(bench.container, "IPri")->isVisible());
-    QVERIFY(!legendItemOf(bench.container, "IPri")->isChecked());
-    QVERIFY(legendItemOf(bench.container, "ISec")->isChecked());
 }
 
 REGISTER_TEST(TestPlotMainWindow, QApplication)

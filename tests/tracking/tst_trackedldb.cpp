@@ -5,9 +5,6 @@
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 
-#include <QCoreApplication>
-#include <QSignalSpy>
-
 using Command = TrackedLdb::Command;
 using Answer = TrackedLdb::Answer;
 
@@ -53,10 +50,7 @@ private slots:
 
 void TestTrackedLdb::commandsAndAnswers_data()
 {
-    QTest::addColumn<Command>("command");
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QByteArray>("reply");
-    QTest::addColumn<Answer>("answer");
+    addColumns<Command, QByteArray, QByteArray, Answer>("command", "body", "reply", "answer");
     const QByteArray ack("\x06");
     const QByteArray nak("\x15");
     QTest::newRow("factory reset")

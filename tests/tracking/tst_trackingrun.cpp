@@ -5,9 +5,6 @@
 #include "tests/tracking/modelldb.h"
 #include "tracking/counting/trackingrun.h"
 
-#include <QCoreApplication>
-#include <QSignalSpy>
-
 #include <cmath>
 
 using Phase = TrackingRun::Phase;
@@ -87,20 +84,15 @@ private slots:
     void placesALeakWithinOneFim_data();
     void placesALeakWithinOneFim();
     void phasesAndCommands();
-    void countdownRunsOnce();
     void firstRecordAsksForTheReset_data();
     void firstRecordAsksForTheReset();
     void faultStates();
-    void faultsAreReportedOnceARun();
     void recordsOutsideARun();
 };
 
 void TestTrackingRun::findsWhatIsPlanted_data()
 {
-    QTest::addColumn<LoopPlan>("plan");
-    QTest::addColumn<int>("primary");
-    QTest::addColumn<int>("secondary");
-    QTest::addColumn<LoopResult>("result");
+    addColumns<LoopPlan, int, int, LoopResult>("plan", "primary", "secondary", "result");
     // As fast as one LDB is polled on a 9600-baud line, and as a tired link would.
     for (int fims = 2; fims <= 12; ++fims) {
         LoopPlan plan = healthyLoop(fims);
@@ -158,8 +150,7 @@ void TestTrackingRun::findsWhatIsPlanted()
 
 void TestTrackingRun::placesALeakWithinOneFim_data()
 {
-    QTest::addColumn<LoopPlan>("plan");
-    QTest::addColumn<int>("after");
+    addColumns<LoopPlan, int>("plan", "after");
     for (int fims : {2, 5, 8}) {
         for (int after = 1; after < fims; ++after) {
             LoopPlan earth = healthyLoop(fims);
@@ -232,36 +223,9 @@ void TestTrackingRun::phasesAndCommands()
     QCOMPARE(bench.run.stopReason(), StopReason::None);
 }
 
-void TestTrackingRun::countdownRunsOnce()
-{
-    Bench bench;
-    bench.ldb.setReporting(false);
-    const QSignalSpy ticks(&bench.run, &TrackingRun::countdownChanged);
-    bench.begin();
-    bench.reportState(50);
-    QCOMPARE(ticks.size(), 0); // the state may be left over from before the command
-    bench.reportState(50);
-    QCOMPARE(ticks.size(), 1);
-    QCOMPARE(ticks.first().at(0).toInt(), 130);
-    for (int second = 0; second < 200; ++second) {
-        bench.pass(500);
-        bench.reportState(50);
-        bench.pass(500);
-        QCOMPARE(bench.run.factoryResetCountdown(), std::max(0, 129 - second));
-    }
-    QCOMPARE(ticks.size(), 131);
-    QVERIFY(bench.run.isCountingDown());
-    QVERIFY2(!bench.run.secondsLeft().has_value(), "what takes longer is not known any more");
-    bench.reportState(52);
-    bench.reportState(50);
-    QVERIFY(!bench.run.isCountingDown());
-}
-
 void TestTrackingRun::firstRecordAsksForTheReset_data()
 {
-    QTest::addColumn<int>("state");
-    QTest::addColumn<bool>("asks");
-    QTest::addColumn<Phase>("phase");
+    addColumns<int, bool, Phase>("state", "asks", "phase");
     QTest::newRow("booting") << 0 << true << Phase::FactoryReset;
     QTest::newRow("resetting already") << 50 << true << Phase::FactoryReset;
     QTest::newRow("an earlier reset failed") << 51 << true << Phase::Idle;
@@ -296,27 +260,6 @@ void TestTrackingRun::faultStates()
         QCOMPARE(TrackingRun::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
                  loop.contains(code));
     }
-}
-
-void TestTrackingRun::faultsAreReportedOnceARun()
-{
-    LoopPlan plan;
-    plan.fims = 6;
-    plan.earthLeakageAfter = 2;
-    plan.dcLeakageAfter = 4;
-    Bench bench(plan);
-    for (int runs = 1; runs <= 2; ++runs) {
-        bench.begin();
-        QCOMPARE(bench.run.counter().fimCount(SecondaryPort), 0);
-        QVERIFY(bench.reach(Phase::Finished));
-        QCOMPARE(bench.faults.size(), 2 * runs);
-        QCOMPARE(bench.total, plan.fims);
-    }
-    QVERIFY(!bench.run.processEarthFault(LdbEarthState::Leakage));
-    bench.run.prepare(bench.ldb.now());
-    QVERIFY(bench.run.processEarthFault(LdbEarthState::Leakage));
-    QVERIFY(bench.run.processLoopLeakageFault(LdbLoopState::DcLeakage));
-    QVERIFY(!bench.run.processLoopLeakageFault(LdbLoopState::DcLeakage));
 }
 
 void TestTrackingRun::recordsOutsideARun()

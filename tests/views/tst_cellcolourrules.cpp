@@ -5,8 +5,6 @@
 #include "tests/support/testprogram.h"
 #include "views/tables/cellcolours.h"
 
-#include <QSettings>
-
 #include <memory>
 
 using namespace generalinformation;
@@ -41,18 +39,14 @@ private slots:
     void ruleApplies_data();
     void ruleApplies();
     void rulesBelongToTheirRow();
-    void textContrasts_data();
-    void textContrasts();
     void shippedTuningHasTheBuiltInValues();
     void shippedColoursTellFaultsFromNormal();
 };
 
 void TestCellColourRules::ruleApplies_data()
 {
-    QTest::addColumn<QByteArray>("ini");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("colour");
-    QTest::addColumn<QByteArray>("warning"); // a pattern, or empty
+    // "warning": a pattern, or empty
+    addColumns<QByteArray, int, QString, QByteArray>("ini", "value", "colour", "warning");
 
     const auto row = [](const char* tag, const QByteArray& rules, int value, const QString& colour,
                         const QByteArray& warning = {}) {
@@ -108,22 +102,6 @@ void TestCellColourRules::rulesBelongToTheirRow()
     for (int row = -1; row <= RowCount; ++row) {
         QCOMPARE(rules.colourName(row, 5).has_value(), row == ModeRow);
     }
-}
-
-void TestCellColourRules::textContrasts_data()
-{
-    QTest::addColumn<QColor>("background");
-    QTest::addColumn<QColor>("text");
-    QTest::newRow("yellow") << QColor(Qt::yellow) << QColor(Qt::black);
-    QTest::newRow("pure blue is dark") << QColor(Qt::blue) << QColor(Qt::white);
-    QTest::newRow("pure green is bright") << QColor(Qt::green) << QColor(Qt::black);
-    QTest::newRow("dark red") << QColor(Qt::darkRed) << QColor(Qt::white);
-}
-
-void TestCellColourRules::textContrasts()
-{
-    QFETCH(QColor, background);
-    QTEST(cellcolours::readableTextOn(background), "text");
 }
 
 void TestCellColourRules::shippedTuningHasTheBuiltInValues()

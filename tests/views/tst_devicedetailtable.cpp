@@ -5,9 +5,7 @@
 #include "tests/views/records.h"
 #include "views/tables/devicedetailtable.h"
 
-#include <QAbstractItemModelTester>
-#include <QHeaderView>
-#include <QTableView>
+#include <QtWidgets>
 
 using records::healthy;
 using records::record;
@@ -63,10 +61,7 @@ class TestDeviceDetailTable : public TestCase
     Q_OBJECT
 private slots:
     void showsTheCurrentLdbOnly();
-    void shadesRowsInTurn();
     void coloursByRuleAndBack();
-    void recordOfAnyLength_data();
-    void recordOfAnyLength();
     void retranslationKeepsTheValues();
 };
 
@@ -92,20 +87,6 @@ void TestDeviceDetailTable::showsTheCurrentLdbOnly()
     QCOMPARE(detail.labels(), "ID|Name|Mode|Loop|Primary Port||Secondary Port||Earth|Amplifier|");
 }
 
-void TestDeviceDetailTable::shadesRowsInTurn()
-{
-    Detail detail;
-    detail.poll();
-    const QPalette palette;
-    const QList<int> baseRows{0, 2, 4, 5, 8, 10};
-    for (int row = 0; row < detail.view.model()->rowCount(); ++row) {
-        const QColor& expected =
-            palette.color(baseRows.contains(row) ? QPalette::Base : QPalette::AlternateBase);
-        QCOMPARE(detail.colour(row, Qt::BackgroundRole, DeviceDetailTable::LabelColumn), expected);
-        QCOMPARE(detail.background(row), expected);
-    }
-}
-
 void TestDeviceDetailTable::coloursByRuleAndBack()
 {
     Detail detail(kModeRedAtService);
@@ -119,32 +100,6 @@ void TestDeviceDetailTable::coloursByRuleAndBack()
     detail.poll();
     QCOMPARE(detail.background(ModeRow), shade);
     QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), text);
-}
-
-void TestDeviceDetailTable::recordOfAnyLength_data()
-{
-    QTest::addColumn<int>("entries");
-    QTest::addColumn<QString>("values");
-    QTest::newRow("none") << 0 << kEmpty;
-    QTest::newRow("one counts as none") << 1 << kEmpty;
-    QTest::newRow("some") << 4 << "07|Hall|Quiescent|Ok|||||||";
-    QTest::newRow("more than known") << 12
-                                     << "07|Hall|Quiescent|Ok|24.0 V|12.3 mA|23.9 V|-1.0 mA|Ok|Ok|"
-                                        "2026-03-04: 10:00:00|further";
-}
-
-void TestDeviceDetailTable::recordOfAnyLength()
-{
-    QFETCH(int, entries);
-    // A rule that holds for the value 0 must not colour rows of which there is no value.
-    Detail detail("column\\9\\value2=0\ncolumn\\9\\color2=red\n");
-    detail.poll();
-    QCOMPARE(detail.background(EarthRow), QColor("red"));
-
-    const QList<QStringList> longest = record(kLdb) + QList<QStringList>{{"further", "1"}};
-    detail.table.processData(kLdb, longest.mid(0, entries));
-    QTEST(detail.values(), "values");
-    QCOMPARE(detail.background(EarthRow) == QColor("red"), entries > EarthRow);
 }
 
 void TestDeviceDetailTable::retranslationKeepsTheValues()

@@ -7,10 +7,7 @@
 #include "views/tables/deviceoverviewtable.h"
 #include "views/tables/overviewcolumns.h"
 
-#include <QAbstractItemModelTester>
-#include <QHeaderView>
-#include <QSettings>
-#include <QTableView>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -114,8 +111,6 @@ private slots:
 
     void refreshChangesInPlace();
     void coloursFollowTheRules();
-    void shortRecordNeverBreaks_data();
-    void shortRecordNeverBreaks();
     void rowsAreOrderedByIdUntilTheUserSorts();
 
     void tickIsExclusive();
@@ -129,9 +124,6 @@ private slots:
     void unusableLayoutIsLeft_data();
     void unusableLayoutIsLeft();
     void clearAndRetranslateKeepTheLayout();
-    void columnsFillTheTable();
-
-    void viewAndTableDieInAnyOrder();
 
 private:
     std::unique_ptr<Sandbox> m_sandbox;
@@ -193,37 +185,6 @@ void TestDeviceOverviewTable::coloursFollowTheRules()
     }
 }
 
-void TestDeviceOverviewTable::shortRecordNeverBreaks_data()
-{
-    QTest::addColumn<QList<int>>("lengths"); // of one LDB's records, one after the other
-    QTest::addColumn<QString>("shown");      // its name and its loop
-
-    QTest::newRow("one entry again and again") << QList<int>{1, 1, 1} << "|";
-    QTest::newRow("all, then one entry") << QList<int>{11, 1} << "Hall|Ok";
-    QTest::newRow("none, then some") << QList<int>{0, 3} << "Hall|";
-    QTest::newRow("some, then too many") << QList<int>{3, 12} << "Hall|Ok";
-}
-
-void TestDeviceOverviewTable::shortRecordNeverBreaks()
-{
-    QFETCH(QList<int>, lengths);
-    Overview table;
-    const QList<QStringList> longest = record(kFive) + QList<QStringList>{{"further", "1"}};
-    for (const int length : lengths) {
-        table.object->processData(kFive, longest.mid(0, length));
-    }
-    QCOMPARE(table.view.model()->rowCount(), 1);
-    QTEST(table.text(0, overview::NameColumn) + '|' + table.text(0, overview::LoopColumn), "shown");
-    QCOMPARE(table.takeSelected(), QStringList(kFive));
-    QCOMPARE(table.shownColumns(), kNamedColumns);
-    // Such a row takes part in everything else.
-    table.poll(kNine);
-    QVERIFY(table.object->selectLdb(kNine));
-    QVERIFY(table.object->selectLdb(kFive));
-    table.object->retranslate();
-    table.picture();
-}
-
 void TestDeviceOverviewTable::rowsAreOrderedByIdUntilTheUserSorts()
 {
     Overview table;
@@ -266,9 +227,9 @@ void TestDeviceOverviewTable::tickIsExclusive()
 
 void TestDeviceOverviewTable::userTicksARow_data()
 {
-    QTest::addColumn<int>("column"); // of a click
-    QTest::addColumn<int>("key");    // or a key
-    QTest::addColumn<bool>("ticks");
+    // "column": of a click
+    // "key": or a key
+    addColumns<int, int, bool>("column", "key", "ticks");
     QTest::newRow("click") << int(overview::EarthColumn) << 0 << true;
     QTest::newRow("click on the tick") << int(overview::TickColumn) << 0 << true;
     QTest::newRow("space") << -1 << int(Qt::Key_Space) << true;
@@ -343,10 +304,10 @@ void TestDeviceOverviewTable::tickedRowIsMarked()
 
 void TestDeviceOverviewTable::clearTicksTheSameLdbAgain_data()
 {
-    QTest::addColumn<QString>("ticked"); // before
-    QTest::addColumn<QStringList>("polls");
-    QTest::addColumn<QStringList>("tickedAfter");
-    QTest::addColumn<bool>("isAnother"); // and announced
+    // "ticked": before
+    // "isAnother": and announced
+    addColumns<QString, QStringList, QStringList, bool>("ticked", "polls", "tickedAfter",
+                                                        "isAnother");
 
     const auto row = [](const char* tag, const QString& ticked, const QStringList& polls,
                         const QStringList& tickedAfter, bool isAnother) {
@@ -417,8 +378,7 @@ void TestDeviceOverviewTable::layoutComesBack()
 
 void TestDeviceOverviewTable::unusableLayoutIsLeft_data()
 {
-    QTest::addColumn<QByteArray>("state");
-    QTest::addColumn<bool>("warns");
+    addColumns<QByteArray, bool>("state", "warns");
     const auto layoutOf = [](int columns) {
         QStandardItemModel model(1, columns);
         QTableView view;
@@ -480,55 +440,6 @@ void TestDeviceOverviewTable::clearAndRetranslateKeepTheLayout()
     table.view.resize(500, 300);
     table.poll(kFive);
     QCOMPARE(header->saveState(), layout);
-}
-
-void TestDeviceOverviewTable::columnsFillTheTable()
-{
-    Overview table;
-    QHeaderView* header = table.view.horizontalHeader();
-    const auto spareAt = [&](int width) {
-        table.view.resize(width, 300);
-        QCoreApplication::processEvents();
-        return table.view.viewport()->width() - header->length();
-    };
-    QCOMPARE(spareAt(1200), 0);
-    table.poll(kOne);
-    // Rows or not, in the proportions that the user has given them.
-    header->resizeSection(overview::NameColumn, header->sectionSize(overview::NameColumn) + 60);
-    header->resizeSection(overview::ModeColumn, header->sectionSize(overview::ModeColumn) - 60);
-    const int formerName = header->sectionSize(overview::NameColumn);
-    const int formerEarth = header->sectionSize(overview::EarthColumn);
-    QCOMPARE(spareAt(900), 0);
-    QVERIFY(qAbs(header->sectionSize(overview::NameColumn) * formerEarth -
-                 header->sectionSize(overview::EarthColumn) * formerName) <
-            formerName + formerEarth);
-
-    // What the user has made wider than the table stays so.
-    header->resizeSection(overview::NameColumn, 400);
-    const int length = header->length();
-    spareAt(700);
-    QCOMPARE(header->length(), length);
-}
-
-void TestDeviceOverviewTable::viewAndTableDieInAnyOrder()
-{
-    Overview table;
-    table.poll(kOne);
-    table.object.reset();
-    table.picture();
-    table.view.horizontalHeader()->grab();
-
-    auto view = std::make_unique<QTableView>();
-    DeviceOverviewTable orphan(view.get());
-    orphan.processData(kOne, record(kOne));
-    view.reset();
-    orphan.processData(kFive, record(kFive));
-    QVERIFY(orphan.selectLdb(kFive));
-    orphan.setSelectionEnabled(false);
-    orphan.saveTableState();
-    orphan.loadTableState();
-    orphan.retranslate();
-    orphan.clear();
 }
 
 REGISTER_TEST(TestDeviceOverviewTable, QApplication)

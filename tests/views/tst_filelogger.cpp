@@ -5,9 +5,6 @@
 #include "tests/views/records.h"
 #include "views/log/filelogger.h"
 
-#include <QSignalSpy>
-#include <QTextCodec>
-
 #include <csignal>
 #include <memory>
 #include <optional>
@@ -62,7 +59,6 @@ private slots:
     void cleanup() override;
 
     void everyLineIsInTheFileAtOnce();
-    void headerFollowsTheLanguage();
     void fields_data();
     void fields();
     void periods_data();
@@ -74,7 +70,6 @@ private slots:
     void writingFails_data();
     void writingFails();
     void fileChangedByOthers();
-    void ignoredWhileStopped();
     void names();
 
 private:
@@ -139,20 +134,10 @@ void TestFileLogger::everyLineIsInTheFileAtOnce()
     QCOMPARE(content(), expected);
 }
 
-void TestFileLogger::headerFollowsTheLanguage()
-{
-    const BracketingTranslator translator;
-    QVERIFY(m_logger->startStop(true));
-    process("01", "10:00:00");
-    QVERIFY(content().startsWith("[Device Id];[Name];"));
-    QCOMPARE(content().split('\n').first().count('['), 11);
-}
-
 void TestFileLogger::fields_data()
 {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("texts"); // of the row's strings, joined by "|"
-    QTest::addColumn<QString>("field");
+    // "texts": of the row's strings, joined by "|"
+    addColumns<int, QString, QString>("row", "texts", "field");
 
     const auto row = [](const char* tag, int index, const char* texts, const char* field) {
         QTest::newRow(tag) << index << texts << field;
@@ -252,8 +237,7 @@ void TestFileLogger::modes()
 
 void TestFileLogger::existingFiles_data()
 {
-    QTest::addColumn<QByteArray>("before");
-    QTest::addColumn<QByteArray>("expected");
+    addColumns<QByteArray, QByteArray>("before", "expected");
 
     const QByteArray line = lineAt("01", "10:00:00");
     QTest::newRow("empty") << QByteArray() << kHeader + line;
@@ -298,8 +282,7 @@ void TestFileLogger::cannotOpen()
 
 void TestFileLogger::writingFails_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("reason");
+    addColumns<QString, QString>("file", "reason");
     QTest::newRow("device full") << "/dev/full"
                                  << "No space left on device";
     QTest::newRow("disk full within a line") << "log.csv"
@@ -347,16 +330,6 @@ void TestFileLogger::fileChangedByOthers()
     const QByteArray before = content();
     process("01", "10:00:01");
     QCOMPARE(content(), before + lineAt("01", "10:00:01"));
-}
-
-void TestFileLogger::ignoredWhileStopped()
-{
-    process("01", "10:00:00");
-    QVERIFY(m_logger->startStop(true));
-    m_logger->processData("01", {});
-    QVERIFY(m_logger->startStop(false));
-    process("01", "10:00:00");
-    QCOMPARE(content(), QByteArray());
 }
 
 void TestFileLogger::names()

@@ -3,9 +3,7 @@
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
-#include <QPaintEvent>
-#include <QStandardItemModel>
-#include <QTableView>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -26,21 +24,6 @@ void fillTree(QStandardItemModel& tree, const QString& text)
         tree.setItem(0, column, cell);
     }
 }
-
-/// What a widget was asked to paint since it was filtered by this.
-class PaintedRegion : public QObject
-{
-public:
-    QRegion region;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            region += static_cast<QPaintEvent*>(event)->region();
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
 
 /// A table of `columns` columns under a header of the given tree.
 struct Table
@@ -107,14 +90,7 @@ private slots:
     void initTestCase();
     void sorting_data();
     void sorting();
-    void grownCellMakesTheHeaderGrow();
-    void arrowHasRoomBesideTheText();
     void topCellJoinsItsSections();
-    void resizingAChildRedrawsItsGroup();
-    void flatTreeDrawsLikeThePlainHeader();
-    void deletedHeaderModelLeavesAPlainHeader();
-    void hoverShowsAndGoes_data();
-    void hoverShowsAndGoes();
     void groupsStayTogether_data();
     void groupsStayTogether();
 };
@@ -127,9 +103,9 @@ void TestHierarchicalHeader::initTestCase()
 
 void TestHierarchicalHeader::sorting_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QVariantList>("codes"); // one a row, invalid for none
-    QTest::addColumn<QString>("sorted");     // rows are "b", "a", "C"
+    // "codes": one a row, invalid for none
+    // "sorted": rows are "b", "a", "C"
+    addColumns<int, QVariantList, QString>("column", "codes", "sorted");
     const QVariant none;
     const int mode = kCodeColumn;
     const int name = kCodeColumn - 1;
@@ -162,33 +138,6 @@ void TestHierarchicalHeader::sorting()
     QCOMPARE(shown(2) + shown(1) + shown(0), sorted);
 }
 
-void TestHierarchicalHeader::grownCellMakesTheHeaderGrow()
-{
-    const Table table(QStringLiteral("LongerText B"), 2);
-    const int formerWidth = table.header->sectionSizeHint(0);
-    const QImage former = table.picture();
-    table.tree->item(0, 0)->setData(1, Qt::UserRole); // upright
-    QCoreApplication::processEvents();
-    QCOMPARE(table.header->height(), formerWidth);
-    QVERIFY(table.picture() != former);
-    table.tree->item(0, 0)->setData(QSize(70, formerWidth + 10), Qt::SizeHintRole);
-    QCoreApplication::processEvents();
-    QCOMPARE(table.header->height(), formerWidth + 10);
-}
-
-void TestHierarchicalHeader::arrowHasRoomBesideTheText()
-{
-    const Table table(QStringLiteral("Name Mode Loop"), 3);
-    for (int section = 0; section < 3; ++section) {
-        table.header->setSortIndicatorShown(false);
-        const int text = table.header->sectionSizeHint(section);
-        table.header->setSortIndicatorShown(true);
-        const int arrow =
-            table.header->style()->pixelMetric(QStyle::PM_HeaderMarkSize, nullptr, table.header);
-        QVERIFY(table.header->sectionSizeHint(section) >= text + arrow);
-    }
-}
-
 void TestHierarchicalHeader::topCellJoinsItsSections()
 {
     const Table table(QStringLiteral("A G:CD E"), 4);
@@ -218,98 +167,10 @@ void TestHierarchicalHeader::topCellJoinsItsSections()
     QCOMPARE(table.picture().copy(top), image.copy(top));
 }
 
-void TestHierarchicalHeader::resizingAChildRedrawsItsGroup()
-{
-    Table table(QStringLiteral("A G:CD E"), 4);
-    QVERIFY(QTest::qWaitForWindowExposed(&table.view));
-    QCoreApplication::processEvents();
-    PaintedRegion painted;
-    table.header->viewport()->installEventFilter(&painted);
-    // The view itself repaints from the resized section on; the one before it shares its cell.
-    table.header->resizeSection(2, 180);
-    QCoreApplication::processEvents();
-    const QRect before(table.header->sectionViewportPosition(1), 0, table.header->sectionSize(1),
-                       table.header->height());
-    QCOMPARE(painted.region.intersected(before), QRegion(before));
-}
-
-void TestHierarchicalHeader::flatTreeDrawsLikeThePlainHeader()
-{
-    const Table table(QStringLiteral("A B C"), 3);
-    QHeaderView plain(Qt::Horizontal);
-    QStandardItemModel labelled(3, 3);
-    labelled.setHorizontalHeaderLabels({"A", "B", "C"});
-    plain.setModel(&labelled);
-    QFont bold = plain.font();
-    bold.setBold(true);
-    plain.setFont(bold);
-    plain.resize(table.header->size());
-    QCOMPARE(table.header->sizeHint(), plain.sizeHint());
-    for (QHeaderView* header : {static_cast<QHeaderView*>(table.header), &plain}) {
-        header->setSortIndicatorShown(true);
-        header->setSortIndicator(1, Qt::AscendingOrder);
-    }
-    QCOMPARE(table.picture(), Table::pictureOf(&plain));
-}
-
-void TestHierarchicalHeader::deletedHeaderModelLeavesAPlainHeader()
-{
-    Table table(kGrouped, kGroupedColumns);
-    const int tall = table.header->sizeHint().height();
-    QCOMPARE(table.header->height(), tall);
-    table.tree.reset();
-    QCOMPARE(table.header->sizeHint().height() * 2, tall);
-    table.header->resizeSection(2, 33);
-    QCoreApplication::processEvents();
-    QVERIFY(!table.picture().isNull());
-    // And a model that knows of no header tree makes one from the start.
-    QStandardItemModel other(1, 2);
-    table.view.setModel(&other);
-    QCOMPARE(table.header->count(), 2);
-    QCOMPARE(table.header->sizeHint().height() * 2, tall);
-}
-
-void TestHierarchicalHeader::hoverShowsAndGoes_data()
-{
-    QTest::addColumn<int>("section");
-    QTest::addColumn<QList<int>>("shownBy"); // sections that look different
-    // The cell above children is one, whichever of them the mouse is on.
-    QTest::newRow("first child") << 1 << QList<int>{1, 2};
-    QTest::newRow("single cell behind a group") << 3 << QList<int>{3};
-    QTest::newRow("second child of a further group") << 5 << QList<int>{4, 5};
-}
-
-void TestHierarchicalHeader::hoverShowsAndGoes()
-{
-    QFETCH(int, section);
-    QFETCH(QList<int>, shownBy);
-    const Table table(kGrouped, kGroupedColumns);
-    table.header->setSectionsClickable(true);
-    const QImage calm = table.picture();
-    const QPoint onLeaf(table.header->sectionViewportPosition(section) + 5,
-                        table.header->height() - 3);
-    QMouseEvent move(QEvent::MouseMove, onLeaf, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(table.header->viewport(), &move);
-    const QImage hovered = table.picture();
-    QList<int> different;
-    for (int at = 0; at < table.header->count(); ++at) {
-        const QRect area(table.header->sectionViewportPosition(at) + 2, 0,
-                         table.header->sectionSize(at) - 4, calm.height());
-        if (calm.copy(area) != hovered.copy(area)) {
-            different << at;
-        }
-    }
-    QCOMPARE(different, shownBy);
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(table.header, &leave);
-    QCOMPARE(table.picture(), calm);
-}
-
 void TestHierarchicalHeader::groupsStayTogether_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("order"); // groups 1+2 and 4+5 of seven sections
+    // "order": groups 1+2 and 4+5 of seven sections
+    addColumns<int, int, QString>("from", "to", "order");
     QTest::newRow("first of a group goes right") << 1 << 6 << "0345612";
     QTest::newRow("second of a group goes left") << 2 << 0 << "1203456";
     QTest::newRow("second goes right") << 2 << 6 << "0345612";

@@ -56,8 +56,7 @@ void TestLampLevels::everyCode()
 
 void TestLampLevels::combinations_data()
 {
-    QTest::addColumn<Codes>("codes");
-    QTest::addColumn<QString>("levels");
+    addColumns<Codes, QString>("codes", "levels");
 
     QTest::newRow("remembered open, amplifier gone") << Codes{10, 2, 0, 2} << "0020";
     QTest::newRow("open, amplifier back") << Codes{10, 1, 0, 3} << "0020";
@@ -75,8 +74,9 @@ void TestLampLevels::combinations()
 
 void TestLampLevels::rounds_data()
 {
-    QTest::addColumn<QString>("records"); // "<hexId>:<earth code>"
-    QTest::addColumn<QString>("shown");   // lamp B's level, "-" within a round
+    // "records": "<hexId>:<earth code>"
+    // "shown": lamp B's level, "-" within a round
+    addColumns<QString, QString>("records", "shown");
 
     const auto row = [](const char* tag, const char* records, const char* shown) {
         QTest::newRow(tag) << records << shown;

@@ -4,9 +4,7 @@
 #include "tests/views/records.h"
 #include "views/lamps/lamppanel.h"
 
-#include <QListWidget>
-#include <QSignalSpy>
-#include <QToolBox>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -70,8 +68,8 @@ void TestLampPages::init()
 
 void TestLampPages::causes_data()
 {
-    QTest::addColumn<Codes>("codes");
-    QTest::addColumn<QStringList>("causes"); // of A, B, C and D
+    // "causes": of A, B, C and D
+    addColumns<Codes, QStringList>("codes", "causes");
 
     const QString none = QStringLiteral("No LDB");
     const auto row = [](const char* tag, const Codes& codes, const QStringList& causes) {

@@ -5,9 +5,7 @@
 #include "tests/views/records.h"
 #include "views/lamps/statusindicators.h"
 
-#include <QApplication>
-#include <QImage>
-#include <QLabel>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <array>
@@ -95,10 +93,8 @@ void TestStatusIndicators::init()
 
 void TestStatusIndicators::patterns_data()
 {
-    QTest::addColumn<Codes>("codes");
-    QTest::addColumn<int>("lamp");
-    QTest::addColumn<uint>("colour");
-    QTest::addColumn<int>("period"); // ms lit, and as many dark
+    // "period": ms lit, and as many dark
+    addColumns<Codes, int, uint, int>("codes", "lamp", "colour", "period");
 
     QTest::newRow("service mode") << Codes{30} << int(A) << kBlue << 125;
     QTest::newRow("earth fault") << Codes{10, 0, 4} << int(B) << kAmber << 125;

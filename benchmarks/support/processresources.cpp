@@ -1,4 +1,4 @@
-#include "tests/support/processresources.h"
+#include "benchmarks/support/processresources.h"
 
 #include <QDir>
 #include <QFile>
