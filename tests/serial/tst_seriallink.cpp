@@ -4,7 +4,6 @@
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
-
 Q_DECLARE_METATYPE(Reply::Kind)
 
 namespace {
