@@ -3,6 +3,8 @@
 #include "serial/busaddress.h"
 #include "serial/hextext.h"
 
+#include <utility>
+
 namespace {
 
 // Command letters as digit pairs: "p", "sr", "sc", "sx".
@@ -10,6 +12,7 @@ constexpr char kPollCode[] = "70";
 constexpr char kReadCode[] = "7372";
 constexpr char kChangeCode[] = "7363";
 constexpr char kExecuteCode[] = "7378";
+constexpr int kAddressDigits = 4; ///< the master's and the LDB's
 
 QByteArray body(const QString& hexId, const QByteArray& request)
 {
@@ -50,6 +53,22 @@ AnswerShape executeShape(int index)
 bool Request::isBroadcast() const
 {
     return hexId == busaddress::kBroadcast;
+}
+
+QString Request::text() const
+{
+    const QByteArray request = body.mid(kAddressDigits);
+    const std::pair<const char*, const char*> known[] = {{kPollCode, "poll"},
+                                                         {"737803", "status"},
+                                                         {"737202", "name"},
+                                                         {"737804", "firmware id"},
+                                                         {"737201", "settings"}};
+    for (const auto& [code, name] : known) {
+        if (request == code) {
+            return QStringLiteral("%1 of %2").arg(QLatin1String(name), hexId);
+        }
+    }
+    return QStringLiteral("command %1 to %2").arg(QString::fromLatin1(request), hexId);
 }
 
 namespace requests {

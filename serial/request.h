@@ -17,6 +17,8 @@ struct Request
     bool isRead = true;
 
     bool isBroadcast() const;
+    /// For people: "status of 0A".
+    QString text() const;
 };
 
 namespace requests {

@@ -109,8 +109,8 @@ void Conversation::ask(Step step, const Request& request, Inquiry::Role role, co
 void Conversation::settle(const Moment& moment)
 {
     for (const QString& note : m_inquiry.takeNotes()) {
-        log(LimitedLog::Kind::Exchange,
-            QString::fromLatin1(m_inquiry.request().body) + QStringLiteral(": ") + note, moment);
+        log(LimitedLog::Kind::Exchange, m_inquiry.request().text() + QStringLiteral(": ") + note,
+            moment);
     }
     if (const auto end = m_inquiry.takeEnd()) {
         inquiryEnded(*end, moment);
@@ -420,7 +420,7 @@ void Conversation::logEnd(const InquiryEnd& end, const Moment& moment)
 {
     log(LimitedLog::Kind::Exchange,
         QStringLiteral("%1: %2 (transmission %3)")
-            .arg(QString::fromLatin1(m_inquiry.request().body), outcomeText(end.outcome))
+            .arg(m_inquiry.request().text(), outcomeText(end.outcome))
             .arg(end.transmissions),
         moment);
 }

@@ -20,8 +20,7 @@ struct TrackingThresholds
     static TrackingThresholds fromTuningFile();
 };
 
-/// A moment that is waited for, in ms on the clock of whoever asks. A value: nothing happens by
-/// itself when it comes.
+/// A moment that is waited for, in ms. A plain value: whoever owns it asks whether it has come.
 class Deadline
 {
 public:
@@ -43,7 +42,7 @@ private:
 /// A step is a rise above the mean of the side's last samples; a side ends when no step comes any
 /// more, with a short, or when the loop closes.
 ///
-/// It has no clock: everything happens at the time that `advance()` has told last. Operations that
+/// It has no clock: everything happens at the time that `advance()` has set last. Operations that
 /// take an `ldbPort` do nothing for a number that is no port. Currents are in 0.01 mA,
 /// `generalinformation::kMissingMeasurement` for a shorted port. One thread at a time.
 class FimCounter : public QObject
@@ -56,10 +55,10 @@ public:
     void reset();
     void setSecondarySideTracked(bool tracked) { m_secondarySideTracked = tracked; }
 
-    /// Lets time come to `now` (ms of any clock that never goes back), and what is due by then
-    /// happen at its own moment.
+    /// Sets the time to `now`: ms on a clock that never goes back. What falls due on the way
+    /// happens at its own moment.
     void advance(qint64 now);
-    /// When something happens unless a record comes before; nothing while that is not known.
+    /// The next moment at which `advance()` has something to do; nothing where none is known.
     std::optional<qint64> nextDue() const;
 
     /// One status record, step by step in this order: the loop state, the currents, then shorts
@@ -69,7 +68,7 @@ public:
     void processShort(LdbLoopState state, double primaryCurrent, double secondaryCurrent);
     void processLoopClosed(LdbLoopState state);
 
-    /// Begins the side's waiting at its first sample.
+    /// At the side's first sample: starts to wait for its first step.
     void checkAndStartIntialTimer(int ldbPort);
     /// Adds a sample to the side's history and gives the mean, the sample included.
     double updateAverageCurrent(int ldbPort, double newValue);

@@ -48,9 +48,9 @@ public:
     /// Ends the run, if one is on.
     void stop(StopReason reason);
 
-    /// Lets time come to `now`, and what is due by then happen at its own moment.
+    /// Sets the time to `now`. What falls due on the way happens at its own moment.
     void advance(qint64 now);
-    /// When something happens unless a record comes before; nothing while that is not known.
+    /// The next moment at which `advance()` has something to do; nothing where none is known.
     std::optional<qint64> nextDue() const;
     /// The factory reset was refused, or nothing came back. It may have begun all the same, with
     /// its acknowledgement lost: the next record shows it. If it has not, the run ends after a
@@ -90,7 +90,7 @@ signals:
     void countdownChanged(int secondsLeft);
     void commandDue(TrackingCommand command);
     void countChanged(int ldbPort, int count);
-    /// Currents in 0.01 mA. Comes between their counting and what follows from shorts.
+    /// Currents in 0.01 mA. Comes after they are counted, and before shorts are looked for.
     void currentsProcessed(double primaryCurrent, double secondaryCurrent,
                            const QDateTime& timestamp);
     void sideFinished(int ldbPort, SideEnd result);

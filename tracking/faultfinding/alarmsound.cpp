@@ -16,8 +16,8 @@ namespace {
 
 constexpr int kPeriod = 1000; // ms
 
-/// A sound effect made where it cannot play looks for its sound server for ever, with a warning
-/// each time. On Linux that server is PulseAudio: a bare ALSA device is of no use to it.
+/// Without an output that it can use, a sound effect looks for a sound server for ever, and warns
+/// each time. On Linux it needs PulseAudio; a bare ALSA device does not do.
 bool hasUsableOutput()
 {
     const QList<QAudioDeviceInfo> devices = QAudioDeviceInfo::availableDevices(QAudio::AudioOutput);
@@ -68,7 +68,7 @@ void AlarmSound::play()
 bool AlarmSound::prepare()
 {
     if (!m_effect) {
-        // Asked anew each time: a loudspeaker may be plugged in while the alarm is on.
+        // Asked each time, as a loudspeaker may be plugged in while the alarm is on.
         if (!hasUsableOutput()) {
             warnOnce("no audio output");
             return false;

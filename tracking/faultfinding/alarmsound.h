@@ -9,7 +9,7 @@ class QDialog;
 class QSoundEffect;
 
 /// The warning sound, once a second while an alarm's box is open, if the user wants to hear it. A
-/// computer that cannot play it beeps instead, and is warned of once. GUI thread.
+/// computer that cannot play it beeps instead, and warns of that once. GUI thread.
 class AlarmSound : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit AlarmSound(QObject* parent = nullptr);
     ~AlarmSound() override;
 
-    /// Sounds until this box, and every other one that was given, is closed.
+    /// Sounds until all boxes that were given are closed.
     void soundWhileOpen(const QDialog* box);
     /// Silence, until the next box.
     void stop() { m_timer.stop(); }

@@ -59,13 +59,13 @@ FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
     init();
     placeOver(parent);
     show();
-    // After the construction, so that whoever made this window knows it before it asks anything.
+    // Later, so that the constructor has returned before the first question opens.
     QTimer::singleShot(0, m_ui->startButton, &QPushButton::click);
 }
 
 FimTracking::~FimTracking()
 {
-    // Not closed, but taken down with its parent.
+    // The window may be deleted with its parent without having been closed.
     releaseLdb(nullptr);
 }
 
@@ -115,8 +115,8 @@ void FimTracking::initPlot()
     m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
 }
 
-/// Dark on light whatever the desktop's colours: the window is read from a distance. What stands on
-/// its ground has its colour from the form's style sheet, under which no palette is handed down.
+/// Dark on light whatever the desktop's colours, as the window is read from a distance. Child
+/// widgets take their colours from the style sheet; it blocks the palette.
 void FimTracking::initPalette()
 {
     QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));
@@ -324,7 +324,7 @@ void FimTracking::showCountdown(int secondsLeft)
 void FimTracking::processSideFinished(int ldbPort, SideEnd result)
 {
     panel(ldbPort)->showEnd(result);
-    // Once the record's work is done.
+    // Opens the box after the rest of the record has been processed.
     QTimer::singleShot(0, this, [this, ldbPort] { showSideAudioAlarm(ldbPort); });
 }
 

@@ -113,7 +113,7 @@ void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered
         });
 }
 
-/// The acknowledgement may be lost, and the mute be as it should.
+/// Reads whether the mute is as wanted: the LDB may have obeyed, and its acknowledgement be lost.
 void TrackedLdb::readMute(bool wanted, QObject* context, const AnswerFunction& answered)
 {
     ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), context,

@@ -38,7 +38,7 @@ public:
     /// object lives as long as `context`.
     void send(Command command, QObject* context, AnswerFunction answered);
 
-    /// The time by which the run goes: ms on a clock that never goes back.
+    /// The time for the run: ms on a clock that never goes back.
     virtual qint64 now() const = 0;
     /// Whether there is a connection to send on.
     virtual bool isReachable() const = 0;

@@ -19,8 +19,8 @@ struct CurveDescription
     generalinformation::Row row;
 };
 
-// The rows feed the curves in the order in which a record holds them. That assignment is fixed; it
-// is not to be derived from the names of the curves.
+// The curves take the rows in the order of the record. This assignment is fixed, whatever the names
+// of the curves suggest.
 constexpr std::array<CurveDescription, 4> kCurves = {{
     {"VPri", "red", QwtPlot::yLeft, generalinformation::PrimaryVoltageRow},
     {"VSec", "orange", QwtPlot::yLeft, generalinformation::PrimaryCurrentRow},

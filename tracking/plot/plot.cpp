@@ -50,7 +50,7 @@ Plot::Plot(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, kOuterMargin, 0, kOuterMargin);
     layout->addWidget(m_plot.get());
-    // What the plot asks for by itself depends on the labels of the moment.
+    // The plot's own size hint changes with its labels.
     m_plot->setMinimumSize(kMinimumSize);
     m_plot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     init();
@@ -65,17 +65,6 @@ QSize Plot::sizeHint() const
 
 void Plot::init()
 {
-    initVariables();
-    initAxisScale(m_plot.get());
-    initScaleDraw(m_plot.get());
-    initScaleEngine(m_plot.get());
-    initGrid(m_plot.get());
-    initLabels(m_plot.get());
-    initZoom(m_plot.get());
-}
-
-void Plot::initVariables()
-{
     for (int number = 0; number < kMaxCurves; ++number) {
         m_freeNumbers.insert(number);
     }
@@ -83,56 +72,40 @@ void Plot::initVariables()
     m_axisSettings[QwtPlot::yRight] = AxisSetting();
     m_maxWindowTime = kDefaultWindowTime;
     m_windowIntervalTime = kDefaultWindowInterval;
-}
 
-void Plot::initAxisScale(QwtPlot* plot)
-{
-    plot->setAutoReplot(false);
-    // Until samples come the axis shows the last minutes; without it, a morning in 1970.
+    m_plot->setObjectName(QStringLiteral("qwtPlot"));
+    m_plot->setAutoReplot(false);
+    m_plot->plotLayout()->setAlignCanvasToScales(true);
+    m_plot->setCanvas(plotappearance::createCanvas());
+    plotappearance::createGrid()->attach(m_plot.get());
+
+    // Until samples come, the axis shows the last minutes instead of the beginning of 1970.
     const auto now = static_cast<double>(QDateTime::currentMSecsSinceEpoch());
-    plot->setAxisScale(kTimeAxis, now - m_maxWindowTime, now, m_windowIntervalTime);
-    plot->setAxisMaxMajor(kTimeAxis, kMaxTimeLabels);
+    m_plot->setAxisScale(kTimeAxis, now - m_maxWindowTime, now, m_windowIntervalTime);
+    m_plot->setAxisMaxMajor(kTimeAxis, kMaxTimeLabels);
     for (const auto& [axis, setting] : m_axisSettings) {
         applyAxisSetting(axis);
     }
-}
 
-void Plot::initScaleDraw(QwtPlot* plot)
-{
     m_clockDraw = new ClockScaleDraw;
-    plot->setAxisScaleDraw(kTimeAxis, m_clockDraw);
-}
-
-void Plot::initScaleEngine(QwtPlot* plot)
-{
+    m_plot->setAxisScaleDraw(kTimeAxis, m_clockDraw);
     m_clockEngine = new ClockScaleEngine;
-    plot->setAxisScaleEngine(kTimeAxis, m_clockEngine);
-    setLocalTimeOf(static_cast<double>(QDateTime::currentMSecsSinceEpoch()));
+    m_plot->setAxisScaleEngine(kTimeAxis, m_clockEngine);
+    setLocalTimeOf(now);
+    initZoom();
 }
 
 void Plot::setLocalTimeOf(double timeMsSinceEpoch)
 {
-    // The axis asks for the local time of some thousand moments a repaint, and for each the system
-    // looks at its time zone file: most of what a repaint costs. So it is asked once.
+    // Asked once a repaint: the axis converts some thousand moments, and if it asked the system for
+    // the offset of each, that would take most of the repaint's time.
     const int offset =
         QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(timeMsSinceEpoch)).offsetFromUtc();
     m_clockDraw->setUtcOffset(offset);
     m_clockEngine->setUtcOffset(offset);
 }
 
-void Plot::initGrid(QwtPlot* plot)
-{
-    plot->setCanvas(plotappearance::createCanvas());
-    plotappearance::createGrid()->attach(plot);
-}
-
-void Plot::initLabels(QwtPlot* plot)
-{
-    plot->setObjectName(QStringLiteral("qwtPlot"));
-    plot->plotLayout()->setAlignCanvasToScales(true);
-}
-
-void Plot::initLegend(QwtPlot* plot)
+void Plot::initLegend()
 {
     auto* const legend = new QwtLegend;
     legend->setFrameShape(QFrame::Box);
@@ -141,17 +114,17 @@ void Plot::initLegend(QwtPlot* plot)
     legend->setPalette(plotappearance::legendPalette(palette()));
     legend->setAutoFillBackground(true);
     connect(legend, &QwtLegend::checked, this, &Plot::plotLegendClick);
-    plot->insertLegend(legend, QwtPlot::RightLegend);
+    m_plot->insertLegend(legend, QwtPlot::RightLegend);
     updateLegendItems();
 }
 
-void Plot::initZoom(QwtPlot* plot)
+void Plot::initZoom()
 {
-    m_magnifier = new MyQwtPlotMagnifier(plot->canvas());
+    m_magnifier = new MyQwtPlotMagnifier(m_plot->canvas());
     m_magnifier->setEnabled(false);
     connect(m_magnifier, &MyQwtPlotMagnifier::rescaled, this, [this] { m_viewHeld = true; });
 
-    m_panner = new QwtPlotPanner(plot->canvas());
+    m_panner = new QwtPlotPanner(m_plot->canvas());
     m_panner->setCursor(Qt::ClosedHandCursor);
     m_panner->setEnabled(false);
     connect(m_panner, &QwtPlotPanner::panned, this, [this] { m_viewHeld = true; });
@@ -226,7 +199,7 @@ bool Plot::addData(int curveNumber, double value, double timeMsSinceEpoch)
 void Plot::clear()
 {
     m_history.clear();
-    // Nothing is left to look at: new samples shall not come in outside a view held for old ones.
+    // A view held for the old samples would not show the new ones.
     m_viewHeld = false;
     restoreAxisScale();
     redrawCurves();
@@ -346,7 +319,7 @@ void Plot::showNewestWindow()
 void Plot::applyAxisSetting(QwtPlot::Axis axis)
 {
     const AxisSetting& setting = m_axisSettings.at(axis);
-    // Of nothing the plot would make a scale of its own, and a wide one.
+    // Without samples, autoscaling picks an arbitrary wide range.
     if (setting.autoScale && !m_history.isEmpty()) {
         m_plot->setAxisAutoScale(axis, true);
     } else {
@@ -403,7 +376,7 @@ void Plot::setLegendVisible(bool visible)
     }
     m_legendVisible = visible;
     if (visible) {
-        initLegend(m_plot.get());
+        initLegend();
     } else {
         m_plot->insertLegend(nullptr);
     }
@@ -411,13 +384,8 @@ void Plot::setLegendVisible(bool visible)
 
 void Plot::plotLegendClick(const QVariant& item, bool on)
 {
-    showPlotCurve(m_plot->infoToItem(item), on);
-}
-
-void Plot::showPlotCurve(QwtPlotItem* item, bool on)
-{
-    if (item != nullptr) {
-        item->setVisible(on);
+    if (QwtPlotItem* curve = m_plot->infoToItem(item)) {
+        curve->setVisible(on);
         updateLegendItems();
         scheduleRedraw();
     }

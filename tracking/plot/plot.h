@@ -15,7 +15,6 @@ class ClockScaleDraw;
 class ClockScaleEngine;
 class HistoryCurve;
 class MyQwtPlotMagnifier;
-class QwtPlotItem;
 class QwtPlotPanner;
 
 /// A rolling time chart of up to ten named curves over one clock axis. It shows the last
@@ -94,16 +93,9 @@ private:
     };
 
     void init();
-    void initVariables();
-    void initAxisScale(QwtPlot* plot);
-    void initScaleDraw(QwtPlot* plot);
-    void initScaleEngine(QwtPlot* plot);
-    void initGrid(QwtPlot* plot);
-    void initLabels(QwtPlot* plot);
-    void initLegend(QwtPlot* plot);
-    void initZoom(QwtPlot* plot);
+    void initLegend();
+    void initZoom();
 
-    void showPlotCurve(QwtPlotItem* item, bool on);
     /// Shows in the legend which curves are visible.
     void updateLegendItems();
     void updateAxisTitle(QwtPlot::Axis axis);

@@ -22,7 +22,7 @@ QwtPlotCanvas* plotappearance::createCanvas()
     QPalette palette = canvas->palette();
     palette.setColor(QPalette::Window, kCanvasColor);
     canvas->setPalette(palette);
-    // The picture changes with nearly every paint: a second copy of it is of no use.
+    // Nearly every paint changes the picture, so a backing store would only cost time.
     canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
     canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
     canvas->setFocusPolicy(Qt::ClickFocus); // for the keys that zoom

@@ -8,7 +8,7 @@ namespace {
 // Pixels. Below it the antialiased line is cheap, and finer than a bar.
 constexpr double kBarHeight = 3.0;
 
-// Bars that are merged at a time: in more of them less is common to all.
+// Bars that are merged at a time. The more there are, the less they all have in common.
 constexpr int kMergedBars = 8;
 
 QRect barOf(const QPointF& top, const QPointF& bottom)

@@ -189,8 +189,8 @@ void HierarchicalHeaderView::setModel(QAbstractItemModel* model)
     }
 }
 
-/// The stretch that the sections cover together. Sections that do not stand side by side have no
-/// common stretch: then it is that of `logicalIndex` alone.
+/// The stretch that the sections cover together; that of `logicalIndex` alone where they do not
+/// stand side by side.
 HierarchicalHeaderView::Span HierarchicalHeaderView::spanOf(int firstSection, int sectionCount,
                                                             int logicalIndex) const
 {
@@ -230,7 +230,7 @@ void HierarchicalHeaderView::paintSection(QPainter* painter, const QRect& rect,
         return;
     }
     const bool horizontal = orientation() == Qt::Horizontal;
-    // While a section is dragged it is painted elsewhere than it stands.
+    // A section that is being dragged is painted away from its place.
     const int shift =
         (horizontal ? rect.left() : rect.top()) - sectionViewportPosition(logicalIndex);
     int offset = 0;
@@ -273,8 +273,8 @@ void HierarchicalHeaderView::paintCell(QPainter* painter, const QModelIndex& cel
         option.rect = QRect(QPoint(0, 0), option.rect.size().transposed());
     }
     const QRect cellRect = option.rect;
-    // In parts: drawn as one control, common styles set a clip of their own, and a section would
-    // paint over its neighbour's part of the cell that both share.
+    // Drawn in parts: for the whole control, common styles set their own clip, and a section would
+    // paint over its neighbour's part of the cell they share.
     style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
     option.rect = style()->subElementRect(QStyle::SE_HeaderLabel, &option, this);
     option.text = option.fontMetrics.elidedText(option.text, Qt::ElideRight, option.rect.width());
@@ -294,7 +294,7 @@ void HierarchicalHeaderView::paintCell(QPainter* painter, const QModelIndex& cel
     painter->restore();
 }
 
-/// What a cell itself brings to its painting and measuring.
+/// The part of the style option that depends on the cell alone.
 QStyleOptionHeader HierarchicalHeaderView::cellOption(const QModelIndex& cell) const
 {
     QStyleOptionHeader option;
@@ -366,7 +366,7 @@ QSize HierarchicalHeaderView::cellSize(const QModelIndex& cell, bool hasArrow) c
     option.sortIndicator = hasArrow ? QStyleOptionHeader::SortDown : QStyleOptionHeader::None;
     const QSize text = option.fontMetrics.size(0, option.text);
     const QSize size = style()->sizeFromContents(QStyle::CT_HeaderSection, &option, text, this);
-    // Styles measure the text by themselves and always lying, so the turn comes after.
+    // Styles measure the text horizontally, so the size is turned afterwards.
     return isUpright(cell) ? size.transposed() : size;
 }
 

@@ -55,7 +55,7 @@ LampLevel earthLevel(int earthCode)
     return levelOf(earthCode, kMajorEarthCodes, kMinorEarthCodes);
 }
 
-/// What the record says of the lamp; only asked for a lamp that the record raises.
+/// The record's text for a lamp that it raises.
 QString condition(Lamp lamp, const QList<QStringList>& dataList)
 {
     using namespace generalinformation;

@@ -38,9 +38,9 @@ private:
     std::array<LampLevel, kLamps.size()> m_levels{};
 };
 
-/// The lamps that one record raises, and how far. Missing rows raise nothing. Codes
-/// that no board should report raise nothing. This is the only place that decides it: the lamps and
-/// the pages that name a lamp's causes must never disagree.
+/// The lamps that one record raises, and how far. Missing rows raise nothing, nor do codes that no
+/// LDB should report. This alone decides it: the lamps and the pages that name their causes must
+/// never disagree.
 LampLevels lampLevels(const QList<QStringList>& dataList);
 
 /// Folds the records of all LDBs into the levels of one polling round.

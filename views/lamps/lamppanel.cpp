@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kHexIdRole = Qt::UserRole;
 
-// Empty for the entry that says that there is none.
+// Empty for the entry "No LDB".
 QString hexIdOf(const QListWidgetItem* item)
 {
     return item->data(kHexIdRole).toString();
@@ -84,7 +84,7 @@ LampPanel::LampPanel(const LampWidgets& a, const LampWidgets& b, const LampWidge
             }
         }
         QListWidget* causes = widgets.causes;
-        // The page is narrow, and the end of a condition's text tells as much as its start.
+        // The page is narrow, and a condition must be readable to its end.
         causes->setWordWrap(true);
         causes->setAlternatingRowColors(true);
         causes->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -134,8 +134,8 @@ void LampPanel::fill(Lamp lamp)
 {
     QListWidget* page = list(lamp);
     const LampCauses::ByHexId& causes = m_causes.of(lamp);
-    // Both are in the order of the addresses, and the empty id of the entry "none" comes before
-    // all: one walk leaves every entry that stays untouched.
+    // Both are in the order of the addresses, after the empty id of the entry "No LDB": one walk
+    // does it, and leaves the entries that stay untouched.
     int row = 0;
     for (auto cause = causes.begin(); cause != causes.end(); ++cause, ++row) {
         while (row < page->count() && hexIdOf(page->item(row)) < cause.key()) {

@@ -51,7 +51,7 @@ public:
     void retranslate();
 
 public slots:
-    /// Takes one LDB's general-information rows. Entries change where they stand: the entry that
+    /// Takes an LDB's record. Entries change where they stand: the entry that
     /// the user is on stays current and selected as long as its LDB raises the lamp.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
     /// Empties the pages, as when the bus is scanned anew; the lamps follow with the next round.

@@ -12,7 +12,7 @@ namespace {
 constexpr int kSlowBlinkPeriod = 500; // ms
 constexpr int kFastBlinkPeriod = 125; // ms
 
-// The rest of the square stays free, so that neighbouring lamps do not touch.
+// Smaller than the picture, so that neighbouring lamps do not touch.
 constexpr QRect kEllipse(0, 0, 16, 16);
 
 } // namespace
@@ -42,7 +42,7 @@ StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, 
     indicator(Lamp::C) = {lampC, amber};
     indicator(Lamp::D) = {lampD, lampimage::draw(lampimage::kOrangered)};
     for (const Indicator& each : m_indicators) {
-        // A label of free size would ask for a new layout of the window at every blink.
+        // Without a fixed size, each blink would cause a new layout of the window.
         each.label->setFixedSize(lampimage::kSize, lampimage::kSize);
         each.label->setPixmap(m_off);
     }
@@ -94,7 +94,7 @@ void StatusIndicators::fastBlink()
 void StatusIndicators::show(const LampLevels& levels)
 {
     for (const Lamp lamp : kLamps) {
-        // These two have one pattern only.
+        // The other two lamps have one pattern only.
         const bool knowsSlow = lamp == Lamp::B || lamp == Lamp::C;
         switch (levels.of(lamp)) {
         case LampLevel::None:
@@ -122,7 +122,7 @@ void StatusIndicators::setBlink(Lamp lamp, Blink blink)
     }
     changing.blink = blink;
     if (blink == Blink::Off) {
-        // The timers pass unlit lamps by.
+        // The timers do not touch unlit lamps.
         changing.label->setPixmap(m_off);
     }
     describe(lamp);

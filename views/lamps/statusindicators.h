@@ -40,7 +40,7 @@ public:
                      QObject* parent = nullptr);
 
 public slots:
-    /// Takes one LDB's general-information rows; the lamps change when a round is complete.
+    /// Takes an LDB's record; the lamps change when a round is complete.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
     /// All lamps off. What the round under way has seen so far is kept, and so is the LDB that
     /// marks the rounds.

@@ -40,7 +40,7 @@ bool isMeasurement(int row)
     return row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
 }
 
-/// Whether the file has a last byte and that ends no line. Moves the position.
+/// Whether the file ends in the middle of a line. Moves the position.
 bool endsWithinLine(QFile& file)
 {
     char last = '\n';
@@ -138,7 +138,7 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
         return;
     }
     if (!m_file.exists()) {
-        // Lines would go on being written, into a file that nobody can open any more.
+        // Writing would succeed, into a file that nobody can open any more.
         fail(tr("The file has been removed."));
         return;
     }

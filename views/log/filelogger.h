@@ -43,8 +43,8 @@ private:
     QVector<int> m_loggedIds;
 };
 
-/// Writes general-information rows into a ";"-separated UTF-8 file: those of the selected LDB or of
-/// all, at most one an LDB and logging period. An existing file is appended to.
+/// Writes records into a ";"-separated UTF-8 file: those of the selected LDB or of all, at most one
+/// an LDB and logging period. An existing file is appended to.
 ///
 /// Every line is handed to the operating system as one write before `processData()` returns, so a
 /// killed program loses at most the line being written. A file that ends within a line, as after a
@@ -66,7 +66,7 @@ public:
     /// Why the last start or write failed, as the system says it.
     QString errorString() const { return m_errorString; }
 
-    // Mode, selected LDB and interval count from the next record on, the name from the next start.
+    // Mode, LDB and interval apply to the next record; the file name to the next log.
     void setMode(int mode) { m_mode = mode; }
     void setSelectedHexId(const QString& hexId) { m_selectedHexId = hexId; }
     void setFileName(const QString& fileName) { m_fileName = fileName; }
@@ -78,7 +78,7 @@ public:
     bool startStop(bool start);
 
 public slots:
-    /// Takes one LDB's general-information rows; ignored while stopped.
+    /// Takes an LDB's record; ignored while stopped.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
 
 signals:

@@ -13,7 +13,7 @@
 
 namespace {
 
-// A record of fewer entries holds nothing to show.
+// A shorter record holds nothing to show.
 constexpr int kMinimumEntries = 2;
 
 } // namespace
@@ -35,8 +35,6 @@ void DeviceDetailTable::setupTable()
     m_baseColour = palette.color(QPalette::Base);
     m_alternateColour = palette.color(QPalette::AlternateBase);
     m_textColour = palette.color(QPalette::Text);
-    setDoubleRowSpan(generalinformation::PrimaryVoltageRow);
-    setDoubleRowSpan(generalinformation::SecondaryVoltageRow);
 
     m_model.setColumnCount(ColumnCount);
     m_view->setModel(&m_model);
@@ -53,20 +51,12 @@ void DeviceDetailTable::setupTable()
     header->hide();
 }
 
-void DeviceDetailTable::setDoubleRowSpan(int rowNumber)
-{
-    m_doubleRows.insert(rowNumber, rowNumber + 1);
-}
-
 QColor DeviceDetailTable::shadeOf(int row) const
 {
-    int switches = 0;
-    for (int above = 0; above < row; ++above) {
-        if (m_doubleRows.value(above) != above + 1) {
-            ++switches;
-        }
-    }
-    return switches % 2 == 0 ? m_baseColour : m_alternateColour;
+    // The second row of a pair has the shade of the first.
+    const int secondRowsAbove = (row > generalinformation::PrimaryVoltageRow ? 1 : 0) +
+                                (row > generalinformation::SecondaryVoltageRow ? 1 : 0);
+    return (row - secondRowsAbove) % 2 == 0 ? m_baseColour : m_alternateColour;
 }
 
 QStandardItem& DeviceDetailTable::cell(int row, Column column)

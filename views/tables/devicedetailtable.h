@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QList>
-#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
@@ -46,7 +45,6 @@ public slots:
 
 private:
     void setupTable();
-    void setDoubleRowSpan(int rowNumber);
     QColor shadeOf(int row) const;
     void showRecord(const QList<QStringList>& dataList);
     QStandardItem& cell(int row, Column column);
@@ -54,7 +52,6 @@ private:
     QString m_currentHexId;
     QStandardItemModel m_model;
     QPointer<QTableView> m_view;
-    QMap<int, int> m_doubleRows; // first row of a pair -> the row below it
     QColor m_baseColour;
     QColor m_alternateColour;
     QColor m_textColour;

@@ -23,7 +23,7 @@ namespace {
 // On the tick cell: the LDB of the row. The id column is no key, as a short record may lack it.
 constexpr int kHexIdRole = Qt::UserRole + 1;
 
-// A record of fewer entries tells nothing but that the LDB is there.
+// A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
 
 // Sort key of a cell. The records carry none, so sorting goes by the shown text.
@@ -48,8 +48,8 @@ bool isTickKey(int key)
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-// What the columns want of the table's width, relative to each other: each single fault and mode of
-// any language, and a ticked name, shows whole on a small screen; sums of faults do not.
+// Relative widths of the columns. On a small screen, every single fault and mode and a ticked name
+// then fit, in every language; sums of faults do not.
 int widthShareOf(int column)
 {
     switch (column) {
@@ -174,8 +174,8 @@ void DeviceOverviewTable::shareWidth(int width, const std::function<int(int colu
     if (shares == 0) {
         return;
     }
-    // Counted from the left edge, so that the rounding leaves no gap at the right; and all worked
-    // out before the first one changes.
+    // Positions are rounded, not widths, so that no gap is left at the right. All are worked out
+    // before the first one changes.
     QMap<int, int> widths;
     for (auto it = sharesBefore.cbegin(); it != sharesBefore.cend(); ++it) {
         const int begin = width * it.value() / shares;
@@ -212,7 +212,7 @@ void DeviceOverviewTable::retranslate()
     addCell(tr("Secondary Port"), secondary);
     addCell(tr("Earth"));
     addCell(tr("Amplifier"));
-    // In one go: the header measures all its cells at each change.
+    // In one change: the header measures all its cells at each.
     m_headerModel.clear();
     m_headerModel.appendRow(cells);
 
@@ -326,7 +326,7 @@ bool DeviceOverviewTable::selectLdb(const QString& hexId)
     return true;
 }
 
-/// The check state is all that is set here: `dataChanged` answers it whoever sets it.
+/// Sets the check state only; `dataChanged` does the rest, whoever sets it.
 void DeviceOverviewTable::tick(int row)
 {
     m_model.item(row, overview::TickColumn)->setCheckState(Qt::Checked);
@@ -422,8 +422,8 @@ void DeviceOverviewTable::loadTableState()
 
 bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
 {
-    // The type comes first: a view that is being destroyed still gets events, but is no view any
-    // more.
+    // The type is checked first: a view that is being destroyed still gets events, but must not be
+    // used.
     if (event->type() == QEvent::KeyPress && watched == m_view) {
         return tickByKey(*static_cast<QKeyEvent*>(event));
     }
