@@ -36,13 +36,13 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent)
+MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
     : QMainWindow(parent)
     , m_ui(makeForm(this))
     , m_status(m_ui->statusBar)
     , m_losses(this)
     , m_portFailures(this)
-    , m_link(std::make_unique<SerialLink>())
+    , m_link(std::make_unique<SerialLink>(ports))
 {
     windowlook::setLogo(m_ui->logoLabel);
     windowlook::makeGrey(m_ui->globalStatusPanel);

@@ -6,6 +6,7 @@
 #include "app/statusbardisplay.h"
 #include "app/windowlayoutstore.h"
 #include "importexport/importexportdevicesettings.h"
+#include "serial/portsource.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -35,7 +36,9 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    explicit MainWindow(QWidget* parent = nullptr);
+    /// `ports`: where the link gets its port from.
+    explicit MainWindow(const PortSource& ports = PortSource::serialPorts(),
+                        QWidget* parent = nullptr);
     /// Ends the serial worker before anything that it could still reach.
     ~MainWindow() override;
 

@@ -95,7 +95,7 @@ void checkScenario(const Scenario& scenario)
 void checkAnswers(BusSimulator& bus, const QString& hexId, qint64 now)
 {
     const ExecuteCommand status(hexId, LdbAction::Status);
-    const Hearing hearing = bus.hear(framecodec::createCommand(status.commandData()), now);
+    const HeardRequest hearing = bus.hear(framecodec::createCommand(status.commandData()), now);
     require(hearing.hexId == hexId, "a request is understood");
     require(!hearing.answer || (!hearing.answer->bytes.isEmpty() && hearing.answer->delay >= 0),
             "an answer is bytes that come after the request");

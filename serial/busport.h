@@ -2,42 +2,40 @@
 
 #include <QByteArray>
 #include <QObject>
-#include <QSerialPort>
 #include <QString>
 
-/// The serial port as the bus needs it: 9600 baud, 8 data bits, no parity, 1 stop bit, no flow
-/// control. Made, used and deleted in the worker thread. Errors that say nothing about the link
-/// (some calls are not supported on some ports) stay inside.
+/// What the processor needs of the line to the bus: bytes in both directions, word of its end, and
+/// the time at which they come. A serial port is one; recorded data, or a line that is there in
+/// virtual time, are others. Made, used and deleted in the processor's thread.
 class BusPort : public QObject
 {
     Q_OBJECT
 public:
-    explicit BusPort(const QString& name, QObject* parent = nullptr);
+    using QObject::QObject;
 
-    /// False when the port cannot be had; `error()` and `errorText()` say why.
-    bool open();
-    /// Closed at once when it fails: an adapter that was pulled out reports its error again and
-    /// again until it is.
-    void close();
+    /// False when the port cannot be had; `error()` and `errorText()` say why. Once.
+    virtual bool open() = 0;
+    virtual void close() = 0;
+    virtual bool isOpen() const = 0;
 
-    /// Hands the frame to the system at once.
-    void write(const QByteArray& frame);
-    QByteArray readAll() { return m_port.readAll(); }
-    /// Looks at once for bytes that the system has not handed over yet; they come by `readyRead`.
-    void fetch();
-    bool isOpen() const { return m_port.isOpen(); }
+    /// Hands the bytes over at once.
+    virtual void write(const QByteArray& bytes) = 0;
+    virtual QByteArray readAll() = 0;
+    /// Looks at once for bytes that have come and were not told of yet; `readyRead` tells of them.
+    virtual void fetch() = 0;
 
-    /// The link itself is broken.
-    bool isBroken() const;
-    QSerialPort::SerialPortError error() const { return m_port.error(); }
-    QString errorText() const { return m_port.errorString(); }
-    QString name() const { return m_name; }
+    /// Monotonic µs. Of all ports of one kind this is the same clock.
+    virtual qint64 now() const = 0;
+    /// ms since 1970 UTC.
+    virtual qint64 wallTime() const = 0;
+
+    /// A `QSerialPort::SerialPortError`.
+    virtual int error() const = 0;
+    virtual QString errorText() const = 0;
 
 signals:
     void readyRead();
+    /// The line is gone; `error()` and `errorText()` say why. May come again until the port is
+    /// closed.
     void broken();
-
-private:
-    QString m_name;
-    QSerialPort m_port;
 };

@@ -14,11 +14,14 @@ constexpr unsigned long kStopWaitMs = 1000;
 
 } // namespace
 
-SerialLink::SerialLink(QObject* parent)
+SerialLink::SerialLink(const PortSource& ports, QObject* parent)
     : QObject(parent)
-    , m_thread(std::make_unique<QThread>())
-    , m_processor(std::make_unique<SerialProcessor>())
+    , m_processor(std::make_unique<SerialProcessor>(ports.make))
 {
+    if (ports.thread == PortSource::Thread::OfLink) {
+        return;
+    }
+    m_thread = std::make_unique<QThread>();
     m_thread->setObjectName(QStringLiteral("serial"));
     m_processor->moveToThread(m_thread.get());
     connect(m_thread.get(), &QThread::started, m_processor.get(), &SerialProcessor::start);
@@ -28,7 +31,7 @@ SerialLink::SerialLink(QObject* parent)
 SerialLink::~SerialLink()
 {
     stop();
-    if (m_thread->isRunning() && !m_thread->wait(kStopWaitMs)) {
+    if (!hasThreadEnded()) {
         // Nothing that the worker can still call may be destroyed: it is left to the system.
         qCritical("The serial worker does not end");
         static_cast<void>(m_processor.release());
@@ -43,7 +46,7 @@ bool SerialLink::isRunning() const
 
 void SerialLink::setPortName(const QString& portName)
 {
-    Q_ASSERT(!m_thread->isRunning());
+    Q_ASSERT(!m_running && (!m_thread || !m_thread->isRunning()));
     m_processor->setPortName(portName);
 }
 
@@ -53,7 +56,7 @@ void SerialLink::start()
     if (m_running) {
         return;
     }
-    if (m_thread->isRunning() && !m_thread->wait(kStopWaitMs)) {
+    if (!hasThreadEnded()) {
         emit portFailed(QString(), 0, tr("The former connection has not ended yet."));
         emit communicationFailed();
         return;
@@ -63,7 +66,11 @@ void SerialLink::start()
     forgetLdbs();
     dropPosted();
     followRun();
-    m_thread->start();
+    if (m_thread) {
+        m_thread->start();
+    } else {
+        postToRun([](SerialProcessor& processor) { processor.start(); });
+    }
     emit started();
 }
 
@@ -76,13 +83,23 @@ void SerialLink::stop()
     m_running = false;
     m_processor->disconnect(this);
     m_polledAlone.clear();
-    m_thread->quit();
-    if (m_thread->wait(kStopWaitMs)) {
+    if (m_thread) {
+        m_thread->quit();
+    } else {
+        m_processor->stop();
+    }
+    if (hasThreadEnded()) {
         dropPosted();
     } else {
         qWarning("The serial worker takes long to end");
     }
     emit stopped();
+}
+
+/// Waits for the worker that has been told to end; whether there is none any more.
+bool SerialLink::hasThreadEnded()
+{
+    return !m_thread || !m_thread->isRunning() || m_thread->wait(kStopWaitMs);
 }
 
 /// Destroys what was posted to a run that has ended before it took it. Only while no thread runs.
@@ -178,12 +195,16 @@ void SerialLink::followRun()
 template <typename Signal, typename Handler>
 void SerialLink::follow(Signal signal, Handler handler)
 {
-    connect(m_processor.get(), signal, this, [this, run = m_run, handler](const auto&... told) {
-        // What was on its way when the run ended still arrives.
-        if (m_running && run == m_run) {
-            (this->*handler)(told...);
-        }
-    });
+    // Queued even within one thread: what is told may stop the run, and the processor with it.
+    connect(
+        m_processor.get(), signal, this,
+        [this, run = m_run, handler](const auto&... told) {
+            // What was on its way when the run ended still arrives.
+            if (m_running && run == m_run) {
+                (this->*handler)(told...);
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void SerialLink::forgetLdbs()

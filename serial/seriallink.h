@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial/ldbstatus.h"
+#include "serial/portsource.h"
 #include "serial/serialcommand.h"
 
 #include <QHash>
@@ -13,9 +14,9 @@
 
 class SerialProcessor;
 
-/// The GUI side of the serial processor: owns it and its worker thread, starts and stops runs,
-/// posts to it, and keeps the GUI's own copy of what its signals told (LDB list, states). GUI
-/// thread only; nothing here reads the processor.
+/// The GUI side of the serial processor: owns it and its thread, starts and stops runs, posts to
+/// it, and keeps the GUI's own copy of what its signals told (LDB list, states). GUI thread only;
+/// nothing here reads the processor.
 ///
 /// Every start is a run of its own. What a stopped run still had to say is dropped here, and what
 /// it had not sent yet is destroyed unsent.
@@ -23,7 +24,8 @@ class SerialLink : public QObject
 {
     Q_OBJECT
 public:
-    explicit SerialLink(QObject* parent = nullptr);
+    explicit SerialLink(const PortSource& ports = PortSource::serialPorts(),
+                        QObject* parent = nullptr);
     /// Ends the worker before the processor is destroyed.
     ~SerialLink() override;
 
@@ -80,6 +82,7 @@ signals:
 private:
     template <typename Task>
     void postToRun(Task task);
+    bool hasThreadEnded();
     void dropPosted();
     void followRun();
     template <typename Signal, typename Handler>
@@ -89,7 +92,7 @@ private:
     void processLoss(const QString& hexId);
     void processStateUpdated(const QString& hexId, LdbState state);
 
-    std::unique_ptr<QThread> m_thread;
+    std::unique_ptr<QThread> m_thread; ///< none if the processor lives in this one
     std::unique_ptr<SerialProcessor> m_processor;
     bool m_running = false;
     int m_run = 0;

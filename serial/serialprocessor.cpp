@@ -7,22 +7,22 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr qint64 kNanosecondsPerMicrosecond = 1000;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 } // namespace
 
-SerialProcessor::SerialProcessor(QObject* parent)
+SerialProcessor::SerialProcessor(PortSource::Make makePort, QObject* parent)
     : QObject(parent)
+    , m_makePort(std::move(makePort))
     , m_tuning(SerialTuning::load())
     , m_conversation(m_tuning.answerWaitTime, m_tuning.disconnectedCount)
 {
     qRegisterMetaType<QList<QStringList>>("QList<QStringList>");
     qRegisterMetaType<LdbState>("LdbState");
-    m_clock.start();
 }
 
 SerialProcessor::~SerialProcessor() = default;
@@ -36,7 +36,7 @@ bool SerialProcessor::start()
     m_timer->setTimerType(Qt::PreciseTimer); // a coarse one strays by more than a byte time
     connect(m_timer.get(), &QTimer::timeout, this, &SerialProcessor::timeout);
 
-    m_port = std::make_unique<BusPort>(m_portName);
+    m_port = m_makePort(m_portName);
     if (!m_port->open()) {
         failPort();
         return true;
@@ -85,8 +85,7 @@ void SerialProcessor::appendCommand(std::unique_ptr<ISerialCommand> command)
 
 Conversation::Moment SerialProcessor::moment() const
 {
-    return {m_clock.nsecsElapsed() / kNanosecondsPerMicrosecond,
-            QDateTime::currentMSecsSinceEpoch()};
+    return {m_port->now(), m_port->wallTime()};
 }
 
 /// Does what the conversation wants after an entrance.
@@ -181,7 +180,7 @@ void SerialProcessor::failPort()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_timer->stop();
-    const QSerialPort::SerialPortError error = m_port->error();
+    const int error = m_port->error();
     const QString description = m_port->errorText();
     m_port->close();
     m_conversation.lineGone();

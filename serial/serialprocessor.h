@@ -5,10 +5,10 @@
 #include "serial/framecodec.h"
 #include "serial/hextext.h"
 #include "serial/ldbstatus.h"
+#include "serial/portsource.h"
 #include "serial/serialcommand.h"
 #include "serial/serialtuning.h"
 
-#include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -17,22 +17,24 @@
 #include <memory>
 #include <unordered_map>
 
-/// Host of the conversation with the bus: owns the serial port, the timer and the queued commands,
-/// hands over what comes, transmits what the conversation wants, and tells its events as signals.
-/// It decides nothing itself.
+/// Host of the conversation with the bus: owns the port, the timer and the queued commands, hands
+/// over what comes, transmits what the conversation wants, and tells its events as signals. It
+/// decides nothing itself.
 ///
-/// Lives in a worker thread. Port and timer are made, used and deleted there, and every member is
-/// touched there only; the one exception is `setPortName`, called while the thread is not running.
+/// Lives in a worker thread, or in its link's own if the ports are made for that. Port and timer
+/// are made, used and deleted there, and every member is touched there only; the one exception is
+/// `setPortName`, called while no run is on.
 /// The rest of the program posts to the slots and listens to the signals (see `SerialLink`).
 class SerialProcessor : public QObject
 {
     Q_OBJECT
 public:
     /// Reads the tuning file of the working directory.
-    explicit SerialProcessor(QObject* parent = nullptr);
+    explicit SerialProcessor(PortSource::Make makePort = PortSource::serialPorts().make,
+                             QObject* parent = nullptr);
     ~SerialProcessor() override;
 
-    /// Only while the worker thread is not running.
+    /// Only while no run is on.
     void setPortName(const QString& portName) { m_portName = portName; }
 
     // The frame format (see `framecodec`, `hextext`).
@@ -117,12 +119,12 @@ private:
     void tell(const event::Stopped&) { emit stopped(); }
     void tell(const event::Diagnostic& diagnostic);
 
+    const PortSource::Make m_makePort;
     const SerialTuning m_tuning;
     Conversation m_conversation;
     QString m_portName;
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;
-    QElapsedTimer m_clock;
     std::unordered_map<quint64, std::unique_ptr<ISerialCommand>> m_commands;
     quint64 m_commandNumber = 0;
 };

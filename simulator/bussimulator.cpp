@@ -16,7 +16,7 @@ quint32 boardSeed(quint32 seed, int address)
 }
 
 /// The request in a frame, and in `hearing` who was asked for what, or why nobody understands it.
-std::optional<BusRequest> parse(const QByteArray& frame, Hearing& hearing)
+std::optional<BusRequest> parse(const QByteArray& frame, HeardRequest& hearing)
 {
     QByteArray body = frame;
     if (!frame.startsWith(framecodec::kSoh) || !framecodec::responseValidation(body)) {
@@ -50,16 +50,16 @@ BusSimulator::BusSimulator(const Scenario& scenario, quint32 seed, qint64 now)
     }
 }
 
-Hearing BusSimulator::read(const QByteArray& frame)
+HeardRequest BusSimulator::read(const QByteArray& frame)
 {
-    Hearing hearing;
+    HeardRequest hearing;
     parse(frame, hearing);
     return hearing;
 }
 
-Hearing BusSimulator::hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent)
+HeardRequest BusSimulator::hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent)
 {
-    Hearing hearing;
+    HeardRequest hearing;
     const auto request = parse(frame, hearing);
     if (!request) {
         return hearing;

@@ -13,7 +13,7 @@
 #include <random>
 
 /// What became of the bytes of one frame from the master.
-struct Hearing
+struct HeardRequest
 {
     int address = 0;                    ///< who was asked; 0 when the frame was not understood
     QString hexId;                      ///< who was asked; empty when the frame was not understood
@@ -30,9 +30,9 @@ public:
 
     /// A frame, SOH to EOT, has arrived at every board. The boards whose address it carries obey
     /// unless they refuse or are absent; a frame with a broken check changes nothing.
-    Hearing hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent = {});
+    HeardRequest hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent = {});
     /// What a frame asks for, whoever hears it.
-    static Hearing read(const QByteArray& frame);
+    static HeardRequest read(const QByteArray& frame);
 
     /// Carries out a command that concerns boards or wires; others do nothing. Gives what is wrong
     /// with it, or nothing.

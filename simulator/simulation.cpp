@@ -193,7 +193,8 @@ void Simulation::requestEnded(const Exchange& exchange)
     if (!m_journal.isOpen()) {
         return;
     }
-    const Hearing hearing = exchange.isHeard ? m_hearing : BusSimulator::read(exchange.request);
+    const HeardRequest hearing =
+        exchange.isHeard ? m_hearing : BusSimulator::read(exchange.request);
     m_journal.write(exchange.endedAt, Journal::Direction::Request, hearing.hexId, exchange.request,
                     hearing.text + harmText(exchange.harms, 0));
 }

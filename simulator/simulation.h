@@ -83,7 +83,7 @@ private:
     std::vector<Event> m_events;
     QTimer m_eventTimer;
     QTimer m_restoreTimer;
-    Hearing m_hearing;           ///< of the request that ends
+    HeardRequest m_hearing;      ///< of the request that ends
     QHash<int, QString> m_notes; ///< by tag, for answers that have not left yet
     int m_nextTag = 1;
 };

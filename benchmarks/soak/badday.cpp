@@ -90,7 +90,7 @@ double BadDay::pacedExchangeMs() const
     int exchanges = 0;
     const auto exchange = [&](const ISerialCommand& request) {
         const QByteArray frame = framecodec::createCommand(request.commandData());
-        const Hearing hearing = bus.hear(frame, 0);
+        const HeardRequest hearing = bus.hear(frame, 0);
         total +=
             (frame.size() + hearing.answer->bytes.size()) * kByteMs + healthy.line.mostTurnaround;
         ++exchanges;

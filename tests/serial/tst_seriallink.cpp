@@ -1,6 +1,6 @@
 #include "serial/seriallink.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/scriptedbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -12,7 +12,7 @@ const QByteArray kReset = "FE0373780001";
 
 } // namespace
 
-/// The link with its worker thread on a scripted bus.
+/// The link in virtual time; its worker thread is tested with the processor's real port.
 class TestSerialLink : public TestCase
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ private slots:
 
 private:
     std::unique_ptr<Sandbox> m_sandbox;
-    std::unique_ptr<ScriptedBus> m_bus;
+    std::unique_ptr<TestBus> m_bus;
     std::unique_ptr<SerialLink> m_link;
 };
 
@@ -40,8 +40,8 @@ void TestSerialLink::init()
 {
     TestCase::init();
     m_sandbox = std::make_unique<Sandbox>();
-    m_bus = std::make_unique<ScriptedBus>(QStringList{"03", "0A"});
-    m_link = std::make_unique<SerialLink>();
+    m_bus = std::make_unique<TestBus>(QStringList{"03", "0A"});
+    m_link = std::make_unique<SerialLink>(m_bus->ports());
     m_link->setPortName(m_bus->portName());
 }
 
@@ -154,7 +154,7 @@ void TestSerialLink::everyCommandEndsOnce()
         if (end == QLatin1String("stop")) {
             m_link->stop();
         } else if (end == QLatin1String("hang up")) {
-            m_bus->hangUp();
+            m_bus->cut();
         } else {
             m_link.reset();
         }
@@ -245,7 +245,7 @@ void TestSerialLink::failedPortStopsCleanly()
     QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
     m_link->start();
     WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
-    m_bus->hangUp();
+    m_bus->cut();
     WAIT_COMPARE(failed.size(), 1);
     QCOMPARE(said.size(), 1);
     m_link->stop();
@@ -253,5 +253,5 @@ void TestSerialLink::failedPortStopsCleanly()
     QVERIFY(!m_link->isRunning());
 }
 
-REGISTER_TEST(TestSerialLink, QCoreApplication)
+REGISTER_TEST(TestSerialLink, InVirtualTime<QCoreApplication>)
 #include "tst_seriallink.moc"

@@ -1,4 +1,4 @@
-#include "tests/simulator/testbus.h"
+#include "tests/simulator/boardsalone.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -75,7 +75,7 @@ void BusSimulatorTest::answers()
 {
     QFETCH(QByteArray, request);
     QFETCH(QByteArray, answer);
-    TestBus bus;
+    BoardsAlone bus;
     QCOMPARE(bus.ask(request), answer);
     QCOMPARE(bus.state(), LdbState::Measuring);
 }
@@ -108,7 +108,7 @@ void BusSimulatorTest::takesOrRefusesAChange()
     QFETCH(QByteArray, indexAndData);
     QFETCH(int, position);
     QFETCH(QByteArray, expected);
-    TestBus bus;
+    BoardsAlone bus;
     QByteArray before = bus.settingsRecord();
     const bool isTaken = !expected.isEmpty();
     QCOMPARE(bus.ask("FE0A7363" + indexAndData), isTaken ? kAck : kNak);
@@ -126,7 +126,7 @@ void BusSimulatorTest::takesOrRefusesAChange()
 
 void BusSimulatorTest::hearsNothingBroken()
 {
-    TestBus bus;
+    BoardsAlone bus;
     const QByteArray before = bus.settingsRecord();
     const QByteArray wrongCheckDigits("\x01"
                                       "FE0A7363141F00\x04");
@@ -138,7 +138,7 @@ void BusSimulatorTest::hearsNothingBroken()
 
 void BusSimulatorTest::obeysBroadcasts()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("silent 0B");
     bus.command("nak C7 changes");
     QCOMPARE(bus.ask("FEFF73780003"), QByteArray());
@@ -181,7 +181,7 @@ void BusSimulatorTest::runsThroughItsStates()
     QFETCH(QString, preparation);
     using Course = QList<QPair<int, int>>;
     QFETCH(Course, course);
-    TestBus bus;
+    BoardsAlone bus;
     bus.now = 5000;
     bus.command(qPrintable(preparation));
     QCOMPARE(bus.ask("FE0A737800" + control), kAck);
@@ -190,7 +190,7 @@ void BusSimulatorTest::runsThroughItsStates()
         QCOMPARE(static_cast<int>(bus.state()), state);
     }
     // However late somebody looks, the states have gone on by themselves.
-    TestBus unwatched;
+    BoardsAlone unwatched;
     unwatched.now = 5000;
     unwatched.command(qPrintable(preparation));
     unwatched.ask("FE0A737800" + control);
@@ -207,7 +207,7 @@ void BusSimulatorTest::refusesWhileBusy()
     };
     // What becomes of a request so many ms after a first one.
     const auto outcome = [&](LdbControl first, int wait, const QByteArray& request) {
-        TestBus bus;
+        BoardsAlone bus;
         bus.ask("FE0A" + control(first));
         bus.now = wait;
         const LdbState state = bus.state();
@@ -231,7 +231,7 @@ void BusSimulatorTest::refusesWhileBusy()
 
 void BusSimulatorTest::leavesServiceModeByAnLdbResetOnly()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.ask("FE0A73780003");
     bus.ask("FE0A73780000");
     bus.now += 60000;
@@ -243,7 +243,7 @@ void BusSimulatorTest::leavesServiceModeByAnLdbResetOnly()
 
 void BusSimulatorTest::startsInServiceModeWhenToldTo()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.ask("FE0A73631408");
     bus.ask("FE0A73780001");
     QCOMPARE(bus.state(), LdbState::Booting);
@@ -257,7 +257,7 @@ void BusSimulatorTest::startsInServiceModeWhenToldTo()
 
 void BusSimulatorTest::factoryResetRestoresTheDefaults()
 {
-    TestBus bus;
+    BoardsAlone bus;
     const QByteArray fresh = bus.settingsRecord();
     for (const char* change : {"141C", "170000", "1601"}) {
         QCOMPARE(bus.ask(QByteArray("FE0A7363") + change), kAck);
@@ -322,7 +322,7 @@ void BusSimulatorTest::reportsFaults()
     QFETCH(int, loop);
     QFETCH(int, earth);
     QFETCH(int, amplifier);
-    TestBus bus;
+    BoardsAlone bus;
     for (const QString& command : commands.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
         if (command.startsWith(QLatin1String("change "))) {
             QCOMPARE(bus.ask("FE0A7363" + command.mid(7).toLatin1()), kAck);
@@ -338,7 +338,7 @@ void BusSimulatorTest::reportsFaults()
 
 void BusSimulatorTest::repairsARunningLoopAtOnce()
 {
-    TestBus bus;
+    BoardsAlone bus;
     const int before = bus.status().primaryCurrent;
     bus.command("open 0A after 0");
     bus.now = 1000;
@@ -359,7 +359,7 @@ void BusSimulatorTest::repairsARunningLoopAtOnce()
 
 void BusSimulatorTest::fencesOffAShortThatAppearsInAStartingLoop()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.ask("FE0A73780001");
     bus.now = 60000; // two FIMs up from either side
     bus.command("short 0A after 1");
@@ -377,7 +377,7 @@ void BusSimulatorTest::fencesOffAShortThatAppearsInAStartingLoop()
 
 void BusSimulatorTest::forgetsOnFimReset()
 {
-    TestBus bus;
+    BoardsAlone bus;
     for (const char* command : {"open 0A memory", "earth-leakage 0A memory", "dc-leakage 0A"}) {
         bus.command(command);
     }
@@ -390,7 +390,7 @@ void BusSimulatorTest::forgetsOnFimReset()
 
 void BusSimulatorTest::complainsOfImpossibleCommands()
 {
-    TestBus bus;
+    BoardsAlone bus;
     QCOMPARE(bus.command("open 0C"), QStringLiteral("no LDB at 0C"));
     QCOMPARE(bus.command("short all after 7"), QStringLiteral("the loop of 0A has only 6 FIMs"));
     QCOMPARE(bus.status().loopState(), LdbLoopState::Ok);
@@ -398,8 +398,8 @@ void BusSimulatorTest::complainsOfImpossibleCommands()
 
 void BusSimulatorTest::movesLikeARealLoop()
 {
-    TestBus bus(7);
-    TestBus twin(7); // chance repeats itself with the same seed
+    BoardsAlone bus(7);
+    BoardsAlone twin(7); // chance repeats itself with the same seed
     QSet<int> voltages;
     int lowest = 100000;
     int highest = 0;

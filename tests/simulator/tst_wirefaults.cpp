@@ -1,4 +1,4 @@
-#include "tests/simulator/testbus.h"
+#include "tests/simulator/boardsalone.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -33,7 +33,7 @@ private slots:
 
 void WireFaultsTest::spoilsWhatIsFramed()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("bad-check 0A");
     const QByteArray spoiled = bus.ask(kStatus);
     QCOMPARE(spoiled.size(), 54);
@@ -54,7 +54,7 @@ void WireFaultsTest::refuses()
                                                                 {"flags", "FE0A73631401"},
                                                                 {"delay", "FE0A7363170100"},
                                                                 {"store", "FE0A737806"}};
-        TestBus bus;
+        BoardsAlone bus;
         bus.command(command);
         QStringList names;
         for (const auto& [name, request] : requests) {
@@ -72,7 +72,7 @@ void WireFaultsTest::refuses()
 
 void WireFaultsTest::refusalsChangeNothing()
 {
-    TestBus bus;
+    BoardsAlone bus;
     const QByteArray before = bus.settingsRecord();
     bus.command("nak 0A changes");
     QCOMPARE(bus.ask("FE0A73631400"), kNak);
@@ -87,7 +87,7 @@ void WireFaultsTest::refusalsChangeNothing()
 
 void WireFaultsTest::answersLate()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("late 0A 500 times 1");
     const auto late = bus.hear("FE0A73780003").answer;
     QVERIFY(late && late->delay == 500);
@@ -99,7 +99,7 @@ void WireFaultsTest::answersLate()
 
 void WireFaultsTest::makesNoise()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("noise 0A");
     for (int i = 0; i < 100; ++i) {
         const QByteArray answer = bus.ask(kStatus);
@@ -115,7 +115,7 @@ void WireFaultsTest::makesNoise()
 
 void WireFaultsTest::sendsFragments()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("fragments 0A");
     const auto status = bus.hear(kStatus).answer;
     QVERIFY(status && isValid(status->bytes));
@@ -128,7 +128,7 @@ void WireFaultsTest::sendsFragments()
 void WireFaultsTest::lastsForANumberOfAnswers()
 {
     for (const char* command : {"bad-check 0A times 2", "nak 0A times 2", "silent 0A on times 2"}) {
-        TestBus bus;
+        BoardsAlone bus;
         QCOMPARE(bus.command(command), QString());
         QVERIFY2(!isValid(bus.ask(kStatus)), command);
         QVERIFY2(!isValid(bus.ask(kStatus)), command);
@@ -139,7 +139,7 @@ void WireFaultsTest::lastsForANumberOfAnswers()
 
 void WireFaultsTest::vanishesAndAppears()
 {
-    TestBus bus;
+    BoardsAlone bus;
     bus.command("vanish 0A");
     QCOMPARE(bus.ask(kPoll), QByteArray());
     bus.ask("FEFF73780003");

@@ -1,5 +1,7 @@
 #include "tests/support/testcase.h"
 
+#include "tests/support/virtualtime.h"
+
 #include <QDeadlineTimer>
 #include <QMutex>
 #include <QMutexLocker>
@@ -93,6 +95,9 @@ bool ExpectWarning::matches(const QString& message)
 
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
 {
+    if (auto* time = qobject_cast<VirtualTime*>(QAbstractEventDispatcher::instance())) {
+        return time->advanceUntil(condition, timeoutMs);
+    }
     const QDeadlineTimer deadline(timeoutMs);
     QTimer wakeUp; // the condition may come true without an event in this thread
     constexpr int kLookEveryMs = 10;

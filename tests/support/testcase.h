@@ -42,8 +42,9 @@ private:
 };
 
 /// Runs the event loop until `condition` holds or the time is up; whether it held. Qt Test's own
-/// waiting sleeps between looks, which makes a conversation over a line take seconds.
-bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 30000);
+/// waiting sleeps between looks, which makes a conversation over a line take seconds. In virtual
+/// time the limit, too, is virtual: by default a scan and a few rounds of a small bus.
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 100000);
 
 /// The columns of a data table: addColumns<int, QString>("port", "text").
 template <typename... Types, typename... Names>

@@ -23,11 +23,36 @@ VirtualTime* VirtualTime::current()
 void VirtualTime::advance(qint64 milliseconds)
 {
     const qint64 end = m_now + milliseconds;
-    QCoreApplication::sendPostedEvents();
+    sendPosted();
     while (fireNext(end)) {
-        QCoreApplication::sendPostedEvents();
+        sendPosted();
     }
     m_now = end;
+}
+
+bool VirtualTime::advanceUntil(const std::function<bool()>& condition, qint64 milliseconds)
+{
+    const qint64 end = m_now + milliseconds;
+    while (!condition()) {
+        sendPosted();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (condition()) {
+            break;
+        }
+        if (!fireNext(end)) {
+            m_now = end;
+            return false;
+        }
+    }
+    return true;
+}
+
+void VirtualTime::sendPosted()
+{
+    do {
+        m_isPosted = false;
+        QCoreApplication::sendPostedEvents();
+    } while (m_isPosted);
 }
 
 bool VirtualTime::fireNext(qint64 limit)
@@ -49,7 +74,7 @@ bool VirtualTime::fireNext(qint64 limit)
 bool VirtualTime::processEvents(QEventLoop::ProcessEventsFlags flags)
 {
     emit awake();
-    QCoreApplication::sendPostedEvents();
+    sendPosted();
     const bool fired = fireNext(m_now);
     if (!fired && (flags & QEventLoop::WaitForMoreEvents) != 0) {
         // A nested event loop waits: the only thing that can come is the next timer.

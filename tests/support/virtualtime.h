@@ -3,6 +3,9 @@
 #include <QAbstractEventDispatcher>
 #include <QList>
 
+#include <atomic>
+#include <functional>
+
 /// An event dispatcher in which time passes only when a test lets it: `advance()` runs the timers
 /// due on the way, in order, at once. Installed on the thread before the application object is
 /// made:
@@ -20,7 +23,14 @@ public:
     /// Lets `milliseconds` pass: every timer due by then (that very moment included) fires, each
     /// followed by the posted events it caused.
     void advance(qint64 milliseconds);
+    /// Lets time pass until the condition holds, at most so many milliseconds; whether it held.
+    /// Looks behind every timer and event.
+    bool advanceUntil(const std::function<bool()>& condition, qint64 milliseconds);
+    /// ms since it was installed.
     qint64 now() const { return m_now; }
+
+    /// The time of day at which it was installed, for whatever shows one; ms since 1970 UTC.
+    static constexpr qint64 kWallStart = 1700000000000;
 
     bool processEvents(QEventLoop::ProcessEventsFlags flags) override;
     bool hasPendingEvents() override;
@@ -32,7 +42,7 @@ public:
     bool unregisterTimers(QObject* object) override;
     QList<TimerInfo> registeredTimers(QObject* object) const override;
     int remainingTime(int timerId) override;
-    void wakeUp() override {}
+    void wakeUp() override { m_isPosted = true; }
     void interrupt() override {}
     void flush() override {}
 
@@ -47,10 +57,13 @@ private:
     };
     /// Fires the earliest timer due at or before `limit`; false when there is none.
     bool fireNext(qint64 limit);
+    /// With those that they post themselves.
+    void sendPosted();
     /// Whether there was one.
     template <typename Predicate>
     bool removeTimers(Predicate isMeant);
 
     QList<Timer> m_timers;
     qint64 m_now = 0;
+    std::atomic<bool> m_isPosted = false;
 };

@@ -1,8 +1,11 @@
-#include "serial/busport.h"
+#include "serial/serialbusport.h"
 
-BusPort::BusPort(const QString& name, QObject* parent)
-    : QObject(parent)
-    , m_name(name)
+#include <QDateTime>
+
+#include <chrono>
+
+SerialBusPort::SerialBusPort(const QString& name, QObject* parent)
+    : BusPort(parent)
 {
     m_port.setPortName(name);
     m_port.setBaudRate(QSerialPort::Baud9600);
@@ -12,13 +15,13 @@ BusPort::BusPort(const QString& name, QObject* parent)
     m_port.setFlowControl(QSerialPort::NoFlowControl);
 }
 
-bool BusPort::open()
+bool SerialBusPort::open()
 {
     if (!m_port.open(QIODevice::ReadWrite)) {
         return false;
     }
     m_port.clear(QSerialPort::Input); // what came before the run
-    connect(&m_port, &QSerialPort::readyRead, this, &BusPort::readyRead);
+    connect(&m_port, &QSerialPort::readyRead, this, &SerialBusPort::readyRead);
     connect(&m_port, &QSerialPort::errorOccurred, this, [this] {
         if (isBroken()) {
             emit broken();
@@ -27,7 +30,7 @@ bool BusPort::open()
     return true;
 }
 
-void BusPort::close()
+void SerialBusPort::close()
 {
     m_port.disconnect(this);
     if (m_port.isOpen()) {
@@ -35,20 +38,31 @@ void BusPort::close()
     }
 }
 
-void BusPort::write(const QByteArray& frame)
+void SerialBusPort::write(const QByteArray& bytes)
 {
-    m_port.write(frame);
+    m_port.write(bytes);
     m_port.flush(); // else it would wait for the next turn of the event loop
 }
 
-void BusPort::fetch()
+void SerialBusPort::fetch()
 {
     if (m_port.isOpen()) {
         m_port.waitForReadyRead(0);
     }
 }
 
-bool BusPort::isBroken() const
+qint64 SerialBusPort::now() const
+{
+    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::microseconds>(sinceStart).count();
+}
+
+qint64 SerialBusPort::wallTime() const
+{
+    return QDateTime::currentMSecsSinceEpoch();
+}
+
+bool SerialBusPort::isBroken() const
 {
     switch (m_port.error()) {
     case QSerialPort::NoError:

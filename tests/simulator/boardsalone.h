@@ -9,10 +9,10 @@
 
 /// A simulated bus with three boards (0A, 0B and C7) and a clock that stands still unless a test
 /// moves it.
-class TestBus
+class BoardsAlone
 {
 public:
-    explicit TestBus(quint32 seed = 1)
+    explicit BoardsAlone(quint32 seed = 1)
         : m_bus(scenario(), seed, 0)
     {
     }
@@ -28,16 +28,16 @@ public:
         return reading.scenario.value_or(Scenario());
     }
 
-    Hearing hear(const QByteArray& body)
+    HeardRequest hear(const QByteArray& body)
     {
         return m_bus.hear(framecodec::createCommand(body), now);
     }
-    Hearing hearRaw(const QByteArray& frame) { return m_bus.hear(frame, now); }
+    HeardRequest hearRaw(const QByteArray& frame) { return m_bus.hear(frame, now); }
 
     /// The bytes of the answer; empty for silence.
     QByteArray ask(const QByteArray& body)
     {
-        const Hearing hearing = hear(body);
+        const HeardRequest hearing = hear(body);
         return hearing.answer ? hearing.answer->bytes : QByteArray();
     }
 

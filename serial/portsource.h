@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class BusPort;
+
+/// Where a link gets its ports from, and which thread works with them.
+struct PortSource
+{
+    /// Makes the port of a name, not open yet. Called in the thread that works with it, once a run.
+    using Make = std::function<std::unique_ptr<BusPort>(const QString& portName)>;
+    enum class Thread
+    {
+        Worker, ///< one that the link starts for each run
+        OfLink  ///< for ports that never wait and cost little: nothing passes between threads
+    };
+
+    Make make;
+    Thread thread = Thread::Worker;
+
+    /// The system's serial ports.
+    static PortSource serialPorts();
+};

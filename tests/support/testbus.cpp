@@ -1,0 +1,324 @@
+#include "tests/support/testbus.h"
+
+#include "serial/busaddress.h"
+#include "serial/busport.h"
+#include "serial/framecodec.h"
+#include "serial/seriallink.h"
+#include "tests/support/testcase.h"
+#include "tests/support/virtualtime.h"
+
+#include <QSerialPort>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+/// Bytes that arrive together before an answer's end, as from a port with a buffer.
+constexpr int kTogether = 8;
+constexpr int kTargetPosition = 2;
+constexpr int kCodePosition = 4;
+constexpr int kNameDigits = 32;
+constexpr qint64 kDay = 86400000; // ms
+constexpr int kFims = 20;
+
+Scenario installation()
+{
+    Scenario scenario;
+    scenario.timing.measuring = 1;
+    scenario.timing.quiescent = kDay;
+    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
+        ScenarioLdb ldb;
+        ldb.spec.address = address;
+        ldb.spec.firmware = "LDB 1.07";
+        ldb.spec.fims = kFims;
+        ldb.spec.settings.name = "LDB " + busaddress::toHexId(address).toLatin1();
+        ldb.spec.settings.flags = GeneralFaultOutputFlag | EarthLeakageDetectionFlag;
+        ldb.spec.settings.numberOfFims = kFims;
+        scenario.ldbs.push_back(ldb);
+    }
+    return scenario;
+}
+
+QByteArray bodyOf(QByteArray frame)
+{
+    return framecodec::responseValidation(frame) ? frame : QByteArray();
+}
+
+/// ms; a bus that is hosted in real time begins with nothing.
+qint64 now()
+{
+    const auto* time = qobject_cast<VirtualTime*>(QAbstractEventDispatcher::instance());
+    return time ? time->now() : 0;
+}
+
+/// Whether the polling sends this after `previous`; it asks for the firmware id behind the name.
+bool isPolling(const QByteArray& body, const QByteArray& previous)
+{
+    const QByteArray request = body.mid(kCodePosition);
+    return request == "70" || request == "737803" || request == "737202" ||
+           (request == "737804" && previous.mid(kCodePosition) == "737202");
+}
+
+} // namespace
+
+/// A port on the bus in virtual time. Timers there count milliseconds and the line microseconds, so
+/// at each millisecond the port goes through what was due since the last one, and its clock with
+/// it: each arrival is told at its own microsecond, and what the processor then transmits leaves at
+/// that.
+class TestBus::Port : public BusPort
+{
+public:
+    Port(TestBus* bus, const QString& name)
+        : m_bus(bus)
+        , m_isThere(name == bus->m_portName && !bus->m_isCut)
+        , m_time(VirtualTime::current())
+    {
+        m_timer.setSingleShot(true);
+        m_timer.setTimerType(Qt::PreciseTimer);
+        connect(&m_timer, &QTimer::timeout, this, &Port::fetch);
+    }
+    ~Port() override { close(); }
+
+    bool open() override
+    {
+        m_isOpen = m_isThere && !m_bus->m_port;
+        if (m_isOpen) {
+            m_bus->m_port = this;
+            m_bus->m_line.takeArrived(now()); // what came before the run
+            schedule();
+        }
+        return m_isOpen;
+    }
+    void close() override
+    {
+        m_timer.stop();
+        if (m_isOpen) {
+            m_bus->m_port = nullptr;
+        }
+        m_isOpen = false;
+    }
+    bool isOpen() const override { return m_isOpen; }
+
+    void write(const QByteArray& bytes) override
+    {
+        m_now = now();
+        m_bus->m_line.transmit(bytes, m_now);
+        schedule();
+    }
+    QByteArray readAll() override { return std::exchange(m_received, {}); }
+    void fetch() override
+    {
+        if (m_isFetching) {
+            return;
+        }
+        m_isFetching = true;
+        const qint64 end = m_time->now() * kMicrosecondsPerMillisecond;
+        Line& line = m_bus->m_line;
+        while (m_isOpen && line.nextArrival(kTogether) <= end) {
+            m_now = std::max(m_now, line.nextArrival(kTogether));
+            const QByteArray bytes = line.takeArrived(m_now);
+            if (!bytes.isEmpty() && !m_bus->m_isCut) {
+                m_received += bytes;
+                emit readyRead();
+            }
+        }
+        m_isFetching = false;
+        schedule();
+    }
+
+    qint64 now() const override
+    {
+        return m_isFetching ? m_now : m_time->now() * kMicrosecondsPerMillisecond;
+    }
+    qint64 wallTime() const override
+    {
+        return VirtualTime::kWallStart + now() / kMicrosecondsPerMillisecond;
+    }
+    int error() const override
+    {
+        return m_isThere ? QSerialPort::ResourceError : QSerialPort::DeviceNotFoundError;
+    }
+    QString errorText() const override
+    {
+        return m_isThere ? QStringLiteral("The line is cut") : QStringLiteral("There is no port");
+    }
+
+    void breakDown()
+    {
+        if (m_isOpen) {
+            emit broken();
+        }
+    }
+
+private:
+    void schedule()
+    {
+        const qint64 next = m_isOpen ? m_bus->m_line.nextArrival(kTogether) : Line::kNever;
+        if (m_isFetching || next == Line::kNever) {
+            return;
+        }
+        const qint64 due = (next + kMicrosecondsPerMillisecond - 1) / kMicrosecondsPerMillisecond;
+        const qint64 longest = kDay;
+        m_timer.start(static_cast<int>(std::clamp<qint64>(due - m_time->now(), 0, longest)));
+    }
+
+    TestBus* m_bus;
+    bool m_isThere;
+    VirtualTime* m_time;
+    QTimer m_timer;
+    bool m_isOpen = false;
+    bool m_isFetching = false;
+    qint64 m_now = 0;
+    QByteArray m_received;
+};
+
+TestBus::TestBus(const QStringList& presentHexIds)
+    : m_boards(installation(), 1, now())
+    , m_line(LineOptions(), {}, *this)
+{
+    setPresent(presentHexIds);
+}
+
+PortSource TestBus::ports()
+{
+    return {[this](const QString& portName) { return std::make_unique<Port>(this, portName); },
+            PortSource::Thread::OfLink};
+}
+
+void TestBus::cut()
+{
+    m_isCut = true;
+    if (m_port) {
+        // Not at once: it may be the line that is telling of a request.
+        QMetaObject::invokeMethod(
+            m_port, [port = m_port] { port->breakDown(); }, Qt::QueuedConnection);
+    }
+}
+
+void TestBus::restore()
+{
+    m_isCut = false;
+    m_line.reset();
+}
+
+void TestBus::answerTo(const QString& hexId, const QByteArray& request, const QByteArray& answer)
+{
+    const QByteArray start = "FE" + hexId.toLatin1() + request;
+    setScript([=](const QByteArray& body) -> std::optional<QByteArray> {
+        const bool isMeant = m_isCommand && body.startsWith(start);
+        return isMeant ? std::make_optional(answer) : std::nullopt;
+    });
+}
+
+void TestBus::setPresent(const QStringList& hexIds)
+{
+    m_absent.set();
+    for (const QString& hexId : hexIds) {
+        m_absent.reset(static_cast<std::size_t>(hexId.toInt(nullptr, 16)));
+    }
+}
+
+QByteArray TestBus::settingsOf(const QString& hexId)
+{
+    const QByteArray request = framed("FE" + hexId.toLatin1() + "737201");
+    return bodyOf(m_boards.hear(request, now()).answer->bytes);
+}
+
+void TestBus::change(const QString& hexId, const QByteArray& index, const QByteArray& value)
+{
+    m_boards.hear(framed("FE" + hexId.toLatin1() + "7363" + index + value), now());
+}
+
+void TestBus::reset()
+{
+    m_script = nullptr;
+    m_boards = BusSimulator(installation(), 1, now());
+    clearRequests();
+}
+
+QList<QByteArray> TestBus::writes() const
+{
+    QList<QByteArray> result;
+    for (const QByteArray& body : m_commands) {
+        const QByteArray request = body.mid(kCodePosition);
+        if (request.startsWith("7363") || request == "737806") {
+            result.append(body);
+        }
+    }
+    return result;
+}
+
+void TestBus::clearRequests()
+{
+    m_requests.clear();
+    m_commands.clear();
+}
+
+bool TestBus::scan(SerialLink& link)
+{
+    bool hasEnded = false;
+    QObject context;
+    QObject::connect(&link, &SerialLink::ldbListInitializationStateChange, &context,
+                     [&hasEnded](bool isRunning) { hasEnded = !isRunning; });
+    link.setPortName(m_portName);
+    link.start();
+    const auto isPresent = [this](const QString& hexId) {
+        return !m_absent.test(static_cast<std::size_t>(hexId.toInt(nullptr, 16)));
+    };
+    const QStringList& found = link.knownLdbs();
+    return waitUntil([&hasEnded] { return hasEnded; }) &&
+           m_absent.size() - m_absent.count() ==
+               static_cast<std::size_t>(link.knownLdbs().size()) &&
+           std::all_of(found.begin(), found.end(), isPresent);
+}
+
+QByteArray TestBus::framed(const QByteArray& body)
+{
+    return framecodec::createCommand(body);
+}
+
+QByteArray TestBus::status(int state)
+{
+    // Low byte first.
+    return "0000000000" + QByteArray::number(state, 16).toUpper().rightJustified(2, '0') +
+           "00000000000000C05D0000C05D0000D2049CFF";
+}
+
+QByteArray TestBus::record(const QString& hexId)
+{
+    const QByteArray name = "LDB " + hexId.toLatin1();
+    return hexId.toLatin1() + "000000" + "03" + "00" + "00" + "0A00" +
+           name.toHex().toUpper().leftJustified(kNameDigits, '0') + "00" + "1400";
+}
+
+std::vector<BoardAnswer> TestBus::hear(const QByteArray& frame, qint64 at,
+                                       const AbsentBoards& absent)
+{
+    const QByteArray body = bodyOf(frame);
+    note(body);
+    BoardAnswer answer;
+    answer.board = body.mid(kTargetPosition, 2).toInt(nullptr, 16);
+    if (const auto scripted = m_script ? m_script(body) : std::nullopt) {
+        answer.bytes = *scripted;
+        return answer.bytes.isEmpty() ? std::vector<BoardAnswer>() : std::vector{answer};
+    }
+    const auto heard =
+        m_boards.hear(frame, at / kMicrosecondsPerMillisecond, absent | m_absent).answer;
+    if (!heard) {
+        return {};
+    }
+    answer.bytes = heard->bytes;
+    return {answer};
+}
+
+void TestBus::note(const QByteArray& body)
+{
+    m_isCommand = !isPolling(body, m_requests.isEmpty() ? QByteArray() : m_requests.constLast());
+    m_requests.append(body);
+    if (m_isCommand) {
+        m_commands.append(body);
+    }
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "serial/portsource.h"
+#include "simulator/bussimulator.h"
+#include "simulator/line/line.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+class SerialLink;
+
+/// The bus of the tests: the simulator's boards on the simulator's line at its real pace, and a
+/// script before them that can answer in their place. Its ports live in virtual time, in which the
+/// half minute of a scan takes milliseconds. Outlives every link on it.
+///
+/// A board is called "LDB <hex id>", has the firmware id "LDB 1.07" and 20 FIMs, the delay of 10,
+/// general fault output and earth leakage detection on, and is quiescent unless something happens.
+class TestBus : public Boards
+{
+public:
+    /// Gets a request's body and gives the raw bytes to answer (empty: silence), or nothing to let
+    /// the boards answer.
+    using Script = std::function<std::optional<QByteArray>(const QByteArray& body)>;
+
+    explicit TestBus(const QStringList& presentHexIds);
+
+    /// For links in virtual time. Other port names than the one in force are of no port.
+    PortSource ports();
+    QString portName() const { return m_portName; }
+    void setPortName(const QString& name) { m_portName = name; }
+    /// The line is gone, at the next event, with all that is on it, until it is restored.
+    void cut();
+    void restore();
+    Line& line() { return m_line; }
+
+    /// Asked before the boards, for every request.
+    void setScript(Script script) { m_script = std::move(script); }
+    /// A script that answers so to whatever begins so and is asked of this LDB, except by the
+    /// polling.
+    void answerTo(const QString& hexId, const QByteArray& request, const QByteArray& answer);
+    /// Those absent are silent. Their settings stay.
+    void setPresent(const QStringList& hexIds);
+
+    /// The settings record of an LDB.
+    QByteArray settingsOf(const QString& hexId);
+    /// Lets an LDB change a parameter without a request on the line.
+    void change(const QString& hexId, const QByteArray& index, const QByteArray& value);
+    /// As new: no script, no requests, the first settings.
+    void reset();
+
+    /// Bodies of all requests that were heard so far, in order, repeats included.
+    const QList<QByteArray>& requests() const { return m_requests; }
+    /// Those that the polling did not send.
+    const QList<QByteArray>& commands() const { return m_commands; }
+    /// Those of the commands that change or store something.
+    QList<QByteArray> writes() const;
+    void clearRequests();
+
+    /// Starts a link made with `ports()`, and lets it scan; whether it found those present.
+    bool scan(SerialLink& link);
+
+    /// `body` as a whole frame.
+    static QByteArray framed(const QByteArray& body);
+    /// A status body: the state given, 24.000 V at both ends, 12.34 and -1.00 mA, no fault.
+    static QByteArray status(int state = 10);
+    /// The settings record that the board has at first.
+    static QByteArray record(const QString& hexId);
+
+    std::vector<BoardAnswer> hear(const QByteArray& frame, qint64 at,
+                                  const AbsentBoards& absent) override;
+
+private:
+    class Port;
+
+    void note(const QByteArray& body);
+
+    QString m_portName = QStringLiteral("test bus");
+    BusSimulator m_boards;
+    AbsentBoards m_absent;
+    Line m_line;
+    Port* m_port = nullptr; ///< the one that is open
+    bool m_isCut = false;
+    bool m_isCommand = false; ///< the last request
+    Script m_script;
+    QList<QByteArray> m_requests;
+    QList<QByteArray> m_commands;
+};
