@@ -41,26 +41,24 @@ FAULTS = [
           "if (body.size() != kStatusAnswerLength) {", "if (body.size() < kStatusAnswerLength) {",
           "tests_serial", "ldbstatus"),
     # The conversation.
-    Fault("off by one in the misses", "serialprocessor.cpp",
-          "if (misses <= m_tuning.disconnectedCount) {", "if (misses < m_tuning.disconnectedCount) {",
-          "tests_serial", "serialprocessor"),
-    Fault("a lost repetition of a command", "serialprocessor.cpp",
+    Fault("off by one in the misses", "conversation.cpp",
+          "if (misses > m_forgivenMisses) {", "if (misses >= m_forgivenMisses) {",
+          "tests_serial", "conversation serialprocessor"),
+    Fault("a lost repetition of a command", "inquiry.cpp",
           "constexpr int kCommandTransmissions = 3;", "constexpr int kCommandTransmissions = 2;",
-          "tests_serial", "serialprocessor"),
+          "tests_serial", "conversation serialprocessor"),
     Fault("a scan that stops one address early", "busscan.h",
-          "if (m_address >= busaddress::kLast) {", "if (m_address >= busaddress::kLast - 1) {",
-          "tests_serial", "serialprocessor"),
+          "m_isRunning = m_address < busaddress::kLast;",
+          "m_isRunning = m_address < busaddress::kLast - 1;",
+          "tests_serial", "conversation serialprocessor"),
     # Settings.
-    Fault("settings written in another order", "ldbsettingscommands.h",
-          "LdbParameter::Name, LdbParameter::Flags, LdbParameter::OpenDetectionDelay,",
-          "LdbParameter::Flags, LdbParameter::Name, LdbParameter::OpenDetectionDelay,",
-          "tests_app tests_importexport tests_serial",
-          "ldbsettings serialcommand ldbsettingssaving importexport"),
-    Fault("settings not stored", "ldbsettingscommands.cpp",
-          "    commands.push_back("
-          "std::make_unique<ExecuteCommand>(hexId, LdbAction::StoreSettings));\n", "",
-          "tests_app tests_importexport tests_serial",
-          "ldbsettings serialcommand ldbsettingssaving importexport"),
+    Fault("settings written in another order", "settingswriter.cpp",
+          "    LdbParameter::Name, LdbParameter::Flags, LdbParameter::OpenDetectionDelay,",
+          "    LdbParameter::Flags, LdbParameter::Name, LdbParameter::OpenDetectionDelay,",
+          "tests_app tests_importexport", "ldbsettingssaving importexport"),
+    Fault("settings not stored", "settingswriter.cpp",
+          "LdbAction::StoreSettings", "LdbAction::FirmwareId",
+          "tests_app tests_importexport", "ldbsettingssaving importexport"),
     Fault("an export that drops a column", "settingscsv.cpp",
           "flagText(record.startInServiceMode), ", "",
           "tests_importexport", "devicesettingsfile importexport"),
@@ -77,10 +75,10 @@ FAULTS = [
     Fault("a last log line that stays in the program", "filelogger.cpp",
           "QIODevice::ReadWrite | QIODevice::Unbuffered", "QIODevice::ReadWrite",
           "tests_views", "filelogger"),
-    Fault("a colour rule inverted", "cellcolourrules.cpp",
+    Fault("a colour rule inverted", "cellcolours.cpp",
           "return value <= threshold;", "return value >= threshold;",
           "tests_views", "cellcolourrules"),
-    Fault("a lamp that forgets an LDB", "lamplevels.cpp",
+    Fault("a lamp that forgets an LDB", "lampcondition.cpp",
           "    m_levels.raise(lampLevels(dataList));\n    if (hexId", 
           "    m_levels = lampLevels(dataList);\n    if (hexId",
           "tests_views", "lamplevels statusindicators"),
@@ -88,15 +86,15 @@ FAULTS = [
           "userSettings().setValue(constants::kOverviewTableStateKey, header()->saveState());", "",
           "tests_views", "deviceoverviewtable"),
     # The fault finding.
-    Fault("a counting threshold that is off", "trackingthresholds.h",
+    Fault("a counting threshold that is off", "fimcounter.h",
           "fimStartup{11, 11}", "fimStartup{11, 12}",
           "tests_tracking", "fimcounter trackingrun fimtracking"),
     Fault("the sides' results swapped", "fimcounter.cpp",
-          "trackingresult::loopResult(m_sides.primary.sideResult, m_sides.secondary.sideResult)",
-          "trackingresult::loopResult(m_sides.secondary.sideResult, m_sides.primary.sideResult)",
+          "loopResult(m_sides.primary.sideResult, m_sides.secondary.sideResult)",
+          "loopResult(m_sides.secondary.sideResult, m_sides.primary.sideResult)",
           "tests_tracking", "fimcounter trackingrun fimtracking"),
     Fault("no mute after the factory reset", "trackingrun.cpp",
-          "    emit commandDue(TrackedLdb::Command::MuteAudio);\n", "",
+          "    emit commandDue(TrackingCommand::MuteAudio);\n", "",
           "tests_tracking", "trackingrun fimtracking"),
 ]
 
@@ -165,8 +163,12 @@ def main():
         faulty_text(fault)
     programs = sorted({program for fault in faults for program in fault.program.split()})
     tests = sorted({test for fault in faults for test in fault.tests.split()})
-    if build(options.build, programs).returncode != 0 or failing_tests(options.build, tests):
-        fail("The tests fail without a fault.")
+    if build(options.build, programs).returncode != 0:
+        fail("The tests do not compile.")
+    # What fails anyway catches nothing.
+    broken = failing_tests(options.build, tests)
+    if broken:
+        print(f"Fail without a fault, and do not count: {', '.join(broken)}", flush=True)
 
     caught = 0
     for fault in faults:
@@ -176,14 +178,15 @@ def main():
             if built.returncode != 0:
                 print(built.stdout)
                 fail(f"{fault.name}: does not compile")
-            failing = failing_tests(options.build, fault.tests.split())
+            failing = [test for test in failing_tests(options.build, fault.tests.split())
+                       if test not in broken]
         caught += bool(failing)
         print(f"{'caught    ' if failing else 'NOT CAUGHT'}  {fault.name}: "
               f"{', '.join(failing) if failing else fault.tests}"
               f"  ({time.monotonic() - begin:.0f} s)", flush=True)
     build(options.build, programs)
     print(f"{caught} of {len(faults)} faults caught")
-    sys.exit(0 if caught == len(faults) else 1)
+    sys.exit(2 if broken else 0 if caught == len(faults) else 1)
 
 
 if __name__ == "__main__":
