@@ -26,13 +26,9 @@ public:
     void pressStart();
     void pressStop();
     bool isRunning() const;
-    /// Waits until the scan of the run that was started has come to this address.
-    void awaitScanAt(int address);
-    /// Waits until it is over.
+    /// Waits until the scan of the run that was started is over.
     void awaitScan();
 
-    /// Waits for the box about the failed line and presses its OK button.
-    void confirmFailure();
     /// Closes the box about lost LDBs, where there is one. Whether there was.
     bool closeLossBox();
 

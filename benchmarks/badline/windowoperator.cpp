@@ -1,4 +1,4 @@
-#include "benchmarks/soak/windowoperator.h"
+#include "benchmarks/badline/windowoperator.h"
 
 #include "app/mainwindow.h"
 #include "app/messagebox.h"
@@ -93,12 +93,6 @@ bool WindowOperator::isRunning() const
     return button("startButton")->isChecked();
 }
 
-void WindowOperator::awaitScanAt(int address)
-{
-    const auto* progress = child<QProgressBar>(m_window, "progressBar");
-    await("the scan", [=] { return progress->isVisible() && progress->value() >= address; });
-}
-
 void WindowOperator::awaitScan()
 {
     const auto* progress = child<QProgressBar>(m_window, "progressBar");
@@ -110,14 +104,6 @@ QWidget* WindowOperator::openBox(const char* name) const
 {
     auto* box = m_window->findChild<MessageBox*>(QLatin1String(name));
     return box != nullptr && box->isVisible() ? box : nullptr;
-}
-
-void WindowOperator::confirmFailure()
-{
-    const char* const name = "communicationErrorBox";
-    await("the box about the failed line", [this, name] { return openBox(name) != nullptr; });
-    static_cast<MessageBox*>(openBox(name))->button(QMessageBox::Ok)->click();
-    await("the box's end", [this, name] { return openBox(name) == nullptr; });
 }
 
 bool WindowOperator::closeLossBox()
