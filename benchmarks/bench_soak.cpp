@@ -9,8 +9,8 @@
 //   resident  growth of the resident memory in the same time, in MB
 //   handles   growth of descriptors and threads in the same time
 // Ends with status 1 when a figure is out of its bounds.
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
 #include "benchmarks/soak/badday.h"
 #include "benchmarks/soak/linetail.h"
 #include "benchmarks/soak/logaudit.h"
@@ -69,7 +69,7 @@ public:
         QDir::setCurrent(m_folder.path());
         write(constants::kTuningFileName, day.tuning());
         write(m_scenario, day.scenarioJson());
-        applicationSettings().setValue(constants::kComPortKey, bus());
+        userSettings().setValue(constants::kComPortKey, bus());
     }
 
     /// For whoever wants to know what went wrong.

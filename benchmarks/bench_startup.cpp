@@ -3,8 +3,8 @@
 // medians is out of bounds. The empty window is one as Qt makes it; a second one has the program's
 // platform attributes, which let it come up faster, and is told for comparison only.
 // QT_QPA_PLATFORM chooses the platform; the display where there is one when it is not set.
-#include "app/mainwindow.h"
-#include "app/platformattributes.h"
+#include "app/window/mainwindow.h"
+#include "app/startup.h"
 #include "benchmarks/support/report.h"
 
 #include <QApplication>

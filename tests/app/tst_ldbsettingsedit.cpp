@@ -1,4 +1,4 @@
-#include "app/settingseditor/ldbsettingsedit.h"
+#include "app/ldbsettings/ldbsettingsedit.h"
 #include "tests/support/testcase.h"
 
 Q_DECLARE_METATYPE(LdbField)

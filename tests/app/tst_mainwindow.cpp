@@ -1,8 +1,8 @@
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
-#include "app/messagebox.h"
-#include "app/settings/settingsmenu.h"
-#include "app/windowlayoutstore.h"
+#include "app/notices/messagebox.h"
+#include "app/preferences/settingsmenu.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
+#include "app/window/windowlook.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
@@ -105,7 +105,7 @@ void TestMainWindow::init()
     TestCase::init();
     m_sandbox = std::make_unique<Sandbox>();
     m_bus = std::make_unique<ScriptedBus>(kLdbs);
-    applicationSettings().setValue(constants::kComPortKey, m_bus->portName());
+    userSettings().setValue(constants::kComPortKey, m_bus->portName());
 }
 
 void TestMainWindow::cleanup()
@@ -245,7 +245,7 @@ void TestMainWindow::reloadStartsAStoppedLink()
 void TestMainWindow::missingPort()
 {
     const QString gone = m_sandbox->path(QStringLiteral("gone"));
-    applicationSettings().setValue(constants::kComPortKey, gone);
+    userSettings().setValue(constants::kComPortKey, gone);
     makeWindow();
     const ExpectWarning warning("^Port ");
     // A second attempt that fails opens no second box.
@@ -273,7 +273,7 @@ void TestMainWindow::cutLine()
 
 void TestMainWindow::otherPort()
 {
-    applicationSettings().setValue(constants::kComPortKey, m_sandbox->path(QStringLiteral("gone")));
+    userSettings().setValue(constants::kComPortKey, m_sandbox->path(QStringLiteral("gone")));
     makeWindow();
     {
         const ExpectWarning warning("^Port ");
@@ -520,9 +520,9 @@ void TestMainWindow::layoutComesBack()
     for (const char* key :
          {"position/geometry", "position/windowState", "position/leftAndRightLayoutSplitter",
           "position/deviceOverviewAndPLotSplitter"}) {
-        QVERIFY2(applicationSettings().contains(QLatin1String(key)), key);
+        QVERIFY2(userSettings().contains(QLatin1String(key)), key);
     }
-    applicationSettings().setValue(QStringLiteral("position/screenGeometry"), savedScreens);
+    userSettings().setValue(QStringLiteral("position/screenGeometry"), savedScreens);
 
     m_window.reset();
     start();
@@ -544,7 +544,7 @@ void TestMainWindow::fitsSmallScreen()
     QMainWindow window;
     QSplitter splitter;
     window.resize(5000, 4000);
-    windowlayoutstore::load({&window, &splitter, &splitter, &splitter});
+    windowlook::load({&window, &splitter, &splitter, &splitter});
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     QCOMPARE(window.width(), screen.width());
     QVERIFY(window.height() < screen.height()); // the title bar needs its place

@@ -1,6 +1,6 @@
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
-#include "app/messagebox.h"
+#include "app/notices/messagebox.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
 #include "tests/support/processresources.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
@@ -64,7 +64,7 @@ void TestRestarts::init()
 {
     TestCase::init();
     m_sandbox = std::make_unique<Sandbox>();
-    applicationSettings().setValue(constants::kComPortKey, m_sandbox->path("bus"));
+    userSettings().setValue(constants::kComPortKey, m_sandbox->path("bus"));
     plugIn();
     m_window = std::make_unique<MainWindow>();
     m_window->show();

@@ -1,6 +1,6 @@
 #include "views/tables/deviceoverviewtable.h"
 
-#include "app/shared/constants.h"
+#include "app/shared/usersettings.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolourrules.h"
@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QMap>
 #include <QResizeEvent>
-#include <QSettings>
 #include <QStandardItem>
 #include <QTableView>
 #include <QThread>
@@ -73,11 +72,6 @@ int widthShareOf(int column)
     default:
         return 52;
     }
-}
-
-QSettings userSettings()
-{
-    return QSettings(constants::kOrganisationName, constants::kApplicationDisplayName);
 }
 
 } // namespace
