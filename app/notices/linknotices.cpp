@@ -1,6 +1,7 @@
 #include "app/notices/linknotices.h"
 
 #include "app/notices/notices.h"
+#include "serial/seriallink.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -101,6 +102,26 @@ BoxText portFailureText(const PortFailure& failure)
     return text;
 }
 
+LinkNotices::LinkNotices(Notices* notices, QObject* parent)
+    : QObject(parent)
+    , m_notices(notices)
+{
+}
+
+void LinkNotices::follow(const SerialLink* link)
+{
+    connect(link, &SerialLink::ldbDisconnected, this, &LinkNotices::tellLoss);
+    connect(link, &SerialLink::portFailed, this,
+            [this](const QString& portName, int error, const QString& description) {
+                m_failure = {portName, error, description};
+            });
+    connect(link, &SerialLink::communicationFailed, this, [this] {
+        m_notices->box(
+            QMessageBox::Critical, [failure = m_failure] { return portFailureText(failure); },
+            QStringLiteral("communicationErrorBox"));
+    });
+}
+
 void LinkNotices::tellLoss(const QString& hexId)
 {
     const QString name = QStringLiteral("lossBox");
@@ -113,11 +134,4 @@ void LinkNotices::tellLoss(const QString& hexId)
     }
     m_notices->box(
         QMessageBox::Critical, [lost = m_lostLdbs] { return lossText(lost); }, name);
-}
-
-void LinkNotices::tellFailure()
-{
-    m_notices->box(
-        QMessageBox::Critical, [failure = m_failure] { return portFailureText(failure); },
-        QStringLiteral("communicationErrorBox"));
 }

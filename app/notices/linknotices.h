@@ -2,10 +2,12 @@
 
 #include "app/notices/messagebox.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
 class Notices;
+class SerialLink;
 
 /// What a port said when it failed.
 struct PortFailure
@@ -23,25 +25,21 @@ BoxText portFailureText(const PortFailure& failure);
 QString portGroup(const QString& portName);
 
 /// The boxes about the link. GUI thread.
-class LinkNotices
+class LinkNotices : public QObject
 {
+    Q_OBJECT
 public:
     /// `notices` outlives this object.
-    explicit LinkNotices(Notices* notices)
-        : m_notices(notices)
-    {
-    }
+    explicit LinkNotices(Notices* notices, QObject* parent = nullptr);
+
+    /// Tells what this link says from now on.
+    void follow(const SerialLink* link);
 
     /// An LDB was lost: one box at a time, to which every LDB lost while it is open adds a line.
     void tellLoss(const QString& hexId);
 
-    /// Keeps what the port said, for the failure to be told.
-    void noteFailure(const PortFailure& failure) { m_failure = failure; }
-    /// The link has failed: one box at a time, with what the port said last.
-    void tellFailure();
-
 private:
     Notices* m_notices;
-    PortFailure m_failure;
+    PortFailure m_failure;  ///< what the port said last
     QStringList m_lostLdbs; ///< the lines of the open box
 };

@@ -38,7 +38,6 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , m_ui(makeForm(this))
     , m_notices(std::make_unique<Notices>(m_ui->statusBar, this))
-    , m_linkNotices(std::make_unique<LinkNotices>(m_notices.get()))
     , m_status(std::make_unique<StatusBarDisplay>(m_ui->statusBar, m_notices.get()))
     , m_link(std::make_unique<SerialLink>())
 {
@@ -73,19 +72,14 @@ void MainWindow::init()
 void MainWindow::initLink()
 {
     const SerialLink* link = m_link.get();
+    (new LinkNotices(m_notices.get(), this))->follow(link);
     m_run = new RunControl(m_link.get(), this);
     connect(m_run, &RunControl::begun, this, &MainWindow::processRunBegun);
     connect(m_run, &RunControl::scanning, this,
             &MainWindow::serialProcessorLdbInitializationStateChange);
     connect(m_run, &RunControl::ended, this, &MainWindow::serialProcessorStopped);
-    connect(m_run, &RunControl::failed, this, &MainWindow::serialProcessorCommunicationError);
+    connect(m_run, &RunControl::failed, this, [this] { m_status->showFailure(); });
     connect(m_run, &RunControl::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
-    connect(link, &SerialLink::ldbDisconnected, this,
-            [this](const QString& hexId) { m_linkNotices->tellLoss(hexId); });
-    connect(link, &SerialLink::portFailed, this,
-            [this](const QString& portName, int error, const QString& description) {
-                m_linkNotices->noteFailure({portName, error, description});
-            });
     connect(link, &SerialLink::ldbListInitializationProgress, this,
             [this](int checked, int found) { m_status->showScanProgress(checked, found); });
     connect(link, &SerialLink::externalCommandsInQueueUpdated, this,
@@ -219,12 +213,6 @@ void MainWindow::serialProcessorStopped()
     m_lamps->reset();
     m_status->showQueueLength(0);
     m_ui->startButton->setChecked(false);
-}
-
-void MainWindow::serialProcessorCommunicationError()
-{
-    m_status->showFailure();
-    m_linkNotices->tellFailure();
 }
 
 // --- The selected LDB ---

@@ -18,7 +18,6 @@ class DeviceDetailTable;
 class DeviceOverviewTable;
 class FimTracking;
 class LampPanel;
-class LinkNotices;
 class MainWindowPlot;
 class Notices;
 class RunControl;
@@ -60,7 +59,6 @@ private slots:
     void processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state);
 
     void serialProcessorStopped();
-    void serialProcessorCommunicationError();
     void serialProcessorLdbInitializationStateChange(bool initialization);
 
     /// Enables what the situation allows.
@@ -76,7 +74,6 @@ private:
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
-    std::unique_ptr<LinkNotices> m_linkNotices;
     std::unique_ptr<StatusBarDisplay> m_status;
     std::unique_ptr<SerialLink> m_link;
     RunControl* m_run = nullptr;
