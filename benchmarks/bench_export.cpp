@@ -2,6 +2,7 @@
 // its commands need. The processor takes one command a turn, so 506 commands cannot take less than
 // 506 turns; the comparison is the same number of turns with a command each, all of them queued
 // beforehand. Ends with status 1 when the ratio of the medians is out of bounds.
+// --short measures once.
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "importexport/importexportdevicesettings.h"
@@ -119,7 +120,7 @@ bool benchExport()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("export.csv"));
-    const Installation installation(fullScenario(), PacedLine::Pace::Unpaced);
+    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
     SerialLink link;
     link.setPortName(installation.portName());
     link.start();
@@ -131,7 +132,7 @@ bool benchExport()
     std::vector<double> full;
     std::vector<double> exports;
     bool good = true;
-    for (int i = 0; i < kRepetitions; ++i) {
+    for (int i = 0; i < (isShortForm() ? 1 : kRepetitions); ++i) {
         plain.push_back(plainTurnsMs(link));
         full.push_back(fullTurnsMs(link));
         exports.push_back(exportMs(link, path));
@@ -148,6 +149,7 @@ bool benchExport()
 
 int main(int argc, char* argv[])
 {
+    takeShortForm(argc, argv);
     const QCoreApplication application(argc, argv);
     return benchExport() ? 0 : 1;
 }

@@ -3,7 +3,7 @@
 //   scan      paced: a scan of a silent bus, in seconds
 //   exchanges unpaced: exchanges a second beside a bare read/write loop on the same simulator
 // Ends with status 1 when a figure is out of its bounds. One of the names as argument runs it
-// alone.
+// alone; --short runs the exchanges, once.
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "serial/framecodec.h"
@@ -64,8 +64,8 @@ double wireSeconds(const QString& journalPath, double fromMs, double toMs)
         bytes += QByteArray::fromHex(fields.value(Bytes)).size();
         answers += fields.value(Direction) == "<" ? 1 : 0;
     }
-    return static_cast<double>(bytes) * PacedLine::kByteNanoseconds / kNanosecondsPerSecond +
-           static_cast<double>(answers) * PacedLine::kTurnaroundMicroseconds / 1e6;
+    return static_cast<double>(bytes) * linetime::kByte / kNanosecondsPerSecond +
+           static_cast<double>(answers) * ScenarioLine().mostTurnaround / 1e3;
 }
 
 /// Journal time (ms) of the n-th status request to this LDB.
@@ -96,7 +96,7 @@ bool benchCycle()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     QString firstLdb;
     {
-        const Installation installation(defaultScenario(), PacedLine::Pace::Baud9600, journalPath);
+        const Installation installation(defaultScenario(), Simulation::Pace::Baud9600, journalPath);
         SerialLink link;
         link.setPortName(installation.portName());
         QEventLoop loop;
@@ -126,7 +126,7 @@ bool benchScan()
 {
     Scenario silent = defaultScenario();
     silent.ldbs.clear();
-    const Installation installation(silent, PacedLine::Pace::Baud9600);
+    const Installation installation(silent, Simulation::Pace::Baud9600);
     SerialLink link;
     link.setPortName(installation.portName());
     QEventLoop loop;
@@ -198,10 +198,10 @@ double linkExchanges(const QString& portName)
 bool benchExchanges()
 {
     // A full bus: with every address answering, the scans before each round take no time.
-    const Installation installation(fullScenario(), PacedLine::Pace::Unpaced);
+    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
     std::vector<double> bareRounds;
     std::vector<double> ourRounds;
-    for (int i = 0; i < kExchangeRounds; ++i) {
+    for (int i = 0; i < (isShortForm() ? 1 : kExchangeRounds); ++i) {
         bareRounds.push_back(bareExchanges(installation.portName()));
         ourRounds.push_back(linkExchanges(installation.portName()));
     }
@@ -215,16 +215,17 @@ bool benchExchanges()
 
 int main(int argc, char* argv[])
 {
+    takeShortForm(argc, argv);
     const QCoreApplication application(argc, argv);
     const QStringList wanted = QCoreApplication::arguments().mid(1);
     const auto isWanted = [&wanted](const char* name) {
-        return wanted.isEmpty() || wanted.contains(QLatin1String(name));
+        return (wanted.isEmpty() && !isShortForm()) || wanted.contains(QLatin1String(name));
     };
     bool good = true;
     if (isWanted("cycle")) {
         good = benchCycle() && good;
     }
-    if (isWanted("exchanges")) {
+    if (isWanted("exchanges") || isShortForm()) { // at 9600 baud all else takes a minute
         good = benchExchanges() && good;
     }
     if (isWanted("scan")) {

@@ -1,5 +1,6 @@
 // What logging one record costs, beside a bare write() of the same bytes in the same run. Ends with
 // status 1 when a record costs more than it may.
+#include "benchmarks/support/report.h"
 #include "serial/generalinformation.h"
 #include "views/log/filelogger.h"
 
@@ -98,6 +99,7 @@ double timeBareWrites(const QString& fileName, const QByteArrayList& lines)
 
 int main(int argc, char* argv[])
 {
+    takeShortForm(argc, argv);
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
     const QString logName = folder.filePath(QStringLiteral("log.csv"));
@@ -132,5 +134,5 @@ int main(int argc, char* argv[])
     std::printf("logger: %.4f ms a record (at most %.1f), bare write: %.4f ms, ratio %.1f, "
                 "%d records, median of %d\n",
                 median, kLimit, bareMedian, median / bareMedian, kRecords, kRepetitions);
-    return median <= kLimit ? 0 : 1;
+    return median <= kLimit || isShortForm() ? 0 : 1;
 }

@@ -40,6 +40,7 @@ constexpr double kQueueGrowthLimitMs = 5;
 constexpr double kBlockLimitMs = 50;
 
 constexpr int kRunMs = 20000;
+constexpr int kShortRunMs = 2000; // with --short
 constexpr unsigned long kPingEveryMs = 5;
 constexpr double kNanosecondsPerMillisecond = 1e6;
 
@@ -251,7 +252,7 @@ bool benchWindow()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     const QString logPath = folder.filePath(QStringLiteral("log.csv"));
     auto installation =
-        std::make_unique<Installation>(fullScenario(), PacedLine::Pace::Unpaced, journalPath);
+        std::make_unique<Installation>(fullScenario(), Simulation::Pace::Unpaced, journalPath);
     userSettings().setValue(constants::kComPortKey, installation->portName());
 
     MainWindow window;
@@ -275,13 +276,14 @@ bool benchWindow()
     {
         const QueueProbe queue;
         const double cpuBefore = threadCpuMs();
-        spin(kRunMs);
+        const int runMs = isShortForm() ? kShortRunMs : kRunMs;
+        spin(runMs);
         firstMs = queue.medianMs(0);
         lastMs = queue.medianMs(2);
         blockMs = gaps.longestMs();
         std::printf("           GUI thread: %.0f %% of a core, %d looks, longest gap %.1f ms "
                     "(computing %.1f ms)\n",
-                    (threadCpuMs() - cpuBefore) / kRunMs * 100, gaps.looks(), blockMs,
+                    (threadCpuMs() - cpuBefore) / runMs * 100, gaps.looks(), blockMs,
                     gaps.longestCpuMs());
     }
     const double exportMs = exportBlockMs(window, folder.filePath(QStringLiteral("export.csv")));
@@ -307,6 +309,7 @@ bool benchWindow()
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    takeShortForm(argc, argv);
     const QApplication application(argc, argv);
     QDir::setCurrent(QStringLiteral(PROJECT_FOLDER));
     return benchWindow() ? 0 : 1;

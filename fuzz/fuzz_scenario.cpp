@@ -18,11 +18,27 @@ constexpr std::size_t kMaxBoards = 6; // simulated: all of them would be slow
 constexpr std::size_t kMaxEvents = 24;
 constexpr qint64 kShortestState = 100; // ms
 constexpr qint64 kShortestRepetition = 1000;
+constexpr double kShortestInterval = 0.01; // s
 constexpr int kMaxFirmwareBytes = 60;
 
 bool isAddress(int address)
 {
     return address >= 1 && address <= 253;
+}
+
+void checkAdversaries(const Adversaries& adversaries)
+{
+    for (const double percent :
+         {adversaries.flippedRequests, adversaries.flippedAnswers, adversaries.garbledAnswers,
+          adversaries.lostRequests, adversaries.lostAnswers, adversaries.lateAnswers}) {
+        require(percent >= 0 && percent <= 100, "a percentage is one");
+    }
+    for (const double every : {adversaries.strayEvery, adversaries.burstEvery,
+                               adversaries.stallEvery, adversaries.vanishEvery}) {
+        require(every == 0 || every >= kShortestInterval, "nothing comes without a pause");
+    }
+    require(adversaries.lateFrom >= 0 && adversaries.lateTo >= adversaries.lateFrom,
+            "late is later");
 }
 
 void checkCommand(const SimulatorCommand& command)
@@ -33,9 +49,7 @@ void checkCommand(const SimulatorCommand& command)
             "a fault lies on a loop");
     require(!command.times || *command.times >= 1, "a limited fault comes at least once");
     require(command.milliseconds >= 0 && command.seconds >= 0, "times are not negative");
-    for (const double percent : {command.garbledPercent, command.latePercent}) {
-        require(percent >= 0 && percent <= 100, "a percentage is one");
-    }
+    checkAdversaries(command.adversaries);
 }
 
 void checkBoard(const ScenarioLdb& ldb)
@@ -73,8 +87,8 @@ void checkScenario(const Scenario& scenario)
                               timing.factoryReset, timing.factoryResetOutcome}) {
         require(time >= kShortestState, "every state lasts");
     }
-    require(scenario.badBus.lateFrom >= 1 && scenario.badBus.lateTo >= scenario.badBus.lateFrom,
-            "late is later");
+    checkAdversaries(scenario.line.adversaries);
+    require(scenario.line.mostTurnaround >= scenario.line.leastTurnaround, "answers take a time");
 }
 
 /// What the tool hears of a board, whatever has become of it on the way.
@@ -83,10 +97,8 @@ void checkAnswers(BusSimulator& bus, const QString& hexId, qint64 now)
     const ExecuteCommand status(hexId, LdbAction::Status);
     const Hearing hearing = bus.hear(framecodec::createCommand(status.commandData()), now);
     require(hearing.hexId == hexId, "a request is understood");
-    for (const Transmission& transmission : hearing.answer) {
-        require(!transmission.bytes.isEmpty() && transmission.delay >= 0,
-                "an answer is bytes that come after the request");
-    }
+    require(!hearing.answer || (!hearing.answer->bytes.isEmpty() && hearing.answer->delay >= 0),
+            "an answer is bytes that come after the request");
     const RequestCommand settings(hexId, LdbParameter::Settings);
     bus.hear(framecodec::createCommand(settings.commandData()), now);
 }

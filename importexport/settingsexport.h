@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTextStream>
 
+#include <memory>
 #include <optional>
 #include <vector>
 

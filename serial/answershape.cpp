@@ -5,35 +5,37 @@
 #include "serial/ldbsettings.h"
 #include "serial/ldbstatus.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kNameAnswerLength = 32;
 
-bool isSingle(const QByteArray& answer, char byte)
+bool isUpperHexText(const QByteArray& text)
 {
-    return answer.size() == 1 && answer.at(0) == byte;
+    return std::all_of(text.begin(), text.end(), [](char byte) {
+        return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'F');
+    });
 }
 
 } // namespace
 
-bool hasShape(const QByteArray& answer, AnswerShape shape)
+bool hasShape(const QByteArray& body, AnswerShape shape)
 {
-    if (isSingle(answer, framecodec::kNak)) {
-        return true;
-    }
     switch (shape) {
     case AnswerShape::Any:
         return true;
     case AnswerShape::Acknowledge:
-        return isSingle(answer, framecodec::kAck);
+        return false;
     case AnswerShape::Status:
-        return answer.size() == kStatusAnswerLength;
+        return body.size() == kStatusAnswerLength && isUpperHexText(body) &&
+               decodeLdbStatus(body).valid;
     case AnswerShape::Name:
-        return answer.size() == kNameAnswerLength && hextext::isHexPairs(answer);
+        return body.size() == kNameAnswerLength && isUpperHexText(body);
     case AnswerShape::Firmware:
-        return decodeFirmwareId(answer).has_value();
+        return decodeFirmwareId(body).has_value();
     case AnswerShape::Settings:
-        return answer.size() == kSettingsAnswerLength;
+        return decodeLdbSettings(body).has_value();
     }
     return false;
 }

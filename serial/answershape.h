@@ -2,18 +2,18 @@
 
 #include <QByteArray>
 
-/// What an answer to a request looks like. An answer carries no requester, so its shape is one of
-/// the two means (beside the count of answers still owed) to tell whose it can be.
+/// What an answer to a request looks like. An answer names neither its LDB nor its question, so
+/// its shape is one of the few means to tell what it can be an answer to.
 enum class AnswerShape
 {
-    Any,         ///< whatever the device says (a probe)
+    Any,         ///< a poll's: whatever the device says
     Acknowledge, ///< a bare ACK or NAK
-    Status,      ///< 50 characters
-    Name,        ///< 32 hexadecimal digits
+    Status,      ///< 50 upper-case hexadecimal digits that decode
+    Name,        ///< 32 upper-case hexadecimal digits
     Firmware,    ///< more than 10 hexadecimal digits without a zero byte
-    Settings     ///< 56 characters
+    Settings     ///< 56 digits that decode
 };
+constexpr int kAnswerShapes = 6;
 
-/// Whether `answer` (a body, or a single ACK or NAK byte) can be an answer of that shape. A NAK
-/// refuses a request of any kind, so it fits every shape.
-bool hasShape(const QByteArray& answer, AnswerShape shape);
+/// Whether the body of a frame can be an answer of that shape. No frame is an acknowledgement.
+bool hasShape(const QByteArray& body, AnswerShape shape);

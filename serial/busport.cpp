@@ -17,6 +17,7 @@ bool BusPort::open()
     if (!m_port.open(QIODevice::ReadWrite)) {
         return false;
     }
+    m_port.clear(QSerialPort::Input); // what came before the run
     connect(&m_port, &QSerialPort::readyRead, this, &BusPort::readyRead);
     connect(&m_port, &QSerialPort::errorOccurred, this, [this] {
         if (isBroken()) {
@@ -40,11 +41,11 @@ void BusPort::write(const QByteArray& frame)
     m_port.flush(); // else it would wait for the next turn of the event loop
 }
 
-bool BusPort::discardInput()
+void BusPort::fetch()
 {
-    const bool any = !m_port.readAll().isEmpty();
-    m_port.clear(QSerialPort::Input); // what the system has not handed over yet
-    return any;
+    if (m_port.isOpen()) {
+        m_port.waitForReadyRead(0);
+    }
 }
 
 bool BusPort::isBroken() const

@@ -23,8 +23,9 @@ public:
     /// Hands the frame to the system at once.
     void write(const QByteArray& frame);
     QByteArray readAll() { return m_port.readAll(); }
-    /// Drops whatever has come in; whether there was anything.
-    bool discardInput();
+    /// Looks at once for bytes that the system has not handed over yet; they come by `readyRead`.
+    void fetch();
+    bool isOpen() const { return m_port.isOpen(); }
 
     /// The link itself is broken.
     bool isBroken() const;

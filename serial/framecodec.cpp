@@ -31,11 +31,6 @@ constexpr std::array<quint8, 256> makeCrcTable()
 
 constexpr std::array<quint8, 256> kCrcTable = makeCrcTable();
 
-bool isTerminator(char byte)
-{
-    return byte == kEot || byte == kAck || byte == kNak;
-}
-
 /// The check digits of a body. The firmware handles bodies as C strings with a 16-bit length.
 QByteArray checkDigits(const QByteArray& body)
 {

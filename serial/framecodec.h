@@ -14,6 +14,12 @@ constexpr char kNak = '\x15'; ///< a whole answer: refused
 /// Bytes without a terminator that are collected at most: twice what the check digits can count.
 constexpr int kMaxCollected = 1 << 17;
 
+/// Whether `byte` ends an answer: EOT, ACK or NAK.
+constexpr bool isTerminator(char byte)
+{
+    return byte == kEot || byte == kAck || byte == kNak;
+}
+
 /// The CRC-8 that guards a body. The boards' firmware keeps the old register in every step, so
 /// this is not the textbook CRC-8/MAXIM. No bytes give 0xFF.
 quint8 crc8(const quint8* bytes, quint16 length);

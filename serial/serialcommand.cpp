@@ -10,63 +10,8 @@ signals:
     void replied(const Reply& reply);
 };
 
-namespace busaddress {
-
-const QString kBroadcast = QStringLiteral("FF");
-const QString kMaster = QStringLiteral("FE");
-
-QString toHexId(int address)
-{
-    return QString::fromLatin1(hextext::fromNumber(static_cast<uint>(address)));
-}
-
-} // namespace busaddress
-
-namespace {
-
-// Command letters as digit pairs: "p", "sr", "sc", "sx".
-constexpr char kPollCode[] = "70";
-constexpr char kRequestCode[] = "7372";
-constexpr char kChangeCode[] = "7363";
-constexpr char kExecuteCode[] = "7378";
-
-QByteArray withIndex(const char* code, int index, const QByteArray& data)
-{
-    return code + hextext::fromNumber(static_cast<uint>(index)) + data;
-}
-
-AnswerShape requestShape(int index)
-{
-    switch (static_cast<LdbParameter>(index)) {
-    case LdbParameter::Settings:
-        return AnswerShape::Settings;
-    case LdbParameter::Name:
-        return AnswerShape::Name;
-    default:
-        return AnswerShape::Any;
-    }
-}
-
-AnswerShape executeShape(int index)
-{
-    switch (static_cast<LdbAction>(index)) {
-    case LdbAction::Status:
-        return AnswerShape::Status;
-    case LdbAction::FirmwareId:
-        return AnswerShape::Firmware;
-    default:
-        return AnswerShape::Acknowledge;
-    }
-}
-
-} // namespace
-
-ISerialCommand::ISerialCommand(const QString& hexId, const QByteArray& request,
-                               AnswerShape answerShape, bool isRead)
-    : m_commandData(busaddress::kMaster.toUtf8() + hexId.toUtf8() + request)
-    , m_hexId(hexId)
-    , m_answerShape(answerShape)
-    , m_isRead(isRead)
+ISerialCommand::ISerialCommand(const Request& request)
+    : m_request(request)
 {
 }
 
@@ -77,14 +22,6 @@ void ISerialCommand::addObserver(std::unique_ptr<Observer> observer)
     if (observer) {
         m_observers.push_back(std::move(observer));
     }
-}
-
-void ISerialCommand::adoptObservers(ISerialCommand& other)
-{
-    for (auto& observer : other.m_observers) {
-        m_observers.push_back(std::move(observer));
-    }
-    other.m_observers.clear();
 }
 
 void ISerialCommand::notify(const QByteArray& answer)
@@ -118,12 +55,12 @@ void ISerialCommand::ReplyObserver::call(QByteArray answer)
 }
 
 PollCommand::PollCommand(const QString& hexId)
-    : ISerialCommand(hexId, kPollCode, AnswerShape::Any, true)
+    : ISerialCommand(requests::poll(hexId))
 {
 }
 
 RequestCommand::RequestCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(hexId, withIndex(kRequestCode, index, data), requestShape(index), true)
+    : ISerialCommand(requests::read(hexId, index, data))
 {
 }
 
@@ -133,7 +70,7 @@ RequestCommand::RequestCommand(const QString& hexId, LdbParameter parameter)
 }
 
 ChangeCommand::ChangeCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(hexId, withIndex(kChangeCode, index, data), AnswerShape::Acknowledge, false)
+    : ISerialCommand(requests::change(hexId, index, data))
 {
 }
 
@@ -143,8 +80,7 @@ ChangeCommand::ChangeCommand(const QString& hexId, LdbParameter parameter, const
 }
 
 ExecuteCommand::ExecuteCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(hexId, withIndex(kExecuteCode, index, data), executeShape(index),
-                     executeShape(index) != AnswerShape::Acknowledge)
+    : ISerialCommand(requests::execute(hexId, index, data))
 {
 }
 

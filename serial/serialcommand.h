@@ -1,8 +1,8 @@
 #pragma once
 
-#include "serial/answershape.h"
-#include "serial/ldbsettings.h"
+#include "serial/busaddress.h"
 #include "serial/reply.h"
+#include "serial/request.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -12,17 +12,6 @@
 #include <memory>
 #include <utility>
 #include <vector>
-
-/// Bus addresses that name no single LDB.
-namespace busaddress {
-extern const QString kBroadcast; ///< "FF": every LDB obeys, none answers
-extern const QString kMaster;    ///< "FE": this program
-constexpr int kFirst = 1;
-constexpr int kLast = 253;
-
-/// The two-digit `hexId` of a bus address.
-QString toHexId(int address);
-} // namespace busaddress
 
 class ReplyRelay;
 
@@ -46,36 +35,21 @@ public:
     ISerialCommand& operator=(const ISerialCommand&) = delete;
 
     /// The request's body, without start, check digits and end.
-    virtual QByteArray commandData() const { return m_commandData; }
+    virtual QByteArray commandData() const { return m_request.body; }
 
-    /// The LDB asked.
-    const QString& hexId() const { return m_hexId; }
-
-    /// What the answer looks like.
-    AnswerShape answerShape() const { return m_answerShape; }
-
-    /// Whether the request changes nothing in the LDB, so that two equal ones waiting in a row may
-    /// become one.
-    bool isRead() const { return m_isRead; }
+    const Request& request() const { return m_request; }
 
     void addObserver(std::unique_ptr<Observer> observer);
-
-    /// Takes over the observers of an equal command that will not be sent itself.
-    void adoptObservers(ISerialCommand& other);
 
     /// Passes the answer to every observer, in the calling thread.
     void notify(const QByteArray& answer);
 
 protected:
-    ISerialCommand(const QString& hexId, const QByteArray& request, AnswerShape answerShape,
-                   bool isRead);
+    explicit ISerialCommand(const Request& request);
 
 private:
     std::vector<std::unique_ptr<Observer>> m_observers;
-    QByteArray m_commandData;
-    QString m_hexId;
-    AnswerShape m_answerShape;
-    bool m_isRead;
+    Request m_request;
 };
 
 class ISerialCommand::Observer

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "serial/answerledger.h"
 #include "serial/busport.h"
-#include "serial/busscan.h"
-#include "serial/commandqueue.h"
+#include "serial/conversation/conversation.h"
 #include "serial/framecodec.h"
 #include "serial/hextext.h"
-#include "serial/ldbmemory.h"
 #include "serial/ldbstatus.h"
-#include "serial/limitedlog.h"
-#include "serial/pollschedule.h"
 #include "serial/serialcommand.h"
 #include "serial/serialtuning.h"
-#include "serial/silenceguard.h"
 
 #include <QElapsedTimer>
 #include <QList>
@@ -21,9 +15,11 @@
 #include <QTimer>
 
 #include <memory>
+#include <unordered_map>
 
-/// Master of the bus: owns the serial port and runs the whole conversation: the scan, the polling
-/// cycle over the LDBs found, and the commands queued by the rest of the program.
+/// Host of the conversation with the bus: owns the serial port, the timer and the queued commands,
+/// hands over what comes, transmits what the conversation wants, and tells its events as signals.
+/// It decides nothing itself.
 ///
 /// Lives in a worker thread. Port and timer are made, used and deleted there, and every member is
 /// touched there only; the one exception is `setPortName`, called while the thread is not running.
@@ -70,7 +66,8 @@ public slots:
     void pollOnly(const QString& hexId);
 
 public:
-    /// Queues a command and takes it over. While no run is on it is deleted unsent.
+    /// Queues a command and takes it over. It is notified once it has been transmitted: with the
+    /// answer, or with nothing. One that is never transmitted is deleted without a word.
     void appendCommand(std::unique_ptr<ISerialCommand> command);
 
 signals:
@@ -92,81 +89,40 @@ signals:
     void ldbDisconnected(QString hexId);
 
 private slots:
-    void processState();
     void readData();
     void timeout();
     void sendSerialData(const QByteArray& data);
-    void retrySendSerialData();
-    void initializeVariables();
     void handleGeneralInformationEmit(const QString& hexId, const QString& deviceName,
                                       LdbStatus ldbStatus, const QString& timestampSeconds,
                                       const QString& timestampMiliseconds);
-    void addDisconnectedDevice(const QString& hexId, const QString& timestampSeconds,
-                               const QString& timestampMiliseconds);
-    void clearDisconnectedDevice(const QString& hexId);
     void failPort();
 
 private:
-    enum class State
+    Conversation::Moment moment() const;
+    void pump();
+    void tell(const event::Record& record);
+    void tell(const event::StateChange& change)
     {
-        Stopped = 0,
-        Dispatch = 1, ///< and the bus scan
-        StatusPoll = 2,
-        NameRequest = 3,
-        FirmwareRequest = 4,
-        ExternalCommands = 5,
-        LostProbe = 6
-    };
-
-    void goTo(State state);
-    void processDispatch();
-    void processScan();
-    void processStatusPoll();
-    void beginRound();
-    void processExternalCommands();
-    void request(const ISerialCommand& command, int window);
-    void logUnexpected(const QString& what);
-    bool isPolling() const
-    {
-        return m_state == State::StatusPoll || m_state == State::NameRequest ||
-               m_state == State::FirmwareRequest;
+        emit ldbStateUpdated(change.hexId, change.state);
     }
-
-    void processAnswer(const QByteArray& answer);
-    void deliverAnswer(const QByteArray& answer, bool isMisfit);
-    bool drainsLine(const QByteArray& batch);
-    void endGuardedWait();
-    void processInvalidAnswer(bool isRefusal);
-    void rejectAnswer(const QString& reason);
-    State nextPollingState() const;
-    void processPollingAnswer(const QByteArray& answer);
-    void countMiss();
-    void leavePollingStep(State next);
-    void finishExternalCommand(const QByteArray& answer);
-    void endQueue();
-    void emitDisconnectedRows(const QString& hexId);
+    void tell(const event::Loss& loss) { emit ldbDisconnected(loss.hexId); }
+    void tell(const event::ScanState& scan)
+    {
+        emit ldbListInitializationStateChange(scan.isRunning);
+    }
+    void tell(const event::ScanProgress& scan);
+    void tell(const event::ListChange& list) { emit ldbListChanged(list.hexIds); }
+    void tell(const event::CommandDone& command);
+    void tell(const event::QueueLength& queue);
+    void tell(const event::Stopped&) { emit stopped(); }
+    void tell(const event::Diagnostic& diagnostic);
 
     const SerialTuning m_tuning;
+    Conversation m_conversation;
     QString m_portName;
-
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;
     QElapsedTimer m_clock;
-    State m_state = State::Stopped;
-
-    BusScan m_scan;
-    CommandQueue m_queue;
-    PollSchedule m_schedule;
-    AnswerLedger m_ledger;
-    SilenceGuard m_guard;
-    int m_window = 0; ///< ms, of the pending request
-    QByteArray m_received;
-    QByteArray m_lastFrame;
-    int m_timeouts = 0;
-    QString m_hexId; ///< the LDB addressed now
-
-    QString m_roundSeconds;
-    QString m_roundMilliseconds;
-    LdbMemory m_memory;
-    LimitedLog m_log;
+    std::unordered_map<quint64, std::unique_ptr<ISerialCommand>> m_commands;
+    quint64 m_commandNumber = 0;
 };

@@ -15,13 +15,30 @@ quint32 boardSeed(quint32 seed, int address)
     return (seed + static_cast<quint32>(address)) * kSpread;
 }
 
+/// The request in a frame, and in `hearing` who was asked for what, or why nobody understands it.
+std::optional<BusRequest> parse(const QByteArray& frame, Hearing& hearing)
+{
+    QByteArray body = frame;
+    if (!frame.startsWith(framecodec::kSoh) || !framecodec::responseValidation(body)) {
+        hearing.text = QStringLiteral("not understood: broken check");
+        return std::nullopt;
+    }
+    auto request = parseBusRequest(body);
+    hearing.text =
+        request ? describe(*request) : QStringLiteral("not understood: not from the master");
+    if (request) {
+        hearing.address = request->address;
+        hearing.hexId = busaddress::toHexId(request->address);
+    }
+    return request;
+}
+
 } // namespace
 
 BusSimulator::BusSimulator(const Scenario& scenario, quint32 seed, qint64 now)
     : m_seed(seed)
     , m_random(seed)
     , m_timing(scenario.timing)
-    , m_badBus(scenario.badBus)
 {
     for (const ScenarioLdb& entry : scenario.ldbs) {
         const int address = entry.spec.address;
@@ -33,23 +50,27 @@ BusSimulator::BusSimulator(const Scenario& scenario, quint32 seed, qint64 now)
     }
 }
 
-Hearing BusSimulator::hear(const QByteArray& frame, qint64 now)
+Hearing BusSimulator::read(const QByteArray& frame)
 {
-    QByteArray body = frame;
-    if (!frame.startsWith(framecodec::kSoh) || !framecodec::responseValidation(body)) {
-        return {{}, QStringLiteral("not understood: broken check"), {}};
-    }
-    const auto request = parseBusRequest(body);
+    Hearing hearing;
+    parse(frame, hearing);
+    return hearing;
+}
+
+Hearing BusSimulator::hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent)
+{
+    Hearing hearing;
+    const auto request = parse(frame, hearing);
     if (!request) {
-        return {{}, QStringLiteral("not understood: not from the master"), {}};
+        return hearing;
     }
-    Hearing hearing{busaddress::toHexId(request->address), ::describe(*request), {}};
     if (request->isBroadcast()) {
-        obeyBroadcast(*request, now);
+        obeyBroadcast(*request, now, absent);
         return hearing;
     }
     const auto member = m_members.find(request->address);
-    if (member != m_members.end() && member->second.isPresent) {
+    if (member != m_members.end() && member->second.isPresent &&
+        !absent.test(static_cast<std::size_t>(request->address))) {
         hearing.answer = answer(member->second, *request, now);
     }
     return hearing;
@@ -57,13 +78,6 @@ Hearing BusSimulator::hear(const QByteArray& frame, qint64 now)
 
 QString BusSimulator::execute(const SimulatorCommand& command, qint64 now)
 {
-    if (command.verb == CommandVerb::BadBus) {
-        m_badBus.garbledPercent = command.garbledPercent;
-        m_badBus.latePercent = command.latePercent;
-        m_badBus.lateFrom = command.lateFrom.value_or(m_badBus.lateFrom);
-        m_badBus.lateTo = command.lateTo.value_or(m_badBus.lateTo);
-        return {};
-    }
     if (command.address != SimulatorCommand::kAllLdbs) {
         if (command.verb == CommandVerb::Appear) {
             appear(command.address, now);
@@ -98,42 +112,26 @@ int BusSimulator::ldbCount() const
                       [](const auto& entry) { return entry.second.isPresent; }));
 }
 
-void BusSimulator::obeyBroadcast(const BusRequest& request, qint64 now)
+void BusSimulator::obeyBroadcast(const BusRequest& request, qint64 now, const AbsentBoards& absent)
 {
     for (auto& [address, member] : m_members) {
-        if (member.isPresent && !member.wire.takeSilence() && !member.wire.takeRefusal(request)) {
+        if (member.isPresent && !absent.test(static_cast<std::size_t>(address)) &&
+            !member.wire.takeSilence() && !member.wire.takeRefusal(request)) {
             respond(member.ldb, request, now);
         }
     }
 }
 
-std::vector<Transmission> BusSimulator::answer(Member& member, const BusRequest& request,
-                                               qint64 now)
+std::optional<Transmission> BusSimulator::answer(Member& member, const BusRequest& request,
+                                                 qint64 now)
 {
     if (member.wire.takeSilence()) {
-        return {};
+        return std::nullopt;
     }
     const bool isRefused = member.wire.takeRefusal(request);
     const QByteArray bytes =
         isRefused ? QByteArray(1, framecodec::kNak) : respond(member.ldb, request, now);
-    std::vector<Transmission> pieces =
-        member.wire.spoil(bytes, describeAnswer(request, bytes), m_random);
-    if (pieces.size() == 1) {
-        m_badBus.apply(pieces.front(), m_random);
-    }
-    keepOrder(member, pieces, now);
-    return pieces;
-}
-
-/// A board takes one request after the other: what follows a late answer is late, too.
-void BusSimulator::keepOrder(Member& member, std::vector<Transmission>& pieces, qint64 now)
-{
-    for (Transmission& piece : pieces) {
-        piece.delay = std::max(piece.delay, member.answersFrom - now);
-    }
-    // Times between two milliseconds are cut off: a later answer must not win by them.
-    const qint64 delay = pieces.back().delay;
-    member.answersFrom = delay > 0 ? now + delay + 1 : now;
+    return member.wire.spoil(bytes, describeAnswer(request, bytes), m_random);
 }
 
 QString BusSimulator::apply(Member& member, const SimulatorCommand& command, qint64 now)

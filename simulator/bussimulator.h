@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/line/boards.h"
 #include "simulator/scenario.h"
 #include "simulator/wirefaults.h"
 
@@ -8,18 +9,19 @@
 #include <QStringList>
 
 #include <map>
+#include <optional>
 #include <random>
-#include <vector>
 
 /// What became of the bytes of one frame from the master.
 struct Hearing
 {
-    QString hexId;                    ///< who was asked; empty when the frame was not understood
-    QString text;                     ///< the request for people, or why nobody understood it
-    std::vector<Transmission> answer; ///< empty: silence
+    int address = 0;                    ///< who was asked; 0 when the frame was not understood
+    QString hexId;                      ///< who was asked; empty when the frame was not understood
+    QString text;                       ///< the request for people, or why nobody understood it
+    std::optional<Transmission> answer; ///< nothing: silence
 };
 
-/// All boards of a bus and the wires between them and the master. A value without timers or
+/// All boards of a bus and what is wrong with each one's own wire. A value without timers or
 /// input: frames and commands come in together with the time (ms of one clock).
 class BusSimulator
 {
@@ -27,8 +29,10 @@ public:
     BusSimulator(const Scenario& scenario, quint32 seed, qint64 now);
 
     /// A frame, SOH to EOT, has arrived at every board. The boards whose address it carries obey
-    /// unless they refuse; a frame with a broken check changes nothing.
-    Hearing hear(const QByteArray& frame, qint64 now);
+    /// unless they refuse or are absent; a frame with a broken check changes nothing.
+    Hearing hear(const QByteArray& frame, qint64 now, const AbsentBoards& absent = {});
+    /// What a frame asks for, whoever hears it.
+    static Hearing read(const QByteArray& frame);
 
     /// Carries out a command that concerns boards or wires; others do nothing. Gives what is wrong
     /// with it, or nothing.
@@ -44,12 +48,10 @@ private:
         SimulatedLdb ldb;
         WireFaults wire;
         bool isPresent = true;
-        qint64 answersFrom = 0; ///< ms; its next answer does not leave before
     };
 
-    void obeyBroadcast(const BusRequest& request, qint64 now);
-    std::vector<Transmission> answer(Member& member, const BusRequest& request, qint64 now);
-    static void keepOrder(Member& member, std::vector<Transmission>& pieces, qint64 now);
+    void obeyBroadcast(const BusRequest& request, qint64 now, const AbsentBoards& absent);
+    std::optional<Transmission> answer(Member& member, const BusRequest& request, qint64 now);
     QString apply(Member& member, const SimulatorCommand& command, qint64 now);
     QString applyLoopFault(Member& member, const SimulatorCommand& command, qint64 now);
     void appear(int address, qint64 now);
@@ -58,6 +60,5 @@ private:
     quint32 m_seed;
     std::mt19937 m_random;
     LdbTiming m_timing;
-    BadBus m_badBus;
     std::map<int, Member> m_members; ///< by bus address
 };

@@ -56,7 +56,7 @@ CommandLine parseCommandLine(const QStringList& arguments)
     result.options.linkPath = parser.value(link);
     result.options.journalPath = parser.value(journal);
     if (parser.isSet(unpaced)) {
-        result.options.pace = PacedLine::Pace::Unpaced;
+        result.options.pace = Simulation::Pace::Unpaced;
     }
     if (parser.isSet(seed)) {
         bool isNumber = false;

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <tuple>
 
 // A resource of a static library has to be asked for, outside any namespace.
 static void loadResources()
@@ -23,6 +25,9 @@ constexpr double kMaxEventSeconds = 30.0 * 86400;
 constexpr double kMaxSeed = 2147483647;
 constexpr double kPercent = 100;
 constexpr int kMaxLateMilliseconds = 60000;
+constexpr int kMaxTurnaroundMilliseconds = 1000;
+constexpr double kShortestStrayInterval = 0.01; // s
+constexpr double kMaxIntervalSeconds = 86400;
 constexpr int kWordMax = 65535;
 constexpr int kHexBase = 16;
 constexpr int kMaxFirmwareBytes = 60;
@@ -66,6 +71,8 @@ public:
 private:
     void readTiming(const QJsonObject& object);
     void readBadBus(const QJsonObject& object);
+    void readLine(const QJsonObject& object);
+    static void readAdversaries(KeyReader& keys, Adversaries& adversaries);
     void readLdbs(const QJsonArray& entries);
     void readLdb(const QJsonObject& object, const QString& path);
     ScenarioLdb readBoard(KeyReader& keys, int address);
@@ -88,6 +95,7 @@ ScenarioReading ScenarioReader::read(const QJsonObject& root)
         static_cast<quint32>(keys.real("seed", static_cast<double>(m_scenario.seed), 0, kMaxSeed));
     readTiming(keys.object("timing"));
     readBadBus(keys.object("badBus"));
+    readLine(keys.object("line"));
     if (!keys.has("ldbs")) {
         keys.fail("ldbs", QStringLiteral("is missing"));
     }
@@ -121,16 +129,71 @@ void ScenarioReader::readTiming(const QJsonObject& object)
 void ScenarioReader::readBadBus(const QJsonObject& object)
 {
     KeyReader keys(object, QStringLiteral("badBus"), m_error);
-    BadBus& badBus = m_scenario.badBus;
-    badBus.garbledPercent = keys.real("garbledPercent", 0, 0, kPercent);
-    badBus.latePercent = keys.real("latePercent", 0, 0, kPercent);
-    badBus.lateFrom = keys.integer("lateFromMs", badBus.lateFrom, 1, kMaxLateMilliseconds);
-    badBus.lateTo =
-        keys.integer("lateToMs", std::max(badBus.lateFrom, badBus.lateTo), 1, kMaxLateMilliseconds);
-    if (badBus.lateTo < badBus.lateFrom) {
+    Adversaries& adversaries = m_scenario.line.adversaries;
+    adversaries.garbledAnswers = keys.real("garbledPercent", 0, 0, kPercent);
+    adversaries.lateAnswers = keys.real("latePercent", 0, 0, kPercent);
+    int& from = adversaries.lateFrom;
+    int& to = adversaries.lateTo;
+    from = keys.integer("lateFromMs", from, 0, kMaxLateMilliseconds);
+    to = keys.integer("lateToMs", std::max(from, to), 0, kMaxLateMilliseconds);
+    if (to < from) {
         keys.fail("lateToMs", QStringLiteral("must not be less than lateFromMs"));
     }
     keys.complainOfUnknownKeys();
+}
+
+void ScenarioReader::readLine(const QJsonObject& object)
+{
+    KeyReader keys(object, QStringLiteral("line"), m_error);
+    ScenarioLine& line = m_scenario.line;
+    const std::pair<const char*, LineKind> kinds[] = {{"full", LineKind::FullDuplex},
+                                                      {"half", LineKind::HalfDuplex},
+                                                      {"queue", LineKind::QueuingConverter}};
+    const QString kind = keys.text("kind", QStringLiteral("full"));
+    const auto* known =
+        std::find_if(std::begin(kinds), std::end(kinds),
+                     [&kind](const auto& entry) { return kind == QLatin1String(entry.first); });
+    if (known == std::end(kinds)) {
+        keys.fail("kind", QStringLiteral("must be \"full\", \"half\" or \"queue\""));
+        return;
+    }
+    line.kind = known->second;
+    line.leastTurnaround =
+        keys.integer("turnaroundFromMs", line.leastTurnaround, 0, kMaxTurnaroundMilliseconds);
+    line.mostTurnaround =
+        keys.integer("turnaroundToMs", std::max(line.leastTurnaround, line.mostTurnaround), 0,
+                     kMaxTurnaroundMilliseconds);
+    if (line.mostTurnaround < line.leastTurnaround) {
+        keys.fail("turnaroundToMs", QStringLiteral("must not be less than turnaroundFromMs"));
+    }
+    readAdversaries(keys, line.adversaries);
+    keys.complainOfUnknownKeys();
+}
+
+void ScenarioReader::readAdversaries(KeyReader& keys, Adversaries& adversaries)
+{
+    const std::pair<const char*, double Adversaries::*> percentages[] = {
+        {"flippedRequestsPercent", &Adversaries::flippedRequests},
+        {"flippedAnswersPercent", &Adversaries::flippedAnswers},
+        {"lostRequestsPercent", &Adversaries::lostRequests},
+        {"lostAnswersPercent", &Adversaries::lostAnswers}};
+    for (const auto& [key, member] : percentages) {
+        adversaries.*member = keys.real(key, 0, 0, kPercent);
+    }
+    const std::tuple<const char*, double Adversaries::*, double> times[] = {
+        {"strayEverySeconds", &Adversaries::strayEvery, kShortestStrayInterval},
+        {"burstEverySeconds", &Adversaries::burstEvery, kShortestStrayInterval},
+        {"stallEverySeconds", &Adversaries::stallEvery, 1},
+        {"vanishEverySeconds", &Adversaries::vanishEvery, 1},
+        {"vanishForSeconds", &Adversaries::vanishFor, kShortestStrayInterval}};
+    for (const auto& [key, member, shortest] : times) {
+        if (keys.has(key)) {
+            adversaries.*member = keys.real(key, 0, shortest, kMaxIntervalSeconds);
+        }
+    }
+    if (keys.flag("stallsLose", false)) {
+        adversaries.stall = Adversaries::Stall::Lose;
+    }
 }
 
 void ScenarioReader::readLdbs(const QJsonArray& entries)

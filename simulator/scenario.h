@@ -1,8 +1,8 @@
 #pragma once
 
+#include "simulator/line/line.h"
 #include "simulator/simulatedldb.h"
 #include "simulator/simulatorcommand.h"
-#include "simulator/wirefaults.h"
 
 #include <QByteArray>
 #include <QString>
@@ -25,12 +25,25 @@ struct ScenarioLdb
     std::vector<SimulatorCommand> faults;
 };
 
+/// The line between the boards and the master.
+struct ScenarioLine
+{
+    LineKind kind = LineKind::FullDuplex;
+    int leastTurnaround = 1; ///< ms from a request to its answer, evenly up to `mostTurnaround`
+    int mostTurnaround = 1;
+    Adversaries adversaries;
+
+    ScenarioLine() { adversaries.lateFrom = kLateFrom; }
+
+    static constexpr int kLateFrom = 130; ///< ms
+};
+
 /// An installation and what happens to it.
 struct Scenario
 {
     quint32 seed = 1;
     LdbTiming timing;
-    BadBus badBus;
+    ScenarioLine line;
     std::vector<ScenarioLdb> ldbs; ///< at different addresses
     std::vector<ScenarioEvent> events;
 };

@@ -1,5 +1,8 @@
 #include "simulator/simulation.h"
 
+#include "serial/serialcommand.h"
+#include "simulator/adversarycommand.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,13 +12,42 @@ constexpr double kMillisecondsPerSecond = 1000;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 constexpr qint64 kLongestSleep = 3600000; // ms; an event may be weeks away
 constexpr int kNoTag = 0;
+/// The notes of what happens in a second on the wire would do; the line keeps them by the exchange.
+constexpr int kBookLength = 256;
+
+LineOptions lineOptions(const Scenario& scenario, const Simulation::Options& options)
+{
+    LineOptions result;
+    result.kind = scenario.line.kind;
+    result.seed = options.seed.value_or(scenario.seed);
+    result.bookLength = kBookLength;
+    const bool isPaced = options.pace == Simulation::Pace::Baud9600;
+    result.byteTime = isPaced ? result.byteTime : 0;
+    result.leastTurnaround =
+        isPaced ? scenario.line.leastTurnaround * kMicrosecondsPerMillisecond : 0;
+    result.mostTurnaround =
+        isPaced ? scenario.line.mostTurnaround * kMicrosecondsPerMillisecond : 0;
+    return result;
+}
+
+/// What happened on the way, each between brackets.
+QString harmText(Harms harms, qint64 lateBy)
+{
+    QString text = harms ? QStringLiteral(" [%1]").arg(describe(harms)) : QString();
+    text.replace(QLatin1String(", "), QLatin1String("] ["));
+    if (harms.testFlag(Harm::Late)) {
+        text.replace(QLatin1String("[late]"),
+                     QStringLiteral("[late %1 ms]").arg(lateBy / kMicrosecondsPerMillisecond));
+    }
+    return text;
+}
 
 } // namespace
 
 Simulation::Simulation(const Scenario& scenario, const Options& options, QObject* parent)
     : QObject(parent)
     , m_bus(scenario, options.seed.value_or(scenario.seed), m_clock.milliseconds())
-    , m_line(options.pace, m_clock, this)
+    , m_host(Line(lineOptions(scenario, options), scenario.line.adversaries, *this), m_clock, this)
     , m_link(options.linkPath)
     , m_journalPath(options.journalPath)
     , m_eventTimer(this)
@@ -29,9 +61,8 @@ Simulation::Simulation(const Scenario& scenario, const Options& options, QObject
     m_restoreTimer.setSingleShot(true);
     connect(&m_eventTimer, &QTimer::timeout, this, &Simulation::runEvents);
     connect(&m_restoreTimer, &QTimer::timeout, this, &Simulation::restore);
-    connect(&m_line, &PacedLine::heard, this, &Simulation::hear);
-    connect(&m_line, &PacedLine::sent, this, &Simulation::noteSent);
-    connect(&m_line, &PacedLine::transmit, this, [this](const QByteArray& bytes) {
+    m_host.line().setWatcher(this);
+    connect(&m_host, &LineHost::arrived, this, [this](const QByteArray& bytes) {
         if (m_terminal) {
             m_terminal->write(bytes);
         }
@@ -74,8 +105,17 @@ QStringList Simulation::execute(const SimulatorCommand& command)
     case CommandVerb::Restore:
         outcome = restore();
         break;
-    default:
+    case CommandVerb::LineKind:
+        m_host.line().setKind(command.lineKind);
+        break;
+    default: {
+        Adversaries adversaries = m_host.line().adversaries();
+        if (applyToAdversaries(command, adversaries)) {
+            m_host.setAdversaries(adversaries);
+            break;
+        }
         outcome = m_bus.execute(command, m_clock.milliseconds());
+    }
     }
     return outcome.isEmpty() ? QStringList() : QStringList{outcome};
 }
@@ -90,7 +130,7 @@ QString Simulation::openPort()
     if (!error.isEmpty()) {
         return error;
     }
-    connect(terminal.get(), &PseudoTerminal::received, &m_line, &PacedLine::receive);
+    connect(terminal.get(), &PseudoTerminal::received, &m_host, &LineHost::receive);
     m_terminal = std::move(terminal);
     return {};
 }
@@ -104,7 +144,7 @@ void Simulation::cut(double seconds)
     m_link.remove(); // the system may give the port's number to somebody else
     m_terminal->hangUp();
     m_terminal.release()->deleteLater();
-    m_line.reset();
+    m_host.line().reset();
     m_notes.clear();
     if (seconds > 0) {
         m_restoreTimer.start(static_cast<int>(std::lround(seconds * kMillisecondsPerSecond)));
@@ -127,25 +167,44 @@ QString Simulation::restore()
     return {};
 }
 
-void Simulation::hear(const QByteArray& frame, qint64 heardAt)
+std::vector<BoardAnswer> Simulation::hear(const QByteArray& frame, qint64 at,
+                                          const AbsentBoards& absent)
 {
-    const Hearing hearing = m_bus.hear(frame, heardAt / kMicrosecondsPerMillisecond);
-    m_journal.write(heardAt, Journal::Direction::Request, hearing.hexId, frame, hearing.text);
-    for (const Transmission& transmission : hearing.answer) {
-        int tag = kNoTag;
-        if (m_journal.isOpen() && !transmission.whole.isEmpty()) {
-            tag = m_nextTag++;
-            m_notes.insert(tag, {hearing.hexId, transmission.whole, transmission.note});
-        }
-        m_line.send(transmission.bytes, heardAt, transmission.delay, tag);
+    m_hearing = m_bus.hear(frame, at / kMicrosecondsPerMillisecond, absent);
+    if (!m_hearing.answer) {
+        return {};
     }
+    const Transmission& transmission = *m_hearing.answer;
+    BoardAnswer answer;
+    answer.board = m_hearing.address;
+    answer.bytes = transmission.bytes;
+    answer.delay = transmission.delay * kMicrosecondsPerMillisecond;
+    answer.pieces = transmission.pieces;
+    answer.pause = transmission.pause * kMicrosecondsPerMillisecond;
+    if (m_journal.isOpen()) {
+        answer.tag = m_nextTag++;
+        m_notes.insert(answer.tag, transmission.note);
+    }
+    return {answer};
 }
 
-void Simulation::noteSent(int tag, qint64 sentAt)
+void Simulation::requestEnded(const Exchange& exchange)
 {
-    if (tag != kNoTag) {
-        const Note note = m_notes.take(tag);
-        m_journal.write(sentAt, Journal::Direction::Answer, note.hexId, note.bytes, note.text);
+    if (!m_journal.isOpen()) {
+        return;
+    }
+    const Hearing hearing = exchange.isHeard ? m_hearing : BusSimulator::read(exchange.request);
+    m_journal.write(exchange.endedAt, Journal::Direction::Request, hearing.hexId, exchange.request,
+                    hearing.text + harmText(exchange.harms, 0));
+}
+
+void Simulation::answerEnded(const Exchange& exchange, const LineAnswer& answer)
+{
+    Q_UNUSED(exchange)
+    if (answer.tag != kNoTag) {
+        m_journal.write(answer.leftAt, Journal::Direction::Answer,
+                        busaddress::toHexId(answer.board), answer.sent,
+                        m_notes.take(answer.tag) + harmText(answer.harms, answer.lateBy));
     }
 }
 

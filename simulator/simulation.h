@@ -2,7 +2,7 @@
 
 #include "simulator/bussimulator.h"
 #include "simulator/journal.h"
-#include "simulator/pacedline.h"
+#include "simulator/linehost.h"
 #include "simulator/portlink.h"
 #include "simulator/pseudoterminal.h"
 #include "simulator/simulationclock.h"
@@ -20,13 +20,18 @@
 /// A whole simulated installation on a pseudo-terminal: the boards, the line to them, the events of
 /// the scenario, and the trainer's commands. Needs a thread with an event loop, into which it may
 /// be moved before `start()`; programs and tests may run it beside themselves.
-class Simulation : public QObject
+class Simulation : public QObject, private Boards, private LineWatcher
 {
     Q_OBJECT
 public:
+    enum class Pace
+    {
+        Baud9600,
+        Unpaced ///< nothing takes time but what was asked to be late
+    };
     struct Options
     {
-        PacedLine::Pace pace = PacedLine::Pace::Baud9600;
+        Pace pace = Pace::Baud9600;
         QString linkPath;            ///< empty: no link
         QString journalPath;         ///< empty: no journal
         std::optional<quint32> seed; ///< nothing: the scenario's
@@ -57,25 +62,20 @@ private:
         qint64 every = 0;
         SimulatorCommand command;
     };
-    struct Note
-    {
-        QString hexId;
-        QByteArray bytes;
-        QString text;
-    };
-
     QString openPort();
     void cut(double seconds);
     QString restore();
-    void hear(const QByteArray& frame, qint64 heardAt);
-    void noteSent(int tag, qint64 sentAt);
+    std::vector<BoardAnswer> hear(const QByteArray& frame, qint64 at,
+                                  const AbsentBoards& absent) override;
+    void requestEnded(const Exchange& exchange) override;
+    void answerEnded(const Exchange& exchange, const LineAnswer& answer) override;
     void remark(const QString& text);
     void runEvents();
     void scheduleEvents();
 
     SimulationClock m_clock;
     BusSimulator m_bus;
-    PacedLine m_line;
+    LineHost m_host;
     std::unique_ptr<PseudoTerminal> m_terminal;
     PortLink m_link;
     Journal m_journal;
@@ -83,6 +83,7 @@ private:
     std::vector<Event> m_events;
     QTimer m_eventTimer;
     QTimer m_restoreTimer;
-    QHash<int, Note> m_notes; ///< by tag, for answers that have not left yet
+    Hearing m_hearing;           ///< of the request that ends
+    QHash<int, QString> m_notes; ///< by tag, for answers that have not left yet
     int m_nextTag = 1;
 };

@@ -11,6 +11,7 @@ constexpr int kHexBase = 16;
 constexpr int kMaxMilliseconds = 60000;
 constexpr int kMaxTimes = 1000000;
 constexpr double kMaxSeconds = 86400;
+constexpr double kShortestEvery = 0.01; // s
 
 /// The words of one command, taken one after another; remembers the first thing that was wrong.
 class Words
@@ -46,14 +47,15 @@ public:
         return number;
     }
 
-    double takeReal(const char* what, double highest)
+    double takeReal(const char* what, double highest, double lowest = 0)
     {
         const QString word = take();
         bool isNumber = false;
         const double number = word.toDouble(&isNumber);
-        if (!isNumber || !(number >= 0 && number <= highest)) {
-            fail(QStringLiteral("%1 must be a number from 0 to %2, not \"%3\"")
+        if (!isNumber || !(number >= lowest && number <= highest)) {
+            fail(QStringLiteral("%1 must be a number from %2 to %3, not \"%4\"")
                      .arg(QLatin1String(what))
+                     .arg(lowest)
                      .arg(highest)
                      .arg(word));
         }
@@ -228,18 +230,98 @@ void takeTargetOnly(Words& words, SimulatorCommand& command)
     takeTarget(words, command);
 }
 
+double takePercent(Words& words, const char* what)
+{
+    constexpr double kAll = 100;
+    return words.takeReal(what, kAll);
+}
+
+/// FROM TO at the end of a command that is about lateness.
+void takeLateness(Words& words, SimulatorCommand& command)
+{
+    command.hasLateness = !words.isEmpty();
+    if (command.hasLateness) {
+        int& from = command.adversaries.lateFrom;
+        from = words.takeInteger("the least lateness in ms", 0, kMaxMilliseconds);
+        command.adversaries.lateTo =
+            words.takeInteger("the greatest lateness in ms", from, kMaxMilliseconds);
+    }
+}
+
 void takeBadBus(Words& words, SimulatorCommand& command)
 {
-    if (words.takeIf("off")) {
-        return;
+    if (!words.takeIf("off")) {
+        command.adversaries.garbledAnswers =
+            takePercent(words, "the percentage of garbled answers");
+        command.adversaries.lateAnswers = takePercent(words, "the percentage of late answers");
+        takeLateness(words, command);
     }
-    constexpr double kAllAnswers = 100;
-    command.garbledPercent = words.takeReal("the percentage of garbled answers", kAllAnswers);
-    command.latePercent = words.takeReal("the percentage of late answers", kAllAnswers);
-    if (!words.isEmpty()) {
-        command.lateFrom = words.takeInteger("the least lateness in ms", 1, kMaxMilliseconds);
-        command.lateTo =
-            words.takeInteger("the greatest lateness in ms", *command.lateFrom, kMaxMilliseconds);
+}
+
+void takeLineKind(Words& words, SimulatorCommand& command)
+{
+    constexpr Choice<LineKind> kKinds[] = {{"full", LineKind::FullDuplex},
+                                           {"half", LineKind::HalfDuplex},
+                                           {"queue", LineKind::QueuingConverter}};
+    command.lineKind = takeChoice(words, kKinds);
+}
+
+void takeFlips(Words& words, SimulatorCommand& command)
+{
+    if (!words.takeIf("off")) {
+        command.adversaries.flippedRequests = takePercent(words, "the percentage of requests");
+        command.adversaries.flippedAnswers = takePercent(words, "the percentage of answers");
+    }
+}
+
+void takeLosses(Words& words, SimulatorCommand& command)
+{
+    if (!words.takeIf("off")) {
+        command.adversaries.lostRequests = takePercent(words, "the percentage of requests");
+        command.adversaries.lostAnswers = takePercent(words, "the percentage of answers");
+    }
+}
+
+void takeLateAnswers(Words& words, SimulatorCommand& command)
+{
+    if (!words.takeIf("off")) {
+        command.adversaries.lateAnswers = takePercent(words, "the percentage of answers");
+        takeLateness(words, command);
+    }
+}
+
+void takeStray(Words& words, SimulatorCommand& command)
+{
+    if (!words.takeIf("off")) {
+        command.adversaries.strayEvery =
+            words.takeReal("the seconds between two bytes", kMaxSeconds, kShortestEvery);
+        command.adversaries.burstEvery =
+            words.isEmpty()
+                ? 0
+                : words.takeReal("the seconds between two bursts", kMaxSeconds, kShortestEvery);
+    }
+}
+
+void takeStalls(Words& words, SimulatorCommand& command)
+{
+    constexpr Choice<Adversaries::Stall> kStalls[] = {{"hold", Adversaries::Stall::Hold},
+                                                      {"lose", Adversaries::Stall::Lose}};
+    if (!words.takeIf("off")) {
+        command.adversaries.stall = takeChoice(words, kStalls);
+        command.adversaries.stallEvery =
+            words.takeReal("the seconds between two stalls", kMaxSeconds, 1);
+    }
+}
+
+void takeVanishing(Words& words, SimulatorCommand& command)
+{
+    if (!words.takeIf("off")) {
+        command.adversaries.vanishEvery =
+            words.takeReal("the seconds between two absences", kMaxSeconds, 1);
+        if (words.takeIf("for")) {
+            command.adversaries.vanishFor =
+                words.takeReal("the seconds of absence", kMaxSeconds, kShortestEvery);
+        }
     }
 }
 
@@ -312,6 +394,20 @@ constexpr Grammar kGrammar[] = {
      "is put on the bus and boots; a new one where none was"},
     {"bad-bus", CommandVerb::BadBus, kNoLoopFault, takeBadBus, "GARBLED LATE [FROM TO] | off",
      "percentages of all answers that are spoiled, at random; FROM, TO: ms late"},
+    {"line", CommandVerb::LineKind, kNoLoopFault, takeLineKind, "full|half|queue",
+     "what overlaps: answers; requests, too; or nothing, through a converter that queues"},
+    {"flips", CommandVerb::Flips, kNoLoopFault, takeFlips, "REQUESTS ANSWERS | off",
+     "percentages of which one bit is flipped"},
+    {"losses", CommandVerb::Losses, kNoLoopFault, takeLosses, "REQUESTS ANSWERS | off",
+     "percentages that are lost whole"},
+    {"late-answers", CommandVerb::LateAnswers, kNoLoopFault, takeLateAnswers,
+     "PERCENT [FROM TO] | off", "percentage of all answers that are late; FROM, TO: ms"},
+    {"stray", CommandVerb::Stray, kNoLoopFault, takeStray, "SECONDS [BURST_SECONDS] | off",
+     "a byte that nobody sent every so often, and 20 of them at once"},
+    {"stalls", CommandVerb::Stalls, kNoLoopFault, takeStalls, "hold|lose SECONDS | off",
+     "the line holds answers back, or loses them, for up to 5 s every so often"},
+    {"vanishing", CommandVerb::Vanishing, kNoLoopFault, takeVanishing,
+     "SECONDS [for SECONDS] | off", "every LDB is gone every so often, for 30 s"},
     {"cut", CommandVerb::Cut, kNoLoopFault, takeCut, "[for SECONDS]",
      "cuts the line: the port is gone"},
     {"restore", CommandVerb::Restore, kNoLoopFault, takeNothing, "",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial/ldbstatus.h"
+#include "simulator/line/line.h"
 #include "simulator/loopmodel.h"
 
 #include <QString>
@@ -28,6 +29,13 @@ enum class CommandVerb
     Vanish,
     Appear,
     BadBus,
+    LineKind,
+    Flips,
+    Losses,
+    LateAnswers,
+    Stray,
+    Stalls,
+    Vanishing,
     Cut,
     Restore,
     List,
@@ -61,11 +69,10 @@ struct SimulatorCommand
     int milliseconds = 0;
     NakScope nakScope = NakScope::None;
     int index = 0; ///< of the parameter that `NakScope::Index` means
-    double garbledPercent = 0;
-    double latePercent = 0;
-    std::optional<int> lateFrom; ///< ms; nothing: the range of lateness stays as it is
-    std::optional<int> lateTo;   ///< ms; not below `lateFrom`, and there exactly when that is
-    double seconds = 0;          ///< a cut line comes back by itself then; 0: never
+    LineKind lineKind = LineKind::FullDuplex;
+    Adversaries adversaries;  ///< what the verb is about; but for that the defaults
+    bool hasLateness = false; ///< whether the range of lateness is named; else it stays as it is
+    double seconds = 0;       ///< a cut line comes back by itself then; 0: never
 
     static constexpr int kAllLdbs = 0;
 };

@@ -46,31 +46,6 @@ QByteArray noise(std::mt19937& random)
     return bytes;
 }
 
-/// Whether the master would take the bytes, or a part of them, for a good answer.
-bool passesCheck(QByteArray bytes)
-{
-    QByteArray answer;
-    return framecodec::processReceivedData(bytes, answer) && framecodec::responseValidation(answer);
-}
-
-/// Flips bits until the check finds it out: what an eight-bit check lets pass is nobody's fault.
-QByteArray garbled(const QByteArray& answer, std::mt19937& random)
-{
-    QByteArray bytes = answer;
-    do {
-        char* byte = bytes.data() + between(0, bytes.size() - 1, random);
-        *byte = static_cast<char>(*byte ^ between(1, 0x7F, random));
-    } while (passesCheck(bytes));
-    return bytes;
-}
-
-bool happens(double percent, std::mt19937& random)
-{
-    constexpr double kAll = 100;
-    constexpr quint32 kGrains = 1000000;
-    return static_cast<double>(random() % kGrains) < percent / kAll * kGrains;
-}
-
 } // namespace
 
 void LimitedFault::set(bool on, std::optional<int> times)
@@ -140,39 +115,30 @@ bool WireFaults::refuses(const BusRequest& request) const
     return false;
 }
 
-std::vector<Transmission> WireFaults::spoil(const QByteArray& answer, const QString& text,
-                                            std::mt19937& random)
+Transmission WireFaults::spoil(const QByteArray& answer, const QString& text, std::mt19937& random)
 {
-    QByteArray bytes = answer;
-    QString note = text;
-    if (isFramed(bytes) && m_wrongLength.take()) {
-        bytes = shortened(bytes);
-        note += QStringLiteral(" [wrong length]");
+    Transmission result;
+    result.bytes = answer;
+    result.note = text;
+    if (isFramed(result.bytes) && m_wrongLength.take()) {
+        result.bytes = shortened(result.bytes);
+        result.note += QStringLiteral(" [wrong length]");
     }
-    if (isFramed(bytes) && m_badCheck.take()) {
-        bytes = withWrongCheck(bytes);
-        note += QStringLiteral(" [bad check]");
+    if (isFramed(result.bytes) && m_badCheck.take()) {
+        result.bytes = withWrongCheck(result.bytes);
+        result.note += QStringLiteral(" [bad check]");
     }
     if (m_noise.take()) {
-        bytes.prepend(noise(random));
-        note += QStringLiteral(" [noise]");
+        result.bytes.prepend(noise(random));
+        result.note += QStringLiteral(" [noise]");
     }
-    const qint64 delay = m_late.take() ? m_lateness : 0;
-    if (delay > 0) {
-        note += QStringLiteral(" [late %1 ms]").arg(delay);
+    result.delay = m_late.take() ? m_lateness : 0;
+    if (result.bytes.size() >= kFragments && m_fragments.take()) {
+        result.pieces = kFragments;
+        result.pause = kFragmentPause;
+        result.note += QStringLiteral(" [fragments]");
     }
-    if (bytes.size() < kFragments || !m_fragments.take()) {
-        return {{bytes, delay, note, bytes}};
-    }
-    note += QStringLiteral(" [fragments]");
-    std::vector<Transmission> pieces;
-    const int length = bytes.size() / kFragments;
-    for (int i = 0; i < kFragments; ++i) {
-        const bool isLast = i == kFragments - 1;
-        pieces.push_back({bytes.mid(i * length, isLast ? -1 : length), delay + i * kFragmentPause,
-                          isLast ? note : QString(), isLast ? bytes : QByteArray()});
-    }
-    return pieces;
+    return result;
 }
 
 QStringList WireFaults::names() const
@@ -191,17 +157,4 @@ QStringList WireFaults::names() const
         }
     }
     return result;
-}
-
-void BadBus::apply(Transmission& transmission, std::mt19937& random) const
-{
-    if (happens(garbledPercent, random)) {
-        transmission.bytes = garbled(transmission.bytes, random);
-        transmission.whole = transmission.bytes;
-        transmission.note += QStringLiteral(" [garbled]");
-    }
-    if (happens(latePercent, random)) {
-        transmission.delay += between(lateFrom, lateTo, random);
-        transmission.note += QStringLiteral(" [late %1 ms]").arg(transmission.delay);
-    }
 }

@@ -9,15 +9,15 @@
 
 #include <optional>
 #include <random>
-#include <vector>
 
-/// Bytes on their way to the master.
+/// An answer as it leaves its LDB.
 struct Transmission
 {
     QByteArray bytes;
-    qint64 delay = 0; ///< ms from the moment the request was heard, beside the turnaround
-    QString note;     ///< for the journal; only the last piece of an answer carries it
-    QByteArray whole; ///< the whole answer, where `note` stands
+    qint64 delay = 0; ///< ms beyond the turnaround
+    int pieces = 1;   ///< sent in so many pieces ...
+    qint64 pause = 0; ///< ... with so many ms between them
+    QString note;     ///< for the journal
 };
 
 /// A fault that lasts until it is told otherwise, or for a number of answers.
@@ -46,9 +46,8 @@ public:
     /// Whether it refuses this request; counts it.
     bool takeRefusal(const BusRequest& request);
 
-    /// What becomes of an answer on its way; never empty.
-    std::vector<Transmission> spoil(const QByteArray& answer, const QString& text,
-                                    std::mt19937& random);
+    /// What becomes of an answer on its way.
+    Transmission spoil(const QByteArray& answer, const QString& text, std::mt19937& random);
 
     /// Names of the faults in force.
     QStringList names() const;
@@ -66,16 +65,4 @@ private:
     NakScope m_nakScope = NakScope::None;
     int m_nakIndex = 0;
     qint64 m_lateness = 0;
-};
-
-/// The wear of a whole bus: some answers garbled, some late, by chance.
-struct BadBus
-{
-    double garbledPercent = 0;
-    double latePercent = 0;
-    int lateFrom = 130; ///< ms
-    int lateTo = 1800;  ///< ms
-
-    /// Spoils the one transmission of an answer, if chance will have it.
-    void apply(Transmission& transmission, std::mt19937& random) const;
 };

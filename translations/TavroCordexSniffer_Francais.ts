@@ -794,7 +794,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>LampPages</name>
+    <name>LampPanel</name>
     <message>
         <source>No LDB</source>
         <translation>Aucun LDB</translation>

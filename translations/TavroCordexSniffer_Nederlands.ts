@@ -794,7 +794,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
 </context>
 <context>
-    <name>LampPages</name>
+    <name>LampPanel</name>
     <message>
         <source>No LDB</source>
         <translation>Geen LDB</translation>

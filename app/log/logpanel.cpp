@@ -5,7 +5,6 @@
 #include "app/shared/usersettings.h"
 #include "ui_logpanel.h"
 #include "views/log/filelogger.h"
-#include "views/log/logfilename.h"
 
 #include <QDateTime>
 #include <QDir>

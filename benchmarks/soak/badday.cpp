@@ -3,7 +3,6 @@
 #include "serial/framecodec.h"
 #include "serial/serialcommand.h"
 #include "simulator/bussimulator.h"
-#include "simulator/pacedline.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -84,17 +83,16 @@ QByteArray BadDay::tuning() const
 
 double BadDay::pacedExchangeMs() const
 {
-    constexpr double kByteMs = static_cast<double>(PacedLine::kByteNanoseconds) / 1e6;
-    constexpr double kTurnaroundMs = static_cast<double>(PacedLine::kTurnaroundMicroseconds) / 1e3;
+    constexpr double kByteMs = static_cast<double>(linetime::kByte) / 1e6;
     Scenario healthy = readScenario(scenarioJson()).scenario.value_or(Scenario());
-    healthy.badBus = {0, 0};
     BusSimulator bus(healthy, m_seed, 0);
     double total = 0;
     int exchanges = 0;
     const auto exchange = [&](const ISerialCommand& request) {
         const QByteArray frame = framecodec::createCommand(request.commandData());
         const Hearing hearing = bus.hear(frame, 0);
-        total += (frame.size() + hearing.answer.front().bytes.size()) * kByteMs + kTurnaroundMs;
+        total +=
+            (frame.size() + hearing.answer->bytes.size()) * kByteMs + healthy.line.mostTurnaround;
         ++exchanges;
     };
     for (const QString& hexId : m_ldbs) {

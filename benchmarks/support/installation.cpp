@@ -2,7 +2,7 @@
 
 #include "serial/serialcommand.h"
 
-Installation::Installation(const Scenario& scenario, PacedLine::Pace pace,
+Installation::Installation(const Scenario& scenario, Simulation::Pace pace,
                            const QString& journalPath)
 {
     m_thread.start();

@@ -14,7 +14,7 @@ class Installation
 {
 public:
     /// An empty journal path keeps no journal.
-    Installation(const Scenario& scenario, PacedLine::Pace pace, const QString& journalPath = {});
+    Installation(const Scenario& scenario, Simulation::Pace pace, const QString& journalPath = {});
     ~Installation();
     Installation(const Installation&) = delete;
     Installation& operator=(const Installation&) = delete;

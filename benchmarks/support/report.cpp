@@ -2,6 +2,29 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
+
+namespace {
+
+bool shortForm = false;
+
+} // namespace
+
+bool takeShortForm(int& argc, char* argv[])
+{
+    char** const end = std::remove_if(argv + 1, argv + argc, [](const char* argument) {
+        return std::strcmp(argument, "--short") == 0;
+    });
+    shortForm = end != argv + argc;
+    argc = static_cast<int>(end - argv);
+    argv[argc] = nullptr;
+    return shortForm;
+}
+
+bool isShortForm()
+{
+    return shortForm;
+}
 
 bool report(const char* name, double value, double limit, Bound bound)
 {
@@ -10,7 +33,7 @@ bool report(const char* name, double value, double limit, Bound bound)
     std::printf("%-10s %8.3f  (%s %.3f)  %s\n", name, value, isUpperLimit ? "at most" : "at least",
                 limit, good ? "ok" : "OUT OF BOUNDS");
     std::fflush(stdout);
-    return good;
+    return good || shortForm;
 }
 
 double median(std::vector<double> values)

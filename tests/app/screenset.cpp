@@ -7,7 +7,6 @@
 #include "app/preferences/aboutdialog.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
-#include "app/window/lamppanel.h"
 #include "app/window/mainwindow.h"
 #include "serial/serialcommand.h"
 #include "tests/support/settingsbus.h"
@@ -18,6 +17,7 @@
 #include "tracking/faultfinding/startquestions.h"
 #include "tracking/plot/mainwindowplot.h"
 #include "tracking/plot/plot.h"
+#include "views/lamps/lamppanel.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
 

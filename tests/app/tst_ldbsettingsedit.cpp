@@ -1,5 +1,6 @@
 #include "app/ldbsettings/ldbsettingsedit.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LdbField)
 
@@ -249,6 +250,6 @@ void TestLdbSettingsEdit::recordAfterSave()
     QCOMPARE(edit.values().name, someRecord().name);
 }
 
-QTEST_GUILESS_MAIN(TestLdbSettingsEdit)
+REGISTER_TEST(TestLdbSettingsEdit, QCoreApplication)
 
 #include "tst_ldbsettingsedit.moc"

@@ -1,4 +1,5 @@
 #include "tests/app/settingsdesk.h"
+#include "tests/support/testprogram.h"
 
 namespace {
 
@@ -176,6 +177,7 @@ void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
     QCOMPARE(desk.bus.writes(), QList<QByteArray>());
 }
 
-QTEST_MAIN(TestLdbSettingsEditor)
+REGISTER_TEST(TestLdbSettingsEditor, QApplication)
 
+#include "tests/support/testprogram.h"
 #include "tst_ldbsettingseditor.moc"

@@ -1,4 +1,5 @@
 #include "tests/app/settingsdesk.h"
+#include "tests/support/testprogram.h"
 
 #include <QTimer>
 
@@ -332,6 +333,7 @@ void TestLdbSettingsSaving::saveOfAnLdbNoLongerSelected()
     QCOMPARE(desk.bus.settingsOf(kOtherLdb), SettingsBus::record(kOtherLdb));
 }
 
-QTEST_MAIN(TestLdbSettingsSaving)
+REGISTER_TEST(TestLdbSettingsSaving, QApplication)
 
+#include "tests/support/testprogram.h"
 #include "tst_ldbsettingssaving.moc"

@@ -4,6 +4,7 @@
 #include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "views/log/filelogger.h"
 
 #include <QAbstractButton>
@@ -177,6 +178,6 @@ void TestLogPanel::browseFillsPath()
     QCOMPARE(group.path.text(), sandbox.path(QStringLiteral("chosen.csv")));
 }
 
-QTEST_MAIN(TestLogPanel)
+REGISTER_TEST(TestLogPanel, QApplication)
 
 #include "tst_logpanel.moc"

@@ -7,6 +7,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/faultfinding/fimtracking.h"
 
 #include <QElapsedTimer>
@@ -589,6 +590,6 @@ void TestMainWindow::closesWhileCommandsWait()
     QVERIFY2(timer.elapsed() < kLimitMs, qPrintable(QString::number(timer.elapsed())));
 }
 
-QTEST_MAIN(TestMainWindow)
+REGISTER_TEST(TestMainWindow, QApplication)
 
 #include "tst_mainwindow.moc"

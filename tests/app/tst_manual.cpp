@@ -3,6 +3,7 @@
 #include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QApplication>
 #include <QDir>
@@ -203,5 +204,5 @@ void TestManual::missingManualIsToldOnce()
     QCOMPARE(openWindows<QMessageBox>(), boxes);
 }
 
-QTEST_MAIN(TestManual)
+REGISTER_TEST(TestManual, QApplication)
 #include "tst_manual.moc"

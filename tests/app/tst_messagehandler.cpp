@@ -1,30 +1,41 @@
 #include "app/startup.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QTime>
 
 #include <csignal>
+#include <cstdlib>
 
 namespace {
 
 const QString kSpeakArgument = QStringLiteral("--speak");
 const QString kDieArgument = QStringLiteral("--die");
 
-/// What the child processes of this test do; 0 where this is no child.
-bool runAsChild(const QStringList& arguments)
+/// This program once more, as a child of the test: it speaks and ends before the test begins.
+class ChildOrApplication
 {
-    if (!arguments.contains(kSpeakArgument) && !arguments.contains(kDieArgument)) {
-        return false;
+public:
+    ChildOrApplication(int& argc, char** argv)
+        : m_application(argc, argv)
+    {
+        const QStringList arguments = QCoreApplication::arguments();
+        if (!arguments.contains(kSpeakArgument) && !arguments.contains(kDieArgument)) {
+            return;
+        }
+        qInstallMessageHandler(messageHandler);
+        qWarning("the caf\u00e9 loop");
+        if (arguments.contains(kDieArgument)) {
+            qFatal("the last words");
+        }
+        std::exit(EXIT_SUCCESS);
     }
-    qInstallMessageHandler(messageHandler);
-    qWarning("the caf\u00e9 loop");
-    if (arguments.contains(kDieArgument)) {
-        qFatal("the last words");
-    }
-    return true;
-}
+
+private:
+    QCoreApplication m_application;
+};
 
 } // namespace
 
@@ -71,7 +82,8 @@ void TestMessageHandler::writesToStandardOutputButLastWords()
 {
     QFETCH(QString, argument);
     QProcess child;
-    child.start(QCoreApplication::applicationFilePath(), {argument});
+    child.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("tst_messagehandler"), argument});
     QVERIFY(child.waitForFinished());
     QTEST(child.exitCode(), "exitCode");
     const QString output = QString::fromUtf8(child.readAllStandardOutput());
@@ -81,14 +93,6 @@ void TestMessageHandler::writesToStandardOutputButLastWords()
     QVERIFY(!child.readAllStandardError().contains("last words"));
 }
 
-int main(int argc, char* argv[])
-{
-    const QCoreApplication application(argc, argv);
-    if (runAsChild(QCoreApplication::arguments())) {
-        return 0;
-    }
-    TestMessageHandler test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestMessageHandler, ChildOrApplication)
 
 #include "tst_messagehandler.moc"

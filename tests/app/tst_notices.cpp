@@ -3,6 +3,7 @@
 #include "app/notices/notices.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -145,6 +146,6 @@ void TestNotices::refusedPort()
     QCOMPARE(portGroup(path), owner == QLatin1String("root") ? QStringLiteral("dialout") : owner);
 }
 
-QTEST_MAIN(TestNotices)
+REGISTER_TEST(TestNotices, QApplication)
 
 #include "tst_notices.moc"

@@ -1,6 +1,7 @@
 #include "app/shared/constants.h"
 #include "resources/resources.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QFile>
 #include <QImage>
@@ -40,5 +41,5 @@ void TestResources::isThere()
     }
 }
 
-QTEST_GUILESS_MAIN(TestResources)
+REGISTER_TEST(TestResources, QCoreApplication)
 #include "tst_resources.moc"

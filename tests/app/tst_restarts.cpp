@@ -5,6 +5,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QFile>
 #include <QLabel>
@@ -158,5 +159,5 @@ void TestRestarts::nothingIsLeftBehind()
     QVERIFY(last.threads <= first.threads + cycles / 2);
 }
 
-QTEST_MAIN(TestRestarts)
+REGISTER_TEST(TestRestarts, QApplication)
 #include "tst_restarts.moc"

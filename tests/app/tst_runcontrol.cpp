@@ -1,5 +1,6 @@
 #include "app/window/runcontrol.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LinkSituation)
 
@@ -75,6 +76,6 @@ void TestRunControl::situations()
     QTEST(letters(enabledControls(situation)), "enabled");
 }
 
-QTEST_APPLESS_MAIN(TestRunControl)
+REGISTER_TEST(TestRunControl, NoApplication)
 
 #include "tst_runcontrol.moc"

@@ -1,6 +1,7 @@
 #include "tests/app/screenset.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
@@ -26,8 +27,6 @@
 #include <cstdlib>
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 /// The usual text of 10 points at 96 dots an inch.
 constexpr int kTextPixels = 13;
@@ -398,7 +397,7 @@ void TestScreens::nothingIsWrong()
     QApplication::setFont(font);
     const auto restore = qScopeGuard([formerFont] { QApplication::setFont(formerFont); });
 
-    ScreenSet screens(virtualTime);
+    ScreenSet screens(VirtualTime::current());
     QWidget* window = screens.open(screen);
     QVERIFY(window != nullptr);
     QCOMPARE(window->size(), window->size().boundedTo(kRoom));
@@ -425,17 +424,11 @@ void TestScreens::readableInEveryPalette()
     const QPalette formerPalette = QApplication::palette();
     QApplication::setPalette(palette);
     const auto restore = qScopeGuard([formerPalette] { QApplication::setPalette(formerPalette); });
-    ScreenSet screens(virtualTime);
+    ScreenSet screens(VirtualTime::current());
     const QStringList faults = unreadableTexts(screens.open(screen));
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    const QApplication application(argc, argv);
-    TestScreens test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestScreens, InVirtualTime<QApplication>)
 
 #include "tst_screens.moc"

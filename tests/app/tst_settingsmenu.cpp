@@ -2,6 +2,7 @@
 #include "resources/resources.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -459,5 +460,5 @@ void TestSettingsMenu::reportsAStoreThatCannotBeWritten()
     QCOMPARE(updates.count(), 1);
 }
 
-QTEST_MAIN(TestSettingsMenu)
+REGISTER_TEST(TestSettingsMenu, QApplication)
 #include "tst_settingsmenu.moc"

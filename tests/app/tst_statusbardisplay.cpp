@@ -1,6 +1,7 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -76,6 +77,6 @@ void TestStatusBarDisplay::progress()
     QCOMPARE(progress->text(), QStringLiteral("25%"));
 }
 
-QTEST_MAIN(TestStatusBarDisplay)
+REGISTER_TEST(TestStatusBarDisplay, QApplication)
 
 #include "tst_statusbardisplay.moc"

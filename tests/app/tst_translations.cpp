@@ -1,5 +1,6 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QProcess>
 #include <QXmlStreamReader>
@@ -181,5 +182,5 @@ void TestTranslations::isComplete()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTranslations)
+REGISTER_TEST(TestTranslations, QCoreApplication)
 #include "tst_translations.moc"

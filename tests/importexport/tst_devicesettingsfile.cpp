@@ -1,6 +1,7 @@
 #include "importexport/devicesettingsfile.h"
 #include "importexport/settingscsv.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QTextCodec>
 
@@ -275,5 +276,5 @@ void TestDeviceSettingsFile::readsWholeFiles()
     QCOMPARE(summaries(content), expected);
 }
 
-QTEST_GUILESS_MAIN(TestDeviceSettingsFile)
+REGISTER_TEST(TestDeviceSettingsFile, QCoreApplication)
 #include "tst_devicesettingsfile.moc"

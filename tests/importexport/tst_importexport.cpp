@@ -4,6 +4,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/settingsbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -642,5 +643,5 @@ void TestImportExport::settingsMoveToSwappedBoards()
     QCOMPARE(Sandbox::readFile(swapped.sandbox.path(QStringLiteral("out.csv"))), exported);
 }
 
-QTEST_GUILESS_MAIN(TestImportExport)
+REGISTER_TEST(TestImportExport, QCoreApplication)
 #include "tst_importexport.moc"

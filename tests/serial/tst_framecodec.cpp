@@ -2,6 +2,7 @@
 #include "serial/hextext.h"
 #include "serial/serialprocessor.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 // The wire's constants stand here once more: a test that took them from the code it checks could
 // not notice when one changes. Check digits were worked out by a separate script.
@@ -182,5 +183,5 @@ void TestFrameCodec::readsDeviceText()
     QTEST(hextext::toText(pairs), "text");
 }
 
-QTEST_GUILESS_MAIN(TestFrameCodec)
+REGISTER_TEST(TestFrameCodec, QCoreApplication)
 #include "tst_framecodec.moc"

@@ -1,5 +1,6 @@
 #include "serial/ldbsettings.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QTextCodec>
 
@@ -188,5 +189,5 @@ void TestLdbSettings::encodesWords()
     QCOMPARE(encodeSwappedWord(256), QByteArray("10001")); // not truncated
 }
 
-QTEST_APPLESS_MAIN(TestLdbSettings)
+REGISTER_TEST(TestLdbSettings, NoApplication)
 #include "tst_ldbsettings.moc"

@@ -1,6 +1,7 @@
 #include "serial/generalinformation.h"
 #include "serial/ldbstatus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 using namespace generalinformation;
 
@@ -213,5 +214,5 @@ void TestLdbStatus::shortRecordsReadAsNothing()
     QVERIFY(!timestamp(oneRow).isValid());
 }
 
-QTEST_GUILESS_MAIN(TestLdbStatus)
+REGISTER_TEST(TestLdbStatus, QCoreApplication)
 #include "tst_ldbstatus.moc"

@@ -1,5 +1,6 @@
-#include "serial/pollschedule.h"
+#include "serial/conversation/pollschedule.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 class TestPollSchedule : public TestCase
 {
@@ -38,6 +39,7 @@ void TestPollSchedule::turns()
     for (const char* hexId : {"03", "0A", "F0"}) {
         schedule.add(hexId);
     }
+    schedule.restart();
     QStringList words;
     const QStringList each = steps.split(' ');
     for (const QString& step : each) {
@@ -61,5 +63,5 @@ void TestPollSchedule::turns()
     QTEST(words.join(' '), "taken");
 }
 
-QTEST_GUILESS_MAIN(TestPollSchedule)
+REGISTER_TEST(TestPollSchedule, QCoreApplication)
 #include "tst_pollschedule.moc"

@@ -1,6 +1,6 @@
-#include "serial/commandqueue.h"
 #include "serial/serialcommand.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QThread>
 
@@ -30,21 +30,6 @@ public:
 };
 // NOLINTEND(performance-unnecessary-value-param)
 
-std::unique_ptr<RequestCommand> settingsRequest(const QString& hexId)
-{
-    return std::make_unique<RequestCommand>(hexId, LdbParameter::Settings);
-}
-
-QList<QByteArray> queued(CommandQueue& queue)
-{
-    QList<QByteArray> bodies;
-    while (!queue.isEmpty()) {
-        bodies.append(queue.front().commandData());
-        queue.finishFront({});
-    }
-    return bodies;
-}
-
 /// Answers `command` in a thread of its own.
 void notifyFromAnotherThread(ISerialCommand& command, const QByteArray& answer)
 {
@@ -63,8 +48,6 @@ private slots:
     void bodies();
     void observersGetTheAnswerInTheirThread();
     void deadReceiverGetsNothing();
-    void equalReadsInARowBecomeOne();
-    void aWriteKeepsReadsApart();
 };
 
 void TestSerialCommand::bodies()
@@ -120,34 +103,5 @@ void TestSerialCommand::deadReceiverGetsNothing()
     QVERIFY(!called);
 }
 
-void TestSerialCommand::equalReadsInARowBecomeOne()
-{
-    Receiver receiver;
-    CommandQueue queue;
-    for (int i = 0; i < 2; ++i) {
-        auto settings = settingsRequest(kTen);
-        settings->addObserver(
-            std::make_unique<ISerialCommand::ObserverMember<Receiver>>(&receiver, &Receiver::take));
-        queue.append(std::move(settings));
-        queue.append(std::make_unique<ExecuteCommand>(kTen, LdbAction::FirmwareId));
-        queue.append(settingsRequest(QStringLiteral("0B")));
-    }
-    QCOMPARE(queue.size(), 3);
-    queue.finishFront("record");
-    WAIT_COMPARE(receiver.answers, (QList<QByteArray>{"record", "record"}));
-    QCOMPARE(queued(queue), (QList<QByteArray>{"FE0A737804", "FE0B737201"}));
-}
-
-void TestSerialCommand::aWriteKeepsReadsApart()
-{
-    CommandQueue queue;
-    for (int i = 0; i < 2; ++i) {
-        queue.append(settingsRequest(kTen));
-        queue.append(std::make_unique<ExecuteCommand>(kTen, LdbControl::LdbReset));
-    }
-    QCOMPARE(queued(queue),
-             (QList<QByteArray>{"FE0A737201", "FE0A73780001", "FE0A737201", "FE0A73780001"}));
-}
-
-QTEST_GUILESS_MAIN(TestSerialCommand)
+REGISTER_TEST(TestSerialCommand, QCoreApplication)
 #include "tst_serialcommand.moc"

@@ -3,13 +3,13 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QSignalSpy>
 
 namespace {
 
 const QByteArray kAck("\x06");
-const QByteArray kNak("\x15");
 const QByteArray kSilence;
 
 // The cyclic requests, and what this test uses as commands.
@@ -17,7 +17,6 @@ const QByteArray kStatus("737803");
 const QByteArray kName("737202");
 const QByteArray kFirmware("737804");
 const QByteArray kProbe("70");
-const QByteArray kSettings("737201");
 const QByteArray kReset("73780001");
 
 QByteArray ask(const QString& hexId, const QByteArray& request)
@@ -31,27 +30,13 @@ QList<QByteArray> turnOf(const char* hexId)
     return {ask(hexId, kStatus), ask(hexId, kName), ask(hexId, kFirmware)};
 }
 
-QByteArray badCheck(const QByteArray& body)
-{
-    QByteArray frame = ScriptedBus::framed(body);
-    frame[frame.size() - 2] = frame.at(frame.size() - 2) == '0' ? '1' : '0';
-    return frame;
-}
-
 /// A processor on a scripted bus, both in this thread, with what it has said.
 struct Bench
 {
-    explicit Bench(const QStringList& present, int answerWaitTime = 1500, int disconnectedCount = 3)
+    explicit Bench(const QStringList& present)
         : bus(present)
-        , processor((writeTuning(answerWaitTime, disconnectedCount), nullptr))
     {
         processor.setPortName(bus.portName());
-    }
-    void writeTuning(int answerWaitTime, int disconnectedCount) const
-    {
-        sandbox.writeTuning(
-            "[SerialSettings]\nDISCONNECTED_COUNT=" + QByteArray::number(disconnectedCount) +
-            "\nBYTES_RECEIVED_WAIT_TIME=" + QByteArray::number(answerWaitTime) + "\n");
     }
 
     /// The requests after the scan, once there are `count` of them.
@@ -60,7 +45,6 @@ struct Bench
         waitUntil([&] { return bus.requests().size() >= kScanRequests + count; });
         return bus.requests().mid(kScanRequests, count);
     }
-    bool isScanning() const { return bus.requests().size() <= kScanRequests; }
 
     /// Queues a command that records its answers.
     template <typename Command, typename... Arguments>
@@ -86,17 +70,6 @@ struct Bench
     QString text(int record, generalinformation::Row row) const
     {
         return generalinformation::text(rowsOf(record), row);
-    }
-    /// Whether no record carries the name of another LDB.
-    bool namesAreTheirOwn() const
-    {
-        for (int i = 0; i < rows.size(); ++i) {
-            const QString name = text(i, generalinformation::NameRow);
-            if (!name.isEmpty() && name != "LDB " + idOf(i)) {
-                return false;
-            }
-        }
-        return true;
     }
 
     using P = SerialProcessor;
@@ -131,58 +104,17 @@ ScriptedBus::Script inTurn(const QByteArray& request, QList<QByteArray> answers)
 
 using namespace generalinformation;
 
+/// The host on a real port. What the conversation decides is tested without one.
 class TestSerialProcessor : public TestCase
 {
     Q_OBJECT
 private slots:
-    void scanGoesOnWhateverComes();
     void cyclesOverTheFound();
-    void invalidStatusIsAMissAndNotShown_data();
-    void invalidStatusIsAMissAndNotShown();
-    void missesAreCountedInARow_data();
-    void missesAreCountedInARow();
-    void lostLdbIsProbedAndReturns();
     void commandsWaitForTheCycle();
-    void commandAnswers_data();
-    void commandAnswers();
-    void lateAnswersAreNobodyElses();
-    void burstAfterSilenceIsNobodys_data();
-    void burstAfterSilenceIsNobodys();
     void stateIsToldWhenItChanges();
     void endsInEveryState_data();
     void endsInEveryState();
 };
-
-void TestSerialProcessor::scanGoesOnWhateverComes()
-{
-    Bench bench({"05"});
-    bench.bus.setScript([](const QByteArray& body) -> std::optional<QByteArray> {
-        if (body == ask("01", kProbe) || body == ask("02", kProbe)) {
-            return kSilence;
-        }
-        if (body == ask("03", kProbe)) {
-            return badCheck("AB");
-        }
-        if (body == ask("04", kProbe)) {
-            return ScriptedBus::framed("AB");
-        }
-        return std::nullopt;
-    });
-    bench.processor.start();
-    QCOMPARE(bench.cycle(4).first(), ask("04", kStatus));
-    QList<QByteArray> probes;
-    for (int address = 1; address <= 253; ++address) {
-        probes.append("FE" + QByteArray::number(address, 16).toUpper().rightJustified(2, '0') +
-                      "70");
-    }
-    QCOMPARE(bench.bus.requests().mid(0, Bench::kScanRequests), probes);
-    QCOMPARE(bench.progress.size(), 253);
-    QCOMPARE(bench.progress.first(), (QList<QVariant>{1, 0}));
-    QCOMPARE(bench.progress.last(), (QList<QVariant>{253, 2}));
-    QCOMPARE(bench.scan.size(), 2);
-    QCOMPARE(bench.scan.at(0).at(0).toBool(), true);
-    QCOMPARE(bench.scan.at(1).at(0).toBool(), false);
-}
 
 void TestSerialProcessor::cyclesOverTheFound()
 {
@@ -200,99 +132,6 @@ void TestSerialProcessor::cyclesOverTheFound()
     QCOMPARE(bench.rowsOf(0).last(), bench.rowsOf(1).last());
     QVERIFY(timestamp(bench.rowsOf(0)).isValid());
     QVERIFY(timestamp(bench.rowsOf(2)) >= timestamp(bench.rowsOf(0)));
-}
-
-void TestSerialProcessor::invalidStatusIsAMissAndNotShown_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-
-    QTest::newRow("refusal") << kNak;
-    QTest::newRow("another kind") << ScriptedBus::framed(QByteArray(49, '0'));
-    QTest::newRow("no number") << ScriptedBus::framed(QByteArray(50, 'X'));
-    QTest::newRow("wrong check") << badCheck(ScriptedBus::status());
-}
-
-void TestSerialProcessor::invalidStatusIsAMissAndNotShown()
-{
-    QFETCH(QByteArray, answer);
-
-    // One miss is one too many here; the retry of a window that runs out must not be needed.
-    Bench bench({"03"}, 200, 0);
-    const ExpectWarning rejected(
-        "(Invalid answer|Refusal|Answer of another kind|Unreadable status) to");
-    bench.bus.setScript(inTurn(ask("03", kStatus), {answer, answer, answer}));
-    bench.processor.start();
-    WAIT_COMPARE(bench.lost.size(), 1);
-    WAIT_COMPARE(bench.rows.size(), 1);
-    QCOMPARE(bench.text(0, ModeRow), "Disconnected");
-}
-
-void TestSerialProcessor::missesAreCountedInARow_data()
-{
-    QTest::addColumn<int>("limit");
-    QTest::addColumn<QByteArray>("answered"); ///< "-" for each silence after the scan
-    QTest::addColumn<bool>("isLost");
-
-    QTest::newRow("limit 0, one retry helps") << 0 << QByteArray("-") << false;
-    QTest::newRow("limit 0, first miss") << 0 << QByteArray("--") << true;
-    QTest::newRow("limit 1, two misses") << 1 << QByteArray("----") << true;
-    QTest::newRow("limit 1, an answer between them") << 1 << QByteArray("--+--") << false;
-    QTest::newRow("limit 3, three misses") << 3 << QByteArray("-------") << false;
-    QTest::newRow("limit 3, four misses") << 3 << QByteArray("--------") << true;
-}
-
-void TestSerialProcessor::missesAreCountedInARow()
-{
-    QFETCH(int, limit);
-    QFETCH(QByteArray, answered);
-    QFETCH(bool, isLost);
-
-    Bench bench({"03"}, 40, limit);
-    int next = 0;
-    bench.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        if (body == ask("03", kProbe) || !body.startsWith("FE03") || next == answered.size()) {
-            return std::nullopt;
-        }
-        return answered.at(next++) == '-' ? std::optional(kSilence) : std::nullopt;
-    });
-    bench.processor.start();
-    bench.cycle(answered.size() + 4);
-    WAIT_VERIFY(!bench.rows.isEmpty());
-    QCOMPARE(bench.lost.size(), isLost ? 1 : 0);
-    QCOMPARE(bench.text(0, ModeRow), isLost ? "Disconnected" : "Quiescent");
-}
-
-void TestSerialProcessor::lostLdbIsProbedAndReturns()
-{
-    Bench bench({"03", "0A"}, 40, 0);
-    bool away = true;
-    int probes = 0;
-    bench.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        if (bench.isScanning() || !away || !body.startsWith("FE03")) {
-            return std::nullopt;
-        }
-        // Silent three times, then it answers the probe.
-        if (body == ask("03", kProbe) && ++probes == 3) {
-            away = false;
-            return kAck;
-        }
-        return kSilence;
-    });
-    bench.processor.start();
-    const QList<QByteArray> probedRound = turnOf("0A") + QList<QByteArray>{ask("03", kProbe)};
-    const QList<QByteArray> expected = QList<QByteArray>{ask("03", kStatus), ask("03", kStatus)} +
-                                       probedRound + probedRound + probedRound + turnOf("03");
-    QCOMPARE(bench.cycle(expected.size()), expected);
-    QCOMPARE(bench.lost.size(), 1);
-    // Shown as lost at the loss and at each silent probe, and live again at the end.
-    WAIT_COMPARE(bench.states.last().at(1).value<LdbState>(), LdbState::Quiescent);
-    QStringList lostRecords;
-    for (int i = 0; i < bench.rows.size(); ++i) {
-        if (bench.text(i, NameRow) == "Disconnected") {
-            lostRecords << bench.idOf(i);
-        }
-    }
-    QCOMPARE(lostRecords, (QStringList{"03", "03", "03"}));
 }
 
 void TestSerialProcessor::commandsWaitForTheCycle()
@@ -314,128 +153,6 @@ void TestSerialProcessor::commandsWaitForTheCycle()
         lengths.append(entry.at(0).toInt());
     }
     QCOMPARE(lengths, (QList<int>{1, 2, 1, 0}));
-}
-
-void TestSerialProcessor::commandAnswers_data()
-{
-    QTest::addColumn<QList<QByteArray>>("script");
-    QTest::addColumn<int>("transmissions");
-    QTest::addColumn<QByteArray>("delivered");
-
-    using Script = QList<QByteArray>;
-    QTest::newRow("acknowledged") << Script{kAck} << 1 << kAck;
-    QTest::newRow("refused, no retry") << Script{kNak} << 1 << kNak;
-    QTest::newRow("third transmission") << Script{kSilence, kSilence, kAck} << 3 << kAck;
-    QTest::newRow("given up") << Script{kSilence, kSilence, kSilence} << 3 << QByteArray();
-    QTest::newRow("wrong check is a window that ran out")
-        << Script{badCheck("AB"), kAck} << 2 << kAck;
-}
-
-void TestSerialProcessor::commandAnswers()
-{
-    QFETCH(QList<QByteArray>, script);
-    QFETCH(int, transmissions);
-    QFETCH(QByteArray, delivered);
-
-    Bench bench({"03"});
-    std::optional<ExpectWarning> invalid;
-    if (script.first().size() > 1) {
-        invalid.emplace("Invalid answer");
-    }
-    bench.bus.setScript(inTurn(ask("03", kReset), script));
-    bench.processor.start();
-    bench.cycle(1);
-    bench.queueReset();
-    WAIT_COMPARE(bench.answers, QList<QByteArray>{delivered});
-    QCOMPARE(bench.bus.requests().count(ask("03", kReset)), transmissions);
-    QCOMPARE(bench.queueLength.last().at(0).toInt(), 0);
-}
-
-void TestSerialProcessor::lateAnswersAreNobodyElses()
-{
-    // Every answer to a command comes only when the next frame has been sent, as from an LDB that
-    // is slower than the window.
-    Bench bench({"03", "0A"});
-    QByteArray record = QByteArray("03").leftJustified(56, '0');
-    QByteArray owed;
-    bench.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        QByteArray answer = owed;
-        owed.clear();
-        if (body == ask("03", kSettings)) {
-            owed = ScriptedBus::framed(record);
-            return answer;
-        }
-        // The late one first, the real one behind it in a batch of its own.
-        bench.bus.write(answer);
-        return answer.isEmpty() ? std::nullopt : std::optional(kSilence);
-    });
-    bench.processor.start();
-    bench.cycle(1);
-    bench.queue<RequestCommand>(QString("03"), LdbParameter::Settings);
-    WAIT_COMPARE(bench.answers, QList<QByteArray>{record});
-    const int before = bench.rows.size();
-    WAIT_VERIFY(bench.rows.size() > before + 4);
-    for (int i = 0; i < bench.rows.size(); ++i) {
-        QCOMPARE(bench.text(i, PrimaryCurrentRow), "12.3 mA");
-    }
-    QVERIFY(bench.namesAreTheirOwn());
-    QVERIFY(bench.lost.isEmpty());
-}
-
-void TestSerialProcessor::burstAfterSilenceIsNobodys_data()
-{
-    QTest::addColumn<int>("piece");
-    QTest::newRow("answer by answer") << 1;
-    QTest::newRow("two at a time") << 2;
-    QTest::newRow("all at once") << 100;
-}
-
-void TestSerialProcessor::burstAfterSilenceIsNobodys()
-{
-    // The adapter stalls while two LDBs are asked, each request twice, and then hands over what
-    // they have answered, last of all a status that is older than any lateness.
-    QFETCH(int, piece);
-    const QMap<QString, int> states{{"03", 10}, {"0A", 20}, {"0B", 0}};
-    Bench bench(states.keys(), 50);
-    QList<QByteArray> owed;
-    const auto handOver = [&] {
-        QByteArray bytes;
-        for (int i = 0; i < piece && !owed.isEmpty(); ++i) {
-            bytes += owed.takeFirst();
-        }
-        bench.bus.write(bytes);
-    };
-    QTimer adapter;
-    connect(&adapter, &QTimer::timeout, handOver);
-    bool isStalled = false;
-    bench.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        const QString hexId = QString::fromLatin1(body.mid(2, 2));
-        QByteArray answer = bench.bus.healthyAnswer(body);
-        if (body == ask(hexId, kStatus)) {
-            answer = ScriptedBus::framed(ScriptedBus::status(states.value(hexId)));
-        }
-        if (isStalled && body == ask("0B", kStatus)) {
-            isStalled = false;
-            owed.append(ScriptedBus::framed(ScriptedBus::status(states.value("03"))));
-            adapter.start(1);
-        }
-        if (isStalled || !owed.isEmpty()) {
-            owed.append(answer);
-            return kSilence;
-        }
-        return answer;
-    });
-    bench.processor.start();
-    bench.cycle(9);
-    isStalled = true;
-    WAIT_VERIFY(!isStalled && owed.isEmpty());
-    const int before = bench.rows.size();
-    WAIT_VERIFY(bench.rows.size() > before + 6);
-    for (int i = 0; i < bench.rows.size(); ++i) {
-        QCOMPARE(integer(bench.rowsOf(i), ModeRow), states.value(bench.idOf(i)));
-    }
-    QVERIFY(bench.namesAreTheirOwn());
-    QVERIFY(bench.lost.isEmpty());
 }
 
 void TestSerialProcessor::stateIsToldWhenItChanges()
@@ -519,5 +236,5 @@ void TestSerialProcessor::endsInEveryState()
     QCOMPARE(bench.failed.size(), isCut ? 1 : 0);
 }
 
-QTEST_GUILESS_MAIN(TestSerialProcessor)
+REGISTER_TEST(TestSerialProcessor, QCoreApplication)
 #include "tst_serialprocessor.moc"

@@ -1,6 +1,7 @@
 #include "serial/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <memory>
 
@@ -45,5 +46,5 @@ void TestSerialTuning::numbersOfTheFile()
     QTEST((QList<int>{tuning.disconnectedCount, tuning.answerWaitTime}), "numbers");
 }
 
-QTEST_GUILESS_MAIN(TestSerialTuning)
+REGISTER_TEST(TestSerialTuning, QCoreApplication)
 #include "tst_serialtuning.moc"

@@ -34,14 +34,11 @@ public:
     }
     Hearing hearRaw(const QByteArray& frame) { return m_bus.hear(frame, now); }
 
-    /// All bytes of the answer, whatever their times; empty for silence.
+    /// The bytes of the answer; empty for silence.
     QByteArray ask(const QByteArray& body)
     {
-        QByteArray bytes;
-        for (const Transmission& piece : hear(body).answer) {
-            bytes += piece.bytes;
-        }
-        return bytes;
+        const Hearing hearing = hear(body);
+        return hearing.answer ? hearing.answer->bytes : QByteArray();
     }
 
     LdbStatus status(const QByteArray& hexId = "0A")

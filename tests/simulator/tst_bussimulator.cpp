@@ -1,5 +1,6 @@
 #include "tests/simulator/testbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 namespace {
 const QByteArray kAck("\x06");
@@ -130,7 +131,7 @@ void BusSimulatorTest::hearsNothingBroken()
     const QByteArray wrongCheckDigits("\x01"
                                       "FE0A7363141F00\x04");
     for (const QByteArray& frame : {wrongCheckDigits, kAck}) {
-        QVERIFY(bus.hearRaw(frame).answer.empty());
+        QVERIFY(!bus.hearRaw(frame).answer);
         QCOMPARE(bus.settingsRecord(), before);
     }
 }
@@ -417,5 +418,5 @@ void BusSimulatorTest::movesLikeARealLoop()
     QVERIFY(highest - lowest < 11); // never as much as a FIM's step
 }
 
-QTEST_APPLESS_MAIN(BusSimulatorTest)
+REGISTER_TEST(BusSimulatorTest, NoApplication)
 #include "tst_bussimulator.moc"

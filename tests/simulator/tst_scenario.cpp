@@ -1,5 +1,7 @@
+#include "simulator/adversarycommand.h"
 #include "simulator/scenario.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QDir>
 
@@ -30,6 +32,7 @@ private slots:
     void readsWhatIsShipped();
     void refusesCommands_data();
     void refusesCommands();
+    void changesOneAdversaryAtATime();
 };
 
 void ScenarioTest::readsEverything()
@@ -39,6 +42,11 @@ void ScenarioTest::readsEverything()
         "timing": {"bootSeconds": 3, "measuringSeconds": 4.5, "quiescentSeconds": 5,
                    "fimResetSeconds": 6, "factoryResetSeconds": 7, "factoryResetWaitSeconds": 20},
         "badBus": {"garbledPercent": 1.5, "latePercent": 2, "lateFromMs": 200, "lateToMs": 300},
+        "line": {"kind": "half", "turnaroundFromMs": 4, "turnaroundToMs": 12,
+                 "flippedRequestsPercent": 1, "flippedAnswersPercent": 2,
+                 "lostRequestsPercent": 3, "lostAnswersPercent": 4, "strayEverySeconds": 3,
+                 "burstEverySeconds": 30, "stallEverySeconds": 60, "stallsLose": true,
+                 "vanishEverySeconds": 480, "vanishForSeconds": 20},
         "ldbs": [{"address": "c7", "name": "Pümpe", "firmware": "X123456", "fims": 12,
                   "configuredFims": 300, "openDetectionDelay": 0, "audioMute": true,
                   "serviceMode": true, "generalFaultOutput": false, "earthLeakageDetection": false,
@@ -54,10 +62,25 @@ void ScenarioTest::readsEverything()
     QCOMPARE(scenario.timing.fimReset, 6000);
     QCOMPARE(scenario.timing.factoryReset, 7000);
     QCOMPARE(scenario.timing.factoryResetOutcome, 20000);
-    QCOMPARE(scenario.badBus.garbledPercent, 1.5);
-    QCOMPARE(scenario.badBus.latePercent, 2.0);
-    QCOMPARE(scenario.badBus.lateFrom, 200);
-    QCOMPARE(scenario.badBus.lateTo, 300);
+    QCOMPARE(scenario.line.kind, LineKind::HalfDuplex);
+    QCOMPARE(scenario.line.leastTurnaround, 4);
+    QCOMPARE(scenario.line.mostTurnaround, 12);
+    Adversaries adversaries;
+    adversaries.garbledAnswers = 1.5;
+    adversaries.lateAnswers = 2;
+    adversaries.lateFrom = 200;
+    adversaries.lateTo = 300;
+    adversaries.flippedRequests = 1;
+    adversaries.flippedAnswers = 2;
+    adversaries.lostRequests = 3;
+    adversaries.lostAnswers = 4;
+    adversaries.strayEvery = 3;
+    adversaries.burstEvery = 30;
+    adversaries.stall = Adversaries::Stall::Lose;
+    adversaries.stallEvery = 60;
+    adversaries.vanishEvery = 480;
+    adversaries.vanishFor = 20;
+    QVERIFY(scenario.line.adversaries == adversaries);
     QCOMPARE(scenario.ldbs.size(), std::size_t{1});
     const ScenarioLdb& ldb = scenario.ldbs.front();
     QCOMPARE(ldb.spec.address, 0xC7);
@@ -107,6 +130,14 @@ void ScenarioTest::namesTheKeyThatIsWrong_data()
     row("no time at all", withRoot(R"("timing": {"bootSeconds": 0})"), "timing.bootSeconds: ");
     row("half a millisecond", withRoot(R"("badBus": {"lateFromMs": 1.5})"),
         "badBus.lateFromMs: must be a whole number");
+    row("unknown kind of line", withRoot(R"("line": {"kind": "thin"})"), "line.kind: must be");
+    row("flips beyond all", withRoot(R"("line": {"flippedAnswersPercent": 101})"),
+        "line.flippedAnswersPercent: ");
+    row("strays without a pause", withRoot(R"("line": {"strayEverySeconds": 0.001})"),
+        "line.strayEverySeconds: ");
+    row("turnaround to before from",
+        withRoot(R"("line": {"turnaroundFromMs": 9, "turnaroundToMs": 5})"),
+        "line.turnaroundToMs: ");
     row("to before from", withRoot(R"("badBus": {"lateFromMs": 9, "lateToMs": 5})"),
         "badBus.lateToMs: ");
     row("no address", withLdb(R"("name": "x")"), "ldbs[1].address: must be a bus address");
@@ -178,6 +209,14 @@ void ScenarioTest::refusesCommands_data()
                              "bad-bus 1 1 5",
                              "bad-bus 1 1 5 4",
                              "bad-bus nan 1",
+                             "line thin",
+                             "flips 1",
+                             "losses 1 101",
+                             "late-answers 1 5",
+                             "stray 0",
+                             "stalls 60",
+                             "stalls hold 0",
+                             "vanishing 480 30",
                              "cut 3"}) {
         QTest::newRow(text) << QString::fromLatin1(text);
     }
@@ -191,5 +230,49 @@ void ScenarioTest::refusesCommands()
     QVERIFY(!parsing.error.isEmpty());
 }
 
-QTEST_APPLESS_MAIN(ScenarioTest)
+void ScenarioTest::changesOneAdversaryAtATime()
+{
+    Adversaries adversaries;
+    Adversaries expected;
+    const auto say = [&adversaries](const char* text) {
+        const auto command = parseSimulatorCommand(text).command;
+        return command && applyToAdversaries(*command, adversaries);
+    };
+    QVERIFY(say("flips 1 2"));
+    QVERIFY(say("losses 3 4"));
+    QVERIFY(say("late-answers 5 6 7"));
+    QVERIFY(say("stray 8 9"));
+    QVERIFY(say("stalls lose 10"));
+    QVERIFY(say("vanishing 11 for 12"));
+    expected.flippedRequests = 1;
+    expected.flippedAnswers = 2;
+    expected.lostRequests = 3;
+    expected.lostAnswers = 4;
+    expected.lateAnswers = 5;
+    expected.lateFrom = 6;
+    expected.lateTo = 7;
+    expected.strayEvery = 8;
+    expected.burstEvery = 9;
+    expected.stall = Adversaries::Stall::Lose;
+    expected.stallEvery = 10;
+    expected.vanishEvery = 11;
+    expected.vanishFor = 12;
+    QVERIFY(adversaries == expected);
+    QVERIFY(say("bad-bus 13 14")); // the range of lateness stays
+    expected.garbledAnswers = 13;
+    expected.lateAnswers = 14;
+    QVERIFY(adversaries == expected);
+    for (const char* off : {"flips off", "losses off", "bad-bus off", "late-answers off",
+                            "stray off", "stalls off", "vanishing off"}) {
+        QVERIFY2(say(off), off);
+    }
+    Adversaries none;
+    none.lateFrom = 6;
+    none.lateTo = 7;
+    QVERIFY(adversaries == none);
+    QVERIFY(!say("line half"));
+    QVERIFY(!say("silent 0A"));
+}
+
+REGISTER_TEST(ScenarioTest, NoApplication)
 #include "tst_scenario.moc"

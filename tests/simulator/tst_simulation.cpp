@@ -2,6 +2,7 @@
 #include "simulator/simulation.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -47,7 +48,7 @@ private:
 Simulation::Options unpaced()
 {
     Simulation::Options options;
-    options.pace = PacedLine::Pace::Unpaced;
+    options.pace = Simulation::Pace::Unpaced;
     return options;
 }
 
@@ -104,6 +105,7 @@ private slots:
     void comesBackAfterACut();
     void carriesOutTheScenariosEvents();
     void writesTheJournal();
+    void tellsWhatTheLineDid();
     void linksThePort();
     void tellsWhatItCannotOpen();
     void runsAsAProgramUntilToldToEnd_data();
@@ -190,6 +192,40 @@ void SimulationTest::writesTheJournal()
     QCOMPARE(contents, (QStringList{">0A name", "<0A \"One\"", ">0C poll", ">0B firmware",
                                     "<0B \"LDB16 V3.21\" [bad check]", "# line cut"}));
     QCOMPARE(lines.at(2).at(4), QByteArray("01 46 45 30 43 37 30 32 44 04"));
+}
+
+void SimulationTest::tellsWhatTheLineDid()
+{
+    const Sandbox sandbox;
+    Simulation::Options options = unpaced();
+    options.journalPath = sandbox.path(QStringLiteral("journal.txt"));
+    Simulation simulation(twoBoards(), options);
+    QCOMPARE(simulation.start(), QString());
+    Master master(simulation.portName());
+    const std::pair<const char*, const char*> adversaries[] = {
+        {"losses 100 0", "FE0A737202"}, {"losses off", nullptr},
+        {"flips 100 0", "FE0A737202"},  {"flips off", nullptr},
+        {"losses 0 100", "FE0A737202"}, {"losses off", nullptr},
+        {"flips 0 100", "FE0B70"},      {"flips off", nullptr},
+        {"bad-bus 0 100 3 3", "FE0A70"}};
+    QStringList contents;
+    for (const auto& [adversary, request] : adversaries) {
+        simulation.execute(command(adversary));
+        if (request) {
+            const int before = Sandbox::readFile(options.journalPath).count('\n');
+            const bool isHeard = !QByteArray(adversary).contains("100 0");
+            master.send(request);
+            WAIT_COMPARE(Sandbox::readFile(options.journalPath).count('\n'),
+                         before + (isHeard ? 2 : 1));
+        }
+    }
+    for (const QByteArray& line : Sandbox::readFile(options.journalPath).trimmed().split('\n')) {
+        const QList<QByteArray> columns = line.split('\t');
+        contents.append(columns.value(2) + columns.value(3) + ' ' + columns.value(5));
+    }
+    QCOMPARE(contents, (QStringList{">0A name [lost]", ">0A name [flipped bit]", ">0A name",
+                                    "<0A \"One\" [lost]", ">0B poll", "<0B ACK [flipped bit]",
+                                    ">0A poll", "<0A ACK [late 3 ms]"}));
 }
 
 void SimulationTest::linksThePort()
@@ -287,5 +323,5 @@ void SimulationTest::refusesWrongArguments()
     }
 }
 
-QTEST_GUILESS_MAIN(SimulationTest)
+REGISTER_TEST(SimulationTest, QCoreApplication)
 #include "tst_simulation.moc"

@@ -13,6 +13,13 @@ VirtualTime* VirtualTime::install()
     return dispatcher;
 }
 
+VirtualTime* VirtualTime::current()
+{
+    auto* time = qobject_cast<VirtualTime*>(QAbstractEventDispatcher::instance());
+    Q_ASSERT(time != nullptr);
+    return time;
+}
+
 void VirtualTime::advance(qint64 milliseconds)
 {
     const qint64 end = m_now + milliseconds;

@@ -14,6 +14,8 @@ class VirtualTime : public QAbstractEventDispatcher
 public:
     /// Makes one and sets it for the application to come.
     static VirtualTime* install();
+    /// The one installed on this thread, which owns it; none is a fault of the test.
+    static VirtualTime* current();
 
     /// Lets `milliseconds` pass: every timer due by then (that very moment included) fires, each
     /// followed by the posted events it caused.

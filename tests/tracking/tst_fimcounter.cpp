@@ -1,5 +1,6 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/counting/fimcounter.h"
 
 #include <QSignalSpy>
@@ -468,6 +469,6 @@ void TestFimCounter::thresholdsFromTuningFile()
     QCOMPARE(thresholds.fimStartup.secondary, 13.0);
 }
 
-QTEST_GUILESS_MAIN(TestFimCounter)
+REGISTER_TEST(TestFimCounter, QCoreApplication)
 
 #include "tst_fimcounter.moc"

@@ -1,6 +1,7 @@
 #include "app/shared/constants.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/tracking/plotinspection.h"
@@ -25,8 +26,6 @@ using Phase = TrackingRun::Phase;
 Q_DECLARE_METATYPE(Phase)
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 using namespace modelldb;
 
@@ -84,7 +83,7 @@ struct Bench
         for (auto* button : box->findChildren<QPushButton*>()) {
             if (button->text().remove(QLatin1Char('&')) == text) {
                 button->click();
-                virtualTime->advance(0);
+                VirtualTime::current()->advance(0);
                 return;
             }
         }
@@ -92,7 +91,7 @@ struct Bench
     }
     QMessageBox* question() const
     {
-        virtualTime->advance(1);
+        VirtualTime::current()->advance(1);
         const QList<QMessageBox*> boxes = openBoxes(window);
         return boxes.size() == 1 ? boxes.first() : nullptr;
     }
@@ -116,7 +115,7 @@ struct Bench
     bool reach(Phase phase)
     {
         for (qint64 gone = 0; window->run().phase() != phase && gone < kHour; gone += 250) {
-            virtualTime->advance(250);
+            VirtualTime::current()->advance(250);
         }
         return window->run().phase() == phase;
     }
@@ -218,7 +217,7 @@ void TestFimTracking::sayingNoSendsNothing()
         QVERIFY2(!bench.question(), answers);
         QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
         QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
-        virtualTime->advance(kLongerThanAnyTimer);
+        VirtualTime::current()->advance(kLongerThanAnyTimer);
         QVERIFY2(bench.ldb->commands().isEmpty(), answers);
     }
 }
@@ -268,7 +267,7 @@ void TestFimTracking::commissioningToTheReport()
 
     bench.closeBoxes();
     bench.setPlotsVisible(true);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
     const SidePanel* panel = bench.sidePanel(PrimaryPort);
     QVERIFY(plotinspection::curveOf(*panel, "PriCurr")->maxYValue() < 10.0); // mA
@@ -294,7 +293,7 @@ void TestFimTracking::faultFindingAsksToDisconnect()
     bench.choose(QStringLiteral("Fault Finding"));
     auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
     QVERIFY(dialog && dialog->isVisible());
-    virtualTime->advance(10 * kSecond);
+    VirtualTime::current()->advance(10 * kSecond);
     QVERIFY(bench.ldb->commands().isEmpty());
     Bench::press(dialog, QStringLiteral("OK"));
 
@@ -309,7 +308,7 @@ void TestFimTracking::faultFindingAsksToDisconnect()
     QCOMPARE(bench.sideLabel(PrimaryPort, "leakagePositionLabel"),
              QStringLiteral("Loop DC Leakage Detected: approximately at FIM: 2"));
     bench.setPlotsVisible(true);
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QVERIFY(bench.hasCurve(PrimaryPort) && !bench.hasCurve(SecondaryPort));
     QVERIFY(bench.window->reportText().contains(
         QStringLiteral("Secondary side: FIM count 0, not tracked")));
@@ -319,12 +318,12 @@ void TestFimTracking::countdownTurnsRed()
 {
     Bench bench;
     bench.choose();
-    virtualTime->advance(1 * kSecond);
+    VirtualTime::current()->advance(1 * kSecond);
     bench.ldb->setReporting(false); // the reset takes longer than it should
     const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
     QVERIFY(digits->isVisible());
     for (int shown : {120, 11, 10, 0}) {
-        virtualTime->advance((digits->intValue() - shown) * kSecond);
+        VirtualTime::current()->advance((digits->intValue() - shown) * kSecond);
         QCOMPARE(digits->intValue(), shown);
         const QColor expected = shown <= 10 ? Qt::red : Qt::black;
         for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
@@ -354,20 +353,20 @@ void TestFimTracking::timesOfEachPhase()
     QVERIFY(bench.question());
     bench.choose();
     bench.ldb->setReporting(false);
-    virtualTime->advance(3 * kSecond + 250);
+    VirtualTime::current()->advance(3 * kSecond + 250);
     QCOMPARE(time(), QStringLiteral("3 s gone")); // a silent LDB does not look like a hung window
     bench.reportState(10);
     bench.reportState(50);
     QCOMPARE(time(), QStringLiteral("130 s left"));
     bench.reportState(52);
-    virtualTime->advance(20 * kSecond);
+    VirtualTime::current()->advance(20 * kSecond);
     bench.reportState(0);
     QCOMPARE(time(), QStringLiteral("0 s gone"));
     QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
              QStringLiteral("ends in 70 s unless a FIM starts up"));
     QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"),
              QStringLiteral("ends in 50 s unless a FIM starts up"));
-    virtualTime->advance(12 * kSecond + 250);
+    VirtualTime::current()->advance(12 * kSecond + 250);
     QCOMPARE(bench.sideLabel(PrimaryPort, "remainingLabel"),
              QStringLiteral("ends in 58 s unless a FIM starts up"));
     bench.startButton()->click();
@@ -406,7 +405,7 @@ void TestFimTracking::endsInEveryPhase()
     if (phase != Phase::Confirmation) {
         bench->choose();
         QVERIFY(bench->reach(phase));
-        virtualTime->advance(2 * kSecond);
+        VirtualTime::current()->advance(2 * kSecond);
     }
     const std::shared_ptr<ModelLdb> ldb = bench->ldb;
     QList<QByteArray> sent = ldb->commands();
@@ -437,7 +436,7 @@ void TestFimTracking::endsInEveryPhase()
         bench->closeBoxes();
     }
     ldb->setState(std::nullopt);
-    virtualTime->advance(kLongerThanAnyTimer);
+    VirtualTime::current()->advance(kLongerThanAnyTimer);
     QCOMPARE(ldb->commands(), sent);
     const bool isWindowGone = !bench || !bench->window;
     QCOMPARE(ldb->isPolledAlone(), !isWindowGone);
@@ -458,31 +457,31 @@ void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
     bench.choose();
     const auto endOfSide = [&bench](int ldbPort) {
         while (!bench.window->run().counter().isSideFinished(ldbPort)) {
-            virtualTime->advance(250);
+            VirtualTime::current()->advance(250);
         }
     };
     endOfSide(PrimaryPort);
-    virtualTime->advance(5 * kSecond);
+    VirtualTime::current()->advance(5 * kSecond);
     QVERIFY2(sounded.isEmpty(), "the user has not asked for sound");
 
     QSettings(constants::kOrganisationName, constants::kApplicationDisplayName)
         .setValue(constants::kAudioWarningsKey, true);
-    virtualTime->advance(5 * kSecond);
+    VirtualTime::current()->advance(5 * kSecond);
     QCOMPARE(sounded.size(), 5);
     QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
 
     // The second alarm comes while the first box is open; closing one leaves the other's sound.
     QVERIFY(bench.reach(Phase::Finished));
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QCOMPARE(boxTexts(bench.window).size(), 2);
     openBoxes(bench.window).first()->close();
     sounded.clear();
-    virtualTime->advance(3 * kSecond);
+    VirtualTime::current()->advance(3 * kSecond);
     QCOMPARE(sounded.size(), 3);
     QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Secondary side open detected.")});
     bench.closeBoxes();
     sounded.clear();
-    virtualTime->advance(kLongerThanAnyTimer);
+    VirtualTime::current()->advance(kLongerThanAnyTimer);
     QCOMPARE(sounded.size(), 0);
 }
 
@@ -494,7 +493,7 @@ void TestFimTracking::eachFaultHasOneBoxThatStopsNothing()
     Bench bench(plan);
     bench.choose();
     QVERIFY(bench.reach(Phase::Counting));
-    virtualTime->advance(100 * kSecond);
+    VirtualTime::current()->advance(100 * kSecond);
     const QStringList texts = boxTexts(bench.window);
     QCOMPARE(texts.filter(QStringLiteral("Earth Leakage Detected!\n\n Primary Side")).size(), 1);
     QCOMPARE(texts.filter(QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side")).size(), 1);
@@ -503,7 +502,7 @@ void TestFimTracking::eachFaultHasOneBoxThatStopsNothing()
     QVERIFY(!bench.sideLabel(SecondaryPort, "leakagePositionLabel").isEmpty());
 
     QVERIFY(bench.reach(Phase::Finished));
-    virtualTime->advance(1);
+    VirtualTime::current()->advance(1);
     QCOMPARE(boxTexts(bench.window).size(), 4); // nobody has closed one: the leaks, and both sides
     QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 8  |||  ")));
 }
@@ -528,7 +527,7 @@ void TestFimTracking::commandsNotObeyed()
         Bench bench;
         bench.ldb->setAnswer(isRefused ? "\x15" : "");
         bench.choose();
-        virtualTime->advance(kSecond);
+        VirtualTime::current()->advance(kSecond);
         QCOMPARE(bench.window->run().phase(), isRefused ? Phase::Idle : Phase::FactoryReset);
         QCOMPARE(bench.label("noticeLabel"),
                  isRefused ? QStringLiteral("The LDB refused the factory reset.")
@@ -551,7 +550,7 @@ void TestFimTracking::lostAcknowledgements()
     Bench bench;
     bench.ldb->setAnswer(answer, true);
     bench.choose();
-    virtualTime->advance(5 * kSecond);
+    VirtualTime::current()->advance(5 * kSecond);
     QVERIFY(bench.window->run().isCountingDown());
     QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
 
@@ -559,7 +558,7 @@ void TestFimTracking::lostAcknowledgements()
     bench.ldb->setAnswer(QByteArray(), true);
     QVERIFY(bench.reach(Phase::Counting));
     bench.window->close();
-    virtualTime->advance(kSecond);
+    VirtualTime::current()->advance(kSecond);
     QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
     QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
              (QList<QByteArray>{kEndMute, "FE0A737201"}));
@@ -596,13 +595,13 @@ void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
     bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
     bench.window->close();
     deletePending();
-    virtualTime->advance(kSecond);
+    VirtualTime::current()->advance(kSecond);
     if (failure == QLatin1String("held")) {
-        virtualTime->advance(kSecond);
+        VirtualTime::current()->advance(kSecond);
         QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
         bench.ldb->loseConnection();
         bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
-        virtualTime->advance(1);
+        VirtualTime::current()->advance(1);
     }
     QVERIFY(!bench.window);
     QVERIFY(!bench.ldb->isPolledAlone());
@@ -626,7 +625,7 @@ void TestFimTracking::runsAgain()
         QVERIFY(bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
         QVERIFY(bench.window->reportText().isEmpty());
         QVERIFY(bench.reach(Phase::Finished));
-        virtualTime->advance(1);
+        VirtualTime::current()->advance(1);
         QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 6  |||  ")));
         QCOMPARE(bench.window->reportText().count(QStringLiteral("Earth Leakage Detected!")), 1);
         QCOMPARE(boxTexts(bench.window).size(), 3);
@@ -663,12 +662,6 @@ void TestFimTracking::loopResults()
     QCOMPARE(text(kShort, kShort), "Both sides short detected");
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    QApplication application(argc, argv);
-    TestFimTracking test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestFimTracking, InVirtualTime<QApplication>)
 
 #include "tst_fimtracking.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/plot.h"
 
@@ -49,6 +50,7 @@ class TestPlot : public TestCase
 {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void numbersItsCurves();
     void refusesWhatItCannotPlace();
     void skipsTheStart();
@@ -64,6 +66,12 @@ private slots:
     void repaintsOnceARecord();
     void drawsCurvesWithGaps();
 };
+
+void TestPlot::initTestCase()
+{
+    // A zone with summer time, off UTC in both halves of the year.
+    qputenv("TZ", "Europe/Brussels");
+}
 
 void TestPlot::numbersItsCurves()
 {
@@ -379,13 +387,6 @@ void TestPlot::drawsCurvesWithGaps()
     QVERIFY(columnShows(plot, width - 1, Qt::red));
 }
 
-int main(int argc, char* argv[])
-{
-    // A zone with summer time, off UTC in both halves of the year.
-    qputenv("TZ", "Europe/Brussels");
-    QApplication application(argc, argv);
-    TestPlot test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestPlot, QApplication)
 
 #include "tst_plot.moc"

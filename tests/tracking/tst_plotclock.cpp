@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/plot/clockscale.h"
 
 #include <QtTest>
@@ -75,5 +76,5 @@ void TestPlotClock::keepsLabelsApart()
     QCOMPARE(ClockScaleDraw::stepsPerLabel(0.1, 40.0), 30); // no room at all
 }
 
-QTEST_MAIN(TestPlotClock)
+REGISTER_TEST(TestPlotClock, QApplication)
 #include "tst_plotclock.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/plot/plothistory.h"
 
 #include <QtTest>
@@ -138,5 +139,5 @@ void TestPlotHistory::curvesComeAndGo()
     QCOMPARE(valuesOf(history, 3), QStringLiteral("-"));
 }
 
-QTEST_GUILESS_MAIN(TestPlotHistory)
+REGISTER_TEST(TestPlotHistory, QCoreApplication)
 #include "tst_plothistory.moc"

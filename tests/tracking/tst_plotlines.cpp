@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/plot/polylinebuilder.h"
 
 #include <QImage>
@@ -172,5 +173,5 @@ void TestPlotLines::mergedBarsCoverTheSame()
     QCOMPARE(merged, expected);
 }
 
-QTEST_MAIN(TestPlotLines)
+REGISTER_TEST(TestPlotLines, QApplication)
 #include "tst_plotlines.moc"

@@ -1,6 +1,7 @@
 #include "serial/generalinformation.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/mainwindowplot.h"
 
@@ -171,5 +172,5 @@ void TestPlotMainWindow::retranslatesWithoutLosingAnything()
     QVERIFY(legendItemOf(bench.container, "ISec")->isChecked());
 }
 
-QTEST_MAIN(TestPlotMainWindow)
+REGISTER_TEST(TestPlotMainWindow, QApplication)
 #include "tst_plotmainwindow.moc"

@@ -2,6 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/scriptedbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 
 #include <QCoreApplication>
@@ -128,6 +129,6 @@ void TestTrackedLdb::linkMayDieFirst()
     WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
-QTEST_GUILESS_MAIN(TestTrackedLdb)
+REGISTER_TEST(TestTrackedLdb, QCoreApplication)
 
 #include "tst_trackedldb.moc"

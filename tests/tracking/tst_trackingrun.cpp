@@ -1,5 +1,6 @@
 #include "serial/generalinformation.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tracking/counting/trackingrun.h"
@@ -16,8 +17,6 @@ Q_DECLARE_METATYPE(LoopPlan)
 Q_DECLARE_METATYPE(Phase)
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 using namespace modelldb;
 
@@ -53,7 +52,7 @@ struct Bench
     }
     void pass(qint64 milliseconds)
     {
-        virtualTime->advance(milliseconds);
+        VirtualTime::current()->advance(milliseconds);
         run.advance(ldb.now());
     }
     /// Lets time pass until a phase comes; false if it does not within an hour.
@@ -335,12 +334,6 @@ void TestTrackingRun::recordsOutsideARun()
     QVERIFY(bench.ldb.commands().isEmpty());
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    QCoreApplication application(argc, argv);
-    TestTrackingRun test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestTrackingRun, InVirtualTime<QCoreApplication>)
 
 #include "tst_trackingrun.moc"

@@ -2,7 +2,7 @@
 #include "serial/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
-#include "views/tables/cellcolourrules.h"
+#include "tests/support/testprogram.h"
 #include "views/tables/cellcolours.h"
 
 #include <QSettings>
@@ -168,5 +168,5 @@ void TestCellColourRules::shippedColoursTellFaultsFromNormal()
     }
 }
 
-QTEST_MAIN(TestCellColourRules)
+REGISTER_TEST(TestCellColourRules, QApplication)
 #include "tst_cellcolourrules.moc"

@@ -1,6 +1,7 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/tables/devicedetailtable.h"
 
@@ -160,5 +161,5 @@ void TestDeviceDetailTable::retranslationKeepsTheValues()
     QCOMPARE(detail.background(ModeRow), QColor("darkred"));
 }
 
-QTEST_MAIN(TestDeviceDetailTable)
+REGISTER_TEST(TestDeviceDetailTable, QApplication)
 #include "tst_devicedetailtable.moc"

@@ -2,6 +2,7 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/tables/deviceoverviewtable.h"
 #include "views/tables/overviewcolumns.h"
@@ -530,5 +531,5 @@ void TestDeviceOverviewTable::viewAndTableDieInAnyOrder()
     orphan.clear();
 }
 
-QTEST_MAIN(TestDeviceOverviewTable)
+REGISTER_TEST(TestDeviceOverviewTable, QApplication)
 #include "tst_deviceoverviewtable.moc"

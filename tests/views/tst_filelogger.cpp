@@ -1,9 +1,9 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/log/filelogger.h"
-#include "views/log/logfilename.h"
 
 #include <QSignalSpy>
 #include <QTextCodec>
@@ -370,5 +370,5 @@ void TestFileLogger::names()
     QCOMPARE(withSuffix(logfilename::suggested(now)), "ldb-log_2026-03-04_05-06.csv");
 }
 
-QTEST_GUILESS_MAIN(TestFileLogger)
+REGISTER_TEST(TestFileLogger, QCoreApplication)
 #include "tst_filelogger.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
@@ -328,5 +329,5 @@ void TestHierarchicalHeader::groupsStayTogether()
     QCOMPARE(table.order(), order);
 }
 
-QTEST_MAIN(TestHierarchicalHeader)
+REGISTER_TEST(TestHierarchicalHeader, QApplication)
 #include "tst_hierarchicalheader.moc"

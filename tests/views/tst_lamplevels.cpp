@@ -1,6 +1,7 @@
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/lamps/lamplevels.h"
+#include "views/lamps/lampcondition.h"
 
 using records::Codes;
 using records::withCodes;
@@ -105,5 +106,5 @@ void TestLampLevels::rounds()
     QTEST(found.join(QLatin1Char(' ')), "shown");
 }
 
-QTEST_GUILESS_MAIN(TestLampLevels)
+REGISTER_TEST(TestLampLevels, QCoreApplication)
 #include "tst_lamplevels.moc"

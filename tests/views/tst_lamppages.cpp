@@ -1,10 +1,12 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/views/records.h"
-#include "views/lamps/lamppages.h"
+#include "views/lamps/lamppanel.h"
 
 #include <QListWidget>
 #include <QSignalSpy>
+#include <QToolBox>
 
 #include <memory>
 
@@ -27,8 +29,15 @@ private slots:
 private:
     struct Pages
     {
+        ClickableLabel lamps[4];
         QListWidget a, b, c, d;
-        LampPages pages{{&a, &b, &c, &d}};
+        QToolBox toolBox;
+        LampPanel pages{{&lamps[0], nullptr, &a, nullptr},
+                        {&lamps[1], nullptr, &b, nullptr},
+                        {&lamps[2], nullptr, &c, nullptr},
+                        {&lamps[3], nullptr, &d, nullptr},
+                        &toolBox,
+                        nullptr};
     };
 
     void process(const char* hexId, const Codes& codes,
@@ -103,7 +112,7 @@ void TestLampPages::causesGoWithTheNextRecord()
     // What was known before a reset is forgotten, and comes again.
     process("01", {30, 4, 4});
     process("02", {253});
-    m_pages->pages.reset();
+    m_pages->pages.resetPages();
     QCOMPARE(allTexts().count("No LDB"), 4);
     process("01", {30});
     QCOMPARE(texts(m_pages->a), "01  Hall – Service mode");
@@ -132,7 +141,7 @@ void TestLampPages::activation()
 {
     QListWidget& list = m_pages->b;
     QStringList activated;
-    connect(&m_pages->pages, &LampPages::ldbActivated, this,
+    connect(&m_pages->pages, &LampPanel::ldbActivated, this,
             [&activated](const QString& hexId) { activated << hexId; });
     list.resize(300, 200);
     list.show();
@@ -165,5 +174,5 @@ void TestLampPages::languageChange()
     QCOMPARE(texts(m_pages->c), "01  Hall – [Amplifier: [Reconnected]]");
 }
 
-QTEST_MAIN(TestLampPages)
+REGISTER_TEST(TestLampPages, QApplication)
 #include "tst_lamppages.moc"

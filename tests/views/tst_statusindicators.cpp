@@ -1,5 +1,6 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"
 #include "tests/views/records.h"
 #include "views/lamps/statusindicators.h"
@@ -16,8 +17,6 @@ using records::Codes;
 using records::withCodes;
 
 namespace {
-
-VirtualTime* virtualTime = nullptr;
 
 constexpr QRgb kOff = 0xFFF0F0F0;
 constexpr QRgb kAmber = 0xFFFBBF00;
@@ -70,7 +69,7 @@ private:
         const bool before = isLit(lamp);
         int ms = 0;
         while (ms < 1000 && isLit(lamp) == before) {
-            virtualTime->advance(1);
+            VirtualTime::current()->advance(1);
             ++ms;
         }
         return ms;
@@ -173,12 +172,6 @@ void TestStatusIndicators::statesInWords()
     QCOMPARE(m_panel->lamps[A].accessibleDescription(), '[' + before.section('\n', 1) + ']');
 }
 
-int main(int argc, char* argv[])
-{
-    virtualTime = VirtualTime::install();
-    QApplication application(argc, argv);
-    TestStatusIndicators test;
-    return QTest::qExec(&test, argc, argv);
-}
+REGISTER_TEST(TestStatusIndicators, InVirtualTime<QApplication>)
 
 #include "tst_statusindicators.moc"

@@ -1,12 +1,13 @@
 #include "views/header/hierarchicalheaderview.h"
 
-#include "views/header/headertree.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
+#include <QAbstractItemModel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QStyleOptionHeader>
+#include <QVector>
 
 #include <algorithm>
 
@@ -28,6 +29,66 @@ bool isUpright(const QModelIndex& cell)
     return cell.data(Qt::UserRole).isValid();
 }
 
+/// A cell of the header model together with the leaves it stands over.
+struct Cell
+{
+    QModelIndex index;
+    int firstLeaf = 0; ///< position among all leaves
+    int leafCount = 1;
+};
+
+bool isLeaf(const QAbstractItemModel& model, const QModelIndex& cell)
+{
+    return model.rowCount(cell) == 0 || model.columnCount(cell) == 0;
+}
+
+int leafCount(const QAbstractItemModel& model, const QModelIndex& cell)
+{
+    if (isLeaf(model, cell)) {
+        return 1;
+    }
+    int count = 0;
+    for (int column = 0; column < model.columnCount(cell); ++column) {
+        count += leafCount(model, model.index(0, column, cell));
+    }
+    return count;
+}
+
+/// The child of `parent` that stands over `leaf`; `firstLeaf` is the parent's first.
+Cell childOver(const QAbstractItemModel& model, const QModelIndex& parent, int firstLeaf, int leaf)
+{
+    for (int column = 0; column < model.columnCount(parent); ++column) {
+        const QModelIndex child = model.index(0, column, parent);
+        const int count = leafCount(model, child);
+        if (leaf < firstLeaf + count) {
+            return {child, firstLeaf, count};
+        }
+        firstLeaf += count;
+    }
+    return {};
+}
+
+/// The chain of cells from the top level down to the leaf at position `leaf`; empty where there is
+/// no such leaf. The header model is a tree: its top-level columns are the top cells, and the
+/// children of a cell are the columns of its first child row. Its leaves, in order, stand for the
+/// sections of the header.
+QVector<Cell> pathToLeaf(const QAbstractItemModel& model, int leaf)
+{
+    QVector<Cell> path;
+    if (leaf < 0 || isLeaf(model, QModelIndex())) {
+        return path;
+    }
+    Cell cell = childOver(model, QModelIndex(), 0, leaf);
+    while (cell.index.isValid()) {
+        path.append(cell);
+        if (isLeaf(model, cell.index)) {
+            break;
+        }
+        cell = childOver(model, cell.index, cell.firstLeaf, leaf);
+    }
+    return path;
+}
+
 } // namespace
 
 struct HierarchicalHeaderView::Private
@@ -36,10 +97,9 @@ struct HierarchicalHeaderView::Private
     QMap<int, int> groupStarts;
     int hoveredSection = kNoSection;
 
-    QVector<headertree::Cell> pathTo(int section) const
+    QVector<Cell> pathTo(int section) const
     {
-        return headerModel ? headertree::pathToLeaf(*headerModel, section)
-                           : QVector<headertree::Cell>();
+        return headerModel ? pathToLeaf(*headerModel, section) : QVector<Cell>();
     }
 };
 
@@ -164,7 +224,7 @@ QRect HierarchicalHeaderView::rectOf(const QRect& section, const Span& span, int
 void HierarchicalHeaderView::paintSection(QPainter* painter, const QRect& rect,
                                           int logicalIndex) const
 {
-    const QVector<headertree::Cell> path = m_private->pathTo(logicalIndex);
+    const QVector<Cell> path = m_private->pathTo(logicalIndex);
     if (!rect.isValid() || path.isEmpty()) {
         QHeaderView::paintSection(painter, rect, logicalIndex);
         return;
@@ -178,7 +238,7 @@ void HierarchicalHeaderView::paintSection(QPainter* painter, const QRect& rect,
     // Each section paints its own part of the cells that it shares.
     painter->setClipRect(rect, Qt::IntersectClip);
     for (int level = 0; level < path.size(); ++level) {
-        const headertree::Cell& cell = path.at(level);
+        const Cell& cell = path.at(level);
         const bool isLeaf = level == path.size() - 1;
         const QSize size = cellSize(cell.index);
         const int rest = (horizontal ? rect.height() : rect.width()) - offset;
@@ -312,13 +372,13 @@ QSize HierarchicalHeaderView::cellSize(const QModelIndex& cell, bool hasArrow) c
 
 QSize HierarchicalHeaderView::sectionSizeFromContents(int logicalIndex) const
 {
-    const QVector<headertree::Cell> path = m_private->pathTo(logicalIndex);
+    const QVector<Cell> path = m_private->pathTo(logicalIndex);
     if (path.isEmpty()) {
         return QHeaderView::sectionSizeFromContents(logicalIndex);
     }
     int across = 0;
     QSize leaf;
-    for (const headertree::Cell& cell : path) {
+    for (const Cell& cell : path) {
         // Each column may be the one that is sorted by.
         leaf = cellSize(cell.index, isSortIndicatorShown() && &cell == &path.last());
         across += orientation() == Qt::Horizontal ? leaf.height() : leaf.width();
@@ -332,11 +392,11 @@ void HierarchicalHeaderView::on_sectionResized(int logicalIndex)
     if (isSectionHidden(logicalIndex)) {
         return;
     }
-    const QVector<headertree::Cell> path = m_private->pathTo(logicalIndex);
+    const QVector<Cell> path = m_private->pathTo(logicalIndex);
     if (path.isEmpty()) {
         return;
     }
-    const headertree::Cell& top = path.first();
+    const Cell& top = path.first();
     const Span span = spanOf(top.firstLeaf, top.leafCount, logicalIndex);
     const QRect header = viewport()->rect();
     const int across = orientation() == Qt::Horizontal ? header.height() : header.width();

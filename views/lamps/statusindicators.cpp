@@ -1,16 +1,35 @@
 #include "views/lamps/statusindicators.h"
 
-#include "views/lamps/lampimage.h"
-
+#include <QGuiApplication>
 #include <QLabel>
+#include <QPainter>
 #include <QThread>
+
+#include <cmath>
 
 namespace {
 
 constexpr int kSlowBlinkPeriod = 500; // ms
 constexpr int kFastBlinkPeriod = 125; // ms
 
+// The rest of the square stays free, so that neighbouring lamps do not touch.
+constexpr QRect kEllipse(0, 0, 16, 16);
+
 } // namespace
+
+QPixmap lampimage::draw(QRgb colour)
+{
+    const double ratio = std::ceil(qGuiApp->devicePixelRatio());
+    QPixmap pixmap(QSize(kSize, kSize) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(colour));
+    painter.drawEllipse(kEllipse);
+    return pixmap;
+}
 
 StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, QLabel* lampD,
                                    QObject* parent)

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QDebug>
+#include <QFileInfo>
 #include <QThread>
 
 #include <iterator>
@@ -47,6 +48,45 @@ bool endsWithinLine(QFile& file)
 }
 
 } // namespace
+
+QString logfilename::suggested(const QDateTime& now)
+{
+    return now.toString(QStringLiteral("'ldb-log_'yyyy-MM-dd_hh-mm'.csv'"));
+}
+
+QString logfilename::withSuffix(const QString& chosen)
+{
+    const QFileInfo info(chosen);
+    if (info.fileName().isEmpty() || !info.suffix().isEmpty()) {
+        return chosen;
+    }
+    return chosen +
+           (chosen.endsWith(QLatin1Char('.')) ? QStringLiteral("csv") : QStringLiteral(".csv"));
+}
+
+bool LogPeriod::admits(int id, std::optional<qint64> time, int interval)
+{
+    const bool isFirst = !m_start;
+    if (isFirst) {
+        open(id, time);
+    }
+    const qint64 elapsed = m_start && time ? *time - *m_start : 0;
+    if (elapsed >= interval) {
+        open(id, time);
+        return true;
+    }
+    if (elapsed != 0 || m_loggedIds.contains(id)) {
+        return isFirst;
+    }
+    m_loggedIds.append(id);
+    return true;
+}
+
+void LogPeriod::open(int id, std::optional<qint64> time)
+{
+    m_start = time;
+    m_loggedIds = {id};
+}
 
 FileLogger::FileLogger(QObject* parent)
     : QObject(parent)

@@ -1,13 +1,47 @@
 #pragma once
 
-#include "views/log/logperiod.h"
-
+#include <QDateTime>
 #include <QFile>
 #include <QList>
 #include <QObject>
+#include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <optional>
+
+/// Names of log files. Pure functions.
+namespace logfilename {
+
+/// The name to offer for a log begun at `now`: dated to the minute, ending in ".csv", without a
+/// folder, and allowed on every file system.
+QString suggested(const QDateTime& now);
+
+/// The name the user chose, with ".csv" where it has no suffix. An empty name stays empty.
+QString withSuffix(const QString& chosen);
+
+} // namespace logfilename
+
+/// Decides which records a log takes: in each period the one that opens it and, of every other
+/// LDB, the first one stamped in that same second. The clock is that of the records.
+class LogPeriod
+{
+public:
+    /// The next record opens the first period of a new run.
+    void restart() { m_start.reset(); }
+
+    /// Whether the record of LDB `id` stamped `time` (s, any epoch) is to be written, with periods
+    /// of `interval` seconds; 0 takes every record. A time before the period's start is not taken.
+    /// A record without a time counts as if no time had passed; as long as none has had one, every
+    /// record is taken.
+    bool admits(int id, std::optional<qint64> time, int interval);
+
+private:
+    void open(int id, std::optional<qint64> time);
+
+    std::optional<qint64> m_start;
+    QVector<int> m_loggedIds;
+};
 
 /// Writes general-information rows into a ";"-separated UTF-8 file: those of the selected LDB or of
 /// all, at most one an LDB and logging period. An existing file is appended to.

@@ -1,7 +1,6 @@
 #include "views/tables/devicedetailtable.h"
 
 #include "serial/generalinformation.h"
-#include "views/tables/cellcolourrules.h"
 #include "views/tables/cellcolours.h"
 
 #include <QHeaderView>

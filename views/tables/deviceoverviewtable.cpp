@@ -3,11 +3,9 @@
 #include "app/shared/usersettings.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
-#include "views/tables/cellcolourrules.h"
 #include "views/tables/cellcolours.h"
-#include "views/tables/checkboxdelegate.h"
 #include "views/tables/overviewcolumns.h"
-#include "views/tables/overviewrowdelegate.h"
+#include "views/tables/overviewdelegates.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,0 +1,116 @@
+#include "tests/support/badlines.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTextStream>
+
+// What the conversation holds on a bad line: values, losses and pace under each adversary, on each
+// kind of line, judged by the line's own book, in virtual time.
+
+namespace {
+
+constexpr qint64 kSecond = 1000000;
+constexpr qint64 kMinute = 60 * kSecond;
+constexpr qint64 kHour = 60 * kMinute;
+
+/// Records a second of the clean line.
+double cleanPace(const BadLine& trial, LineKind kind)
+{
+    LineRig::Setup setup = trial.setup(kind, 1);
+    setup.addresses.resize(static_cast<std::size_t>(trial.ldbs - trial.absent));
+    LineRig rig(setup);
+    rig.scan();
+    const int before = rig.tally().records;
+    rig.run(10 * kMinute);
+    return (rig.tally().records - before) / 600.0;
+}
+
+struct Verdict
+{
+    LineRig::Tally tally;
+    double pace = 0;
+    QStringList complaints;
+};
+
+Verdict live(const BadLine& trial, LineKind kind, quint64 seed, double hours, bool withCommands)
+{
+    LineRig rig(trial.setup(kind, seed));
+    rig.scan();
+    rig.run(kMinute);
+    trial.begin(rig);
+    rig.queueByChance(withCommands ? 20 * kSecond : 0);
+    const int before = rig.tally().records;
+    rig.run(static_cast<qint64>(hours * kHour));
+    return {rig.tally(), (rig.tally().records - before) / (hours * 3600), rig.complaints()};
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication app(argc, argv);
+    QCommandLineParser parser;
+    parser.addOptions({{"hours", "Virtual hours of each trial.", "number", "40"},
+                       {"seeds", "Seeds from 1 on.", "number", "2"},
+                       {"first-seed", "The first of them.", "number", "1"},
+                       {"trial", "Only trials whose name begins so.", "name", ""},
+                       {"line", "Only this kind of line.", "name", ""},
+                       {"commands", "Queue commands, too; the pace is not judged then."},
+                       {"short", "Six minutes each."}});
+    parser.addHelpOption();
+    parser.process(app);
+    const double hours = parser.isSet("short") ? 0.1 : parser.value("hours").toDouble();
+    const quint64 firstSeed = parser.value("first-seed").toULongLong();
+    const quint64 seeds = parser.isSet("short") ? 1 : parser.value("seeds").toULongLong();
+    const bool withCommands = parser.isSet("commands");
+
+    QTextStream out(stdout);
+    out << "line        adversary                        seed  records  wrong  by the book  losses "
+           " "
+           "false  commands silent  stray ACKs   pace (at least)  s an hour\n";
+    bool isGood = true;
+    for (const auto& [kind, kindName] : kLineKinds) {
+        if (!QLatin1String(kindName).startsWith(parser.value("line"))) {
+            continue;
+        }
+        for (const BadLine& trial : badLines()) {
+            if (!QLatin1String(trial.name).startsWith(parser.value("trial"))) {
+                continue;
+            }
+            const double clean = cleanPace(trial, kind);
+            for (quint64 seed = firstSeed; seed < firstSeed + seeds; ++seed) {
+                QElapsedTimer timer;
+                timer.start();
+                const Verdict verdict = live(trial, kind, seed, hours, withCommands);
+                const double pace = verdict.pace / clean;
+                const double least = trial.paceOn(kind);
+                const bool isFast = withCommands || hours < 1 || pace >= least;
+                const LineRig::Tally& tally = verdict.tally;
+                out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 ")
+                           .arg(QLatin1String(kindName), -11)
+                           .arg(QLatin1String(trial.name), -32)
+                           .arg(seed, 4)
+                           .arg(tally.records, 8)
+                           .arg(tally.wrong, 6)
+                           .arg(tally.falseFrames, 12)
+                           .arg(tally.losses, 7)
+                           .arg(tally.falseLosses, 6)
+                           .arg(tally.commands, 9)
+                    << QStringLiteral("%1 %2   %3 (%4)%5   %6\n")
+                           .arg(tally.silentCommands, 6)
+                           .arg(tally.unfoundedAcks, 11)
+                           .arg(pace, 0, 'f', 3)
+                           .arg(least, 0, 'f', 2)
+                           .arg(isFast ? "" : " MISSED")
+                           .arg(static_cast<double>(timer.elapsed()) / 1000 / hours, 0, 'f', 2);
+                for (const QString& complaint : verdict.complaints) {
+                    out << complaint << "\n";
+                }
+                out.flush();
+                isGood = isGood && isFast && tally.wrong == 0 && tally.falseLosses == 0;
+            }
+        }
+    }
+    return isGood ? 0 : 1;
+}

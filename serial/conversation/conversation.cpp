@@ -1,0 +1,443 @@
+#include "serial/conversation/conversation.h"
+
+#include "serial/framecodec.h"
+#include "serial/hextext.h"
+
+#include <utility>
+
+namespace {
+
+/// A text that has to be told twice is asked for once more, and again if the two differ.
+constexpr int kCommandInquiries = 3;
+
+using Outcome = InquiryEnd::Outcome;
+
+bool isAnswered(const InquiryEnd& end)
+{
+    return end.outcome == Outcome::Answered;
+}
+
+/// Whether an LDB said to a poll that it is there.
+bool isPresent(const InquiryEnd& end)
+{
+    return isAnswered(end) && !end.answer.startsWith(framecodec::kNak);
+}
+
+QString outcomeText(Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::Answered:
+        break;
+    case Outcome::Silent:
+        return QStringLiteral("no answer");
+    case Outcome::Damaged:
+        return QStringLiteral("the answer was damaged");
+    case Outcome::OtherKind:
+        return QStringLiteral("an answer of another kind came");
+    case Outcome::Unbelieved:
+        return QStringLiteral("the answer came among stray bytes and is not believed");
+    }
+    return QStringLiteral("answered");
+}
+
+} // namespace
+
+Conversation::Conversation(int answerWaitTime, int forgivenMisses)
+    : m_forgivenMisses(forgivenMisses)
+    , m_inquiry(answerWaitTime)
+{
+}
+
+void Conversation::start(const Moment& moment)
+{
+    m_inquiry.reset();
+    m_scan.clear();
+    m_schedule.clear();
+    m_memory.clear();
+    m_queue.clear();
+    m_hexId.clear();
+    m_events.clear();
+    m_scan.request();
+    dispatch(moment);
+}
+
+void Conversation::bytesCame(const QByteArray& bytes, const Moment& moment)
+{
+    if (!isStopped()) {
+        m_inquiry.bytesCame(bytes, moment.now);
+        settle(moment);
+    }
+}
+
+void Conversation::deadlinePassed(const Moment& moment)
+{
+    if (!isStopped()) {
+        m_inquiry.deadlinePassed(moment.now);
+        settle(moment);
+    }
+}
+
+void Conversation::queueCommand(const Request& request, quint64 number)
+{
+    if (!isStopped()) {
+        m_queue.append(request, number);
+        m_events.emplace_back(event::QueueLength{m_queue.size()});
+    }
+}
+
+void Conversation::lineGone()
+{
+    if (m_step == Step::Command && m_inquiry.isTransmitted()) {
+        finishCommand({});
+    }
+    m_queue.clear();
+    m_step = Step::Stopped;
+}
+
+std::vector<Event> Conversation::takeEvents()
+{
+    return std::exchange(m_events, {});
+}
+
+void Conversation::ask(Step step, const Request& request, Inquiry::Role role, const Moment& moment)
+{
+    m_step = step;
+    m_inquiry.begin(request, role, moment.now);
+}
+
+/// Goes on when the inquiry has ended.
+void Conversation::settle(const Moment& moment)
+{
+    for (const QString& note : m_inquiry.takeNotes()) {
+        log(LimitedLog::Kind::Exchange,
+            QString::fromLatin1(m_inquiry.request().body) + QStringLiteral(": ") + note, moment);
+    }
+    if (const auto end = m_inquiry.takeEnd()) {
+        inquiryEnded(*end, moment);
+    }
+}
+
+void Conversation::dispatch(const Moment& moment)
+{
+    if (m_scan.isDue()) {
+        scanNext(moment);
+    } else if (m_schedule.isEmpty()) {
+        m_step = Step::Stopped;
+        m_events.emplace_back(event::Stopped{});
+    } else {
+        pollNext(moment);
+    }
+}
+
+void Conversation::scanNext(const Moment& moment)
+{
+    if (m_scan.isRunning()) {
+        m_events.emplace_back(event::ScanProgress{m_scan.address(), m_schedule.found().size()});
+    } else {
+        m_scan.begin();
+        m_schedule.clear();
+        m_memory.clear();
+        m_events.emplace_back(event::ListChange{});
+        m_events.emplace_back(event::ScanState{true});
+    }
+    if (const auto address = m_scan.next()) {
+        m_hexId = busaddress::toHexId(*address);
+        ask(Step::Scan, requests::poll(m_hexId), Inquiry::Role::Probe, moment);
+        return;
+    }
+    m_hexId.clear();
+    m_schedule.restart();
+    m_events.emplace_back(event::ScanState{false});
+    dispatch(moment);
+}
+
+void Conversation::pollNext(const Moment& moment)
+{
+    const PollSchedule::Turn turn = m_schedule.next();
+    if (turn.beginsRound) {
+        m_roundTime = moment.wall;
+        m_scan.countRound();
+    }
+    m_hexId = turn.hexId;
+    if (turn.kind == PollSchedule::Turn::Kind::Probe) {
+        ask(Step::LostProbe, requests::poll(m_hexId), Inquiry::Role::Probe, moment);
+    } else {
+        ask(Step::Status, requests::status(m_hexId), Inquiry::Role::Poll, moment);
+    }
+}
+
+void Conversation::commandNext(const Moment& moment)
+{
+    if (m_queue.isEmpty()) {
+        searchNext(moment);
+        return;
+    }
+    m_commandAsked = 1;
+    const Request& request = m_queue.front().request;
+    ask(Step::Command, request,
+        request.isBroadcast() ? Inquiry::Role::Broadcast : Inquiry::Role::Command, moment);
+}
+
+void Conversation::searchNext(const Moment& moment)
+{
+    if (m_queue.isEmpty() && m_schedule.alone().isEmpty() && !m_scan.isDue()) {
+        while (const auto address = m_scan.nextInBackground()) {
+            const QString hexId = busaddress::toHexId(*address);
+            if (!m_schedule.found().contains(hexId)) {
+                m_hexId = hexId;
+                ask(Step::BackgroundProbe, requests::poll(hexId), Inquiry::Role::Probe, moment);
+                return;
+            }
+        }
+    }
+    dispatch(moment);
+}
+
+void Conversation::inquiryEnded(const InquiryEnd& end, const Moment& moment)
+{
+    const bool isPoll = m_step == Step::Status || m_step == Step::Name || m_step == Step::Firmware;
+    if (end.isUnclean || (isPoll && end.transmissions > 1)) {
+        m_scan.noteUnclean();
+    }
+    switch (m_step) {
+    case Step::Stopped:
+        break;
+    case Step::Scan:
+        scanEnded(end, moment);
+        break;
+    case Step::Status:
+        statusEnded(end, moment);
+        break;
+    case Step::Name:
+        nameEnded(end, moment);
+        break;
+    case Step::Firmware:
+        firmwareEnded(end, moment);
+        break;
+    case Step::Command:
+        commandEnded(end, moment);
+        break;
+    case Step::LostProbe:
+        lostProbeEnded(end, moment);
+        break;
+    case Step::BackgroundProbe:
+        backgroundProbeEnded(end, moment);
+        break;
+    }
+}
+
+void Conversation::scanEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isPresent(end)) {
+        found(m_hexId);
+    }
+    scanNext(moment);
+}
+
+void Conversation::statusEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (dropGhost(end, moment)) {
+        return;
+    }
+    switch (end.outcome) {
+    case Outcome::Answered:
+        m_memory.forgetMisses(m_hexId);
+        m_schedule.markPresent(m_hexId);
+        tellRecord(m_memory.name(m_hexId), decodeLdbStatus(end.answer).status);
+        break;
+    case Outcome::Unbelieved:
+        logEnd(end, moment);
+        break;
+    default:
+        countMiss(end, moment);
+        break;
+    }
+    if (m_schedule.isLost(m_hexId)) {
+        // Nothing more is asked of an LDB that has been given up, or has not proved that it is
+        // back.
+        commandNext(moment);
+    } else if (end.outcome == Outcome::Silent) {
+        ask(Step::Firmware, requests::firmware(m_hexId), Inquiry::Role::Poll, moment);
+    } else {
+        ask(Step::Name, requests::name(m_hexId), Inquiry::Role::Poll, moment);
+    }
+}
+
+/// The one whose first status request meets silence was somebody else's late answer to the scan.
+bool Conversation::dropGhost(const InquiryEnd& end, const Moment& moment)
+{
+    if (m_memory.isProven(m_hexId)) {
+        return false;
+    }
+    if (end.outcome != Outcome::Silent) {
+        m_memory.setProven(m_hexId);
+        return false;
+    }
+    log(LimitedLog::Kind::Lists,
+        QStringLiteral("%1 was found but never answered: taken from the list").arg(m_hexId),
+        moment);
+    m_scan.noteUnclean();
+    m_schedule.remove(m_hexId);
+    m_memory.forget(m_hexId);
+    m_events.emplace_back(event::ListChange{m_schedule.found()});
+    commandNext(moment);
+    return true;
+}
+
+void Conversation::nameEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isAnswered(end)) {
+        m_memory.forgetMisses(m_hexId);
+        m_memory.hearName(m_hexId, hextext::toText(end.answer));
+    } else {
+        countMiss(end, moment);
+    }
+    if (m_schedule.isLost(m_hexId)) {
+        commandNext(moment);
+    } else {
+        ask(Step::Firmware, requests::firmware(m_hexId), Inquiry::Role::Poll, moment);
+    }
+}
+
+void Conversation::firmwareEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isAnswered(end)) {
+        m_memory.forgetMisses(m_hexId);
+        m_memory.hearFirmware(m_hexId, decodeFirmwareId(end.answer).value_or(QString()));
+    } else {
+        countMiss(end, moment);
+    }
+    commandNext(moment);
+}
+
+void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isAnswered(end)) {
+        if (!isConfirmed(end)) {
+            if (m_commandAsked < kCommandInquiries) {
+                ++m_commandAsked;
+                const Request request = m_queue.front().request;
+                ask(Step::Command, request, Inquiry::Role::Command, moment);
+                return;
+            }
+            finishCommand({});
+        } else {
+            finishCommand(end.answer);
+        }
+    } else {
+        if (!m_queue.front().request.isBroadcast()) {
+            logEnd(end, moment);
+        }
+        finishCommand({});
+    }
+    searchNext(moment);
+}
+
+/// What is kept for long is taken when the LDB tells it twice.
+bool Conversation::isConfirmed(const InquiryEnd& end)
+{
+    const Request& request = m_queue.front().request;
+    switch (request.answer) {
+    case AnswerShape::Name:
+        return m_memory.hearName(request.hexId, hextext::toText(end.answer));
+    case AnswerShape::Firmware:
+        return m_memory.hearFirmware(request.hexId,
+                                     decodeFirmwareId(end.answer).value_or(QString()));
+    default:
+        return true;
+    }
+}
+
+void Conversation::finishCommand(const QByteArray& answer)
+{
+    CommandQueue::Entry entry = m_queue.takeFront();
+    m_events.emplace_back(event::CommandDone{std::move(entry.numbers), answer});
+    m_events.emplace_back(event::QueueLength{m_queue.size()});
+}
+
+void Conversation::lostProbeEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isPresent(end)) {
+        // On probation: it may have been somebody's stray byte.
+        ask(Step::Status, requests::status(m_hexId), Inquiry::Role::Poll, moment);
+    } else {
+        tellLost();
+        commandNext(moment);
+    }
+}
+
+void Conversation::backgroundProbeEnded(const InquiryEnd& end, const Moment& moment)
+{
+    if (isPresent(end)) {
+        found(m_hexId);
+        log(LimitedLog::Kind::Lists, QStringLiteral("%1 was missed by the scan").arg(m_hexId),
+            moment);
+    }
+    dispatch(moment);
+}
+
+void Conversation::found(const QString& hexId)
+{
+    m_schedule.add(hexId);
+    m_events.emplace_back(event::ListChange{m_schedule.found()});
+}
+
+/// Every failure of a polling answer, but for a sound one that is not believed.
+void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
+{
+    logEnd(end, moment);
+    if (end.outcome == Outcome::Unbelieved) {
+        return;
+    }
+    if (m_schedule.isLost(m_hexId)) {
+        tellLost();
+        return;
+    }
+    const int misses = m_memory.countMiss(m_hexId);
+    log(LimitedLog::Kind::Miss, QStringLiteral("%1: miss %2 in a row").arg(m_hexId).arg(misses),
+        moment);
+    if (misses > m_forgivenMisses) {
+        m_schedule.markLost(m_hexId);
+        m_events.emplace_back(event::Loss{m_hexId});
+        tellLost();
+    }
+}
+
+void Conversation::tellLost()
+{
+    tellRecord(ldbStateText(LdbState::Disconnected), LdbStatus::disconnected());
+}
+
+void Conversation::tellRecord(const QString& name, const LdbStatus& status)
+{
+    m_events.emplace_back(event::Record{m_hexId, name, status, m_roundTime});
+    if (m_memory.updateState(m_hexId, status.state)) {
+        m_events.emplace_back(event::StateChange{m_hexId, status.state});
+    }
+}
+
+void Conversation::logEnd(const InquiryEnd& end, const Moment& moment)
+{
+    log(LimitedLog::Kind::Exchange,
+        QStringLiteral("%1: %2 (transmission %3)")
+            .arg(QString::fromLatin1(m_inquiry.request().body), outcomeText(end.outcome))
+            .arg(end.transmissions),
+        moment);
+}
+
+void Conversation::log(LimitedLog::Kind kind, const QString& text, const Moment& moment)
+{
+    for (const QString& line : m_log.admit(kind, text, moment.now)) {
+        m_events.emplace_back(event::Diagnostic{line});
+    }
+}
+
+QString Conversation::describe() const
+{
+    static const char* const kSteps[] = {"stopped",  "scan",    "status",     "name",
+                                         "firmware", "command", "lost probe", "background probe"};
+    return QStringLiteral("%1 of %2; %3; %4 found, %5 commands waiting")
+        .arg(QLatin1String(kSteps[static_cast<int>(m_step)]), m_hexId, m_inquiry.describe())
+        .arg(m_schedule.found().size())
+        .arg(m_queue.size());
+}

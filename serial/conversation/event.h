@@ -1,0 +1,73 @@
+#pragma once
+
+#include "serial/ldbstatus.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <variant>
+#include <vector>
+
+/// What the conversation tells, in the order in which it happened.
+namespace event {
+
+/// One status of an LDB, or that it is lost (`LdbStatus::disconnected()`).
+struct Record
+{
+    QString hexId;
+    QString name; ///< empty until the LDB has told it
+    LdbStatus status;
+    qint64 roundTime = 0; ///< wall time at which its round began, ms since 1970 UTC
+};
+/// The LDB's state differs from its last one, or is the first since the start or scan.
+struct StateChange
+{
+    QString hexId;
+    LdbState state = LdbState::Booting;
+};
+/// Silent for too long; once a loss.
+struct Loss
+{
+    QString hexId;
+};
+struct ScanState
+{
+    bool isRunning = false;
+};
+/// Addresses probed (1 to 253) and LDBs found so far.
+struct ScanProgress
+{
+    int checked = 0;
+    int found = 0;
+};
+/// The ids found, in that order; lost LDBs stay in it.
+struct ListChange
+{
+    QStringList hexIds;
+};
+/// A command is done. Empty `answer`: it was transmitted, and nothing usable came.
+struct CommandDone
+{
+    std::vector<quint64> numbers; ///< equal reads are sent once
+    QByteArray answer;            ///< a body, or an ACK or NAK byte
+};
+struct QueueLength
+{
+    int commands = 0;
+};
+/// There is nobody to poll.
+struct Stopped
+{
+};
+/// A line for the diagnostics.
+struct Diagnostic
+{
+    QString text;
+};
+
+} // namespace event
+
+using Event = std::variant<event::Record, event::StateChange, event::Loss, event::ScanState,
+                           event::ScanProgress, event::ListChange, event::CommandDone,
+                           event::QueueLength, event::Stopped, event::Diagnostic>;

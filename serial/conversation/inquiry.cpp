@@ -1,0 +1,430 @@
+#include "serial/conversation/inquiry.h"
+
+#include "serial/framecodec.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+constexpr qint64 kLongestFrame = 60000;
+/// How much longer than its time a wait is held open for a frame that has begun.
+constexpr qint64 kLetEnd = kLongestFrame + Hearing::kPause;
+/// What answers were seen to come late beyond the wait time, with the frame itself.
+constexpr qint64 kLateMargin = 460000;
+constexpr qint64 kLateMemory = 600000000;
+/// An ACK with something behind it is no acknowledgement.
+constexpr qint64 kAcknowledgeQuiet = 20000;
+constexpr int kPollTransmissions = 2;
+constexpr int kCommandTransmissions = 3;
+
+} // namespace
+
+Inquiry::Inquiry(int answerWaitTime)
+    : m_wait(answerWaitTime * kMicrosecondsPerMillisecond)
+{
+}
+
+void Inquiry::reset()
+{
+    m_usual.clear();
+    m_lateUntil = 0;
+    m_state = State::Idle;
+    m_transmissions = 0;
+    m_outstanding = 0;
+    m_probeUntil = 0;
+    m_needsQuiet = false;
+    m_toTransmit.clear();
+    m_end.reset();
+    m_notes.clear();
+}
+
+qint64 Inquiry::horizon(qint64 now) const
+{
+    return m_wait + (now < m_lateUntil ? kLateMargin : kLongestFrame);
+}
+
+int Inquiry::allowedTransmissions() const
+{
+    switch (m_role) {
+    case Role::Poll:
+        return kPollTransmissions;
+    case Role::Probe:
+        return 1;
+    case Role::Command:
+    case Role::Broadcast:
+        return kCommandTransmissions;
+    }
+    return 1;
+}
+
+void Inquiry::begin(const Request& request, Role role, qint64 now)
+{
+    m_request = request;
+    m_role = role;
+    m_frame = framecodec::createCommand(request.body);
+    m_transmissions = 0;
+    m_early = 0;
+    m_isUnclean = false;
+    clearLine(now);
+}
+
+void Inquiry::clearLine(qint64 now)
+{
+    if (m_outstanding > 0 && now >= m_outstandingUntil) {
+        m_outstanding = 0;
+    }
+    if (m_needsQuiet && now >= m_quietBound) {
+        m_needsQuiet = false;
+        if (now - m_quietSince < Hearing::kPause) {
+            note(QStringLiteral("the line is never quiet"));
+        }
+    }
+    if (freeAt() <= now) {
+        transmit(now);
+    } else {
+        m_state = State::Clearing;
+    }
+}
+
+/// When the line will be free for the next transmission if nothing more comes.
+qint64 Inquiry::freeAt() const
+{
+    qint64 free = 0;
+    if (m_outstanding > 0) {
+        free = m_outstandingUntil;
+    }
+    if (m_request.answer == AnswerShape::Acknowledge && m_role == Role::Command) {
+        free = std::max(free, m_probeUntil);
+    }
+    if (m_needsQuiet) {
+        free = std::max(free, std::min(m_quietSince + Hearing::kPause, m_quietBound));
+    }
+    return free;
+}
+
+void Inquiry::transmit(qint64 now)
+{
+    m_needsQuiet = false;
+    ++m_transmissions;
+    m_lastTransmission = now;
+    m_toTransmit = m_frame;
+    m_hearing.begin(now + m_frame.size() * kByteTime);
+    m_windowEnd = now + (m_role == Role::Poll ? horizon(now) : kShortWindow);
+    m_windowLimit = m_windowEnd + kLetEnd;
+    m_state = State::Listening;
+}
+
+void Inquiry::bytesCame(const QByteArray& bytes, qint64 now)
+{
+    switch (m_state) {
+    case State::Idle:
+        break;
+    case State::Clearing:
+        hearOutstanding(bytes, now);
+        break;
+    case State::Confirming:
+        m_state = State::Listening; // no acknowledgement, with something behind it
+        [[fallthrough]];
+    case State::Listening:
+        m_hearing.take(bytes, now);
+        listen(now);
+        break;
+    case State::Lingering:
+        askForQuiet(now);
+        m_hearing.take(bytes, now);
+        listen(now);
+        break;
+    }
+}
+
+/// Nothing is transmitted before the line has been quiet for a moment, or never is.
+void Inquiry::askForQuiet(qint64 now)
+{
+    if (!m_needsQuiet) {
+        m_needsQuiet = true;
+        m_quietBound = std::max(m_lastTransmission + horizon(now), now + kLetEnd);
+    }
+    m_quietSince = now;
+}
+
+void Inquiry::hearOutstanding(const QByteArray& bytes, qint64 now)
+{
+    if (m_outstanding > 0) {
+        m_hearing.take(bytes, now);
+        if (m_hearing.soundBody() || m_hearing.isDamagedAnswer(now)) {
+            m_hearing.begin(0);
+            --m_outstanding;
+        }
+    } else {
+        m_isUnclean = true;
+    }
+    askForQuiet(now);
+    clearLine(now);
+}
+
+void Inquiry::listen(qint64 now)
+{
+    if (m_role == Role::Broadcast) {
+        return;
+    }
+    if (m_hearing.soundBody()) {
+        if (m_hearing.isAlone()) {
+            judgeFrame(QByteArray(*m_hearing.soundBody()), now); // the hearing may begin anew
+        } else {
+            fail(InquiryEnd::Outcome::Unbelieved, now);
+        }
+    } else if (const auto byte = m_hearing.singleByte()) {
+        judgeSingleByte(*byte, now);
+    } else if (m_state == State::Listening && m_hearing.isDamagedAnswer(now)) {
+        fail(InquiryEnd::Outcome::Damaged, now);
+    }
+}
+
+void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
+{
+    const bool fits = hasShape(body, m_request.answer);
+    const bool isSettings = m_request.answer == AnswerShape::Settings;
+    if (fits && isSettings && !decodeLdbSettings(body, m_request.hexId)) {
+        note(QStringLiteral("another LDB's settings dropped"));
+        noteLate(now);
+        m_hearing.setAside();
+        return;
+    }
+    if (m_state == State::Lingering && !(fits && isSettings)) {
+        m_hearing.setAside();
+        return;
+    }
+    const qint64 flight = now - m_lastTransmission - m_frame.size() * kByteTime;
+    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
+    // A repeated command's answer is right whichever transmission it answers.
+    const bool canBeEarly = m_role == Role::Poll || m_transmissions == 1;
+    if (usual && flight < usual->least && canBeEarly) {
+        // Too soon a second time, with nothing else outstanding: it is this LDB that has changed.
+        if (m_early == 0 || m_early == m_transmissions) {
+            note(QStringLiteral("an answer sooner than usual dropped"));
+            m_early = m_transmissions;
+            noteLate(now);
+            m_hearing.setAside();
+            if (m_role == Role::Poll) {
+                m_windowEnd = m_lastTransmission + horizon(now);
+                m_windowLimit = m_windowEnd + kLetEnd;
+            }
+            return;
+        }
+        m_usual.forget(m_request.hexId, m_request.answer);
+    }
+    if (fits) {
+        answered(body, flight, now);
+    } else {
+        fail(InquiryEnd::Outcome::OtherKind, now);
+    }
+}
+
+void Inquiry::judgeSingleByte(char byte, qint64 now)
+{
+    if (m_state != State::Listening) {
+        return;
+    }
+    if (m_role == Role::Probe) {
+        end(InquiryEnd::Outcome::Answered, QByteArray(1, byte));
+        return;
+    }
+    if (m_request.answer != AnswerShape::Acknowledge && m_request.answer != AnswerShape::Any) {
+        return;
+    }
+    const qint64 flight = now - m_lastTransmission - m_frame.size() * kByteTime;
+    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
+    if (!usual || usual->contains(flight)) {
+        m_acknowledgedAt = now;
+        m_state = State::Confirming;
+    }
+}
+
+void Inquiry::deadlinePassed(qint64 now)
+{
+    if (now < deadline()) {
+        return;
+    }
+    switch (m_state) {
+    case State::Idle:
+        break;
+    case State::Clearing:
+        clearLine(now);
+        break;
+    case State::Confirming:
+        answered(QByteArray(1, *m_hearing.singleByte()),
+                 m_acknowledgedAt - m_lastTransmission - m_frame.size() * kByteTime, now);
+        break;
+    case State::Listening:
+    case State::Lingering:
+        windowOver(now);
+        break;
+    }
+}
+
+qint64 Inquiry::deadline() const
+{
+    switch (m_state) {
+    case State::Idle:
+        return kNever;
+    case State::Clearing:
+        return freeAt();
+    case State::Confirming:
+        return m_acknowledgedAt + kAcknowledgeQuiet;
+    case State::Lingering:
+        return m_windowEnd;
+    case State::Listening:
+        if (m_role == Role::Broadcast) {
+            return m_windowEnd;
+        }
+        return std::min(m_hearing.pauseAt().value_or(kNever), m_windowEnd);
+    }
+    return kNever;
+}
+
+void Inquiry::windowOver(qint64 now)
+{
+    if (m_state == State::Lingering) {
+        end(InquiryEnd::Outcome::Silent);
+        return;
+    }
+    if (m_role != Role::Broadcast) {
+        if (m_hearing.isDamagedAnswer(now)) {
+            fail(InquiryEnd::Outcome::Damaged, now);
+            return;
+        }
+        if (m_hearing.isUnderWay(now) && m_windowEnd < m_windowLimit) {
+            m_windowEnd = std::min(now + Hearing::kPause, m_windowLimit);
+            return;
+        }
+    }
+    if (m_transmissions < allowedTransmissions()) {
+        if (m_role == Role::Poll) {
+            note(QStringLiteral("no answer, asked again"));
+        }
+        m_isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
+        transmit(now);
+        return;
+    }
+    switch (m_role) {
+    case Role::Command:
+        m_state = State::Lingering;
+        m_windowEnd = m_lastTransmission + horizon(now);
+        break;
+    case Role::Probe:
+        m_probeUntil = m_lastTransmission + horizon(now);
+        end(InquiryEnd::Outcome::Silent);
+        break;
+    case Role::Poll:
+    case Role::Broadcast:
+        end(InquiryEnd::Outcome::Silent);
+        break;
+    }
+}
+
+/// Something came that is no answer to be used.
+void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
+{
+    m_isUnclean = true;
+    askForQuiet(m_hearing.lastByteAt());
+    if (m_state == State::Lingering) {
+        m_hearing.setAside();
+        return;
+    }
+    if (m_role == Role::Probe) {
+        m_probeUntil = m_lastTransmission + horizon(now);
+    }
+    if (m_role == Role::Command && m_transmissions < allowedTransmissions()) {
+        note(QStringLiteral("nothing usable came, asked again"));
+        clearLine(now);
+        return;
+    }
+    leaveOutstanding(now - m_lastTransmission - m_frame.size() * kByteTime, now);
+    end(outcome);
+}
+
+void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
+{
+    if (flight > m_wait / 2) {
+        noteLate(now);
+    }
+    leaveOutstanding(flight, now);
+    if (m_transmissions == 1) {
+        m_usual.add(m_request.hexId, m_request.answer, flight);
+    }
+    end(InquiryEnd::Outcome::Answered, answer);
+}
+
+/// After a repeated request two answers can come. At the usual time it is the last one's, and the
+/// LDB, which answers in order, owes nothing more.
+void Inquiry::leaveOutstanding(qint64 flight, qint64 now)
+{
+    if (m_transmissions == 1) {
+        return;
+    }
+    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
+    if (usual && usual->contains(flight)) {
+        return;
+    }
+    if (usual) {
+        noteLate(now);
+    }
+    m_outstanding = m_transmissions - 1;
+    m_outstandingUntil = m_lastTransmission + horizon(now);
+    m_hearing.begin(0);
+}
+
+void Inquiry::noteLate(qint64 now)
+{
+    m_isUnclean = true;
+    m_lateUntil = now + kLateMemory;
+}
+
+void Inquiry::end(InquiryEnd::Outcome outcome, const QByteArray& answer)
+{
+    m_state = State::Idle;
+    const bool isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
+    m_end = InquiryEnd{outcome, answer, m_transmissions, isUnclean};
+}
+
+QByteArray Inquiry::takeTransmission()
+{
+    QByteArray bytes;
+    bytes.swap(m_toTransmit);
+    return bytes;
+}
+
+std::optional<InquiryEnd> Inquiry::takeEnd()
+{
+    auto end = std::move(m_end);
+    m_end.reset();
+    return end;
+}
+
+QStringList Inquiry::takeNotes()
+{
+    QStringList notes;
+    notes.swap(m_notes);
+    return notes;
+}
+
+void Inquiry::note(const QString& text)
+{
+    m_notes.append(text);
+}
+
+QString Inquiry::describe() const
+{
+    static const char* const kStates[] = {"idle", "clearing the line", "listening", "confirming",
+                                          "lingering"};
+    const qint64 until = deadline();
+    return QStringLiteral("%1, %2, transmission %3 at %4 us, until %5, outstanding %6 until %7%8")
+        .arg(QString::fromLatin1(m_request.body), QLatin1String(kStates[static_cast<int>(m_state)]))
+        .arg(m_transmissions)
+        .arg(m_lastTransmission)
+        .arg(until == kNever ? QStringLiteral("bytes come") : QString::number(until))
+        .arg(m_outstanding)
+        .arg(m_outstandingUntil)
+        .arg(m_needsQuiet ? QStringLiteral(", to be quiet") : QString());
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "serial/ldbstatus.h"
+
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+/// What the conversation remembers of each LDB from one round to the next, since the last scan.
+class LdbMemory
+{
+public:
+    void clear() { m_ldbs.clear(); }
+    /// Forgets one LDB.
+    void forget(const QString& hexId) { m_ldbs.remove(hexId); }
+
+    /// Empty until the LDB has told it.
+    QString name(const QString& hexId) const
+    {
+        return m_ldbs.value(hexId).name.known.value_or(QString());
+    }
+    /// A name that the LDB told: the first is taken over, another one when it is told twice in a
+    /// row. Whether it is the known one now.
+    bool hearName(const QString& hexId, const QString& name)
+    {
+        Told& told = m_ldbs[hexId].name;
+        if (!told.known) {
+            told.known = name;
+        }
+        return told.hear(name);
+    }
+    /// As for a name, but the first one needs two as well: nothing in a firmware identification
+    /// tells a right one from one that got past the check digits.
+    bool hearFirmware(const QString& hexId, const QString& firmware)
+    {
+        return m_ldbs[hexId].firmware.hear(firmware);
+    }
+
+    /// Takes over the state; whether it is another than the last one, or the first.
+    bool updateState(const QString& hexId, LdbState state)
+    {
+        auto& last = m_ldbs[hexId].state;
+        const bool isNew = last != state;
+        last = state;
+        return isNew;
+    }
+
+    /// Counts one more; how many in a row there are now.
+    int countMiss(const QString& hexId) { return ++m_ldbs[hexId].misses; }
+    void forgetMisses(const QString& hexId) { m_ldbs[hexId].misses = 0; }
+
+    /// Whether the LDB has been asked for its status since it was found.
+    bool isProven(const QString& hexId) const { return m_ldbs.value(hexId).isProven; }
+    void setProven(const QString& hexId) { m_ldbs[hexId].isProven = true; }
+
+private:
+    /// A text that is kept for long: a single damaged answer must not change it.
+    struct Told
+    {
+        std::optional<QString> known;
+        std::optional<QString> unconfirmed;
+
+        bool hear(const QString& text)
+        {
+            if (known == text) {
+                unconfirmed.reset();
+                return true;
+            }
+            if (unconfirmed == text) {
+                known = text;
+                unconfirmed.reset();
+                return true;
+            }
+            unconfirmed = text;
+            return false;
+        }
+    };
+    struct Ldb
+    {
+        Told name;
+        Told firmware;
+        std::optional<LdbState> state;
+        int misses = 0;
+        bool isProven = false;
+    };
+    QHash<QString, Ldb> m_ldbs;
+};

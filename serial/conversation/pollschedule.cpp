@@ -1,0 +1,89 @@
+#include "serial/conversation/pollschedule.h"
+
+void PollSchedule::clear()
+{
+    m_found.clear();
+    m_lost.clear();
+    m_alone.clear();
+    restart();
+}
+
+void PollSchedule::add(const QString& hexId)
+{
+    m_found.append(hexId);
+}
+
+void PollSchedule::remove(const QString& hexId)
+{
+    const int position = m_found.indexOf(hexId);
+    if (position < 0) {
+        return;
+    }
+    m_found.removeAt(position);
+    m_lost.removeAll(hexId);
+    if (position <= m_index) {
+        --m_index;
+    }
+    if (m_alone == hexId) {
+        m_alone.clear();
+    }
+}
+
+void PollSchedule::restart()
+{
+    m_index = m_found.size();
+    m_probed = true;
+}
+
+PollSchedule::Turn PollSchedule::next()
+{
+    Turn turn;
+    if (!m_alone.isEmpty()) {
+        turn.hexId = m_alone;
+        turn.beginsRound = true;
+        return turn;
+    }
+    Q_ASSERT(!m_found.isEmpty());
+    for (;;) {
+        while (++m_index < m_found.size()) {
+            if (!isLost(m_found.at(m_index))) {
+                turn.hexId = m_found.at(m_index);
+                return turn;
+            }
+        }
+        if (!m_probed && !m_lost.isEmpty()) {
+            m_probed = true;
+            turn.kind = Turn::Kind::Probe;
+            turn.hexId = m_lost.takeFirst();
+            m_lost.append(turn.hexId);
+            return turn;
+        }
+        turn.beginsRound = true;
+        m_index = -1;
+        m_probed = false;
+    }
+}
+
+bool PollSchedule::setAlone(const QString& hexId)
+{
+    if (!hexId.isEmpty() && !m_found.contains(hexId)) {
+        return false;
+    }
+    if (m_alone != hexId) {
+        m_alone = hexId;
+        restart();
+    }
+    return true;
+}
+
+void PollSchedule::markLost(const QString& hexId)
+{
+    if (!isLost(hexId)) {
+        m_lost.append(hexId);
+    }
+}
+
+void PollSchedule::markPresent(const QString& hexId)
+{
+    m_lost.removeAll(hexId);
+}

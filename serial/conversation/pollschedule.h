@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Whose turn it is: rounds over the LDBs found, in the order found. Lost LDBs are out of the
+/// round; they take turns at one probe at its end, so that many dead ones cost the living no more
+/// than one.
+class PollSchedule
+{
+public:
+    struct Turn
+    {
+        enum class Kind
+        {
+            Poll,
+            Probe
+        };
+        Kind kind = Kind::Poll;
+        QString hexId;
+        bool beginsRound = false; ///< the round's timestamps are to be taken now
+    };
+
+    /// Forgets all LDBs, for a scan.
+    void clear();
+    /// Joins the round that is on, as its last.
+    void add(const QString& hexId);
+    /// It was no LDB after all.
+    void remove(const QString& hexId);
+    /// Lets the next turn begin a round at the first LDB.
+    void restart();
+
+    bool isEmpty() const { return m_found.isEmpty(); }
+    const QStringList& found() const { return m_found; }
+
+    /// The next turn; only when not empty.
+    Turn next();
+
+    /// Polls this LDB alone, every turn a round of its own; an empty id ends that. False, changing
+    /// nothing, for an LDB that was not found.
+    bool setAlone(const QString& hexId);
+    const QString& alone() const { return m_alone; }
+
+    void markLost(const QString& hexId);
+    void markPresent(const QString& hexId);
+    bool isLost(const QString& hexId) const { return m_lost.contains(hexId); }
+
+private:
+    QStringList m_found;
+    QStringList m_lost; ///< the one to probe next stands first
+    QString m_alone;
+    int m_index = 0;
+    bool m_probed = true; ///< this round's probe has been made
+};

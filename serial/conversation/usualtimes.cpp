@@ -1,0 +1,34 @@
+#include "serial/conversation/usualtimes.h"
+
+#include <algorithm>
+
+void UsualTimes::add(const QString& hexId, AnswerShape kind, qint64 flight)
+{
+    Ring& ring = m_times[hexId][static_cast<std::size_t>(kind)];
+    ring.times[static_cast<std::size_t>(ring.next)] = flight;
+    ring.next = (ring.next + 1) % kRemembered;
+    ring.count = std::min(ring.count + 1, kRemembered);
+}
+
+std::optional<UsualTimes::Span> UsualTimes::of(const QString& hexId, AnswerShape kind) const
+{
+    const auto found = m_times.constFind(hexId);
+    if (found == m_times.constEnd()) {
+        return std::nullopt;
+    }
+    const Ring& ring = (*found)[static_cast<std::size_t>(kind)];
+    if (ring.count < kNeeded) {
+        return std::nullopt;
+    }
+    const auto [least, greatest] =
+        std::minmax_element(ring.times.begin(), ring.times.begin() + ring.count);
+    return Span{*least - kMargin, *greatest + kMargin};
+}
+
+void UsualTimes::forget(const QString& hexId, AnswerShape kind)
+{
+    const auto found = m_times.find(hexId);
+    if (found != m_times.end()) {
+        (*found)[static_cast<std::size_t>(kind)] = {};
+    }
+}

@@ -1,0 +1,1 @@
+// Only there for the target's include path.

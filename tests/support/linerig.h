@@ -1,0 +1,124 @@
+#pragma once
+
+#include "serial/conversation/conversation.h"
+#include "simulator/line/line.h"
+#include "simulator/line/lineboards.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+/// A conversation on a simulated line, in virtual time, with everything it tells held against the
+/// line's own book. The same seed and calls give the same course.
+class LineRig
+{
+public:
+    struct Setup
+    {
+        LineKind kind = LineKind::FullDuplex;
+        std::vector<int> addresses = {0x01, 0x0A, 0x10, 0x1C, 0x2B, 0x5B, 0xA4, 0xFD};
+        quint64 seed = 1;
+        int answerWaitTime = 1500; ///< ms
+        int forgivenMisses = 3;
+        int together = 1; ///< bytes that the port hands over at once, at most
+    };
+    struct Tally
+    {
+        int records = 0; ///< of LDBs that answered
+        int wrong = 0;
+        int falseFrames = 0; ///< wrong values of damaged frames that pass the check digits
+        int losses = 0;
+        int falseLosses = 0;
+        int commands = 0;
+        int silentCommands = 0;
+        /// ACKs that were stray bytes: nothing tells them from real ones but reading back.
+        int unfoundedAcks = 0;
+    };
+
+    explicit LineRig(const Setup& setup);
+
+    Conversation& conversation() { return m_conversation; }
+    Line& line() { return m_line; }
+    LineBoards& boards() { return m_boards; }
+    qint64 now() const { return m_now; }
+
+    /// Scans, and returns when the scan has ended.
+    void scan();
+    /// Lets time pass (µs).
+    void run(qint64 microseconds);
+    /// As `run`, but returns as soon as the condition holds; whether it does.
+    bool runUntil(const std::function<bool()>& condition, qint64 microseconds);
+
+    /// Queues a command, whose end is judged like everything else. Every so often (µs, 0 for never)
+    /// one is queued by chance.
+    void queue(const Request& request);
+    void queueByChance(qint64 every) { m_commandEvery = every; }
+
+    const Tally& tally() const { return m_tally; }
+    /// What was wrong, with the exchanges before it; the first few.
+    const QStringList& complaints() const { return m_complaints; }
+
+    const QStringList& found() const { return m_found; }
+    const QSet<QString>& lost() const { return m_lost; }
+    bool isScanning() const { return m_isScanning; }
+    /// What was last told of an LDB; empty ids for none.
+    event::Record lastRecord(const QString& hexId) const { return m_last.value(hexId); }
+    /// When (µs), if ever.
+    qint64 lastRecordAt(const QString& hexId) const { return m_lastAt.value(hexId, -1); }
+    /// The command ends, in order.
+    const std::vector<event::CommandDone>& commandsDone() const { return m_done; }
+    /// Everything told, if it is kept.
+    void keepEvents() { m_keepsEvents = true; }
+    std::vector<Event> takeEvents() { return std::exchange(m_events, {}); }
+
+private:
+    struct Command
+    {
+        Request request;
+        int timesDone = 0; ///< by the board, when it was queued
+    };
+
+    void step(qint64 now);
+    void pump();
+    void queueSomething();
+    void judge(const event::Record& record);
+    void judge(const event::Loss& loss);
+    void judge(const event::CommandDone& done);
+    void judge(const event::ScanState& scan);
+    void judge(const event::ListChange& list) { m_found = list.hexIds; }
+    template <typename Other>
+    void judge(const Other&)
+    {
+    }
+    void judgeAnswer(const Command& command, const QByteArray& answer);
+    int failedPollsInARow(int address) const;
+    bool isFalseFrame(const QByteArray& body) const;
+    void complain(const QString& what, const QByteArray& body);
+
+    Setup m_setup;
+    LineBoards m_boards;
+    Line m_line;
+    Conversation m_conversation;
+    Chance m_chance;
+    qint64 m_now = 0;
+    qint64 m_commandEvery = 0;
+    qint64 m_nextCommand = Line::kNever;
+    quint64 m_commandNumber = 0;
+    QHash<quint64, Command> m_commands;
+
+    Tally m_tally;
+    QStringList m_complaints;
+    QStringList m_found;
+    QSet<QString> m_lost;
+    bool m_isScanning = false;
+    QHash<QString, event::Record> m_last;
+    QHash<QString, qint64> m_lastAt;
+    QHash<int, quint32> m_lastNumber;
+    std::vector<event::CommandDone> m_done;
+    bool m_keepsEvents = false;
+    std::vector<Event> m_events;
+};
