@@ -32,6 +32,7 @@ private slots:
     void startsAndStops();
     void reloadKeepsTheTick();
     void cutLine();
+    void cutLineEndsAnAction();
     void otherPort();
     void lostLdb_data();
     void lostLdb();
@@ -196,6 +197,24 @@ void TestMainWindow::cutLine()
     QVERIFY(!button("ldbResetButton")->isEnabled());
     QCoreApplication::processEvents();
     QCOMPARE(boxes().size(), 1);
+}
+
+void TestMainWindow::cutLineEndsAnAction()
+{
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+    m_bus->setScript([this](const QByteArray& request) -> std::optional<QByteArray> {
+        if (request != "FE0373780001") {
+            return std::nullopt;
+        }
+        m_bus->hangUp();
+        return QByteArray();
+    });
+    const ExpectWarning warning("^Port ");
+    button("ldbResetButton")->click();
+    WAIT_COMPARE(boxes().size(), 1);
+    QCOMPARE(m_window->statusBar()->currentMessage(),
+             QStringLiteral("LDB 03 did not answer: LDB reset."));
 }
 
 void TestMainWindow::otherPort()
