@@ -12,8 +12,8 @@
 // The audit is audited, too: each log is spoilt in four ways, and each must be found. Ends with
 // status 1 when there is a difference; the journal, the log and the program's messages are kept
 // then.
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
 #include "benchmarks/badline/logaudit.h"
 #include "benchmarks/badline/windowoperator.h"
 #include "benchmarks/support/report.h"
@@ -114,7 +114,7 @@ public:
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
             qFatal("the scenario cannot be written");
         }
-        applicationSettings().setValue(constants::kComPortKey, path("bus"));
+        userSettings().setValue(constants::kComPortKey, path("bus"));
     }
 
     void keep()
