@@ -3,7 +3,7 @@
 #include "app/settingseditor/ldbsettingseditor.h"
 #include "serial/seriallink.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/settingsbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
 
 #include <QtWidgets>
@@ -24,7 +24,7 @@ class Desk
 public:
     Desk() { editor->setLink(&link); }
 
-    bool connectLink() { return bus.connectLink(link); }
+    bool connectLink() { return bus.scan(link); }
     /// Returns with all that was asked for at the selection.
     bool select(const QString& hexId)
     {
@@ -72,8 +72,8 @@ public:
     }
 
     Sandbox sandbox;
-    SettingsBus bus{{kLdb, kOtherLdb}};
-    SerialLink link;
+    TestBus bus{{kLdb, kOtherLdb}};
+    SerialLink link{bus.ports()};
     std::unique_ptr<LdbSettingsEditor> editor = std::make_unique<LdbSettingsEditor>();
     QSignalSpy messages{editor.get(), &LdbSettingsEditor::statusMessage};
     QSignalSpy saveStarted{editor.get(), &LdbSettingsEditor::saveStarted};
