@@ -120,8 +120,7 @@ void TestLdbSettingsEditor::changesAreMarkedInWords()
     }
 
     // A further record takes no edit away.
-    desk.editor->processLdbSettings(kLdb,
-                                    TestBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
+    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
     QVERIFY(desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
     QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
 

@@ -15,10 +15,7 @@ namespace {
 /// A tracked LDB on the real link.
 struct Bench
 {
-    Bench()
-    {
-        bus.scan(*link);
-    }
+    Bench() { bus.scan(*link); }
     void send(Command command)
     {
         ldb->send(command, &context, [this](Answer answer) { answers.append(answer); });
