@@ -1,9 +1,7 @@
-#include "app/help/helpkey.h"
-#include "app/installationreport.h"
-#include "app/mainwindow.h"
-#include "app/messagehandler.h"
-#include "app/platformattributes.h"
+#include "app/help/manualwindow.h"
 #include "app/shared/constants.h"
+#include "app/startup.h"
+#include "app/window/mainwindow.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -3,8 +3,8 @@
 //   cpu       share of one core that the program takes, in percent
 // Ends with status 1 when the figure is out of its bounds. On the display where there is one, else
 // offscreen.
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
 #include "benchmarks/support/report.h"
 #include "benchmarks/support/simulatorprocess.h"
 #include "serial/generalinformation.h"
@@ -83,7 +83,7 @@ bool benchCpu()
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     const QString port = folder.filePath(QStringLiteral("bus"));
     const SimulatorProcess simulator({QStringLiteral("--link"), port});
-    applicationSettings().setValue(constants::kComPortKey, port);
+    userSettings().setValue(constants::kComPortKey, port);
 
     MainWindow window;
     window.show();

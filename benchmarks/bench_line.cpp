@@ -1,3 +1,4 @@
+#include "benchmarks/support/processresources.h"
 #include "tests/support/badlines.h"
 
 #include <QCommandLineParser>
@@ -6,7 +7,8 @@
 #include <QTextStream>
 
 // What the conversation holds on a bad line: values, losses and pace under each adversary, on each
-// kind of line, judged by the line's own book, in virtual time.
+// kind of line, judged by the line's own book, in virtual time. With --memory: what the heap grows
+// by in days on which nothing sensible comes.
 
 namespace {
 
@@ -45,6 +47,52 @@ Verdict live(const BadLine& trial, LineKind kind, quint64 seed, double hours, bo
     return {rig.tally(), (rig.tally().records - before) / (hours * 3600), rig.complaints()};
 }
 
+/// Lives a day on a line on which nothing sensible comes, and says what the heap has grown by since
+/// its first hour.
+bool liveBarrenDay(const char* name, bool isSilent, const Adversaries& adversaries,
+                   QTextStream& out)
+{
+    constexpr int kHoursADay = 24;
+    constexpr double kKilobyte = 1024;
+    constexpr double kGrowthLimit = 64; // kB
+    LineRig::Setup setup;
+    setup.together = 16; // as a port hands them over
+    LineRig rig(setup);
+    rig.scan();
+    rig.run(kMinute);
+    for (const int address : setup.addresses) {
+        rig.boards().setPresent(address, !isSilent);
+    }
+    rig.line().setAdversaries(adversaries, rig.now());
+    rig.run(kHour);
+    const qint64 before = ProcessResources::now().heapBytes;
+    QElapsedTimer timer;
+    timer.start();
+    rig.run(kHoursADay * kHour);
+    const qint64 after = ProcessResources::now().heapBytes;
+    const double growth = static_cast<double>(after - before) / kKilobyte;
+    out << QStringLiteral("%1 %2 kB after an hour, %3 kB a day later: %4 kB more (%5 at most); "
+                          "%6 losses, %7 wrong, %8 s\n")
+               .arg(QLatin1String(name), -14)
+               .arg(static_cast<double>(before) / kKilobyte, 0, 'f', 1)
+               .arg(static_cast<double>(after) / kKilobyte, 0, 'f', 1)
+               .arg(growth, 0, 'f', 1)
+               .arg(kGrowthLimit)
+               .arg(rig.tally().losses)
+               .arg(rig.tally().wrong)
+               .arg(timer.elapsed() / 1000);
+    out.flush();
+    return growth <= kGrowthLimit && rig.tally().wrong == 0;
+}
+
+bool liveBarrenDays(QTextStream& out)
+{
+    Adversaries babble;
+    babble.strayEvery = 0.002; // a line that is half full of bytes that nobody sent
+    const bool isSilentGood = liveBarrenDay("all silent", true, {}, out);
+    return liveBarrenDay("babbling line", false, babble, out) && isSilentGood;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -57,6 +105,7 @@ int main(int argc, char* argv[])
                        {"trial", "Only trials whose name begins so.", "name", ""},
                        {"line", "Only this kind of line.", "name", ""},
                        {"commands", "Queue commands, too; the pace is not judged then."},
+                       {"memory", "Only the memory of a day of silence and one of babble."},
                        {"short", "Six minutes each."}});
     parser.addHelpOption();
     parser.process(app);
@@ -66,6 +115,9 @@ int main(int argc, char* argv[])
     const bool withCommands = parser.isSet("commands");
 
     QTextStream out(stdout);
+    if (parser.isSet("memory")) {
+        return liveBarrenDays(out) ? 0 : 1;
+    }
     out << "line        adversary                        seed  records  wrong  by the book  losses "
            " "
            "false  commands silent  stray ACKs   pace (at least)  s an hour\n";

@@ -4,8 +4,8 @@
 // platform attributes, which let it come up faster, and is told for comparison only.
 // QT_QPA_PLATFORM chooses the platform; the display where there is one when it is not set. --short
 // measures once.
-#include "app/mainwindow.h"
-#include "app/platformattributes.h"
+#include "app/startup.h"
+#include "app/window/mainwindow.h"
 #include "benchmarks/support/report.h"
 
 #include <QApplication>

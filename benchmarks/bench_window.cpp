@@ -4,9 +4,9 @@
 //   block     the longest time that the GUI thread did not get to its events, in ms
 //   export    the same while the settings of all LDBs are exported
 // Ends with status 1 when a figure is out of its bounds.
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
-#include "app/settingstransfer.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
+#include "app/transfer/settingstransfer.h"
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "serial/serialcommand.h"
@@ -253,7 +253,7 @@ bool benchWindow()
     const QString logPath = folder.filePath(QStringLiteral("log.csv"));
     auto installation =
         std::make_unique<Installation>(fullScenario(), Simulation::Pace::Unpaced, journalPath);
-    applicationSettings().setValue(constants::kComPortKey, installation->portName());
+    userSettings().setValue(constants::kComPortKey, installation->portName());
 
     MainWindow window;
     window.show();

@@ -1,16 +1,13 @@
 #include "serial/serialtuning.h"
 
-#include "app/shared/constants.h"
-#include "serial/tuningnumber.h"
-
-#include <QSettings>
+#include "app/shared/tuningfile.h"
 
 #include <algorithm>
 
 SerialTuning SerialTuning::load()
 {
     SerialTuning tuning;
-    const QSettings file(constants::kTuningFileName, QSettings::IniFormat);
+    const QSettings file = tuningFile();
     tuning.disconnectedCount =
         std::max(0, tuningNumber(file, constants::kDisconnectedCountKey, tuning.disconnectedCount));
     // A window of nothing would declare every LDB lost at once.

@@ -209,6 +209,11 @@ void Simulation::answerEnded(const Exchange& exchange, const LineAnswer& answer)
     }
 }
 
+void Simulation::straysEnded(const QByteArray& bytes, qint64 at)
+{
+    m_journal.write(at, Journal::Direction::Remark, {}, bytes, QStringLiteral("stray bytes"));
+}
+
 void Simulation::remark(const QString& text)
 {
     m_journal.write(m_clock.microseconds(), Journal::Direction::Remark, {}, {}, text);

@@ -69,6 +69,7 @@ private:
                                   const AbsentBoards& absent) override;
     void requestEnded(const Exchange& exchange) override;
     void answerEnded(const Exchange& exchange, const LineAnswer& answer) override;
+    void straysEnded(const QByteArray& bytes, qint64 at) override;
     void remark(const QString& text);
     void runEvents();
     void scheduleEvents();

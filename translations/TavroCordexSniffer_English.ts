@@ -37,6 +37,13 @@
             <numerusform>and %n more</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Done: %1 of %n LDB(s)</source>
+        <translation>
+            <numerusform>Done: %1 of %n LDB</numerusform>
+            <numerusform>Done: %1 of %n LDBs</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LdbSettingsEditor</name>

@@ -33,6 +33,159 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>ActionsPanel</name>
+    <message>
+        <source>LDB Actions</source>
+        <translation>Actions LDB</translation>
+    </message>
+    <message>
+        <source>Selected LDB</source>
+        <translation>LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>&amp;FIM
+Reset</source>
+        <translation>Réinit.
+&amp;FIM</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of the ticked LDB</source>
+        <translation>Réinitialiser les FIM du LDB coché</translation>
+    </message>
+    <message>
+        <source>FIM reset of the selected LDB</source>
+        <translation>Réinitialisation FIM du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>LD&amp;B
+Reset</source>
+        <translation>Réinit.
+LD&amp;B</translation>
+    </message>
+    <message>
+        <source>Restart the ticked LDB</source>
+        <translation>Redémarrer le LDB coché</translation>
+    </message>
+    <message>
+        <source>LDB reset of the selected LDB</source>
+        <translation>Réinitialisation LDB du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vice
+Mode</source>
+        <translation>&amp;Mode
+maintenance</translation>
+    </message>
+    <message>
+        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
+        <translation>Mettre le LDB coché en mode maintenance&#xa0;; une réinitialisation du LDB y met fin</translation>
+    </message>
+    <message>
+        <source>Service mode of the selected LDB</source>
+        <translation>Mode maintenance du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>FIM
+&amp;Tracking</source>
+        <translation>&amp;Suivi
+FIM</translation>
+    </message>
+    <message>
+        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
+        <translation>Compter les FIM du LDB coché et localiser le défaut de sa boucle</translation>
+    </message>
+    <message>
+        <source>FIM tracking of the selected LDB</source>
+        <translation>Suivi FIM du LDB sélectionné</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>FIM
+Reset</source>
+        <translation>Réinit.
+FIM</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of every LDB on the bus, at once</source>
+        <translation>Réinitialiser les FIM de tous les LDB du bus, en une fois</translation>
+    </message>
+    <message>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>Réinitialisation FIM de tous les LDB</translation>
+    </message>
+    <message>
+        <source>LDB
+Reset</source>
+        <translation>Réinit.
+LDB</translation>
+    </message>
+    <message>
+        <source>Restart every LDB on the bus, at once</source>
+        <translation>Redémarrer tous les LDB du bus, en une fois</translation>
+    </message>
+    <message>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>Réinitialisation LDB de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Service
+Mode</source>
+        <translation>Mode
+maintenance</translation>
+    </message>
+    <message>
+        <source>Put every LDB on the bus into service mode, at once</source>
+        <translation>Mettre tous les LDB du bus en mode maintenance, en une fois</translation>
+    </message>
+    <message>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Mode maintenance de tous les LDB</translation>
+    </message>
+    <message>
+        <source>FIM reset</source>
+        <translation>Réinitialisation FIM</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>Réinitialisation LDB</translation>
+    </message>
+    <message>
+        <source>Factory reset</source>
+        <translation>Réinitialisation d&apos;usine</translation>
+    </message>
+    <message>
+        <source>Service mode</source>
+        <translation>Mode maintenance</translation>
+    </message>
+    <message>
+        <source>The connection ended. Not sent to the LDB&apos;s: %1.</source>
+        <translation>La connexion s&apos;est terminée. Non envoyé aux LDB&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Envoyé à tous les LDB&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>The connection ended. Not sent to LDB %1: %2.</source>
+        <translation>La connexion s&apos;est terminée. Non envoyé au LDB %1&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 did not answer: %2.</source>
+        <translation>LDB %1 n&apos;a pas répondu&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 refused: %2.</source>
+        <translation>LDB %1 a refusé&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 accepted: %2.</source>
+        <translation>LDB %1 a accepté&#xa0;: %2.</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -625,6 +778,13 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
             <numerusform>et encore %n</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Done: %1 of %n LDB(s)</source>
+        <translation>
+            <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
+            <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>
@@ -641,38 +801,58 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>LdbActions</name>
+    <name>LdbFields</name>
     <message>
-        <source>FIM reset</source>
-        <translation>Réinitialisation FIM</translation>
+        <source>no name</source>
+        <translation>sans nom</translation>
     </message>
     <message>
-        <source>LDB reset</source>
-        <translation>Réinitialisation LDB</translation>
+        <source>on</source>
+        <translation>activé</translation>
     </message>
     <message>
-        <source>Factory reset</source>
-        <translation>Réinitialisation d&apos;usine</translation>
+        <source>off</source>
+        <translation>désactivé</translation>
     </message>
     <message>
-        <source>Service mode</source>
-        <translation>Mode maintenance</translation>
+        <source>Name</source>
+        <translation>Nom</translation>
     </message>
     <message>
-        <source>Sent to all LDB&apos;s: %1.</source>
-        <translation>Envoyé à tous les LDB&#xa0;: %1.</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Nombre de FIM</translation>
     </message>
     <message>
-        <source>LDB %1 did not answer: %2.</source>
-        <translation>LDB %1 n&apos;a pas répondu&#xa0;: %2.</translation>
+        <source>Open Detection Delay</source>
+        <translation>Délai de détection de coupure</translation>
     </message>
     <message>
-        <source>LDB %1 refused: %2.</source>
-        <translation>LDB %1 a refusé&#xa0;: %2.</translation>
+        <source>General Fault Output</source>
+        <translation>Sortie de défaut général</translation>
     </message>
     <message>
-        <source>LDB %1 accepted: %2.</source>
-        <translation>LDB %1 a accepté&#xa0;: %2.</translation>
+        <source>Earth Leakage Detection</source>
+        <translation>Détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Démarrer en mode maintenance</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Détection de l&apos;amplificateur</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio coupé</translation>
+    </message>
+    <message>
+        <source>fault output, detection and service mode switches</source>
+        <translation>commutateurs de sortie de défaut, de détection et de mode maintenance</translation>
     </message>
 </context>
 <context>
@@ -766,96 +946,6 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
             <numerusform>%n modification non enregistrée, en gras</numerusform>
             <numerusform>%n modifications non enregistrées, en gras</numerusform>
         </translation>
-    </message>
-</context>
-<context>
-    <name>LdbSettingsFields</name>
-    <message>
-        <source>no name</source>
-        <translation>sans nom</translation>
-    </message>
-    <message>
-        <source>on</source>
-        <translation>activé</translation>
-    </message>
-    <message>
-        <source>off</source>
-        <translation>désactivé</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Nom</translation>
-    </message>
-    <message>
-        <source>Number of FIM&apos;s</source>
-        <translation>Nombre de FIM</translation>
-    </message>
-    <message>
-        <source>Open Detection Delay</source>
-        <translation>Délai de détection de coupure</translation>
-    </message>
-    <message>
-        <source>General Fault Output</source>
-        <translation>Sortie de défaut général</translation>
-    </message>
-    <message>
-        <source>Earth Leakage Detection</source>
-        <translation>Détection de fuite à la terre</translation>
-    </message>
-    <message>
-        <source>Earth Wire Open Detection</source>
-        <translation>Détection de coupure du fil de terre</translation>
-    </message>
-    <message>
-        <source>Start in Service Mode</source>
-        <translation>Démarrer en mode maintenance</translation>
-    </message>
-    <message>
-        <source>Amplifier Detection</source>
-        <translation>Détection de l&apos;amplificateur</translation>
-    </message>
-    <message>
-        <source>Audio Mute</source>
-        <translation>Audio coupé</translation>
-    </message>
-    <message>
-        <source>fault output, detection and service mode switches</source>
-        <translation>commutateurs de sortie de défaut, de détection et de mode maintenance</translation>
-    </message>
-</context>
-<context>
-    <name>LdbSettingsSaver</name>
-    <message>
-        <source>storing</source>
-        <translation>mémorisation</translation>
-    </message>
-    <message>
-        <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
-    </message>
-    <message>
-        <source>%1 (refused)</source>
-        <translation>%1 (refusé)</translation>
-    </message>
-    <message>
-        <source>%1 (no answer)</source>
-        <translation>%1 (pas de réponse)</translation>
-    </message>
-    <message>
-        <source>the connection ended before everything was written</source>
-        <translation>la connexion s&apos;est terminée avant que tout soit écrit</translation>
-    </message>
-    <message>
-        <source>the settings could not be read again</source>
-        <translation>les réglages n&apos;ont pas pu être relus</translation>
-    </message>
-    <message>
-        <source>the LDB reports other values than written: %1</source>
-        <translation>le LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>not written: %1</source>
-        <translation>non écrit&#xa0;: %1</translation>
     </message>
     <message>
         <source>LDB %1: %2</source>
@@ -1054,22 +1144,15 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>LogControls</name>
+    <name>LinkNotices</name>
     <message>
-        <source>Stop</source>
-        <translation>Arrêter</translation>
+        <source>Another program is using this port.</source>
+        <translation>Un autre programme utilise ce port.</translation>
     </message>
     <message>
-        <source>Start</source>
-        <translation>Démarrer</translation>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Pour utiliser ce port, vous devez faire partie du groupe «&#xa0;%1&#xa0;»&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
     </message>
-    <message>
-        <source>Log File</source>
-        <translation>Fichier journal</translation>
-    </message>
-</context>
-<context>
-    <name>LossReporter</name>
     <message>
         <source>The LDB with ID: %1 is disconnected!</source>
         <translation>Le LDB avec l&apos;ID&#xa0;: %1 est déconnecté&#xa0;!</translation>
@@ -1077,6 +1160,89 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>Error</source>
         <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Cannot establish the serial communication, check the serial port settings!</source>
+        <translation>Impossible d&apos;établir la communication série, vérifiez les paramètres du port série&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Port %1: %2</source>
+        <translation>Port %1&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LogPanel</name>
+    <message>
+        <source>Log file</source>
+        <translation>Fichier journal</translation>
+    </message>
+    <message>
+        <source>Bro&amp;wse...</source>
+        <translation>&amp;Parcourir...</translation>
+    </message>
+    <message>
+        <source>Choose the log file</source>
+        <translation>Choisir le fichier journal</translation>
+    </message>
+    <message>
+        <source>Log Ever&amp;y</source>
+        <translation>É&amp;crire toutes les</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Log the ticked LDB only</source>
+        <translation>Enregistrer uniquement le LDB coché</translation>
+    </message>
+    <message>
+        <source>Sele&amp;cted</source>
+        <translation>Sélecti&amp;onné</translation>
+    </message>
+    <message>
+        <source>Log all LDBs</source>
+        <translation>Enregistrer tous les LDB</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>To&amp;us</translation>
+    </message>
+    <message>
+        <source>Start or stop writing the log file</source>
+        <translation>Démarrer ou arrêter l&apos;écriture du fichier journal</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Démarrer</translation>
+    </message>
+    <message>
+        <source>Log to File</source>
+        <translation>Journal</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Log File</source>
+        <translation>Fichier journal</translation>
+    </message>
+    <message>
+        <source>The log file %1 cannot be opened: %2</source>
+        <translation>Impossible d&apos;ouvrir le fichier journal %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Logging has stopped!</source>
+        <translation>L&apos;enregistrement s&apos;est arrêté&#xa0;!</translation>
     </message>
 </context>
 <context>
@@ -1174,166 +1340,8 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Paramètres &amp;LDB</translation>
     </message>
     <message>
-        <source>Log to File</source>
-        <translation>Journal</translation>
-    </message>
-    <message>
         <source>&amp;Log to File</source>
         <translation>&amp;Journal</translation>
-    </message>
-    <message>
-        <source>Log file</source>
-        <translation>Fichier journal</translation>
-    </message>
-    <message>
-        <source>Bro&amp;wse...</source>
-        <translation>&amp;Parcourir...</translation>
-    </message>
-    <message>
-        <source>Choose the log file</source>
-        <translation>Choisir le fichier journal</translation>
-    </message>
-    <message>
-        <source>Log Ever&amp;y</source>
-        <translation>É&amp;crire toutes les</translation>
-    </message>
-    <message>
-        <source>Seconds between two records of an LDB; at 0 every record is written</source>
-        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>s</translation>
-    </message>
-    <message>
-        <source>Log the ticked LDB only</source>
-        <translation>Enregistrer uniquement le LDB coché</translation>
-    </message>
-    <message>
-        <source>Sele&amp;cted</source>
-        <translation>Sélecti&amp;onné</translation>
-    </message>
-    <message>
-        <source>Log all LDBs</source>
-        <translation>Enregistrer tous les LDB</translation>
-    </message>
-    <message>
-        <source>&amp;All</source>
-        <translation>To&amp;us</translation>
-    </message>
-    <message>
-        <source>Start or stop writing the log file</source>
-        <translation>Démarrer ou arrêter l&apos;écriture du fichier journal</translation>
-    </message>
-    <message>
-        <source>LDB Actions</source>
-        <translation>Actions LDB</translation>
-    </message>
-    <message>
-        <source>Selected LDB</source>
-        <translation>LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>FIM
-Reset</source>
-        <translation>Réinit.
-FIM</translation>
-    </message>
-    <message>
-        <source>&amp;FIM
-Reset</source>
-        <translation>Réinit.
-&amp;FIM</translation>
-    </message>
-    <message>
-        <source>Reset the FIMs of the ticked LDB</source>
-        <translation>Réinitialiser les FIM du LDB coché</translation>
-    </message>
-    <message>
-        <source>FIM reset of the selected LDB</source>
-        <translation>Réinitialisation FIM du LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>LDB
-Reset</source>
-        <translation>Réinit.
-LDB</translation>
-    </message>
-    <message>
-        <source>LD&amp;B
-Reset</source>
-        <translation>Réinit.
-LD&amp;B</translation>
-    </message>
-    <message>
-        <source>Restart the ticked LDB</source>
-        <translation>Redémarrer le LDB coché</translation>
-    </message>
-    <message>
-        <source>LDB reset of the selected LDB</source>
-        <translation>Réinitialisation LDB du LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>Service
-Mode</source>
-        <translation>Mode
-maintenance</translation>
-    </message>
-    <message>
-        <source>Ser&amp;vice
-Mode</source>
-        <translation>&amp;Mode
-maintenance</translation>
-    </message>
-    <message>
-        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
-        <translation>Mettre le LDB coché en mode maintenance&#xa0;; une réinitialisation du LDB y met fin</translation>
-    </message>
-    <message>
-        <source>Service mode of the selected LDB</source>
-        <translation>Mode maintenance du LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>FIM
-&amp;Tracking</source>
-        <translation>&amp;Suivi
-FIM</translation>
-    </message>
-    <message>
-        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
-        <translation>Compter les FIM du LDB coché et localiser le défaut de sa boucle</translation>
-    </message>
-    <message>
-        <source>FIM tracking of the selected LDB</source>
-        <translation>Suivi FIM du LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>All LDB&apos;s</source>
-        <translation>Tous les LDB</translation>
-    </message>
-    <message>
-        <source>Reset the FIMs of every LDB on the bus, at once</source>
-        <translation>Réinitialiser les FIM de tous les LDB du bus, en une fois</translation>
-    </message>
-    <message>
-        <source>FIM reset of all LDB&apos;s</source>
-        <translation>Réinitialisation FIM de tous les LDB</translation>
-    </message>
-    <message>
-        <source>Restart every LDB on the bus, at once</source>
-        <translation>Redémarrer tous les LDB du bus, en une fois</translation>
-    </message>
-    <message>
-        <source>LDB reset of all LDB&apos;s</source>
-        <translation>Réinitialisation LDB de tous les LDB</translation>
-    </message>
-    <message>
-        <source>Put every LDB on the bus into service mode, at once</source>
-        <translation>Mettre tous les LDB du bus en mode maintenance, en une fois</translation>
-    </message>
-    <message>
-        <source>Service mode of all LDB&apos;s</source>
-        <translation>Mode maintenance de tous les LDB</translation>
     </message>
     <message>
         <source>Global Status:</source>
@@ -1358,18 +1366,6 @@ FIM</translation>
     <message>
         <source>Details of the selected LDB</source>
         <translation>Détails du LDB sélectionné</translation>
-    </message>
-    <message>
-        <source>The log file %1 cannot be opened: %2</source>
-        <translation>Impossible d&apos;ouvrir le fichier journal %1&#xa0;: %2</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Erreur</translation>
-    </message>
-    <message>
-        <source>Logging has stopped!</source>
-        <translation>L&apos;enregistrement s&apos;est arrêté&#xa0;!</translation>
     </message>
     <message>
         <source>Stop</source>
@@ -1462,29 +1458,6 @@ FIM</translation>
     </message>
 </context>
 <context>
-    <name>PortFailure</name>
-    <message>
-        <source>Error</source>
-        <translation>Erreur</translation>
-    </message>
-    <message>
-        <source>Cannot establish the serial communication, check the serial port settings!</source>
-        <translation>Impossible d&apos;établir la communication série, vérifiez les paramètres du port série&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Port %1: %2</source>
-        <translation>Port %1&#xa0;: %2</translation>
-    </message>
-    <message>
-        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
-        <translation>Pour utiliser ce port, vous devez faire partie du groupe «&#xa0;%1&#xa0;»&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
-    </message>
-    <message>
-        <source>Another program is using this port.</source>
-        <translation>Un autre programme utilise ce port.</translation>
-    </message>
-</context>
-<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>
@@ -1544,14 +1517,6 @@ FIM</translation>
 <context>
     <name>SettingsImport</name>
     <message>
-        <source>the 0/1 columns</source>
-        <translation>les colonnes 0/1</translation>
-    </message>
-    <message>
-        <source>storing the settings</source>
-        <translation>mémorisation des paramètres</translation>
-    </message>
-    <message>
         <source>No LDB&apos;s are connected.</source>
         <translation>Aucun LDB n&apos;est connecté.</translation>
     </message>
@@ -1574,14 +1539,6 @@ FIM</translation>
     <message>
         <source>LDB %1 (address %2): no line in the file</source>
         <translation>LDB %1 (adresse %2)&#xa0;: aucune ligne dans le fichier</translation>
-    </message>
-    <message>
-        <source>%1 refused</source>
-        <translation>%1&#xa0;: refus</translation>
-    </message>
-    <message>
-        <source>%1 unanswered</source>
-        <translation>%1&#xa0;: sans réponse</translation>
     </message>
     <message>
         <source>the connection ended before it was written</source>
@@ -1673,6 +1630,97 @@ FIM</translation>
         <source>Select File</source>
         <translation>Sélectionner un fichier</translation>
     </message>
+    <message>
+        <source>Exporting LDB settings</source>
+        <translation>Exportation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished</source>
+        <translation>Exportation des paramètres des LDB terminée</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed</source>
+        <translation>Échec de l&apos;exportation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings</source>
+        <translation>Importation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished</source>
+        <translation>Importation des paramètres des LDB terminée</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>%1!</source>
+        <translation>%1&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés&#xa0;!</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWriter</name>
+    <message>
+        <source>storing</source>
+        <translation>mémorisation</translation>
+    </message>
+    <message>
+        <source>%1 (no answer)</source>
+        <translation>%1 (pas de réponse)</translation>
+    </message>
+    <message>
+        <source>%1 (not sent)</source>
+        <translation>%1 (non envoyé)</translation>
+    </message>
+    <message>
+        <source>%1 (refused)</source>
+        <translation>%1 (refusé)</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
+    </message>
+    <message>
+        <source>not written: %1</source>
+        <translation>non écrit&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>the connection ended before everything was written</source>
+        <translation>la connexion s&apos;est terminée avant que tout soit écrit</translation>
+    </message>
+    <message>
+        <source>the settings could not be read again</source>
+        <translation>les réglages n&apos;ont pas pu être relus</translation>
+    </message>
+    <message>
+        <source>the LDB reports other values than written: %1</source>
+        <translation>le LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>StatusIndicators</name>
@@ -1747,73 +1795,6 @@ FIM</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Au moins un LDB demande la vérification de ses paramètres.</translation>
-    </message>
-</context>
-<context>
-    <name>TransferReport</name>
-    <message>
-        <source>Information</source>
-        <translation>Information</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Erreur</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings</source>
-        <translation>Exportation des paramètres des LDB</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings finished</source>
-        <translation>Exportation des paramètres des LDB terminée</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings finished!</source>
-        <translation>Exportation des paramètres des LDB terminée&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings failed</source>
-        <translation>Échec de l&apos;exportation des paramètres des LDB</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings failed!</source>
-        <translation>Échec de l&apos;exportation des paramètres des LDB&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings</source>
-        <translation>Importation des paramètres des LDB</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings finished</source>
-        <translation>Importation des paramètres des LDB terminée</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings finished!</source>
-        <translation>Importation des paramètres des LDB terminée&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed!</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés&#xa0;!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s!</source>
-        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés&#xa0;!</translation>
     </message>
 </context>
 </TS>

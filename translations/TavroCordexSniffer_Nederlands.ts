@@ -33,6 +33,159 @@ De broncode van Qwt is te vinden op https://qwt.sourceforge.io</translation>
     </message>
 </context>
 <context>
+    <name>ActionsPanel</name>
+    <message>
+        <source>LDB Actions</source>
+        <translation>LDB-acties</translation>
+    </message>
+    <message>
+        <source>Selected LDB</source>
+        <translation>Geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>&amp;FIM
+Reset</source>
+        <translation>&amp;FIM-
+reset</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of the ticked LDB</source>
+        <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
+    </message>
+    <message>
+        <source>FIM reset of the selected LDB</source>
+        <translation>FIM-reset van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>LD&amp;B
+Reset</source>
+        <translation>LD&amp;B-
+reset</translation>
+    </message>
+    <message>
+        <source>Restart the ticked LDB</source>
+        <translation>Herstart de aangevinkte LDB</translation>
+    </message>
+    <message>
+        <source>LDB reset of the selected LDB</source>
+        <translation>LDB-reset van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>Ser&amp;vice
+Mode</source>
+        <translation>Ser&amp;vice-
+modus</translation>
+    </message>
+    <message>
+        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
+        <translation>Zet de aangevinkte LDB in servicemodus; een LDB-reset beëindigt die</translation>
+    </message>
+    <message>
+        <source>Service mode of the selected LDB</source>
+        <translation>Servicemodus van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>FIM
+&amp;Tracking</source>
+        <translation>FIM-
+&amp;tracking</translation>
+    </message>
+    <message>
+        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
+        <translation>Tel de FIM&apos;s van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
+    </message>
+    <message>
+        <source>FIM tracking of the selected LDB</source>
+        <translation>FIM-tracking van de geselecteerde LDB</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>FIM
+Reset</source>
+        <translation>FIM-
+reset</translation>
+    </message>
+    <message>
+        <source>Reset the FIMs of every LDB on the bus, at once</source>
+        <translation>Reset de FIM&apos;s van alle LDB&apos;s op de bus tegelijk</translation>
+    </message>
+    <message>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>FIM-reset van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>LDB
+Reset</source>
+        <translation>LDB-
+reset</translation>
+    </message>
+    <message>
+        <source>Restart every LDB on the bus, at once</source>
+        <translation>Herstart alle LDB&apos;s op de bus tegelijk</translation>
+    </message>
+    <message>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>LDB-reset van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Service
+Mode</source>
+        <translation>Service-
+modus</translation>
+    </message>
+    <message>
+        <source>Put every LDB on the bus into service mode, at once</source>
+        <translation>Zet alle LDB&apos;s op de bus tegelijk in servicemodus</translation>
+    </message>
+    <message>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Servicemodus van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>FIM reset</source>
+        <translation>FIM-reset</translation>
+    </message>
+    <message>
+        <source>LDB reset</source>
+        <translation>LDB-reset</translation>
+    </message>
+    <message>
+        <source>Factory reset</source>
+        <translation>Fabrieksreset</translation>
+    </message>
+    <message>
+        <source>Service mode</source>
+        <translation>Servicemodus</translation>
+    </message>
+    <message>
+        <source>The connection ended. Not sent to the LDB&apos;s: %1.</source>
+        <translation>De verbinding werd beëindigd. Niet naar de LDB&apos;s verzonden: %1.</translation>
+    </message>
+    <message>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Naar alle LDB&apos;s verzonden: %1.</translation>
+    </message>
+    <message>
+        <source>The connection ended. Not sent to LDB %1: %2.</source>
+        <translation>De verbinding werd beëindigd. Niet naar LDB %1 verzonden: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 did not answer: %2.</source>
+        <translation>LDB %1 heeft niet geantwoord: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 refused: %2.</source>
+        <translation>LDB %1 heeft geweigerd: %2.</translation>
+    </message>
+    <message>
+        <source>LDB %1 accepted: %2.</source>
+        <translation>LDB %1 heeft aanvaard: %2.</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -625,6 +778,13 @@ Weet u zeker dat u dit wilt doen?</translation>
             <numerusform>en nog %n</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Done: %1 of %n LDB(s)</source>
+        <translation>
+            <numerusform>Klaar: %1 van %n LDB</numerusform>
+            <numerusform>Klaar: %1 van %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>
@@ -641,38 +801,58 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
 </context>
 <context>
-    <name>LdbActions</name>
+    <name>LdbFields</name>
     <message>
-        <source>FIM reset</source>
-        <translation>FIM-reset</translation>
+        <source>no name</source>
+        <translation>geen naam</translation>
     </message>
     <message>
-        <source>LDB reset</source>
-        <translation>LDB-reset</translation>
+        <source>on</source>
+        <translation>aan</translation>
     </message>
     <message>
-        <source>Factory reset</source>
-        <translation>Fabrieksreset</translation>
+        <source>off</source>
+        <translation>uit</translation>
     </message>
     <message>
-        <source>Service mode</source>
-        <translation>Servicemodus</translation>
+        <source>Name</source>
+        <translation>Naam</translation>
     </message>
     <message>
-        <source>Sent to all LDB&apos;s: %1.</source>
-        <translation>Naar alle LDB&apos;s verzonden: %1.</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
     </message>
     <message>
-        <source>LDB %1 did not answer: %2.</source>
-        <translation>LDB %1 heeft niet geantwoord: %2.</translation>
+        <source>Open Detection Delay</source>
+        <translation>Vertraging onderbrekingsdetectie</translation>
     </message>
     <message>
-        <source>LDB %1 refused: %2.</source>
-        <translation>LDB %1 heeft geweigerd: %2.</translation>
+        <source>General Fault Output</source>
+        <translation>Algemene storingsuitgang</translation>
     </message>
     <message>
-        <source>LDB %1 accepted: %2.</source>
-        <translation>LDB %1 heeft aanvaard: %2.</translation>
+        <source>Earth Leakage Detection</source>
+        <translation>Aardlekdetectie</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Detectie aarddraad onderbroken</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Starten in servicemodus</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Versterkerdetectie</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio dempen</translation>
+    </message>
+    <message>
+        <source>fault output, detection and service mode switches</source>
+        <translation>schakelaars voor storingsuitgang, detectie en servicemodus</translation>
     </message>
 </context>
 <context>
@@ -766,96 +946,6 @@ Weet u zeker dat u dit wilt doen?</translation>
             <numerusform>%n niet-opgeslagen wijziging, vet</numerusform>
             <numerusform>%n niet-opgeslagen wijzigingen, vet</numerusform>
         </translation>
-    </message>
-</context>
-<context>
-    <name>LdbSettingsFields</name>
-    <message>
-        <source>no name</source>
-        <translation>geen naam</translation>
-    </message>
-    <message>
-        <source>on</source>
-        <translation>aan</translation>
-    </message>
-    <message>
-        <source>off</source>
-        <translation>uit</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>Naam</translation>
-    </message>
-    <message>
-        <source>Number of FIM&apos;s</source>
-        <translation>Aantal FIM&apos;s</translation>
-    </message>
-    <message>
-        <source>Open Detection Delay</source>
-        <translation>Vertraging onderbrekingsdetectie</translation>
-    </message>
-    <message>
-        <source>General Fault Output</source>
-        <translation>Algemene storingsuitgang</translation>
-    </message>
-    <message>
-        <source>Earth Leakage Detection</source>
-        <translation>Aardlekdetectie</translation>
-    </message>
-    <message>
-        <source>Earth Wire Open Detection</source>
-        <translation>Detectie aarddraad onderbroken</translation>
-    </message>
-    <message>
-        <source>Start in Service Mode</source>
-        <translation>Starten in servicemodus</translation>
-    </message>
-    <message>
-        <source>Amplifier Detection</source>
-        <translation>Versterkerdetectie</translation>
-    </message>
-    <message>
-        <source>Audio Mute</source>
-        <translation>Audio dempen</translation>
-    </message>
-    <message>
-        <source>fault output, detection and service mode switches</source>
-        <translation>schakelaars voor storingsuitgang, detectie en servicemodus</translation>
-    </message>
-</context>
-<context>
-    <name>LdbSettingsSaver</name>
-    <message>
-        <source>storing</source>
-        <translation>opslaan in de LDB</translation>
-    </message>
-    <message>
-        <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
-    </message>
-    <message>
-        <source>%1 (refused)</source>
-        <translation>%1 (geweigerd)</translation>
-    </message>
-    <message>
-        <source>%1 (no answer)</source>
-        <translation>%1 (geen antwoord)</translation>
-    </message>
-    <message>
-        <source>the connection ended before everything was written</source>
-        <translation>de verbinding eindigde voordat alles geschreven was</translation>
-    </message>
-    <message>
-        <source>the settings could not be read again</source>
-        <translation>de instellingen konden niet opnieuw worden gelezen</translation>
-    </message>
-    <message>
-        <source>the LDB reports other values than written: %1</source>
-        <translation>de LDB meldt andere waarden dan geschreven: %1</translation>
-    </message>
-    <message>
-        <source>not written: %1</source>
-        <translation>niet geschreven: %1</translation>
     </message>
     <message>
         <source>LDB %1: %2</source>
@@ -1054,22 +1144,15 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
 </context>
 <context>
-    <name>LogControls</name>
+    <name>LinkNotices</name>
     <message>
-        <source>Stop</source>
-        <translation>Stop</translation>
+        <source>Another program is using this port.</source>
+        <translation>Een ander programma gebruikt deze poort.</translation>
     </message>
     <message>
-        <source>Start</source>
-        <translation>Start</translation>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
     </message>
-    <message>
-        <source>Log File</source>
-        <translation>Logbestand</translation>
-    </message>
-</context>
-<context>
-    <name>LossReporter</name>
     <message>
         <source>The LDB with ID: %1 is disconnected!</source>
         <translation>De LDB met ID: %1 is niet verbonden!</translation>
@@ -1077,6 +1160,89 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>Error</source>
         <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Cannot establish the serial communication, check the serial port settings!</source>
+        <translation>De seriële communicatie kan niet tot stand worden gebracht, controleer de instellingen van de seriële poort!</translation>
+    </message>
+    <message>
+        <source>Port %1: %2</source>
+        <translation>Poort %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LogPanel</name>
+    <message>
+        <source>Log file</source>
+        <translation>Logbestand</translation>
+    </message>
+    <message>
+        <source>Bro&amp;wse...</source>
+        <translation>Bla&amp;deren...</translation>
+    </message>
+    <message>
+        <source>Choose the log file</source>
+        <translation>Logbestand kiezen</translation>
+    </message>
+    <message>
+        <source>Log Ever&amp;y</source>
+        <translation>Log el&amp;ke</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Log the ticked LDB only</source>
+        <translation>Alleen de aangevinkte LDB loggen</translation>
+    </message>
+    <message>
+        <source>Sele&amp;cted</source>
+        <translation>Gesele&amp;cteerd</translation>
+    </message>
+    <message>
+        <source>Log all LDBs</source>
+        <translation>Alle LDB&apos;s loggen</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>&amp;Alle</translation>
+    </message>
+    <message>
+        <source>Start or stop writing the log file</source>
+        <translation>Start of stop het schrijven van het logbestand</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Log to File</source>
+        <translation>Logbestand</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Log File</source>
+        <translation>Logbestand</translation>
+    </message>
+    <message>
+        <source>The log file %1 cannot be opened: %2</source>
+        <translation>Het logbestand %1 kan niet worden geopend: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Logging has stopped!</source>
+        <translation>Het loggen is gestopt!</translation>
     </message>
 </context>
 <context>
@@ -1174,166 +1340,8 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>&amp;LDB-instellingen</translation>
     </message>
     <message>
-        <source>Log to File</source>
-        <translation>Logbestand</translation>
-    </message>
-    <message>
         <source>&amp;Log to File</source>
         <translation>Lo&amp;gbestand</translation>
-    </message>
-    <message>
-        <source>Log file</source>
-        <translation>Logbestand</translation>
-    </message>
-    <message>
-        <source>Bro&amp;wse...</source>
-        <translation>Bla&amp;deren...</translation>
-    </message>
-    <message>
-        <source>Choose the log file</source>
-        <translation>Logbestand kiezen</translation>
-    </message>
-    <message>
-        <source>Log Ever&amp;y</source>
-        <translation>Log el&amp;ke</translation>
-    </message>
-    <message>
-        <source>Seconds between two records of an LDB; at 0 every record is written</source>
-        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>s</translation>
-    </message>
-    <message>
-        <source>Log the ticked LDB only</source>
-        <translation>Alleen de aangevinkte LDB loggen</translation>
-    </message>
-    <message>
-        <source>Sele&amp;cted</source>
-        <translation>Gesele&amp;cteerd</translation>
-    </message>
-    <message>
-        <source>Log all LDBs</source>
-        <translation>Alle LDB&apos;s loggen</translation>
-    </message>
-    <message>
-        <source>&amp;All</source>
-        <translation>&amp;Alle</translation>
-    </message>
-    <message>
-        <source>Start or stop writing the log file</source>
-        <translation>Start of stop het schrijven van het logbestand</translation>
-    </message>
-    <message>
-        <source>LDB Actions</source>
-        <translation>LDB-acties</translation>
-    </message>
-    <message>
-        <source>Selected LDB</source>
-        <translation>Geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>FIM
-Reset</source>
-        <translation>FIM-
-reset</translation>
-    </message>
-    <message>
-        <source>&amp;FIM
-Reset</source>
-        <translation>&amp;FIM-
-reset</translation>
-    </message>
-    <message>
-        <source>Reset the FIMs of the ticked LDB</source>
-        <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
-    </message>
-    <message>
-        <source>FIM reset of the selected LDB</source>
-        <translation>FIM-reset van de geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>LDB
-Reset</source>
-        <translation>LDB-
-reset</translation>
-    </message>
-    <message>
-        <source>LD&amp;B
-Reset</source>
-        <translation>LD&amp;B-
-reset</translation>
-    </message>
-    <message>
-        <source>Restart the ticked LDB</source>
-        <translation>Herstart de aangevinkte LDB</translation>
-    </message>
-    <message>
-        <source>LDB reset of the selected LDB</source>
-        <translation>LDB-reset van de geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>Service
-Mode</source>
-        <translation>Service-
-modus</translation>
-    </message>
-    <message>
-        <source>Ser&amp;vice
-Mode</source>
-        <translation>Ser&amp;vice-
-modus</translation>
-    </message>
-    <message>
-        <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
-        <translation>Zet de aangevinkte LDB in servicemodus; een LDB-reset beëindigt die</translation>
-    </message>
-    <message>
-        <source>Service mode of the selected LDB</source>
-        <translation>Servicemodus van de geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>FIM
-&amp;Tracking</source>
-        <translation>FIM-
-&amp;tracking</translation>
-    </message>
-    <message>
-        <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
-        <translation>Tel de FIM&apos;s van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
-    </message>
-    <message>
-        <source>FIM tracking of the selected LDB</source>
-        <translation>FIM-tracking van de geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>All LDB&apos;s</source>
-        <translation>Alle LDB&apos;s</translation>
-    </message>
-    <message>
-        <source>Reset the FIMs of every LDB on the bus, at once</source>
-        <translation>Reset de FIM&apos;s van alle LDB&apos;s op de bus tegelijk</translation>
-    </message>
-    <message>
-        <source>FIM reset of all LDB&apos;s</source>
-        <translation>FIM-reset van alle LDB&apos;s</translation>
-    </message>
-    <message>
-        <source>Restart every LDB on the bus, at once</source>
-        <translation>Herstart alle LDB&apos;s op de bus tegelijk</translation>
-    </message>
-    <message>
-        <source>LDB reset of all LDB&apos;s</source>
-        <translation>LDB-reset van alle LDB&apos;s</translation>
-    </message>
-    <message>
-        <source>Put every LDB on the bus into service mode, at once</source>
-        <translation>Zet alle LDB&apos;s op de bus tegelijk in servicemodus</translation>
-    </message>
-    <message>
-        <source>Service mode of all LDB&apos;s</source>
-        <translation>Servicemodus van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Global Status:</source>
@@ -1358,18 +1366,6 @@ modus</translation>
     <message>
         <source>Details of the selected LDB</source>
         <translation>Details van de geselecteerde LDB</translation>
-    </message>
-    <message>
-        <source>The log file %1 cannot be opened: %2</source>
-        <translation>Het logbestand %1 kan niet worden geopend: %2</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Fout</translation>
-    </message>
-    <message>
-        <source>Logging has stopped!</source>
-        <translation>Het loggen is gestopt!</translation>
     </message>
     <message>
         <source>Stop</source>
@@ -1462,29 +1458,6 @@ modus</translation>
     </message>
 </context>
 <context>
-    <name>PortFailure</name>
-    <message>
-        <source>Error</source>
-        <translation>Fout</translation>
-    </message>
-    <message>
-        <source>Cannot establish the serial communication, check the serial port settings!</source>
-        <translation>De seriële communicatie kan niet tot stand worden gebracht, controleer de instellingen van de seriële poort!</translation>
-    </message>
-    <message>
-        <source>Port %1: %2</source>
-        <translation>Poort %1: %2</translation>
-    </message>
-    <message>
-        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
-        <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
-    </message>
-    <message>
-        <source>Another program is using this port.</source>
-        <translation>Een ander programma gebruikt deze poort.</translation>
-    </message>
-</context>
-<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>
@@ -1544,14 +1517,6 @@ modus</translation>
 <context>
     <name>SettingsImport</name>
     <message>
-        <source>the 0/1 columns</source>
-        <translation>de 0/1-kolommen</translation>
-    </message>
-    <message>
-        <source>storing the settings</source>
-        <translation>opslaan van de instellingen</translation>
-    </message>
-    <message>
         <source>No LDB&apos;s are connected.</source>
         <translation>Er zijn geen LDB&apos;s verbonden.</translation>
     </message>
@@ -1574,14 +1539,6 @@ modus</translation>
     <message>
         <source>LDB %1 (address %2): no line in the file</source>
         <translation>LDB %1 (adres %2): geen regel in het bestand</translation>
-    </message>
-    <message>
-        <source>%1 refused</source>
-        <translation>%1 geweigerd</translation>
-    </message>
-    <message>
-        <source>%1 unanswered</source>
-        <translation>%1 niet beantwoord</translation>
     </message>
     <message>
         <source>the connection ended before it was written</source>
@@ -1673,6 +1630,97 @@ modus</translation>
         <source>Select File</source>
         <translation>Bestand selecteren</translation>
     </message>
+    <message>
+        <source>Exporting LDB settings</source>
+        <translation>LDB-instellingen worden geëxporteerd</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings finished</source>
+        <translation>Exporteren van LDB-instellingen voltooid</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings failed</source>
+        <translation>Exporteren van LDB-instellingen mislukt</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings</source>
+        <translation>LDB-instellingen worden geïmporteerd</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings finished</source>
+        <translation>Importeren van LDB-instellingen voltooid</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed</source>
+        <translation>Importeren van LDB-instellingen mislukt</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Informatie</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>%1!</source>
+        <translation>%1!</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsWriter</name>
+    <message>
+        <source>storing</source>
+        <translation>opslaan in de LDB</translation>
+    </message>
+    <message>
+        <source>%1 (no answer)</source>
+        <translation>%1 (geen antwoord)</translation>
+    </message>
+    <message>
+        <source>%1 (not sent)</source>
+        <translation>%1 (niet verzonden)</translation>
+    </message>
+    <message>
+        <source>%1 (refused)</source>
+        <translation>%1 (geweigerd)</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>de verbinding werd beëindigd voordat het geschreven was</translation>
+    </message>
+    <message>
+        <source>not written: %1</source>
+        <translation>niet geschreven: %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>the connection ended before everything was written</source>
+        <translation>de verbinding eindigde voordat alles geschreven was</translation>
+    </message>
+    <message>
+        <source>the settings could not be read again</source>
+        <translation>de instellingen konden niet opnieuw worden gelezen</translation>
+    </message>
+    <message>
+        <source>the LDB reports other values than written: %1</source>
+        <translation>de LDB meldt andere waarden dan geschreven: %1</translation>
+    </message>
 </context>
 <context>
     <name>StatusIndicators</name>
@@ -1747,73 +1795,6 @@ modus</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Ten minste één LDB vraagt om controle van de instellingen.</translation>
-    </message>
-</context>
-<context>
-    <name>TransferReport</name>
-    <message>
-        <source>Information</source>
-        <translation>Informatie</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Fout</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings</source>
-        <translation>LDB-instellingen worden geëxporteerd</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings finished</source>
-        <translation>Exporteren van LDB-instellingen voltooid</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings finished!</source>
-        <translation>Exporteren van LDB-instellingen voltooid!</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings failed</source>
-        <translation>Exporteren van LDB-instellingen mislukt</translation>
-    </message>
-    <message>
-        <source>Exporting LDB settings failed!</source>
-        <translation>Exporteren van LDB-instellingen mislukt!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings</source>
-        <translation>LDB-instellingen worden geïmporteerd</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings finished</source>
-        <translation>Importeren van LDB-instellingen voltooid</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings finished!</source>
-        <translation>Importeren van LDB-instellingen voltooid!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed</source>
-        <translation>Importeren van LDB-instellingen mislukt</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed!</source>
-        <translation>Importeren van LDB-instellingen mislukt!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
-        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken</translation>
-    </message>
-    <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s!</source>
-        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken!</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "app/help/manualwindow.h"
 
 #include "app/help/manualbrowser.h"
+#include "app/notices/messagebox.h"
 #include "app/shared/constants.h"
 
 #include <QApplication>
@@ -8,15 +9,18 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QMessageBox>
+#include <QKeyEvent>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace {
 
 constexpr QSize kWindowSize{980, 660}; // fits on a 1366 x 768 screen
 const QString kFirstPage = QStringLiteral("index.md");
+
 const QString kMissingBoxName = QStringLiteral("manualMissingBox");
 
 QString firstPageOf(const QString& folder)
@@ -31,33 +35,16 @@ QToolButton* makeButton(const char* name)
     return button;
 }
 
-template <typename Window>
-Window* openWindow(const QString& name = {})
+ManualWindow* openManual()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows) {
-        auto* found = qobject_cast<Window*>(window);
-        if (found != nullptr && found->isVisible() &&
-            (name.isEmpty() || found->objectName() == name)) {
+        auto* found = qobject_cast<ManualWindow*>(window);
+        if (found != nullptr && found->isVisible()) {
             return found;
         }
     }
     return nullptr;
-}
-
-void tellMissing(const QString& folder, QWidget* window)
-{
-    if (openWindow<QMessageBox>(kMissingBoxName) != nullptr) {
-        return;
-    }
-    auto* box = new QMessageBox(QMessageBox::Warning, ManualWindow::tr("Error"),
-                                ManualWindow::tr("The manual was not found in the folder %1.")
-                                    .arg(QDir::toNativeSeparators(folder)),
-                                QMessageBox::Ok, window);
-    box->setObjectName(kMissingBoxName);
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
 }
 
 } // namespace
@@ -103,7 +90,7 @@ QString ManualWindow::defaultFolder()
 void ManualWindow::showIndex(QWidget* asker, const QString& folder)
 {
     QWidget* window = asker->window();
-    auto* open = openWindow<ManualWindow>();
+    auto* open = openManual();
     if (open != nullptr && (open == window || open->parentWidget() == window)) {
         open->showFirstPage();
         open->raise();
@@ -111,7 +98,14 @@ void ManualWindow::showIndex(QWidget* asker, const QString& folder)
         return;
     }
     if (!QFileInfo::exists(firstPageOf(folder))) {
-        tellMissing(folder, window);
+        if (window->objectName() == kMissingBoxName) {
+            return; // asked in the very box that says so
+        }
+        const auto missing = [folder = QDir::toNativeSeparators(folder)] {
+            return BoxText{tr("Error"),
+                           tr("The manual was not found in the folder %1.").arg(folder), QString()};
+        };
+        MessageBox::tell(window, QMessageBox::Warning, missing, kMissingBoxName);
         return;
     }
     if (open != nullptr) {
@@ -140,4 +134,22 @@ void ManualWindow::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         retranslate();
     }
+}
+
+HelpKey::HelpKey(QString folder, QObject* parent)
+    : QObject(parent)
+    , m_folder(std::move(folder))
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HelpKey::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType() ||
+        QApplication::activePopupWidget() != nullptr ||
+        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) {
+        return QObject::eventFilter(watched, event);
+    }
+    ManualWindow::showIndex(static_cast<QWidget*>(watched), m_folder);
+    return true;
 }

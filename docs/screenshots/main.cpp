@@ -1,4 +1,4 @@
-#include "app/platformattributes.h"
+#include "app/startup.h"
 #include "docs/screenshots/scenes.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "docs/screenshots/scenes.h"
 
-#include "app/messagebox.h"
-#include "app/settings/aboutdialog.h"
-#include "app/settings/settingsmenu.h"
-#include "app/settingstransfer.h"
+#include "app/notices/messagebox.h"
+#include "app/preferences/aboutdialog.h"
+#include "app/preferences/settingsmenu.h"
+#include "app/transfer/settingstransfer.h"
 #include "docs/screenshots/trackingscene.h"
 
 #include <QCheckBox>

@@ -1,6 +1,6 @@
 #include "docs/screenshots/stage.h"
 
-#include "app/applicationsettings.h"
+#include "app/shared/usersettings.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -42,7 +42,7 @@ Stage::~Stage() = default;
 void Stage::writeSettings() const
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-    QSettings settings = applicationSettings();
+    QSettings settings = userSettings();
     settings.setValue(constants::kComPortKey, path(QStringLiteral("bus")));
     settings.setValue(constants::kLogPathKey, QStringLiteral("ldb-log.csv"));
 }

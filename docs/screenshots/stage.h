@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/mainwindow.h"
+#include "app/window/mainwindow.h"
 #include "docs/screenshots/simulatorprocess.h"
 
 #include <QApplication>

@@ -42,4 +42,6 @@ public:
     virtual void requestEnded(const Exchange& exchange) = 0;
     /// The answer's last byte has left, or would have, had the answer not been lost.
     virtual void answerEnded(const Exchange& exchange, const LineAnswer& answer) = 0;
+    /// Bytes that nobody sent have come, the last one at `at` (µs).
+    virtual void straysEnded(const QByteArray& bytes, qint64 at) = 0;
 };

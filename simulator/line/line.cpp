@@ -325,6 +325,9 @@ void Line::endSending(std::size_t index)
     const Sending sending = m_sendings[index];
     m_sendings.erase(m_sendings.begin() + static_cast<std::ptrdiff_t>(index));
     if (sending.sender.exchange == Receiver::Sender::kNobody) {
+        if (m_watcher) {
+            m_watcher->straysEnded(sending.bytes, toMicroseconds(sending.end));
+        }
         return;
     }
     for (Sending& waiting : m_sendings) {

@@ -1,15 +1,15 @@
 #include "tests/app/screenset.h"
 
 #include "app/help/manualwindow.h"
-#include "app/mainwindow.h"
-#include "app/portfailure.h"
-#include "app/settings/aboutdialog.h"
-#include "app/settings/settingsmenu.h"
-#include "app/settingseditor/ldbsettingseditor.h"
-#include "app/statusbardisplay.h"
-#include "app/transferreport.h"
+#include "app/ldbsettings/ldbsettingseditor.h"
+#include "app/notices/linknotices.h"
+#include "app/notices/statusbardisplay.h"
+#include "app/preferences/aboutdialog.h"
+#include "app/preferences/settingsmenu.h"
+#include "app/transfer/settingstransfer.h"
+#include "app/window/mainwindow.h"
 #include "serial/serialcommand.h"
-#include "tests/support/settingsbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/views/records.h"
@@ -88,7 +88,7 @@ void fillViews(MainWindow& window)
 void fillEditor(LdbSettingsEditor& editor)
 {
     editor.setSelectedLdb(kTicked);
-    editor.processLdbSettings(kTicked, SettingsBus::record(kTicked));
+    editor.processLdbSettings(kTicked, TestBus::record(kTicked));
     editor.processFirmwareId(kTicked, QByteArray("TC-LDB V02.14.003").toHex());
     editor.findChild<QLineEdit*>(QStringLiteral("settingsNameLineEdit"))
         ->setText(QStringLiteral("Control room E"));
@@ -211,8 +211,9 @@ QWidget* ScreenSet::openBox(const QString& name)
 {
     if (name == QLatin1String("loss")) {
         static const QStringList lost{QStringLiteral("03"), QStringLiteral("0A")};
+        LinkNotices losses(&m_notices);
         for (const QString& hexId : lost) {
-            m_losses.report(hexId);
+            losses.tellLoss(hexId);
         }
         return lastOpen<MessageBox>(&m_desk);
     }
@@ -229,9 +230,8 @@ QWidget* ScreenSet::openBox(const QString& name)
     return keep(std::make_unique<MessageBox>(
         QMessageBox::Critical,
         [] {
-            const TransferReport report =
-                transferReport(ImportExportDeviceSettings::ImportFailedNotAllConnected);
-            return BoxText{report.boxTitle, report.boxText, QString()};
+            return SettingsTransfer::boxText(SettingsTransfer::Status::ImportFailedNotAllConnected,
+                                             QString());
         },
         nullptr));
 }
@@ -300,7 +300,8 @@ QWidget* ScreenSet::openStatusBar()
 {
     auto* window = static_cast<QMainWindow*>(keep(std::make_unique<QMainWindow>()));
     window->resize(kRoom);
-    StatusBarDisplay display(window->statusBar());
+    Notices notices(window->statusBar(), window);
+    StatusBarDisplay display(window->statusBar(), &notices);
     display.showPolledAlone(kTicked);
     display.showAvailable(busaddress::kLast);
     display.showQueueLength(kManyCommands);

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "app/lossreporter.h"
+#include "app/notices/linknotices.h"
+#include "app/notices/notices.h"
 
+#include <QStatusBar>
 #include <QStringList>
 #include <QWidget>
 
@@ -35,6 +37,7 @@ private:
 
     VirtualTime* m_time;
     QWidget m_desk; ///< what smaller windows open over
-    LossReporter m_losses{&m_desk};
+    QStatusBar m_bar;
+    Notices m_notices{&m_bar, &m_desk};
     std::vector<std::unique_ptr<QWidget>> m_windows;
 };

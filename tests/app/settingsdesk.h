@@ -1,6 +1,7 @@
 #pragma once
 
-#include "app/settingseditor/ldbsettingseditor.h"
+#include "app/ldbsettings/ldbsettingseditor.h"
+#include "app/notices/notices.h"
 #include "serial/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
@@ -22,7 +23,7 @@ inline constexpr int kMutePosition = 12;
 class Desk
 {
 public:
-    Desk() { editor->setLink(&link); }
+    Desk() { editor->init(&link, &notices); }
 
     bool connectLink() { return bus.scan(link); }
     /// Returns with all that was asked for at the selection.
@@ -66,16 +67,15 @@ public:
     }
     QString state() const { return ui<QLabel>("settingsStateLabel")->text(); }
 
-    QString lastMessage() const
-    {
-        return messages.isEmpty() ? QString() : messages.constLast().constFirst().toString();
-    }
+    QString lastMessage() const { return bar.currentMessage(); }
+    int saves(bool begun) const { return saving.count({begun}); }
 
     Sandbox sandbox;
     TestBus bus{{kLdb, kOtherLdb}};
     SerialLink link{bus.ports()};
     std::unique_ptr<LdbSettingsEditor> editor = std::make_unique<LdbSettingsEditor>();
-    QSignalSpy messages{editor.get(), &LdbSettingsEditor::statusMessage};
-    QSignalSpy saveStarted{editor.get(), &LdbSettingsEditor::saveStarted};
-    QSignalSpy saveFinished{editor.get(), &LdbSettingsEditor::saveFinished};
+    QStatusBar bar;
+    QWidget window;
+    Notices notices{&bar, &window};
+    QSignalSpy saving{editor.get(), &LdbSettingsEditor::savingChanged};
 };

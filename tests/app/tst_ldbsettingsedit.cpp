@@ -1,4 +1,4 @@
-#include "app/settingseditor/ldbsettingsedit.h"
+#include "app/ldbsettings/ldbsettingsedit.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

@@ -146,7 +146,7 @@ void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
     desk.name()->setText(QStringLiteral("1234567890123456"));
     desk.save()->click();
     QCOMPARE(desk.lastMessage(), QStringLiteral("The name does not fit into 15 byte(s)."));
-    QVERIFY(desk.saveStarted.isEmpty());
+    QVERIFY(desk.saving.isEmpty());
     QVERIFY(desk.settle());
     QCOMPARE(desk.bus.writes(), QList<QByteArray>());
 }

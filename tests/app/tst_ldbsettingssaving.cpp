@@ -87,12 +87,12 @@ void TestLdbSettingsSaving::saves()
 
     desk.bus.clearRequests();
     desk.save()->click();
-    QCOMPARE(desk.saveStarted.size(), 1);
-    QVERIFY(desk.saveFinished.isEmpty());
+    QCOMPARE(desk.saves(true), 1);
+    QVERIFY(desk.saves(false) == 0);
     QVERIFY(desk.buttonsAre(false));
     WAIT_COMPARE(desk.lastMessage(), QStringLiteral("The settings of LDB 0A are saved."));
     QCOMPARE(withoutRepetitions(desk.bus.commands()), writes + QList<QByteArray>{"FE0A737201"});
-    QCOMPARE(desk.saveFinished.size(), 1);
+    QCOMPARE(desk.saves(false), 1);
     QVERIFY(desk.buttonsAre(true));
 
     // The edits have ended: what the LDB has now is shown, and a later record as well.
@@ -148,18 +148,17 @@ void TestLdbSettingsSaving::tellsWhatWasNotWritten()
     desk.ui<QCheckBox>("settingsEarthLeakageDetectionCheckBox")->click();
     desk.bus.answerTo(kLdb, request, answer);
     desk.bus.clearRequests();
-    desk.messages.clear();
+    desk.notices.hush();
 
     desk.save()->click();
     QVERIFY(!desk.save()->isEnabled());
-    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    WAIT_COMPARE(desk.saves(false), 1);
     QVERIFY(desk.buttonsAre(true));
     const QString notWritten = QStringLiteral("LDB 0A: not written: ") + words;
     // The acknowledgement that follows a silence may be that of the silent command, so the next one
     // can count as unanswered too.
     QVERIFY2(desk.lastMessage().startsWith(notWritten), qPrintable(desk.lastMessage()));
     QVERIFY(answer.isEmpty() || desk.lastMessage() == notWritten);
-    QCOMPARE(desk.messages.constLast().at(1).toInt(), 0); // stays
     // One that fails keeps none of the others back.
     const QList<QByteArray> expected = {"FE0A736302" + hex("Roof"), "FE0A73631401",
                                         "FE0A7363170500",           "FE0A73631601",
@@ -193,7 +192,7 @@ void TestLdbSettingsSaving::readsAgainAfterAReboot()
     desk.bus.answerTo(kLdb, "737201", kSilence);
     desk.bus.clearRequests();
     desk.save()->click();
-    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    WAIT_COMPARE(desk.saves(false), 1);
     QVERIFY(desk.settle());
     const QString saving = QStringLiteral("Saving the settings of LDB 0A");
     QCOMPARE(desk.lastMessage(), saving);
@@ -242,7 +241,7 @@ void TestLdbSettingsSaving::lostPortEndsTheSave()
     desk.save()->click();
     WAIT_VERIFY(desk.bus.commands().contains("FE0A73631403"));
     desk.link.stop();
-    WAIT_COMPARE(desk.saveFinished.size(), 1);
+    WAIT_COMPARE(desk.saves(false), 1);
     QVERIFY2(desk.lastMessage().endsWith(
                  QStringLiteral("the connection ended before everything was written")),
              qPrintable(desk.lastMessage()));
@@ -256,7 +255,7 @@ void TestLdbSettingsSaving::saveOfAnLdbNoLongerSelected()
     QVERIFY(desk.prepare());
     desk.name()->setText(QStringLiteral("Roof"));
     desk.bus.clearRequests();
-    desk.messages.clear();
+    desk.notices.hush();
     desk.save()->click();
     desk.editor->setSelectedLdb(kOtherLdb);
     desk.editor->requestSettings();

@@ -1,8 +1,8 @@
-#include "app/applicationsettings.h"
-#include "app/mainwindow.h"
-#include "app/messagebox.h"
-#include "app/settings/settingsmenu.h"
-#include "app/windowlayoutstore.h"
+#include "app/notices/messagebox.h"
+#include "app/preferences/settingsmenu.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
+#include "app/window/windowlook.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
@@ -87,7 +87,7 @@ void TestMainWindow::init()
     TestCase::init();
     m_sandbox = std::make_unique<Sandbox>();
     m_bus = std::make_unique<TestBus>(kLdbs);
-    applicationSettings().setValue(constants::kComPortKey, m_bus->portName());
+    userSettings().setValue(constants::kComPortKey, m_bus->portName());
 }
 
 void TestMainWindow::cleanup()
@@ -189,7 +189,7 @@ void TestMainWindow::cutLine()
 
 void TestMainWindow::otherPort()
 {
-    applicationSettings().setValue(constants::kComPortKey, m_sandbox->path(QStringLiteral("gone")));
+    userSettings().setValue(constants::kComPortKey, m_sandbox->path(QStringLiteral("gone")));
     makeWindow();
     {
         const ExpectWarning warning("^Port ");
@@ -430,9 +430,9 @@ void TestMainWindow::layoutComesBack()
     for (const char* key :
          {"position/geometry", "position/windowState", "position/leftAndRightLayoutSplitter",
           "position/deviceOverviewAndPLotSplitter"}) {
-        QVERIFY2(applicationSettings().contains(QLatin1String(key)), key);
+        QVERIFY2(userSettings().contains(QLatin1String(key)), key);
     }
-    applicationSettings().setValue(QStringLiteral("position/screenGeometry"), savedScreens);
+    userSettings().setValue(QStringLiteral("position/screenGeometry"), savedScreens);
 
     m_window.reset();
     start();

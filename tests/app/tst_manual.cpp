@@ -1,6 +1,6 @@
-#include "app/help/helpkey.h"
 #include "app/help/manualbrowser.h"
-#include "app/mainwindow.h"
+#include "app/help/manualwindow.h"
+#include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"

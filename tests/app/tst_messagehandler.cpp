@@ -1,4 +1,4 @@
-#include "app/messagehandler.h"
+#include "app/startup.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

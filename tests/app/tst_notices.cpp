@@ -1,6 +1,6 @@
-#include "app/lossreporter.h"
-#include "app/messagebox.h"
-#include "app/portfailure.h"
+#include "app/notices/linknotices.h"
+#include "app/notices/messagebox.h"
+#include "app/notices/notices.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
@@ -21,6 +21,7 @@ class TestNotices : public TestCase
 {
     Q_OBJECT
 private slots:
+    void everyTextFollowsTheLanguage();
     void longBoxScrolls();
     void lossesShareOneBox();
     void portFailureDetails_data();
@@ -28,13 +29,45 @@ private slots:
     void refusedPort();
 };
 
+void TestNotices::everyTextFollowsTheLanguage()
+{
+    QWidget window;
+    QStatusBar bar;
+    bar.show();
+    Notices notices(&bar, &window);
+    QString language = QStringLiteral("one");
+    notices.say([&language] { return language; }, 60000);
+    for (const char* name : {"", "", "named", "named"}) {
+        notices.box(
+            QMessageBox::Critical,
+            [&language] {
+                return BoxText{language, language, language};
+            },
+            QString::fromLatin1(name));
+    }
+    QCOMPARE(openBoxes(window).size(), 3);
+    language = QStringLiteral("two");
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(&window, &change);
+    notices.retranslate();
+    QCOMPARE(bar.currentMessage(), QStringLiteral("two"));
+    for (const MessageBox* box : openBoxes(window)) {
+        QCOMPARE(box->windowTitle() + box->text() + box->informativeText(), "twotwotwo");
+    }
+    notices.hush();
+    notices.retranslate();
+    QCOMPARE(bar.currentMessage(), QString());
+}
+
 void TestNotices::longBoxScrolls()
 {
     QWidget window;
-    LossReporter losses(&window);
+    QStatusBar bar;
+    Notices notices(&bar, &window);
+    LinkNotices losses(&notices);
     constexpr int kLost = 60;
     for (int i = 1; i <= kLost; ++i) {
-        losses.report(QString::number(i));
+        losses.tellLoss(QString::number(i));
     }
     const MessageBox* box = openBoxes(window).value(0);
     QCoreApplication::processEvents();
@@ -48,10 +81,12 @@ void TestNotices::longBoxScrolls()
 void TestNotices::lossesShareOneBox()
 {
     QWidget window;
-    LossReporter losses(&window);
-    losses.report(QStringLiteral("0A"));
-    losses.report(QStringLiteral("FD"));
-    losses.report(QStringLiteral("0A")); // came back and went again: it stands there already
+    QStatusBar bar;
+    Notices notices(&bar, &window);
+    LinkNotices losses(&notices);
+    losses.tellLoss(QStringLiteral("0A"));
+    losses.tellLoss(QStringLiteral("FD"));
+    losses.tellLoss(QStringLiteral("0A")); // came back and went again: it stands there already
     QCOMPARE(openBoxes(window).size(), 1);
     MessageBox* box = openBoxes(window).constFirst();
     QCOMPARE(box->windowTitle(), QStringLiteral("Error"));
@@ -62,7 +97,7 @@ void TestNotices::lossesShareOneBox()
     box->accept();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(openBoxes(window).isEmpty());
-    losses.report(QStringLiteral("0A"));
+    losses.tellLoss(QStringLiteral("0A"));
     QCOMPARE(openBoxes(window).constFirst()->text(),
              QStringLiteral("The LDB with ID: 0A is disconnected!"));
 }

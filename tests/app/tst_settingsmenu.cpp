@@ -1,4 +1,4 @@
-#include "app/settings/settingsmenu.h"
+#include "app/preferences/settingsmenu.h"
 #include "resources/resources.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"

@@ -1,4 +1,5 @@
-#include "app/statusbardisplay.h"
+#include "app/notices/notices.h"
+#include "app/notices/statusbardisplay.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -23,10 +24,10 @@ private slots:
     void cleanup() override;
     void failureStaysUntilSuccess();
     void progress();
-    void messageIsSaidAgain();
 
 private:
     std::unique_ptr<QStatusBar> m_bar;
+    std::unique_ptr<Notices> m_notices;
     std::unique_ptr<StatusBarDisplay> m_display;
 };
 
@@ -35,7 +36,8 @@ void TestStatusBarDisplay::init()
     TestCase::init();
     m_bar = std::make_unique<QStatusBar>();
     m_bar->show();
-    m_display = std::make_unique<StatusBarDisplay>(m_bar.get());
+    m_notices = std::make_unique<Notices>(m_bar.get(), m_bar.get());
+    m_display = std::make_unique<StatusBarDisplay>(m_bar.get(), m_notices.get());
 }
 
 void TestStatusBarDisplay::cleanup()
@@ -71,19 +73,6 @@ void TestStatusBarDisplay::progress()
     QCOMPARE(progress->value(), progress->maximum());
     m_display->showTransferProgress(30, 40);
     QCOMPARE(progress->text(), QStringLiteral("25%"));
-}
-
-void TestStatusBarDisplay::messageIsSaidAgain()
-{
-    QString language = QStringLiteral("one");
-    m_display->showMessage([&language] { return language; });
-    QCOMPARE(m_bar->currentMessage(), QStringLiteral("one"));
-    language = QStringLiteral("two");
-    m_display->retranslate();
-    QCOMPARE(m_bar->currentMessage(), QStringLiteral("two"));
-    m_display->clearMessage();
-    m_display->retranslate();
-    QCOMPARE(m_bar->currentMessage(), QString());
 }
 
 REGISTER_TEST(TestStatusBarDisplay, QApplication)

@@ -226,6 +226,9 @@ void SimulationTest::tellsWhatTheLineDid()
     QCOMPARE(contents, (QStringList{">0A name [lost]", ">0A name [flipped bit]", ">0A name",
                                     "<0A \"One\" [lost]", ">0B poll", "<0B ACK [flipped bit]",
                                     ">0A poll", "<0A ACK [late 3 ms]"}));
+
+    simulation.execute(command("stray 0.01"));
+    WAIT_VERIFY(Sandbox::readFile(options.journalPath).contains("\tstray bytes\n"));
 }
 
 void SimulationTest::linksThePort()

@@ -1,11 +1,8 @@
 #include "tracking/counting/fimcounter.h"
 
-#include "app/shared/constants.h"
+#include "app/shared/tuningfile.h"
 #include "serial/generalinformation.h"
-#include "serial/tuningnumber.h"
 #include "tracking/counting/siderules.h"
-
-#include <QSettings>
 
 #include <algorithm>
 #include <limits>
@@ -58,7 +55,7 @@ bool isConnectedState(int state)
 
 TrackingThresholds TrackingThresholds::fromTuningFile()
 {
-    const QSettings tuning(constants::kTuningFileName, QSettings::IniFormat);
+    const QSettings tuning = tuningFile();
     TrackingThresholds thresholds;
     const auto read = [&tuning](const QString& key, double& threshold) {
         threshold = tuningNumber(tuning, key, static_cast<int>(threshold));

@@ -1,12 +1,11 @@
 #include "tracking/faultfinding/alarmsound.h"
 
-#include "app/shared/constants.h"
+#include "app/shared/usersettings.h"
 
 #include <QApplication>
 #include <QAudioDeviceInfo>
 #include <QDebug>
 #include <QDialog>
-#include <QSettings>
 #include <QSoundEffect>
 #include <QUrl>
 
@@ -53,8 +52,7 @@ void AlarmSound::soundWhileOpen(const QDialog* box)
 
 void AlarmSound::play()
 {
-    const QSettings settings(constants::kOrganisationName, constants::kApplicationDisplayName);
-    if (!settings.value(constants::kAudioWarningsKey, false).toBool()) {
+    if (!userSettings().value(constants::kAudioWarningsKey, false).toBool()) {
         return;
     }
     emit sounded();

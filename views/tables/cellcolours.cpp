@@ -1,10 +1,10 @@
 #include "views/tables/cellcolours.h"
 
+#include "app/shared/tuningfile.h"
 #include "serial/generalinformation.h"
 
 #include <QBrush>
 #include <QDebug>
-#include <QSettings>
 
 #include <algorithm>
 #include <cmath>
@@ -76,7 +76,7 @@ bool CellColourRules::Rule::appliesTo(int value) const
 
 CellColourRules CellColourRules::fromTuningFile(const QString& fileName)
 {
-    QSettings settings(fileName, QSettings::IniFormat);
+    QSettings settings = tuningFile(fileName);
     settings.beginGroup(constants::kTableSettingsGroup);
     const int rows =
         std::min<int>(settings.beginReadArray(kColumnArray), generalinformation::RowCount);

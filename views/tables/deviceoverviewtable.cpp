@@ -1,6 +1,6 @@
 #include "views/tables/deviceoverviewtable.h"
 
-#include "app/shared/constants.h"
+#include "app/shared/usersettings.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolours.h"
@@ -11,7 +11,6 @@
 #include <QKeyEvent>
 #include <QMap>
 #include <QResizeEvent>
-#include <QSettings>
 #include <QStandardItem>
 #include <QTableView>
 #include <QThread>
@@ -71,11 +70,6 @@ int widthShareOf(int column)
     default:
         return 52;
     }
-}
-
-QSettings userSettings()
-{
-    return QSettings(constants::kOrganisationName, constants::kApplicationDisplayName);
 }
 
 } // namespace

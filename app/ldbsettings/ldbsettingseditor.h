@@ -1,0 +1,103 @@
+#pragma once
+
+#include "app/ldbsettings/ldbsettingsedit.h"
+#include "importexport/settingswriter.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class Notices;
+class QCheckBox;
+class SerialLink;
+
+namespace Ui {
+class LdbSettingsEditor;
+}
+
+/// Shows the stored settings of the selected LDB and writes them back. Save and Default stay off
+/// until that LDB's own record has come; answers of other LDBs change nothing. Fields that differ
+/// from the record are marked, in bold and in words.
+class LdbSettingsEditor : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit LdbSettingsEditor(QWidget* parent = nullptr);
+    ~LdbSettingsEditor() override;
+
+    /// The bus to read from and write to, and who tells the user; once, before anything is
+    /// selected. Both outlive the editor's use.
+    void init(SerialLink* link, Notices* notices);
+
+    /// Ends the edits and empties the editor until this LDB's record comes, also when it is the one
+    /// that was selected already. An empty id selects none. A Save under way goes on.
+    void setSelectedLdb(const QString& hexId);
+
+    /// Asks the selected LDB for its record and its firmware id.
+    void requestSettings();
+
+    // What the state of the selected LDB allows. The buttons also need a record, and no Save under
+    // way.
+    void setUndoAllowed(bool allowed);
+    void setSaveAllowed(bool allowed); ///< Save and Default
+
+    const LdbSettingsEdit& edit() const { return m_edit; }
+
+public slots:
+    // What LDB `hexId` answered. Nothing changes unless it is the selected one and the answer makes
+    // sense; a record must also name that LDB's own address.
+    void processLdbSettings(const QString& hexId, const QByteArray& answer);
+    void processFirmwareId(const QString& hexId, const QByteArray& answer);
+
+signals:
+    /// A Save begins, or its last command has its reply.
+    void savingChanged(bool saving);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private slots:
+    void on_settingsSaveButton_clicked();
+    void on_settingsUndoButton_clicked();
+    void on_settingsDefaultButton_clicked();
+    void on_settingsOpenDetectionDelayCheckBox_toggled(bool checked);
+    void on_settingsOpenDetectionDelaySpinBox_valueChanged(int value);
+    void on_settingsNumberOfFimsSpinBox_valueChanged(int value);
+    void on_settingsNameLineEdit_textChanged(const QString& name);
+
+private:
+    struct FlagBox
+    {
+        LdbField field;
+        bool LdbSettings::*member;
+        QCheckBox* box;
+    };
+
+    void initFlagBoxes();
+    bool isSaving() const;
+    void processWritten();
+    void processSaved();
+    void tellOutcome();
+    void showFirmwareId(const QString& firmwareId);
+    /// So that the form keeps its width when a change turns a text bold.
+    void reserveBoldWidths();
+    void refresh();
+    void showValues();
+    void markChanges();
+    void mark(QWidget* widget, bool isChanged, LdbField field) const;
+    void editWord(LdbField field, quint16 LdbSettings::*member, int value);
+    void updateEnabled();
+    QString stateText() const;
+
+    std::unique_ptr<Ui::LdbSettingsEditor> ui;
+    std::vector<FlagBox> m_flagBoxes;
+    SerialLink* m_link = nullptr;
+    Notices* m_notices = nullptr;
+    std::unique_ptr<SettingsWriter> m_writer; ///< of the last Save
+    LdbSettingsEdit m_edit;
+    QString m_hexId;
+    bool m_undoAllowed = true;
+    bool m_saveAllowed = true;
+};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+class Notices;
+class QLabel;
+class QProgressBar;
+class QStatusBar;
+
+/// What stands in the main window's status bar beside the messages: a progress bar for scans and
+/// transfers, the count label and the queue label. It keeps the figures, so that every text can be
+/// shown again in another language. GUI thread.
+class StatusBarDisplay
+{
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+public:
+    /// Adds its widgets to `bar`, which owns them. `notices`, which speaks in the same bar,
+    /// outlives this object.
+    StatusBarDisplay(QStatusBar* bar, Notices* notices);
+
+    // What the count label says.
+    void showAvailable(int ldbCount);
+    void showLoading();
+    /// Stays, whatever `showAvailable()` says, until `clearFailure()`.
+    void showFailure();
+    void clearFailure();
+
+    void showQueueLength(int commands);
+
+    /// A scan that has checked that many addresses.
+    void showScanProgress(int checked, int found);
+    /// A transfer with so many commands left.
+    void showTransferProgress(int left, int total);
+    void hideProgress();
+
+    /// Says that only this LDB is polled; nothing for an empty id.
+    void showPolledAlone(const QString& hexId);
+
+    void retranslate();
+
+private:
+    enum class Count
+    {
+        Available,
+        Loading,
+        Failed
+    };
+
+    void updateCount();
+
+    Notices* m_notices;
+    QProgressBar* m_progress;
+    QLabel* m_polledAlone;
+    QLabel* m_count;
+    QLabel* m_queue;
+    Count m_shownCount = Count::Available;
+    int m_ldbs = 0;
+    int m_commands = 0;
+    QString m_hexIdPolledAlone;
+};

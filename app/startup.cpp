@@ -1,0 +1,107 @@
+#include "app/startup.h"
+
+#include "app/preferences/languageloader.h"
+#include "app/shared/constants.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTime>
+#include <QTranslator>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+// The number of tabs differs so that the texts line up below each other.
+QString bodyTemplate(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return QStringLiteral("{Debug} \t\t %1");
+    case QtInfoMsg:
+        return QStringLiteral("{Info} \t\t %1");
+    case QtWarningMsg:
+        return QStringLiteral("{Warning} \t %1");
+    case QtCriticalMsg:
+        return QStringLiteral("{Critical} \t %1");
+    case QtFatalMsg:
+        return QStringLiteral("{Fatal} \t\t %1");
+    }
+    return QStringLiteral("%1");
+}
+
+QString line(const QString& subject, const QStringList& found, const QString& folder)
+{
+    const QString what =
+        found.isEmpty() ? QStringLiteral("none") : found.join(QStringLiteral(", "));
+    return QStringLiteral("%1: %2 in %3").arg(subject, what, QDir::toNativeSeparators(folder));
+}
+
+/// The files of a folder beside the program.
+QString companionsLine(const QString& subject, const QString& folderName)
+{
+    const QDir folder(QDir(QCoreApplication::applicationDirPath()).filePath(folderName));
+    return line(subject, folder.entryList(QDir::Files, QDir::Name), folder.path());
+}
+
+/// A file that may not be read counts as none, here and below.
+QString languagesLine()
+{
+    QObject owner;
+    const QString folder = LanguageLoader::defaultFolder();
+    QStringList loadable;
+    for (const QString& language : LanguageLoader(folder, &owner).available()) {
+        if (QTranslator().load(constants::kTranslationFileTemplate.arg(language), folder)) {
+            loadable.append(language);
+        }
+    }
+    return line(QStringLiteral("Languages"), loadable, folder);
+}
+
+QString tuningLine()
+{
+    const bool readable = QFileInfo(constants::kTuningFileName).isReadable();
+    return line(QStringLiteral("Tuning file"),
+                readable ? QStringList{constants::kTuningFileName} : QStringList(),
+                QDir::currentPath());
+}
+
+} // namespace
+
+QString messageLine(QtMsgType type, const QTime& time, const QString& message)
+{
+    return QStringLiteral("[%1] ").arg(time.toString(QStringLiteral("hh:mm:ss"))) +
+           bodyTemplate(type).arg(message) + QLatin1Char('\n');
+}
+
+void messageHandler(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    Q_UNUSED(context)
+    const QByteArray line = messageLine(type, QTime::currentTime(), message).toUtf8();
+    if (type == QtFatalMsg) {
+        std::abort();
+    }
+    // One write a line, so that lines of two threads never mix.
+    std::cout.write(line.constData(), line.size());
+    std::cout.flush();
+}
+
+void setPlatformAttributes()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Every window is painted by the processor alone. Without this Qt loads the graphics driver
+    // for the first of them, which takes longer than all else up to its first sight.
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
+}
+
+QStringList installationReport()
+{
+    return {QStringLiteral("%1 %2").arg(constants::kApplicationDisplayName,
+                                        constants::kApplicationVersion),
+            languagesLine(), companionsLine(QStringLiteral("Licenses"), constants::kLicensesFolder),
+            companionsLine(QStringLiteral("Manual"), constants::kManualFolder), tuningLine()};
+}

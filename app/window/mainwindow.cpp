@@ -1,0 +1,305 @@
+#include "app/window/mainwindow.h"
+
+#include "app/help/manualwindow.h"
+#include "app/notices/linknotices.h"
+#include "app/notices/notices.h"
+#include "app/notices/statusbardisplay.h"
+#include "app/preferences/settingsmenu.h"
+#include "app/shared/constants.h"
+#include "app/transfer/settingstransfer.h"
+#include "app/window/runcontrol.h"
+#include "app/window/windowlook.h"
+#include "resources/resources.h"
+#include "serial/seriallink.h"
+#include "tracking/faultfinding/fimtracking.h"
+#include "tracking/plot/mainwindowplot.h"
+#include "ui_mainwindow.h"
+#include "views/lamps/lamppanel.h"
+#include "views/log/filelogger.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
+
+#include <QCloseEvent>
+
+namespace {
+
+std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
+{
+    initResources(); // the form shows some of them
+    auto form = std::make_unique<Ui::MainWindow>();
+    form->setupUi(window);
+    return form;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
+    : QMainWindow(parent)
+    , m_ui(makeForm(this))
+    , m_notices(std::make_unique<Notices>(m_ui->statusBar, this))
+    , m_status(std::make_unique<StatusBarDisplay>(m_ui->statusBar, m_notices.get()))
+    , m_link(std::make_unique<SerialLink>(ports))
+{
+    windowlook::setLogo(m_ui->logoLabel);
+    windowlook::makeGrey(m_ui->globalStatusPanel);
+    windowlook::makeGrey(m_ui->ldbActionToolBox);
+    init();
+    windowlook::load(layoutParts());
+    retranslate();
+}
+
+MainWindow::~MainWindow()
+{
+    // What these say while they end must not reach a window half gone.
+    delete m_transfer;
+    delete m_tracking;
+    delete m_ui->ldbSettingsEditor;
+    m_link->disconnect();
+    m_link.reset();
+}
+
+void MainWindow::init()
+{
+    setWindowTitle(QStringLiteral("%1 Version %2")
+                       .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
+    initLink();
+    initViews();
+    initPanels();
+    setLdbActionButtonsState();
+}
+
+void MainWindow::initLink()
+{
+    const SerialLink* link = m_link.get();
+    (new LinkNotices(m_notices.get(), this))->follow(link);
+    m_run = new RunControl(m_link.get(), this);
+    connect(m_run, &RunControl::begun, this, &MainWindow::processRunBegun);
+    connect(m_run, &RunControl::scanning, this,
+            &MainWindow::serialProcessorLdbInitializationStateChange);
+    connect(m_run, &RunControl::ended, this, &MainWindow::serialProcessorStopped);
+    connect(m_run, &RunControl::failed, this, [this] { m_status->showFailure(); });
+    connect(m_run, &RunControl::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
+    connect(link, &SerialLink::ldbListInitializationProgress, this,
+            [this](int checked, int found) { m_status->showScanProgress(checked, found); });
+    connect(link, &SerialLink::externalCommandsInQueueUpdated, this,
+            [this](int commands) { m_status->showQueueLength(commands); });
+}
+
+void MainWindow::initViews()
+{
+    m_detailTable = new DeviceDetailTable(m_ui->deviceDetailTableView, this);
+    m_overviewTable = new DeviceOverviewTable(m_ui->deviceOverviewTableView, this);
+    m_plot = new MainWindowPlot(m_ui->plotContainer, this);
+    m_lamps = new LampPanel(
+        {m_ui->lampALabel, m_ui->lampATextLabel, m_ui->lampCausesA, m_ui->serviceModePage},
+        {m_ui->lampBLabel, m_ui->lampBTextLabel, m_ui->lampCausesB, m_ui->earthFaultPage},
+        {m_ui->lampCLabel, m_ui->lampCTextLabel, m_ui->lampCausesC, m_ui->openShortLeakPage},
+        {m_ui->lampDLabel, nullptr, m_ui->lampCausesD, m_ui->settingsPage}, m_ui->ldbActionToolBox,
+        this);
+    const auto feed = [this](auto* view, auto process) {
+        connect(m_link.get(), &SerialLink::generalInformationUpdated, view, process);
+    };
+    feed(m_detailTable, &DeviceDetailTable::processData);
+    feed(m_overviewTable, &DeviceOverviewTable::processData);
+    feed(m_ui->logTab->logger(), &FileLogger::processData);
+    feed(m_plot, &MainWindowPlot::processData);
+    feed(m_lamps, &LampPanel::processData);
+    connect(m_overviewTable, &DeviceOverviewTable::selectedLDBChanged, this,
+            &MainWindow::processSelectedLdbChanged);
+    connect(m_plot, &MainWindowPlot::zoomEnabledChanged, m_ui->zoomButton,
+            &QAbstractButton::setChecked);
+    connect(m_lamps, &LampPanel::ldbActivated, m_overviewTable, &DeviceOverviewTable::selectLdb);
+    connect(m_lamps, &LampPanel::pageOpened, this,
+            [this] { m_ui->controlTabs->setCurrentWidget(m_ui->statusTab); });
+}
+
+void MainWindow::initPanels()
+{
+    m_ui->logTab->setNotices(m_notices.get());
+    connect(m_ui->logTab, &LogPanel::loggingChanged, this, [this](bool logging) {
+        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab),
+                                      logging ? QIcon(lampimage::draw(lampimage::kOrangered))
+                                              : QIcon());
+    });
+    m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
+    m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
+    connect(m_run, &RunControl::settingsStale, m_ui->ldbSettingsEditor,
+            &LdbSettingsEditor::requestSettings);
+    connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
+            &RunControl::setSaving);
+    m_settingsMenu = new SettingsMenu(this);
+    m_link->setPortName(m_settingsMenu->getComPort());
+    connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
+            &MainWindow::processComPortUpdated);
+    m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
+    connect(m_transfer, &SettingsTransfer::statusChanged, this,
+            &MainWindow::processExportImportStatus);
+}
+
+void MainWindow::retranslate()
+{
+    updateButtonTexts();
+    m_notices->retranslate();
+    m_status->retranslate();
+    m_overviewTable->retranslate();
+    m_detailTable->retranslate();
+    m_plot->retranslate();
+    m_lamps->retranslate();
+}
+
+void MainWindow::updateButtonTexts()
+{
+    m_ui->startButton->setText(m_ui->startButton->isChecked() ? tr("Stop") : tr("Start"));
+    m_ui->zoomButton->setText(m_ui->zoomButton->isChecked() ? tr("Zoom Out") : tr("Zoom In"));
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        m_ui->retranslateUi(this);
+        retranslate();
+    }
+}
+
+// --- Run and scan ---
+
+void MainWindow::on_startButton_toggled(bool checked)
+{
+    checked ? m_run->start() : m_run->stop();
+    updateButtonTexts();
+}
+
+void MainWindow::on_reloadDevicesButton_clicked()
+{
+    m_run->reload();
+    m_status->showLoading();
+}
+
+void MainWindow::processComPortUpdated(const QString& comPort)
+{
+    m_run->changePort(comPort);
+    m_status->showLoading();
+}
+
+void MainWindow::processRunBegun()
+{
+    m_ui->startButton->setChecked(true);
+    m_status->showAvailable(m_link->knownLdbs().size());
+    m_notices->hush();
+    m_plot->clearPlot();
+    if (!m_run->selectedLdb().isEmpty()) {
+        processSelectedLdbChanged(m_run->selectedLdb());
+    }
+}
+
+void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization)
+{
+    if (initialization) {
+        m_overviewTable->clear();
+        m_lamps->resetPages();
+        // The port is open: the start was a success.
+        m_status->clearFailure();
+    } else {
+        m_status->showAvailable(m_link->knownLdbs().size());
+        m_notices->hush();
+        m_status->hideProgress();
+    }
+}
+
+void MainWindow::serialProcessorStopped()
+{
+    m_lamps->reset();
+    m_status->showQueueLength(0);
+    m_ui->startButton->setChecked(false);
+}
+
+// --- The selected LDB ---
+
+void MainWindow::processSelectedLdbChanged(const QString& deviceId)
+{
+    m_detailTable->setCurrentHexId(deviceId);
+    m_ui->logTab->logger()->setSelectedHexId(deviceId);
+    m_plot->setSelectedDevice(deviceId);
+    m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
+    m_ui->ldbSettingsEditor->requestSettings();
+    m_ui->ldbActionsGroup->setSelectedLdb(deviceId);
+    m_run->setSelectedLdb(deviceId);
+}
+
+void MainWindow::setLdbActionButtonsState()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const EnabledControls controls = m_run->enabled();
+    m_ui->reloadDevicesButton->setEnabled(controls.reload);
+    m_ui->exportDeviceSettingsButton->setEnabled(controls.transfer);
+    m_ui->importDeviceSettingsButton->setEnabled(controls.transfer);
+    m_overviewTable->setSelectionEnabled(controls.selection);
+    m_ui->ldbSettingsEditor->setUndoAllowed(controls.singleActions);
+    m_ui->ldbSettingsEditor->setSaveAllowed(controls.outsideService);
+    m_ui->ldbActionsGroup->setAllowed(controls.allActions, controls.singleActions,
+                                      controls.outsideService);
+}
+
+// --- Transfer, dialogs, plot ---
+
+void MainWindow::on_exportDeviceSettingsButton_clicked()
+{
+    m_transfer->chooseExport();
+}
+
+void MainWindow::on_importDeviceSettingsButton_clicked()
+{
+    m_transfer->chooseImport();
+}
+
+void MainWindow::on_settingsMenuButton_clicked()
+{
+    m_settingsMenu->show();
+}
+
+void MainWindow::on_helpButton_clicked()
+{
+    ManualWindow::showIndex(this);
+}
+
+void MainWindow::on_fimTrackingButton_clicked()
+{
+    m_tracking = new FimTracking(m_run->selectedLdb(), m_link.get(), this);
+    m_status->showPolledAlone(m_run->selectedLdb());
+    connect(m_tracking, &QObject::destroyed, this, [this] {
+        m_status->showPolledAlone(QString());
+        // A factory reset has changed much, and the end of the mute more.
+        m_ui->ldbSettingsEditor->requestSettings();
+    });
+}
+
+void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_run->setTransferring(SettingsTransfer::isRunning(state));
+    // The editor shows what is in the LDB now, also when only a part was written.
+    if (m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
+        processSelectedLdbChanged(m_run->selectedLdb());
+    }
+}
+
+void MainWindow::on_zoomButton_toggled(bool checked)
+{
+    m_plot->setZoomEnabled(checked);
+    updateButtonTexts();
+}
+
+windowlook::Layout MainWindow::layoutParts()
+{
+    return {this, m_ui->leftAndRightSplitter, m_ui->deviceOverviewAndPlotSplitter,
+            m_ui->plotAndDetailSplitter};
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    windowlook::save(layoutParts());
+    m_overviewTable->saveTableState();
+    m_ui->logTab->save();
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "importexport/importexportdevicesettings.h"
+#include "serial/portsource.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
+
+namespace Ui {
+class MainWindow;
+}
+namespace windowlook {
+struct Layout;
+}
+
+class DeviceDetailTable;
+class DeviceOverviewTable;
+class FimTracking;
+class LampPanel;
+class MainWindowPlot;
+class Notices;
+class RunControl;
+class SerialLink;
+class SettingsMenu;
+class SettingsTransfer;
+class StatusBarDisplay;
+
+/// The program's window: builds the views, wires them to the serial link, and forwards what the
+/// user does. GUI thread.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// `ports`: where the link gets its port from.
+    explicit MainWindow(const PortSource& ports = PortSource::serialPorts(),
+                        QWidget* parent = nullptr);
+    /// Ends the serial worker before anything that it could still reach.
+    ~MainWindow() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private slots:
+    void init();
+    /// Shows in the language in force what the code, not the form, has set.
+    void retranslate();
+
+    void on_startButton_toggled(bool checked);
+    void on_reloadDevicesButton_clicked();
+    void on_exportDeviceSettingsButton_clicked();
+    void on_importDeviceSettingsButton_clicked();
+    void on_settingsMenuButton_clicked();
+    void on_helpButton_clicked();
+    void on_zoomButton_toggled(bool checked);
+    void on_fimTrackingButton_clicked();
+
+    void processComPortUpdated(const QString& comPort);
+    void processSelectedLdbChanged(const QString& deviceId);
+    void processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state);
+
+    void serialProcessorStopped();
+    void serialProcessorLdbInitializationStateChange(bool initialization);
+
+    /// Enables what the situation allows.
+    void setLdbActionButtonsState();
+
+private:
+    void initLink();
+    void initViews();
+    void initPanels();
+    void processRunBegun();
+    void updateButtonTexts();
+    windowlook::Layout layoutParts();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    std::unique_ptr<Notices> m_notices;
+    std::unique_ptr<StatusBarDisplay> m_status;
+    std::unique_ptr<SerialLink> m_link;
+    RunControl* m_run = nullptr;
+    DeviceDetailTable* m_detailTable = nullptr;
+    DeviceOverviewTable* m_overviewTable = nullptr;
+    LampPanel* m_lamps = nullptr;
+    MainWindowPlot* m_plot = nullptr;
+    SettingsMenu* m_settingsMenu = nullptr;
+    SettingsTransfer* m_transfer = nullptr;
+    QPointer<FimTracking> m_tracking; // deletes itself when closed
+};

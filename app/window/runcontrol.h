@@ -1,0 +1,83 @@
+#pragma once
+
+#include "serial/ldbstatus.h"
+
+#include <QObject>
+#include <QString>
+
+class SerialLink;
+
+/// All that decides which controls of the main window can be used.
+struct LinkSituation
+{
+    bool running = false;
+    bool initialising = false;               ///< the bus is being scanned
+    bool selected = false;                   ///< an LDB is selected
+    LdbState state = LdbState::Disconnected; ///< of the selected LDB
+    bool saving = false;                     ///< the editor waits for the LDB to store its settings
+    bool transferring = false;               ///< an export or import is on
+};
+
+/// Which controls can be used.
+struct EnabledControls
+{
+    bool reload = false;
+    bool transfer = false;       ///< export and import
+    bool selection = false;      ///< selecting another LDB
+    bool allActions = false;     ///< the three actions for all LDBs
+    bool singleActions = false;  ///< FIM and LDB reset of the selected LDB, and Undo
+    bool outsideService = false; ///< service mode, FIM tracking, Save, Default: what an LDB in
+                                 ///< service mode ignores
+
+    bool operator==(const EnabledControls& other) const;
+};
+
+/// The one place that knows which situation enables what.
+EnabledControls enabledControls(const LinkSituation& situation);
+
+/// Decides about run and scan: what begins and ends them, and which controls they leave. Knows no
+/// widgets. GUI thread.
+class RunControl : public QObject
+{
+    Q_OBJECT
+public:
+    /// `link` outlives this object.
+    explicit RunControl(SerialLink* link, QObject* parent = nullptr);
+
+    /// Begins a run, with a scan; does nothing while one is on.
+    void start();
+    void stop();
+    /// Scans anew, or begins a run.
+    void reload();
+    /// Ends the run and begins one on another port.
+    void changePort(const QString& portName);
+
+    void setSelectedLdb(const QString& hexId);
+    QString selectedLdb() const { return m_selectedLdb; }
+    void setSaving(bool saving);
+    void setTransferring(bool transferring);
+
+    EnabledControls enabled() const;
+
+signals:
+    void begun();
+    /// A scan begins, the port being open, or has ended, also with its run.
+    void scanning(bool isOn);
+    /// No run is on any more.
+    void ended();
+    /// Comes after `ended()`: the port did not open, or failed.
+    void failed();
+    /// `enabled()` may differ from before.
+    void enabledChanged();
+    /// The selected LDB came into a state in which it may have other settings than before.
+    void settingsStale();
+
+private:
+    void processScan(bool isOn);
+    void processEnd();
+    void processState(const QString& hexId, LdbState state);
+
+    SerialLink* m_link;
+    LinkSituation m_situation; ///< but for what the link knows itself
+    QString m_selectedLdb;
+};
