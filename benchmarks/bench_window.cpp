@@ -5,8 +5,8 @@
 //   export    the same while the settings of all LDBs are exported
 // Ends with status 1 when a figure is out of its bounds.
 #include "app/shared/usersettings.h"
-#include "app/window/mainwindow.h"
 #include "app/transfer/settingstransfer.h"
+#include "app/window/mainwindow.h"
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "serial/serialcommand.h"

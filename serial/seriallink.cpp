@@ -99,7 +99,8 @@ void SerialLink::stop()
 /// Waits for the worker that has been told to end; whether there is none any more.
 bool SerialLink::hasThreadEnded()
 {
-    return !m_thread || !m_thread->isRunning() || m_thread->wait(kStopWaitMs);
+    // A thread counts as running no more while the processor still stops in it.
+    return !m_thread || m_thread->wait(kStopWaitMs);
 }
 
 /// Destroys what was posted to a run that has ended before it took it. Only while no thread runs.

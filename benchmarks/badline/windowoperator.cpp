@@ -1,7 +1,7 @@
 #include "benchmarks/badline/windowoperator.h"
 
-#include "app/window/mainwindow.h"
 #include "app/notices/messagebox.h"
+#include "app/window/mainwindow.h"
 #include "serial/generalinformation.h"
 #include "views/tables/overviewcolumns.h"
 

@@ -9,7 +9,7 @@
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "serial/serialcommand.h"
-#include "tests/support/settingsbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/views/records.h"
@@ -88,7 +88,7 @@ void fillViews(MainWindow& window)
 void fillEditor(LdbSettingsEditor& editor)
 {
     editor.setSelectedLdb(kTicked);
-    editor.processLdbSettings(kTicked, SettingsBus::record(kTicked));
+    editor.processLdbSettings(kTicked, TestBus::record(kTicked));
     editor.processFirmwareId(kTicked, QByteArray("TC-LDB V02.14.003").toHex());
     editor.findChild<QLineEdit*>(QStringLiteral("settingsNameLineEdit"))
         ->setText(QStringLiteral("Control room E"));

@@ -3,8 +3,8 @@
 #include "app/notices/linknotices.h"
 #include "app/notices/notices.h"
 
-#include <QStringList>
 #include <QStatusBar>
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>

@@ -4,7 +4,7 @@
 #include "app/notices/notices.h"
 #include "serial/seriallink.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/settingsbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
 
 #include <QtWidgets>
@@ -25,7 +25,7 @@ class Desk
 public:
     Desk() { editor->init(&link, &notices); }
 
-    bool connectLink() { return bus.connectLink(link); }
+    bool connectLink() { return bus.scan(link); }
     /// Returns with all that was asked for at the selection.
     bool select(const QString& hexId)
     {
@@ -71,8 +71,8 @@ public:
     int saves(bool begun) const { return saving.count({begun}); }
 
     Sandbox sandbox;
-    SettingsBus bus{{kLdb, kOtherLdb}};
-    SerialLink link;
+    TestBus bus{{kLdb, kOtherLdb}};
+    SerialLink link{bus.ports()};
     std::unique_ptr<LdbSettingsEditor> editor = std::make_unique<LdbSettingsEditor>();
     QStatusBar bar;
     QWidget window;

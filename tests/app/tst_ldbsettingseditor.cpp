@@ -23,8 +23,9 @@ void TestLdbSettingsEditor::showsTheRecord()
 {
     Desk desk;
     QVERIFY(desk.connectLink());
-    desk.bus.settingsOf(kLdb).replace(kFlagsPosition, 2, "0D");
-    desk.bus.settingsOf(kLdb).replace(kMutePosition, 2, "02");
+    const QByteArray record = TestBus::record(kLdb).replace(kFlagsPosition, 2, "0D");
+    desk.bus.answerTo(kLdb, "737201",
+                      TestBus::framed(QByteArray(record).replace(kMutePosition, 2, "02")));
     QCOMPARE(desk.state(), QStringLiteral("No LDB selected"));
     desk.editor->setSelectedLdb(kLdb);
     QCOMPARE(desk.state(), QStringLiteral("Waiting for the settings of LDB 0A"));
@@ -55,8 +56,8 @@ void TestLdbSettingsEditor::showsTheRecord()
 void TestLdbSettingsEditor::onlyTheOwnRecordCounts_data()
 {
     addColumns<QString, QByteArray, bool>("asked", "answer", "counts");
-    const QByteArray own = SettingsBus::record(kLdb);
-    const QByteArray other = SettingsBus::record(kOtherLdb);
+    const QByteArray own = TestBus::record(kLdb);
+    const QByteArray other = TestBus::record(kOtherLdb);
     QTest::newRow("own") << kLdb << own << true;
     QTest::newRow("own, to a request of another") << kOtherLdb << own << false;
     QTest::newRow("another's, to the own request") << kLdb << other << false;
@@ -83,7 +84,7 @@ void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
 {
     Desk desk;
     desk.editor->setSelectedLdb(kLdb);
-    desk.editor->processLdbSettings(kLdb, SettingsBus::record(kLdb));
+    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
     for (const bool saveAllowed : {false, true}) {
         desk.editor->setSaveAllowed(saveAllowed);
         desk.editor->setUndoAllowed(!saveAllowed);
@@ -97,7 +98,7 @@ void TestLdbSettingsEditor::changesAreMarkedInWords()
 {
     Desk desk;
     desk.editor->setSelectedLdb(kLdb);
-    desk.editor->processLdbSettings(kLdb, SettingsBus::record(kLdb));
+    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
     desk.name()->setText(QStringLiteral("Roof"));
     desk.fims()->setValue(300);
     desk.mute()->click();
@@ -119,8 +120,7 @@ void TestLdbSettingsEditor::changesAreMarkedInWords()
     }
 
     // A further record takes no edit away.
-    desk.editor->processLdbSettings(kLdb,
-                                    SettingsBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
+    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
     QVERIFY(desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
     QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
 
@@ -151,6 +151,6 @@ void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
     QCOMPARE(desk.bus.writes(), QList<QByteArray>());
 }
 
-REGISTER_TEST(TestLdbSettingsEditor, QApplication)
+REGISTER_TEST(TestLdbSettingsEditor, InVirtualTime<QApplication>)
 
 #include "tst_ldbsettingseditor.moc"

@@ -91,13 +91,13 @@ void TestLdbSettingsSaving::saves()
     QVERIFY(desk.saves(false) == 0);
     QVERIFY(desk.buttonsAre(false));
     WAIT_COMPARE(desk.lastMessage(), QStringLiteral("The settings of LDB 0A are saved."));
-    QCOMPARE(withoutRepetitions(desk.bus.requests()), writes + QList<QByteArray>{"FE0A737201"});
+    QCOMPARE(withoutRepetitions(desk.bus.commands()), writes + QList<QByteArray>{"FE0A737201"});
     QCOMPARE(desk.saves(false), 1);
     QVERIFY(desk.buttonsAre(true));
 
     // The edits have ended: what the LDB has now is shown, and a later record as well.
     QCOMPARE(desk.state(), QString());
-    desk.bus.settingsOf(kLdb) = SettingsBus::record(kOtherLdb).replace(0, 2, "0A");
+    desk.bus.change(kLdb, "02", hex("LDB 0B"));
     desk.editor->requestSettings();
     WAIT_COMPARE(desk.name()->text(), QStringLiteral("LDB 0B"));
 }
@@ -201,7 +201,7 @@ void TestLdbSettingsSaving::readsAgainAfterAReboot()
     emit desk.link.ldbStateUpdated(kOtherLdb, LdbState::Quiescent);
     desk.bus.clearRequests();
     QVERIFY(desk.settle());
-    QCOMPARE(withoutRepetitions(desk.bus.requests()), QList<QByteArray>{"FE0B737804"});
+    QCOMPARE(withoutRepetitions(desk.bus.commands()), QList<QByteArray>{"FE0B737804"});
     QCOMPARE(desk.lastMessage(), saving);
 
     if (isBack) {
@@ -217,7 +217,7 @@ void TestLdbSettingsSaving::readsAgainWithoutNewsOfTheReboot()
 {
     Desk desk;
     QVERIFY(desk.connectLink());
-    SettingsWriter writer(&desk.link, kLdb, *decodeLdbSettings(SettingsBus::record(kLdb)),
+    SettingsWriter writer(&desk.link, kLdb, *decodeLdbSettings(TestBus::record(kLdb)),
                           SettingsWriter::AudioMute::Written, SettingsWriter::ReadBack::Always);
     QSignalSpy finished(&writer, &SettingsWriter::finished);
     auto* limit = writer.findChild<QTimer*>();
@@ -239,7 +239,7 @@ void TestLdbSettingsSaving::lostPortEndsTheSave()
     desk.name()->setText(QStringLiteral("Roof"));
     desk.bus.answerTo(kLdb, "736314", kSilence);
     desk.save()->click();
-    WAIT_VERIFY(desk.bus.requests().contains("FE0A73631403"));
+    WAIT_VERIFY(desk.bus.commands().contains("FE0A73631403"));
     desk.link.stop();
     WAIT_COMPARE(desk.saves(false), 1);
     QVERIFY2(desk.lastMessage().endsWith(
@@ -266,9 +266,9 @@ void TestLdbSettingsSaving::saveOfAnLdbNoLongerSelected()
     for (const QByteArray& write : desk.bus.writes()) {
         QVERIFY(write.startsWith("FE0A"));
     }
-    QCOMPARE(desk.bus.settingsOf(kOtherLdb), SettingsBus::record(kOtherLdb));
+    QCOMPARE(desk.bus.settingsOf(kOtherLdb), TestBus::record(kOtherLdb));
 }
 
-REGISTER_TEST(TestLdbSettingsSaving, QApplication)
+REGISTER_TEST(TestLdbSettingsSaving, InVirtualTime<QApplication>)
 
 #include "tst_ldbsettingssaving.moc"

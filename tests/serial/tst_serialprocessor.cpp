@@ -1,7 +1,10 @@
 #include "serial/generalinformation.h"
+#include "serial/seriallink.h"
 #include "serial/serialprocessor.h"
+#include "simulator/linehost.h"
+#include "simulator/pseudoterminal.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/scriptedbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
@@ -10,6 +13,7 @@
 namespace {
 
 const QByteArray kAck("\x06");
+const QByteArray kNak("\x15");
 const QByteArray kSilence;
 
 // The cyclic requests, and what this test uses as commands.
@@ -30,7 +34,50 @@ QList<QByteArray> turnOf(const char* hexId)
     return {ask(hexId, kStatus), ask(hexId, kName), ask(hexId, kFirmware)};
 }
 
-/// A processor on a scripted bus, both in this thread, with what it has said.
+/// The bus on a port of the system, in real time. Nothing takes time on its line, and absent LDBs
+/// refuse their probes, so that a scan is over at once.
+class TerminalBus : public TestBus
+{
+public:
+    explicit TerminalBus(const QStringList& presentHexIds)
+        : TestBus(presentHexIds)
+        , m_present(presentHexIds)
+        , m_host(Line(withoutTime(), {}, *this), m_clock)
+    {
+        setScript([](const QByteArray&) { return std::nullopt; });
+        QObject::connect(&m_terminal, &PseudoTerminal::received, &m_host, &LineHost::receive);
+        QObject::connect(&m_host, &LineHost::arrived, &m_terminal,
+                         [this](const QByteArray& bytes) { m_terminal.write(bytes); });
+    }
+    QString portName() const { return m_terminal.portName(); }
+    void hangUp() { m_terminal.hangUp(); }
+    void setScript(const Script& script)
+    {
+        TestBus::setScript([this, script](const QByteArray& body) {
+            const bool isRefused =
+                body.endsWith(kProbe) && !m_present.contains(QString::fromLatin1(body.mid(2, 2)));
+            const auto scripted = script(body);
+            return scripted || !isRefused ? scripted : std::make_optional(kNak);
+        });
+    }
+
+private:
+    static LineOptions withoutTime()
+    {
+        LineOptions options;
+        options.byteTime = 0;
+        options.leastTurnaround = 0;
+        options.mostTurnaround = 0;
+        return options;
+    }
+
+    QStringList m_present;
+    SimulationClock m_clock;
+    LineHost m_host;
+    PseudoTerminal m_terminal;
+};
+
+/// A processor on a real port, in the thread of its bus, with what it has said.
 struct Bench
 {
     explicit Bench(const QStringList& present)
@@ -75,7 +122,7 @@ struct Bench
     using P = SerialProcessor;
     static constexpr int kScanRequests = 253;
     Sandbox sandbox;
-    ScriptedBus bus;
+    TerminalBus bus;
     SerialProcessor processor;
     QSignalSpy rows{&processor, &P::generalInformationUpdated};
     QSignalSpy states{&processor, &P::ldbStateUpdated};
@@ -89,8 +136,8 @@ struct Bench
     QList<QByteArray> answers;
 };
 
-/// Answers `request` with each of `answers` in turn, then as the healthy bus does.
-ScriptedBus::Script inTurn(const QByteArray& request, QList<QByteArray> answers)
+/// Answers `request` with each of `answers` in turn, then as the board does.
+TestBus::Script inTurn(const QByteArray& request, QList<QByteArray> answers)
 {
     return [request, answers](const QByteArray& body) mutable -> std::optional<QByteArray> {
         if (body != request || answers.isEmpty()) {
@@ -104,7 +151,8 @@ ScriptedBus::Script inTurn(const QByteArray& request, QList<QByteArray> answers)
 
 using namespace generalinformation;
 
-/// The host on a real port. What the conversation decides is tested without one.
+/// The host on a real port, and its thread: all that needs real time. What the conversation decides
+/// is tested without a port, and the link in virtual time.
 class TestSerialProcessor : public TestCase
 {
     Q_OBJECT
@@ -114,6 +162,9 @@ private slots:
     void stateIsToldWhenItChanges();
     void endsInEveryState_data();
     void endsInEveryState();
+    void worksInAThreadOfItsOwn();
+    void threadEndsInTheMiddleOfACommand_data();
+    void threadEndsInTheMiddleOfACommand();
 };
 
 void TestSerialProcessor::cyclesOverTheFound()
@@ -127,7 +178,7 @@ void TestSerialProcessor::cyclesOverTheFound()
     QCOMPARE(bench.text(0, NameRow), QString());
     QCOMPARE(bench.text(2, NameRow), "LDB 03");
     QCOMPARE(bench.text(3, NameRow), "LDB FA");
-    QCOMPARE(bench.text(3, PrimaryCurrentRow), "12.3 mA");
+    QCOMPARE(bench.text(3, ModeRow), "Quiescent");
     // All of one round carry one timestamp.
     QCOMPARE(bench.rowsOf(0).last(), bench.rowsOf(1).last());
     QVERIFY(timestamp(bench.rowsOf(0)).isValid());
@@ -160,7 +211,7 @@ void TestSerialProcessor::stateIsToldWhenItChanges()
     Bench bench({"03"});
     QList<QByteArray> reported;
     for (const int state : {10, 10, 20, 20, 10, 30, 30}) {
-        reported.append(ScriptedBus::framed(ScriptedBus::status(state)));
+        reported.append(TestBus::framed(TestBus::status(state)));
     }
     bench.bus.setScript(inTurn(ask("03", kStatus), reported));
     bench.processor.start();
@@ -227,13 +278,75 @@ void TestSerialProcessor::endsInEveryState()
     bench.queueReset();
     QCoreApplication::processEvents();
     bench.answers.clear();
-    ScriptedBus other({"03"});
+    TerminalBus other({"03"});
     bench.processor.setPortName(other.portName());
     bench.processor.start();
     WAIT_VERIFY(other.requests().count(ask("03", kFirmware)) == 2);
     QVERIFY(!other.requests().contains(ask("03", kReset)));
     QVERIFY(bench.answers.isEmpty());
     QCOMPARE(bench.failed.size(), isCut ? 1 : 0);
+}
+
+void TestSerialProcessor::worksInAThreadOfItsOwn()
+{
+    const Sandbox sandbox;
+    TerminalBus bus({"03", "0A"});
+    SerialLink link;
+    link.setPortName(bus.portName());
+    QSignalSpy rows(&link, &SerialLink::generalInformationUpdated);
+    for (int run = 0; run < 2; ++run) {
+        rows.clear();
+        link.start();
+        WAIT_VERIFY(rows.size() > 4);
+        QCOMPARE(link.connectedLdbs(), (QStringList{"03", "0A"}));
+        std::optional<Reply::Kind> reply;
+        link.ask(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset), &link,
+                 [&](const Reply& told) {
+                     QCOMPARE(QThread::currentThread(), link.thread());
+                     reply = told.kind();
+                 });
+        WAIT_VERIFY(reply.has_value());
+        QCOMPARE(*reply, Reply::Kind::Accepted);
+        link.stop();
+        QVERIFY(!link.isRunning());
+    }
+}
+
+void TestSerialProcessor::threadEndsInTheMiddleOfACommand_data()
+{
+    QTest::addColumn<QString>("end");
+    for (const char* end : {"stop", "cut", "delete"}) {
+        QTest::newRow(end) << QString::fromLatin1(end);
+    }
+}
+
+void TestSerialProcessor::threadEndsInTheMiddleOfACommand()
+{
+    QFETCH(QString, end);
+    const ExpectWarning gone("Port .*: ", ExpectWarning::Need::MayCome);
+    const Sandbox sandbox;
+    TerminalBus bus({"03"});
+    bus.setScript(inTurn(ask("03", kReset), {kSilence, kSilence, kSilence}));
+    auto link = std::make_unique<SerialLink>();
+    link->setPortName(bus.portName());
+    link->start();
+    QObject context;
+    QList<Reply::Kind> replies;
+    for (int i = 0; i < 20; ++i) {
+        link->ask(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset), &context,
+                  [&replies](const Reply& reply) { replies.append(reply.kind()); });
+    }
+    WAIT_VERIFY(bus.requests().contains(ask("03", kReset)));
+    if (end == QLatin1String("stop")) {
+        link->stop();
+    } else if (end == QLatin1String("cut")) {
+        bus.hangUp();
+    } else {
+        link.reset();
+    }
+    WAIT_COMPARE(replies.size(), 20);
+    QCOMPARE(replies.count(Reply::Kind::Silent), 1);
+    QCOMPARE(replies.count(Reply::Kind::Unsent), 19);
 }
 
 REGISTER_TEST(TestSerialProcessor, QCoreApplication)

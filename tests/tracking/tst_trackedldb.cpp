@@ -1,6 +1,6 @@
 #include "serial/seriallink.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/scriptedbus.h"
+#include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
@@ -12,23 +12,18 @@ Q_DECLARE_METATYPE(Answer)
 
 namespace {
 
-/// A tracked LDB on the real link with a scripted bus.
+/// A tracked LDB on the real link.
 struct Bench
 {
-    Bench()
-    {
-        link->setPortName(bus.portName());
-        link->start();
-        WAIT_VERIFY(link->knownLdbs().size() == 2);
-    }
+    Bench() { bus.scan(*link); }
     void send(Command command)
     {
         ldb->send(command, &context, [this](Answer answer) { answers.append(answer); });
     }
 
     Sandbox sandbox;
-    ScriptedBus bus{{QStringLiteral("03"), QStringLiteral("0A")}};
-    std::unique_ptr<SerialLink> link = std::make_unique<SerialLink>();
+    TestBus bus{{QStringLiteral("03"), QStringLiteral("0A")}};
+    std::unique_ptr<SerialLink> link = std::make_unique<SerialLink>(bus.ports());
     std::unique_ptr<TrackedLdb> ldb =
         std::make_unique<SerialTrackedLdb>(QStringLiteral("0A"), link.get());
     QList<Answer> answers;
@@ -105,7 +100,7 @@ void TestTrackedLdb::connectionLost()
     Bench bench;
     QSignalSpy lost(bench.ldb.get(), &TrackedLdb::connectionLost);
     QVERIFY(bench.ldb->isReachable());
-    bench.bus.hangUp();
+    bench.bus.cut();
     WAIT_VERIFY(!lost.isEmpty());
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
@@ -123,6 +118,6 @@ void TestTrackedLdb::linkMayDieFirst()
     WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
-REGISTER_TEST(TestTrackedLdb, QCoreApplication)
+REGISTER_TEST(TestTrackedLdb, InVirtualTime<QCoreApplication>)
 
 #include "tst_trackedldb.moc"
