@@ -196,7 +196,7 @@ void TestMainWindow::cutLineEndsAnAction()
         if (request != "FE0373780001") {
             return std::nullopt;
         }
-        m_bus->hangUp();
+        m_bus->cut();
         return QByteArray();
     });
     const ExpectWarning warning("^Port ");
