@@ -184,13 +184,6 @@ void TestBus::change(const QString& hexId, const QByteArray& index, const QByteA
                   m_clock->milliseconds());
 }
 
-void TestBus::reset()
-{
-    m_script = nullptr;
-    m_boards = BusSimulator(installation(), 1, m_clock->milliseconds());
-    clearRequests();
-}
-
 QList<QByteArray> TestBus::writes() const
 {
     QList<QByteArray> result;

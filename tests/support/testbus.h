@@ -55,8 +55,6 @@ public:
     QByteArray settingsOf(const QString& hexId);
     /// Lets an LDB change a parameter without a request on the line.
     void change(const QString& hexId, const QByteArray& index, const QByteArray& value);
-    /// As new: no script, no requests, the first settings.
-    void reset();
 
     /// Bodies of all requests that were heard so far, in order, repeats included.
     const QList<QByteArray>& requests() const { return m_requests; }
