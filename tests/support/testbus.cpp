@@ -55,7 +55,7 @@ bool isPolling(const QByteArray& body, const QByteArray& previous)
 } // namespace
 
 /// A port on the bus in virtual time, to the microsecond of its line.
-class TestBus::Port : public BusPort
+class TestBus::Port final : public BusPort
 {
 public:
     Port(TestBus* bus, const QString& name)
