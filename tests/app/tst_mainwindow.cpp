@@ -186,6 +186,12 @@ void TestMainWindow::cutLine()
     QVERIFY(!button("ldbResetButton")->isEnabled());
     QCoreApplication::processEvents();
     QCOMPARE(boxes().size(), 1);
+
+    // And works again when the line does.
+    m_bus->restore();
+    button("startButton")->click();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+    QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 3."));
 }
 
 void TestMainWindow::cutLineEndsAnAction()

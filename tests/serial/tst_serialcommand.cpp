@@ -80,9 +80,9 @@ void TestSerialCommand::observersGetTheAnswerInTheirThread()
     command.reset(); // unsent: the member has no form for it
     QCOMPARE(givenToFunction, QByteArray("answer"));
     QVERIFY(receiver.answers.isEmpty() && replies.isEmpty());
-    WAIT_COMPARE(receiver.answers, QList<QByteArray>{"answer"});
-    WAIT_COMPARE(replies, (QList<Reply::Kind>{Reply::Kind::Answered, Reply::Kind::Unsent}));
-    QCOMPARE(receiver.answers.size(), 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(receiver.answers, QList<QByteArray>{"answer"});
+    QCOMPARE(replies, (QList<Reply::Kind>{Reply::Kind::Answered, Reply::Kind::Unsent}));
     QCOMPARE(receiver.thread, QThread::currentThread());
 }
 

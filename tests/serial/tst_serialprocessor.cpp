@@ -1,7 +1,6 @@
 #include "serial/generalinformation.h"
 #include "serial/seriallink.h"
 #include "serial/serialprocessor.h"
-#include "simulator/linehost.h"
 #include "simulator/pseudoterminal.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
@@ -40,13 +39,12 @@ class TerminalBus : public TestBus
 {
 public:
     explicit TerminalBus(const QStringList& presentHexIds)
-        : TestBus(presentHexIds)
+        : TestBus(presentHexIds, withoutTime(), std::make_unique<SimulationClock>())
         , m_present(presentHexIds)
-        , m_host(Line(withoutTime(), {}, *this), m_clock)
     {
         setScript([](const QByteArray&) { return std::nullopt; });
-        QObject::connect(&m_terminal, &PseudoTerminal::received, &m_host, &LineHost::receive);
-        QObject::connect(&m_host, &LineHost::arrived, &m_terminal,
+        QObject::connect(&m_terminal, &PseudoTerminal::received, &host(), &LineHost::receive);
+        QObject::connect(&host(), &LineHost::arrived, &m_terminal,
                          [this](const QByteArray& bytes) { m_terminal.write(bytes); });
     }
     QString portName() const { return m_terminal.portName(); }
@@ -72,8 +70,6 @@ private:
     }
 
     QStringList m_present;
-    SimulationClock m_clock;
-    LineHost m_host;
     PseudoTerminal m_terminal;
 };
 

@@ -3,28 +3,11 @@
 #include "simulator/linehost.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/virtualclock.h"
 
 #include <QCoreApplication>
 
 namespace {
-
-/// The dispatcher's time. What is shorter than its milliseconds passes only where somebody waits.
-class VirtualClock : public SimulationClock
-{
-public:
-    qint64 microseconds() const override
-    {
-        return qMax(VirtualTime::current()->now() * 1000, m_waitedUntil);
-    }
-    void wait(qint64 microseconds) const override
-    {
-        QVERIFY2(microseconds < 1000, "blocks for longer than it may");
-        m_waitedUntil = this->microseconds() + microseconds;
-    }
-
-private:
-    mutable qint64 m_waitedUntil = 0;
-};
 
 const QByteArray kPoll = framecodec::createCommand("FE0A70");
 const QByteArray kStatus = framecodec::createCommand("FE0A737803");

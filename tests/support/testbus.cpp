@@ -5,10 +5,9 @@
 #include "serial/framecodec.h"
 #include "serial/seriallink.h"
 #include "tests/support/testcase.h"
-#include "tests/support/virtualtime.h"
+#include "tests/support/virtualclock.h"
 
 #include <QSerialPort>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -16,8 +15,6 @@
 namespace {
 
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-/// Bytes that arrive together before an answer's end, as from a port with a buffer.
-constexpr int kTogether = 8;
 constexpr int kTargetPosition = 2;
 constexpr int kCodePosition = 4;
 constexpr int kNameDigits = 32;
@@ -47,13 +44,6 @@ QByteArray bodyOf(QByteArray frame)
     return framecodec::responseValidation(frame) ? frame : QByteArray();
 }
 
-/// ms; a bus that is hosted in real time begins with nothing.
-qint64 now()
-{
-    const auto* time = qobject_cast<VirtualTime*>(QAbstractEventDispatcher::instance());
-    return time ? time->now() : 0;
-}
-
 /// Whether the polling sends this after `previous`; it asks for the firmware id behind the name.
 bool isPolling(const QByteArray& body, const QByteArray& previous)
 {
@@ -64,21 +54,14 @@ bool isPolling(const QByteArray& body, const QByteArray& previous)
 
 } // namespace
 
-/// A port on the bus in virtual time. Timers there count milliseconds and the line microseconds, so
-/// at each millisecond the port goes through what was due since the last one, and its clock with
-/// it: each arrival is told at its own microsecond, and what the processor then transmits leaves at
-/// that.
-class TestBus::Port : public BusPort
+/// A port on the bus in virtual time, to the microsecond of its line.
+class TestBus::Port final : public BusPort
 {
 public:
     Port(TestBus* bus, const QString& name)
         : m_bus(bus)
         , m_isThere(name == bus->m_portName && !bus->m_isCut)
-        , m_time(VirtualTime::current())
     {
-        m_timer.setSingleShot(true);
-        m_timer.setTimerType(Qt::PreciseTimer);
-        connect(&m_timer, &QTimer::timeout, this, &Port::fetch);
     }
     ~Port() override { close(); }
 
@@ -87,14 +70,11 @@ public:
         m_isOpen = m_isThere && !m_bus->m_port;
         if (m_isOpen) {
             m_bus->m_port = this;
-            m_bus->m_line.takeArrived(now()); // what came before the run
-            schedule();
         }
         return m_isOpen;
     }
     void close() override
     {
-        m_timer.stop();
         if (m_isOpen) {
             m_bus->m_port = nullptr;
         }
@@ -102,40 +82,14 @@ public:
     }
     bool isOpen() const override { return m_isOpen; }
 
-    void write(const QByteArray& bytes) override
-    {
-        m_now = now();
-        m_bus->m_line.transmit(bytes, m_now);
-        schedule();
-    }
+    void write(const QByteArray& bytes) override { m_bus->m_host.receive(bytes); }
     QByteArray readAll() override { return std::exchange(m_received, {}); }
-    void fetch() override
-    {
-        if (m_isFetching) {
-            return;
-        }
-        m_isFetching = true;
-        const qint64 end = m_time->now() * kMicrosecondsPerMillisecond;
-        Line& line = m_bus->m_line;
-        while (m_isOpen && line.nextArrival(kTogether) <= end) {
-            m_now = std::max(m_now, line.nextArrival(kTogether));
-            const QByteArray bytes = line.takeArrived(m_now);
-            if (!bytes.isEmpty() && !m_bus->m_isCut) {
-                m_received += bytes;
-                emit readyRead();
-            }
-        }
-        m_isFetching = false;
-        schedule();
-    }
+    void fetch() override {} // what has come has been told
 
-    qint64 now() const override
-    {
-        return m_isFetching ? m_now : m_time->now() * kMicrosecondsPerMillisecond;
-    }
+    qint64 now() const override { return m_bus->m_clock->microseconds(); }
     qint64 wallTime() const override
     {
-        return VirtualTime::kWallStart + now() / kMicrosecondsPerMillisecond;
+        return VirtualTime::kWallStart + m_bus->m_clock->milliseconds();
     }
     int error() const override
     {
@@ -146,6 +100,11 @@ public:
         return m_isThere ? QStringLiteral("The line is cut") : QStringLiteral("There is no port");
     }
 
+    void take(const QByteArray& bytes)
+    {
+        m_received += bytes;
+        emit readyRead();
+    }
     void breakDown()
     {
         if (m_isOpen) {
@@ -154,32 +113,24 @@ public:
     }
 
 private:
-    void schedule()
-    {
-        const qint64 next = m_isOpen ? m_bus->m_line.nextArrival(kTogether) : Line::kNever;
-        if (m_isFetching || next == Line::kNever) {
-            return;
-        }
-        const qint64 due = (next + kMicrosecondsPerMillisecond - 1) / kMicrosecondsPerMillisecond;
-        const qint64 longest = kDay;
-        m_timer.start(static_cast<int>(std::clamp<qint64>(due - m_time->now(), 0, longest)));
-    }
-
     TestBus* m_bus;
     bool m_isThere;
-    VirtualTime* m_time;
-    QTimer m_timer;
     bool m_isOpen = false;
-    bool m_isFetching = false;
-    qint64 m_now = 0;
     QByteArray m_received;
 };
 
-TestBus::TestBus(const QStringList& presentHexIds)
-    : m_boards(installation(), 1, now())
-    , m_line(LineOptions(), {}, *this)
+TestBus::TestBus(const QStringList& presentHexIds, const LineOptions& options,
+                 std::unique_ptr<SimulationClock> clock)
+    : m_clock(clock ? std::move(clock) : std::make_unique<VirtualClock>())
+    , m_boards(installation(), 1, m_clock->milliseconds())
+    , m_host(Line(options, {}, *this), *m_clock)
 {
     setPresent(presentHexIds);
+    QObject::connect(&m_host, &LineHost::arrived, &m_host, [this](const QByteArray& bytes) {
+        if (m_port && !m_isCut) {
+            m_port->take(bytes);
+        }
+    });
 }
 
 PortSource TestBus::ports()
@@ -201,7 +152,7 @@ void TestBus::cut()
 void TestBus::restore()
 {
     m_isCut = false;
-    m_line.reset();
+    m_host.line().reset();
 }
 
 void TestBus::answerTo(const QString& hexId, const QByteArray& request, const QByteArray& answer)
@@ -224,19 +175,13 @@ void TestBus::setPresent(const QStringList& hexIds)
 QByteArray TestBus::settingsOf(const QString& hexId)
 {
     const QByteArray request = framed("FE" + hexId.toLatin1() + "737201");
-    return bodyOf(m_boards.hear(request, now()).answer->bytes);
+    return bodyOf(m_boards.hear(request, m_clock->milliseconds()).answer->bytes);
 }
 
 void TestBus::change(const QString& hexId, const QByteArray& index, const QByteArray& value)
 {
-    m_boards.hear(framed("FE" + hexId.toLatin1() + "7363" + index + value), now());
-}
-
-void TestBus::reset()
-{
-    m_script = nullptr;
-    m_boards = BusSimulator(installation(), 1, now());
-    clearRequests();
+    m_boards.hear(framed("FE" + hexId.toLatin1() + "7363" + index + value),
+                  m_clock->milliseconds());
 }
 
 QList<QByteArray> TestBus::writes() const

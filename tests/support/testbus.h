@@ -2,7 +2,7 @@
 
 #include "serial/portsource.h"
 #include "simulator/bussimulator.h"
-#include "simulator/line/line.h"
+#include "simulator/linehost.h"
 
 #include <QByteArray>
 #include <QList>
@@ -10,13 +10,15 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class SerialLink;
 
 /// The bus of the tests: the simulator's boards on the simulator's line at its real pace, and a
-/// script before them that can answer in their place. Its ports live in virtual time, in which the
-/// half minute of a scan takes milliseconds. Outlives every link on it.
+/// script before them that can answer in their place. All that in virtual time, in which the half
+/// minute of a scan takes milliseconds, unless it is given another clock. Outlives every link on
+/// it.
 ///
 /// A board is called "LDB <hex id>", has the firmware id "LDB 1.07" and 20 FIMs, the delay of 10,
 /// general fault output and earth leakage detection on, and is quiescent unless something happens.
@@ -27,16 +29,19 @@ public:
     /// the boards answer.
     using Script = std::function<std::optional<QByteArray>(const QByteArray& body)>;
 
-    explicit TestBus(const QStringList& presentHexIds);
+    /// `clock`: nothing for virtual time.
+    explicit TestBus(const QStringList& presentHexIds, const LineOptions& options = {},
+                     std::unique_ptr<SimulationClock> clock = nullptr);
 
-    /// For links in virtual time. Other port names than the one in force are of no port.
+    /// For links in virtual time. There is no port by another name than the one in force.
     PortSource ports();
     QString portName() const { return m_portName; }
     void setPortName(const QString& name) { m_portName = name; }
     /// The line is gone, at the next event, with all that is on it, until it is restored.
     void cut();
     void restore();
-    Line& line() { return m_line; }
+    /// The line; and where a port in real time hands its bytes in and gets what arrives.
+    LineHost& host() { return m_host; }
 
     /// Asked before the boards, for every request.
     void setScript(Script script) { m_script = std::move(script); }
@@ -50,8 +55,6 @@ public:
     QByteArray settingsOf(const QString& hexId);
     /// Lets an LDB change a parameter without a request on the line.
     void change(const QString& hexId, const QByteArray& index, const QByteArray& value);
-    /// As new: no script, no requests, the first settings.
-    void reset();
 
     /// Bodies of all requests that were heard so far, in order, repeats included.
     const QList<QByteArray>& requests() const { return m_requests; }
@@ -80,9 +83,10 @@ private:
     void note(const QByteArray& body);
 
     QString m_portName = QStringLiteral("test bus");
+    std::unique_ptr<SimulationClock> m_clock;
     BusSimulator m_boards;
     AbsentBoards m_absent;
-    Line m_line;
+    LineHost m_host;
     Port* m_port = nullptr; ///< the one that is open
     bool m_isCut = false;
     bool m_isCommand = false; ///< the last request

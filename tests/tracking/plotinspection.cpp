@@ -45,7 +45,6 @@ void plotinspection::show(QWidget& widget)
 {
     widget.resize(800, 300);
     widget.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&widget));
     QCoreApplication::processEvents();
 }
 
