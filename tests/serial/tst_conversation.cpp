@@ -740,6 +740,7 @@ void TestConversation::endsInTheMiddle()
     QCOMPARE(done.size(), 1);
     QCOMPARE(done.first().numbers, std::vector<quint64>{1});
     QCOMPARE(done.first().answer, QByteArray());
+    QCOMPARE(talk.told<event::QueueLength>().last().commands, 0);
     QCOMPARE(talk.sent().last().body, QByteArray("FE037363170A00"));
     talk.start();
     QCOMPARE(talk.sent().last().body, ask("01", kPoll));
