@@ -89,7 +89,7 @@ signals:
     void portFailed(QString portName, int error, QString description);
     /// The port did not open, or failed and has been closed. Once a run.
     void communicationFailed();
-    /// The LDB has been silent for too long. Once a loss.
+    /// The LDB has missed too many polls in a row, by silence or by bad answers. Once a loss.
     void ldbDisconnected(QString hexId);
 
 private slots:

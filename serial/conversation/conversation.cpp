@@ -17,7 +17,7 @@ bool isAnswered(const InquiryEnd& end)
     return end.outcome == Outcome::Answered;
 }
 
-/// Whether an LDB said to a poll that it is there.
+/// Whether an LDB said that it is there.
 bool isPresent(const InquiryEnd& end)
 {
     return isAnswered(end) && !end.answer.startsWith(framecodec::kNak);
@@ -315,6 +315,9 @@ void Conversation::firmwareEnded(const InquiryEnd& end, const Moment& moment)
 
 void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
 {
+    if (isPresent(end)) {
+        m_memory.forgetMisses(m_queue.front().request.hexId);
+    }
     if (isAnswered(end)) {
         if (!isConfirmed(end)) {
             if (m_commandAsked < kCommandInquiries) {

@@ -26,7 +26,7 @@ struct StateChange
     QString hexId;
     LdbState state = LdbState::Booting;
 };
-/// Silent for too long; once a loss.
+/// Too many misses in a row; once a loss.
 struct Loss
 {
     QString hexId;

@@ -13,12 +13,12 @@ public:
     /// A pause of this length ends whatever was being sent.
     static constexpr qint64 kPause = 40000;
 
-    /// A transmission begins at `now`; its last byte leaves at `requestEnd`.
+    /// A transmission begins; its last byte leaves at `requestEnd`.
     void begin(qint64 requestEnd);
 
     void take(const QByteArray& bytes, qint64 now);
 
-    /// What has come so far answers something else; what follows comes behind stray bytes.
+    /// What has come so far answers something else: from now on it counts as stray bytes.
     void setAside();
 
     /// The body of the first frame with good check digits.

@@ -21,7 +21,7 @@ public:
         return m_ldbs.value(hexId).name.known.value_or(QString());
     }
     /// A name that the LDB told: the first is taken over, another one when it is told twice in a
-    /// row. Whether it is the known one now.
+    /// row. Gives whether it is the known one now.
     bool hearName(const QString& hexId, const QString& name)
     {
         Told& told = m_ldbs[hexId].name;
@@ -37,7 +37,7 @@ public:
         return m_ldbs[hexId].firmware.hear(firmware);
     }
 
-    /// Takes over the state; whether it is another than the last one, or the first.
+    /// Takes over the state. Gives whether it is another than the last one, or the first.
     bool updateState(const QString& hexId, LdbState state)
     {
         auto& last = m_ldbs[hexId].state;
@@ -46,7 +46,7 @@ public:
         return isNew;
     }
 
-    /// Counts one more; how many in a row there are now.
+    /// Counts one more. Gives how many in a row there are now.
     int countMiss(const QString& hexId) { return ++m_ldbs[hexId].misses; }
     void forgetMisses(const QString& hexId) { m_ldbs[hexId].misses = 0; }
 

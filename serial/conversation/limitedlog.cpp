@@ -13,8 +13,8 @@ QStringList LimitedLog::admit(Kind kind, const QString& text, qint64 now)
     Share& share = m_shares[static_cast<std::size_t>(kind)];
     if (now - share.periodStart >= kPeriod) {
         if (share.suppressed > 0) {
-            lines.append(QStringLiteral("%1 more lines of the next kind were left out")
-                             .arg(share.suppressed));
+            lines.append(
+                QStringLiteral("%1 lines like the next one were left out").arg(share.suppressed));
         }
         share = {now, 0, 0};
     }

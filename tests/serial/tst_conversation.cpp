@@ -73,6 +73,7 @@ private slots:
     void aBadPollingAnswer();
     void lossAfterTooManyMisses_data();
     void lossAfterTooManyMisses();
+    void anAnsweredCommandForgivesMisses();
     void theLostIsProbedAndProvesItself();
     void aRepeatedPollsSecondAnswerIsWaitedOut();
     void anAnswerSoonerThanUsualIsNobodys();
@@ -248,6 +249,24 @@ void TestConversation::lossAfterTooManyMisses()
     QCOMPARE(std::any_of(records.begin(), records.end(), isDisconnected), isLost);
     QVERIFY(!isDisconnected(records.last())); // it answers again
     QCOMPARE(records.last().name, QString("LDB 03"));
+}
+
+void TestConversation::anAnsweredCommandForgivesMisses()
+{
+    ScriptedTalk talk({"03"}, 3);
+    settle(talk, "03", 2);
+    talk.setScript([](const QByteArray& body, int) -> Answers {
+        return body == ask("03", kSettings) ? std::nullopt : Answers(kSilence);
+    });
+    // Two misses a turn, and an answer behind them.
+    for (int turn = 0; turn < 3; ++turn) {
+        talk.nextOf(ask("03", kStatus));
+        talk.queue(requests::read("03", 1));
+        talk.nextOf(ask("03", kSettings));
+        QVERIFY(talk.told<event::Loss>().isEmpty());
+    }
+    talk.run(2 * 4 * kHorizon + 1000);
+    QCOMPARE(talk.told<event::Loss>().size(), 1);
 }
 
 void TestConversation::theLostIsProbedAndProvesItself()
