@@ -37,7 +37,7 @@ bool SettingsImport::begin(const QString& filePath)
     if (!readFile(filePath)) {
         return false;
     }
-    m_repliesLeft = kCommandsAnLdb * ldbCount();
+    m_repliesLeft = commandCount();
     QMetaObject::invokeMethod(this, &SettingsImport::writeNext, Qt::QueuedConnection);
     tellProgress();
     return true;
@@ -64,6 +64,7 @@ bool SettingsImport::readFile(const QString& filePath)
         return false;
     }
     const std::vector<DeviceSettingsLine> lines = DeviceSettingsFile::read(content);
+    m_lineCount = static_cast<int>(lines.size());
     for (const DeviceSettingsLine& line : lines) {
         takeLine(line);
     }
@@ -151,9 +152,14 @@ void SettingsImport::processWritten(const DeviceSettingsLine& line, SettingsWrit
     writeNext();
 }
 
+int SettingsImport::commandCount() const
+{
+    return kCommandsAnLdb * static_cast<int>(m_lines.size());
+}
+
 void SettingsImport::tellProgress()
 {
-    emit progressChanged(m_repliesLeft, kCommandsAnLdb * ldbCount());
+    emit progressChanged(m_repliesLeft, commandCount());
 }
 
 SettingsImport::Outcome SettingsImport::outcome() const

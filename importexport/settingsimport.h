@@ -36,9 +36,9 @@ public:
 
     /// What went wrong so far, a sentence each, naming line and ID, or the LDB.
     const std::vector<Text>& failures() const { return m_failures; }
-    /// How many LDBs have all that their line says, of how many.
+    /// How many LDBs have all that their line says, of how many that have a line.
     int doneCount() const { return m_doneCount; }
-    int ldbCount() const { return static_cast<int>(m_lines.size()); }
+    int ldbCount() const { return m_lineCount; }
     /// The LDBs to which something was sent.
     const QStringList& touchedLdbs() const { return m_touched; }
 
@@ -57,6 +57,7 @@ private:
     void processWritten(const DeviceSettingsLine& line, SettingsWriter* writer);
     void failUnwritten(const DeviceSettingsLine& line, const char* what);
     void tellProgress();
+    int commandCount() const;
     Outcome outcome() const;
     void addFailure(const DeviceSettingsLine& line, const Text& what);
 
@@ -66,6 +67,7 @@ private:
     int m_writing = 0;
     int m_repliesLeft = 0;
     int m_doneCount = 0;
+    int m_lineCount = 0;
     QStringList m_connected;
     QStringList m_touched;
     bool m_linkEnded = false;

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -74,6 +75,9 @@ bool MessageBox::event(QEvent* event)
     if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) {
         wrapTexts();
         setFixedSize(kBoxSize);
+        // What the base class has measured on one line must not push the texts under the bar.
+        const int bar = m_scrollArea->verticalScrollBar()->sizeHint().width();
+        m_scrollArea->widget()->setMaximumWidth(qMax(1, m_scrollArea->width() - bar));
     }
     return handled;
 }

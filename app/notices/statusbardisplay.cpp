@@ -7,6 +7,8 @@
 #include <QProgressBar>
 #include <QStatusBar>
 
+#include <utility>
+
 namespace {
 
 constexpr int kScanMessageMs = 2500;
@@ -88,6 +90,7 @@ void StatusBarDisplay::showQueueLength(int commands)
 
 void StatusBarDisplay::showScanProgress(int checked, int found)
 {
+    m_isScanning = true;
     m_notices->say(
         [checked, found] {
             return tr("Scanning for connected LDB's...  LDB's Checked %1, LDB's Found %2")
@@ -109,6 +112,9 @@ void StatusBarDisplay::showTransferProgress(int left, int total)
 
 void StatusBarDisplay::hideProgress()
 {
+    if (std::exchange(m_isScanning, false)) {
+        m_notices->hush();
+    }
     m_progress->hide();
     m_progress->reset();
 }

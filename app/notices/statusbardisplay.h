@@ -32,6 +32,7 @@ public:
     void showScanProgress(int checked, int found);
     /// A transfer with so many commands left.
     void showTransferProgress(int left, int total);
+    /// With the message of a scan, but with no other: what became of an action stays.
     void hideProgress();
 
     /// Says that only this LDB is polled; nothing for an empty id.
@@ -55,6 +56,7 @@ private:
     QLabel* m_count;
     QLabel* m_queue;
     Count m_shownCount = Count::Available;
+    bool m_isScanning = false;
     int m_ldbs = 0;
     int m_commands = 0;
     QString m_hexIdPolledAlone;

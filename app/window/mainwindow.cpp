@@ -31,6 +31,12 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
     return form;
 }
 
+windowlook::Layout layoutOf(const Ui::MainWindow& ui, QMainWindow* window)
+{
+    return {window, ui.leftAndRightSplitter, ui.deviceOverviewAndPlotSplitter,
+            ui.plotAndDetailSplitter};
+}
+
 } // namespace
 
 MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
@@ -44,7 +50,7 @@ MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
     windowlook::makeGrey(m_ui->globalStatusPanel);
     windowlook::makeGrey(m_ui->ldbActionToolBox);
     init();
-    windowlook::load(layoutParts());
+    windowlook::load(layoutOf(*m_ui, this));
     retranslate();
 }
 
@@ -117,9 +123,8 @@ void MainWindow::initPanels()
 {
     m_ui->logTab->setNotices(m_notices.get());
     connect(m_ui->logTab, &LogPanel::loggingChanged, this, [this](bool logging) {
-        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab),
-                                      logging ? QIcon(lampimage::draw(lampimage::kOrangered))
-                                              : QIcon());
+        const QIcon mark = logging ? lampimage::draw(lampimage::kOrangered) : QPixmap();
+        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), mark);
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
     m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
@@ -162,8 +167,6 @@ void MainWindow::changeEvent(QEvent* event)
     }
 }
 
-// --- Run and scan ---
-
 void MainWindow::on_startButton_toggled(bool checked)
 {
     checked ? m_run->start() : m_run->stop();
@@ -202,7 +205,6 @@ void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization
         m_status->clearFailure();
     } else {
         m_status->showAvailable(m_link->knownLdbs().size());
-        m_notices->hush();
         m_status->hideProgress();
     }
 }
@@ -213,8 +215,6 @@ void MainWindow::serialProcessorStopped()
     m_status->showQueueLength(0);
     m_ui->startButton->setChecked(false);
 }
-
-// --- The selected LDB ---
 
 void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 {
@@ -240,8 +240,6 @@ void MainWindow::setLdbActionButtonsState()
     m_ui->ldbActionsGroup->setAllowed(controls.allActions, controls.singleActions,
                                       controls.outsideService);
 }
-
-// --- Transfer, dialogs, plot ---
 
 void MainWindow::on_exportDeviceSettingsButton_clicked()
 {
@@ -290,15 +288,9 @@ void MainWindow::on_zoomButton_toggled(bool checked)
     updateButtonTexts();
 }
 
-windowlook::Layout MainWindow::layoutParts()
-{
-    return {this, m_ui->leftAndRightSplitter, m_ui->deviceOverviewAndPlotSplitter,
-            m_ui->plotAndDetailSplitter};
-}
-
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    windowlook::save(layoutParts());
+    windowlook::save(layoutOf(*m_ui, this));
     m_overviewTable->saveTableState();
     m_ui->logTab->save();
     QMainWindow::closeEvent(event);

@@ -11,9 +11,6 @@
 namespace Ui {
 class MainWindow;
 }
-namespace windowlook {
-struct Layout;
-}
 
 class DeviceDetailTable;
 class DeviceOverviewTable;
@@ -73,7 +70,6 @@ private:
     void initPanels();
     void processRunBegun();
     void updateButtonTexts();
-    windowlook::Layout layoutParts();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;

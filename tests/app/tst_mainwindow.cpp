@@ -32,6 +32,7 @@ private slots:
     void startsAndStops();
     void reloadKeepsTheTick();
     void cutLine();
+    void cutLineEndsAnAction();
     void otherPort();
     void lostLdb_data();
     void lostLdb();
@@ -191,6 +192,24 @@ void TestMainWindow::cutLine()
     button("startButton")->click();
     WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     QCOMPARE(label("countLabel"), QStringLiteral("Available LDB's: 3."));
+}
+
+void TestMainWindow::cutLineEndsAnAction()
+{
+    start();
+    WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+    m_bus->setScript([this](const QByteArray& request) -> std::optional<QByteArray> {
+        if (request != "FE0373780001") {
+            return std::nullopt;
+        }
+        m_bus->cut();
+        return QByteArray();
+    });
+    const ExpectWarning warning("^Port ");
+    button("ldbResetButton")->click();
+    WAIT_COMPARE(boxes().size(), 1);
+    QCOMPARE(m_window->statusBar()->currentMessage(),
+             QStringLiteral("LDB 03 did not answer: LDB reset."));
 }
 
 void TestMainWindow::otherPort()

@@ -75,6 +75,7 @@ void TestNotices::longBoxScrolls()
     QCOMPARE(box->size(), QSize(500, 200));
     const auto* area = box->findChild<QScrollArea*>();
     QVERIFY(area->verticalScrollBar()->maximum() > 0);
+    QVERIFY(area->widget()->width() <= area->viewport()->width());
     QVERIFY(area->widget()->height() > kLost * area->fontMetrics().height() - 1);
 }
 
