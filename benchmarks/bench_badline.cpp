@@ -5,13 +5,18 @@
 // against the simulator's journal:
 //   harmed       requests and answers that the line has harmed
 //   strays       bytes that nobody has sent
-//   differences  log lines and shown rows that are not what this LDB has sent just before, answers
-//                that came undamaged and alone and are not in the log, losses told wrongly or not
+//   wrong        log lines and shown rows that are not what this LDB has sent just before, and
+//                losses told wrongly or not
+//   missing      answers that came undamaged and alone and are not in the log, or two seconds late
 //   left out     undamaged answers among stray bytes that are not in the log, as the rules allow
 //   latest       the longest time from an answer's end to its line in the log, in ms
+//   behind       the longest time that the simulator was behind its line, in ms: it is put before
+//                all other work where the system allows that (as root), for boards are held up by
+//                nothing
 // The audit is audited, too: each log is spoilt in four ways, and each must be found. Ends with
-// status 1 when there is a difference; the journal, the log and the program's messages are kept
-// then.
+// status 1 when anything is wrong or missing; the journal, the log and the program's messages are
+// kept then. The short form fails of what is wrong only: a busy machine holds the simulator up,
+// too.
 #include "app/shared/usersettings.h"
 #include "app/window/mainwindow.h"
 #include "benchmarks/badline/logaudit.h"
@@ -43,6 +48,8 @@ constexpr int kSilentMs = 40000;
 /// Stop may overtake what has just been sent.
 constexpr int kStopMs = 300;
 constexpr int kDifferencesPrinted = 10;
+/// A trial with fewer has shown nothing.
+constexpr int kFewestRecords = 50;
 constexpr double kMillisecondsPerSecond = 1000;
 
 const QString kSilentLdb = QStringLiteral("2F");
@@ -166,6 +173,7 @@ Traces live(const Trial& trial, const Site& site, int milliseconds)
 {
     Traces traces;
     SimulatorProcess simulator(site.simulatorArguments());
+    simulator.makeRealTime(); // its delays are measured
     MainWindow window;
     WindowOperator user(&window);
     window.show();
@@ -208,67 +216,80 @@ LogFindings audit(const Traces& traces)
 {
     LogFindings findings = auditLog(traces.log, traces.book, names(), traces.until);
     if (findings.losses.count(kSilentLdb) < traces.lossesDue) {
-        findings.differences.append(kSilentLdb + QStringLiteral("  was silent: not told"));
+        findings.wrong.append(kSilentLdb + QStringLiteral("  was silent: not told"));
     }
     if (!findings.stillLost.isEmpty()) {
-        findings.differences.append(findings.stillLost.join(QLatin1Char(' ')) +
-                                    QStringLiteral("  is back: not told"));
+        findings.wrong.append(findings.stillLost.join(QLatin1Char(' ')) +
+                              QStringLiteral("  is back: not told"));
     }
     if (findings.losses.isEmpty() != (traces.lossBoxes == 0)) {
-        findings.differences.append(QStringLiteral("%1 boxes about losses").arg(traces.lossBoxes));
+        findings.wrong.append(QStringLiteral("%1 boxes about losses").arg(traces.lossBoxes));
     }
     return findings;
 }
 
-/// The ways to spoil a log: a line under another LDB, one missing, one twice, and a loss of an LDB
-/// that is there.
-QString missedFaults(const Traces& traces, int differences)
+/// The ways to spoil a log: a line under another LDB, a round missing, a line twice, and a loss of
+/// an LDB that is there. Those that the audit does not find.
+QString missedFaults(const Traces& traces, const LogFindings& unspoilt)
 {
-    const auto line = static_cast<std::ptrdiff_t>(traces.log.size() * 3 / 4);
-    const QByteArray text = traces.log[static_cast<std::size_t>(line)].text;
+    using Log = std::vector<LoggedLine>;
+    const auto place = static_cast<std::ptrdiff_t>(traces.log.size() * 3 / 4);
+    const QByteArray text = traces.log[static_cast<std::size_t>(place)].text;
     QStringList missed;
-    const auto tryOne = [&](const char* what, int least, const auto& spoil) {
+    const auto findingsOf = [&](const auto& spoil) {
         Traces spoilt = traces;
-        spoil(spoilt.log, spoilt.log.begin() + line);
-        if (audit(spoilt).differences.size() < differences + least) {
+        spoil(spoilt.log, spoilt.log.begin() + place);
+        return audit(spoilt);
+    };
+    const auto expect = [&missed](bool isFound, const char* what) {
+        if (!isFound) {
             missed.append(QLatin1String(what));
         }
     };
-    using Log = std::vector<LoggedLine>;
-    tryOne("a line under another LDB", 2, [&text](Log&, Log::iterator at) {
+    const LogFindings misplaced = findingsOf([&text](Log&, Log::iterator at) {
         const QString other = text.startsWith("07") ? QStringLiteral("0A") : QStringLiteral("07");
         const QByteArray rest = text.mid(text.indexOf(';', text.indexOf(';') + 1));
         at->text = (other + QLatin1Char(';') + names().value(other)).toUtf8() + rest;
     });
-    tryOne("a line missing", 1, [](Log& log, Log::iterator at) { log.erase(at); });
-    tryOne("a line twice", 1, [](Log& log, Log::iterator at) { log.insert(at, LoggedLine(*at)); });
-    tryOne("a false loss", 1, [&text](Log& log, Log::iterator at) {
-        LoggedLine lost = *at;
-        lost.text = text.left(2) + ";Disconnected;" + text.mid(text.indexOf(';', 3) + 1);
-        log.insert(at, lost);
+    expect(misplaced.wrong.size() > unspoilt.wrong.size(), "a line under another LDB");
+    // One answer alone may have come among stray bytes.
+    const LogFindings thinned =
+        findingsOf([](Log& log, Log::iterator at) { log.erase(at, at + names().size()); });
+    expect(thinned.missing.size() > unspoilt.missing.size(), "a round missing");
+    const LogFindings doubled =
+        findingsOf([](Log& log, Log::iterator at) { log.insert(at, LoggedLine(*at)); });
+    expect(doubled.wrong.size() > unspoilt.wrong.size(), "a line twice");
+    const LogFindings lost = findingsOf([&text](Log& log, Log::iterator at) {
+        LoggedLine line = *at;
+        line.text = text.left(2) + ";Disconnected" + text.mid(text.indexOf(';', 3));
+        log.insert(at, line);
     });
+    expect(lost.falseLosses > unspoilt.falseLosses, "a false loss");
     return missed.join(QStringLiteral(", "));
 }
 
 bool judge(const Trial& trial, const Traces& traces)
 {
-    LogFindings findings = audit(traces);
-    const int differences = findings.differences.size();
+    const LogFindings findings = audit(traces);
     const double pace = findings.records / traces.seconds;
-    std::printf("%-14s %7d %8.2f %6d %6d %11d %8d %6d %5d %6lld\n", trial.name, findings.records,
-                pace, traces.book.harmed, traces.book.strays, differences, findings.leftOut,
+    std::printf("%-14s %7d %8.2f %6d %6d %5d %7d %8d %6d %5d %6lld %6lld\n", trial.name,
+                findings.records, pace, traces.book.harmed, traces.book.strays,
+                findings.wrong.size(), findings.missing.size(), findings.leftOut,
                 findings.losses.size(), findings.falseLosses,
-                static_cast<long long>(findings.latest));
-    for (const QString& difference : findings.differences.mid(0, kDifferencesPrinted)) {
+                static_cast<long long>(findings.latest),
+                static_cast<long long>(traces.book.longestDelay()));
+    for (const QString& difference :
+         (findings.wrong + findings.missing).mid(0, kDifferencesPrinted)) {
         std::printf("DIFFERENCE  %s\n", qPrintable(difference));
     }
-    const bool isTried = findings.records > 0 && findings.shown > 0;
-    const QString missed = isTried ? missedFaults(traces, differences) : QStringLiteral("all");
+    const bool isTried = findings.records >= kFewestRecords && findings.shown > 0;
+    const QString missed = isTried ? missedFaults(traces, findings) : QStringLiteral("all");
     if (!missed.isEmpty()) {
         std::printf("the audit does not find: %s\n", qPrintable(missed));
     }
     std::fflush(stdout);
-    return differences == 0 && missed.isEmpty();
+    const bool isComplete = findings.missing.isEmpty() || isShortForm();
+    return findings.wrong.isEmpty() && isComplete && missed.isEmpty();
 }
 
 } // namespace
@@ -296,14 +317,17 @@ int main(int argc, char* argv[])
     const QString only = parser.value(QStringLiteral("only"));
     qInstallMessageHandler(keepMessage);
 
-    std::printf("adversary      records a second harmed strays differences left out losses false "
-                "latest\n");
+    std::printf("adversary      records a second harmed strays wrong missing left out losses false "
+                "latest behind\n");
+    std::fflush(stdout);
     bool isGood = true;
     int tried = 0;
+    int seed = parser.value(QStringLiteral("seed")).toInt();
     for (const Trial& trial : trials()) {
+        ++seed;
         if (only.isEmpty() || only == QLatin1String(trial.name)) {
             ++tried;
-            Site site(parser.value(QStringLiteral("seed")).toInt() + tried);
+            Site site(seed);
             if (!judge(trial, live(trial, site, milliseconds))) {
                 isGood = false;
                 site.keep();

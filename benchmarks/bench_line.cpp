@@ -47,12 +47,11 @@ Verdict live(const BadLine& trial, LineKind kind, quint64 seed, double hours, bo
     return {rig.tally(), (rig.tally().records - before) / (hours * 3600), rig.complaints()};
 }
 
-/// Lives a day on a line on which nothing sensible comes, and says what the heap has grown by since
-/// its first hour.
-bool liveBarrenDay(const char* name, bool isSilent, const Adversaries& adversaries,
-                   QTextStream& out)
+/// Lives on a line on which nothing sensible comes, and says what the heap has grown by since the
+/// first hour.
+bool liveBarrenHours(const char* name, bool isSilent, const Adversaries& adversaries, double hours,
+                     QTextStream& out)
 {
-    constexpr int kHoursADay = 24;
     constexpr double kKilobyte = 1024;
     constexpr double kGrowthLimit = 64; // kB
     LineRig::Setup setup;
@@ -68,14 +67,15 @@ bool liveBarrenDay(const char* name, bool isSilent, const Adversaries& adversari
     const qint64 before = ProcessResources::now().heapBytes;
     QElapsedTimer timer;
     timer.start();
-    rig.run(kHoursADay * kHour);
+    rig.run(static_cast<qint64>(hours * kHour));
     const qint64 after = ProcessResources::now().heapBytes;
     const double growth = static_cast<double>(after - before) / kKilobyte;
-    out << QStringLiteral("%1 %2 kB after an hour, %3 kB a day later: %4 kB more (%5 at most); "
-                          "%6 losses, %7 wrong, %8 s\n")
+    out << QStringLiteral("%1 %2 kB after an hour, %3 kB %4 hours later: %5 kB more (%6 at "
+                          "most); %7 losses, %8 wrong, %9 s\n")
                .arg(QLatin1String(name), -14)
                .arg(static_cast<double>(before) / kKilobyte, 0, 'f', 1)
                .arg(static_cast<double>(after) / kKilobyte, 0, 'f', 1)
+               .arg(hours)
                .arg(growth, 0, 'f', 1)
                .arg(kGrowthLimit)
                .arg(rig.tally().losses)
@@ -85,12 +85,12 @@ bool liveBarrenDay(const char* name, bool isSilent, const Adversaries& adversari
     return growth <= kGrowthLimit && rig.tally().wrong == 0;
 }
 
-bool liveBarrenDays(QTextStream& out)
+bool showMemory(double hours, QTextStream& out)
 {
     Adversaries babble;
     babble.strayEvery = 0.002; // a line that is half full of bytes that nobody sent
-    const bool isSilentGood = liveBarrenDay("all silent", true, {}, out);
-    return liveBarrenDay("babbling line", false, babble, out) && isSilentGood;
+    const bool isSilentGood = liveBarrenHours("all silent", true, {}, hours, out);
+    return liveBarrenHours("babbling line", false, babble, hours, out) && isSilentGood;
 }
 
 } // namespace
@@ -99,14 +99,15 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication app(argc, argv);
     QCommandLineParser parser;
-    parser.addOptions({{"hours", "Virtual hours of each trial.", "number", "40"},
-                       {"seeds", "Seeds from 1 on.", "number", "2"},
-                       {"first-seed", "The first of them.", "number", "1"},
-                       {"trial", "Only trials whose name begins so.", "name", ""},
-                       {"line", "Only this kind of line.", "name", ""},
-                       {"commands", "Queue commands, too; the pace is not judged then."},
-                       {"memory", "Only the memory of a day of silence and one of babble."},
-                       {"short", "Six minutes each."}});
+    parser.addOptions(
+        {{"hours", "Virtual hours of each trial.", "number", "40"},
+         {"seeds", "Seeds from 1 on.", "number", "2"},
+         {"first-seed", "The first of them.", "number", "1"},
+         {"trial", "Only trials whose name begins so.", "name", ""},
+         {"line", "Only this kind of line.", "name", ""},
+         {"commands", "Queue commands, too; the pace is not judged then."},
+         {"memory", "Only the memory, of a day (or --hours) of silence and of babble."},
+         {"short", "Six minutes each."}});
     parser.addHelpOption();
     parser.process(app);
     const double hours = parser.isSet("short") ? 0.1 : parser.value("hours").toDouble();
@@ -116,7 +117,8 @@ int main(int argc, char* argv[])
 
     QTextStream out(stdout);
     if (parser.isSet("memory")) {
-        return liveBarrenDays(out) ? 0 : 1;
+        constexpr double kDay = 24;
+        return showMemory(parser.isSet("hours") ? hours : kDay, out) ? 0 : 1;
     }
     out << "line        adversary                        seed  records  wrong  by the book  losses "
            " "

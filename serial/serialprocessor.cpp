@@ -12,6 +12,18 @@
 namespace {
 
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+/// A wait is waited for in pieces of an hour: a timer cannot wait for more than some days.
+constexpr qint64 kLongestWait = 3600000;
+
+/// Deletes it when whoever calls has returned: it may be that very object.
+template <typename Object>
+void retire(std::unique_ptr<Object>& object)
+{
+    if (object) {
+        object->disconnect();
+        object.release()->deleteLater();
+    }
+}
 
 } // namespace
 
@@ -31,6 +43,7 @@ bool SerialProcessor::start()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_commands.clear();
+    retirePort();
     m_timer = std::make_unique<QTimer>();
     m_timer->setSingleShot(true);
     m_timer->setTimerType(Qt::PreciseTimer); // a coarse one strays by more than a byte time
@@ -54,9 +67,19 @@ void SerialProcessor::stop()
     m_conversation.lineGone();
     pump();
     m_commands.clear();
-    m_timer.reset();
-    m_port.reset();
+    retirePort();
     emit stopped();
+}
+
+/// Whoever stops or starts a run may have been told something by port or timer.
+void SerialProcessor::retirePort()
+{
+    if (m_timer) {
+        m_timer->stop();
+        m_port->close();
+    }
+    retire(m_timer);
+    retire(m_port);
 }
 
 void SerialProcessor::requestRescan()
@@ -88,11 +111,17 @@ Conversation::Moment SerialProcessor::moment() const
     return {m_port->now(), m_port->wallTime()};
 }
 
-/// Does what the conversation wants after an entrance.
+/// Does what the conversation wants after an entrance. Whoever is told something may call back and
+/// end up here again: what was not told yet is told then, in its order.
 void SerialProcessor::pump()
 {
     sendSerialData(m_conversation.takeTransmission());
-    for (const Event& event : m_conversation.takeEvents()) {
+    for (Event& event : m_conversation.takeEvents()) {
+        m_untold.push_back(std::move(event));
+    }
+    while (!m_untold.empty()) {
+        const Event event = std::move(m_untold.front());
+        m_untold.pop_front();
         std::visit([this](const auto& what) { tell(what); }, event);
     }
     const qint64 deadline = m_conversation.deadline();
@@ -101,7 +130,8 @@ void SerialProcessor::pump()
     }
     // Rounded up: a deadline told early is none.
     const qint64 wait = deadline - moment().now + kMicrosecondsPerMillisecond - 1;
-    m_timer->start(static_cast<int>(std::max<qint64>(0, wait) / kMicrosecondsPerMillisecond));
+    m_timer->start(
+        static_cast<int>(std::clamp<qint64>(wait / kMicrosecondsPerMillisecond, 0, kLongestWait)));
 }
 
 void SerialProcessor::sendSerialData(const QByteArray& data)
@@ -126,7 +156,7 @@ void SerialProcessor::timeout()
     Q_ASSERT(QThread::currentThread() == thread());
     // A thread that was held up finds the answer at the port behind the deadline that has passed.
     m_port->fetch();
-    if (m_port->isOpen()) {
+    if (m_port && m_port->isOpen()) {
         m_conversation.deadlinePassed(moment());
         pump();
     }
@@ -158,10 +188,9 @@ void SerialProcessor::tell(const event::ScanProgress& scan)
 void SerialProcessor::tell(const event::CommandDone& command)
 {
     for (const quint64 number : command.numbers) {
-        const auto owned = m_commands.find(number);
-        if (owned != m_commands.end()) {
-            owned->second->notify(command.answer);
-            m_commands.erase(owned);
+        const auto owned = m_commands.extract(number);
+        if (!owned.empty()) {
+            owned.mapped()->notify(command.answer);
         }
     }
 }

@@ -14,6 +14,7 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <deque>
 #include <memory>
 #include <unordered_map>
 
@@ -23,7 +24,8 @@
 ///
 /// Lives in a worker thread, or in its link's own if the ports are made for that. Port and timer
 /// are made, used and deleted there, and every member is touched there only; the one exception is
-/// `setPortName`, called while no run is on.
+/// `setPortName`, called while no run is on. Whoever is told something may call any slot at once,
+/// `stop` and `start` among them.
 /// The rest of the program posts to the slots and listens to the signals (see `SerialLink`).
 class SerialProcessor : public QObject
 {
@@ -102,6 +104,7 @@ private slots:
 private:
     Conversation::Moment moment() const;
     void pump();
+    void retirePort();
     void tell(const event::Record& record);
     void tell(const event::StateChange& change)
     {
@@ -126,5 +129,6 @@ private:
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;
     std::unordered_map<quint64, std::unique_ptr<ISerialCommand>> m_commands;
+    std::deque<Event> m_untold;
     quint64 m_commandNumber = 0;
 };

@@ -45,6 +45,11 @@ bool isPolling(const QByteArray& request)
     return question == "737803" || question == "737202" || question == "737804";
 }
 
+qint64 delayOf(const BusBook::Line& line, qint64 leastDelay)
+{
+    return line.wall - static_cast<qint64>(line.since) - leastDelay;
+}
+
 class JournalReader
 {
 public:
@@ -79,7 +84,9 @@ void JournalReader::takeLine(const QByteArray& line)
     const QByteArray& mark = columns.at(MarkColumn);
     const QByteArray bytes = QByteArray::fromHex(columns.at(BytesColumn));
     const QString hexId = QString::fromLatin1(columns.at(HexIdColumn));
-    m_book.lines.push_back({wall, line});
+    const qint64 delay = wall - static_cast<qint64>(since);
+    m_book.leastDelay = m_book.lines.empty() ? delay : std::min(m_book.leastDelay, delay);
+    m_book.lines.push_back({wall, line, since});
     const bool isHarmedOne = isHarmed(columns.at(TextColumn));
     m_book.harmed += isHarmedOne ? 1 : 0;
     if (mark == ">") {
@@ -163,6 +170,15 @@ int BusBook::harmedInARow(const QString& hexId, qint64 wall) const
     return count;
 }
 
+qint64 BusBook::longestDelay() const
+{
+    qint64 longest = 0;
+    for (const Line& line : lines) {
+        longest = std::max(longest, delayOf(line, leastDelay));
+    }
+    return longest;
+}
+
 QByteArray BusBook::excerpt(qint64 wall) const
 {
     const auto end =
@@ -171,7 +187,8 @@ QByteArray BusBook::excerpt(qint64 wall) const
     QByteArray text;
     for (auto line = end - std::min<std::ptrdiff_t>(kExcerptLines, end - lines.begin());
          line != end; ++line) {
-        text += "    " + line->text + '\n';
+        text +=
+            "    +" + QByteArray::number(delayOf(*line, leastDelay)) + " ms " + line->text + '\n';
     }
     return text;
 }

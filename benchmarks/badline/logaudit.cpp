@@ -57,7 +57,15 @@ private:
     void checkShown(const QString& hexId, const LdbStatus& status, const LoggedLine& line);
     void passOver(const QString& hexId, const Course& course, int index);
     QString explain(const QString& hexId, const QByteArray& fields) const;
-    void complain(const QString& hexId, const QString& what, qint64 wall);
+    QString describe(const QString& hexId, const QString& what, qint64 wall) const;
+    void complain(const QString& hexId, const QString& what, qint64 wall)
+    {
+        m_findings.wrong.append(describe(hexId, what, wall));
+    }
+    void miss(const QString& hexId, const QString& what, qint64 wall)
+    {
+        m_findings.missing.append(describe(hexId, what, wall));
+    }
 
     const BusBook& m_book;
     const QHash<QString, QString>& m_names;
@@ -127,7 +135,7 @@ void Audit::takeLine(const LoggedLine& line)
     const qint64 took = line.seenAt - sent.wall;
     m_findings.latest = std::max(m_findings.latest, took);
     if (took > kLatestMs) {
-        complain(hexId, QStringLiteral("logged %1 ms after it was sent").arg(took), line.seenAt);
+        miss(hexId, QStringLiteral("logged %1 ms after it was sent").arg(took), line.seenAt);
     }
     checkShown(hexId, sent.status, line);
 }
@@ -201,9 +209,9 @@ void Audit::passOver(const QString& hexId, const Course& course, int index)
     if (sent.isAmongStrays) {
         ++m_findings.leftOut;
     } else {
-        complain(hexId,
-                 QStringLiteral("is not in the log: ") + QString::fromUtf8(course.fields.at(index)),
-                 sent.wall);
+        miss(hexId,
+             QStringLiteral("is not in the log: ") + QString::fromUtf8(course.fields.at(index)),
+             sent.wall);
     }
 }
 
@@ -222,10 +230,9 @@ QString Audit::explain(const QString& hexId, const QByteArray& fields) const
     return QStringLiteral("nobody has sent this undamaged: ") + values;
 }
 
-void Audit::complain(const QString& hexId, const QString& what, qint64 wall)
+QString Audit::describe(const QString& hexId, const QString& what, qint64 wall) const
 {
-    m_findings.differences.append(
-        QStringLiteral("%1  %2\n%3").arg(hexId, what, QString::fromUtf8(m_book.excerpt(wall))));
+    return QStringLiteral("%1  %2\n%3").arg(hexId, what, QString::fromUtf8(m_book.excerpt(wall)));
 }
 
 LogFindings Audit::finish()

@@ -18,8 +18,9 @@ struct LogFindings
     QStringList losses;
     int falseLosses = 0;
     QStringList stillLost;
-    qint64 latest = 0;       ///< ms, the longest from an answer's end to its line
-    QStringList differences; ///< in words, false losses among them
+    qint64 latest = 0;   ///< ms, the longest from an answer's end to its line
+    QStringList wrong;   ///< what should not be there, in words; false losses among it
+    QStringList missing; ///< what should be there and is not, or not in time
 };
 
 /// Every line must be a status that this very LDB has sent not long before, in the order sent; no

@@ -1,9 +1,12 @@
 #include "benchmarks/support/simulatorprocess.h"
 
+#include <sched.h>
+
 namespace {
 
 constexpr int kStartMs = 10000;
 constexpr int kEndMs = 5000;
+constexpr int kRealTimePriority = 10;
 
 } // namespace
 
@@ -38,6 +41,14 @@ SimulatorProcess::~SimulatorProcess()
 void SimulatorProcess::command(const QString& line)
 {
     m_process.write(line.toLocal8Bit() + '\n');
+}
+
+bool SimulatorProcess::makeRealTime()
+{
+    sched_param parameters{};
+    parameters.sched_priority = kRealTimePriority;
+    return sched_setscheduler(static_cast<pid_t>(m_process.processId()), SCHED_FIFO, &parameters) ==
+           0;
 }
 
 void SimulatorProcess::readOutput()

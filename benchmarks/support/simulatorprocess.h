@@ -17,6 +17,9 @@ public:
     SimulatorProcess& operator=(const SimulatorProcess&) = delete;
 
     void command(const QString& line);
+    /// Puts it before all that other programs do, as boards are that nothing holds up. Whether the
+    /// system allows that.
+    bool makeRealTime();
 
 private:
     void readOutput();

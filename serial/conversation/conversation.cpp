@@ -87,10 +87,13 @@ void Conversation::queueCommand(const Request& request, quint64 number)
 
 void Conversation::lineGone()
 {
-    if (m_step == Step::Command && m_inquiry.isTransmitted()) {
+    if (m_step == Step::Command && (m_inquiry.isTransmitted() || m_commandAsked > 1)) {
         finishCommand({});
     }
-    m_queue.clear();
+    if (!m_queue.isEmpty()) {
+        m_queue.clear();
+        m_events.emplace_back(event::QueueLength{0});
+    }
     m_step = Step::Stopped;
 }
 

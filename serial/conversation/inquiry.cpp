@@ -10,7 +10,7 @@ constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 constexpr qint64 kLongestFrame = 60000;
 /// How much longer than its time a wait is held open for a frame that has begun.
 constexpr qint64 kLetEnd = kLongestFrame + Hearing::kPause;
-/// What answers were seen to come late beyond the wait time, with the frame itself.
+/// How far beyond the wait time late answers were seen to end.
 constexpr qint64 kLateMargin = 460000;
 constexpr qint64 kLateMemory = 600000000;
 /// An ACK with something behind it is no acknowledgement.
@@ -64,7 +64,7 @@ void Inquiry::begin(const Request& request, Role role, qint64 now)
     m_role = role;
     m_frame = framecodec::createCommand(request.body);
     m_transmissions = 0;
-    m_early = 0;
+    m_untimely = 0;
     m_isUnclean = false;
     clearLine(now);
 }
@@ -141,7 +141,8 @@ void Inquiry::bytesCame(const QByteArray& bytes, qint64 now)
 /// Nothing is transmitted before the line has been quiet for a moment, or never is.
 void Inquiry::askForQuiet(qint64 now)
 {
-    if (!m_needsQuiet) {
+    const bool wasQuiet = now - m_quietSince >= Hearing::kPause;
+    if (!m_needsQuiet || wasQuiet) {
         m_needsQuiet = true;
         m_quietBound = std::max(m_lastTransmission + horizon(now), now + kLetEnd);
     }
@@ -195,27 +196,25 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
         m_hearing.setAside();
         return;
     }
-    const qint64 flight = now - m_lastTransmission - m_frame.size() * kByteTime;
     const auto usual = m_usual.of(m_request.hexId, m_request.answer);
     // A repeated command's answer is right whichever transmission it answers.
     const bool canBeEarly = m_role == Role::Poll || m_transmissions == 1;
-    if (usual && flight < usual->least && canBeEarly) {
-        // Too soon a second time, with nothing else outstanding: it is this LDB that has changed.
-        if (m_early == 0 || m_early == m_transmissions) {
-            note(QStringLiteral("an answer sooner than usual dropped"));
-            m_early = m_transmissions;
-            noteLate(now);
-            m_hearing.setAside();
-            if (m_role == Role::Poll) {
-                m_windowEnd = m_lastTransmission + horizon(now);
-                m_windowLimit = m_windowEnd + kLetEnd;
-            }
-            return;
-        }
+    const bool isEarly = usual && flight(now) < usual->least;
+    if (isEarly && hasChangedItsTime()) {
         m_usual.forget(m_request.hexId, m_request.answer);
+    } else if (isEarly && canBeEarly) {
+        note(QStringLiteral("an answer sooner than usual dropped"));
+        m_untimely = m_transmissions;
+        noteLate(now);
+        m_hearing.setAside();
+        if (m_role == Role::Poll) {
+            m_windowEnd = m_lastTransmission + horizon(now);
+            m_windowLimit = m_windowEnd + kLetEnd;
+        }
+        return;
     }
     if (fits) {
-        answered(body, flight, now);
+        answered(body, flight(now), now);
     } else {
         fail(InquiryEnd::Outcome::OtherKind, now);
     }
@@ -233,12 +232,29 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
     if (m_request.answer != AnswerShape::Acknowledge && m_request.answer != AnswerShape::Any) {
         return;
     }
-    const qint64 flight = now - m_lastTransmission - m_frame.size() * kByteTime;
     const auto usual = m_usual.of(m_request.hexId, m_request.answer);
-    if (!usual || usual->contains(flight)) {
-        m_acknowledgedAt = now;
-        m_state = State::Confirming;
+    if (usual && !usual->contains(flight(now))) {
+        if (!hasChangedItsTime()) {
+            m_untimely = m_transmissions;
+            return;
+        }
+        m_usual.forget(m_request.hexId, m_request.answer);
     }
+    m_acknowledgedAt = now;
+    m_state = State::Confirming;
+}
+
+/// How long after the request's end.
+qint64 Inquiry::flight(qint64 at) const
+{
+    return at - m_lastTransmission - m_frame.size() * kByteTime;
+}
+
+/// An answer out of its usual time may be an earlier one's. A second one, to a transmission of its
+/// own and with nothing else outstanding, is not: then it is this LDB that has changed.
+bool Inquiry::hasChangedItsTime() const
+{
+    return m_untimely != 0 && m_untimely != m_transmissions;
 }
 
 void Inquiry::deadlinePassed(qint64 now)
@@ -253,8 +269,7 @@ void Inquiry::deadlinePassed(qint64 now)
         clearLine(now);
         break;
     case State::Confirming:
-        answered(QByteArray(1, *m_hearing.singleByte()),
-                 m_acknowledgedAt - m_lastTransmission - m_frame.size() * kByteTime, now);
+        answered(QByteArray(1, *m_hearing.singleByte()), flight(m_acknowledgedAt), now);
         break;
     case State::Listening:
     case State::Lingering:
@@ -285,12 +300,8 @@ qint64 Inquiry::deadline() const
 
 void Inquiry::windowOver(qint64 now)
 {
-    if (m_state == State::Lingering) {
-        end(InquiryEnd::Outcome::Silent);
-        return;
-    }
     if (m_role != Role::Broadcast) {
-        if (m_hearing.isDamagedAnswer(now)) {
+        if (m_state == State::Listening && m_hearing.isDamagedAnswer(now)) {
             fail(InquiryEnd::Outcome::Damaged, now);
             return;
         }
@@ -298,6 +309,10 @@ void Inquiry::windowOver(qint64 now)
             m_windowEnd = std::min(now + Hearing::kPause, m_windowLimit);
             return;
         }
+    }
+    if (m_state == State::Lingering) {
+        end(InquiryEnd::Outcome::Silent);
+        return;
     }
     if (m_transmissions < allowedTransmissions()) {
         if (m_role == Role::Poll) {
@@ -311,6 +326,7 @@ void Inquiry::windowOver(qint64 now)
     case Role::Command:
         m_state = State::Lingering;
         m_windowEnd = m_lastTransmission + horizon(now);
+        m_windowLimit = m_windowEnd + kLetEnd;
         break;
     case Role::Probe:
         m_probeUntil = m_lastTransmission + horizon(now);
@@ -340,7 +356,7 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
         clearLine(now);
         return;
     }
-    leaveOutstanding(now - m_lastTransmission - m_frame.size() * kByteTime, now);
+    leaveOutstanding(flight(m_hearing.lastByteAt()), now);
     end(outcome);
 }
 
@@ -356,8 +372,8 @@ void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
     end(InquiryEnd::Outcome::Answered, answer);
 }
 
-/// After a repeated request two answers can come. At the usual time it is the last one's, and the
-/// LDB, which answers in order, owes nothing more.
+/// After a repeated request more than one answer can come. One at the usual time answers the last
+/// transmission; the LDB, which answers in order, then owes nothing more.
 void Inquiry::leaveOutstanding(qint64 flight, qint64 now)
 {
     if (m_transmissions == 1) {

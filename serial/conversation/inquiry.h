@@ -53,7 +53,7 @@ public:
     /// `answerWaitTime`: ms after a request in which its answer is waited for.
     explicit Inquiry(int answerWaitTime);
 
-    /// Forgets everything, the usual times, too.
+    /// Forgets everything, usual times included.
     void reset();
 
     /// Asks. The former inquiry has ended; what it left outstanding is waited out first.
@@ -87,6 +87,8 @@ private:
     };
 
     qint64 horizon(qint64 now) const;
+    qint64 flight(qint64 at) const;
+    bool hasChangedItsTime() const;
     int allowedTransmissions() const;
     void clearLine(qint64 now);
     qint64 freeAt() const;
@@ -118,7 +120,7 @@ private:
     qint64 m_windowEnd = 0;
     qint64 m_windowLimit = 0; ///< a frame that has begun is not waited for beyond it
     qint64 m_acknowledgedAt = 0;
-    int m_early = 0; ///< transmissions after which an answer came too soon
+    int m_untimely = 0; ///< the transmission to which an answer came out of its usual time
     bool m_isUnclean = false;
 
     int m_outstanding = 0; ///< answers of the former inquiry that may still come

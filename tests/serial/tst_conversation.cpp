@@ -77,8 +77,12 @@ private slots:
     void aRepeatedPollsSecondAnswerIsWaitedOut();
     void anAnswerSoonerThanUsualIsNobodys();
     void anLdbMayBecomeFaster();
+    void anLdbMayAnswerCommandsAtAnotherTime_data();
+    void anLdbMayAnswerCommandsAtAnotherTime();
     void lateAnswersLengthenTheHorizon();
+    void aDamagedAnswerIsNotLate();
     void aFrameThatHasBegunIsLetEnd();
+    void aCommandsLateAnswerIsLetEnd();
     void aLineThatIsNeverQuietIsTold();
     void commandWindows_data();
     void commandWindows();
@@ -334,6 +338,49 @@ void TestConversation::anLdbMayBecomeFaster()
     QVERIFY(talk.told<event::Loss>().isEmpty());
 }
 
+void TestConversation::anLdbMayAnswerCommandsAtAnotherTime_data()
+{
+    QTest::addColumn<QByteArray>("request");
+    QTest::addColumn<double>("before"); // ms that its answer takes longer than others' ...
+    QTest::addColumn<double>("after");  // ... and later on
+
+    QTest::newRow("a write, later") << QByteArray("7363170A00") << 0.0 << 40.0;
+    QTest::newRow("a write, sooner") << QByteArray("7363170A00") << 40.0 << 0.0;
+    QTest::newRow("a read, sooner") << kSettings << 30.0 << 0.0;
+}
+
+void TestConversation::anLdbMayAnswerCommandsAtAnotherTime()
+{
+    QFETCH(QByteArray, request);
+    QFETCH(double, before);
+    QFETCH(double, after);
+    const QByteArray body = ask("03", request);
+    ScriptedTalk talk({"03"});
+    double by = before;
+    talk.setScript([&](const QByteArray& asked, int) -> Answers {
+        return asked == body ? Answers(QList<Said>{ScriptedTalk::late(asked, by)}) : std::nullopt;
+    });
+    settle(talk, "03", 2);
+    QList<int> transmissions;
+    for (int i = 0; i < 12; ++i) {
+        by = i < 9 ? before : after;
+        const auto sentBefore = talk.sent().size();
+        talk.forgetEvents();
+        talk.queue(request == kSettings ? requests::read("03", 1)
+                                        : requests::change("03", 0x17, "0A00"));
+        talk.run(5000);
+        const auto sent = talk.sent().mid(sentBefore);
+        transmissions.append(static_cast<int>(
+            std::count_if(sent.begin(), sent.end(),
+                          [&](const ScriptedTalk::Sent& one) { return one.body == body; })));
+        QCOMPARE(talk.told<event::CommandDone>().size(), 1);
+        QVERIFY2(!talk.told<event::CommandDone>().first().answer.isEmpty(),
+                 qPrintable(QString::number(i)));
+    }
+    // Asked again once; then that is its usual time.
+    QCOMPARE(transmissions, (QList<int>{1, 1, 1, 1, 1, 1, 1, 1, 1, 2, 1, 1}));
+}
+
 void TestConversation::lateAnswersLengthenTheHorizon()
 {
     ScriptedTalk talk({"03", "0A"});
@@ -345,6 +392,21 @@ void TestConversation::lateAnswersLengthenTheHorizon()
     talk.setPresent({"0A"});
     const double asked = talk.nextOf(status);
     QVERIFY(about(talk.nextOf(status) - asked, kLongHorizon));
+}
+
+void TestConversation::aDamagedAnswerIsNotLate()
+{
+    ScriptedTalk talk({"03"});
+    settle(talk, "03", 12);
+    const QByteArray status = ask("03", kStatus);
+    Said noEnd = ScriptedTalk::usual(status); // told from others by the pause behind it
+    noEnd.bytes[noEnd.bytes.size() - 1] = '\x05';
+    talk.setScript(first(status, {kSilence, {noEnd}, kSilence}));
+    talk.nextOf(status);
+    talk.nextOf(status);
+    QCOMPARE(talk.next().body, ask("03", kName));
+    const double asked = talk.nextOf(status);
+    QVERIFY(about(talk.nextOf(status) - asked, kHorizon));
 }
 
 void TestConversation::aFrameThatHasBegunIsLetEnd()
@@ -361,6 +423,31 @@ void TestConversation::aFrameThatHasBegunIsLetEnd()
     QCOMPARE(next.body, ask("03", kName));
     QVERIFY(about(next.at - asked, kHorizon + 5));
     QCOMPARE(talk.told<event::Record>().size(), 1);
+}
+
+void TestConversation::aCommandsLateAnswerIsLetEnd()
+{
+    // Its answer is on its way when the last wait ends; a stray byte in that wait changes nothing.
+    for (const QList<Said>& before : {QList<Said>(), QList<Said>{{300, "\x55"}}}) {
+        ScriptedTalk talk({"03"});
+        settle(talk, "03", 2);
+        const QByteArray good = ScriptedTalk::settings("03");
+        const double end = kHorizon - 14 * 1.042;
+        const QList<Said> late{{end - 20, good.left(30)}, {end + 5, good.mid(30)}};
+        talk.setScript(first(ask("03", kSettings), {kSilence, kSilence, before + late}));
+        talk.queue(requests::read("03", 1));
+        talk.nextOf(ask("03", kSettings));
+        talk.nextOf(ask("03", kSettings));
+        const double asked = talk.nextOf(ask("03", kSettings));
+        const ScriptedTalk::Sent next = talk.next();
+        // With a stray byte before it, it is not believed; else it tells that answers come late.
+        const bool isBelieved = before.isEmpty();
+        QVERIFY2(about(next.at - asked, isBelieved ? kLongHorizon : kHorizon + 5 + kQuiet),
+                 qPrintable(QString::number(next.at - asked)));
+        QCOMPARE(talk.told<event::CommandDone>().last().answer,
+                 isBelieved ? good.mid(1, 56) : QByteArray());
+        QVERIFY(!talk.diagnostics().contains("never quiet"));
+    }
 }
 
 void TestConversation::aLineThatIsNeverQuietIsTold()
@@ -653,6 +740,7 @@ void TestConversation::endsInTheMiddle()
     QCOMPARE(done.size(), 1);
     QCOMPARE(done.first().numbers, std::vector<quint64>{1});
     QCOMPARE(done.first().answer, QByteArray());
+    QCOMPARE(talk.told<event::QueueLength>().last().commands, 0);
     QCOMPARE(talk.sent().last().body, QByteArray("FE037363170A00"));
     talk.start();
     QCOMPARE(talk.sent().last().body, ask("01", kPoll));
