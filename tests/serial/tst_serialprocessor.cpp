@@ -294,6 +294,7 @@ void TestSerialProcessor::worksInAThreadOfItsOwn()
         rows.clear();
         link.start();
         WAIT_VERIFY(rows.size() > 4);
+        QVERIFY(!bus.requests().contains(ask("03", "73780000")));
         QCOMPARE(link.connectedLdbs(), (QStringList{"03", "0A"}));
         std::optional<Reply::Kind> reply;
         link.ask(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset), &link,
@@ -305,6 +306,11 @@ void TestSerialProcessor::worksInAThreadOfItsOwn()
         QCOMPARE(*reply, Reply::Kind::Accepted);
         link.stop();
         QVERIFY(!link.isRunning());
+        bus.clearRequests();
+        // Ends before it gets its turn, and is not sent in the next run.
+        link.start();
+        link.post(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::FimReset));
+        link.stop();
     }
 }
 
