@@ -33,6 +33,7 @@ void Inquiry::reset()
     m_transmissions = 0;
     m_outstanding = 0;
     m_probeUntil = 0;
+    m_isDoubtful = false;
     m_needsQuiet = false;
     m_toTransmit.clear();
     m_end.reset();
@@ -65,6 +66,7 @@ void Inquiry::begin(const Request& request, Role role, qint64 now)
     m_frame = framecodec::createCommand(request.body);
     m_transmissions = 0;
     m_untimely = 0;
+    m_tardy = 0;
     m_isUnclean = false;
     clearLine(now);
 }
@@ -72,6 +74,7 @@ void Inquiry::begin(const Request& request, Role role, qint64 now)
 void Inquiry::clearLine(qint64 now)
 {
     if (m_outstanding > 0 && now >= m_outstandingUntil) {
+        m_isDoubtful = true;
         m_outstanding = 0;
     }
     if (m_needsQuiet && now >= m_quietBound) {
@@ -211,6 +214,9 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
             m_windowEnd = m_lastTransmission + horizon(now);
             m_windowLimit = m_windowEnd + kLetEnd;
         }
+        return;
+    }
+    if (isTardy(now)) {
         return;
     }
     if (fits) {
@@ -360,12 +366,34 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
     end(outcome);
 }
 
+/// After a silence a stalled line may still hold an answer back, for longer than any horizon, and
+/// hand it over as if it were this LDB's. Only a prompt answer ends the doubt: bytes do not
+/// overtake each other.
+bool Inquiry::isTardy(qint64 now)
+{
+    const auto isPrompt = m_usual.isPrompt(m_request.hexId, m_request.answer, flight(now));
+    if (!m_isDoubtful || m_role != Role::Poll || isPrompt.value_or(true)) {
+        return false;
+    }
+    note(QStringLiteral("an answer later than usual dropped, after a silence"));
+    if (m_tardy != 0 && m_tardy != m_transmissions) {
+        m_usual.forget(m_request.hexId, m_request.answer); // it may have become slower
+    }
+    m_tardy = m_transmissions;
+    m_isUnclean = true;
+    m_hearing.setAside();
+    return true;
+}
+
 void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
 {
     if (flight > m_wait / 2) {
         noteLate(now);
     }
     leaveOutstanding(flight, now);
+    if (m_usual.isPrompt(m_request.hexId, m_request.answer, flight).value_or(false)) {
+        m_isDoubtful = false;
+    }
     if (m_transmissions == 1) {
         m_usual.add(m_request.hexId, m_request.answer, flight);
     }
@@ -399,6 +427,10 @@ void Inquiry::noteLate(qint64 now)
 
 void Inquiry::end(InquiryEnd::Outcome outcome, const QByteArray& answer)
 {
+    if (outcome == InquiryEnd::Outcome::Silent &&
+        (m_role == Role::Poll || m_role == Role::Command)) {
+        m_isDoubtful = true;
+    }
     m_state = State::Idle;
     const bool isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
     m_end = InquiryEnd{outcome, answer, m_transmissions, isUnclean};

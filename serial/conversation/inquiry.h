@@ -98,6 +98,7 @@ private:
     void judgeSingleByte(char byte, qint64 now);
     void hearOutstanding(const QByteArray& bytes, qint64 now);
     void askForQuiet(qint64 now);
+    bool isTardy(qint64 now);
     void windowOver(qint64 now);
     void fail(InquiryEnd::Outcome outcome, qint64 now);
     void answered(const QByteArray& answer, qint64 flight, qint64 now);
@@ -121,11 +122,13 @@ private:
     qint64 m_windowLimit = 0; ///< a frame that has begun is not waited for beyond it
     qint64 m_acknowledgedAt = 0;
     int m_untimely = 0; ///< the transmission to which an answer came out of its usual time
+    int m_tardy = 0;    ///< the last transmission after which an answer was dropped as too late
     bool m_isUnclean = false;
 
     int m_outstanding = 0; ///< answers of the former inquiry that may still come
     qint64 m_outstandingUntil = 0;
-    qint64 m_probeUntil = 0; ///< until then the ACK of a silent probe may come
+    qint64 m_probeUntil = 0;   ///< until then the ACK of a silent probe may come
+    bool m_isDoubtful = false; ///< an answer that never came may be held back somewhere
     bool m_needsQuiet = false;
     qint64 m_quietSince = 0;
     qint64 m_quietBound = 0;

@@ -29,6 +29,10 @@ public:
     /// nothing before the `kNeeded`th.
     std::optional<Span> of(const QString& hexId, AnswerShape kind) const;
 
+    /// Whether a flight time is no more than `kPrompt` longer than the middle one of those
+    /// remembered; nothing before the `kNeeded`th. A single late answer does not move the middle.
+    std::optional<bool> isPrompt(const QString& hexId, AnswerShape kind, qint64 flight) const;
+
     /// Forgets one LDB's times of a kind.
     void forget(const QString& hexId, AnswerShape kind);
     void clear() { m_times.clear(); }
@@ -39,6 +43,7 @@ private:
     /// in eleven would drop a good answer.
     static constexpr int kNeeded = 16;
     static constexpr qint64 kMargin = 3000;
+    static constexpr qint64 kPrompt = 20000;
 
     struct Ring
     {
@@ -46,5 +51,8 @@ private:
         int count = 0;
         int next = 0;
     };
+    /// Null before the `kNeeded`th.
+    const Ring* find(const QString& hexId, AnswerShape kind) const;
+
     QHash<QString, std::array<Ring, kAnswerShapes>> m_times;
 };

@@ -82,6 +82,8 @@ private slots:
     void anLdbMayAnswerCommandsAtAnotherTime();
     void lateAnswersLengthenTheHorizon();
     void aDamagedAnswerIsNotLate();
+    void anAnswerHeldBackIsNobodys();
+    void anLdbMayBecomeSlower();
     void aFrameThatHasBegunIsLetEnd();
     void aCommandsLateAnswerIsLetEnd();
     void aLineThatIsNeverQuietIsTold();
@@ -431,6 +433,42 @@ void TestConversation::aDamagedAnswerIsNotLate()
     QCOMPARE(talk.next().body, ask("03", kName));
     const double asked = talk.nextOf(status);
     QVERIFY(about(talk.nextOf(status) - asked, kHorizon));
+}
+
+void TestConversation::anAnswerHeldBackIsNobodys()
+{
+    // 03 stays silent; what it said comes when 0A, which is gone, has been asked.
+    ScriptedTalk talk({"03", "0A"});
+    settle(talk, "03", 20);
+    talk.setPresent({"0A"});
+    talk.nextOf(ask("03", kStatus));
+    talk.setScript(first(ask("0A", kStatus), {{{90, ScriptedTalk::status(3)}}, kSilence}));
+    talk.nextOf(ask("0A", kStatus));
+    talk.forgetEvents();
+    talk.nextOf(ask("0A", kStatus));
+    talk.nextOf(ask("0A", kFirmware));
+    QVERIFY(talk.told<event::Record>().isEmpty());
+    QVERIFY2(talk.diagnostics().contains("later than usual"), qPrintable(talk.diagnostics()));
+}
+
+void TestConversation::anLdbMayBecomeSlower()
+{
+    ScriptedTalk talk({"03", "0A"});
+    settle(talk, "03", 20);
+    talk.setPresent({"0A"}); // a silence ...
+    talk.setScript(
+        [](const QByteArray& body, int) -> Answers { // ... and 0A answers late from now on
+            return body.mid(2, 2) == "0A" ? Answers(QList<Said>{ScriptedTalk::late(body, 60)})
+                                          : std::nullopt;
+        });
+    talk.run(60000);
+    talk.forgetEvents();
+    talk.run(20000);
+    QVERIFY(talk.told<event::Record>().size() > 30);
+    talk.run(0);
+    for (const auto& record : talk.told<event::Record>()) {
+        QCOMPARE(record.status.state == LdbState::Disconnected, record.hexId == "03");
+    }
 }
 
 void TestConversation::aFrameThatHasBegunIsLetEnd()
