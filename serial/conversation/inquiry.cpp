@@ -371,8 +371,8 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 /// overtake each other.
 bool Inquiry::isTardy(qint64 now)
 {
-    const auto isPrompt = m_usual.isPrompt(m_request.hexId, m_request.answer, flight(now));
-    if (!m_isDoubtful || m_role != Role::Poll || isPrompt.value_or(true)) {
+    if (!m_isDoubtful || m_role != Role::Poll ||
+        m_usual.isPrompt(m_request.hexId, m_request.answer, flight(now)).value_or(true)) {
         return false;
     }
     note(QStringLiteral("an answer later than usual dropped, after a silence"));
@@ -391,9 +391,8 @@ void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
         noteLate(now);
     }
     leaveOutstanding(flight, now);
-    if (m_usual.isPrompt(m_request.hexId, m_request.answer, flight).value_or(false)) {
-        m_isDoubtful = false;
-    }
+    m_isDoubtful = m_isDoubtful &&
+                   !m_usual.isPrompt(m_request.hexId, m_request.answer, flight).value_or(false);
     if (m_transmissions == 1) {
         m_usual.add(m_request.hexId, m_request.answer, flight);
     }
