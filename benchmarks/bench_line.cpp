@@ -93,6 +93,42 @@ bool showMemory(double hours, QTextStream& out)
     return liveBarrenHours("babbling line", false, babble, hours, out) && isSilentGood;
 }
 
+/// Lives one trial and prints its row; whether everything held. `clean`: the good line's records a
+/// second.
+bool showTrial(const BadLine& trial, const NamedLineKind& line, quint64 seed, double hours,
+               bool withCommands, double clean, QTextStream& out)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const Verdict verdict = live(trial, line.kind, seed, hours, withCommands);
+    const double pace = verdict.pace / clean;
+    const double least = trial.paceOn(line.kind);
+    const bool isFast = withCommands || hours < 1 || pace >= least;
+    const LineRig::Tally& tally = verdict.tally;
+    out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 ")
+               .arg(QLatin1String(line.name), -11)
+               .arg(QLatin1String(trial.name), -32)
+               .arg(seed, 4)
+               .arg(tally.records, 8)
+               .arg(tally.wrong, 6)
+               .arg(tally.falseFrames, 12)
+               .arg(tally.losses, 7)
+               .arg(tally.falseLosses, 6)
+               .arg(tally.commands, 9)
+        << QStringLiteral("%1 %2   %3 (%4)%5   %6\n")
+               .arg(tally.silentCommands, 6)
+               .arg(tally.unfoundedAcks, 11)
+               .arg(pace, 0, 'f', 3)
+               .arg(least, 0, 'f', 2)
+               .arg(isFast ? "" : " MISSED")
+               .arg(static_cast<double>(timer.elapsed()) / 1000 / hours, 0, 'f', 2);
+    for (const QString& complaint : verdict.complaints) {
+        out << complaint << "\n";
+    }
+    out.flush();
+    return isFast && tally.wrong == 0 && tally.falseLosses == 0;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -124,45 +160,17 @@ int main(int argc, char* argv[])
            " "
            "false  commands silent  stray ACKs   pace (at least)  s an hour\n";
     bool isGood = true;
-    for (const auto& [kind, kindName] : kLineKinds) {
-        if (!QLatin1String(kindName).startsWith(parser.value("line"))) {
+    for (const NamedLineKind& line : kLineKinds) {
+        if (!QLatin1String(line.name).startsWith(parser.value("line"))) {
             continue;
         }
         for (const BadLine& trial : badLines()) {
             if (!QLatin1String(trial.name).startsWith(parser.value("trial"))) {
                 continue;
             }
-            const double clean = cleanPace(trial, kind);
+            const double clean = cleanPace(trial, line.kind);
             for (quint64 seed = firstSeed; seed < firstSeed + seeds; ++seed) {
-                QElapsedTimer timer;
-                timer.start();
-                const Verdict verdict = live(trial, kind, seed, hours, withCommands);
-                const double pace = verdict.pace / clean;
-                const double least = trial.paceOn(kind);
-                const bool isFast = withCommands || hours < 1 || pace >= least;
-                const LineRig::Tally& tally = verdict.tally;
-                out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 ")
-                           .arg(QLatin1String(kindName), -11)
-                           .arg(QLatin1String(trial.name), -32)
-                           .arg(seed, 4)
-                           .arg(tally.records, 8)
-                           .arg(tally.wrong, 6)
-                           .arg(tally.falseFrames, 12)
-                           .arg(tally.losses, 7)
-                           .arg(tally.falseLosses, 6)
-                           .arg(tally.commands, 9)
-                    << QStringLiteral("%1 %2   %3 (%4)%5   %6\n")
-                           .arg(tally.silentCommands, 6)
-                           .arg(tally.unfoundedAcks, 11)
-                           .arg(pace, 0, 'f', 3)
-                           .arg(least, 0, 'f', 2)
-                           .arg(isFast ? "" : " MISSED")
-                           .arg(static_cast<double>(timer.elapsed()) / 1000 / hours, 0, 'f', 2);
-                for (const QString& complaint : verdict.complaints) {
-                    out << complaint << "\n";
-                }
-                out.flush();
-                isGood = isGood && isFast && tally.wrong == 0 && tally.falseLosses == 0;
+                isGood = showTrial(trial, line, seed, hours, withCommands, clean, out) && isGood;
             }
         }
     }
