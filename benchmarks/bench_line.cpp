@@ -16,10 +16,19 @@ constexpr qint64 kSecond = 1000000;
 constexpr qint64 kMinute = 60 * kSecond;
 constexpr qint64 kHour = 60 * kMinute;
 
+/// How a trial is lived.
+struct Way
+{
+    double hours = 0;
+    bool withCommands = false;
+    qint64 adapterTick = 0; ///< µs
+};
+
 /// Records a second of the clean line.
-double cleanPace(const BadLine& trial, LineKind kind)
+double cleanPace(const BadLine& trial, LineKind kind, const Way& way)
 {
     LineRig::Setup setup = trial.setup(kind, 1);
+    setup.adapterTick = way.adapterTick;
     setup.addresses.resize(static_cast<std::size_t>(trial.ldbs - trial.absent));
     LineRig rig(setup);
     rig.scan();
@@ -35,16 +44,18 @@ struct Verdict
     QStringList complaints;
 };
 
-Verdict live(const BadLine& trial, LineKind kind, quint64 seed, double hours, bool withCommands)
+Verdict live(const BadLine& trial, LineKind kind, quint64 seed, const Way& way)
 {
-    LineRig rig(trial.setup(kind, seed));
+    LineRig::Setup setup = trial.setup(kind, seed);
+    setup.adapterTick = way.adapterTick;
+    LineRig rig(setup);
     rig.scan();
     rig.run(kMinute);
     trial.begin(rig);
-    rig.queueByChance(withCommands ? 20 * kSecond : 0);
+    rig.queueByChance(way.withCommands ? 20 * kSecond : 0);
     const int before = rig.tally().records;
-    rig.run(static_cast<qint64>(hours * kHour));
-    return {rig.tally(), (rig.tally().records - before) / (hours * 3600), rig.complaints()};
+    rig.run(static_cast<qint64>(way.hours * kHour));
+    return {rig.tally(), (rig.tally().records - before) / (way.hours * 3600), rig.complaints()};
 }
 
 /// Lives on a line on which nothing sensible comes, and says what the heap has grown by since the
@@ -95,15 +106,15 @@ bool showMemory(double hours, QTextStream& out)
 
 /// Lives one trial and prints its row; whether everything held. `clean`: the good line's records a
 /// second.
-bool showTrial(const BadLine& trial, const NamedLineKind& line, quint64 seed, double hours,
-               bool withCommands, double clean, QTextStream& out)
+bool showTrial(const BadLine& trial, const NamedLineKind& line, quint64 seed, const Way& way,
+               double clean, QTextStream& out)
 {
     QElapsedTimer timer;
     timer.start();
-    const Verdict verdict = live(trial, line.kind, seed, hours, withCommands);
+    const Verdict verdict = live(trial, line.kind, seed, way);
     const double pace = verdict.pace / clean;
     const double least = trial.paceOn(line.kind);
-    const bool isFast = withCommands || hours < 1 || pace >= least;
+    const bool isFast = way.withCommands || way.hours < 1 || pace >= least;
     const LineRig::Tally& tally = verdict.tally;
     out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8 %9 ")
                .arg(QLatin1String(line.name), -11)
@@ -121,7 +132,7 @@ bool showTrial(const BadLine& trial, const NamedLineKind& line, quint64 seed, do
                .arg(pace, 0, 'f', 3)
                .arg(least, 0, 'f', 2)
                .arg(isFast ? "" : " MISSED")
-               .arg(static_cast<double>(timer.elapsed()) / 1000 / hours, 0, 'f', 2);
+               .arg(static_cast<double>(timer.elapsed()) / 1000 / way.hours, 0, 'f', 2);
     for (const QString& complaint : verdict.complaints) {
         out << complaint << "\n";
     }
@@ -141,6 +152,7 @@ int main(int argc, char* argv[])
          {"first-seed", "The first of them.", "number", "1"},
          {"trial", "Only trials whose name begins so.", "name", ""},
          {"line", "Only this kind of line.", "name", ""},
+         {"adapter", "An adapter that hands bytes over at ticks of so many ms.", "ms", "0"},
          {"commands", "Queue commands, too; the pace is not judged then."},
          {"memory", "Only the memory, of a day (or --hours) of silence and of babble."},
          {"short", "Six minutes each."}});
@@ -149,7 +161,7 @@ int main(int argc, char* argv[])
     const double hours = parser.isSet("short") ? 0.1 : parser.value("hours").toDouble();
     const quint64 firstSeed = parser.value("first-seed").toULongLong();
     const quint64 seeds = parser.isSet("short") ? 1 : parser.value("seeds").toULongLong();
-    const bool withCommands = parser.isSet("commands");
+    const Way way{hours, parser.isSet("commands"), parser.value("adapter").toInt() * 1000};
 
     QTextStream out(stdout);
     if (parser.isSet("memory")) {
@@ -168,9 +180,9 @@ int main(int argc, char* argv[])
             if (!QLatin1String(trial.name).startsWith(parser.value("trial"))) {
                 continue;
             }
-            const double clean = cleanPace(trial, line.kind);
+            const double clean = cleanPace(trial, line.kind, way);
             for (quint64 seed = firstSeed; seed < firstSeed + seeds; ++seed) {
-                isGood = showTrial(trial, line, seed, hours, withCommands, clean, out) && isGood;
+                isGood = showTrial(trial, line, seed, way, clean, out) && isGood;
             }
         }
     }

@@ -27,13 +27,12 @@ Inquiry::Inquiry(int answerWaitTime)
 
 void Inquiry::reset()
 {
-    m_usual.clear();
+    m_timing.reset();
     m_lateUntil = 0;
     m_state = State::Idle;
     m_transmissions = 0;
     m_outstanding = 0;
     m_probeUntil = 0;
-    m_isDoubtful = false;
     m_needsQuiet = false;
     m_toTransmit.clear();
     m_end.reset();
@@ -65,16 +64,15 @@ void Inquiry::begin(const Request& request, Role role, qint64 now)
     m_role = role;
     m_frame = framecodec::createCommand(request.body);
     m_transmissions = 0;
-    m_untimely = 0;
-    m_tardy = 0;
     m_isUnclean = false;
+    m_timing.begin(request.hexId, request.answer, role != Role::Poll);
     clearLine(now);
 }
 
 void Inquiry::clearLine(qint64 now)
 {
     if (m_outstanding > 0 && now >= m_outstandingUntil) {
-        m_isDoubtful = true;
+        m_timing.setDoubtful();
         m_outstanding = 0;
     }
     if (m_needsQuiet && now >= m_quietBound) {
@@ -199,15 +197,9 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
         m_hearing.setAside();
         return;
     }
-    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
-    // A repeated command's answer is right whichever transmission it answers.
-    const bool canBeEarly = m_role == Role::Poll || m_transmissions == 1;
-    const bool isEarly = usual && flight(now) < usual->least;
-    if (isEarly && hasChangedItsTime()) {
-        m_usual.forget(m_request.hexId, m_request.answer);
-    } else if (isEarly && canBeEarly) {
+    switch (m_timing.judgeFrame(m_transmissions, flight(now))) {
+    case AnswerTiming::Belief::TooSoon:
         note(QStringLiteral("an answer sooner than usual dropped"));
-        m_untimely = m_transmissions;
         noteLate(now);
         m_hearing.setAside();
         if (m_role == Role::Poll) {
@@ -215,9 +207,13 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
             m_windowLimit = m_windowEnd + kLetEnd;
         }
         return;
-    }
-    if (isTardy(now)) {
+    case AnswerTiming::Belief::TooLate:
+        note(QStringLiteral("an answer later than usual dropped, after a silence"));
+        m_isUnclean = true;
+        m_hearing.setAside();
         return;
+    case AnswerTiming::Belief::Believed:
+        break;
     }
     if (fits) {
         answered(body, flight(now), now);
@@ -238,29 +234,16 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
     if (m_request.answer != AnswerShape::Acknowledge && m_request.answer != AnswerShape::Any) {
         return;
     }
-    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
-    if (usual && !usual->contains(flight(now))) {
-        if (!hasChangedItsTime()) {
-            m_untimely = m_transmissions;
-            return;
-        }
-        m_usual.forget(m_request.hexId, m_request.answer);
+    if (m_timing.believesAcknowledge(m_transmissions, flight(now))) {
+        m_acknowledgedAt = now;
+        m_state = State::Confirming;
     }
-    m_acknowledgedAt = now;
-    m_state = State::Confirming;
 }
 
 /// How long after the request's end.
 qint64 Inquiry::flight(qint64 at) const
 {
     return at - m_lastTransmission - m_frame.size() * kByteTime;
-}
-
-/// An answer out of its usual time may be an earlier one's. A second one, to a transmission of its
-/// own and with nothing else outstanding, is not: then it is this LDB that has changed.
-bool Inquiry::hasChangedItsTime() const
-{
-    return m_untimely != 0 && m_untimely != m_transmissions;
 }
 
 void Inquiry::deadlinePassed(qint64 now)
@@ -322,6 +305,7 @@ void Inquiry::windowOver(qint64 now)
     }
     if (m_transmissions < allowedTransmissions()) {
         if (m_role == Role::Poll) {
+            m_timing.nothingFollowed(m_transmissions);
             note(QStringLiteral("no answer, asked again"));
         }
         m_isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
@@ -366,36 +350,13 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
     end(outcome);
 }
 
-/// After a silence a stalled line may still hold an answer back, for longer than any horizon, and
-/// hand it over as if it were this LDB's. Only a prompt answer ends the doubt: bytes do not
-/// overtake each other.
-bool Inquiry::isTardy(qint64 now)
-{
-    if (!m_isDoubtful || m_role != Role::Poll ||
-        m_usual.isPrompt(m_request.hexId, m_request.answer, flight(now)).value_or(true)) {
-        return false;
-    }
-    note(QStringLiteral("an answer later than usual dropped, after a silence"));
-    if (m_tardy != 0 && m_tardy != m_transmissions) {
-        m_usual.forget(m_request.hexId, m_request.answer); // it may have become slower
-    }
-    m_tardy = m_transmissions;
-    m_isUnclean = true;
-    m_hearing.setAside();
-    return true;
-}
-
 void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
 {
     if (flight > m_wait / 2) {
         noteLate(now);
     }
     leaveOutstanding(flight, now);
-    m_isDoubtful = m_isDoubtful &&
-                   !m_usual.isPrompt(m_request.hexId, m_request.answer, flight).value_or(false);
-    if (m_transmissions == 1) {
-        m_usual.add(m_request.hexId, m_request.answer, flight);
-    }
+    m_timing.answered(m_transmissions, flight);
     end(InquiryEnd::Outcome::Answered, answer);
 }
 
@@ -406,11 +367,11 @@ void Inquiry::leaveOutstanding(qint64 flight, qint64 now)
     if (m_transmissions == 1) {
         return;
     }
-    const auto usual = m_usual.of(m_request.hexId, m_request.answer);
-    if (usual && usual->contains(flight)) {
+    const auto isUsual = m_timing.isUsual(flight);
+    if (isUsual == true) {
         return;
     }
-    if (usual) {
+    if (isUsual == false) {
         noteLate(now);
     }
     m_outstanding = m_transmissions - 1;
@@ -428,7 +389,7 @@ void Inquiry::end(InquiryEnd::Outcome outcome, const QByteArray& answer)
 {
     if (outcome == InquiryEnd::Outcome::Silent &&
         (m_role == Role::Poll || m_role == Role::Command)) {
-        m_isDoubtful = true;
+        m_timing.setDoubtful();
     }
     m_state = State::Idle;
     const bool isUnclean = m_isUnclean || m_hearing.hasStrayBytes();

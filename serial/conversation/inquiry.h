@@ -1,7 +1,7 @@
 #pragma once
 
+#include "serial/conversation/answertiming.h"
 #include "serial/conversation/hearing.h"
-#include "serial/conversation/usualtimes.h"
 #include "serial/request.h"
 
 #include <QByteArray>
@@ -88,7 +88,6 @@ private:
 
     qint64 horizon(qint64 now) const;
     qint64 flight(qint64 at) const;
-    bool hasChangedItsTime() const;
     int allowedTransmissions() const;
     void clearLine(qint64 now);
     qint64 freeAt() const;
@@ -98,7 +97,6 @@ private:
     void judgeSingleByte(char byte, qint64 now);
     void hearOutstanding(const QByteArray& bytes, qint64 now);
     void askForQuiet(qint64 now);
-    bool isTardy(qint64 now);
     void windowOver(qint64 now);
     void fail(InquiryEnd::Outcome outcome, qint64 now);
     void answered(const QByteArray& answer, qint64 flight, qint64 now);
@@ -108,7 +106,7 @@ private:
     void note(const QString& text);
 
     const qint64 m_wait;
-    UsualTimes m_usual;
+    AnswerTiming m_timing;
     qint64 m_lateUntil = 0; ///< until then the horizon is the longer one
 
     State m_state = State::Idle;
@@ -121,14 +119,11 @@ private:
     qint64 m_windowEnd = 0;
     qint64 m_windowLimit = 0; ///< a frame that has begun is not waited for beyond it
     qint64 m_acknowledgedAt = 0;
-    int m_untimely = 0; ///< the transmission to which an answer came out of its usual time
-    int m_tardy = 0;    ///< the last transmission after which an answer was dropped as too late
     bool m_isUnclean = false;
 
     int m_outstanding = 0; ///< answers of the former inquiry that may still come
     qint64 m_outstandingUntil = 0;
-    qint64 m_probeUntil = 0;   ///< until then the ACK of a silent probe may come
-    bool m_isDoubtful = false; ///< an answer that never came may be held back somewhere
+    qint64 m_probeUntil = 0; ///< until then the ACK of a silent probe may come
     bool m_needsQuiet = false;
     qint64 m_quietSince = 0;
     qint64 m_quietBound = 0;

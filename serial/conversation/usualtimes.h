@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <limits>
 #include <optional>
 
 /// How long an LDB's answers usually take, by kind. An answer does not say what it answers, but one
@@ -26,12 +27,17 @@ public:
     void add(const QString& hexId, AnswerShape kind, qint64 flight);
 
     /// From the least to the greatest of the last `kRemembered` times, `kMargin` wider each way;
-    /// nothing before the `kNeeded`th.
+    /// nothing before the `kNeeded`th. The least is remembered for longer.
     std::optional<Span> of(const QString& hexId, AnswerShape kind) const;
 
     /// Whether a flight time is no more than `kPrompt` longer than the middle one of those
     /// remembered; nothing before the `kNeeded`th. A single late answer does not move the middle.
     std::optional<bool> isPrompt(const QString& hexId, AnswerShape kind, qint64 flight) const;
+
+    /// An answer with this time was dropped as too soon, and no other one followed: it may have
+    /// been the right one. Two that agree, little below the least and soon after each other, teach.
+    /// One alone does not: an earlier question's answer may have come, and the right one been lost.
+    void suspect(const QString& hexId, AnswerShape kind, qint64 flight);
 
     /// Forgets one LDB's times of a kind.
     void forget(const QString& hexId, AnswerShape kind);
@@ -43,6 +49,12 @@ private:
     /// in eleven would drop a good answer.
     static constexpr int kNeeded = 16;
     static constexpr qint64 kMargin = 3000;
+    /// Adapters that hand bytes over at ticks make times come in steps wider than the margin, and a
+    /// step may be rare: it must be learned though it is dropped at first, and not be forgotten
+    /// soon. Without that a good line loses up to a fifth of its pace.
+    static constexpr int kLeastRemembered = 256;
+    static constexpr qint64 kWidestStep = 20000;
+    static constexpr int kSuspicionLasts = 64; ///< answers
     static constexpr qint64 kPrompt = 20000;
 
     struct Ring
@@ -50,6 +62,12 @@ private:
         std::array<qint64, kRemembered> times{};
         int count = 0;
         int next = 0;
+        /// The least of the current and of the former `kLeastRemembered` times.
+        qint64 least = std::numeric_limits<qint64>::max();
+        qint64 formerLeast = std::numeric_limits<qint64>::max();
+        int sinceFormer = 0;
+        qint64 suspected = 0; ///< 0 for none
+        int sinceSuspected = 0;
     };
     /// Null before the `kNeeded`th.
     const Ring* find(const QString& hexId, AnswerShape kind) const;

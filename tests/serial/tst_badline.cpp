@@ -6,6 +6,7 @@ Q_DECLARE_METATYPE(LineKind)
 
 namespace {
 
+constexpr qint64 kMillisecond = 1000;
 constexpr qint64 kSecond = 1000000;
 constexpr qint64 kMinute = 60 * kSecond;
 
@@ -33,6 +34,7 @@ private slots:
     void scansOnALineThatLoses();
     void tellsALossInTime();
     void overlooksNothingThatTheHostHandsOverLate();
+    void learnsTheStepsOfAnAdapterThatTicks();
 };
 
 void TestBadLine::showsNothingWrong_data()
@@ -128,6 +130,26 @@ void TestBadLine::overlooksNothingThatTheHostHandsOverLate()
         rig.run(10 * kMinute);
         QVERIFY2(rig.tally().wrong == 0 && rig.tally().falseLosses == 0, qPrintable(text(rig)));
         QVERIFY(rig.tally().records > 300);
+    }
+}
+
+void TestBadLine::learnsTheStepsOfAnAdapterThatTicks()
+{
+    for (const int tick : {4, 16}) {
+        LineRig::Setup setup;
+        setup.adapterTick = tick * kMillisecond;
+        LineRig rig(setup);
+        rig.keepEvents();
+        rig.scan();
+        const int atFirst = recordsIn(rig, 10 * kMinute);
+        rig.run(10 * kMinute);
+        rig.takeEvents();
+        const int then = recordsIn(rig, 10 * kMinute);
+        for (const Event& told : rig.takeEvents()) {
+            const auto* line = std::get_if<event::Diagnostic>(&told);
+            QVERIFY2(!line, line ? qPrintable(line->text + "\n" + text(rig)) : "");
+        }
+        QVERIFY2(atFirst > 0.9 * then, qPrintable(QString("%1 of %2").arg(atFirst).arg(then)));
     }
 }
 

@@ -68,8 +68,7 @@ bool LineRig::runUntil(const std::function<bool()>& condition, qint64 microsecon
         m_nextCommand = m_now + m_chance.waiting(static_cast<double>(m_commandEvery));
     }
     while (!condition()) {
-        const qint64 next = std::min(
-            {m_conversation.deadline(), m_nextCommand, m_line.nextArrival(m_setup.together)});
+        const qint64 next = std::min({m_conversation.deadline(), m_nextCommand, nextArrival()});
         if (next > end) {
             m_now = end;
             return condition();
@@ -77,6 +76,22 @@ bool LineRig::runUntil(const std::function<bool()>& condition, qint64 microsecon
         step(std::max(next, m_now));
     }
     return true;
+}
+
+/// When the host next gets something, unless it transmits something.
+qint64 LineRig::nextArrival() const
+{
+    const qint64 arrival = m_line.nextArrival(m_setup.together);
+    const qint64 tick = m_setup.adapterTick;
+    return tick == 0 || arrival == Line::kNever ? arrival : (arrival + tick - 1) / tick * tick;
+}
+
+QByteArray LineRig::takeArrived()
+{
+    if (m_setup.adapterTick > 0 && m_now % m_setup.adapterTick != 0) {
+        return {};
+    }
+    return m_line.takeArrived(m_now);
 }
 
 void LineRig::step(qint64 now)
@@ -89,7 +104,7 @@ void LineRig::step(qint64 now)
                             : Line::kNever;
     }
     const Conversation::Moment moment{now, kWallStart + now / kMicrosecondsPerMillisecond};
-    const QByteArray bytes = m_line.takeArrived(now);
+    const QByteArray bytes = takeArrived();
     if (!bytes.isEmpty()) {
         m_conversation.bytesCame(bytes, moment);
     } else {

@@ -25,6 +25,8 @@ public:
         int answerWaitTime = 1500; ///< ms
         int forgivenMisses = 3;
         int together = 1; ///< bytes that the port hands over at once, at most
+        /// Ticks (µs) at which an adapter hands over what has come since the last; 0: at once.
+        qint64 adapterTick = 0;
     };
     struct Tally
     {
@@ -83,6 +85,8 @@ private:
     };
 
     void step(qint64 now);
+    qint64 nextArrival() const;
+    QByteArray takeArrived();
     void pump();
     void queueSomething();
     void judge(const event::Record& record);
