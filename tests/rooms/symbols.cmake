@@ -1,6 +1,6 @@
-# Looks for symbols of timers, clocks, threads and ports among those that ARCHIVE takes from elsewhere:
-# it must have none but those that MAY matches, and TWIN must have some, or the pattern finds nothing any
-# more. NM.
+# Looks for symbols of timers, clocks, threads and ports among those that ARCHIVE takes from
+# elsewhere: it must have none but those that MAY matches. TWIN must have some, or the pattern finds
+# nothing any more. NM.
 cmake_minimum_required(VERSION 3.16)
 
 string(JOIN "|" pattern
