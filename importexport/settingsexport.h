@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/shared/text.h"
-#include "serial/ldbsettings.h"
-#include "serial/reply.h"
+#include "serial/ldb/ldbsettings.h"
+#include "serial/ldb/reply.h"
 
 #include <QFile>
 #include <QObject>

@@ -1,6 +1,6 @@
 #include "importexport/settingsimport.h"
 
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QFile>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "serial/ldbsettings.h"
-#include "serial/reply.h"
+#include "serial/ldb/ldbsettings.h"
+#include "serial/ldb/reply.h"
 
 #include <QGroupBox>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "serial/conversation/hearing.h"
 
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "tracking/faultfinding/fimtracking.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/sidepanel.h"
 #include "tracking/faultfinding/startquestions.h"

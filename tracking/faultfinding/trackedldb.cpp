@@ -1,6 +1,6 @@
 #include "tracking/faultfinding/trackedldb.h"
 
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/trackingtexts.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "views/lamps/lampcondition.h"
 
-#include "serial/generalinformation.h"
-#include "serial/ldbstatus.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/ldbstatus.h"
 
 #include <QCoreApplication>
 

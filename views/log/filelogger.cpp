@@ -1,6 +1,6 @@
 #include "views/log/filelogger.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QByteArray>
 #include <QDateTime>

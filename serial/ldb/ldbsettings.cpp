@@ -1,0 +1,135 @@
+#include "serial/ldb/ldbsettings.h"
+
+#include "serial/wire/hextext.h"
+
+#include <QTextCodec>
+
+namespace {
+
+// Positions of the fields in a settings answer.
+namespace field {
+constexpr int kAddress = 0;
+constexpr int kFlags = 8;
+constexpr int kFurtherByte = 10;
+constexpr int kAudioMute = 12;
+constexpr int kOpenDetectionDelay = 14;
+constexpr int kName = 18;
+constexpr int kNameDigits = 32;
+constexpr int kNumberOfFims = 52;
+} // namespace field
+
+enum Flag : unsigned
+{
+    GeneralFaultOutput = 1U << 0U,
+    EarthLeakageDetection = 1U << 1U,
+    EarthWireOpenDetection = 1U << 2U,
+    StartInServiceMode = 1U << 3U,
+    AmplifierDetection = 1U << 4U,
+};
+
+constexpr int kByteDigits = 2;
+constexpr int kWordDigits = 4;
+constexpr unsigned kByteBits = 8;
+constexpr int kLongestNoFirmware = 10;
+constexpr int kIdBase = 16;
+
+unsigned flag(bool set, Flag value)
+{
+    return set ? value : 0U;
+}
+
+/// The local 8-bit encoding, or Latin-1 for bytes that are none of it: a name written on another
+/// computer stays readable, and saving the record does not fill it with replacement characters.
+QString zeroTerminated(const QByteArray& bytes)
+{
+    const auto length =
+        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
+    QTextCodec::ConverterState state;
+    const QString text = QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
+    const bool isLocal = state.invalidChars == 0 && state.remainingChars == 0;
+    return isLocal ? text : QString::fromLatin1(bytes.constData(), length);
+}
+
+} // namespace
+
+std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
+{
+    if (answer.size() != kSettingsAnswerLength) {
+        return std::nullopt;
+    }
+    const auto address = hextext::toNumber(answer, field::kAddress, kByteDigits);
+    const auto flags = hextext::toNumber(answer, field::kFlags, kByteDigits);
+    const auto furtherByte = hextext::toNumber(answer, field::kFurtherByte, kByteDigits);
+    const auto audioMute = hextext::toNumber(answer, field::kAudioMute, kByteDigits);
+    const auto delay = hextext::toSwappedWord(answer, field::kOpenDetectionDelay);
+    const QByteArray name = answer.mid(field::kName, field::kNameDigits);
+    const auto numberOfFims = hextext::toSwappedWord(answer, field::kNumberOfFims);
+    if (!address || !flags || !furtherByte || !audioMute || !delay || !numberOfFims ||
+        !hextext::isHexPairs(name)) {
+        return std::nullopt;
+    }
+    LdbSettings settings;
+    settings.address = static_cast<int>(*address);
+    settings.name = zeroTerminated(QByteArray::fromHex(name));
+    settings.generalFaultOutput = (*flags & GeneralFaultOutput) != 0;
+    settings.earthLeakageDetection = (*flags & EarthLeakageDetection) != 0;
+    settings.earthWireOpenDetection = (*flags & EarthWireOpenDetection) != 0;
+    settings.startInServiceMode = (*flags & StartInServiceMode) != 0;
+    settings.amplifierDetection = (*flags & AmplifierDetection) != 0;
+    settings.audioMute = *audioMute != 0;
+    settings.openDetectionDelay = *delay;
+    settings.numberOfFims = *numberOfFims;
+    settings.furtherByte = static_cast<quint8>(*furtherByte);
+    return settings;
+}
+
+std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer, const QString& hexId)
+{
+    const auto settings = decodeLdbSettings(answer);
+    const bool isOwn = settings && settings->address == hexId.toInt(nullptr, kIdBase);
+    return isOwn ? settings : std::nullopt;
+}
+
+std::optional<QString> decodeFirmwareId(const QByteArray& answer)
+{
+    if (answer.size() <= kLongestNoFirmware || !hextext::isHexPairs(answer)) {
+        return std::nullopt;
+    }
+    const QByteArray bytes = QByteArray::fromHex(answer);
+    if (bytes.contains('\0')) {
+        return std::nullopt;
+    }
+    return QString::fromLatin1(bytes);
+}
+
+bool isStorableName(const QString& name)
+{
+    return !name.contains(QChar::Null) && QTextCodec::codecForLocale()->canEncode(name) &&
+           name.toLocal8Bit().size() <= kMaxNameBytes;
+}
+
+QByteArray encodeName(const QString& name)
+{
+    return hextext::fromBytes(name.toLocal8Bit());
+}
+
+QByteArray encodeFlags(const LdbSettings& settings)
+{
+    return hextext::fromNumber(flag(settings.generalFaultOutput, GeneralFaultOutput) |
+                                   flag(settings.earthLeakageDetection, EarthLeakageDetection) |
+                                   flag(settings.earthWireOpenDetection, EarthWireOpenDetection) |
+                                   flag(settings.startInServiceMode, StartInServiceMode) |
+                                   flag(settings.amplifierDetection, AmplifierDetection),
+                               kByteDigits);
+}
+
+QByteArray encodeAudioMute(bool muted)
+{
+    return hextext::fromNumber(muted ? 1U : 0U, kByteDigits);
+}
+
+QByteArray encodeSwappedWord(quint16 value)
+{
+    const unsigned word = value;
+    return hextext::fromNumber((word << kByteBits) | (word >> kByteBits), kWordDigits);
+}
