@@ -1,5 +1,7 @@
 #include "serial/generalinformation.h"
 
+#include "serial/busaddress.h"
+
 #include <QCoreApplication>
 
 namespace generalinformation {
@@ -76,7 +78,7 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
 {
     QList<QStringList> rows;
     rows.reserve(RowCount);
-    rows << codeRow(hexId, hexId.toInt(nullptr, 16)) << QStringList{deviceName, kNameValue}
+    rows << codeRow(hexId, busaddress::fromHexId(hexId)) << QStringList{deviceName, kNameValue}
          << codeRow(ldbStateText(status.state), static_cast<int>(status.state))
          << codeRow(ldbLoopStateText(status.loopState()), static_cast<int>(status.loopState()))
          << portRows(status.primaryPortShort, status.primaryVoltage, status.primaryAuxiliary,

@@ -1,5 +1,6 @@
 #include "views/log/filelogger.h"
 
+#include "serial/busaddress.h"
 #include "serial/generalinformation.h"
 
 #include <QByteArray>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr QLatin1Char kSeparator(';');
 constexpr QLatin1Char kLineEnd('\n');
-constexpr int kHexBase = 16;
 
 // In the order of the rows.
 constexpr const char* kHeaderTexts[] = {
@@ -149,7 +149,7 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
         }
     }
     const std::optional<qint64> seconds = secondsOf(dataList.last().value(TextColumn));
-    if (m_period.admits(hexId.toInt(nullptr, kHexBase), seconds, m_interval)) {
+    if (m_period.admits(busaddress::fromHexId(hexId), seconds, m_interval)) {
         write(dataLine(dataList));
     }
 }
