@@ -951,6 +951,10 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>LDB %1: %2</source>
         <translation>LDB %1&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>LDB %1 did not answer: its settings are not known</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LdbStatus</name>

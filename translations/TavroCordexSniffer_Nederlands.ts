@@ -951,6 +951,10 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>LDB %1: %2</source>
         <translation>LDB %1: %2</translation>
     </message>
+    <message>
+        <source>LDB %1 did not answer: its settings are not known</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LdbStatus</name>

@@ -17,11 +17,6 @@ constexpr int kPlaceholderRole = Qt::UserRole + 1;
 constexpr Qt::GlobalColor kBackground = Qt::lightGray;
 constexpr Qt::GlobalColor kForeground = Qt::black;
 
-QVariant storedValue(const QString& key, const QVariant& defaultValue)
-{
-    return userSettings().value(key, defaultValue);
-}
-
 void store(const QString& key, const QVariant& value)
 {
     QSettings settings = userSettings();
@@ -34,12 +29,12 @@ void store(const QString& key, const QVariant& value)
 
 QString storedPort()
 {
-    return storedValue(constants::kComPortKey, QString()).toString();
+    return userSettings().value(constants::kComPortKey, QString()).toString();
 }
 
 QString storedLanguage()
 {
-    return storedValue(constants::kLanguageKey, constants::kDefaultLanguage).toString();
+    return userSettings().value(constants::kLanguageKey, constants::kDefaultLanguage).toString();
 }
 
 void addPlaceholder(QComboBox* box, const QString& text)
@@ -184,7 +179,7 @@ void SettingsMenu::loadChoices()
     fillPorts();
     fillLanguages();
     m_ui->soundWarningsCheckBox->setChecked(
-        storedValue(constants::kAudioWarningsKey, false).toBool());
+        userSettings().value(constants::kAudioWarningsKey, false).toBool());
 }
 
 void SettingsMenu::fillPorts()

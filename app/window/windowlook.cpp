@@ -14,15 +14,26 @@
 #include <QStyle>
 #include <QToolBox>
 
+#include <array>
+
 namespace windowlook {
 
 namespace {
 
-void loadSplitter(const QSettings& settings, const QString& key, QSplitter* splitter)
+struct KeptSplitter
 {
-    if (settings.contains(key)) {
-        splitter->restoreState(settings.value(key).toByteArray());
-    }
+    QString key;
+    QSplitter* splitter;
+};
+
+std::array<KeptSplitter, 3> splittersOf(const QMainWindow* window)
+{
+    const auto kept = [window](const QString& key, const char* name) {
+        return KeptSplitter{key, window->findChild<QSplitter*>(QLatin1String(name))};
+    };
+    return {kept(constants::kOverviewPlotSplitterKey, "deviceOverviewAndPlotSplitter"),
+            kept(constants::kLeftRightSplitterKey, "leftAndRightSplitter"),
+            kept(constants::kPlotDetailSplitterKey, "plotAndDetailSplitter")};
 }
 
 /// The form's size is that of a small laptop's whole screen; a panel or dock may leave less.
@@ -39,12 +50,9 @@ void loadPlace(const QSettings& settings, QMainWindow* window)
         fitToScreen(window);
         return;
     }
-    if (settings.contains(constants::kWindowGeometryKey)) {
-        window->restoreGeometry(settings.value(constants::kWindowGeometryKey).toByteArray());
-    }
-    if (settings.contains(constants::kWindowStateKey)) {
-        window->restoreState(settings.value(constants::kWindowStateKey).toByteArray());
-    }
+    // What is missing is an empty state, which changes nothing.
+    window->restoreGeometry(settings.value(constants::kWindowGeometryKey).toByteArray());
+    window->restoreState(settings.value(constants::kWindowStateKey).toByteArray());
 }
 
 } // namespace
@@ -82,24 +90,24 @@ QRect desktopGeometry()
     return QGuiApplication::primaryScreen()->virtualGeometry();
 }
 
-void save(const Layout& layout)
+void save(const QMainWindow* window)
 {
     QSettings settings = userSettings();
-    settings.setValue(constants::kWindowGeometryKey, layout.window->saveGeometry());
-    settings.setValue(constants::kWindowStateKey, layout.window->saveState());
+    settings.setValue(constants::kWindowGeometryKey, window->saveGeometry());
+    settings.setValue(constants::kWindowStateKey, window->saveState());
     settings.setValue(constants::kScreenGeometryKey, desktopGeometry());
-    settings.setValue(constants::kOverviewPlotSplitterKey, layout.overviewAndPlot->saveState());
-    settings.setValue(constants::kLeftRightSplitterKey, layout.leftAndRight->saveState());
-    settings.setValue(constants::kPlotDetailSplitterKey, layout.plotAndDetail->saveState());
+    for (const auto& [key, splitter] : splittersOf(window)) {
+        settings.setValue(key, splitter->saveState());
+    }
 }
 
-void load(const Layout& layout)
+void load(QMainWindow* window)
 {
     const QSettings settings = userSettings();
-    loadPlace(settings, layout.window);
-    loadSplitter(settings, constants::kOverviewPlotSplitterKey, layout.overviewAndPlot);
-    loadSplitter(settings, constants::kLeftRightSplitterKey, layout.leftAndRight);
-    loadSplitter(settings, constants::kPlotDetailSplitterKey, layout.plotAndDetail);
+    loadPlace(settings, window);
+    for (const auto& [key, splitter] : splittersOf(window)) {
+        splitter->restoreState(settings.value(key).toByteArray());
+    }
 }
 
 } // namespace windowlook

@@ -3,7 +3,6 @@
 class QLabel;
 class QMainWindow;
 class QRect;
-class QSplitter;
 class QToolBox;
 class QWidget;
 
@@ -18,23 +17,15 @@ void makeGrey(QWidget* panel);
 /// The same, with the tool box's own tabs.
 void makeGrey(QToolBox* toolBox);
 
-/// The layout that is kept. Nothing here is owned.
-struct Layout
-{
-    QMainWindow* window = nullptr;
-    QSplitter* leftAndRight = nullptr;
-    QSplitter* overviewAndPlot = nullptr;
-    QSplitter* plotAndDetail = nullptr;
-};
-
 /// The rectangle around all screens.
 QRect desktopGeometry();
 
-void save(const Layout& layout);
+/// Keeps the window's place and its splitters.
+void save(const QMainWindow* window);
 
 /// Gives back what was kept. The window's own place only when the screens stand as they did, so
 /// that it never opens where no screen is (otherwise it is made to fit the screen); the splitters
 /// always.
-void load(const Layout& layout);
+void load(QMainWindow* window);
 
 } // namespace windowlook

@@ -86,8 +86,10 @@ void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
     desk.editor->setSelectedLdb(kLdb);
     desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
     for (const bool saveAllowed : {false, true}) {
-        desk.editor->setSaveAllowed(saveAllowed);
-        desk.editor->setUndoAllowed(!saveAllowed);
+        EnabledControls controls;
+        controls.outsideService = saveAllowed;
+        controls.singleActions = !saveAllowed;
+        desk.editor->apply(controls);
         QCOMPARE(desk.save()->isEnabled(), saveAllowed);
         QCOMPARE(desk.defaults()->isEnabled(), saveAllowed);
         QCOMPARE(desk.undo()->isEnabled(), !saveAllowed);

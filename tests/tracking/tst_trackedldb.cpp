@@ -5,8 +5,8 @@
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 
-using Command = TrackedLdb::Command;
-using Answer = TrackedLdb::Answer;
+using Command = TrackingCommand;
+using Answer = Reply::Kind;
 
 Q_DECLARE_METATYPE(Answer)
 
@@ -18,7 +18,7 @@ struct Bench
     Bench() { bus.scan(*link); }
     void send(Command command)
     {
-        ldb->send(command, &context, [this](Answer answer) { answers.append(answer); });
+        ldb->send(command, &context, [this](const Reply& reply) { answers.append(reply.kind()); });
     }
 
     Sandbox sandbox;
@@ -105,7 +105,7 @@ void TestTrackedLdb::connectionLost()
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
 }
 
 void TestTrackedLdb::linkMayDieFirst()
@@ -115,7 +115,7 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
     bench.send(Command::EndAudioMute);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
+    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
 }
 
 REGISTER_TEST(TestTrackedLdb, InVirtualTime<QCoreApplication>)

@@ -33,7 +33,7 @@ struct Bench
                              run.processRecord(rows, ldb.now());
                          });
         QObject::connect(&run, &TrackingRun::commandDue, &run, [this](TrackingCommand due) {
-            ldb.send(due, &run, [](TrackedLdb::Answer) {});
+            ldb.send(due, &run, [](const Reply&) {});
         });
         QObject::connect(&run, &TrackingRun::resultsReady, &run, [this](int count, LoopResult end) {
             total = count;

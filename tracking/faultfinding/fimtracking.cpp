@@ -1,5 +1,6 @@
 #include "tracking/faultfinding/fimtracking.h"
 
+#include "app/notices/messagebox.h"
 #include "serial/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/sidepanel.h"
@@ -12,7 +13,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
 
@@ -336,8 +336,9 @@ void FimTracking::processFault(const FaultReport& report)
         }
     }
     m_report->faults.append(report);
-    QTimer::singleShot(
-        0, this, [this, message = trackingtexts::fault(report)] { showErrorMessage(message); });
+    QTimer::singleShot(0, this, [this, report] {
+        showErrorMessage([report] { return trackingtexts::fault(report); });
+    });
 }
 
 void FimTracking::showResults(int totalFimCount, LoopResult result)
@@ -374,25 +375,23 @@ void FimTracking::on_copyReportButton_clicked()
 
 void FimTracking::showSideAudioAlarm(int ldbPort)
 {
-    QMessageBox* box =
-        showErrorMessage(trackingtexts::sideAlarm(ldbPort, m_run.counter().sideResult(ldbPort)));
-    if (!box) {
-        return;
+    const SideEnd end = m_run.counter().sideResult(ldbPort);
+    if (const auto* box =
+            showErrorMessage([ldbPort, end] { return trackingtexts::sideAlarm(ldbPort, end); })) {
+        m_alarmSound->soundWhileOpen(box);
+        QApplication::alert(this);
     }
-    m_alarmSound->soundWhileOpen(box);
-    QApplication::alert(this);
 }
 
-QMessageBox* FimTracking::showErrorMessage(const QString& message)
+MessageBox* FimTracking::showErrorMessage(const Text& message)
 {
     if (!isVisible()) {
         return nullptr; // closed since
     }
-    auto* box =
-        new QMessageBox(QMessageBox::Warning, tr("Attention"), message, QMessageBox::Ok, this);
+    MessageBox* box = MessageBox::tell(this, QMessageBox::Warning, [message] {
+        return BoxText{tr("Attention"), message()};
+    });
     box->setStyleSheet(QStringLiteral("QLabel { font-size: 20px; }")); // read from a distance
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
     return box;
 }
 
@@ -409,9 +408,9 @@ void FimTracking::sendCommand(TrackingCommand command)
         m_audioMuted = true;
         m_ui->zoomButton->setEnabled(true);
     }
-    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](TrackedLdb::Answer answer) {
-        if (answer != TrackedLdb::Answer::Accepted) {
-            processFailure(runNumber, command, answer == TrackedLdb::Answer::Refused);
+    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](const Reply& reply) {
+        if (!reply.isAccepted()) {
+            processFailure(runNumber, command, reply.kind() == Reply::Kind::Refused);
         }
     });
 }

@@ -1,42 +1,27 @@
 #include "tracking/faultfinding/trackedldb.h"
 
+#include "app/notices/messagebox.h"
 #include "serial/seriallink.h"
 #include "tracking/faultfinding/trackingtexts.h"
 
 #include <QCoreApplication>
 #include <QDebug>
-#include <QMessageBox>
 
 #include <utility>
 
 namespace {
 
-TrackedLdb::Answer meaning(const Reply& reply)
-{
-    switch (reply.kind()) {
-    case Reply::Kind::Accepted:
-        return TrackedLdb::Answer::Accepted;
-    case Reply::Kind::Refused:
-    case Reply::Kind::Answered:
-        return TrackedLdb::Answer::Refused;
-    case Reply::Kind::Silent:
-    case Reply::Kind::Unsent:
-        break;
-    }
-    return TrackedLdb::Answer::None;
-}
-
-std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
+std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackingCommand command)
 {
     switch (command) {
-    case TrackedLdb::Command::FactoryReset:
+    case TrackingCommand::FactoryReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::FactoryReset);
-    case TrackedLdb::Command::LdbReset:
+    case TrackingCommand::LdbReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::LdbReset);
-    case TrackedLdb::Command::MuteAudio:
+    case TrackingCommand::MuteAudio:
         return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute,
                                                encodeAudioMute(true));
-    case TrackedLdb::Command::EndAudioMute:
+    case TrackingCommand::EndAudioMute:
         break;
     }
     return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute, encodeAudioMute(false));
@@ -55,17 +40,15 @@ public:
     }
     ~AudioMuteEnd() override
     {
-        finish(TrackedLdb::Answer::None); // the program ends before the reply has come
+        finish(false); // the program ends before the reply has come
     }
-    AudioMuteEnd(const AudioMuteEnd&) = delete;
-    AudioMuteEnd& operator=(const AudioMuteEnd&) = delete;
 
-    void finish(TrackedLdb::Answer answer)
+    void finish(bool isEnded)
     {
         if (std::exchange(m_finished, true)) {
             return;
         }
-        if (answer != TrackedLdb::Answer::Accepted && m_wasMuted) {
+        if (!isEnded && m_wasMuted) {
             tellStillMuted();
         }
         deleteLater();
@@ -78,12 +61,13 @@ private:
         if (!m_boxParent || !m_boxParent->isVisible()) {
             return; // the program is closing
         }
-        auto* box = new QMessageBox(
-            QMessageBox::Warning, QCoreApplication::translate("FimTracking", "Attention"),
-            trackingtexts::staysMuted(m_ldb->hexId()), QMessageBox::Ok, m_boxParent);
-        box->setObjectName(QStringLiteral("stillMutedBox"));
-        box->setAttribute(Qt::WA_DeleteOnClose);
-        box->open();
+        MessageBox::tell(
+            m_boxParent, QMessageBox::Warning,
+            [hexId = m_ldb->hexId()] {
+                return BoxText{QCoreApplication::translate("FimTracking", "Attention"),
+                               trackingtexts::staysMuted(hexId)};
+            },
+            QStringLiteral("stillMutedBox"));
     }
 
     const std::shared_ptr<TrackedLdb> m_ldb;
@@ -100,32 +84,33 @@ TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
 {
 }
 
-void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
+void TrackedLdb::send(TrackingCommand command, QObject* context, ReplyFunction replied)
 {
-    const bool isMute = command == Command::MuteAudio || command == Command::EndAudioMute;
+    const bool isMute =
+        command == TrackingCommand::MuteAudio || command == TrackingCommand::EndAudioMute;
     ask(createCommand(m_hexId, command), context,
-        [this, command, context, isMute, answered = std::move(answered)](const Reply& reply) {
+        [this, command, context, isMute, replied = std::move(replied)](const Reply& reply) {
             if (isMute && reply.kind() == Reply::Kind::Silent) {
-                readMute(command == Command::MuteAudio, context, answered);
+                readMute(command == TrackingCommand::MuteAudio, context, replied);
             } else {
-                answered(meaning(reply));
+                replied(reply);
             }
         });
 }
 
 /// Reads whether the mute is as wanted: the LDB may have obeyed, and its acknowledgement be lost.
-void TrackedLdb::readMute(bool wanted, QObject* context, const AnswerFunction& answered)
+void TrackedLdb::readMute(bool wanted, QObject* context, const ReplyFunction& replied)
 {
     ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), context,
-        [hexId = m_hexId, wanted, answered](const Reply& reply) {
+        [hexId = m_hexId, wanted, replied](const Reply& reply) {
             const auto settings = decodeLdbSettings(reply.answer(), hexId);
             const bool isObeyed = settings && settings->audioMute == wanted;
-            answered(isObeyed ? Answer::Accepted : Answer::None);
+            replied(Reply(isObeyed ? QByteArray(1, framecodec::kAck) : QByteArray()));
         });
 }
 
 void TrackedLdb::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
-                     std::function<void(const Reply&)> function)
+                     ReplyFunction function)
 {
     command->addObserver(
         std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
@@ -165,6 +150,6 @@ void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent)
 {
     auto* end = new AudioMuteEnd(ldb, wasMuted, boxParent);
-    ldb->send(TrackedLdb::Command::EndAudioMute, end,
-              [end](TrackedLdb::Answer answer) { end->finish(answer); });
+    ldb->send(TrackingCommand::EndAudioMute, end,
+              [end](const Reply& reply) { end->finish(reply.isAccepted()); });
 }

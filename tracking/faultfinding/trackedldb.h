@@ -20,23 +20,16 @@ class TrackedLdb : public QObject
 {
     Q_OBJECT
 public:
-    using Command = TrackingCommand;
-    enum class Answer
-    {
-        Accepted,
-        Refused,
-        None ///< the LDB said nothing, or the command was never sent
-    };
-    using AnswerFunction = std::function<void(Answer)>;
+    using ReplyFunction = std::function<void(const Reply&)>;
 
     explicit TrackedLdb(const QString& hexId, QObject* parent = nullptr);
 
     QString hexId() const { return m_hexId; }
 
-    /// Sends a command; a mute that nothing came back to is read back. `answered` is called from
-    /// the event loop, exactly once, unless `context` dies before; also without a connection. This
-    /// object lives as long as `context`.
-    void send(Command command, QObject* context, AnswerFunction answered);
+    /// Sends a command. `replied` is called from the event loop, exactly once, unless `context`
+    /// dies before; also without a connection. A mute that nothing came back to is read back: it
+    /// counts as accepted where the LDB has it. This object lives as long as `context`.
+    void send(TrackingCommand command, QObject* context, ReplyFunction replied);
 
     /// The time for the run: ms on a clock that never goes back.
     virtual qint64 now() const = 0;
@@ -55,9 +48,8 @@ protected:
     virtual void post(std::unique_ptr<ISerialCommand> command) = 0;
 
 private:
-    void readMute(bool wanted, QObject* context, const AnswerFunction& answered);
-    void ask(std::unique_ptr<ISerialCommand> command, QObject* context,
-             std::function<void(const Reply&)> function);
+    void readMute(bool wanted, QObject* context, const ReplyFunction& replied);
+    void ask(std::unique_ptr<ISerialCommand> command, QObject* context, ReplyFunction function);
 
     const QString m_hexId;
 };

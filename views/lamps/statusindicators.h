@@ -71,7 +71,6 @@ private:
     void setBlink(Lamp lamp, Blink blink);
     void paint(Blink blink, bool lit);
     void describe(Lamp lamp);
-    QString meaning(Lamp lamp, Blink blink) const;
 
     BusCondition m_condition;
     std::array<Indicator, kLamps.size()> m_indicators;

@@ -88,11 +88,6 @@ void LogPeriod::open(int id, std::optional<qint64> time)
     m_loggedIds = {id};
 }
 
-FileLogger::FileLogger(QObject* parent)
-    : QObject(parent)
-{
-}
-
 bool FileLogger::startStop(bool start)
 {
     Q_ASSERT(QThread::currentThread() == thread());

@@ -60,7 +60,7 @@ public:
         LogAll = 1
     };
 
-    explicit FileLogger(QObject* parent = nullptr);
+    using QObject::QObject;
 
     bool isLogging() const { return m_enabled; }
     /// Why the last start or write failed, as the system says it.
