@@ -32,18 +32,6 @@ constexpr int kWordDigits = 4;
 constexpr unsigned kByteBits = 8;
 constexpr int kLongestNoFirmware = 10;
 
-/// The local 8-bit encoding, or Latin-1 for bytes that are none of it: a name written on another
-/// computer stays readable, and saving the record does not fill it with replacement characters.
-QString zeroTerminated(const QByteArray& bytes)
-{
-    const auto length =
-        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
-    QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
-    const bool isLocal = state.invalidChars == 0 && state.remainingChars == 0;
-    return isLocal ? text : QString::fromLatin1(bytes.constData(), length);
-}
-
 } // namespace
 
 std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
@@ -64,7 +52,9 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
     }
     LdbSettings settings;
     settings.address = static_cast<int>(*address);
-    settings.name = zeroTerminated(QByteArray::fromHex(name));
+    // A name written on a computer of another encoding stays readable, and saving the record does
+    // not fill it with replacement characters.
+    settings.name = hextext::decoded(QByteArray::fromHex(name), QTextCodec::codecForLocale());
     for (unsigned bit = 0; bit < std::size(kFlags); ++bit) {
         settings.*kFlags[bit] = (*flags >> bit & 1U) != 0;
     }

@@ -126,24 +126,16 @@ constexpr CodeText kLoopTexts[] = {
     {42, QT_TRANSLATE_NOOP("LdbStatus", "Short(memory) + Open(memory) + DC Leakage(memory)")},
 };
 
-// Unlike the loop, a field that is present and remembered at once reads as if it were neither.
 constexpr CodeText kEarthTexts[] = {
     {0, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
     {1, QT_TRANSLATE_NOOP("LdbStatus", "Open")},
     {2, QT_TRANSLATE_NOOP("LdbStatus", "Open(memory)")},
-    {3, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
     {4, QT_TRANSLATE_NOOP("LdbStatus", "Leakage")},
     {5, QT_TRANSLATE_NOOP("LdbStatus", "Leakage + Open")},
     {6, QT_TRANSLATE_NOOP("LdbStatus", "Leakage + Open(memory)")},
-    {7, QT_TRANSLATE_NOOP("LdbStatus", "Leakage")},
     {8, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory)")},
     {9, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory) + Open")},
     {10, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory) + Open(memory)")},
-    {11, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory)")},
-    {12, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
-    {13, QT_TRANSLATE_NOOP("LdbStatus", "Open")},
-    {14, QT_TRANSLATE_NOOP("LdbStatus", "Open(memory)")},
-    {15, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
 };
 
 constexpr CodeText kAmplifierTexts[] = {
@@ -156,13 +148,39 @@ constexpr CodeText kAmplifierTexts[] = {
 
 constexpr char kUnknownText[] = QT_TRANSLATE_NOOP("LdbStatus", "Unknown");
 
+/// Null where the code has none.
 template <std::size_t Count>
-QString textOf(const CodeText (&texts)[Count], int code)
+const char* findText(const CodeText (&texts)[Count], int code)
 {
     const auto* found = std::find_if(std::begin(texts), std::end(texts),
                                      [code](const CodeText& entry) { return entry.code == code; });
-    return QCoreApplication::translate(kContext,
-                                       found == std::end(texts) ? kUnknownText : found->text);
+    return found == std::end(texts) ? nullptr : found->text;
+}
+
+template <std::size_t Count>
+QString textOf(const CodeText (&texts)[Count], int code)
+{
+    const char* text = findText(texts, code);
+    return QCoreApplication::translate(kContext, text != nullptr ? text : kUnknownText);
+}
+
+// Of the loop's flags; the earth's are the first two.
+constexpr int kPresentFaults = 1 | 4 | 16;
+constexpr int kLeakageField = 16 | 32;
+
+FaultLevel levelOf(int code)
+{
+    const FaultLevel level = (code & kPresentFaults) != 0 ? FaultLevel::Major : FaultLevel::Minor;
+    return code == 0 ? FaultLevel::None : level;
+}
+
+/// Unlike the loop, a field that is present and remembered at once reads as if it were neither.
+int earthFields(int code)
+{
+    for (const int both : {3, 12}) {
+        code = (code & both) == both ? code & ~both : code;
+    }
+    return code;
 }
 
 } // namespace
@@ -244,10 +262,49 @@ QString ldbLoopStateText(LdbLoopState state)
 
 QString ldbEarthStateText(LdbEarthState state)
 {
-    return textOf(kEarthTexts, static_cast<int>(state));
+    return textOf(kEarthTexts, earthFields(static_cast<int>(state)));
 }
 
 QString ldbAmplifierText(int amplifier)
 {
     return textOf(kAmplifierTexts, amplifier);
+}
+
+FaultLevel ldbLoopFault(int code)
+{
+    constexpr int kOpenPresentAndRemembered = 3; // has no text, and counts as remembered
+    if (code == kOpenPresentAndRemembered) {
+        return FaultLevel::Minor;
+    }
+    return findText(kLoopTexts, code) != nullptr ? levelOf(code) : FaultLevel::None;
+}
+
+FaultLevel ldbEarthFault(int code)
+{
+    const int fields = earthFields(code);
+    return findText(kEarthTexts, fields) != nullptr ? levelOf(fields) : FaultLevel::None;
+}
+
+FaultLevel ldbAmplifierFault(int code)
+{
+    switch (static_cast<LdbAmplifierState>(code)) {
+    case LdbAmplifierState::Disconnected:
+        return FaultLevel::Major;
+    case LdbAmplifierState::Reconnected:
+        return FaultLevel::Minor;
+    default:
+        return FaultLevel::None;
+    }
+}
+
+bool isEarthLeakage(LdbEarthState state)
+{
+    return state >= LdbEarthState::Leakage && state < LdbEarthState::LeakageMemory;
+}
+
+bool isLoopDcLeakage(LdbLoopState state)
+{
+    const int code = static_cast<int>(state);
+    return findText(kLoopTexts, code) != nullptr &&
+           (code & kLeakageField) == static_cast<int>(LdbLoopState::DcLeakage);
 }

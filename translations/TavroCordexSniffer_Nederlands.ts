@@ -953,7 +953,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB %1 heeft niet geantwoord: de instellingen zijn niet bekend</translation>
     </message>
 </context>
 <context>

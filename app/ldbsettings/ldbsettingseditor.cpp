@@ -148,11 +148,6 @@ void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
     ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
 }
 
-bool LdbSettingsEditor::isSaving() const
-{
-    return m_writer && m_writer->isWriting();
-}
-
 void LdbSettingsEditor::processWritten()
 {
     updateEnabled();

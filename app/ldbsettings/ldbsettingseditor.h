@@ -75,7 +75,7 @@ private:
     };
 
     void initFlagBoxes();
-    bool isSaving() const;
+    bool isSaving() const { return m_writer && m_writer->isWriting(); }
     void processWritten();
     void processSaved();
     void tellOutcome();

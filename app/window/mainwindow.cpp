@@ -5,6 +5,7 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/shared/colours.h"
 #include "app/shared/constants.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
@@ -117,7 +118,7 @@ void MainWindow::initPanels()
 {
     m_ui->logTab->setNotices(m_notices.get());
     connect(m_ui->logTab, &LogPanel::loggingChanged, this, [this](bool logging) {
-        const QIcon mark = logging ? lampimage::draw(lampimage::kOrangered) : QPixmap();
+        const QIcon mark = logging ? lampimage::draw(colours::kOrangered) : QPixmap();
         m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), mark);
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());

@@ -8,11 +8,6 @@ void PollSchedule::clear()
     restart();
 }
 
-void PollSchedule::add(const QString& hexId)
-{
-    m_found.append(hexId);
-}
-
 void PollSchedule::remove(const QString& hexId)
 {
     const int position = m_found.indexOf(hexId);
@@ -81,9 +76,4 @@ void PollSchedule::markLost(const QString& hexId)
     if (!isLost(hexId)) {
         m_lost.append(hexId);
     }
-}
-
-void PollSchedule::markPresent(const QString& hexId)
-{
-    m_lost.removeAll(hexId);
 }

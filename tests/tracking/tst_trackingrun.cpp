@@ -255,9 +255,9 @@ void TestTrackingRun::faultStates()
     const QList<int> earth{4, 5, 6, 7};
     const QList<int> loop{16, 17, 18, 20, 22, 24, 25, 26};
     for (int code = 0; code < 128; ++code) {
-        QCOMPARE(TrackingRun::isEarthLeakage(static_cast<LdbEarthState>(code)),
+        QCOMPARE(isEarthLeakage(static_cast<LdbEarthState>(code)),
                  earth.contains(code));
-        QCOMPARE(TrackingRun::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
+        QCOMPARE(isLoopDcLeakage(static_cast<LdbLoopState>(code)),
                  loop.contains(code));
     }
 }

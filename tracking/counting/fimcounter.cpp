@@ -38,17 +38,9 @@ bool isOpenState(LdbLoopState state, int openFlag)
 }
 
 /// Whether a side that ends in this state is connected: nothing is open or shorted now.
-bool isConnectedState(int state)
+bool isConnectedState(LdbLoopState state)
 {
-    constexpr int kBothMemories = kShortMemory | kOpenMemory;
-    constexpr int kStates[] = {flag(LdbLoopState::Ok),
-                               kOpenMemory,
-                               kBothMemories,
-                               kOpenMemory | kDcLeakage,
-                               kBothMemories | kDcLeakage,
-                               kOpenMemory | kDcLeakageMemory,
-                               kBothMemories | kDcLeakageMemory};
-    return std::find(std::begin(kStates), std::end(kStates), state) != std::end(kStates);
+    return state == LdbLoopState::Ok || isOpenState(state, kOpenMemory);
 }
 
 } // namespace
@@ -118,7 +110,7 @@ void FimCounter::reset()
     m_primaryShortSeen = false;
     m_trackingArmed = false;
     m_firstShortSide.reset();
-    m_loopState = 0;
+    m_loopState = LdbLoopState::Ok;
 }
 
 void FimCounter::stopAllTimers()
@@ -149,21 +141,6 @@ void FimCounter::advance(qint64 now)
         }
     }
     m_now = now;
-}
-
-bool FimCounter::isSideTracked(int ldbPort) const
-{
-    return ldbPort == PrimaryPort || m_secondarySideTracked;
-}
-
-bool FimCounter::isSideCounting(int ldbPort) const
-{
-    return isSideTracked(ldbPort) && !m_sides[ldbPort].sideFinished;
-}
-
-bool FimCounter::isOver() const
-{
-    return !isSideCounting(PrimaryPort) && !isSideCounting(SecondaryPort);
 }
 
 std::optional<int> FimCounter::faultPosition(int ldbPort) const
@@ -413,9 +390,4 @@ void FimCounter::correctOpen(const Side& side)
     if (siderules::kOpenTakesRememberedShort[port] && m_primaryShortSeen) {
         decreaseCount(port);
     }
-}
-
-bool FimCounter::wasOtherShortedFirst(const Side& side) const
-{
-    return m_firstShortSide == otherPort(side.ldbPort);
 }

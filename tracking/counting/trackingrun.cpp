@@ -12,11 +12,6 @@ constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kStartTrackingDelay = 15000;
 constexpr int kFactoryResetRepetitions = 2;
 
-constexpr int flag(LdbLoopState state)
-{
-    return static_cast<int>(state);
-}
-
 } // namespace
 
 TrackingRun::TrackingRun(const TrackingThresholds& thresholds, QObject* parent)
@@ -124,11 +119,6 @@ void TrackingRun::processRecord(const QList<QStringList>& dataList, qint64 now)
     if (processLdbState(state) && isActive()) {
         processCounting(dataList);
     }
-}
-
-void TrackingRun::doubtFactoryReset(bool isRefused)
-{
-    m_doubt = isRefused ? Doubt::Refused : Doubt::Silent;
 }
 
 void TrackingRun::resolveDoubt(LdbState state)
@@ -266,24 +256,6 @@ bool TrackingRun::processLoopLeakageFault(LdbLoopState loopState)
     m_loopLeakageReported = true;
     emit faultReported(faultNow(FaultReport::Kind::LoopDcLeakage));
     return true;
-}
-
-bool TrackingRun::isEarthLeakage(LdbEarthState state)
-{
-    constexpr int kFirst = static_cast<int>(LdbEarthState::Leakage);
-    constexpr int kLast = static_cast<int>(LdbEarthState::LeakageMemory) - 1;
-    const int code = static_cast<int>(state);
-    return code >= kFirst && code <= kLast;
-}
-
-bool TrackingRun::isLoopDcLeakage(LdbLoopState state)
-{
-    constexpr int kLeakage = flag(LdbLoopState::DcLeakage);
-    const int withoutShortMemory = flag(state) & ~flag(LdbLoopState::ShortMemory);
-    const int withoutOpenMemory = flag(state) & ~flag(LdbLoopState::OpenMemory);
-    return (withoutShortMemory >= kLeakage &&
-            withoutShortMemory <= kLeakage + flag(LdbLoopState::OpenMemory)) ||
-           withoutOpenMemory == kLeakage + flag(LdbLoopState::Short);
 }
 
 FaultReport TrackingRun::faultNow(FaultReport::Kind kind) const

@@ -55,7 +55,7 @@ public:
     /// The factory reset was refused, or nothing came back. It may have begun all the same, with
     /// its acknowledgement lost: the next record shows it. If it has not, the run ends after a
     /// refusal; after a silence the command is due again, twice at most.
-    void doubtFactoryReset(bool isRefused);
+    void doubtFactoryReset(bool isRefused) { m_doubt = isRefused ? Doubt::Refused : Doubt::Silent; }
     /// A record of the tracked LDB. Ignored unless a run has begun.
     void processRecord(const QList<QStringList>& dataList, qint64 now);
     /// Takes the LDB's state alone; gives whether its currents are to be counted.
@@ -63,10 +63,6 @@ public:
     /// Report a fault the first time they see it in a run.
     bool processEarthFault(LdbEarthState earthState);
     bool processLoopLeakageFault(LdbLoopState loopState);
-
-    /// Leakage present, not merely remembered.
-    static bool isEarthLeakage(LdbEarthState state);
-    static bool isLoopDcLeakage(LdbLoopState state);
 
     const FimCounter& counter() const { return m_counter; }
     Phase phase() const { return m_phase; }
@@ -76,7 +72,6 @@ public:
     bool isActive() const;
     /// Whether the factory reset's countdown is to be seen.
     bool isCountingDown() const { return m_countdownShown; }
-    int factoryResetCountdown() const { return m_factoryResetCountdown; }
     /// Whole seconds since the phase began.
     int secondsGone() const { return static_cast<int>((m_now - m_phaseStart) / 1000); }
     /// Whole seconds to the end of what the phase waits for, where that is known.

@@ -1,6 +1,7 @@
 #include "tracking/faultfinding/fimtracking.h"
 
 #include "app/notices/messagebox.h"
+#include "app/shared/colours.h"
 #include "serial/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/sidepanel.h"
@@ -119,7 +120,7 @@ void FimTracking::initPlot()
 /// widgets take their colours from the style sheet; it blocks the palette.
 void FimTracking::initPalette()
 {
-    QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));
+    QPalette palette{QColor(colours::kTrackingButton), QColor(colours::kTrackingGround)};
     for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Active, role, Qt::black);
         palette.setColor(QPalette::Inactive, role, Qt::black);
@@ -354,9 +355,9 @@ void FimTracking::showResults(int totalFimCount, LoopResult result)
     }
     m_report->summary = trackingtexts::summary(totalFimCount, result);
     m_ui->resultLabel->setText(m_report->summary);
-    m_ui->resultLabel->setStyleSheet(result == LoopResult::Connected
-                                         ? QStringLiteral("background: #1b6e36;")
-                                         : QStringLiteral("background: #b3261e;"));
+    m_ui->resultLabel->setStyleSheet(
+        QStringLiteral("background: %1;")
+            .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
     m_ui->resultLabel->show();
     m_ui->copyReportButton->setEnabled(true);
     showTimes();

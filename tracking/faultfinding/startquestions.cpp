@@ -2,21 +2,16 @@
 
 #include "app/notices/messagebox.h"
 #include "app/shared/constants.h"
+#include "tracking/faultfinding/fimtracking.h"
 #include "tracking/faultfinding/trackingtexts.h"
 #include "ui_disconnectsecondaryportdialog.h"
 
-#include <QCoreApplication>
 #include <QIcon>
 #include <QPixmap>
 
 namespace {
 
 constexpr QSize kPictureSize{540, 330}; // leaves room for the text on a 768-line screen
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(FimTracking)
-};
 
 } // namespace
 
@@ -37,9 +32,10 @@ DisconnectSecondaryPortDialog::~DisconnectSecondaryPortDialog() = default;
 void StartQuestions::ask()
 {
     const auto texts = [] {
-        return BoxText{Texts::tr("Attention"),
-                       Texts::tr("This action will start a factory reset. \nAre you sure you want "
-                                 "to do this?")};
+        return BoxText{
+            FimTracking::tr("Attention"),
+            FimTracking::tr("This action will start a factory reset. \nAre you sure you want "
+                            "to do this?")};
     };
     auto* box =
         new MessageBox(QMessageBox::Question, texts, m_window, QMessageBox::Yes | QMessageBox::No);
@@ -72,11 +68,12 @@ void StartQuestions::openQuestion(QDialog* question, const char* name)
 void StartQuestions::showTrackingModeSelectionDialog()
 {
     const auto texts = [] {
-        return BoxText{Texts::tr("Attention"),
-                       Texts::tr("Select the type of action you want to execute.\n "),
+        return BoxText{FimTracking::tr("Attention"),
+                       FimTracking::tr("Select the type of action you want to execute.\n "),
                        QString(),
                        {trackingtexts::mode(TrackingMode::Commissioning),
-                        trackingtexts::mode(TrackingMode::FaultFinding), Texts::tr("Cancel")}};
+                        trackingtexts::mode(TrackingMode::FaultFinding),
+                        FimTracking::tr("Cancel")}};
     };
     auto* box = new MessageBox(QMessageBox::Question, texts, m_window);
     connect(box, &QDialog::finished, this, [this, box] {

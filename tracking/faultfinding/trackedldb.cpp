@@ -27,54 +27,18 @@ std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackingComm
     return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute, encodeAudioMute(false));
 }
 
-/// Waits for the end of an audio mute; owned by the application until it deletes itself.
-class AudioMuteEnd : public QObject
+void tellStillMuted(const QString& hexId, QWidget* boxParent)
 {
-public:
-    AudioMuteEnd(std::shared_ptr<TrackedLdb> ldb, bool wasMuted, QWidget* boxParent)
-        : QObject(QCoreApplication::instance())
-        , m_ldb(std::move(ldb))
-        , m_wasMuted(wasMuted)
-        , m_boxParent(boxParent)
-    {
+    qWarning() << "The audio mute of LDB" << hexId << "could not be ended";
+    if (boxParent == nullptr || !boxParent->isVisible()) {
+        return; // the program is closing
     }
-    ~AudioMuteEnd() override
-    {
-        finish(false); // the program ends before the reply has come
-    }
-
-    void finish(bool isEnded)
-    {
-        if (std::exchange(m_finished, true)) {
-            return;
-        }
-        if (!isEnded && m_wasMuted) {
-            tellStillMuted();
-        }
-        deleteLater();
-    }
-
-private:
-    void tellStillMuted() const
-    {
-        qWarning() << "The audio mute of LDB" << m_ldb->hexId() << "could not be ended";
-        if (!m_boxParent || !m_boxParent->isVisible()) {
-            return; // the program is closing
-        }
-        MessageBox::tell(
-            m_boxParent, QMessageBox::Warning,
-            [hexId = m_ldb->hexId()] {
-                return BoxText{QCoreApplication::translate("FimTracking", "Attention"),
-                               trackingtexts::staysMuted(hexId)};
-            },
-            QStringLiteral("stillMutedBox"));
-    }
-
-    const std::shared_ptr<TrackedLdb> m_ldb;
-    const bool m_wasMuted;
-    const QPointer<QWidget> m_boxParent;
-    bool m_finished = false;
-};
+    const auto texts = [hexId] {
+        return BoxText{QCoreApplication::translate("FimTracking", "Attention"),
+                       trackingtexts::staysMuted(hexId)};
+    };
+    MessageBox::tell(boxParent, QMessageBox::Warning, texts, QStringLiteral("stillMutedBox"));
+}
 
 } // namespace
 
@@ -149,7 +113,17 @@ void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 
 void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent)
 {
-    auto* end = new AudioMuteEnd(ldb, wasMuted, boxParent);
-    ldb->send(TrackingCommand::EndAudioMute, end,
-              [end](const Reply& reply) { end->finish(reply.isAccepted()); });
+    // Dies with the reply, or with the program when that ends before.
+    auto* waiting = new QObject(QCoreApplication::instance());
+    const auto isMuted = std::make_shared<bool>(wasMuted);
+    QObject::connect(waiting, &QObject::destroyed,
+                     [ldb, isMuted, boxParent = QPointer<QWidget>(boxParent)] {
+                         if (*isMuted) {
+                             tellStillMuted(ldb->hexId(), boxParent);
+                         }
+                     });
+    ldb->send(TrackingCommand::EndAudioMute, waiting, [waiting, isMuted](const Reply& reply) {
+        *isMuted = *isMuted && !reply.isAccepted();
+        waiting->deleteLater();
+    });
 }

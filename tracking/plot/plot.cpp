@@ -28,7 +28,6 @@ constexpr double kLatestTime = 253402300800000.0;
 constexpr int kLegendIconExtent = 12;
 constexpr int kOuterMargin = 3; // the outermost labels reach up to the border
 constexpr QSize kMinimumSize(240, 140);
-constexpr QSize kPreferredSize(640, 260);
 constexpr int kTitleWeight = QFont::DemiBold;
 
 constexpr QwtPlot::Axis kTimeAxis = QwtPlot::xBottom;
@@ -57,11 +56,6 @@ Plot::Plot(QWidget* parent)
 }
 
 Plot::~Plot() = default;
-
-QSize Plot::sizeHint() const
-{
-    return kPreferredSize;
-}
 
 void Plot::init()
 {
@@ -407,11 +401,6 @@ void Plot::updateLegendItems()
             label->setPalette(plotappearance::legendPalette(palette(), curve->isVisible()));
         }
     }
-}
-
-void Plot::setMaxNumberOfSamples(int samples)
-{
-    m_history.setLimit(samples);
 }
 
 void Plot::setMaxWindowTime(int timeMs)

@@ -1,5 +1,7 @@
 #include "views/lamps/statusindicators.h"
 
+#include "app/shared/colours.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
@@ -47,7 +49,7 @@ constexpr LampTexts kTexts[] = {
 
 } // namespace
 
-QPixmap lampimage::draw(QRgb colour)
+QPixmap lampimage::draw(const QString& colour)
 {
     const double ratio = std::ceil(qGuiApp->devicePixelRatio());
     QPixmap pixmap(QSize(kSize, kSize) * ratio);
@@ -64,13 +66,13 @@ QPixmap lampimage::draw(QRgb colour)
 StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, QLabel* lampD,
                                    QObject* parent)
     : QObject(parent)
-    , m_off(lampimage::draw(lampimage::kOff))
+    , m_off(lampimage::draw(colours::kLampOff))
 {
-    const QPixmap amber = lampimage::draw(lampimage::kAmber);
-    indicator(Lamp::A) = {lampA, lampimage::draw(lampimage::kBlue)};
+    const QPixmap amber = lampimage::draw(colours::kAmber);
+    indicator(Lamp::A) = {lampA, lampimage::draw(colours::kBlue)};
     indicator(Lamp::B) = {lampB, amber};
     indicator(Lamp::C) = {lampC, amber};
-    indicator(Lamp::D) = {lampD, lampimage::draw(lampimage::kOrangered)};
+    indicator(Lamp::D) = {lampD, lampimage::draw(colours::kOrangered)};
     for (const Indicator& each : m_indicators) {
         // Without a fixed size, each blink would cause a new layout of the window.
         each.label->setFixedSize(lampimage::kSize, lampimage::kSize);
@@ -126,9 +128,9 @@ void StatusIndicators::show(const LampLevels& levels)
     for (const Lamp lamp : kLamps) {
         // The other two lamps have one pattern only.
         const bool knowsSlow = kTexts[static_cast<std::size_t>(lamp)].slow != nullptr;
-        const LampLevel level = levels.of(lamp);
-        const bool isSlow = level == LampLevel::Minor && knowsSlow;
-        setBlink(lamp, level == LampLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast);
+        const FaultLevel level = levels.of(lamp);
+        const bool isSlow = level == FaultLevel::Minor && knowsSlow;
+        setBlink(lamp, level == FaultLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast);
     }
     if (!m_roundSeen) {
         m_roundSeen = true;

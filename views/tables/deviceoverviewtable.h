@@ -87,8 +87,6 @@ private:
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
-    QList<QStandardItem*> createRowFromData(const QList<QStringList>& rowData) const;
-    void fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
 
     void settleSelection(const QString& hexId, bool isNewRow);
     bool tickByKey(const QKeyEvent& key);
