@@ -30,47 +30,11 @@ constexpr int kPrimaryCurrent = 42;
 constexpr int kSecondaryCurrent = 46;
 } // namespace field
 
-constexpr unsigned kPresent = 1U << 0U;
-constexpr unsigned kRemembered = 1U << 1U;
-constexpr unsigned kUndefined = 1U << 2U;
+// The flags of one fault: present, remembered and, in some fields, one without a text.
+constexpr unsigned kTwoFlags = 0x03;
+constexpr unsigned kThreeFlags = 0x07;
+constexpr unsigned kUndefined = 0x04;
 constexpr unsigned kNibbleBits = 4;
-constexpr unsigned kLowNibble = 0x0F;
-
-/// Reads fields one after another and remembers whether each of them was a number.
-class FieldReader
-{
-public:
-    explicit FieldReader(const QByteArray& body)
-        : m_body(body)
-    {
-    }
-
-    quint8 byteAt(int position, int length = 2)
-    {
-        return static_cast<quint8>(take(hextext::toNumber(m_body, position, length)));
-    }
-    quint16 wordAt(int position)
-    {
-        return static_cast<quint16>(take(hextext::toSwappedWord(m_body, position)));
-    }
-    bool allValid() const { return m_allValid; }
-
-private:
-    template <typename Number>
-    quint32 take(const std::optional<Number>& number)
-    {
-        m_allValid = m_allValid && number.has_value();
-        return number.value_or(0);
-    }
-
-    const QByteArray& m_body;
-    bool m_allValid = true;
-};
-
-int flag(unsigned bits, unsigned mask, int value)
-{
-    return (bits & mask) != 0 ? value : 0;
-}
 
 struct CodeText
 {
@@ -187,26 +151,14 @@ int earthFields(int code)
 
 LdbLoopState LdbStatus::loopState() const
 {
-    const unsigned shortBits = loopNibbles & kLowNibble;
-    const unsigned leakageBits = static_cast<unsigned>(loopNibbles) >> kNibbleBits;
-    return static_cast<LdbLoopState>(
-        flag(loopByte, kPresent, static_cast<int>(LdbLoopState::Open)) +
-        flag(loopByte, kRemembered, static_cast<int>(LdbLoopState::OpenMemory)) +
-        flag(shortBits, kPresent, static_cast<int>(LdbLoopState::Short)) +
-        flag(shortBits, kRemembered, static_cast<int>(LdbLoopState::ShortMemory)) +
-        flag(leakageBits, kPresent, static_cast<int>(LdbLoopState::DcLeakage)) +
-        flag(leakageBits, kRemembered, static_cast<int>(LdbLoopState::DcLeakageMemory)) +
-        flag(leakageBits, kUndefined, static_cast<int>(LdbLoopState::Undefined)));
+    const unsigned leakageNibble = static_cast<unsigned>(loopNibbles) >> kNibbleBits;
+    return static_cast<LdbLoopState>((loopByte & kTwoFlags) | (loopNibbles & kTwoFlags) << 2U |
+                                     (leakageNibble & kThreeFlags) << 4U);
 }
 
 LdbEarthState LdbStatus::earthState() const
 {
-    return static_cast<LdbEarthState>(
-        flag(earthByte2, kPresent, static_cast<int>(LdbEarthState::Open)) +
-        flag(earthByte2, kRemembered, static_cast<int>(LdbEarthState::OpenMemory)) +
-        flag(earthByte1, kPresent, static_cast<int>(LdbEarthState::Leakage)) +
-        flag(earthByte1, kRemembered, static_cast<int>(LdbEarthState::LeakageMemory)) +
-        flag(earthByte1, kUndefined, static_cast<int>(LdbEarthState::Undefined)));
+    return static_cast<LdbEarthState>((earthByte2 & kTwoFlags) | (earthByte1 & kThreeFlags) << 2U);
 }
 
 LdbStatus LdbStatus::disconnected()
@@ -225,28 +177,38 @@ LdbStatusDecoding decodeLdbStatus(const QByteArray& body)
     if (body.size() != kStatusAnswerLength) {
         return result;
     }
-    FieldReader reader(body);
+    bool isValid = true;
+    const auto byteAt = [&body, &isValid](int position, int length = 2) {
+        const auto number = hextext::toNumber(body, position, length);
+        isValid = isValid && number;
+        return static_cast<quint8>(number.value_or(0));
+    };
+    const auto wordAt = [&body, &isValid](int position) {
+        const auto number = hextext::toSwappedWord(body, position);
+        isValid = isValid && number;
+        return number.value_or(0);
+    };
     LdbStatus& status = result.status;
-    status.firstByte = reader.byteAt(field::kFirstByte);
-    status.secondByte = reader.byteAt(field::kSecondByte);
-    status.state = static_cast<LdbState>(reader.byteAt(field::kState));
-    status.loopByte = reader.byteAt(field::kLoopByte);
-    const unsigned leakageNibble = reader.byteAt(field::kLoopHighNibble, 1);
-    const unsigned shortNibble = reader.byteAt(field::kLoopLowNibble, 1);
+    status.firstByte = byteAt(field::kFirstByte);
+    status.secondByte = byteAt(field::kSecondByte);
+    status.state = static_cast<LdbState>(byteAt(field::kState));
+    status.loopByte = byteAt(field::kLoopByte);
+    const unsigned leakageNibble = byteAt(field::kLoopHighNibble, 1);
+    const unsigned shortNibble = byteAt(field::kLoopLowNibble, 1);
     status.loopNibbles = static_cast<quint8>((leakageNibble << kNibbleBits) | shortNibble);
-    status.earthByte1 = reader.byteAt(field::kEarthByte1);
-    status.earthByte2 = reader.byteAt(field::kEarthByte2);
-    status.primaryPortShort = reader.byteAt(field::kPrimaryShort);
-    status.secondaryPortShort = reader.byteAt(field::kSecondaryShort);
-    status.amplifier = reader.byteAt(field::kAmplifier);
-    status.primaryVoltage = reader.wordAt(field::kPrimaryVoltage);
-    status.primaryAuxiliary = reader.wordAt(field::kPrimaryAuxiliary);
-    status.secondaryVoltage = reader.wordAt(field::kSecondaryVoltage);
-    status.secondaryAuxiliary = reader.wordAt(field::kSecondaryAuxiliary);
-    result.valid = reader.allValid();
+    status.earthByte1 = byteAt(field::kEarthByte1);
+    status.earthByte2 = byteAt(field::kEarthByte2);
+    status.primaryPortShort = byteAt(field::kPrimaryShort);
+    status.secondaryPortShort = byteAt(field::kSecondaryShort);
+    status.amplifier = byteAt(field::kAmplifier);
+    status.primaryVoltage = wordAt(field::kPrimaryVoltage);
+    status.primaryAuxiliary = wordAt(field::kPrimaryAuxiliary);
+    status.secondaryVoltage = wordAt(field::kSecondaryVoltage);
+    status.secondaryAuxiliary = wordAt(field::kSecondaryAuxiliary);
+    result.valid = isValid;
     // A board whose current measurement fails still tells its state: that must not be lost.
-    status.primaryCurrent = reader.wordAt(field::kPrimaryCurrent);
-    status.secondaryCurrent = reader.wordAt(field::kSecondaryCurrent);
+    status.primaryCurrent = wordAt(field::kPrimaryCurrent);
+    status.secondaryCurrent = wordAt(field::kSecondaryCurrent);
     return result;
 }
 

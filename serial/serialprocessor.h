@@ -115,10 +115,16 @@ private:
     {
         emit ldbListInitializationStateChange(scan.isRunning);
     }
-    void tell(const event::ScanProgress& scan);
+    void tell(const event::ScanProgress& scan)
+    {
+        emit ldbListInitializationProgress(scan.checked, scan.found);
+    }
     void tell(const event::ListChange& list) { emit ldbListChanged(list.hexIds); }
     void tell(const event::CommandDone& command);
-    void tell(const event::QueueLength& queue);
+    void tell(const event::QueueLength& queue)
+    {
+        emit externalCommandsInQueueUpdated(queue.commands);
+    }
     void tell(const event::Stopped&) { emit stopped(); }
     void tell(const event::Diagnostic& diagnostic);
 

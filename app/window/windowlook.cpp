@@ -12,7 +12,6 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QStyle>
-#include <QToolBox>
 
 #include <array>
 
@@ -72,16 +71,10 @@ void makeGrey(QWidget* panel)
     colours.setColor(QPalette::WindowText, Qt::black);
     colours.setColor(QPalette::ButtonText, Qt::black);
     panel->setPalette(colours);
-}
-
-void makeGrey(QToolBox* toolBox)
-{
-    makeGrey(static_cast<QWidget*>(toolBox));
-    // A style sheet keeps the tool box's own tabs from following its palette.
-    const auto tabs =
-        toolBox->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+    // A style sheet keeps a tool box's tabs from following its palette.
+    const auto tabs = panel->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
     for (QAbstractButton* tab : tabs) {
-        makeGrey(static_cast<QWidget*>(tab));
+        tab->setPalette(colours);
     }
 }
 

@@ -3,7 +3,6 @@
 class QLabel;
 class QMainWindow;
 class QRect;
-class QToolBox;
 class QWidget;
 
 /// How the main window looks: the fixed colours of some of its parts, whatever the palette of the
@@ -12,10 +11,8 @@ namespace windowlook {
 
 /// The product's logo as the label's picture.
 void setLogo(QLabel* label);
-/// Dark texts on a grey ground.
+/// Dark texts on a grey ground, a tool box's own tabs included.
 void makeGrey(QWidget* panel);
-/// The same, with the tool box's own tabs.
-void makeGrey(QToolBox* toolBox);
 
 /// The rectangle around all screens.
 QRect desktopGeometry();

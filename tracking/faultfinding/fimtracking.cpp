@@ -76,7 +76,8 @@ void FimTracking::init()
     m_clock.setTimerType(Qt::PreciseTimer);
     initConnections();
     initGui();
-    initPlot();
+    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
+    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
     showPhase();
 }
 
@@ -108,12 +109,6 @@ void FimTracking::initGui()
     m_ui->zoomButton->setEnabled(false);
     m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
     showNotice(QString());
-}
-
-void FimTracking::initPlot()
-{
-    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
-    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
 }
 
 /// Dark on light whatever the desktop's colours, as the window is read from a distance. Child

@@ -54,7 +54,6 @@ private:
     void init();
     void initConnections();
     void initGui();
-    void initPlot();
     void initPalette();
     void placeOver(const QWidget* parent);
 

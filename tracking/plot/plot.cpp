@@ -323,21 +323,23 @@ void Plot::applyAxisSetting(QwtPlot::Axis axis)
 
 void Plot::setAxisScale(QwtPlot::Axis axis, bool autoScale)
 {
-    if (!isYAxis(axis)) {
-        qWarning("Plot: only the Y axes have a scale of their own");
-        return;
-    }
-    m_axisSettings[axis].autoScale = autoScale;
-    restoreAxisScale();
+    AxisSetting setting = isYAxis(axis) ? m_axisSettings.at(axis) : AxisSetting();
+    setting.autoScale = autoScale;
+    setAxisSetting(axis, setting);
 }
 
 void Plot::setAxisScale(QwtPlot::Axis axis, double min, double max, double stepSize)
+{
+    setAxisSetting(axis, {false, min, max, stepSize});
+}
+
+void Plot::setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting)
 {
     if (!isYAxis(axis)) {
         qWarning("Plot: only the Y axes have a scale of their own");
         return;
     }
-    m_axisSettings[axis] = {false, min, max, stepSize};
+    m_axisSettings[axis] = setting;
     restoreAxisScale();
 }
 

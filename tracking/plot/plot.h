@@ -107,6 +107,7 @@ private:
     int calculateSkipPoints(double skipMsFromStart) const;
     int generateUniqueCurveNumber();
 
+    void setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting);
     void applyAxisSetting(QwtPlot::Axis axis);
     void showNewestWindow();
     /// Labels the time axis with the clock of the place as it stands at that moment.
