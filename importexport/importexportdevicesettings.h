@@ -4,7 +4,6 @@
 
 #include <QMetaType>
 #include <QObject>
-#include <QString>
 #include <QStringList>
 
 #include <memory>

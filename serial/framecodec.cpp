@@ -2,8 +2,6 @@
 
 #include "serial/hextext.h"
 
-#include <array>
-
 namespace framecodec {
 
 namespace {
@@ -11,25 +9,7 @@ namespace {
 constexpr int kCheckDigits = 2;
 constexpr int kShortestContent = 1 + kCheckDigits;
 
-constexpr std::array<quint8, 256> makeCrcTable()
-{
-    constexpr unsigned kReflectedPolynomial = 0x8C; // 0x31, bit-reversed
-    std::array<quint8, 256> table{};
-    for (unsigned i = 0; i < table.size(); ++i) {
-        unsigned value = i;
-        for (int bit = 0; bit < 8; ++bit) {
-            const bool dropsOne = (value & 1U) != 0;
-            value >>= 1U;
-            if (dropsOne) {
-                value ^= kReflectedPolynomial;
-            }
-        }
-        table[i] = static_cast<quint8>(value);
-    }
-    return table;
-}
-
-constexpr std::array<quint8, 256> kCrcTable = makeCrcTable();
+constexpr unsigned kReflectedPolynomial = 0x8C; // 0x31, bit-reversed
 
 /// The check digits of a body. The firmware handles bodies as C strings with a 16-bit length.
 QByteArray checkDigits(const QByteArray& body)
@@ -42,11 +22,15 @@ QByteArray checkDigits(const QByteArray& body)
 
 quint8 crc8(const quint8* bytes, quint16 length)
 {
-    quint8 crc = 0xFF;
+    unsigned crc = 0xFF;
     for (quint16 i = 0; i < length; ++i) {
-        crc = static_cast<quint8>(crc ^ kCrcTable[static_cast<quint8>(crc ^ bytes[i])]);
+        unsigned value = crc ^ bytes[i];
+        for (int bit = 0; bit < 8; ++bit) {
+            value = (value >> 1U) ^ ((value & 1U) != 0 ? kReflectedPolynomial : 0U);
+        }
+        crc ^= value;
     }
-    return crc;
+    return static_cast<quint8>(crc);
 }
 
 QByteArray createCommand(QByteArray data)

@@ -38,14 +38,11 @@ public:
 private:
     static Kind kindOf(const QByteArray& answer)
     {
-        if (answer.isEmpty()) {
-            return Kind::Silent;
-        }
-        if (answer.size() == 1 && answer.at(0) == framecodec::kAck) {
-            return Kind::Accepted;
-        }
-        const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
-        return isRefusal ? Kind::Refused : Kind::Answered;
+        const char only = answer.size() == 1 ? answer.at(0) : '\0';
+        return answer.isEmpty()           ? Kind::Silent
+               : only == framecodec::kAck ? Kind::Accepted
+               : only == framecodec::kNak ? Kind::Refused
+                                          : Kind::Answered;
     }
 
     QByteArray m_answer;

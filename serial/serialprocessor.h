@@ -9,7 +9,6 @@
 #include "serial/serialcommand.h"
 #include "serial/serialtuning.h"
 
-#include <QList>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>

@@ -953,7 +953,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
-        <translation>Le LDB %1 n’a pas répondu : ses réglages ne sont pas connus</translation>
+        <translation>Le LDB %1 n’a pas répondu&#xa0;: ses réglages ne sont pas connus</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMap>
 #include <QPalette>
 #include <QRect>
 #include <QScreen>
@@ -13,26 +14,19 @@
 #include <QSplitter>
 #include <QStyle>
 
-#include <array>
-
 namespace windowlook {
 
 namespace {
 
-struct KeptSplitter
+/// By the keys of the settings.
+QMap<QString, QSplitter*> splittersOf(const QMainWindow* window)
 {
-    QString key;
-    QSplitter* splitter;
-};
-
-std::array<KeptSplitter, 3> splittersOf(const QMainWindow* window)
-{
-    const auto kept = [window](const QString& key, const char* name) {
-        return KeptSplitter{key, window->findChild<QSplitter*>(QLatin1String(name))};
+    const auto named = [window](const char* name) {
+        return window->findChild<QSplitter*>(QLatin1String(name));
     };
-    return {kept(constants::kOverviewPlotSplitterKey, "deviceOverviewAndPlotSplitter"),
-            kept(constants::kLeftRightSplitterKey, "leftAndRightSplitter"),
-            kept(constants::kPlotDetailSplitterKey, "plotAndDetailSplitter")};
+    return {{constants::kOverviewPlotSplitterKey, named("deviceOverviewAndPlotSplitter")},
+            {constants::kLeftRightSplitterKey, named("leftAndRightSplitter")},
+            {constants::kPlotDetailSplitterKey, named("plotAndDetailSplitter")}};
 }
 
 /// The form's size is that of a small laptop's whole screen; a panel or dock may leave less.
@@ -89,8 +83,9 @@ void save(const QMainWindow* window)
     settings.setValue(constants::kWindowGeometryKey, window->saveGeometry());
     settings.setValue(constants::kWindowStateKey, window->saveState());
     settings.setValue(constants::kScreenGeometryKey, desktopGeometry());
-    for (const auto& [key, splitter] : splittersOf(window)) {
-        settings.setValue(key, splitter->saveState());
+    const auto splitters = splittersOf(window);
+    for (auto each = splitters.begin(); each != splitters.end(); ++each) {
+        settings.setValue(each.key(), each.value()->saveState());
     }
 }
 
@@ -98,8 +93,9 @@ void load(QMainWindow* window)
 {
     const QSettings settings = userSettings();
     loadPlace(settings, window);
-    for (const auto& [key, splitter] : splittersOf(window)) {
-        splitter->restoreState(settings.value(key).toByteArray());
+    const auto splitters = splittersOf(window);
+    for (auto each = splitters.begin(); each != splitters.end(); ++each) {
+        each.value()->restoreState(settings.value(each.key()).toByteArray());
     }
 }
 

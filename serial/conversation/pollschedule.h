@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 /// Whose turn it is: rounds over the LDBs found, in the order found. Lost LDBs are out of the

@@ -25,7 +25,7 @@ struct Bench
     TestBus bus{{QStringLiteral("03"), QStringLiteral("0A")}};
     std::unique_ptr<SerialLink> link = std::make_unique<SerialLink>(bus.ports());
     std::unique_ptr<TrackedLdb> ldb =
-        std::make_unique<SerialTrackedLdb>(QStringLiteral("0A"), link.get());
+        std::make_unique<TrackedLdb>(QStringLiteral("0A"), link.get());
     QList<Answer> answers;
     QObject context;
 };

@@ -146,9 +146,7 @@ private:
     void endShortedSide(Side& side, double current);
     void endSide(Side& side);
     SideEnd endOf(const Side& side) const;
-    void correctConnected(const Side& side, bool isStepFresh);
-    void correctShort(const Side& side);
-    void correctOpen(const Side& side);
+    void correctCount(const Side& side, bool isStepFresh);
     bool wasOtherShortedFirst(const Side& side) const
     {
         return m_firstShortSide == otherPort(side.ldbPort);

@@ -38,7 +38,7 @@ void setDigitColour(QWidget* display, const QColor& colour)
 } // namespace
 
 FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
-    : FimTracking(std::make_shared<SerialTrackedLdb>(hexId, link), parent)
+    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent)
 {
 }
 
@@ -321,7 +321,15 @@ void FimTracking::processSideFinished(int ldbPort, SideEnd result)
 {
     panel(ldbPort)->showEnd(result);
     // Opens the box after the rest of the record has been processed.
-    QTimer::singleShot(0, this, [this, ldbPort] { showSideAudioAlarm(ldbPort); });
+    QTimer::singleShot(0, this, [this, ldbPort, result] {
+        const auto text = [ldbPort, result] {
+            return trackingtexts::sideAlarm(ldbPort, result);
+        };
+        if (const auto* box = showErrorMessage(text)) {
+            m_alarmSound->soundWhileOpen(box);
+            QApplication::alert(this);
+        }
+    });
 }
 
 void FimTracking::processFault(const FaultReport& report)
@@ -367,16 +375,6 @@ void FimTracking::on_copyReportButton_clicked()
 {
     QApplication::clipboard()->setText(reportText());
     showNotice(tr("The report has been copied."));
-}
-
-void FimTracking::showSideAudioAlarm(int ldbPort)
-{
-    const SideEnd end = m_run.counter().sideResult(ldbPort);
-    if (const auto* box =
-            showErrorMessage([ldbPort, end] { return trackingtexts::sideAlarm(ldbPort, end); })) {
-        m_alarmSound->soundWhileOpen(box);
-        QApplication::alert(this);
-    }
 }
 
 MessageBox* FimTracking::showErrorMessage(const Text& message)

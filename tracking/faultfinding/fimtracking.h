@@ -75,7 +75,6 @@ private:
     void processFault(const FaultReport& report);
     void showResults(int totalFimCount, LoopResult result);
 
-    void showSideAudioAlarm(int ldbPort);
     MessageBox* showErrorMessage(const Text& message);
 
     void sendCommand(TrackingCommand command);

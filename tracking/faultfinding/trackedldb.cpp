@@ -42,10 +42,17 @@ void tellStillMuted(const QString& hexId, QWidget* boxParent)
 
 } // namespace
 
-TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
-    : QObject(parent)
-    , m_hexId(hexId)
+TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
+    : m_hexId(hexId)
+    , m_link(link)
 {
+    m_clock.start();
+    if (link != nullptr) {
+        connect(link, &SerialLink::generalInformationUpdated, this,
+                &TrackedLdb::generalInformationUpdated);
+        connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
+        connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
+    }
 }
 
 void TrackedLdb::send(TrackingCommand command, QObject* context, ReplyFunction replied)
@@ -81,30 +88,19 @@ void TrackedLdb::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
     post(std::move(command));
 }
 
-SerialTrackedLdb::SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent)
-    : TrackedLdb(hexId, parent)
-    , m_link(link)
-{
-    m_clock.start();
-    connect(link, &SerialLink::generalInformationUpdated, this,
-            &TrackedLdb::generalInformationUpdated);
-    connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
-    connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
-}
-
-bool SerialTrackedLdb::isReachable() const
+bool TrackedLdb::isReachable() const
 {
     return m_link && m_link->isRunning();
 }
 
-void SerialTrackedLdb::setPolledAlone(bool alone)
+void TrackedLdb::setPolledAlone(bool alone)
 {
     if (m_link) {
-        m_link->pollOnly(alone ? hexId() : QString());
+        m_link->pollOnly(alone ? m_hexId : QString());
     }
 }
 
-void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
+void TrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 {
     if (m_link) {
         m_link->post(std::move(command));

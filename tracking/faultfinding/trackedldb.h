@@ -22,7 +22,8 @@ class TrackedLdb : public QObject
 public:
     using ReplyFunction = std::function<void(const Reply&)>;
 
-    explicit TrackedLdb(const QString& hexId, QObject* parent = nullptr);
+    /// `link` may die first, when the program ends. A stand-in without a link has ways of its own.
+    TrackedLdb(const QString& hexId, SerialLink* link);
 
     QString hexId() const { return m_hexId; }
 
@@ -32,11 +33,11 @@ public:
     void send(TrackingCommand command, QObject* context, ReplyFunction replied);
 
     /// The time for the run: ms on a clock that never goes back.
-    virtual qint64 now() const = 0;
+    virtual qint64 now() const { return m_clock.elapsed(); }
     /// Whether there is a connection to send on.
-    virtual bool isReachable() const = 0;
+    virtual bool isReachable() const;
     /// Polls this LDB and no other, or all again.
-    virtual void setPolledAlone(bool alone) = 0;
+    virtual void setPolledAlone(bool alone);
 
 signals:
     /// A record of any LDB.
@@ -45,31 +46,14 @@ signals:
     void connectionLost();
 
 protected:
-    virtual void post(std::unique_ptr<ISerialCommand> command) = 0;
+    virtual void post(std::unique_ptr<ISerialCommand> command);
 
 private:
     void readMute(bool wanted, QObject* context, const ReplyFunction& replied);
     void ask(std::unique_ptr<ISerialCommand> command, QObject* context, ReplyFunction function);
 
     const QString m_hexId;
-};
-
-/// A tracked LDB on the serial link.
-class SerialTrackedLdb : public TrackedLdb
-{
-    Q_OBJECT
-public:
-    SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent = nullptr);
-
-    qint64 now() const override { return m_clock.elapsed(); }
-    bool isReachable() const override;
-    void setPolledAlone(bool alone) override;
-
-protected:
-    void post(std::unique_ptr<ISerialCommand> command) override;
-
-private:
-    QPointer<SerialLink> m_link; // may die first, when the program ends
+    const QPointer<SerialLink> m_link;
     QElapsedTimer m_clock;
 };
 

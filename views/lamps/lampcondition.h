@@ -2,9 +2,7 @@
 
 #include "serial/ldbstatus.h"
 
-#include <QList>
 #include <QMap>
-#include <QString>
 #include <QStringList>
 
 #include <array>

@@ -2,9 +2,7 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QList>
 #include <QObject>
-#include <QString>
 #include <QStringList>
 #include <QVector>
 

@@ -52,14 +52,9 @@ bool isSame(const QVariant& left, const QVariant& right)
 
 bool CellColourRules::Rule::appliesTo(int value) const
 {
-    switch (number) {
-    case kFromThresholdUp:
-        return value >= threshold;
-    case kFromThresholdDown:
-        return value <= threshold;
-    default:
-        return value == threshold;
-    }
+    return number == kFromThresholdUp     ? value >= threshold
+           : number == kFromThresholdDown ? value <= threshold
+                                          : value == threshold;
 }
 
 CellColourRules CellColourRules::fromTuningFile(const QString& fileName)

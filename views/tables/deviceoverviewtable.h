@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QHash>
-#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
-#include <QString>
 #include <QStringList>
 
 #include <functional>
