@@ -7,7 +7,7 @@
 #include "app/window/mainwindow.h"
 #include "benchmarks/support/report.h"
 #include "benchmarks/support/simulatorprocess.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tracking/plot/mainwindowplot.h"
 
 #include <QAbstractButton>

@@ -6,7 +6,7 @@
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
 #include "importexport/importexportdevicesettings.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -6,8 +6,8 @@
 // alone; --short runs the exchanges, once.
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
-#include "serial/framecodec.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
+#include "serial/wire/framecodec.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

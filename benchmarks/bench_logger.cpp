@@ -1,7 +1,7 @@
 // What logging one record costs, beside a bare write() of the same bytes in the same run. Ends with
 // status 1 when a record costs more than it may.
 #include "benchmarks/support/report.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "views/log/filelogger.h"
 
 #include <QCoreApplication>

@@ -9,7 +9,7 @@
 #include "app/window/mainwindow.h"
 #include "benchmarks/support/installation.h"
 #include "benchmarks/support/report.h"
-#include "serial/serialcommand.h"
+#include "serial/ldb/serialcommand.h"
 
 #include <QApplication>
 #include <QDir>

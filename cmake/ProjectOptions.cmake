@@ -105,24 +105,15 @@ endfunction()
 # reach for everybody else, and so are the headers of what it links for itself (LINKS). What its
 # public headers include is handed on (PUBLIC_LINKS).
 # The tests of a private unit link <name>_private, which no product code may.
-# OPEN: every header and link is public; for folders that have no rooms yet.
-# sniffer_add_library(name SOURCES ... PUBLIC_HEADERS ... [LINKS ...] [PUBLIC_LINKS ...] [OPEN]
+# sniffer_add_library(name SOURCES ... PUBLIC_HEADERS ... [LINKS ...] [PUBLIC_LINKS ...]
 #                     [PRECOMPILED test_pch])
 function(sniffer_add_library name)
-    cmake_parse_arguments(ARG "OPEN" "PRECOMPILED" "SOURCES;PUBLIC_HEADERS;LINKS;PUBLIC_LINKS"
-                          ${ARGN})
+    cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;PUBLIC_HEADERS;LINKS;PUBLIC_LINKS" ${ARGN})
     if(NOT ARG_PRECOMPILED)
         set(ARG_PRECOMPILED product_pch)
     endif()
     set(headers ${ARG_SOURCES})
     list(FILTER headers INCLUDE REGEX "\\.h$")
-    if(ARG_OPEN)
-        list(APPEND ARG_PUBLIC_HEADERS ${headers})
-        list(REMOVE_ITEM ARG_SOURCES ${headers} "")
-        list(APPEND ARG_PUBLIC_LINKS ${ARG_LINKS})
-        set(ARG_LINKS)
-        set(headers)
-    endif()
     foreach(link IN LISTS ARG_LINKS ARG_PUBLIC_LINKS)
         if(link MATCHES "_private$" AND NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "/tests(/|$)")
             message(FATAL_ERROR "${name} links ${link}, which is for tests alone")

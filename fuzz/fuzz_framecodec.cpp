@@ -1,7 +1,7 @@
 // The input: one byte that chooses where the stream is cut into batches, then the stream.
 
 #include "fuzz/support.h"
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 
 #include <QList>
 

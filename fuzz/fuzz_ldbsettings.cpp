@@ -1,9 +1,9 @@
 // The input: the body of a settings or firmware answer; also, as UTF-8, a name to be stored.
 
 #include "fuzz/support.h"
-#include "serial/hextext.h"
-#include "serial/ldbsettings.h"
-#include "simulator/answerencoder.h"
+#include "serial/ldb/ldbsettings.h"
+#include "serial/wire/hextext.h"
+#include "simulator/board/answerencoder.h"
 
 #include <QTextCodec>
 

@@ -1,9 +1,9 @@
 // The input: the body of a status answer.
 
 #include "fuzz/support.h"
-#include "serial/generalinformation.h"
-#include "serial/ldbstatus.h"
-#include "simulator/answerencoder.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/ldbstatus.h"
+#include "simulator/board/answerencoder.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,11 +1,11 @@
 // The input: a scenario file. What can be read is simulated for a while.
 
 #include "fuzz/support.h"
-#include "serial/framecodec.h"
-#include "serial/ldbsettings.h"
-#include "serial/serialcommand.h"
-#include "simulator/bussimulator.h"
-#include "simulator/scenario.h"
+#include "serial/ldb/ldbsettings.h"
+#include "serial/ldb/serialcommand.h"
+#include "serial/wire/framecodec.h"
+#include "simulator/bus/bussimulator.h"
+#include "simulator/bus/scenario.h"
 
 #include <QSet>
 

@@ -1,7 +1,7 @@
 #include "importexport/devicesettingsfile.h"
 
 #include "importexport/settingscsv.h"
-#include "serial/serialcommand.h"
+#include "serial/ldb/busaddress.h"
 
 #include <QMap>
 #include <QTextCodec>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/shared/text.h"
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

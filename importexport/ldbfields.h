@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 
 #include <QString>
 

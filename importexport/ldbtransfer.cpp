@@ -1,6 +1,6 @@
 #include "importexport/ldbtransfer.h"
 
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 LdbTransfer::LdbTransfer(SerialLink* link)
     : m_link(link)

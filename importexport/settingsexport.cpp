@@ -1,7 +1,7 @@
 #include "importexport/settingsexport.h"
 
 #include "importexport/settingscsv.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QPointer>
 #include <QTextCodec>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "importexport/ldbtransfer.h"
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "importexport/settingsimport.h"
 
 #include "importexport/settingswriter.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QFile>
 

@@ -1,6 +1,6 @@
 #include "importexport/settingswriter.h"
 
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QPointer>
 #include <QThread>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "importexport/ldbfields.h"
-#include "serial/reply.h"
+#include "serial/ldb/reply.h"
 
 #include <QObject>
 #include <QStringList>

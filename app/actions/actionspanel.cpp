@@ -1,7 +1,7 @@
 #include "app/actions/actionspanel.h"
 
 #include "app/notices/notices.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "ui_actionspanel.h"
 
 #include <QEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/shared/enabledcontrols.h"
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 
 #include <QGroupBox>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "importexport/ldbfields.h"
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 
 #include <set>
 

@@ -1,7 +1,7 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
 #include "app/notices/notices.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "ui_ldbsettingseditor.h"
 
 #include <QEvent>

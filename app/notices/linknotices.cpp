@@ -1,7 +1,7 @@
 #include "app/notices/linknotices.h"
 
 #include "app/notices/notices.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 #include <QFileInfo>
 #include <QSerialPort>

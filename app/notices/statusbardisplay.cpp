@@ -1,7 +1,7 @@
 #include "app/notices/statusbardisplay.h"
 
 #include "app/notices/notices.h"
-#include "serial/serialcommand.h"
+#include "serial/ldb/busaddress.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -11,7 +11,7 @@
 #include "app/window/runcontrol.h"
 #include "app/window/windowlook.h"
 #include "resources/resources.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "importexport/importexportdevicesettings.h"
-#include "serial/portsource.h"
+#include "serial/link/portsource.h"
 
 #include <QMainWindow>
 #include <QPointer>

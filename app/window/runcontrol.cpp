@@ -1,6 +1,6 @@
 #include "app/window/runcontrol.h"
 
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 
 EnabledControls enabledControls(const LinkSituation& situation)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/shared/enabledcontrols.h"
-#include "serial/ldbstatus.h"
+#include "serial/ldb/ldbstatus.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "benchmarks/badline/journalreader.h"
 
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 #include "simulator/line/linetime.h"
 
 #include <QDateTime>

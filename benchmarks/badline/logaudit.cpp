@@ -1,7 +1,7 @@
 #include "benchmarks/badline/logaudit.h"
 
-#include "serial/generalinformation.h"
-#include "serial/serialtuning.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/link/serialtuning.h"
 
 #include <QDateTime>
 

@@ -2,7 +2,7 @@
 
 #include "app/notices/messagebox.h"
 #include "app/window/mainwindow.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "views/tables/overviewcolumns.h"
 
 #include <QElapsedTimer>

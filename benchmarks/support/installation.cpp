@@ -1,6 +1,6 @@
 #include "benchmarks/support/installation.h"
 
-#include "serial/serialcommand.h"
+#include "serial/ldb/serialcommand.h"
 
 Installation::Installation(const Scenario& scenario, Simulation::Pace pace,
                            const QString& journalPath)

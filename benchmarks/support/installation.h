@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/simulation.h"
+#include "simulator/program/simulation.h"
 
 #include <QObject>
 #include <QString>

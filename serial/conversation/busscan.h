@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/busaddress.h"
+#include "serial/ldb/busaddress.h"
 
 #include <optional>
 

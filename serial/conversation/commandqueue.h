@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/request.h"
+#include "serial/ldb/request.h"
 
 #include <deque>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/ldbstatus.h"
+#include "serial/ldb/ldbstatus.h"
 
 #include <QByteArray>
 #include <QStringList>

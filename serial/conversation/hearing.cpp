@@ -1,7 +1,7 @@
 #include "serial/conversation/hearing.h"
 
-#include "serial/framecodec.h"
-#include "serial/hextext.h"
+#include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
 
 #include <algorithm>
 

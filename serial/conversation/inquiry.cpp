@@ -1,6 +1,6 @@
 #include "serial/conversation/inquiry.h"
 
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 
 #include <algorithm>
 

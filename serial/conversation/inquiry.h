@@ -2,7 +2,7 @@
 
 #include "serial/conversation/answertiming.h"
 #include "serial/conversation/hearing.h"
-#include "serial/request.h"
+#include "serial/ldb/request.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/answershape.h"
+#include "serial/ldb/answershape.h"
 
 #include <QHash>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "simulator/line/damage.h"
 
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 
 namespace damage {
 

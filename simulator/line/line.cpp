@@ -1,7 +1,7 @@
 #include "simulator/line/line.h"
 
-#include "serial/framecodec.h"
-#include "serial/hextext.h"
+#include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
 #include "simulator/line/damage.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "simulator/line/receiver.h"
 
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 #include "simulator/line/damage.h"
 #include "simulator/line/linetime.h"
 

@@ -7,7 +7,7 @@
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
-#include "serial/serialcommand.h"
+#include "serial/ldb/serialcommand.h"
 #include "tests/support/testbus.h"
 #include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"

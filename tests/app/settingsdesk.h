@@ -2,7 +2,7 @@
 
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/notices/notices.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"

@@ -1,6 +1,6 @@
 #include "importexport/importexportdevicesettings.h"
 #include "importexport/settingscsv.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"

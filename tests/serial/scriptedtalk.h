@@ -1,7 +1,7 @@
 #pragma once
 
 #include "serial/conversation/conversation.h"
-#include "serial/framecodec.h"
+#include "serial/wire/framecodec.h"
 
 #include <QByteArray>
 #include <QList>

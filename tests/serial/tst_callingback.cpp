@@ -1,5 +1,5 @@
-#include "serial/busport.h"
-#include "serial/serialprocessor.h"
+#include "serial/link/busport.h"
+#include "serial/link/serialprocessor.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"

@@ -1,6 +1,6 @@
-#include "serial/framecodec.h"
-#include "serial/hextext.h"
-#include "serial/serialprocessor.h"
+#include "serial/link/serialprocessor.h"
+#include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

@@ -1,4 +1,4 @@
-#include "serial/ldbsettings.h"
+#include "serial/ldb/ldbsettings.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

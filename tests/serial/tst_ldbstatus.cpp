@@ -1,5 +1,5 @@
-#include "serial/generalinformation.h"
-#include "serial/ldbstatus.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/ldbstatus.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

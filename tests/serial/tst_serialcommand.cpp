@@ -1,4 +1,4 @@
-#include "serial/serialcommand.h"
+#include "serial/ldb/serialcommand.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

@@ -1,4 +1,4 @@
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"

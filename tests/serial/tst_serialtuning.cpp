@@ -1,4 +1,4 @@
-#include "serial/serialtuning.h"
+#include "serial/link/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"

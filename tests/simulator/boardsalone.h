@@ -1,9 +1,9 @@
 #pragma once
 
-#include "serial/framecodec.h"
-#include "serial/ldbsettings.h"
-#include "serial/ldbstatus.h"
-#include "simulator/bussimulator.h"
+#include "serial/ldb/ldbsettings.h"
+#include "serial/ldb/ldbstatus.h"
+#include "serial/wire/framecodec.h"
+#include "simulator/bus/bussimulator.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "serial/framecodec.h"
-#include "simulator/line/lineboards.h"
+#include "serial/wire/framecodec.h"
+#include "simulator/bus/lineboards.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
-#include "simulator/adversarycommand.h"
-#include "simulator/scenario.h"
+#include "simulator/bus/adversarycommand.h"
+#include "simulator/bus/scenario.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 

@@ -1,5 +1,5 @@
-#include "serial/framecodec.h"
-#include "simulator/simulation.h"
+#include "serial/wire/framecodec.h"
+#include "simulator/program/simulation.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"

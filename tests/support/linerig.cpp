@@ -1,8 +1,8 @@
 #include "tests/support/linerig.h"
 
-#include "serial/framecodec.h"
-#include "serial/hextext.h"
-#include "simulator/answerencoder.h"
+#include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
+#include "simulator/board/answerencoder.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "serial/conversation/conversation.h"
+#include "simulator/bus/lineboards.h"
 #include "simulator/line/line.h"
-#include "simulator/line/lineboards.h"
 
 #include <QHash>
 #include <QSet>

@@ -1,9 +1,9 @@
 #include "tests/support/testbus.h"
 
-#include "serial/busaddress.h"
-#include "serial/busport.h"
-#include "serial/framecodec.h"
-#include "serial/seriallink.h"
+#include "serial/ldb/busaddress.h"
+#include "serial/link/busport.h"
+#include "serial/link/seriallink.h"
+#include "serial/wire/framecodec.h"
 #include "tests/support/testcase.h"
 #include "tests/support/virtualclock.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "serial/portsource.h"
-#include "simulator/bussimulator.h"
-#include "simulator/linehost.h"
+#include "serial/link/portsource.h"
+#include "simulator/bus/bussimulator.h"
+#include "simulator/program/linehost.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/simulationclock.h"
+#include "simulator/program/simulationclock.h"
 #include "tests/support/virtualtime.h"
 
 #include <QtTest>

@@ -1,9 +1,9 @@
 #include "tests/tracking/modelldb.h"
 
-#include "serial/framecodec.h"
-#include "serial/generalinformation.h"
-#include "simulator/ldbresponder.h"
-#include "simulator/scenario.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/wire/framecodec.h"
+#include "simulator/board/ldbresponder.h"
+#include "simulator/bus/scenario.h"
 
 #include <limits>
 

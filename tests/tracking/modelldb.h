@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/simulatedldb.h"
+#include "simulator/board/simulatedldb.h"
 #include "tracking/faultfinding/trackedldb.h"
 
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualtime.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QList>
 #include <QMetaType>

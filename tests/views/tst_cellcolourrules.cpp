@@ -1,5 +1,5 @@
-#include "serial/generalinformation.h"
-#include "serial/serialtuning.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/link/serialtuning.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"

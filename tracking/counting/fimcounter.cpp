@@ -1,7 +1,7 @@
 #include "tracking/counting/fimcounter.h"
 
 #include "app/shared/tuningfile.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tracking/counting/siderules.h"
 
 #include <algorithm>

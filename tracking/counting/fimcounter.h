@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/ldbstatus.h"
+#include "serial/ldb/ldbstatus.h"
 #include "tracking/counting/trackingresult.h"
 
 #include <QList>

@@ -1,6 +1,6 @@
 #include "tracking/counting/trackingrun.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QDebug>
 

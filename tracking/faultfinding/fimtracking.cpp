@@ -2,7 +2,7 @@
 
 #include "app/notices/messagebox.h"
 #include "app/shared/colours.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/sidepanel.h"
 #include "tracking/faultfinding/startquestions.h"

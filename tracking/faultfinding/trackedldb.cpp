@@ -1,7 +1,7 @@
 #include "tracking/faultfinding/trackedldb.h"
 
 #include "app/notices/messagebox.h"
-#include "serial/seriallink.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/trackingtexts.h"
 
 #include <QCoreApplication>
@@ -76,7 +76,7 @@ void TrackedLdb::readMute(bool wanted, QObject* context, const ReplyFunction& re
         [hexId = m_hexId, wanted, replied](const Reply& reply) {
             const auto settings = decodeLdbSettings(reply.answer(), hexId);
             const bool isObeyed = settings && settings->audioMute == wanted;
-            replied(Reply(isObeyed ? QByteArray(1, framecodec::kAck) : QByteArray()));
+            replied(Reply(isObeyed ? Reply::Kind::Accepted : Reply::Kind::Silent));
         });
 }
 

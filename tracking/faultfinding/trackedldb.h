@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/serialcommand.h"
+#include "serial/ldb/serialcommand.h"
 #include "tracking/counting/trackingresult.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "tracking/plot/mainwindowplot.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "tracking/plot/plot.h"
 
 #include <QDateTime>

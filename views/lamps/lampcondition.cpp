@@ -1,6 +1,6 @@
 #include "views/lamps/lampcondition.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "views/log/filelogger.h"
 
-#include "serial/busaddress.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/busaddress.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QByteArray>
 #include <QDateTime>

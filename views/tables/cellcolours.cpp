@@ -1,7 +1,7 @@
 #include "views/tables/cellcolours.h"
 
 #include "app/shared/tuningfile.h"
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QBrush>
 #include <QDebug>

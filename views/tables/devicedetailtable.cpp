@@ -1,6 +1,6 @@
 #include "views/tables/devicedetailtable.h"
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 #include "views/tables/cellcolours.h"
 
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serial/generalinformation.h"
+#include "serial/ldb/generalinformation.h"
 
 /// Columns of the overview table's source model. Column 0 carries the tick; every further column
 /// shows one row of the LDB's record.

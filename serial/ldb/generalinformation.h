@@ -1,0 +1,66 @@
+#pragma once
+
+#include "serial/ldb/ldbstatus.h"
+
+#include <QDateTime>
+#include <QStringList>
+
+/// One LDB's polled data as every view consumes it: a list of eleven rows, of which string 0 is the
+/// text to show and the further strings are machine values. The rows travel as plain
+/// `QList<QStringList>` through queued signals; the names and functions here are the only way that
+/// code addresses them. Pure functions, callable from any thread.
+namespace generalinformation {
+
+/// Positions of the rows.
+enum Row : int
+{
+    DeviceIdRow = 0,
+    NameRow,
+    ModeRow,
+    LoopRow,
+    PrimaryVoltageRow,
+    PrimaryCurrentRow,
+    SecondaryVoltageRow,
+    SecondaryCurrentRow,
+    EarthRow,
+    AmplifierRow,
+    TimestampRow,
+    RowCount
+};
+
+/// Positions of the strings within a row.
+enum Column : int
+{
+    TextColumn = 0,         ///< what the user reads
+    ValueColumn = 1,        ///< code, V or mA; for the timestamp the text with milliseconds
+    RawColumn = 2,          ///< voltage and current rows only: mV or 0.01 mA
+    AuxiliaryColumn = 3,    ///< voltage rows only
+    MillisecondsColumn = 1, ///< timestamp row only
+};
+
+/// Stands in for the missing measurement of a shorted port.
+constexpr int kMissingMeasurement = -40000;
+
+/// Formats of the two timestamps.
+extern const QString kSecondsFormat;
+extern const QString kMillisecondsFormat;
+
+/// The eleven rows of one status record. `deviceName` is shown as it is.
+QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
+                             const LdbStatus& status, const QString& timestampSeconds,
+                             const QString& timestampMilliseconds);
+
+/// The string at a position, empty where the record has none.
+QString field(const QList<QStringList>& rows, Row row, Column column);
+
+/// The shown text of a row.
+QString text(const QList<QStringList>& rows, Row row);
+
+/// The string at a position as a number, 0 where it is missing or no number.
+int integer(const QList<QStringList>& rows, Row row, Column column = ValueColumn);
+double number(const QList<QStringList>& rows, Row row, Column column = ValueColumn);
+
+/// The record's time to the millisecond; invalid where it does not parse.
+QDateTime timestamp(const QList<QStringList>& rows);
+
+} // namespace generalinformation

@@ -1,0 +1,230 @@
+#include "serial/link/seriallink.h"
+
+#include "serial/link/serialprocessor.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QEvent>
+
+#include <utility>
+
+namespace {
+
+constexpr unsigned long kStopWaitMs = 1000;
+
+} // namespace
+
+SerialLink::SerialLink(const PortSource& ports, QObject* parent)
+    : QObject(parent)
+    , m_processor(std::make_unique<SerialProcessor>(ports.make))
+{
+    if (ports.thread == PortSource::Thread::OfLink) {
+        return;
+    }
+    m_thread = std::make_unique<QThread>();
+    m_thread->setObjectName(QStringLiteral("serial"));
+    m_processor->moveToThread(m_thread.get());
+    connect(m_thread.get(), &QThread::started, m_processor.get(), &SerialProcessor::start);
+    connect(m_thread.get(), &QThread::finished, m_processor.get(), &SerialProcessor::stop);
+}
+
+SerialLink::~SerialLink()
+{
+    stop();
+    if (!hasThreadEnded()) {
+        // Nothing that the worker can still call may be destroyed: it is left to the system.
+        qCritical("The serial worker does not end");
+        static_cast<void>(m_processor.release());
+        static_cast<void>(m_thread.release());
+    }
+}
+
+void SerialLink::setPortName(const QString& portName)
+{
+    Q_ASSERT(!m_running && (!m_thread || !m_thread->isRunning()));
+    m_processor->setPortName(portName);
+}
+
+void SerialLink::start()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_running) {
+        return;
+    }
+    if (!hasThreadEnded()) {
+        emit portFailed(QString(), 0, tr("The former connection has not ended yet."));
+        emit communicationFailed();
+        return;
+    }
+    ++m_run;
+    m_running = true;
+    forgetLdbs();
+    dropPosted();
+    followRun();
+    if (m_thread) {
+        m_thread->start();
+    } else {
+        postToRun([](SerialProcessor& processor) { processor.start(); });
+    }
+    emit started();
+}
+
+void SerialLink::stop()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!m_running) {
+        return;
+    }
+    m_running = false;
+    m_processor->disconnect(this);
+    if (m_thread) {
+        m_thread->quit();
+    } else {
+        m_processor->stop();
+    }
+    if (hasThreadEnded()) {
+        dropPosted();
+    } else {
+        qWarning("The serial worker takes long to end");
+    }
+    emit stopped();
+}
+
+/// Waits for the worker that has been told to end; whether there is none any more.
+bool SerialLink::hasThreadEnded()
+{
+    // A thread counts as running no more while the processor still stops in it.
+    return !m_thread || m_thread->wait(kStopWaitMs);
+}
+
+/// Destroys what was posted to a run that has ended before it took it. Only while no thread runs.
+void SerialLink::dropPosted()
+{
+    QCoreApplication::removePostedEvents(m_processor.get(), QEvent::MetaCall);
+}
+
+void SerialLink::rescan()
+{
+    if (m_running) {
+        postToRun([](SerialProcessor& processor) { processor.requestRescan(); });
+    } else {
+        start();
+    }
+}
+
+void SerialLink::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
+                     std::function<void(const Reply&)> function)
+{
+    command->addObserver(
+        std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
+    post(std::move(command));
+}
+
+void SerialLink::post(std::unique_ptr<ISerialCommand> command)
+{
+    if (!m_running || !command) {
+        return;
+    }
+    postToRun([owned = std::move(command)](SerialProcessor& processor) mutable {
+        processor.appendCommand(std::move(owned));
+    });
+}
+
+void SerialLink::pollOnly(const QString& hexId)
+{
+    if (!m_running || !(hexId.isEmpty() || m_ldbs.contains(hexId))) {
+        return;
+    }
+    postToRun([hexId](SerialProcessor& processor) { processor.pollOnly(hexId); });
+}
+
+template <typename Task>
+void SerialLink::postToRun(Task task)
+{
+    SerialProcessor* processor = m_processor.get();
+    QMetaObject::invokeMethod(
+        processor, [processor, task = std::move(task)]() mutable { task(*processor); },
+        Qt::QueuedConnection);
+}
+
+QStringList SerialLink::connectedLdbs() const
+{
+    QStringList connected;
+    for (const QString& hexId : m_ldbs) {
+        if (isConnected(hexId)) {
+            connected.append(hexId);
+        }
+    }
+    return connected;
+}
+
+bool SerialLink::isConnected(const QString& hexId) const
+{
+    // Found but not polled yet counts as connected: it has answered the scan.
+    return m_ldbs.contains(hexId) &&
+           m_states.value(hexId, LdbState::Booting) != LdbState::Disconnected;
+}
+
+LdbState SerialLink::stateOf(const QString& hexId) const
+{
+    return m_states.value(hexId, LdbState::Disconnected);
+}
+
+void SerialLink::followRun()
+{
+    using Processor = SerialProcessor;
+    follow(&Processor::stopped, &SerialLink::stop);
+    follow(&Processor::ldbListChanged, &SerialLink::processListChanged);
+    follow(&Processor::ldbStateUpdated, &SerialLink::processStateUpdated);
+    follow(&Processor::ldbListInitializationStateChange,
+           &SerialLink::ldbListInitializationStateChange);
+    follow(&Processor::ldbListInitializationProgress, &SerialLink::ldbListInitializationProgress);
+    follow(&Processor::generalInformationUpdated, &SerialLink::generalInformationUpdated);
+    follow(&Processor::externalCommandsInQueueUpdated, &SerialLink::externalCommandsInQueueUpdated);
+    follow(&Processor::portFailed, &SerialLink::portFailed);
+    follow(&Processor::communicationFailed, &SerialLink::communicationFailed);
+    follow(&Processor::ldbDisconnected, &SerialLink::processLoss);
+}
+
+template <typename Signal, typename Handler>
+void SerialLink::follow(Signal signal, Handler handler)
+{
+    // Queued even within one thread: what is told may stop the run, and the processor with it.
+    connect(
+        m_processor.get(), signal, this,
+        [this, run = m_run, handler](const auto&... told) {
+            // What was on its way when the run ended still arrives.
+            if (m_running && run == m_run) {
+                (this->*handler)(told...);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void SerialLink::forgetLdbs()
+{
+    m_ldbs.clear();
+    m_states.clear();
+}
+
+void SerialLink::processListChanged(const QStringList& hexIds)
+{
+    if (hexIds.isEmpty()) {
+        forgetLdbs();
+    }
+    m_ldbs = hexIds;
+    emit ldbListChanged(hexIds);
+}
+
+void SerialLink::processLoss(const QString& hexId)
+{
+    // Whoever is told asks for the state at once.
+    m_states.insert(hexId, LdbState::Disconnected);
+    emit ldbDisconnected(hexId);
+}
+
+void SerialLink::processStateUpdated(const QString& hexId, LdbState state)
+{
+    m_states.insert(hexId, state);
+    emit ldbStateUpdated(hexId, state);
+}
