@@ -29,10 +29,10 @@ Fault = collections.namedtuple("Fault", "name file old new program tests")
 FAULTS = [
     # What comes in and goes out.
     Fault("wrong byte order of one status field", "ldbstatus.cpp",
-          "status.secondaryAuxiliary = reader.wordAt(field::kSecondaryAuxiliary);",
+          "status.secondaryAuxiliary = wordAt(field::kSecondaryAuxiliary);",
           "status.secondaryAuxiliary = static_cast<quint16>("
-          "(reader.byteAt(field::kSecondaryAuxiliary) << 8U) |"
-          " reader.byteAt(field::kSecondaryAuxiliary + 2));",
+          "(byteAt(field::kSecondaryAuxiliary) << 8U) |"
+          " byteAt(field::kSecondaryAuxiliary + 2));",
           "tests_serial", "ldbstatus framecodec"),
     Fault("wrong variant of the CRC", "framecodec.cpp",
           "quint8 crc = 0xFF;", "quint8 crc = 0x00;",
@@ -76,7 +76,7 @@ FAULTS = [
           "QIODevice::ReadWrite | QIODevice::Unbuffered", "QIODevice::ReadWrite",
           "tests_views", "filelogger"),
     Fault("a colour rule inverted", "cellcolours.cpp",
-          "return value <= threshold;", "return value >= threshold;",
+          "? value <= threshold", "? value >= threshold",
           "tests_views", "cellcolourrules"),
     Fault("a lamp that forgets an LDB", "lampcondition.cpp",
           "    m_levels.raise(lampLevels(dataList));\n    if (hexId", 

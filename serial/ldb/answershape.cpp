@@ -13,9 +13,7 @@ constexpr int kNameAnswerLength = 32;
 
 bool isUpperHexText(const QByteArray& text)
 {
-    return std::all_of(text.begin(), text.end(), [](char byte) {
-        return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'F');
-    });
+    return std::all_of(text.begin(), text.end(), hextext::isUpperDigit);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "serial/ldb/ldbstatus.h"
 
 #include <QDateTime>
-#include <QList>
 #include <QStringList>
 
 /// One LDB's polled data as every view consumes it: a list of rows, of which string 0 is the

@@ -4,7 +4,6 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/notices/linknotices.h"
 #include "app/notices/statusbardisplay.h"
-#include "app/preferences/aboutdialog.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"

@@ -12,12 +12,29 @@ class TestLdbSettingsEditor : public TestCase
     Q_OBJECT
 private slots:
     void showsTheRecord();
+    void saysThatNothingCame();
     void onlyTheOwnRecordCounts_data();
     void onlyTheOwnRecordCounts();
     void buttonsFollowWhatIsAllowed();
     void changesAreMarkedInWords();
     void nameIsTypedAsFarAsItFits();
 };
+
+void TestLdbSettingsEditor::saysThatNothingCame()
+{
+    Desk desk;
+    desk.bus.answerTo(kLdb, "737201", QByteArray(""));
+    QVERIFY(desk.connectLink());
+    desk.editor->setSelectedLdb(kLdb);
+    desk.editor->requestSettings();
+    QCOMPARE(desk.state(), QStringLiteral("Waiting for the settings of LDB 0A"));
+    WAIT_COMPARE(desk.state(), QStringLiteral("LDB 0A did not answer: its settings are not known"));
+    QVERIFY(!desk.save()->isEnabled());
+    // It comes back.
+    desk.bus.answerTo(kLdb, "737201", TestBus::framed(TestBus::record(kLdb)));
+    QVERIFY(desk.select(kLdb));
+    QCOMPARE(desk.state(), QString());
+}
 
 void TestLdbSettingsEditor::showsTheRecord()
 {
@@ -86,8 +103,10 @@ void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
     desk.editor->setSelectedLdb(kLdb);
     desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
     for (const bool saveAllowed : {false, true}) {
-        desk.editor->setSaveAllowed(saveAllowed);
-        desk.editor->setUndoAllowed(!saveAllowed);
+        EnabledControls controls;
+        controls.outsideService = saveAllowed;
+        controls.singleActions = !saveAllowed;
+        desk.editor->apply(controls);
         QCOMPARE(desk.save()->isEnabled(), saveAllowed);
         QCOMPARE(desk.defaults()->isEnabled(), saveAllowed);
         QCOMPARE(desk.undo()->isEnabled(), !saveAllowed);

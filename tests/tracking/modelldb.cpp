@@ -19,7 +19,7 @@ LdbSpec boardWith(int fims)
 } // namespace
 
 ModelLdb::ModelLdb(const LoopPlan& plan)
-    : TrackedLdb(address())
+    : TrackedLdb(address(), nullptr)
     , m_board(boardWith(plan.fims), LdbTiming(), plan.seed, 0)
 {
     const auto plant = [this](LoopFaultKind kind, std::optional<int> after) {

@@ -32,9 +32,8 @@ struct Bench
                          [this](const QString&, const QList<QStringList>& rows) {
                              run.processRecord(rows, ldb.now());
                          });
-        QObject::connect(&run, &TrackingRun::commandDue, &run, [this](TrackingCommand due) {
-            ldb.send(due, &run, [](TrackedLdb::Answer) {});
-        });
+        QObject::connect(&run, &TrackingRun::commandDue, &run,
+                         [this](TrackingCommand due) { ldb.send(due, &run, [](const Reply&) {}); });
         QObject::connect(&run, &TrackingRun::resultsReady, &run, [this](int count, LoopResult end) {
             total = count;
             result = end;
@@ -255,10 +254,8 @@ void TestTrackingRun::faultStates()
     const QList<int> earth{4, 5, 6, 7};
     const QList<int> loop{16, 17, 18, 20, 22, 24, 25, 26};
     for (int code = 0; code < 128; ++code) {
-        QCOMPARE(TrackingRun::isEarthLeakage(static_cast<LdbEarthState>(code)),
-                 earth.contains(code));
-        QCOMPARE(TrackingRun::isLoopDcLeakage(static_cast<LdbLoopState>(code)),
-                 loop.contains(code));
+        QCOMPARE(isEarthLeakage(static_cast<LdbEarthState>(code)), earth.contains(code));
+        QCOMPARE(isLoopDcLeakage(static_cast<LdbLoopState>(code)), loop.contains(code));
     }
 }
 

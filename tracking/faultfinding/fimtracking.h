@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "tracking/counting/trackingrun.h"
 
 #include <QTimer>
@@ -8,7 +9,7 @@
 #include <memory>
 
 class AlarmSound;
-class QMessageBox;
+class MessageBox;
 class SerialLink;
 class SidePanel;
 class StartQuestions;
@@ -53,7 +54,6 @@ private:
     void init();
     void initConnections();
     void initGui();
-    void initPlot();
     void initPalette();
     void placeOver(const QWidget* parent);
 
@@ -75,8 +75,7 @@ private:
     void processFault(const FaultReport& report);
     void showResults(int totalFimCount, LoopResult result);
 
-    void showSideAudioAlarm(int ldbPort);
-    QMessageBox* showErrorMessage(const QString& message);
+    MessageBox* showErrorMessage(const Text& message);
 
     void sendCommand(TrackingCommand command);
     void processFailure(int runNumber, TrackingCommand command, bool isRefused);

@@ -31,7 +31,11 @@ class StartQuestions : public QObject
     Q_OBJECT
 public:
     /// `window` is the boxes' parent and this object's.
-    explicit StartQuestions(QWidget* window);
+    explicit StartQuestions(QWidget* window)
+        : QObject(window)
+        , m_window(window)
+    {
+    }
 
     void ask();
     /// Closes the question that is open; no answer comes then.
@@ -42,10 +46,9 @@ signals:
     void answered(TrackingMode mode);
 
 private:
-    void showStartConfirmationDialog();
     void showTrackingModeSelectionDialog();
     void showDisconnectSecondaryPortDialog();
-    void openQuestion(QDialog* question);
+    void openQuestion(QDialog* question, const char* name);
 
     QWidget* m_window;
     QPointer<QDialog> m_question;

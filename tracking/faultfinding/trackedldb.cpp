@@ -1,161 +1,106 @@
 #include "tracking/faultfinding/trackedldb.h"
 
+#include "app/notices/messagebox.h"
 #include "serial/link/seriallink.h"
 #include "tracking/faultfinding/trackingtexts.h"
 
 #include <QCoreApplication>
 #include <QDebug>
-#include <QMessageBox>
 
 #include <utility>
 
 namespace {
 
-TrackedLdb::Answer meaning(const Reply& reply)
-{
-    switch (reply.kind()) {
-    case Reply::Kind::Accepted:
-        return TrackedLdb::Answer::Accepted;
-    case Reply::Kind::Refused:
-    case Reply::Kind::Answered:
-        return TrackedLdb::Answer::Refused;
-    case Reply::Kind::Silent:
-    case Reply::Kind::Unsent:
-        break;
-    }
-    return TrackedLdb::Answer::None;
-}
-
-std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
+std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackingCommand command)
 {
     switch (command) {
-    case TrackedLdb::Command::FactoryReset:
+    case TrackingCommand::FactoryReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::FactoryReset);
-    case TrackedLdb::Command::LdbReset:
+    case TrackingCommand::LdbReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::LdbReset);
-    case TrackedLdb::Command::MuteAudio:
+    case TrackingCommand::MuteAudio:
         return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute,
                                                encodeAudioMute(true));
-    case TrackedLdb::Command::EndAudioMute:
+    case TrackingCommand::EndAudioMute:
         break;
     }
     return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute, encodeAudioMute(false));
 }
 
-/// Waits for the end of an audio mute; owned by the application until it deletes itself.
-class AudioMuteEnd : public QObject
+void tellStillMuted(const QString& hexId, QWidget* boxParent)
 {
-public:
-    AudioMuteEnd(std::shared_ptr<TrackedLdb> ldb, bool wasMuted, QWidget* boxParent)
-        : QObject(QCoreApplication::instance())
-        , m_ldb(std::move(ldb))
-        , m_wasMuted(wasMuted)
-        , m_boxParent(boxParent)
-    {
+    qWarning() << "The audio mute of LDB" << hexId << "could not be ended";
+    if (boxParent == nullptr || !boxParent->isVisible()) {
+        return; // the program is closing
     }
-    ~AudioMuteEnd() override
-    {
-        finish(TrackedLdb::Answer::None); // the program ends before the reply has come
-    }
-    AudioMuteEnd(const AudioMuteEnd&) = delete;
-    AudioMuteEnd& operator=(const AudioMuteEnd&) = delete;
-
-    void finish(TrackedLdb::Answer answer)
-    {
-        if (std::exchange(m_finished, true)) {
-            return;
-        }
-        if (answer != TrackedLdb::Answer::Accepted && m_wasMuted) {
-            tellStillMuted();
-        }
-        deleteLater();
-    }
-
-private:
-    void tellStillMuted() const
-    {
-        qWarning() << "The audio mute of LDB" << m_ldb->hexId() << "could not be ended";
-        if (!m_boxParent || !m_boxParent->isVisible()) {
-            return; // the program is closing
-        }
-        auto* box = new QMessageBox(
-            QMessageBox::Warning, QCoreApplication::translate("FimTracking", "Attention"),
-            trackingtexts::staysMuted(m_ldb->hexId()), QMessageBox::Ok, m_boxParent);
-        box->setObjectName(QStringLiteral("stillMutedBox"));
-        box->setAttribute(Qt::WA_DeleteOnClose);
-        box->open();
-    }
-
-    const std::shared_ptr<TrackedLdb> m_ldb;
-    const bool m_wasMuted;
-    const QPointer<QWidget> m_boxParent;
-    bool m_finished = false;
-};
+    const auto texts = [hexId] {
+        return BoxText{QCoreApplication::translate("FimTracking", "Attention"),
+                       trackingtexts::staysMuted(hexId)};
+    };
+    MessageBox::tell(boxParent, QMessageBox::Warning, texts, QStringLiteral("stillMutedBox"));
+}
 
 } // namespace
 
-TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
-    : QObject(parent)
-    , m_hexId(hexId)
+TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
+    : m_hexId(hexId)
+    , m_link(link)
 {
+    m_clock.start();
+    if (link != nullptr) {
+        connect(link, &SerialLink::generalInformationUpdated, this,
+                &TrackedLdb::generalInformationUpdated);
+        connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
+        connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
+    }
 }
 
-void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
+void TrackedLdb::send(TrackingCommand command, QObject* context, ReplyFunction replied)
 {
-    const bool isMute = command == Command::MuteAudio || command == Command::EndAudioMute;
+    const bool isMute =
+        command == TrackingCommand::MuteAudio || command == TrackingCommand::EndAudioMute;
     ask(createCommand(m_hexId, command), context,
-        [this, command, context, isMute, answered = std::move(answered)](const Reply& reply) {
+        [this, command, context, isMute, replied = std::move(replied)](const Reply& reply) {
             if (isMute && reply.kind() == Reply::Kind::Silent) {
-                readMute(command == Command::MuteAudio, context, answered);
+                readMute(command == TrackingCommand::MuteAudio, context, replied);
             } else {
-                answered(meaning(reply));
+                replied(reply);
             }
         });
 }
 
 /// Reads whether the mute is as wanted: the LDB may have obeyed, and its acknowledgement be lost.
-void TrackedLdb::readMute(bool wanted, QObject* context, const AnswerFunction& answered)
+void TrackedLdb::readMute(bool wanted, QObject* context, const ReplyFunction& replied)
 {
     ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), context,
-        [hexId = m_hexId, wanted, answered](const Reply& reply) {
+        [hexId = m_hexId, wanted, replied](const Reply& reply) {
             const auto settings = decodeLdbSettings(reply.answer(), hexId);
             const bool isObeyed = settings && settings->audioMute == wanted;
-            answered(isObeyed ? Answer::Accepted : Answer::None);
+            replied(Reply(isObeyed ? Reply::Kind::Accepted : Reply::Kind::Silent));
         });
 }
 
 void TrackedLdb::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
-                     std::function<void(const Reply&)> function)
+                     ReplyFunction function)
 {
     command->addObserver(
         std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
     post(std::move(command));
 }
 
-SerialTrackedLdb::SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent)
-    : TrackedLdb(hexId, parent)
-    , m_link(link)
-{
-    m_clock.start();
-    connect(link, &SerialLink::generalInformationUpdated, this,
-            &TrackedLdb::generalInformationUpdated);
-    connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
-    connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
-}
-
-bool SerialTrackedLdb::isReachable() const
+bool TrackedLdb::isReachable() const
 {
     return m_link && m_link->isRunning();
 }
 
-void SerialTrackedLdb::setPolledAlone(bool alone)
+void TrackedLdb::setPolledAlone(bool alone)
 {
     if (m_link) {
-        m_link->pollOnly(alone ? hexId() : QString());
+        m_link->pollOnly(alone ? m_hexId : QString());
     }
 }
 
-void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
+void TrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 {
     if (m_link) {
         m_link->post(std::move(command));
@@ -164,7 +109,17 @@ void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 
 void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent)
 {
-    auto* end = new AudioMuteEnd(ldb, wasMuted, boxParent);
-    ldb->send(TrackedLdb::Command::EndAudioMute, end,
-              [end](TrackedLdb::Answer answer) { end->finish(answer); });
+    // Dies with the reply, or with the program when that ends before.
+    auto* waiting = new QObject(QCoreApplication::instance());
+    const auto isMuted = std::make_shared<bool>(wasMuted);
+    QObject::connect(waiting, &QObject::destroyed,
+                     [ldb, isMuted, boxParent = QPointer<QWidget>(boxParent)] {
+                         if (*isMuted) {
+                             tellStillMuted(ldb->hexId(), boxParent);
+                         }
+                     });
+    ldb->send(TrackingCommand::EndAudioMute, waiting, [waiting, isMuted](const Reply& reply) {
+        *isMuted = *isMuted && !reply.isAccepted();
+        waiting->deleteLater();
+    });
 }
