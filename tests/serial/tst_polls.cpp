@@ -20,17 +20,26 @@ private slots:
         const double inTime = ScriptedTalk::usual(ask("03", kStatus)).after;
         QByteArray wrong = good;
         wrong[7] = wrong.at(7) == '0' ? '1' : '0';
+        QByteArray noEnd = good;
+        noEnd[noEnd.size() - 1] = '\x05';
+        QByteArray split = good; // ends in its middle
+        split[20] = '\x04';
         const auto row = [&](const char* name, const QList<Said>& answer, const QByteArray& next,
                              double after, bool isMiss) {
             QTest::newRow(name) << answer << ask("03", next) << after << isMiss;
         };
         row("silence", kSilence, kStatus, kHorizon, false);
         row("wrong check digits", {{inTime, wrong}}, kName, usual + kQuiet, true);
+        row("no end", {{inTime, noEnd}}, kName, usual + kQuiet, true);
+        row("an end in its middle", {{inTime - 30, split.left(21)}, {inTime, split.mid(21)}}, kName,
+            usual + kQuiet, true);
         row("another kind", {{inTime, ScriptedTalk::name("no status")}}, kName, usual + kQuiet,
             true);
         row("no number", {{inTime, ScriptedTalk::frame(QByteArray(49, '0') + "g")}}, kName,
             usual + kQuiet, true);
         row("a stray byte before it", {{10, "\x55"}, {inTime, good}}, kName, usual + kQuiet, false);
+        row("a stray byte behind it", {{inTime, good + kAck}}, kName, usual + kQuiet, false);
+        row("two at once", {{inTime, good + good}}, kName, usual + kQuiet, false);
         row("a refusal", {{8, kNak}}, kStatus, kHorizon, false);
         row("stray bytes", {{8, "\x01\x04"}, {9, kAck}, {30, "\x01"}}, kStatus, kHorizon, false);
     }

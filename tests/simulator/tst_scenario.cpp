@@ -101,6 +101,13 @@ private slots:
         row("no JSON", "{\n\"ldbs\": [}", "line 2: ");
         row("no object", "[]", "the file must hold one object");
         row("no LDBs", "{}", "ldbs: is missing");
+        row("LDB no object", R"({"ldbs": [3]})", "ldbs[0]: must be an object");
+        row("timing no object", withRoot(R"("timing": [])"), "timing: must be an object");
+        row("event no object", withRoot(R"("events": ["cut"])"), "events[0]: must be an object");
+        row("to before from", withRoot(R"("badBus": {"lateFromMs": 9, "lateToMs": 5})"),
+            "badBus.lateToMs: ");
+        row("event beyond the loop", withRoot(R"("events": [{"do": "open 0A after 7"}])"),
+            "events[0].do: the loop has only 6 FIMs");
         row("unknown key", withRoot(R"("lbds": [])"), "lbds: is no key");
         row("unknown key over two lines", withRoot(R"("a\nb": [])"), "a b: is no key");
         row("seed below zero", withRoot(R"("seed": -1)"), "seed: must be a number from 0");
