@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr std::size_t kMaxDeeds = 256;
 constexpr int kMaxRequests = 4096;
 constexpr unsigned kWordBits = 16;
 constexpr int kFrameBytesBehindBody = 3; // check digits and EOT
@@ -37,7 +36,7 @@ LineBoards::LineBoards(const std::vector<int>& addresses)
     }
 }
 
-std::vector<BoardAnswer> LineBoards::hear(const QByteArray& frame, qint64 at,
+std::vector<BoardAnswer> LineBoards::hear(const QByteArray& frame, qint64,
                                           const AbsentBoards& absent)
 {
     const BusRequest& request = parsed(frame);
@@ -45,7 +44,7 @@ std::vector<BoardAnswer> LineBoards::hear(const QByteArray& frame, qint64 at,
         for (std::size_t address = 0; address < m_boards.size(); ++address) {
             Board* board = m_boards[address].get();
             if (board && board->isPresent && !absent.test(address)) {
-                answer(static_cast<int>(address), *board, request, frame, at);
+                answer(static_cast<int>(address), *board, request, frame);
             }
         }
         return {};
@@ -57,7 +56,7 @@ std::vector<BoardAnswer> LineBoards::hear(const QByteArray& frame, qint64 at,
     }
     BoardAnswer result;
     result.board = request.address;
-    result.bytes = answer(request.address, *board, request, frame, at);
+    result.bytes = answer(request.address, *board, request, frame);
     return {result};
 }
 
@@ -84,11 +83,6 @@ const StoredSettings& LineBoards::settings(int address) const
 quint32 LineBoards::statusAnswers(int address) const
 {
     return board(address).statusAnswers;
-}
-
-const std::deque<LineBoards::Deed>& LineBoards::deeds(int address) const
-{
-    return board(address).deeds;
 }
 
 int LineBoards::timesDone(int address, const QByteArray& body) const
@@ -139,7 +133,7 @@ const BusRequest& LineBoards::parsed(const QByteArray& frame)
 }
 
 QByteArray LineBoards::answer(int address, Board& board, const BusRequest& request,
-                              const QByteArray& frame, qint64 at)
+                              const QByteArray& frame)
 {
     switch (request.kind) {
     case BusRequest::Kind::Poll:
@@ -165,7 +159,9 @@ QByteArray LineBoards::answer(int address, Board& board, const BusRequest& reque
         return kNak;
     }
     const bool isAccepted = isObeyed(board, request);
-    note(board, frame, at, isAccepted);
+    if (isAccepted) {
+        ++board.done[bodyOf(frame)];
+    }
     layOut(address, board);
     return isAccepted ? kAck : kNak;
 }
@@ -177,18 +173,6 @@ bool LineBoards::isObeyed(Board& board, const BusRequest& request)
     }
     const auto action = static_cast<LdbAction>(request.index);
     return action == LdbAction::Control || action == LdbAction::StoreSettings;
-}
-
-void LineBoards::note(Board& board, const QByteArray& frame, qint64 at, bool isAccepted)
-{
-    const QByteArray body = bodyOf(frame);
-    if (board.deeds.size() == kMaxDeeds) {
-        board.deeds.pop_front();
-    }
-    board.deeds.push_back({at, body, isAccepted});
-    if (isAccepted) {
-        ++board.done[body];
-    }
 }
 
 void LineBoards::layOut(int address, Board& board)

@@ -10,7 +10,6 @@
 #include <QString>
 
 #include <array>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,13 +20,6 @@
 class LineBoards : public Boards
 {
 public:
-    /// Something that a board did because it was told to.
-    struct Deed
-    {
-        qint64 at = 0;           ///< µs
-        QByteArray body;         ///< of the request
-        bool isAccepted = false; ///< false: refused with NAK, and nothing changed
-    };
     /// Where a status answer came from.
     struct Origin
     {
@@ -48,8 +40,6 @@ public:
     QByteArray firmware(int address) const;
     const StoredSettings& settings(int address) const;
     quint32 statusAnswers(int address) const; ///< given so far
-    /// The last changes and actions, broadcasts among them, oldest first.
-    const std::deque<Deed>& deeds(int address) const;
     /// How often the board has done what this body asks for; refusals do not count.
     int timesDone(int address, const QByteArray& body) const;
 
@@ -65,7 +55,6 @@ private:
         QByteArray firmware;
         StoredSettings settings;
         quint32 statusAnswers = 0;
-        std::deque<Deed> deeds;
         QHash<QByteArray, int> done; ///< by body
         // Frames that stay the same until the settings change.
         QByteArray nameFrame;
@@ -74,10 +63,9 @@ private:
     };
 
     const BusRequest& parsed(const QByteArray& frame);
-    QByteArray answer(int address, Board& board, const BusRequest& request, const QByteArray& frame,
-                      qint64 at);
+    QByteArray answer(int address, Board& board, const BusRequest& request,
+                      const QByteArray& frame);
     static bool isObeyed(Board& board, const BusRequest& request);
-    static void note(Board& board, const QByteArray& frame, qint64 at, bool isAccepted);
     static void layOut(int address, Board& board);
     const Board& board(int address) const;
 

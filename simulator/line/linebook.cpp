@@ -65,34 +65,6 @@ LineBook::LineBook(int length)
 {
 }
 
-std::vector<const Exchange*> LineBook::exchanges(int address, qint64 from, qint64 to) const
-{
-    std::vector<const Exchange*> found;
-    for (auto exchange = m_exchanges.rbegin();
-         exchange != m_exchanges.rend() && exchange->handedAt >= from; ++exchange) {
-        if (exchange->address == address && exchange->handedAt <= to) {
-            found.push_back(&*exchange);
-        }
-    }
-    std::reverse(found.begin(), found.end());
-    return found;
-}
-
-int LineBook::unluckyInARow(int address, qint64 at) const
-{
-    int count = 0;
-    for (auto exchange = m_exchanges.rbegin(); exchange != m_exchanges.rend(); ++exchange) {
-        if (exchange->address != address || exchange->handedAt > at) {
-            continue;
-        }
-        if (exchange->isClean()) {
-            break;
-        }
-        ++count;
-    }
-    return count;
-}
-
 Exchange& LineBook::add()
 {
     if (m_exchanges.size() == m_length) {
@@ -122,7 +94,6 @@ void LineBook::addFalseFrame(const FalseFrame& frame)
         m_falseFrames.pop_front();
     }
     m_falseFrames.push_back(frame);
-    ++m_falseFrameCount;
 }
 
 void LineBook::noteIntrusion(Intrusion intrusion, qint64 at)

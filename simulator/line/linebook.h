@@ -91,15 +91,9 @@ public:
 
     /// The exchanges still known, oldest first.
     const std::deque<Exchange>& exchanges() const { return m_exchanges; }
-    /// The transmissions to a board that were handed to the port in [from, to] (µs), oldest first.
-    std::vector<const Exchange*> exchanges(int address, qint64 from, qint64 to) const;
-    /// How many of the last transmissions to a board, handed over by `at`, were harmed or intruded
-    /// upon without a clean one between them.
-    int unluckyInARow(int address, qint64 at) const;
 
     /// The last ones, as many as there are exchanges known.
     const std::deque<FalseFrame>& falseFrames() const { return m_falseFrames; }
-    qint64 falseFrameCount() const { return m_falseFrameCount; }
     qint64 exchangeCount() const { return m_next; }
 
     // For the line, which keeps the book.
@@ -116,7 +110,6 @@ private:
     std::deque<Exchange> m_exchanges;
     std::deque<FalseFrame> m_falseFrames;
     qint64 m_next = 0;
-    qint64 m_falseFrameCount = 0;
 };
 
 /// For people: "flipped bit, late".

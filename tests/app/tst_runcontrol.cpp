@@ -70,6 +70,6 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestRunControl, NoApplication)
+REGISTER_TEST(TestRunControl, QCoreApplication)
 
 #include "tst_runcontrol.moc"

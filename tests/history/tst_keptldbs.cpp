@@ -1,8 +1,9 @@
 #include "history/keptldbs.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QTemporaryDir>
+
+Q_DECLARE_METATYPE(KeptMatch)
 
 namespace {
 
@@ -40,122 +41,107 @@ class TestKeptLdbs : public TestCase
 {
     Q_OBJECT
 private slots:
-    void keepsAllThatIsNeededToPutItBack();
-    void keepsEachLdbByAddressAndName();
-    void forgetsWhatIsPutBack();
-    void matches_data();
-    void matches();
-    void movesADamagedFileAside();
-    void takesNoHalfSettings();
-    void saysWhyItCouldNotBeKept();
-};
-
-void TestKeptLdbs::keepsAllThatIsNeededToPutItBack()
-{
-    QTemporaryDir folder;
-    KeptLdbs(folder.filePath("new/one")).keep(ldb("10", settings().name));
-    const auto kept = KeptLdbs(folder.filePath("new/one")).find("10", settings().name);
-    QVERIFY(kept && kept->settings);
-    QCOMPARE(kept->since, kBegun);
-    QCOMPARE(kept->audioMute, std::optional<bool>(false));
-    QCOMPARE(kept->settings->address, 0x10);
-    QCOMPARE(kept->settings->name, settings().name);
-    QCOMPARE(encodeFlags(*kept->settings), encodeFlags(settings()));
-    QVERIFY(kept->settings->audioMute);
-    QCOMPARE(kept->settings->openDetectionDelay, quint16(25));
-    QCOMPARE(kept->settings->numberOfFims, quint16(300));
-    QCOMPARE(kept->settings->furtherByte, quint8(0xA5));
-}
-
-void TestKeptLdbs::keepsEachLdbByAddressAndName()
-{
-    QTemporaryDir folder;
-    const KeptLdbs kept(folder.path());
-    QCOMPARE(kept.keep(ldb("10", "A")), QString());
-    QCOMPARE(kept.keep(ldb("10", "B")), QString());
-    KeptLdb again = ldb("10", "A");
-    again.audioMute = true;
-    QCOMPARE(kept.keep(again), QString());
-    QCOMPARE(kept.all().size(), std::size_t(2));
-    QCOMPARE(kept.find("10", "A")->audioMute, std::optional<bool>(true));
-    QVERIFY(!kept.find("11", "A"));
-}
-
-void TestKeptLdbs::forgetsWhatIsPutBack()
-{
-    QTemporaryDir folder;
-    const KeptLdbs kept(folder.path());
-    KeptLdb one = ldb("10", "A");
-    kept.keep(one);
-    one.audioMute.reset();
-    kept.keep(one);
-    QVERIFY(kept.find("10", "A")->settings);
-    one.settings.reset();
-    kept.keep(one);
-    QVERIFY(kept.all().empty());
-}
-
-void TestKeptLdbs::matches_data()
-{
-    addColumns<QString, QString, KeptMatch>("hexId", "name", "expected");
-    QTest::newRow("both") << "10"
-                          << "North" << KeptMatch::Both;
-    QTest::newRow("address") << "10"
-                             << "South" << KeptMatch::AddressOnly;
-    QTest::newRow("name") << "11"
-                          << "North" << KeptMatch::NameOnly;
-    QTest::newRow("none") << "11"
-                          << "South" << KeptMatch::None;
-}
-
-void TestKeptLdbs::matches()
-{
-    QFETCH(QString, hexId);
-    QFETCH(QString, name);
-    QTEST(match(ldb("10", "North"), hexId, name), "expected");
-    QCOMPARE(match(ldb("10", ""), "11", ""), KeptMatch::None);
-}
-
-void TestKeptLdbs::movesADamagedFileAside()
-{
-    QTemporaryDir folder;
-    const KeptLdbs kept(folder.path());
-    write(kept.filePath(), "{\"ldbs\": [{");
+    void keepsAllThatIsNeededToPutItBack()
     {
-        const ExpectWarning warning("cannot be understood");
+        QTemporaryDir folder;
+        KeptLdbs(folder.filePath("new/one")).keep(ldb("10", settings().name));
+        const auto kept = KeptLdbs(folder.filePath("new/one")).find("10", settings().name);
+        QVERIFY(kept && kept->settings);
+        QCOMPARE(kept->since, kBegun);
+        QCOMPARE(kept->audioMute, std::optional<bool>(false));
+        QCOMPARE(kept->settings->address, 0x10);
+        QCOMPARE(kept->settings->name, settings().name);
+        QCOMPARE(encodeFlags(*kept->settings), encodeFlags(settings()));
+        QVERIFY(kept->settings->audioMute);
+        QCOMPARE(kept->settings->openDetectionDelay, quint16(25));
+        QCOMPARE(kept->settings->numberOfFims, quint16(300));
+        QCOMPARE(kept->settings->furtherByte, quint8(0xA5));
+    }
+
+    void keepsEachLdbByAddressAndName()
+    {
+        QTemporaryDir folder;
+        const KeptLdbs kept(folder.path());
+        QCOMPARE(kept.keep(ldb("10", "A")), QString());
+        QCOMPARE(kept.keep(ldb("10", "B")), QString());
+        KeptLdb again = ldb("10", "A");
+        again.audioMute = true;
+        QCOMPARE(kept.keep(again), QString());
+        QCOMPARE(kept.all().size(), std::size_t(2));
+        QCOMPARE(kept.find("10", "A")->audioMute, std::optional<bool>(true));
+        QVERIFY(!kept.find("11", "A"));
+    }
+
+    void forgetsWhatIsPutBack()
+    {
+        QTemporaryDir folder;
+        const KeptLdbs kept(folder.path());
+        KeptLdb one = ldb("10", "A");
+        kept.keep(one);
+        one.audioMute.reset();
+        kept.keep(one);
+        QVERIFY(kept.find("10", "A")->settings);
+        one.settings.reset();
+        kept.keep(one);
         QVERIFY(kept.all().empty());
     }
-    QVERIFY(QFile::exists(kept.filePath() + ".damaged"));
-    QCOMPARE(kept.keep(ldb("10", "A")), QString());
-    QCOMPARE(kept.all().size(), std::size_t(1));
-}
 
-void TestKeptLdbs::takesNoHalfSettings()
-{
-    QTemporaryDir folder;
-    const KeptLdbs kept(folder.path());
-    kept.keep(ldb("10", "A"));
-    QFile file(kept.filePath());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QByteArray bytes = file.readAll();
-    QVERIFY(bytes.contains("\"openDetectionDelay\": 25"));
-    write(kept.filePath(),
-          bytes.replace("\"openDetectionDelay\": 25", "\"openDetectionDelay\": 70000"));
-    const auto read = kept.find("10", "A");
-    QVERIFY(read && read->audioMute);
-    QVERIFY(!read->settings);
-}
+    void matches_data()
+    {
+        const Table<QString, QString, KeptMatch> row("hexId", "name", "expected");
+        row("both", "10", "North", KeptMatch::Both);
+        row("address", "10", "South", KeptMatch::AddressOnly);
+        row("name", "11", "North", KeptMatch::NameOnly);
+        row("none", "11", "South", KeptMatch::None);
+    }
 
-void TestKeptLdbs::saysWhyItCouldNotBeKept()
-{
-    QTemporaryDir folder;
-    write(folder.filePath("file"), "in the way of a folder");
-    const KeptLdbs kept(folder.filePath("file"));
-    QVERIFY(kept.keep(ldb("10", "A")).contains("file"));
-    QVERIFY(kept.all().empty());
-}
+    void matches()
+    {
+        QFETCH(QString, hexId);
+        QFETCH(QString, name);
+        QTEST(match(ldb("10", "North"), hexId, name), "expected");
+        QCOMPARE(match(ldb("10", ""), "11", ""), KeptMatch::None);
+    }
 
-Q_DECLARE_METATYPE(KeptMatch)
+    void movesADamagedFileAside()
+    {
+        QTemporaryDir folder;
+        const KeptLdbs kept(folder.path());
+        write(kept.filePath(), "{\"ldbs\": [{");
+        {
+            const ExpectWarning warning("cannot be understood");
+            QVERIFY(kept.all().empty());
+        }
+        QVERIFY(QFile::exists(kept.filePath() + ".damaged"));
+        QCOMPARE(kept.keep(ldb("10", "A")), QString());
+        QCOMPARE(kept.all().size(), std::size_t(1));
+    }
 
-REGISTER_TEST(TestKeptLdbs, NoApplication)
+    void takesNoHalfSettings()
+    {
+        QTemporaryDir folder;
+        const KeptLdbs kept(folder.path());
+        kept.keep(ldb("10", "A"));
+        QFile file(kept.filePath());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QByteArray bytes = file.readAll();
+        QVERIFY(bytes.contains("\"openDetectionDelay\": 25"));
+        write(kept.filePath(),
+              bytes.replace("\"openDetectionDelay\": 25", "\"openDetectionDelay\": 70000"));
+        const auto read = kept.find("10", "A");
+        QVERIFY(read && read->audioMute);
+        QVERIFY(!read->settings);
+    }
+
+    void saysWhyItCouldNotBeKept()
+    {
+        QTemporaryDir folder;
+        write(folder.filePath("file"), "in the way of a folder");
+        const KeptLdbs kept(folder.filePath("file"));
+        QVERIFY(kept.keep(ldb("10", "A")).contains("file"));
+        QVERIFY(kept.all().empty());
+    }
+};
+
+REGISTER_TEST(TestKeptLdbs, QCoreApplication)
 #include "tst_keptldbs.moc"

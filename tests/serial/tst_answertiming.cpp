@@ -1,5 +1,4 @@
 #include "serial/conversation/answertiming.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 using Belief = AnswerTiming::Belief;
@@ -38,52 +37,46 @@ class TestAnswerTiming : public TestCase
 {
     Q_OBJECT
 private slots:
-    void learnsAStepFromTwoThatAgree();
-    void doubtsTheOtherOnes_data();
-    void doubtsTheOtherOnes();
+    void learnsAStepFromTwoThatAgree()
+    {
+        AnswerTiming timing;
+        answerAsUsual(timing, 40);
+        dropAndRepeat(timing, kSooner);
+        dropAndRepeat(timing, kSooner + 2000);
+        ask(timing);
+        QCOMPARE(timing.judgeFrame(1, kSooner), Belief::Believed);
+
+        // A step is rare: it outlives what is remembered of the other times, but not for ever.
+        answerAsUsual(timing, 200);
+        ask(timing);
+        QCOMPARE(timing.judgeFrame(1, kSooner), Belief::Believed);
+        answerAsUsual(timing, 400);
+        ask(timing);
+        QCOMPARE(timing.judgeFrame(1, kSooner), Belief::TooSoon);
+    }
+
+    void doubtsTheOtherOnes_data()
+    {
+        const Table<qint64, int, qint64> row("first", "between", "second");
+        row("do not agree", kSooner, 0, kSooner - 4000);
+        row("far below the usual time", kUsual - 30000, 0, kUsual - 30000);
+        row("long apart", kSooner, 70, kSooner);
+    }
+
+    void doubtsTheOtherOnes()
+    {
+        QFETCH(qint64, first);
+        QFETCH(int, between);
+        QFETCH(qint64, second);
+        AnswerTiming timing;
+        answerAsUsual(timing, 40);
+        dropAndRepeat(timing, first);
+        answerAsUsual(timing, between);
+        dropAndRepeat(timing, second);
+        ask(timing);
+        QCOMPARE(timing.judgeFrame(1, second), Belief::TooSoon);
+    }
 };
 
-void TestAnswerTiming::learnsAStepFromTwoThatAgree()
-{
-    AnswerTiming timing;
-    answerAsUsual(timing, 40);
-    dropAndRepeat(timing, kSooner);
-    dropAndRepeat(timing, kSooner + 2000);
-    ask(timing);
-    QCOMPARE(timing.judgeFrame(1, kSooner), Belief::Believed);
-
-    // A step is rare: it outlives what is remembered of the other times, but not for ever.
-    answerAsUsual(timing, 200);
-    ask(timing);
-    QCOMPARE(timing.judgeFrame(1, kSooner), Belief::Believed);
-    answerAsUsual(timing, 400);
-    ask(timing);
-    QCOMPARE(timing.judgeFrame(1, kSooner), Belief::TooSoon);
-}
-
-void TestAnswerTiming::doubtsTheOtherOnes_data()
-{
-    QTest::addColumn<qint64>("first");
-    QTest::addColumn<int>("between");
-    QTest::addColumn<qint64>("second");
-    QTest::newRow("do not agree") << kSooner << 0 << kSooner - 4000;
-    QTest::newRow("far below the usual time") << kUsual - 30000 << 0 << kUsual - 30000;
-    QTest::newRow("long apart") << kSooner << 70 << kSooner;
-}
-
-void TestAnswerTiming::doubtsTheOtherOnes()
-{
-    QFETCH(qint64, first);
-    QFETCH(int, between);
-    QFETCH(qint64, second);
-    AnswerTiming timing;
-    answerAsUsual(timing, 40);
-    dropAndRepeat(timing, first);
-    answerAsUsual(timing, between);
-    dropAndRepeat(timing, second);
-    ask(timing);
-    QCOMPARE(timing.judgeFrame(1, second), Belief::TooSoon);
-}
-
-REGISTER_TEST(TestAnswerTiming, NoApplication)
+REGISTER_TEST(TestAnswerTiming, QCoreApplication)
 #include "tst_answertiming.moc"

@@ -1,5 +1,4 @@
 #include "tests/support/badlines.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LineKind)
@@ -31,9 +30,7 @@ class TestBadLine : public TestCase
 private slots:
     void showsNothingWrong_data()
     {
-        QTest::addColumn<int>("line");
-        QTest::addColumn<LineKind>("kind");
-        QTest::addColumn<quint64>("seed");
+        addColumns<int, LineKind, quint64>("line", "kind", "seed");
         for (std::size_t i = 0; i < badLines().size(); ++i) {
             for (const auto& kind : kLineKinds) {
                 QTest::addRow("%s, %s", badLines()[i].name, kind.name)
@@ -147,5 +144,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestBadLine, NoApplication)
+REGISTER_TEST(TestBadLine, QCoreApplication)
 #include "tst_badline.moc"

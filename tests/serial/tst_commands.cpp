@@ -1,5 +1,4 @@
 #include "tests/serial/scriptedtalk.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 using namespace scriptedtalk;
@@ -210,27 +209,7 @@ private slots:
         QCOMPARE(lengths.mid(0, 6), (QList<int>{1, 2, 2, 3, 4, 4}));
         QCOMPARE(lengths.last(), 0);
     }
-
-    void endsInTheMiddle()
-    {
-        ScriptedTalk talk({"03"});
-        talk.settle("03", 2);
-        talk.queue(requests::change("03", 0x17, "0A00"));
-        talk.queue(requests::change("03", 0x16, "01"));
-        talk.nextOf("FE037363170A00");
-        talk.conversation().lineGone();
-        talk.run(5000);
-        // The one on the wire may have been heard; the other was never sent.
-        const auto done = talk.told<event::CommandDone>();
-        QCOMPARE(done.size(), 1);
-        QCOMPARE(done.first().numbers, std::vector<quint64>{1});
-        QCOMPARE(done.first().answer, QByteArray());
-        QCOMPARE(talk.told<event::QueueLength>().last().commands, 0);
-        QCOMPARE(talk.sent().last().body, QByteArray("FE037363170A00"));
-        talk.start();
-        QCOMPARE(talk.sent().last().body, ask("01", kPoll));
-    }
 };
 
-REGISTER_TEST(TestCommands, NoApplication)
+REGISTER_TEST(TestCommands, QCoreApplication)
 #include "tst_commands.moc"

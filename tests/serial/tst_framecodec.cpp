@@ -1,7 +1,6 @@
 #include "serial/link/serialprocessor.h"
 #include "serial/wire/framecodec.h"
 #include "serial/wire/hextext.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 // The wire's constants stand here once more: a test that took them from the code it checks could

@@ -1,5 +1,4 @@
 #include "serial/conversation/hearing.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {
@@ -21,10 +20,7 @@ private slots:
     {
         // Reads, one after another 1 ms apart, after the request's end unless said otherwise; what
         // comes of them: "sound", "among" (sound, among other bytes), "single", "damaged", "stray".
-        QTest::addColumn<QList<QByteArray>>("reads");
-        QTest::addColumn<qint64>("from");
-        QTest::addColumn<QString>("heard");
-
+        addColumns<QList<QByteArray>, qint64, QString>("reads", "from", "heard");
         const auto row = [](const char* name, const QList<QByteArray>& reads, const char* heard,
                             qint64 from = kLater) {
             QTest::newRow(name) << reads << from << QString(heard);
@@ -124,5 +120,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestHearing, NoApplication)
+REGISTER_TEST(TestHearing, QCoreApplication)
 #include "tst_hearing.moc"

@@ -1,5 +1,4 @@
 #include "serial/ldb/ldbsettings.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {
@@ -158,5 +157,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestLdbSettings, NoApplication)
+REGISTER_TEST(TestLdbSettings, QCoreApplication)
 #include "tst_ldbsettings.moc"

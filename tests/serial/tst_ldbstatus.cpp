@@ -1,6 +1,5 @@
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 using namespace generalinformation;

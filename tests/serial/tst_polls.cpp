@@ -1,5 +1,4 @@
 #include "tests/serial/scriptedtalk.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 using namespace scriptedtalk;
@@ -393,5 +392,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestPolls, NoApplication)
+REGISTER_TEST(TestPolls, QCoreApplication)
 #include "tst_polls.moc"

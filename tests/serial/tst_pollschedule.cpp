@@ -1,5 +1,4 @@
 #include "serial/conversation/pollschedule.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 class TestPollSchedule : public TestCase

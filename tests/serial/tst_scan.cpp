@@ -1,5 +1,4 @@
 #include "tests/serial/scriptedtalk.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 using namespace scriptedtalk;
@@ -117,5 +116,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(TestScan, NoApplication)
+REGISTER_TEST(TestScan, QCoreApplication)
 #include "tst_scan.moc"

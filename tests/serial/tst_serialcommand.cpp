@@ -1,5 +1,4 @@
 #include "serial/ldb/serialcommand.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {

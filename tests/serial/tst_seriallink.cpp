@@ -1,18 +1,11 @@
 #include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <utility>
 
 Q_DECLARE_METATYPE(Reply::Kind)
-
-namespace {
-
-const QByteArray kReset = "FE0373780001";
-
-} // namespace
 
 /// The link in virtual time; its worker thread is tested with the processor's real port.
 class TestSerialLink : public TestCase
@@ -34,16 +27,6 @@ private slots:
         m_bus.reset();
         m_sandbox.reset();
         TestCase::cleanup();
-    }
-
-    void aStopInsideASignalIsClean()
-    {
-        QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
-        connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(),
-                &SerialLink::stop);
-        m_link->start();
-        WAIT_COMPARE(stopped.size(), 1);
-        QVERIFY(!m_link->isRunning());
     }
 
     void nothingOfAStoppedRunComesLater()
@@ -73,28 +56,11 @@ private slots:
         QVERIFY(m_link->isRunning());
     }
 
-    void commandsOfAnEarlierRunAreNotSent()
-    {
-        auto reset = [] {
-            return std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
-        };
-        m_link->post(reset()); // stopped
-        m_link->start();
-        m_link->post(reset()); // ends before it gets its turn
-        m_link->stop();
-        m_bus->clearRequests();
-        m_link->start();
-        WAIT_VERIFY(m_bus->requests().count("FE0A737804") >= 2);
-        QVERIFY(!m_bus->requests().contains(kReset));
-        m_link->post(reset());
-        WAIT_VERIFY(m_bus->requests().contains(kReset));
-    }
-
     void everyCommandEndsOnce_data()
     {
-        QTest::addColumn<QByteArray>("answer"); // to the first command
-        QTest::addColumn<QString>("end");       // of the run, once the first command is on the wire
-        QTest::addColumn<QList<Reply::Kind>>("kinds");
+        // "answer": to the first command
+        // "end": of the run, once the first command is on the wire
+        addColumns<QByteArray, QString, QList<Reply::Kind>>("answer", "end", "kinds");
         using Kind = Reply::Kind;
         const auto row = [](const char* tag, const QByteArray& answer, const char* end, Kind first,
                             Kind second) {

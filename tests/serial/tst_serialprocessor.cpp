@@ -3,7 +3,6 @@
 #include "simulator/program/pseudoterminal.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,5 @@
 #include "serial/link/serialtuning.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <memory>

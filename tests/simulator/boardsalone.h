@@ -59,6 +59,21 @@ public:
         const CommandParsing parsing = parseSimulatorCommand(QLatin1String(text));
         return parsing.command ? m_bus.execute(*parsing.command, now) : parsing.error;
     }
+    /// Steps with a comma between them: commands of the trainer, and requests to 0A, which are
+    /// told by their digits. What is wrong with the first that fails, or nothing.
+    QString prepare(const QString& steps)
+    {
+        for (const QString& step : steps.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
+            const bool isRequest = step.startsWith(QLatin1Char('7'));
+            const QString error = !isRequest ? command(qPrintable(step))
+                                  : ask("FE0A" + step.toLatin1()) != "\x06" ? step
+                                                                            : QString();
+            if (!error.isEmpty()) {
+                return error;
+            }
+        }
+        return {};
+    }
 
 private:
     BusSimulator m_bus;

@@ -1,13 +1,21 @@
 #include "tests/simulator/boardsalone.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {
 const QByteArray kAck("\x06");
 const QByteArray kNak("\x15");
+const QByteArray kPoll("FE0A70");
+const QByteArray kStatus("FE0A737803");
+
+bool isValid(QByteArray answer)
+{
+    return framecodec::responseValidation(answer);
+}
+
 } // namespace
 
-/// What the boards of the simulated bus answer and do, byte for byte and state by state.
+/// What the boards of the simulated bus answer and do, byte for byte and state by state, and what
+/// the trainer can do to the answers on their way.
 class BusSimulatorTest : public TestCase
 {
     Q_OBJECT
@@ -108,6 +116,7 @@ private slots:
 
     void runsThroughItsStates_data()
     {
+        // "preparation": as BoardsAlone::prepare has it
         // "course": ms after the command and the state, in turn
         const Table<QByteArray, QString, QList<int>> row("control", "preparation", "course");
         row("LDB reset", "01", "",
@@ -115,6 +124,9 @@ private slots:
         row("FIM reset", "00", "", {0, 40, 9999, 40, 10000, 42, 14999, 42, 15000, 20, 35000, 10});
         row("failing FIM reset", "00", "resets-fail 0A", {0, 40, 10000, 41, 14999, 41, 15000, 20});
         row("service mode", "03", "", {0, 30, 3600000, 30});
+        row("FIM reset in service mode", "00", "73780003", {0, 40, 10000, 42, 15000, 30});
+        row("LDB reset with Start in Service Mode", "01", "73631408", {0, 0, 8000, 30});
+        row("LDB reset in service mode", "01", "73780003", {0, 0, 8000, 20});
         row("factory reset", "02", "",
             {0, 50, 119999, 50, 120000, 52, 179999, 52, 180000, 0, 188000, 20});
         row("failing factory reset", "02", "resets-fail 0A",
@@ -130,7 +142,7 @@ private slots:
         for (const int first : {0, course.size() - 2}) {
             BoardsAlone bus;
             bus.now = 5000;
-            bus.command(qPrintable(preparation));
+            QCOMPARE(bus.prepare(preparation), QString());
             QCOMPARE(bus.ask("FE0A737800" + control), kAck);
             for (int i = first; i < course.size(); i += 2) {
                 bus.now = 5000 + course.at(i);
@@ -166,23 +178,6 @@ private slots:
         QVERIFY(!isTaken(serviceMode, 1000, factoryReset));
     }
 
-    void startsInServiceModeWhenToldTo()
-    {
-        BoardsAlone bus;
-        bus.ask("FE0A73631408");
-        bus.ask("FE0A73780001");
-        bus.now += 8000;
-        QCOMPARE(bus.state(), LdbState::ServiceMode);
-        // Nothing but an LDB reset ends it.
-        bus.ask("FE0A73780000");
-        bus.now += 60000;
-        QCOMPARE(bus.state(), LdbState::ServiceMode);
-        bus.ask("FE0A73631413");
-        bus.ask("FE0A73780001");
-        bus.now += 8000;
-        QCOMPARE(bus.state(), LdbState::Measuring);
-    }
-
     void factoryResetRestoresTheDefaults()
     {
         BoardsAlone bus;
@@ -207,12 +202,12 @@ private slots:
 
     void reportsFaults_data()
     {
-        // "tag": commands, one after the other
+        // The tag: as BoardsAlone::prepare has it.
         const Table<int, int, int> row("loop", "earth", "amplifier");
         row("open 0A", 1, 0, 0);
         row("open 0A, open 0A memory", 2, 0, 0);
         row("open 0A memory, open 0A clear", 0, 0, 0);
-        row("open 0A, change 170000", 0, 0, 0);
+        row("open 0A, 7363170000", 0, 0, 0);
         row("short 0A", 4, 0, 0);
         row("short 0A present, short 0A memory", 8, 0, 0);
         row("short 0A, open 0A memory", 6, 0, 0);
@@ -222,28 +217,24 @@ private slots:
         row("secondary-port 0A disconnected", 1, 0, 0);
         row("earth-leakage all after 2", 0, 4, 0);
         row("earth-leakage 0A memory", 0, 8, 0);
-        row("earth-leakage 0A, change 1411", 0, 0, 0);
-        row("earth-wire 0A, change 1417", 0, 1, 0);
-        row("earth-wire 0A memory, earth-leakage 0A, change 1417", 0, 6, 0);
+        row("earth-leakage 0A, 73631411", 0, 0, 0);
+        row("earth-wire 0A, 73631417", 0, 1, 0);
+        row("earth-wire 0A memory, earth-leakage 0A, 73631417", 0, 6, 0);
+        // A FIM reset forgets what is only remembered.
+        row("open 0A memory, earth-leakage 0A memory, dc-leakage 0A, 73780000", 16, 0, 0);
         row("amplifier 0A disconnected", 0, 0, 2);
         row("amplifier 0A not-supported", 0, 0, 254);
-        row("amplifier 0A disconnected, change 1403", 0, 0, 0);
+        row("amplifier 0A disconnected, 73631403", 0, 0, 0);
     }
 
     void reportsFaults()
     {
-        const QString commands(QTest::currentDataTag());
         QFETCH(int, loop);
         QFETCH(int, earth);
         QFETCH(int, amplifier);
         BoardsAlone bus;
-        for (const QString& command : commands.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
-            if (command.startsWith(QLatin1String("change "))) {
-                QCOMPARE(bus.ask("FE0A7363" + command.mid(7).toLatin1()), kAck);
-            } else {
-                QCOMPARE(bus.command(qPrintable(command)), QString());
-            }
-        }
+        QCOMPARE(bus.prepare(QTest::currentDataTag()), QString());
+        bus.now += 20000;
         const LdbStatus status = bus.status();
         QCOMPARE(static_cast<int>(status.loopState()), loop);
         QCOMPARE(static_cast<int>(status.earthState()), earth);
@@ -288,19 +279,6 @@ private slots:
         QCOMPARE(bus.status().loopState(), LdbLoopState::OpenMemory);
     }
 
-    void forgetsOnFimReset()
-    {
-        BoardsAlone bus;
-        for (const char* command : {"open 0A memory", "earth-leakage 0A memory", "dc-leakage 0A"}) {
-            bus.command(command);
-        }
-        bus.ask("FE0A73780000");
-        bus.now += 20000;
-        const LdbStatus status = bus.status();
-        QCOMPARE(status.loopState(), LdbLoopState::DcLeakage); // still there
-        QCOMPARE(status.earthState(), LdbEarthState::Ok);
-    }
-
     void complainsOfImpossibleCommands()
     {
         BoardsAlone bus;
@@ -315,20 +293,123 @@ private slots:
         BoardsAlone bus(7);
         BoardsAlone twin(7); // chance repeats itself with the same seed
         QSet<quint16> voltages;
-        QSet<quint16> currents;
-        for (int i = 0; i < 2000; ++i) {
+        for (int i = 0; i < 500; ++i) {
             twin.now = bus.now += 1000;
-            const LdbStatus status = bus.status();
-            QCOMPARE(twin.status().primaryVoltage, status.primaryVoltage);
-            voltages.insert(status.primaryVoltage);
-            currents.insert(status.primaryCurrent);
-            QVERIFY(status.secondaryVoltage > 24000 && status.secondaryVoltage < 28000);
+            const quint16 voltage = bus.status().primaryVoltage;
+            QCOMPARE(twin.status().primaryVoltage, voltage);
+            voltages.insert(voltage);
         }
         QVERIFY(voltages.size() > 100);
-        const auto [lowest, highest] = std::minmax_element(currents.begin(), currents.end());
-        QVERIFY(*highest > *lowest && *highest - *lowest < 11); // never as much as a FIM's step
+    }
+
+    void spoilsWhatIsFramed()
+    {
+        BoardsAlone bus;
+        bus.command("bad-check 0A");
+        QCOMPARE(bus.ask(kStatus).size(), 54);
+        QVERIFY(!isValid(bus.ask(kStatus)));
+        QCOMPARE(bus.ask(kPoll), kAck); // has no check digits
+        bus.command("bad-check 0A off");
+        bus.command("wrong-length all");
+        QCOMPARE(bus.ask(kStatus).size(), 52);
+        QVERIFY(isValid(bus.ask(kStatus)));
+        QCOMPARE(bus.ask(kPoll), kAck);
+    }
+
+    void refuses_data()
+    {
+        const Table<QString, QStringList> row("command", "refused");
+        const QStringList changes{"FE0A73631401", "FE0A7363170100", "FE0A73780003", "FE0A737806"};
+        row("all", "nak 0A", QStringList{"FE0A737803"} + changes);
+        row("changes", "nak 0A changes", changes);
+        row("one parameter", "nak 0A index 14", QStringList(changes.first()));
+        row("none", "nak 0A off", {});
+    }
+
+    void refuses()
+    {
+        QFETCH(QString, command);
+        QFETCH(QStringList, refused);
+        BoardsAlone bus;
+        const QByteArray settings = bus.settingsRecord();
+        bus.command(qPrintable(command));
+        for (const char* request :
+             {"FE0A737803", "FE0A73631401", "FE0A7363170100", "FE0A737806", "FE0A73780003"}) {
+            QCOMPARE(bus.ask(request) == kNak, refused.contains(request));
+        }
+        // What is refused changes nothing.
+        bus.command("nak 0A off");
+        QCOMPARE(bus.settingsRecord() == settings, refused.contains("FE0A7363170100"));
+        QCOMPARE(bus.state() == LdbState::Measuring, refused.contains("FE0A73780003"));
+    }
+
+    void answersLate()
+    {
+        BoardsAlone bus;
+        bus.command("late 0A 500 times 1");
+        const auto late = bus.hear("FE0A73780003").answer;
+        QVERIFY(late && late->delay == 500);
+        // Late or not, it was obeyed when it was heard.
+        QCOMPARE(bus.state(), LdbState::ServiceMode);
+        const auto next = bus.hear(kPoll).answer;
+        QVERIFY(next && next->delay == 0);
+    }
+
+    void makesNoise()
+    {
+        BoardsAlone bus;
+        bus.command("noise 0A");
+        for (int i = 0; i < 100; ++i) {
+            const QByteArray answer = bus.ask(kStatus);
+            const QByteArray noise = answer.left(answer.indexOf('\x01'));
+            QVERIFY(!noise.isEmpty() && isValid(answer.mid(noise.size())));
+            // Noise alone is no answer to anybody.
+            QVERIFY(!noise.contains('\x04') && !noise.contains('\x06') && !noise.contains('\x15'));
+        }
+    }
+
+    void sendsFragments()
+    {
+        BoardsAlone bus;
+        bus.command("fragments 0A");
+        const auto status = bus.hear(kStatus).answer;
+        QVERIFY(status && isValid(status->bytes));
+        QCOMPARE(status->pieces, 3);
+        QCOMPARE(status->pause, qint64{25});
+        QCOMPARE(bus.hear(kPoll).answer->pieces, 1);
+    }
+
+    void lastsForANumberOfAnswers()
+    {
+        for (const char* command :
+             {"bad-check 0A times 2", "nak 0A times 2", "silent 0A on times 2"}) {
+            BoardsAlone bus;
+            QCOMPARE(bus.command(command), QString());
+            for (const bool isValidAgain : {false, false, true, true}) {
+                QVERIFY2(isValid(bus.ask(kStatus)) == isValidAgain, command);
+            }
+        }
+    }
+
+    void vanishesAndAppears()
+    {
+        BoardsAlone bus;
+        bus.command("vanish 0A");
+        QCOMPARE(bus.ask(kPoll), QByteArray());
+        bus.ask("FEFF73780003");
+        bus.now = 60000;
+        bus.command("appear 0A");
+        QCOMPARE(bus.state(), LdbState::Booting);
+        bus.now += 10000;
+        QCOMPARE(bus.state(), LdbState::Measuring);
+        bus.command("appear 0A"); // has been there: no second boot
+        QCOMPARE(bus.state(), LdbState::Measuring);
+
+        QCOMPARE(bus.ask("FE3370"), QByteArray());
+        bus.command("appear 33");
+        QCOMPARE(bus.ask("FE3370"), kAck);
     }
 };
 
-REGISTER_TEST(BusSimulatorTest, NoApplication)
+REGISTER_TEST(BusSimulatorTest, QCoreApplication)
 #include "tst_bussimulator.moc"

@@ -1,7 +1,6 @@
 #include "serial/wire/framecodec.h"
 #include "simulator/bus/lineboards.h"
 #include "simulator/program/linehost.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/virtualclock.h"
 

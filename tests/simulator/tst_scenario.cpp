@@ -1,6 +1,5 @@
 #include "simulator/bus/adversarycommand.h"
 #include "simulator/bus/scenario.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QDir>
@@ -212,5 +211,5 @@ private slots:
     }
 };
 
-REGISTER_TEST(ScenarioTest, NoApplication)
+REGISTER_TEST(ScenarioTest, QCoreApplication)
 #include "tst_scenario.moc"

@@ -1,7 +1,6 @@
 #include "serial/wire/framecodec.h"
 #include "simulator/program/simulation.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QFileInfo>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/testcase.h"
 #include "tests/support/virtualtime.h"
 
 #include <QtTest>
@@ -14,17 +15,6 @@ public:
 
     /// `sourceFile` as __FILE__ gives it. Static objects only: there is no taking back.
     RegisteredTest(const char* sourceFile, Run run);
-};
-
-/// For test classes that need no application object.
-class NoApplication
-{
-public:
-    NoApplication(int& argc, char** argv)
-    {
-        Q_UNUSED(argc)
-        Q_UNUSED(argv)
-    }
 };
 
 /// An application object under which time passes only when the test lets it.
@@ -52,6 +42,6 @@ int runTest(int argc, char* argv[])
 }
 
 /// Stands at the end of the file of a test class, in place of QTEST_MAIN. The application is one of
-/// NoApplication, QCoreApplication, QGuiApplication, QApplication, or one InVirtualTime<>.
+/// QCoreApplication, QGuiApplication, QApplication, or one InVirtualTime<>.
 #define REGISTER_TEST(TestClass, ...)                                                              \
     static const RegisteredTest registered##TestClass(__FILE__, runTest<TestClass, __VA_ARGS__>);

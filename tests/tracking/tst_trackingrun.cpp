@@ -1,7 +1,5 @@
 #include "serial/ldb/generalinformation.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/virtualtime.h"
 #include "tests/tracking/modelldb.h"
 #include "tracking/counting/trackingrun.h"
 

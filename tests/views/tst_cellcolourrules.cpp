@@ -1,7 +1,6 @@
 #include "serial/ldb/generalinformation.h"
 #include "serial/link/serialtuning.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "views/tables/cellcolours.h"
 

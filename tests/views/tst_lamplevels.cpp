@@ -1,4 +1,3 @@
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/lamps/lampcondition.h"

@@ -1,7 +1,5 @@
 #include "tests/support/bracketingtranslator.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/virtualtime.h"
 #include "tests/views/records.h"
 #include "views/lamps/statusindicators.h"
 
