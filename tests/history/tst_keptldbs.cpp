@@ -1,7 +1,6 @@
 #include "history/keptldbs.h"
+#include "tests/support/sandbox.h"
 #include "tests/support/testprogram.h"
-
-#include <QTemporaryDir>
 
 Q_DECLARE_METATYPE(KeptMatch)
 
@@ -27,13 +26,6 @@ KeptLdb ldb(const QString& hexId, const QString& name)
     return {hexId, name, kBegun, false, settings()};
 }
 
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 } // namespace
 
 /// What is kept of LDBs until it is put back.
@@ -43,9 +35,9 @@ class TestKeptLdbs : public TestCase
 private slots:
     void keepsAllThatIsNeededToPutItBack()
     {
-        QTemporaryDir folder;
-        KeptLdbs(folder.filePath("new/one")).keep(ldb("10", settings().name));
-        const auto kept = KeptLdbs(folder.filePath("new/one")).find("10", settings().name);
+        const Sandbox folder;
+        KeptLdbs(folder.path("new/one")).keep(ldb("10", settings().name));
+        const auto kept = KeptLdbs(folder.path("new/one")).find("10", settings().name);
         QVERIFY(kept && kept->settings);
         QCOMPARE(kept->since, kBegun);
         QCOMPARE(kept->audioMute, std::optional<bool>(false));
@@ -60,8 +52,8 @@ private slots:
 
     void keepsEachLdbByAddressAndName()
     {
-        QTemporaryDir folder;
-        const KeptLdbs kept(folder.path());
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
         QCOMPARE(kept.keep(ldb("10", "A")), QString());
         QCOMPARE(kept.keep(ldb("10", "B")), QString());
         KeptLdb again = ldb("10", "A");
@@ -74,8 +66,8 @@ private slots:
 
     void forgetsWhatIsPutBack()
     {
-        QTemporaryDir folder;
-        const KeptLdbs kept(folder.path());
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
         KeptLdb one = ldb("10", "A");
         kept.keep(one);
         one.audioMute.reset();
@@ -105,9 +97,9 @@ private slots:
 
     void movesADamagedFileAside()
     {
-        QTemporaryDir folder;
-        const KeptLdbs kept(folder.path());
-        write(kept.filePath(), "{\"ldbs\": [{");
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
+        folder.writeFile(kept.filePath(), "{\"ldbs\": [{");
         {
             const ExpectWarning warning("cannot be understood");
             QVERIFY(kept.all().empty());
@@ -119,15 +111,13 @@ private slots:
 
     void takesNoHalfSettings()
     {
-        QTemporaryDir folder;
-        const KeptLdbs kept(folder.path());
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
         kept.keep(ldb("10", "A"));
-        QFile file(kept.filePath());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QByteArray bytes = file.readAll();
+        QByteArray bytes = Sandbox::readFile(kept.filePath());
         QVERIFY(bytes.contains("\"openDetectionDelay\": 25"));
-        write(kept.filePath(),
-              bytes.replace("\"openDetectionDelay\": 25", "\"openDetectionDelay\": 70000"));
+        folder.writeFile(kept.filePath(), bytes.replace("\"openDetectionDelay\": 25",
+                                                        "\"openDetectionDelay\": 70000"));
         const auto read = kept.find("10", "A");
         QVERIFY(read && read->audioMute);
         QVERIFY(!read->settings);
@@ -135,9 +125,9 @@ private slots:
 
     void saysWhyItCouldNotBeKept()
     {
-        QTemporaryDir folder;
-        write(folder.filePath("file"), "in the way of a folder");
-        const KeptLdbs kept(folder.filePath("file"));
+        const Sandbox folder;
+        folder.writeFile("file", "in the way of a folder");
+        const KeptLdbs kept(folder.path("file"));
         QVERIFY(kept.keep(ldb("10", "A")).contains("file"));
         QVERIFY(kept.all().empty());
     }

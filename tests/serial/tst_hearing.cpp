@@ -4,9 +4,8 @@
 namespace {
 
 // Frames worked out by hand: body, its check digits.
-const QByteArray kFrame("\x01"
-                        "FE0170C9"
-                        "\x04");
+const QByteArray kStart("\x01");
+const QByteArray kFrame = kStart + "FE0170C9\x04";
 constexpr qint64 kRequestEnd = 15000;
 constexpr qint64 kLater = 40000;
 
@@ -46,18 +45,9 @@ private slots:
         row("wrong check digits", {wrong}, "damaged");
         row("wrong check digits before the request's end", {wrong}, "stray", 0);
         row("no start", {noStart}, "damaged");
-        row("ends in its middle",
-            {QByteArray("\x01"
-                        "FE0A7378\x04")},
-            "damaged");
-        row("too little of it",
-            {QByteArray("\x01"
-                        "FE0A737\x04")},
-            "stray");
-        row("lower case is no digit",
-            {QByteArray("\x01"
-                        "fe0a7378\x04")},
-            "stray");
+        row("ends in its middle", {kStart + "FE0A7378\x04"}, "damaged");
+        row("too little of it", {kStart + "FE0A737\x04"}, "stray");
+        row("lower case is no digit", {kStart + "fe0a7378\x04"}, "stray");
         row("no end", {noEnd}, "stray");
         row("a lone start and end", {"\x01\x04"}, "stray");
         row("a lone start", {"\x01"}, "stray");
@@ -90,9 +80,7 @@ private slots:
     {
         Hearing hearing;
         hearing.begin(0);
-        hearing.take("\x01"
-                     "FE01",
-                     1000);
+        hearing.take(kStart + "FE01", 1000);
         QVERIFY(!hearing.pauseAt());
         QVERIFY(hearing.isUnderWay(40999));
         QVERIFY(!hearing.isUnderWay(41000));

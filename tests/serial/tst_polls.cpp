@@ -39,6 +39,9 @@ private slots:
         row("a stray byte before it", {{10, "\x55"}, {inTime, good}}, kName, usual + kQuiet, false);
         row("a stray byte behind it", {{inTime, good + kAck}}, kName, usual + kQuiet, false);
         row("two at once", {{inTime, good + good}}, kName, usual + kQuiet, false);
+        const double end = kHorizon - requestTime;
+        row("one that has begun in time", {{end - 20, good.left(30)}, {end + 5, good.mid(30)}},
+            kName, kHorizon + 5, false);
         row("a refusal", {{8, kNak}}, kStatus, kHorizon, false);
         row("stray bytes", {{8, "\x01\x04"}, {9, kAck}, {30, "\x01"}}, kStatus, kHorizon, false);
     }
@@ -289,22 +292,6 @@ private slots:
         for (const auto& record : talk.told<event::Record>()) {
             QCOMPARE(record.status.state == LdbState::Disconnected, record.hexId == "03");
         }
-    }
-
-    void aFrameThatHasBegunIsLetEnd()
-    {
-        ScriptedTalk talk({"03"});
-        talk.settle("03", 2);
-        const QByteArray good = ScriptedTalk::status(3);
-        const double end = kHorizon - 14 * 1.042;
-        talk.setScript(
-            first(ask("03", kStatus), {{{end - 20, good.left(30)}, {end + 5, good.mid(30)}}}));
-        const double asked = talk.nextOf(ask("03", kStatus));
-        talk.forgetEvents();
-        const ScriptedTalk::Sent next = talk.next();
-        QCOMPARE(next.body, ask("03", kName));
-        QVERIFY(about(next.at - asked, kHorizon + 5));
-        QCOMPARE(talk.told<event::Record>().size(), 1);
     }
 
     void aLineThatIsNeverQuietIsTold()

@@ -14,7 +14,6 @@ const QByteArray kSilence;
 
 // The cyclic requests, and what this test uses as commands.
 const QByteArray kStatus("737803");
-const QByteArray kName("737202");
 const QByteArray kFirmware("737804");
 const QByteArray kProbe("70");
 const QByteArray kReset("73780001");
@@ -99,23 +98,21 @@ class TestSerialProcessor : public TestCase
 {
     Q_OBJECT
 private slots:
-    void endsInEveryState_data()
+    void endsWhateverIsUnderWay_data()
     {
-        QTest::addColumn<QByteArray>("request"); ///< at which it ends
-        QTest::addColumn<bool>("isCut");         ///< the line; otherwise the processor is stopped
-
-        for (const bool isCut : {false, true}) {
-            const char* how = isCut ? "line cut" : "stopped";
-            QTest::addRow("%s in the scan", how) << ask("04", kProbe) << isCut;
-            QTest::addRow("%s at a status", how) << ask("03", kStatus) << isCut;
-            QTest::addRow("%s at a name", how) << ask("03", kName) << isCut;
-            QTest::addRow("%s at a firmware", how) << ask("03", kFirmware) << isCut;
-            QTest::addRow("%s at a command", how) << ask("03", kReset) << isCut;
-        }
-        QTest::newRow("port that does not open") << QByteArray() << true;
+        // "request": at which it ends; what decides is the same in every state of the conversation
+        // "isCut": the line; otherwise the processor is stopped
+        const Table<QByteArray, bool> row("request", "isCut");
+        row("line cut in the scan", ask("04", kProbe), true);
+        row("line cut at a status", ask("03", kStatus), true);
+        row("line cut at a command", ask("03", kReset), true);
+        row("stopped in the scan", ask("04", kProbe), false);
+        row("stopped at a status", ask("03", kStatus), false);
+        row("stopped at a command", ask("03", kReset), false);
+        row("port that does not open", {}, true);
     }
 
-    void endsInEveryState()
+    void endsWhateverIsUnderWay()
     {
         QFETCH(QByteArray, request);
         QFETCH(bool, isCut);
@@ -196,9 +193,9 @@ private slots:
 
     void threadEndsInTheMiddleOfACommand_data()
     {
-        QTest::addColumn<QString>("end");
+        const Table<QString> row("end");
         for (const char* end : {"stop", "cut", "delete"}) {
-            QTest::newRow(end) << QString::fromLatin1(end);
+            row(end, end);
         }
     }
 

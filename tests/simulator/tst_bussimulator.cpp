@@ -23,22 +23,14 @@ private slots:
     void answers_data()
     {
         const Table<QByteArray, QByteArray> row("request", "answer");
+        const QByteArray start("\x01");
         // Check digits worked out by hand.
         row("poll", "FE0A70", kAck);
-        row("name", "FE0A737202",
-            "\x01"
-            "50756D7020686F757365000000000000"
-            "22\x04");
-        row("firmware id", "FE0A737804",
-            "\x01"
-            "4C444231362056332E3231"
-            "DF\x04");
+        row("name", "FE0A737202", start + "50756D7020686F757365000000000000" + "22\x04");
+        row("firmware id", "FE0A737804", start + "4C444231362056332E3231" + "DF\x04");
         row("settings", "FE0A737201",
-            "\x01"
-            "0A0000001300000A00"
-            "50756D7020686F757365000000000000"
-            "000600"
-            "F3\x04");
+            start + "0A0000001300000A00" + "50756D7020686F757365000000000000" + "000600" +
+                "F3\x04");
         row("store settings", "FE0A737806", kAck);
         for (const char* request :
              {"FE0A7000", "FE0A737A01", "FE0A7378", "FE0A737214", "FE0A73720200", "FE0A73780300",

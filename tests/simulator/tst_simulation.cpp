@@ -89,14 +89,21 @@ private slots:
     void comesBackAfterACut()
     {
         qRegisterMetaType<QSerialPort::SerialPortError>();
-        Simulation simulation(twoBoards(), unpaced());
+        const Sandbox sandbox;
+        Simulation::Options options = unpaced();
+        options.linkPath = sandbox.path("port");
+        // Left behind by one that was killed.
+        QVERIFY(QFile::link("/nowhere", options.linkPath));
+        Simulation simulation(twoBoards(), options);
         QCOMPARE(simulation.start(), QString());
+        QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
         {
             Master master(simulation.portName());
             master.ask("FE0A73631601");
             QSignalSpy errors(&master.port(), &QSerialPort::errorOccurred);
             simulation.execute(command("cut"));
             QCOMPARE(simulation.portName(), QString());
+            QVERIFY(!QFileInfo(options.linkPath).isSymLink());
             QVERIFY(!errors.isEmpty() || errors.wait(kPatience));
             master.port().close();
         }
@@ -104,13 +111,12 @@ private slots:
         simulation.execute(command("restore"));
         QCOMPARE(restored.size(), 1);
         QCOMPARE(restored.constFirst().constFirst().toString(), simulation.portName());
-        Master master(simulation.portName());
+        QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
+        Master master(options.linkPath);
         // The boards have kept their settings meanwhile.
-        const QByteArray settings = master.ask("FE0A737201");
-        QCOMPARE(settings.mid(13, 2), QByteArray("01"));
+        QCOMPARE(master.ask("FE0A737201").mid(13, 2), QByteArray("01"));
         QVERIFY(simulation.execute(command("restore")).isEmpty());
         QCOMPARE(restored.size(), 1);
-
         simulation.execute(command("cut for 0.05"));
         QVERIFY(restored.wait(kPatience));
     }
@@ -183,27 +189,6 @@ private slots:
         WAIT_VERIFY(Sandbox::readFile(options.journalPath).contains("\tstray bytes\n"));
     }
 
-    void linksThePort()
-    {
-        const Sandbox sandbox;
-        Simulation::Options options = unpaced();
-        options.linkPath = sandbox.path(QStringLiteral("port"));
-        // Left behind by one that was killed.
-        QVERIFY(QFile::link(QStringLiteral("/nowhere"), options.linkPath));
-        {
-            Simulation simulation(twoBoards(), options);
-            QCOMPARE(simulation.start(), QString());
-            QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
-            simulation.execute(command("cut"));
-            QVERIFY(!QFileInfo(options.linkPath).isSymLink());
-            simulation.execute(command("restore"));
-            QCOMPARE(QFileInfo(options.linkPath).symLinkTarget(), simulation.portName());
-            Master master(options.linkPath);
-            QCOMPARE(master.ask("FE0A70"), QByteArray("\x06"));
-        }
-        QVERIFY(!QFileInfo(options.linkPath).isSymLink());
-    }
-
     void tellsWhatItCannotOpen()
     {
         const Sandbox sandbox;
@@ -219,9 +204,9 @@ private slots:
 
     void runsAsAProgramUntilToldToEnd_data()
     {
-        QTest::addColumn<QString>("signal");
+        const Table<QString> row("signal");
         for (const char* signal : {"none", "TERM", "INT", "HUP"}) {
-            QTest::newRow(signal) << signal;
+            row(signal, signal);
         }
     }
 

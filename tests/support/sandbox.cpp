@@ -18,7 +18,7 @@ Sandbox::~Sandbox()
 
 void Sandbox::writeFile(const QString& fileName, const QByteArray& content) const
 {
-    QFile file(path(fileName));
+    QFile file(fileName); // the sandbox is the working directory
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
         qFatal("the sandbox cannot be written");
     }

@@ -17,7 +17,7 @@ public:
     /// Absolute path of a file in the sandbox.
     QString path(const QString& fileName) const { return m_directory.filePath(fileName); }
 
-    /// Writes a file into the sandbox.
+    /// Writes a file into the sandbox; its name there, or its path.
     void writeFile(const QString& fileName, const QByteArray& content) const;
     /// Writes the tuning file, INI text.
     void writeTuning(const QByteArray& ini) const;
