@@ -438,9 +438,3 @@ void Line::reset()
     m_lineFree = 0;
     m_portFree = 0;
 }
-
-Span Line::absence(int board)
-{
-    const Span span = m_mischief.absence(board, m_now);
-    return {toMicroseconds(span.from), toMicroseconds(span.to)};
-}

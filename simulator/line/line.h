@@ -44,7 +44,6 @@ public:
     void setAdversaries(const Adversaries& adversaries, qint64 at);
     const Adversaries& adversaries() const { return m_mischief.adversaries(); }
     void setKind(LineKind kind) { m_options.kind = kind; }
-    LineKind kind() const { return m_options.kind; }
 
     /// The master hands bytes to its port: frames, as a rule, but any pieces will do. They leave
     /// one after another.
@@ -65,8 +64,6 @@ public:
     void reset();
 
     const LineBook& book() const { return m_book; }
-    /// When the board is absent: the time that lasts now, or else the next one (µs).
-    Span absence(int board);
 
     static constexpr qint64 kNever = linetime::kNever;
 

@@ -88,7 +88,7 @@ LineAnswer* LineBook::findAnswer(qint64 number, int answer)
     return exchange ? &exchange->answers[static_cast<std::size_t>(answer)] : nullptr;
 }
 
-void LineBook::addFalseFrame(const FalseFrame& frame)
+void LineBook::addFalseFrame(const QByteArray& frame)
 {
     if (m_falseFrames.size() == m_length) {
         m_falseFrames.pop_front();
@@ -96,14 +96,9 @@ void LineBook::addFalseFrame(const FalseFrame& frame)
     m_falseFrames.push_back(frame);
 }
 
-void LineBook::noteIntrusion(Intrusion intrusion, qint64 at)
+void LineBook::noteIntrusion(Intrusion intrusion)
 {
-    if (m_exchanges.empty()) {
-        return;
-    }
-    Exchange& exchange = m_exchanges.back();
-    exchange.intrusions |= intrusion;
-    if (exchange.intrudedAt == LineAnswer::kNotYet) {
-        exchange.intrudedAt = at;
+    if (!m_exchanges.empty()) {
+        m_exchanges.back().intrusions |= intrusion;
     }
 }

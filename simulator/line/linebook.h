@@ -41,7 +41,6 @@ struct LineAnswer
     int tag = 0;      ///< as the boards gave it
     Harms harms;
     qint64 lateBy = 0;          ///< beyond the turnaround, by the adversary's doing
-    int overlappedWith = 0;     ///< a board, `kMaster` or `kStray`; 0 for none
     qint64 leftAt = kNotYet;    ///< when the last byte had left, or would have
     qint64 arrivedAt = kNotYet; ///< when its last byte came to the master; not if that was lost
 
@@ -49,7 +48,6 @@ struct LineAnswer
 
     static constexpr qint64 kNotYet = -1;
     static constexpr int kMaster = 0xFE;
-    static constexpr int kStray = -1;
 };
 
 /// One transmission of the master and what came of it. Times in µs.
@@ -64,7 +62,6 @@ struct Exchange
     bool isHeard = false; ///< the boards got it whole and undamaged
     std::vector<LineAnswer> answers;
     Intrusions intrusions;
-    qint64 intrudedAt = LineAnswer::kNotYet; ///< when the first of them came
 
     /// Whether a master that did everything right could have missed the answer: the request was
     /// harmed or unanswered, or every answer was harmed.
@@ -73,13 +70,6 @@ struct Exchange
     bool isClean() const;
     /// For messages: one line.
     QString describe() const;
-};
-
-/// A frame that reached the master with right check digits though no board sent it so.
-struct FalseFrame
-{
-    QByteArray bytes;
-    qint64 at = 0; ///< µs; when its last byte had arrived
 };
 
 /// What really happened on a line: the truth to hold a master's reports against. Bounded: the
@@ -92,8 +82,9 @@ public:
     /// The exchanges still known, oldest first.
     const std::deque<Exchange>& exchanges() const { return m_exchanges; }
 
-    /// The last ones, as many as there are exchanges known.
-    const std::deque<FalseFrame>& falseFrames() const { return m_falseFrames; }
+    /// Frames that reached the master with right check digits though no board sent them so: the
+    /// last ones, as many as there are exchanges known.
+    const std::deque<QByteArray>& falseFrames() const { return m_falseFrames; }
     qint64 exchangeCount() const { return m_next; }
 
     // For the line, which keeps the book.
@@ -101,14 +92,14 @@ public:
     /// Null when it has been forgotten.
     Exchange* find(qint64 number);
     LineAnswer* findAnswer(qint64 number, int answer);
-    void addFalseFrame(const FalseFrame& frame);
-    /// Something came at `at` (µs) that belongs to another exchange than the last one.
-    void noteIntrusion(Intrusion intrusion, qint64 at);
+    void addFalseFrame(const QByteArray& frame);
+    /// Something came that belongs to another exchange than the last one.
+    void noteIntrusion(Intrusion intrusion);
 
 private:
     std::size_t m_length;
     std::deque<Exchange> m_exchanges;
-    std::deque<FalseFrame> m_falseFrames;
+    std::deque<QByteArray> m_falseFrames;
     qint64 m_next = 0;
 };
 

@@ -27,15 +27,15 @@ void Receiver::begin(const Byte& byte, LineBook& book)
     }
     m_current.value = damage::merged(m_current.value, byte.value, m_garbage);
     m_current.isDamaged = true;
-    noteOverlap(m_current.sender, byte.sender.board, book);
-    noteOverlap(byte.sender, m_current.sender.board, book);
+    noteOverlap(m_current.sender, book);
+    noteOverlap(byte.sender, book);
 }
 
 void Receiver::spoil(char with, LineBook& book)
 {
     m_current.value = damage::merged(m_current.value, with, m_garbage);
     m_current.isDamaged = true;
-    noteOverlap(m_current.sender, LineAnswer::kMaster, book);
+    noteOverlap(m_current.sender, book);
 }
 
 void Receiver::finish(Mischief& mischief, LineBook& book)
@@ -67,8 +67,7 @@ void Receiver::take(const Byte& byte, Mischief& mischief, LineBook& book)
     }
     if (byte.sender.exchange != book.exchangeCount() - 1) {
         book.noteIntrusion(byte.sender.exchange == Sender::kNobody ? Intrusion::Stray
-                                                                   : Intrusion::OtherAnswer,
-                           linetime::toMicroseconds(m_lastAt));
+                                                                   : Intrusion::OtherAnswer);
     }
     follow(byte, book);
 }
@@ -88,7 +87,7 @@ QByteArray Receiver::takeArrived(qint64 now, LineBook& book)
         m_arrived.pop_front();
     }
     if (wasHeld) {
-        book.noteIntrusion(Intrusion::Held, linetime::toMicroseconds(now));
+        book.noteIntrusion(Intrusion::Held);
     }
     return bytes;
 }
@@ -100,14 +99,13 @@ void Receiver::reset()
     m_arrived.clear();
 }
 
-void Receiver::noteOverlap(const Sender& sender, int other, LineBook& book)
+void Receiver::noteOverlap(const Sender& sender, LineBook& book)
 {
     if (sender.exchange == Sender::kNobody) {
         return;
     }
     if (LineAnswer* answer = book.findAnswer(sender.exchange, sender.answer)) {
         answer->harms |= Harm::Overlap;
-        answer->overlappedWith = other;
     }
 }
 
@@ -131,7 +129,6 @@ void Receiver::follow(const Byte& byte, LineBook& book)
     const bool isEnd = byte.value == framecodec::kEot;
     m_isInFrame = !isEnd && m_frame.size() < kLongestFrame;
     if (isEnd && !m_isGenuine && damage::isSound(m_frame)) {
-        book.addFalseFrame(
-            {QByteArray(m_frame.constData(), m_frame.size()), linetime::toMicroseconds(m_lastAt)});
+        book.addFalseFrame(QByteArray(m_frame.constData(), m_frame.size()));
     }
 }

@@ -19,7 +19,7 @@ public:
     {
         qint64 exchange = kNobody;
         int answer = 0;
-        int board = LineAnswer::kStray;
+        int board = 0; ///< its address
 
         static constexpr qint64 kNobody = -1;
     };
@@ -59,7 +59,7 @@ private:
     };
 
     /// Notes a harm of the sender's answer, and of which other sender it came.
-    static void noteOverlap(const Sender& sender, int other, LineBook& book);
+    static void noteOverlap(const Sender& sender, LineBook& book);
     void follow(const Byte& byte, LineBook& book);
 
     Chance m_garbage;

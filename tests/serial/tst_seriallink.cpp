@@ -1,4 +1,5 @@
 #include "serial/link/seriallink.h"
+#include "serial/link/serialprocessor.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testprogram.h"
@@ -27,6 +28,41 @@ private slots:
         m_bus.reset();
         m_sandbox.reset();
         TestCase::cleanup();
+    }
+
+    /// Whoever the processor tells something calls it back at once.
+    void theProcessorStopsInsideASignal_data()
+    {
+        const Table<QByteArray, bool> row("signal", "isHeldUp");
+        for (const bool isHeldUp : {false, true}) {
+            for (const char* signal :
+                 {SIGNAL(ldbListInitializationProgress(int, int)),
+                  SIGNAL(ldbListChanged(QStringList)),
+                  SIGNAL(generalInformationUpdated(QString, QList<QStringList>))}) {
+                row(isHeldUp ? "held up" : "", signal, isHeldUp);
+            }
+        }
+    }
+
+    void theProcessorStopsInsideASignal()
+    {
+        QFETCH(QByteArray, signal);
+        QFETCH(bool, isHeldUp);
+        if (isHeldUp) {
+            m_bus->holdUp();
+        }
+        SerialProcessor processor(m_bus->ports().make);
+        processor.setPortName(m_bus->portName());
+        QSignalSpy stopped(&processor, &SerialProcessor::stopped);
+        connect(&processor, signal.constData(), &processor, SLOT(stop()));
+        for (int run = 1; run <= 2; ++run) {
+            processor.start();
+            WAIT_VERIFY(stopped.size() >= run);
+            const auto asked = m_bus->requests().size();
+            VirtualTime::current()->advance(5000);
+            QCOMPARE(stopped.size(), run);
+            QVERIFY(m_bus->requests().size() <= asked + 1); // the one that had left
+        }
     }
 
     void nothingOfAStoppedRunComesLater()

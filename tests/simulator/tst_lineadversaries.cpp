@@ -167,7 +167,6 @@ private slots:
             for (const LineAnswer& answer : run.last().answers) {
                 const bool isOverlapped = answer.harms.testFlag(Harm::Overlap);
                 const bool isWhole = bytes.contains(answer.bytes);
-                QCOMPARE(isOverlapped, answer.overlappedWith == LineAnswer::kStray);
                 QVERIFY(isWhole || isOverlapped);
                 overlapped += isOverlapped ? 1 : 0;
                 lucky += isWhole && isOverlapped ? 1 : 0;
@@ -221,8 +220,8 @@ private slots:
         QVERIFY2(hit > 200 && hit < 1000, qPrintable(QString::number(hit)));
         QList<QByteArray> frames = soundFrames(run.bytes());
         // What is left of a frame may pass the check: the book has told.
-        for (const FalseFrame& frame : run.line.book().falseFrames()) {
-            frames.removeOne(frame.bytes);
+        for (const QByteArray& frame : run.line.book().falseFrames()) {
+            frames.removeOne(frame);
         }
         QCOMPARE(frames, whole); // late or not, and in order
         QCOMPARE(longest > kSecond, !areLosing);
@@ -235,23 +234,23 @@ private slots:
         adversaries.vanishEvery = 480;
         LineRun run(adversaries);
         constexpr int kRounds = 40000;
-        constexpr int kBoards[] = {0x0A, 0x0B};
+        const QByteArray polls[] = {kPoll, "FE0B70"};
         int absent[2] = {0, 0};
+        int absences = 0; // of the first board
         int both = 0;
+        bool wasAway = false;
         for (int i = 0; i < kRounds; ++i) {
-            int away = 0;
-            for (const int board : kBoards) {
-                const Span absence = run.line.absence(board);
-                run.send(board == kBoards[0] ? kPoll : "FE0B70");
+            bool isAway[2];
+            for (const int board : {0, 1}) {
+                run.send(polls[board]);
                 run.run(kSecond / 2);
-                const bool isAway = run.last().isHarmed(); // or has gone before it answered
-                QCOMPARE(run.last().isHeard, !absence.contains(run.last().endedAt));
-                QVERIFY(run.last().isHeard ? !isAway || absence.contains(run.now) : isAway);
-                QCOMPARE(run.take().isEmpty(), isAway);
-                absent[board - kBoards[0]] += isAway ? 1 : 0;
-                away += isAway ? 1 : 0;
+                isAway[board] = run.take().isEmpty();
+                QCOMPARE(run.last().isHarmed(), isAway[board]);
+                absent[board] += isAway[board] ? 1 : 0;
             }
-            both += away / 2;
+            absences += isAway[0] && !wasAway ? 1 : 0;
+            both += isAway[0] && isAway[1] ? 1 : 0;
+            wasAway = isAway[0];
         }
         // 30 s of 480 are 6.25 %; two boards that go on their own are away together for 0.4 %.
         for (const int rounds : absent) {
@@ -259,8 +258,7 @@ private slots:
             QVERIFY2(percent > 3.5 && percent < 9, qPrintable(QString::number(percent)));
         }
         QVERIFY(both < kRounds / 50);
-        const Span absence = run.line.absence(0x0A);
-        QVERIFY(qAbs(absence.to - absence.from - 30 * kSecond) <= 1);
+        QCOMPARE((absent[0] + absences / 2) / absences, 30);
     }
 };
 

@@ -273,7 +273,7 @@ bool LineRig::isFalseFrame(const QByteArray& body) const
     const auto& frames = m_line.book().falseFrames();
     return !body.isEmpty() &&
            std::any_of(frames.begin(), frames.end(),
-                       [&body](const FalseFrame& frame) { return frame.bytes.contains(body); });
+                       [&body](const QByteArray& frame) { return frame.contains(body); });
 }
 
 void LineRig::complain(const QString& what, const QByteArray& body)

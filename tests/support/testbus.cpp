@@ -84,7 +84,12 @@ public:
 
     void write(const QByteArray& bytes) override { m_bus->m_host.receive(bytes); }
     QByteArray readAll() override { return std::exchange(m_received, {}); }
-    void fetch() override {} // what has come has been told
+    void fetch() override
+    {
+        if (m_bus->m_isHeldUp && !m_received.isEmpty()) {
+            emit readyRead();
+        }
+    }
 
     qint64 now() const override { return m_bus->m_clock->microseconds(); }
     qint64 wallTime() const override
@@ -103,7 +108,9 @@ public:
     void take(const QByteArray& bytes)
     {
         m_received += bytes;
-        emit readyRead();
+        if (!m_bus->m_isHeldUp) {
+            emit readyRead();
+        }
     }
     void breakDown()
     {

@@ -40,6 +40,8 @@ public:
     /// The line is gone, at the next event, with all that is on it, until it is restored.
     void cut();
     void restore();
+    /// From now on what arrives is told only when it is looked for, as to a thread that is held up.
+    void holdUp() { m_isHeldUp = true; }
     /// The line; and where a port in real time hands its bytes in and gets what arrives.
     LineHost& host() { return m_host; }
 
@@ -89,6 +91,7 @@ private:
     LineHost m_host;
     Port* m_port = nullptr; ///< the one that is open
     bool m_isCut = false;
+    bool m_isHeldUp = false;
     bool m_isCommand = false; ///< the last request
     Script m_script;
     QList<QByteArray> m_requests;
