@@ -181,10 +181,8 @@ private slots:
                     }
                 }
             }
-            QList<QByteArray> listed;
-            for (const QByteArray& frame : run.line.book().falseFrames()) {
-                listed.append(frame);
-            }
+            const auto& frames = run.line.book().falseFrames();
+            QList<QByteArray> listed(frames.begin(), frames.end());
             std::sort(others.begin(), others.end());
             std::sort(listed.begin(), listed.end());
             QVERIFY(!listed.isEmpty());

@@ -110,9 +110,9 @@ private slots:
 
     void sendsStrayBytes_data()
     {
-        addColumns<double, double, int>("every", "bursts", "together");
-        QTest::newRow("single ones") << 3.0 << 0.0 << 1;
-        QTest::newRow("bursts") << 0.0 << 30.0 << 20;
+        const Table<double, double, int> row("every", "bursts", "together");
+        row("single ones", 3, 0, 1);
+        row("bursts", 0, 30, 20);
     }
 
     void sendsStrayBytes()

@@ -12,12 +12,8 @@ public:
     ~BracketingTranslator() override { QCoreApplication::removeTranslator(this); }
 
     bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* source, const char* disambiguation,
-                      int n) const override
+    QString translate(const char*, const char* source, const char*, int) const override
     {
-        Q_UNUSED(context)
-        Q_UNUSED(disambiguation)
-        Q_UNUSED(n)
         return QStringLiteral("[%1]").arg(QString::fromLatin1(source));
     }
 };

@@ -24,11 +24,6 @@ void Sandbox::writeFile(const QString& fileName, const QByteArray& content) cons
     }
 }
 
-void Sandbox::writeTuning(const QByteArray& ini) const
-{
-    writeFile(QStringLiteral("settings.ini"), ini);
-}
-
 QByteArray Sandbox::readFile(const QString& absolutePath)
 {
     QFile file(absolutePath);

@@ -20,7 +20,10 @@ public:
     /// Writes a file into the sandbox; its name there, or its path.
     void writeFile(const QString& fileName, const QByteArray& content) const;
     /// Writes the tuning file, INI text.
-    void writeTuning(const QByteArray& ini) const;
+    void writeTuning(const QByteArray& ini) const
+    {
+        writeFile(QStringLiteral("settings.ini"), ini);
+    }
 
     static QByteArray readFile(const QString& absolutePath);
 

@@ -11,22 +11,9 @@
 namespace {
 
 // Messages come from any thread, so what they leave behind is guarded.
-QMutex& guard()
-{
-    static QMutex mutex;
-    return mutex;
-}
-QList<ExpectWarning*>& expectations()
-{
-    static QList<ExpectWarning*> list;
-    return list;
-}
-QStringList& unexpected()
-{
-    static QStringList list;
-    return list;
-}
-
+QMutex guard;
+QList<ExpectWarning*> expectations;
+QStringList unexpected;
 QtMessageHandler previousHandler = nullptr;
 
 // The offscreen platform says this of every window; it tells nothing about the program.
@@ -38,13 +25,13 @@ bool isPlatformNoise(const QString& message)
 void recordMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     if ((type == QtWarningMsg || type == QtCriticalMsg) && !isPlatformNoise(message)) {
-        const QMutexLocker lock(&guard());
-        for (ExpectWarning* expectation : qAsConst(expectations())) {
+        const QMutexLocker lock(&guard);
+        for (ExpectWarning* expectation : qAsConst(expectations)) {
             if (expectation->matches(message)) {
                 return;
             }
         }
-        unexpected().append(message);
+        unexpected.append(message);
     }
     previousHandler(type, context, message);
 }
@@ -53,17 +40,17 @@ void recordMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 void TestCase::init()
 {
-    const QMutexLocker lock(&guard());
-    unexpected().clear();
+    const QMutexLocker lock(&guard);
+    unexpected.clear();
     previousHandler = qInstallMessageHandler(recordMessage);
 }
 
 void TestCase::cleanup()
 {
     qInstallMessageHandler(previousHandler);
-    const QMutexLocker lock(&guard());
-    const QStringList messages = unexpected();
-    unexpected().clear();
+    const QMutexLocker lock(&guard);
+    const QStringList messages = unexpected;
+    unexpected.clear();
     if (!messages.isEmpty() && !QTest::currentTestFailed()) {
         QFAIL(qPrintable(QStringLiteral("unexpected: ") + messages.join(QLatin1Char('\n'))));
     }
@@ -73,16 +60,16 @@ ExpectWarning::ExpectWarning(const char* pattern, Need need)
     : m_pattern(QString::fromLatin1(pattern))
     , m_seen(need == Need::MayCome)
 {
-    const QMutexLocker lock(&guard());
-    expectations().append(this);
+    const QMutexLocker lock(&guard);
+    expectations.append(this);
 }
 
 ExpectWarning::~ExpectWarning()
 {
-    const QMutexLocker lock(&guard());
-    expectations().removeAll(this);
+    const QMutexLocker lock(&guard);
+    expectations.removeAll(this);
     if (!m_seen) {
-        unexpected().append(QStringLiteral("no warning matched ") + m_pattern.pattern());
+        unexpected.append(QStringLiteral("no warning matched ") + m_pattern.pattern());
     }
 }
 

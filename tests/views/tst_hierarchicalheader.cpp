@@ -47,10 +47,9 @@ struct HeadedTable
         view.show();
     }
 
-    QImage picture() const { return pictureOf(header); }
-    static QImage pictureOf(QWidget* widget)
+    QImage picture() const
     {
-        return widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        return header->grab().toImage().convertToFormat(QImage::Format_RGB32);
     }
 
     /// Whether a vertical line of the picture is one plain stretch from `top` to `bottom`: no edge
