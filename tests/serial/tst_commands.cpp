@@ -142,7 +142,7 @@ private slots:
                                  : std::nullopt;
         });
         talk.settle("03", 2);
-        QList<int> transmissions;
+        QVector<int> transmissions;
         for (int i = 0; i < 20; ++i) {
             by = i < 17 ? before : after;
             const int sentBefore = talk.timesSent(body);
@@ -155,12 +155,9 @@ private slots:
             QVERIFY2(!talk.told<event::CommandDone>().first().answer.isEmpty(),
                      qPrintable(QString::number(i)));
         }
-        // Asked again once; then that is its usual time.
         // Once the usual time is known, one repeat tells that it has changed.
-        QList<int> expected;
-        for (int i = 0; i < 20; ++i) {
-            expected.append(i == 17 ? 2 : 1);
-        }
+        QVector<int> expected(20, 1);
+        expected[17] = 2;
         QCOMPARE(transmissions, expected);
     }
 

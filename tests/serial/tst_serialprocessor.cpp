@@ -228,6 +228,9 @@ private slots:
         WAIT_COMPARE(replies.size(), 20);
         QCOMPARE(replies.count(Reply::Kind::Silent), 1);
         QCOMPARE(replies.count(Reply::Kind::Unsent), 19);
+        link.reset();
+        QCoreApplication::processEvents();
+        QCOMPARE(replies.size(), 20); // each once
     }
 };
 

@@ -5,7 +5,6 @@
 #include "tests/support/testcase.h"
 
 #include <algorithm>
-#include <array>
 
 Q_DECLARE_METATYPE(LineKind)
 
@@ -119,18 +118,6 @@ inline void addKinds()
     QTest::newRow("queuing converter") << LineKind::QueuingConverter << false << false;
 }
 
-inline Adversaries everything()
-{
-    Adversaries all;
-    all.flippedRequests = all.flippedAnswers = all.garbledAnswers = 3;
-    all.lostRequests = all.lostAnswers = all.lateAnswers = 3;
-    all.strayEvery = 1;
-    all.burstEvery = 5;
-    all.stallEvery = 20;
-    all.vanishEvery = 100;
-    return all;
-}
-
 /// The frames with right check digits in a stream, cut as a master does it.
 inline QList<QByteArray> soundFrames(const QByteArray& stream)
 {
@@ -150,19 +137,6 @@ inline QList<QByteArray> soundFrames(const QByteArray& stream)
         }
     }
     return frames;
-}
-
-/// Requests without regard to what else is on the line; gives what arrived.
-inline std::vector<LineRun::Byte> crowd(LineRun& run, int requests)
-{
-    Chance chance(7);
-    const std::array<QByteArray, 4> bodies{kStatus, kOtherStatus, kName, "FE0C737804"};
-    for (int i = 0; i < requests; ++i) {
-        run.send(bodies.at(static_cast<std::size_t>(chance.between(0, 3))));
-        run.run(chance.between(10000, 150000));
-    }
-    run.run(20 * kSecond);
-    return run.arrived;
 }
 
 } // namespace linerun

@@ -172,7 +172,14 @@ private slots:
             adversaries.lateAnswers = 10;
             adversaries.strayEvery = 0.05;
             LineRun run(adversaries, options);
-            crowd(run, 2500);
+            // Requests without regard to what else is on the line.
+            Chance chance(7);
+            const QByteArray bodies[] = {kStatus, kOtherStatus, kName, "FE0C737804"};
+            for (int i = 0; i < 2500; ++i) {
+                run.send(bodies[chance.between(0, 3)]);
+                run.run(chance.between(10000, 150000));
+            }
+            run.run(20 * kSecond);
             QList<QByteArray> others = soundFrames(run.bytes());
             for (const Exchange& exchange : run.line.book().exchanges()) {
                 for (const LineAnswer& answer : exchange.answers) {

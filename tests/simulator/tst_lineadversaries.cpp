@@ -17,14 +17,21 @@ private slots:
     /// What happens is the seed's choice; the steps in which a caller goes make no difference.
     void happensAtItsTimeHoweverItIsAsked()
     {
+        Adversaries all;
+        all.flippedRequests = all.flippedAnswers = all.garbledAnswers = 3;
+        all.lostRequests = all.lostAnswers = all.lateAnswers = 3;
+        all.strayEvery = 1;
+        all.burstEvery = 5;
+        all.stallEvery = 20;
+        all.vanishEvery = 100;
         for (const LineKind kind :
              {LineKind::FullDuplex, LineKind::HalfDuplex, LineKind::QueuingConverter}) {
             LineOptions options = LineRun::options(kind);
             options.mostTurnaround = 12000;
-            LineRun careful(everything(), options);
-            LineRun coarse(everything(), options);
+            LineRun careful(all, options);
+            LineRun coarse(all, options);
             options.seed = 2;
-            LineRun other(everything(), options);
+            LineRun other(all, options);
             QByteArray bytes;
             for (int i = 0; i < 300; ++i) {
                 const QByteArray body = i % 3 == 0 ? kOtherStatus : kStatus;

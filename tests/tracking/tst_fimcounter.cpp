@@ -38,6 +38,18 @@ struct Bench
         counter.processShort(state, current.primary, current.secondary);
         counter.processLoopClosed(state);
     }
+    /// A row of another state of the loop, in which it stays.
+    void feed(int state)
+    {
+        loopState = state;
+        feed();
+    }
+    /// A row with more current.
+    void rise(int ldbPort, double by)
+    {
+        current[ldbPort] += by;
+        feed();
+    }
     /// Rows at the pace of the bus for this long; the last one stands at its end.
     void run(qint64 milliseconds)
     {
@@ -51,8 +63,7 @@ struct Bench
     {
         for (int i = 0; i < count; ++i) {
             run(i == 0 ? 25000 : spacing);
-            current[ldbPort] += kStep;
-            feed();
+            rise(ldbPort, kStep);
         }
     }
 
@@ -108,8 +119,7 @@ private slots:
             bench.countSteps(port, former, 0);
             bench.run(stepAt - 1000);
             bench.pass(1000);
-            bench.current[port] += 10 * kStep;
-            bench.feed();
+            bench.rise(port, 10 * kStep);
             return bench.counter.fimCount(port) - former;
         };
         QCOMPARE(counted(PrimaryPort, 0, 21999), 0);
@@ -158,8 +168,7 @@ private slots:
         QVERIFY(!bench.counter.millisecondsToSideEnd(port).has_value());
         // A finished side counts no more.
         const int count = bench.counter.fimCount(port);
-        bench.current[port] += kStep;
-        bench.feed();
+        bench.rise(port, kStep);
         QCOMPARE(bench.counter.fimCount(port), count);
     }
 
@@ -190,11 +199,9 @@ private slots:
     {
         Bench bench;
         bench.feed();
-        bench.loopState = kClosedAgain;
-        bench.feed();
+        bench.feed(kClosedAgain);
         bench.pass(3000);
-        bench.loopState = kShorted;
-        bench.feed();
+        bench.feed(kShorted);
         bench.pass(5000);
         QCOMPARE(bench.finished.size(), 0);
     }
@@ -203,12 +210,10 @@ private slots:
     {
         const auto ended = [](int port, double surge, int state, bool isArmed = true) {
             Bench bench;
-            bench.loopState = isArmed ? kOpen : 0;
-            bench.feed();
+            bench.feed(isArmed ? kOpen : 0);
             bench.run(15000);
             bench.loopState = state;
-            bench.current[port] += surge;
-            bench.feed();
+            bench.rise(port, surge);
             QStringList ends;
             for (const QList<QVariant>& end : bench.finished) {
                 ends.append(QStringLiteral("%1 %2")
@@ -236,18 +241,15 @@ private slots:
         Bench bench;
         bench.feed();
         bench.run(10000);
-        bench.current.primary += kSurge;
-        bench.feed();
+        bench.rise(PrimaryPort, kSurge);
         bench.current.primary -= kSurge;
         bench.pass(3999);
         QVERIFY(!bench.counter.isSideFinished(PrimaryPort));
         bench.pass(1);
-        bench.loopState = kShorted;
-        bench.feed();
+        bench.feed(kShorted);
         QVERIFY2(!bench.counter.isSideFinished(PrimaryPort), "the surge is older than 4 s");
 
-        bench.current.primary += 2 * kSurge;
-        bench.feed();
+        bench.rise(PrimaryPort, 2 * kSurge);
         QVERIFY(bench.counter.isSideFinished(PrimaryPort));
     }
 
@@ -257,15 +259,13 @@ private slots:
             for (int state : {0, 1, 2, 4, 10, 17}) {
                 Bench bench;
                 bench.current[port] = kMarker;
-                bench.loopState = 0;
-                bench.feed();
+                bench.feed(0);
                 QVERIFY2(!bench.counter.isSideFinished(port), "not armed");
                 bench.loopState = kOpen;
                 bench.current[port] = kBase;
                 bench.feed();
                 bench.current[port] = kMarker;
-                bench.loopState = state;
-                bench.feed();
+                bench.feed(state);
                 QVERIFY(bench.counter.isSideFinished(port));
                 QVERIFY(!bench.counter.isSideFinished(otherPort(port)));
                 QCOMPARE(bench.finished.last().at(1).value<SideEnd>(), SideEnd::Short);
@@ -337,8 +337,7 @@ private slots:
             bench.feed();
             bench.countSteps(PrimaryPort, isEarly ? 0 : 2, 40000);
             bench.run(5000);
-            bench.current.primary += kSurge;
-            bench.feed();
+            bench.rise(PrimaryPort, kSurge);
             bench.current.primary -= kSurge;
             bench.run(5000);
             bench.countSteps(PrimaryPort, isEarly ? 2 : 0, 40000);
@@ -354,26 +353,21 @@ private slots:
         bench.counter.setSecondarySideTracked(false);
         bench.feed();
         bench.run(40000);
-        bench.current.secondary += kSurge;
-        bench.feed();
-        bench.loopState = kShorted;
-        bench.feed();
+        bench.rise(SecondaryPort, kSurge);
+        bench.feed(kShorted);
         QCOMPARE(bench.counter.fimCount(SecondaryPort), 0);
         QVERIFY(!bench.counter.isSideFinished(SecondaryPort));
 
         // The closing of the loop and a short end the untracked side all the same.
         bench.counter.reset();
-        bench.loopState = kOpen;
-        bench.feed();
-        bench.loopState = kClosedAgain;
-        bench.feed();
+        bench.feed(kOpen);
+        bench.feed(kClosedAgain);
         bench.pass(4000);
         QVERIFY(bench.counter.isSideFinished(SecondaryPort));
         QCOMPARE(bench.counter.sideResult(SecondaryPort), SideEnd::Connected);
 
         bench.counter.reset();
-        bench.loopState = kOpen;
-        bench.feed();
+        bench.feed(kOpen);
         bench.current = {kMarker, kMarker};
         bench.feed();
         QCOMPARE(bench.results.last().at(1).value<LoopResult>(), LoopResult::BothShort);
@@ -411,8 +405,7 @@ private slots:
         Bench bench;
         bench.feed();
         bench.countSteps(PrimaryPort, 1, 0);
-        bench.loopState = kClosedAgain;
-        bench.feed();
+        bench.feed(kClosedAgain);
         bench.counter.reset();
         bench.pass(200000);
         QCOMPARE(bench.finished.size(), 0);

@@ -1,4 +1,3 @@
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/plot.h"

@@ -1,6 +1,5 @@
 #include "serial/ldb/generalinformation.h"
 #include "tests/support/bracketingtranslator.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/mainwindowplot.h"

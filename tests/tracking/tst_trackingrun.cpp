@@ -110,14 +110,13 @@ private slots:
         }
         for (int fims : {2, 5, 8}) {
             for (int after = 1; after < fims; ++after) {
-                LoopPlan earth = healthyLoop(fims);
-                earth.earthLeakageAfter = after;
-                QTest::addRow("earth leakage after %d of %d", after, fims)
-                    << earth << fims << 0 << LoopResult::Connected;
-                LoopPlan dc = healthyLoop(fims);
-                dc.dcLeakageAfter = after;
-                QTest::addRow("DC leakage after %d of %d", after, fims)
-                    << dc << fims << 0 << LoopResult::Connected;
+                for (const bool isEarth : {true, false}) {
+                    LoopPlan plan = healthyLoop(fims);
+                    (isEarth ? plan.earthLeakageAfter : plan.dcLeakageAfter) = after;
+                    QTest::addRow("%s leakage after %d of %d", isEarth ? "earth" : "DC", after,
+                                  fims)
+                        << plan << fims << 0 << LoopResult::Connected;
+                }
             }
         }
         LoopPlan plan = healthyLoop(5);

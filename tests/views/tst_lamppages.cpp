@@ -1,5 +1,4 @@
 #include "tests/support/bracketingtranslator.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 #include "tests/views/records.h"
