@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 class Texts
@@ -54,6 +57,14 @@ QString valueText(bool flag)
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
 {
     return withMember(field, [&](auto member) { return a.*member == b.*member; });
+}
+
+std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b)
+{
+    std::vector<LdbField> fields;
+    std::copy_if(kLdbFields.begin(), kLdbFields.end(), std::back_inserter(fields),
+                 [&](LdbField field) { return !isSameField(field, a, b); });
+    return fields;
 }
 
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to)

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -21,18 +22,35 @@ const QString kDetailsLabel = QStringLiteral("qt_msgbox_informativelabel");
 
 } // namespace
 
-MessageBox::MessageBox(QMessageBox::Icon icon, BoxTexts compose, QWidget* parent)
-    : QMessageBox(icon, QString(), QString(), QMessageBox::Ok, parent)
+MessageBox::MessageBox(QMessageBox::Icon icon, BoxTexts compose, QWidget* parent,
+                       QMessageBox::StandardButtons buttons)
+    : QMessageBox(icon, QString(), QString(), QMessageBox::NoButton, parent)
     , m_compose(std::move(compose))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     // What ports and devices say must not be taken for markup.
     setTextFormat(Qt::PlainText);
+    const int choices = m_compose().choices.size();
+    for (int i = 0; i < choices; ++i) {
+        m_choices.append(
+            addButton(QString(), i < choices - 1 ? QMessageBox::AcceptRole : QMessageBox::RejectRole));
+    }
+    if (choices == 0) {
+        setStandardButtons(buttons);
+    } else {
+        setEscapeButton(m_choices.last());
+        setDefaultButton(qobject_cast<QPushButton*>(m_choices.last()));
+    }
     refresh();
 }
 
-void MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
-                      const QString& name)
+void MessageBox::setDefaultChoice(int choice)
+{
+    setDefaultButton(qobject_cast<QPushButton*>(m_choices.value(choice)));
+}
+
+MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
+                             const QString& name)
 {
     MessageBox* box = name.isEmpty() ? nullptr : find(parent, name);
     if (box == nullptr) {
@@ -43,6 +61,7 @@ void MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& c
         box->refresh();
     }
     box->open();
+    return box;
 }
 
 MessageBox* MessageBox::find(const QWidget* parent, const QString& name)
@@ -60,6 +79,9 @@ void MessageBox::refresh()
 {
     const BoxText text = m_compose();
     setWindowTitle(text.title);
+    for (int i = 0; i < m_choices.size(); ++i) {
+        m_choices.at(i)->setText(text.choices.value(i));
+    }
     // The base class lays itself out anew when it is given texts, and knows nothing of the area.
     takeTextsOut();
     setText(text.text);

@@ -5,6 +5,7 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/putback/putback.h"
 #include "app/shared/constants.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
@@ -58,6 +59,7 @@ MainWindow::~MainWindow()
 {
     // What these say while they end must not reach a window half gone.
     delete m_transfer;
+    delete m_putBack;
     delete m_tracking;
     delete m_ui->ldbSettingsEditor;
     m_link->disconnect();
@@ -128,8 +130,18 @@ void MainWindow::initPanels()
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
     m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
-    connect(m_run, &RunControl::settingsStale, m_ui->ldbSettingsEditor,
-            &LdbSettingsEditor::requestSettings);
+    connect(m_run, &RunControl::settingsStale, this, [this] {
+        if (!m_putBack->isPending(m_run->selectedLdb())) {
+            m_ui->ldbSettingsEditor->requestSettings();
+        }
+    });
+    m_putBack = new PutBack(m_link.get(), m_notices.get(), this, KeptLdbs(), this);
+    connect(m_putBack, &PutBack::pendingChanged, this, &MainWindow::setLdbActionButtonsState);
+    connect(m_putBack, &PutBack::settingsChanged, this, [this](const QString& hexId) {
+        if (hexId == m_run->selectedLdb()) {
+            m_ui->ldbSettingsEditor->requestFreshSettings();
+        }
+    });
     connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
             &RunControl::setSaving);
     m_settingsMenu = new SettingsMenu(this);
@@ -206,6 +218,7 @@ void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization
     } else {
         m_status->showAvailable(m_link->knownLdbs().size());
         m_status->hideProgress();
+        showPolledAlone();
     }
 }
 
@@ -213,6 +226,7 @@ void MainWindow::serialProcessorStopped()
 {
     m_lamps->reset();
     m_status->showQueueLength(0);
+    showPolledAlone();
     m_ui->startButton->setChecked(false);
 }
 
@@ -236,7 +250,8 @@ void MainWindow::setLdbActionButtonsState()
     m_ui->importDeviceSettingsButton->setEnabled(controls.transfer);
     m_overviewTable->setSelectionEnabled(controls.selection);
     m_ui->ldbSettingsEditor->setUndoAllowed(controls.singleActions);
-    m_ui->ldbSettingsEditor->setSaveAllowed(controls.outsideService);
+    m_ui->ldbSettingsEditor->setSaveAllowed(controls.outsideService &&
+                                            !m_putBack->isPending(m_run->selectedLdb()));
     m_ui->ldbActionsGroup->setAllowed(controls.allActions, controls.singleActions,
                                       controls.outsideService);
 }
@@ -264,12 +279,14 @@ void MainWindow::on_helpButton_clicked()
 void MainWindow::on_fimTrackingButton_clicked()
 {
     m_tracking = new FimTracking(m_run->selectedLdb(), m_link.get(), this);
-    m_status->showPolledAlone(m_run->selectedLdb());
-    connect(m_tracking, &QObject::destroyed, this, [this] {
-        m_status->showPolledAlone(QString());
-        // A factory reset has changed much, and the end of the mute more.
-        m_ui->ldbSettingsEditor->requestSettings();
-    });
+    m_putBack->follow(m_tracking);
+    connect(m_tracking, &QObject::destroyed, this, &MainWindow::showPolledAlone);
+    showPolledAlone();
+}
+
+void MainWindow::showPolledAlone()
+{
+    m_status->showPolledAlone(m_link->polledAlone());
 }
 
 void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state)

@@ -18,6 +18,7 @@ class FimTracking;
 class LampPanel;
 class MainWindowPlot;
 class Notices;
+class PutBack;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
@@ -70,6 +71,8 @@ private:
     void initPanels();
     void processRunBegun();
     void updateButtonTexts();
+    /// Says that one LDB alone is polled, while that is so.
+    void showPolledAlone();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
@@ -82,5 +85,6 @@ private:
     MainWindowPlot* m_plot = nullptr;
     SettingsMenu* m_settingsMenu = nullptr;
     SettingsTransfer* m_transfer = nullptr;
+    PutBack* m_putBack = nullptr;
     QPointer<FimTracking> m_tracking; // deletes itself when closed
 };

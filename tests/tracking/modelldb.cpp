@@ -45,6 +45,22 @@ void ModelLdb::loseConnection()
     m_reachable = false;
     m_reportTimer.stop();
     emit connectionLost();
+    emit reachableChanged();
+}
+
+void ModelLdb::restoreConnection()
+{
+    m_reachable = true;
+    m_reportTimer.start();
+    emit reachableChanged();
+}
+
+void ModelLdb::answerHeld()
+{
+    m_holding = false;
+    for (const auto& [command, answer] : std::exchange(m_held, {})) {
+        command->notify(answer);
+    }
 }
 
 void ModelLdb::setReporting(bool reporting)
@@ -86,12 +102,17 @@ void ModelLdb::post(std::unique_ptr<ISerialCommand> command)
     }
     const QByteArray body = command->commandData();
     m_commands.append(body);
+    if (m_told) {
+        m_told(body);
+    }
     const BusRequest request = parseBusRequest(body).value_or(BusRequest());
-    QByteArray own = m_obeys ? respond(m_board, request, now()) : QByteArray();
+    const bool isHeard = request.kind == BusRequest::Kind::Read ? m_readable : m_obeys;
+    QByteArray own = isHeard ? respond(m_board, request, now()) : QByteArray();
     framecodec::responseValidation(own); // strips the frame
+    const QByteArray answer = request.kind == BusRequest::Kind::Read ? own : m_answer;
     if (m_holding) {
-        m_held.push_back(std::move(command));
+        m_held.emplace_back(std::move(command), answer);
     } else {
-        command->notify(request.kind == BusRequest::Kind::Read ? own : m_answer);
+        command->notify(answer);
     }
 }

@@ -61,6 +61,10 @@ struct Bench
         mainWindow.setGeometry(0, 0, 1366, 768);
         mainWindow.show();
         window = new FimTracking(ldb, &mainWindow);
+        QObject::connect(window, &FimTracking::runEnds, &mainWindow,
+                         [this](const KeptLdb& former, bool isMuted) {
+                             ends.append({former, isMuted});
+                         });
         // Painting hours of curves would be most of the tests' time.
         setPlotsVisible(false);
     }
@@ -87,6 +91,15 @@ struct Bench
         VirtualTime::current()->advance(1);
         const QList<QMessageBox*> boxes = openBoxes(window);
         return boxes.size() == 1 ? boxes.first() : nullptr;
+    }
+    QDialog* anyQuestion() const
+    {
+        for (auto* dialog : window->findChildren<QDialog*>()) {
+            if (dialog->isVisible()) {
+                return dialog;
+            }
+        }
+        return nullptr;
     }
     /// Answers the questions.
     void choose(const QString& mode)
@@ -141,9 +154,12 @@ struct Bench
     {
         return find<SidePanel>(ldbPort == PrimaryPort ? "primarySidePanel" : "secondarySidePanel");
     }
+    QPushButton* button(const char* name) const { return find<QPushButton>(name); }
+    KeptLdbs kept() const { return KeptLdbs(); }
     QPushButton* startButton() const { return find<QPushButton>("startButton"); }
 
     Sandbox sandbox;
+    QList<std::pair<KeptLdb, bool>> ends; ///< of runs, as the window told them
     QWidget mainWindow;
     std::shared_ptr<ModelLdb> ldb;
     QPointer<FimTracking> window; // the main window's child, deletes itself when closed
@@ -166,8 +182,11 @@ private slots:
     void commandsNotObeyed();
     void lostAcknowledgements_data();
     void lostAcknowledgements();
-    void closingTellsOfAnLdbThatStaysMuted_data();
-    void closingTellsOfAnLdbThatStaysMuted();
+    void keepsWhatItChangesBeforeItSendsAnything();
+    void startsWithoutWayBackOnlyWhenToldTo_data();
+    void startsWithoutWayBackOnlyWhenToldTo();
+    void comparesTheFimsCounted();
+    void startFollowsTheLink();
     void runsAgain();
     void loopResults();
 };
@@ -193,17 +212,20 @@ void TestFimTracking::opensOverItsParentAndAsks()
 void TestFimTracking::sayingNoSendsNothing()
 {
     // Nothing in an answer's place: the box is closed.
-    for (const char* answers : {"No", "", "Yes Cancel", "Yes "}) {
+    for (const char* answers :
+         {"No", "", "Yes Cancel", "Yes ", "Yes Fault_Finding Cancel", "Yes Fault_Finding "}) {
         const Bench bench;
-        for (const QString& answer : QString(answers).split(' ')) {
-            QVERIFY2(bench.question(), answers);
+        for (QString answer : QString(answers).split(' ')) {
+            VirtualTime::current()->advance(1);
+            QDialog* question = bench.anyQuestion();
+            QVERIFY2(question, answers);
             if (answer.isEmpty()) {
-                bench.question()->close();
+                QTest::keyClick(question, Qt::Key_Escape);
             } else {
-                Bench::press(bench.question(), answer);
+                Bench::press(question, answer.replace('_', ' '));
             }
         }
-        QVERIFY2(!bench.question(), answers);
+        QVERIFY2(!bench.anyQuestion(), answers);
         QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
         QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
         VirtualTime::current()->advance(kLongerThanAnyTimer);
@@ -228,7 +250,7 @@ void TestFimTracking::commissioningToTheReport()
     QVERIFY(!bench.find<QPushButton>("zoomButton")->isEnabled());
     QVERIFY(bench.reach(Phase::Counting));
     QCOMPARE(bench.label("phaseLabel"), QStringLiteral("counting"));
-    QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
+    QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kReadSettings, kFactoryReset, kLdbReset, kMute}));
 
     auto* zoomButton = bench.find<QPushButton>("zoomButton");
     QVERIFY(zoomButton->isEnabled());
@@ -356,8 +378,6 @@ void TestFimTracking::endsInEveryPhase()
     const QMap<QString, QString> notices{{"lost", "The connection is lost."},
                                          {"failed", "The factory reset failed."},
                                          {"silent", "The LDB is disconnected."}};
-    // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
-    const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
     auto bench = std::make_unique<Bench>();
     QVERIFY(bench->question());
     if (phase != Phase::Confirmation) {
@@ -368,11 +388,10 @@ void TestFimTracking::endsInEveryPhase()
     const std::shared_ptr<ModelLdb> ldb = bench->ldb;
     QList<QByteArray> sent = ldb->commands();
     if (by == QLatin1String("parent")) {
-        bench.reset();
-        sent.append(kEndMute);
+        
+        delete bench->window;
     } else if (by == QLatin1String("close")) {
         bench->window->close();
-        sent.append(kEndMute);
         deletePending();
         QVERIFY(!bench->window);
         QVERIFY(openBoxes(&bench->mainWindow).isEmpty());
@@ -396,7 +415,17 @@ void TestFimTracking::endsInEveryPhase()
     ldb->setState(std::nullopt);
     VirtualTime::current()->advance(kLongerThanAnyTimer);
     QCOMPARE(ldb->commands(), sent);
-    const bool isWindowGone = !bench || !bench->window;
+    // Whoever puts back is told once, and what of.
+    QCOMPARE(bench->ends.size(), phase == Phase::Confirmation ? 0 : 1);
+    if (!bench->ends.isEmpty()) {
+        const auto& [former, isMuted] = bench->ends.first();
+        QCOMPARE(former.hexId, ModelLdb::address());
+        QCOMPARE(former.audioMute, std::optional<bool>(false));
+        QVERIFY(former.settings);
+        QCOMPARE(isMuted, phase == Phase::Counting || phase == Phase::Finished);
+        QVERIFY(bench->kept().find(former.hexId, former.name));
+    }
+    const bool isWindowGone = !bench->window;
     QCOMPARE(ldb->isPolledAlone(), !isWindowGone);
     if (!isWindowGone) {
         QVERIFY(openBoxes(bench->window).isEmpty());
@@ -474,61 +503,147 @@ void TestFimTracking::lostAcknowledgements()
     bench.choose();
     VirtualTime::current()->advance(5 * kSecond);
     QVERIFY(bench.window->run().isCountingDown());
-    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+    QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kReadSettings, kFactoryReset}));
 
-    // A mute that is in force is ended, and found ended.
+    // A mute is looked for where it was not acknowledged, and found.
     bench.ldb->setAnswer(QByteArray(), true);
     QVERIFY(bench.reach(Phase::Counting));
-    bench.window->close();
     VirtualTime::current()->advance(kSecond);
-    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
     QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
-             (QList<QByteArray>{kEndMute, "FE0A737201"}));
+             (QList<QByteArray>{kMute, kReadSettings}));
+    QCOMPARE(bench.label("noticeLabel"),
+             QStringLiteral("The LDB did not answer the command: LDB reset"));
 }
 
-void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
+void TestFimTracking::keepsWhatItChangesBeforeItSendsAnything()
 {
-    addColumns<bool, QString, bool>("muted", "failure", "tells");
-    QTest::newRow("obeyed") << true << QString() << false;
-    QTest::newRow("refused") << true << QStringLiteral("refused") << true;
-    QTest::newRow("silent") << true << QStringLiteral("silent") << true;
-    QTest::newRow("no connection") << true << QStringLiteral("lost") << true;
-    QTest::newRow("no answer until the connection goes") << true << QStringLiteral("held") << true;
-    QTest::newRow("never muted, no connection") << false << QStringLiteral("lost") << false;
-}
-
-void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
-{
-    QFETCH(bool, muted);
-    QFETCH(QString, failure);
-    QFETCH(bool, tells);
-    const ExpectWarning logged("audio mute of LDB \"0A\"", tells ? ExpectWarning::Need::MustCome
-                                                                 : ExpectWarning::Need::MayCome);
     Bench bench;
+    const auto change = [&bench](LdbParameter parameter, const QByteArray& value) {
+        QVERIFY(bench.ldb->board().change(parameter, value, bench.ldb->now()));
+    };
+    change(LdbParameter::OpenDetectionDelay, "1900");
+    change(LdbParameter::AudioMute, "01");
+    bench.ldb->setHoldingCommands(true);
     bench.choose();
-    QVERIFY(bench.reach(muted ? Phase::Counting : Phase::Rebooting));
-    if (failure == QLatin1String("lost")) {
-        bench.ldb->loseConnection();
-    } else if (!failure.isEmpty()) {
-        bench.ldb->setAnswer(failure == QLatin1String("refused") ? "\x15" : "");
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kReadSettings});
+    VirtualTime::current()->advance(10 * kSecond);
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kReadSettings});
+    QVERIFY(bench.kept().all().empty());
+
+    // Read at last: on the disk first, then the reset.
+    bench.ldb->setAtCommand([&bench](const QByteArray& body) {
+        QCOMPARE(body, kFactoryReset);
+        QCOMPARE(bench.kept().all().size(), std::size_t(1));
+    });
+    bench.ldb->answerHeld();
+    VirtualTime::current()->advance(kSecond);
+    QCOMPARE(bench.ldb->commands().size(), 2);
+    const KeptLdb kept = bench.kept().all().front();
+    QCOMPARE(kept.audioMute, std::optional<bool>(true));
+    QCOMPARE(kept.settings->openDetectionDelay, quint16(25));
+
+    // A further run finds the defaults; what was there before anybody ran anything stays kept.
+    bench.ldb->setAtCommand({});
+    QVERIFY(bench.reach(Phase::Rebooting));
+    bench.startButton()->click();
+    bench.startButton()->click();
+    bench.choose();
+    VirtualTime::current()->advance(kSecond);
+    QCOMPARE(bench.kept().all().front().settings->openDetectionDelay, quint16(25));
+    QCOMPARE(bench.kept().all().front().audioMute, std::optional<bool>(true));
+}
+
+void TestFimTracking::startsWithoutWayBackOnlyWhenToldTo_data()
+{
+    addColumns<bool, QString, bool>("isRead", "answer", "starts");
+    for (const bool isRead : {true, false}) {
+        const char* why = isRead ? "not kept" : "not read";
+        QTest::addRow("%s, yes", why) << isRead << QStringLiteral("Start all the same") << true;
+        QTest::addRow("%s, cancel", why) << isRead << QStringLiteral("Cancel") << false;
+        QTest::addRow("%s, closed", why) << isRead << QString() << false;
+        QTest::addRow("%s, stop", why) << isRead << QStringLiteral("stop") << false;
     }
-    bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
+}
+
+void TestFimTracking::startsWithoutWayBackOnlyWhenToldTo()
+{
+    QFETCH(bool, isRead);
+    QFETCH(QString, answer);
+    QFETCH(bool, starts);
+    Bench bench;
+    bench.ldb->setReadable(isRead);
+    if (isRead) {
+        // In the way of the folder.
+        bench.sandbox.writeFile(QDir(bench.sandbox.path(QString())).relativeFilePath(
+                                    KeptLdbs::standardFolder().section('/', 0, -1)),
+                                "");
+    }
+    bench.choose();
+    const QMessageBox* box = bench.question();
+    QVERIFY(box);
+    QVERIFY2(box->text().contains(isRead ? QStringLiteral("cannot be made")
+                                         : QStringLiteral("cannot be read")),
+             qPrintable(box->text()));
+    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kReadSettings});
+    if (answer == QLatin1String("stop")) {
+        bench.startButton()->click();
+    } else if (answer.isEmpty()) {
+        QTest::keyClick(bench.question(), Qt::Key_Escape);
+    } else {
+        Bench::press(bench.question(), answer);
+    }
+    VirtualTime::current()->advance(kSecond);
+    QCOMPARE(bench.ldb->commands().contains(kFactoryReset), starts);
+    QCOMPARE(bench.startButton()->isChecked(), starts);
+    // Of a run that was not wanted nothing stays; of the other one at least the mute.
+    QCOMPARE(bench.kept().all().size(), std::size_t(starts && !isRead ? 1 : 0));
     bench.window->close();
     deletePending();
-    VirtualTime::current()->advance(kSecond);
-    if (failure == QLatin1String("held")) {
-        VirtualTime::current()->advance(kSecond);
-        QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
-        bench.ldb->loseConnection();
-        bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
-        VirtualTime::current()->advance(1);
-    }
-    QVERIFY(!bench.window);
-    QVERIFY(!bench.ldb->isPolledAlone());
-    const QStringList texts = boxTexts(&bench.mainWindow);
-    QCOMPARE(texts.size(), tells ? 1 : 0);
-    QCOMPARE(texts.filter(QStringLiteral("LDB 0A")).filter(QStringLiteral("stays muted")).size(),
-             tells ? 1 : 0);
+    QCOMPARE(bench.ends.size(), 1);
+    QCOMPARE(bench.ends.first().first.isEmpty(), !starts);
+}
+
+void TestFimTracking::comparesTheFimsCounted()
+{
+    Bench bench(healthyLoop(6));
+    QVERIFY(bench.ldb->board().change(LdbParameter::NumberOfFims, "1400", bench.ldb->now()));
+    QSignalSpy wanted(bench.window, &FimTracking::takeOverWanted);
+    bench.choose();
+    QVERIFY(bench.reach(Phase::Finished));
+    VirtualTime::current()->advance(1);
+    bench.closeBoxes();
+    QCOMPARE(bench.label("fimCountsLabel"), QStringLiteral("FIM's counted: 6   configured: 20"));
+    QVERIFY(bench.find<QLabel>("fimCountsLabel")->styleSheet().contains("#b3261e"));
+    QVERIFY(bench.button("takeOverButton")->isVisible());
+    bench.button("takeOverButton")->click();
+    QCOMPARE(wanted.size(), 1);
+    QCOMPARE(wanted.first().first().toInt(), 6);
+    QVERIFY(!bench.button("takeOverButton")->isEnabled());
+    bench.window->processTakenOver(6, QStringLiteral("refused"));
+    QVERIFY(bench.button("takeOverButton")->isEnabled());
+    QVERIFY(bench.label("noticeLabel").contains(QStringLiteral("refused")));
+    bench.window->processTakenOver(6, QString());
+    QCOMPARE(bench.label("fimCountsLabel"), QStringLiteral("FIM's counted: 6   configured: 6"));
+    QVERIFY(bench.find<QLabel>("fimCountsLabel")->styleSheet().isEmpty());
+    QVERIFY(!bench.button("takeOverButton")->isVisible());
+}
+
+void TestFimTracking::startFollowsTheLink()
+{
+    Bench bench;
+    QVERIFY(bench.question());
+    bench.ldb->loseConnection();
+    QVERIFY(!bench.startButton()->isEnabled());
+    QCOMPARE(bench.startButton()->toolTip(), QStringLiteral("There is no connection to the LDB."));
+    QVERIFY(bench.label("hintLabel").startsWith(QStringLiteral("There is no connection")));
+    bench.ldb->setPolledAlone(false);
+    bench.ldb->restoreConnection();
+    QVERIFY(bench.startButton()->isEnabled());
+    QVERIFY(bench.startButton()->toolTip().isEmpty());
+    QVERIFY(bench.ldb->isPolledAlone());
+    bench.startButton()->click();
+    bench.choose();
+    QVERIFY(bench.reach(Phase::Rebooting));
 }
 
 void TestFimTracking::runsAgain()

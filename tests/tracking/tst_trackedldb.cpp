@@ -54,8 +54,11 @@ void TestTrackedLdb::commandsAndAnswers_data()
         << Command::LdbReset << QByteArray("FE0A73780001") << nak << Answer::Refused;
     QTest::newRow("mute") << Command::MuteAudio << QByteArray("FE0A73631601") << ack
                           << Answer::Accepted;
-    QTest::newRow("end of mute, refused")
-        << Command::EndAudioMute << QByteArray("FE0A73631600") << nak << Answer::Refused;
+    QTest::newRow("mute, refused")
+        << Command::MuteAudio << QByteArray("FE0A73631601") << nak << Answer::Refused;
+    // What it did not say is read from its settings.
+    QTest::newRow("mute, not heard")
+        << Command::MuteAudio << QByteArray("FE0A73631601") << QByteArray() << Answer::None;
 }
 
 void TestTrackedLdb::commandsAndAnswers()
@@ -73,7 +76,7 @@ void TestTrackedLdb::commandsAndAnswers()
     });
     bench.send(command);
     WAIT_COMPARE(bench.answers, QList<Answer>{answer});
-    QCOMPARE(bench.bus.requests().count(body), 1);
+    QCOMPARE(bench.bus.requests().count(body), reply.isEmpty() ? 3 : 1);
 }
 
 void TestTrackedLdb::pollsItAlone()
@@ -104,7 +107,7 @@ void TestTrackedLdb::connectionLost()
     WAIT_VERIFY(!lost.isEmpty());
     bench.link->stop();
     QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::EndAudioMute);
+    bench.send(Command::MuteAudio);
     WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 
@@ -114,7 +117,7 @@ void TestTrackedLdb::linkMayDieFirst()
     bench.link.reset();
     bench.ldb->setPolledAlone(false);
     QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::EndAudioMute);
+    bench.send(Command::MuteAudio);
     WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
 }
 

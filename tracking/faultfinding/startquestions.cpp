@@ -1,23 +1,17 @@
 #include "tracking/faultfinding/startquestions.h"
 
+#include "app/notices/messagebox.h"
 #include "app/shared/constants.h"
+#include "tracking/faultfinding/fimtracking.h"
 #include "tracking/faultfinding/trackingtexts.h"
 #include "ui_disconnectsecondaryportdialog.h"
 
-#include <QCoreApplication>
 #include <QIcon>
-#include <QMessageBox>
 #include <QPixmap>
-#include <QPushButton>
 
 namespace {
 
 constexpr QSize kPictureSize{540, 330}; // leaves room for the text on a 768-line screen
-
-struct Texts
-{
-    Q_DECLARE_TR_FUNCTIONS(FimTracking)
-};
 
 } // namespace
 
@@ -26,6 +20,7 @@ DisconnectSecondaryPortDialog::DisconnectSecondaryPortDialog(QWidget* parent)
     , m_ui(std::make_unique<Ui::DisconnectSecondaryPortDialog>())
 {
     m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     const QPixmap picture = QIcon(constants::kFrontPanelResource).pixmap(kPictureSize);
     m_ui->pictureLabel->setPixmap(picture);
@@ -34,15 +29,28 @@ DisconnectSecondaryPortDialog::DisconnectSecondaryPortDialog(QWidget* parent)
 
 DisconnectSecondaryPortDialog::~DisconnectSecondaryPortDialog() = default;
 
-StartQuestions::StartQuestions(QWidget* window)
-    : QObject(window)
-    , m_window(window)
-{
-}
-
 void StartQuestions::ask()
 {
-    showStartConfirmationDialog();
+    const auto texts = [] {
+        return BoxText{
+            FimTracking::tr("Attention"),
+            FimTracking::tr("This action will start a factory reset. \nAre you sure you want "
+                            "to do this?"),
+            FimTracking::tr("The settings in the LDB go back to defaults, and the loop is without "
+                            "sound for about two minutes. The settings are kept before, and can be "
+                            "restored after the run.")};
+    };
+    auto* box =
+        new MessageBox(QMessageBox::Question, texts, m_window, QMessageBox::Yes | QMessageBox::No);
+    box->setDefaultButton(QMessageBox::No);
+    connect(box, &QDialog::finished, this, [this](int result) {
+        if (result == QMessageBox::Yes) {
+            showTrackingModeSelectionDialog();
+        } else {
+            emit answered(TrackingMode::Cancelled);
+        }
+    });
+    openQuestion(box, "startConfirmationBox");
 }
 
 void StartQuestions::withdraw()
@@ -53,61 +61,58 @@ void StartQuestions::withdraw()
     }
 }
 
-void StartQuestions::openQuestion(QDialog* question)
+void StartQuestions::openQuestion(QDialog* question, const char* name)
 {
     m_question = question;
-    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setObjectName(QLatin1String(name));
     question->open();
-}
-
-void StartQuestions::showStartConfirmationDialog()
-{
-    auto* box = new QMessageBox(
-        QMessageBox::Question, Texts::tr("Attention"),
-        Texts::tr("This action will start a factory reset. \nAre you sure you want to do this?"),
-        QMessageBox::Yes | QMessageBox::No, m_window);
-    box->setObjectName(QStringLiteral("startConfirmationBox"));
-    box->setDefaultButton(QMessageBox::No);
-    connect(box, &QDialog::finished, this, [this](int result) {
-        if (result == QMessageBox::Yes) {
-            showTrackingModeSelectionDialog();
-        } else {
-            emit answered(TrackingMode::Cancelled);
-        }
-    });
-    openQuestion(box);
 }
 
 void StartQuestions::showTrackingModeSelectionDialog()
 {
-    auto* box = new QMessageBox(QMessageBox::Question, Texts::tr("Attention"),
-                                Texts::tr("Select the type of action you want to execute.\n "),
-                                QMessageBox::NoButton, m_window);
-    box->setObjectName(QStringLiteral("trackingModeBox"));
-    const auto* commissioning =
-        box->addButton(trackingtexts::mode(TrackingMode::Commissioning), QMessageBox::AcceptRole);
-    const auto* faultFinding =
-        box->addButton(trackingtexts::mode(TrackingMode::FaultFinding), QMessageBox::AcceptRole);
-    QPushButton* cancelButton = box->addButton(Texts::tr("Cancel"), QMessageBox::RejectRole);
-    box->setEscapeButton(cancelButton);
-    box->setDefaultButton(cancelButton);
-    connect(box, &QDialog::finished, this, [this, box, commissioning, faultFinding] {
-        const QAbstractButton* clicked = box->clickedButton();
-        if (clicked == commissioning) {
+    const auto texts = [] {
+        return BoxText{FimTracking::tr("Attention"),
+                       FimTracking::tr("Select the type of action you want to execute.\n "),
+                       QString(),
+                       {trackingtexts::mode(TrackingMode::Commissioning),
+                        trackingtexts::mode(TrackingMode::FaultFinding),
+                        FimTracking::tr("Cancel")}};
+    };
+    auto* box = new MessageBox(QMessageBox::Question, texts, m_window);
+    connect(box, &QDialog::finished, this, [this, box] {
+        switch (box->choice()) {
+        case 0:
             emit answered(TrackingMode::Commissioning);
-        } else if (clicked == faultFinding) {
+            break;
+        case 1:
             showDisconnectSecondaryPortDialog();
-        } else {
+            break;
+        default:
             emit answered(TrackingMode::Cancelled);
+            break;
         }
     });
-    openQuestion(box);
+    openQuestion(box, "trackingModeBox");
 }
 
 void StartQuestions::showDisconnectSecondaryPortDialog()
 {
     auto* dialog = new DisconnectSecondaryPortDialog(m_window);
-    connect(dialog, &QDialog::finished, this,
-            [this] { emit answered(TrackingMode::FaultFinding); });
-    openQuestion(dialog);
+    connect(dialog, &QDialog::finished, this, [this](int result) {
+        emit answered(result == QDialog::Accepted ? TrackingMode::FaultFinding
+                                                  : TrackingMode::Cancelled);
+    });
+    openQuestion(dialog, "disconnectSecondaryPortDialog");
+}
+
+void StartQuestions::askWithoutWayBack(const Text& loss)
+{
+    const auto texts = [loss] {
+        return BoxText{FimTracking::tr("Attention"), loss(), QString(),
+                       {FimTracking::tr("Start all the same"), FimTracking::tr("Cancel")}};
+    };
+    auto* box = new MessageBox(QMessageBox::Warning, texts, m_window);
+    connect(box, &QDialog::finished, this,
+            [this, box] { emit answeredWithoutWayBack(box->choice() == 0); });
+    openQuestion(box, "noWayBackBox");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "tracking/counting/trackingresult.h"
 
 #include <QDialog>
@@ -25,27 +26,35 @@ private:
 };
 
 /// The questions before a tracking run, one after another over a window, none of them blocking:
-/// whether to start, what for, and, for fault finding, to disconnect the secondary port.
+/// whether to start, what for, and, for fault finding, to disconnect the secondary port. Whatever
+/// else than an explicit yes ends a question, closing it included, starts nothing.
 class StartQuestions : public QObject
 {
     Q_OBJECT
 public:
     /// `window` is the boxes' parent and this object's.
-    explicit StartQuestions(QWidget* window);
+    explicit StartQuestions(QWidget* window)
+        : QObject(window)
+        , m_window(window)
+    {
+    }
 
     void ask();
+    /// Asks whether to start although not all can be put back afterwards; `loss` says what.
+    void askWithoutWayBack(const Text& loss);
     /// Closes the question that is open; no answer comes then.
     void withdraw();
 
 signals:
     /// What the user has chosen; `TrackingMode::Cancelled` if to do nothing.
     void answered(TrackingMode mode);
+    /// Only a plain yes starts.
+    void answeredWithoutWayBack(bool isWanted);
 
 private:
-    void showStartConfirmationDialog();
     void showTrackingModeSelectionDialog();
     void showDisconnectSecondaryPortDialog();
-    void openQuestion(QDialog* question);
+    void openQuestion(QDialog* question, const char* name);
 
     QWidget* m_window;
     QPointer<QDialog> m_question;

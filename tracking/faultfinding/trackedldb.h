@@ -1,17 +1,18 @@
 #pragma once
 
+#include "serial/ldb/ldbsettings.h"
 #include "serial/ldb/serialcommand.h"
 #include "tracking/counting/trackingresult.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
-class QWidget;
 class SerialLink;
 
 /// The one LDB that a tracking run works on, as the run sees it: its records and its commands. GUI
@@ -38,9 +39,13 @@ public:
     /// object lives as long as `context`.
     void send(Command command, QObject* context, AnswerFunction answered);
 
+    /// Reads the LDB's settings; `read` is called as above, with nothing if the LDB did not tell.
+    using SettingsFunction = std::function<void(const std::optional<LdbSettings>&)>;
+    void readSettings(QObject* context, SettingsFunction read);
+
     /// The time for the run: ms on a clock that never goes back.
     virtual qint64 now() const = 0;
-    /// Whether there is a connection to send on.
+    /// Whether there is a connection to send on, with this LDB on it.
     virtual bool isReachable() const = 0;
     /// Polls this LDB and no other, or all again.
     virtual void setPolledAlone(bool alone) = 0;
@@ -50,12 +55,14 @@ signals:
     void generalInformationUpdated(const QString& hexId, const QList<QStringList>& dataList);
     /// No record comes any more, and no command goes out.
     void connectionLost();
+    /// `isReachable()` may differ from before.
+    void reachableChanged();
 
 protected:
     virtual void post(std::unique_ptr<ISerialCommand> command) = 0;
 
 private:
-    void readMute(bool wanted, QObject* context, const AnswerFunction& answered);
+    void readMute(QObject* context, const AnswerFunction& answered);
     void ask(std::unique_ptr<ISerialCommand> command, QObject* context,
              std::function<void(const Reply&)> function);
 
@@ -69,7 +76,7 @@ class SerialTrackedLdb : public TrackedLdb
 public:
     SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent = nullptr);
 
-    qint64 now() const override { return m_clock.elapsed(); }
+    qint64 now() const override;
     bool isReachable() const override;
     void setPolledAlone(bool alone) override;
 
@@ -78,10 +85,6 @@ protected:
 
 private:
     QPointer<SerialLink> m_link; // may die first, when the program ends
-    QElapsedTimer m_clock;
+    QTimer m_clock; ///< of the event loop, so that the run's time goes with that of its timers
+    qint64 m_hands = 0; ///< ms at the clock's last full turn
 };
-
-/// Ends an LDB's audio mute when its tracking window closes, and lives on until the LDB has obeyed:
-/// an LDB that nobody can hear must not be forgotten. If `wasMuted` and the LDB does not take the
-/// command, a box over `boxParent` says that the LDB stays muted.
-void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent);

@@ -25,7 +25,6 @@ QString commandName(TrackingCommand command)
     case TrackingCommand::LdbReset:
         return Texts::tr("LDB reset");
     case TrackingCommand::MuteAudio:
-    case TrackingCommand::EndAudioMute:
         break;
     }
     return Texts::tr("audio mute");
@@ -79,7 +78,7 @@ QString time(const TrackingRun& run)
     return left ? Texts::tr("%1 s left").arg(*left) : Texts::tr("%1 s gone").arg(run.secondsGone());
 }
 
-QString hint(Phase phase)
+QString hint(Phase phase, bool isReachable)
 {
     switch (phase) {
     case Phase::Confirmation:
@@ -87,7 +86,9 @@ QString hint(Phase phase)
     case Phase::FactoryReset:
         return Texts::tr("The LDB has been asked for a factory reset.");
     default:
-        return Texts::tr("Press Start to begin a run.");
+        return isReachable ? Texts::tr("Press Start to begin a run.")
+                           : Texts::tr("There is no connection to the LDB. Close this window, and "
+                                       "start the connection again.");
     }
 }
 
@@ -111,11 +112,22 @@ QString commandFailure(TrackingCommand command, bool isRefused)
     return text.arg(commandName(command));
 }
 
-QString staysMuted(const QString& hexId)
+QString noWayBack(FormerState::Outcome outcome, const QString& reason)
 {
-    return Texts::tr("The audio mute of LDB %1 could not be ended: the LDB cannot be reached.\n"
-                     "The audio of this LDB stays muted.")
-        .arg(hexId);
+    if (outcome == FormerState::Outcome::Unread) {
+        return Texts::tr("The settings of the LDB cannot be read. After the run they will be the "
+                         "defaults, and the former ones are lost.");
+    }
+    return Texts::tr("What the run changes cannot be kept on the disk: %1\nIf the program or the "
+                     "computer stops during the run, the settings of the LDB are lost, and it "
+                     "stays muted.")
+        .arg(reason);
+}
+
+QString fimCounts(int counted, std::optional<int> configured)
+{
+    return configured ? Texts::tr("FIM's counted: %1   configured: %2").arg(counted).arg(*configured)
+                      : Texts::tr("FIM's counted: %1   configured: not known").arg(counted);
 }
 
 QString mode(TrackingMode mode)
