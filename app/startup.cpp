@@ -18,19 +18,10 @@ namespace {
 // The number of tabs differs so that the texts line up below each other.
 QString bodyTemplate(QtMsgType type)
 {
-    switch (type) {
-    case QtDebugMsg:
-        return QStringLiteral("{Debug} \t\t %1");
-    case QtInfoMsg:
-        return QStringLiteral("{Info} \t\t %1");
-    case QtWarningMsg:
-        return QStringLiteral("{Warning} \t %1");
-    case QtCriticalMsg:
-        return QStringLiteral("{Critical} \t %1");
-    case QtFatalMsg:
-        return QStringLiteral("{Fatal} \t\t %1");
-    }
-    return QStringLiteral("%1");
+    constexpr const char* kTemplates[] = {"{Debug} \t\t %1", "{Warning} \t %1", "{Critical} \t %1",
+                                          "{Fatal} \t\t %1",
+                                          "{Info} \t\t %1"}; // in the order of the enumerators
+    return QLatin1String(kTemplates[type]);
 }
 
 QString line(const QString& subject, const QStringList& found, const QString& folder)

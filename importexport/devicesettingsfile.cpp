@@ -33,6 +33,13 @@ int trailingEmptyFields(const QStringList& fields)
     return static_cast<int>(std::distance(fields.crbegin(), last));
 }
 
+Text say(const char* text)
+{
+    return [text] {
+        return DeviceSettingsFile::tr(text);
+    };
+}
+
 std::optional<bool> readFlag(const QString& field)
 {
     const QString text = field.trimmed();
@@ -132,9 +139,7 @@ void DeviceSettingsFile::readSettings(const QString& line, DeviceSettingsLine& r
         result.error = nullptr;
     } else if (readings > 1) {
         result.settings.reset();
-        result.error = [] {
-            return tr("It is not clear which fields belong to the name");
-        };
+        result.error = say(QT_TR_NOOP("It is not clear which fields belong to the name"));
     }
 }
 
@@ -144,41 +149,43 @@ DeviceSettingsFile::Reading DeviceSettingsFile::readFields(const QStringList& fi
     LdbSettings& settings = reading.settings;
     settings.name = fields.at(NameColumn);
     reading.error = nameError(settings.name);
-
-    const auto readFlagColumn = [&fields, &reading](Column column) {
+    const auto complain = [&reading](const Text& error) {
+        if (!reading.error) {
+            reading.error = error;
+        }
+    };
+    const auto flagOf = [&](Column column) {
         const std::optional<bool> flag = readFlag(fields.at(column));
-        if (!flag && !reading.error) {
-            reading.error = [column] {
-                return tr("\"%1\" is neither 0 nor 1").arg(columnTitle(column));
-            };
+        if (!flag) {
+            complain([column] { return tr("\"%1\" is neither 0 nor 1").arg(columnTitle(column)); });
         }
         return flag.value_or(false);
     };
-    const auto readWordColumn = [&fields, &reading](Column column) {
+    const auto wordOf = [&](Column column) {
         const std::optional<quint16> word = readWord(fields.at(column));
-        if (!word && !reading.error) {
-            reading.error = [column] {
+        if (!word) {
+            complain([column] {
                 return tr("\"%1\" is no number from 0 to %2")
                     .arg(columnTitle(column))
                     .arg(std::numeric_limits<quint16>::max());
-            };
+            });
         }
         return word.value_or(0);
     };
-    settings.generalFaultOutput = readFlagColumn(GeneralFaultOutputColumn);
-    const bool openDetection = readFlagColumn(OpenDetectionColumn);
-    const quint16 delay = readWordColumn(OpenDetectionDelayColumn);
-    settings.earthLeakageDetection = readFlagColumn(EarthLeakageDetectionColumn);
-    settings.earthWireOpenDetection = readFlagColumn(EarthWireOpenDetectionColumn);
-    settings.startInServiceMode = readFlagColumn(StartInServiceModeColumn);
-    settings.amplifierDetection = readFlagColumn(AmplifierDetectionColumn);
-    settings.numberOfFims = readWordColumn(NumberOfFimsColumn);
-    if (openDetection && delay == 0 && !reading.error) {
+    settings.generalFaultOutput = flagOf(GeneralFaultOutputColumn);
+    const bool openDetection = flagOf(OpenDetectionColumn);
+    const quint16 delay = wordOf(OpenDetectionDelayColumn);
+    settings.earthLeakageDetection = flagOf(EarthLeakageDetectionColumn);
+    settings.earthWireOpenDetection = flagOf(EarthWireOpenDetectionColumn);
+    settings.startInServiceMode = flagOf(StartInServiceModeColumn);
+    settings.amplifierDetection = flagOf(AmplifierDetectionColumn);
+    settings.numberOfFims = wordOf(NumberOfFimsColumn);
+    if (openDetection && delay == 0) {
         // A delay of 0 is how an LDB is told to detect no opens: the two cannot both be meant.
-        reading.error = [] {
+        complain([] {
             return tr("\"%1\" is 1, but \"%2\" is 0")
                 .arg(columnTitle(OpenDetectionColumn), columnTitle(OpenDetectionDelayColumn));
-        };
+        });
     }
     settings.openDetectionDelay = openDetection ? delay : quint16{0};
     return reading;
@@ -189,17 +196,13 @@ Text DeviceSettingsFile::nameError(const QString& name)
     // Nothing in these files is quoted: quotation marks around a name are a spreadsheet's, and
     // must not become part of it.
     if (name.size() > 1 && name.startsWith(QLatin1Char('"')) && name.endsWith(QLatin1Char('"'))) {
-        return [] {
-            return tr("The name stands in quotation marks");
-        };
+        return say(QT_TR_NOOP("The name stands in quotation marks"));
     }
     const bool isReadable = std::none_of(name.begin(), name.end(), [](QChar c) {
         return c.category() == QChar::Other_Control || c == QChar(QChar::ReplacementCharacter);
     });
     if (!isReadable) {
-        return [] {
-            return tr("The name has characters that cannot be read");
-        };
+        return say(QT_TR_NOOP("The name has characters that cannot be read"));
     }
     if (!isStorableName(name)) {
         return [] {
@@ -218,9 +221,7 @@ void DeviceSettingsFile::rejectRepeatedIds(std::vector<DeviceSettingsLine>& line
     for (DeviceSettingsLine& line : lines) {
         if (counts.value(line.hexId) > 1) {
             line.settings.reset();
-            line.error = [] {
-                return tr("The ID has more than one line");
-            };
+            line.error = say(QT_TR_NOOP("The ID has more than one line"));
         }
     }
 }

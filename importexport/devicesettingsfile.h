@@ -5,7 +5,6 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
-#include <QString>
 #include <QStringList>
 
 #include <optional>

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QThread>
 
+#include <utility>
+
 namespace {
 
 const QString kDefaultFolder = QStringLiteral("/files/");
@@ -15,21 +17,6 @@ const QString kFileNameTime = QStringLiteral("ddMMyyyy_hhmmss");
 
 // What a message box can show on a small screen.
 constexpr int kMaxFailuresShown = 12;
-
-ImportExportDeviceSettings::ImportExportStatus statusOf(SettingsImport::Outcome outcome)
-{
-    switch (outcome) {
-    case SettingsImport::Outcome::NotAllConnected:
-        return ImportExportDeviceSettings::ImportFailedNotAllConnected;
-    case SettingsImport::Outcome::SettingsMissing:
-        return ImportExportDeviceSettings::ImportFailedSettingsMissing;
-    case SettingsImport::Outcome::Finished:
-        return ImportExportDeviceSettings::ImportFinished;
-    case SettingsImport::Outcome::Failed:
-        break;
-    }
-    return ImportExportDeviceSettings::ImportFailed;
-}
 
 } // namespace
 
@@ -42,11 +29,6 @@ ImportExportDeviceSettings::ImportExportDeviceSettings(SerialLink* link, QObject
 }
 
 ImportExportDeviceSettings::~ImportExportDeviceSettings() = default;
-
-void ImportExportDeviceSettings::setDefaultDirectory(const QString& directory)
-{
-    m_defaultDirectory = directory;
-}
 
 QString ImportExportDeviceSettings::defaultFilePath() const
 {
@@ -66,61 +48,42 @@ void ImportExportDeviceSettings::importDeviceSettings()
 
 void ImportExportDeviceSettings::exportDeviceSettings(const QString& exportFilePath)
 {
-    Q_ASSERT(QThread::currentThread() == thread());
-    cancel();
-    m_failures.clear();
-    m_done = nullptr;
-    m_export = std::make_unique<SettingsExport>(m_link);
-    connect(m_export.get(), &SettingsExport::progressChanged, this,
-            &ImportExportDeviceSettings::progressChanged);
-    connect(m_export.get(), &SettingsExport::finished, this,
-            &ImportExportDeviceSettings::processExportFinished);
-    emit statusChanged(ExportStarted);
-    if (m_export && !m_export->begin(exportFilePath)) {
-        end(ExportFailed, *m_export);
-    }
+    begin(std::make_unique<SettingsExport>(m_link), exportFilePath, ExportStarted, ExportFailed);
 }
 
 void ImportExportDeviceSettings::importDeviceSettings(const QString& importFilePath)
 {
+    begin(std::make_unique<SettingsImport>(m_link), importFilePath, ImportStarted, ImportFailed);
+}
+
+void ImportExportDeviceSettings::begin(std::unique_ptr<LdbTransfer> transfer,
+                                       const QString& filePath, ImportExportStatus started,
+                                       ImportExportStatus failed)
+{
     Q_ASSERT(QThread::currentThread() == thread());
-    cancel();
     m_failures.clear();
     m_done = nullptr;
-    m_import = std::make_unique<SettingsImport>(m_link);
-    connect(m_import.get(), &SettingsImport::progressChanged, this,
+    m_transfer = std::move(transfer);
+    connect(m_transfer.get(), &LdbTransfer::progressChanged, this,
             &ImportExportDeviceSettings::progressChanged);
-    connect(m_import.get(), &SettingsImport::finished, this,
-            [this](SettingsImport::Outcome outcome) { processImportFinished(statusOf(outcome)); });
-    emit statusChanged(ImportStarted);
-    if (m_import && !m_import->begin(importFilePath)) {
-        end(ImportFailed, *m_import);
+    connect(m_transfer.get(), &LdbTransfer::finished, this, &ImportExportDeviceSettings::end);
+    emit statusChanged(started);
+    if (m_transfer && !m_transfer->begin(filePath)) {
+        end(failed);
     }
 }
 
 void ImportExportDeviceSettings::cancel()
 {
-    m_export.reset();
-    m_import.reset();
+    m_transfer.reset();
 }
 
-void ImportExportDeviceSettings::processExportFinished()
+void ImportExportDeviceSettings::end(ImportExportStatus status)
 {
-    end(m_export->failures().empty() ? ExportFinished : ExportFailed, *m_export);
-}
-
-void ImportExportDeviceSettings::processImportFinished(ImportExportStatus status)
-{
-    m_touched = m_import->touchedLdbs();
-    end(status, *m_import);
-}
-
-template <typename Transfer>
-void ImportExportDeviceSettings::end(ImportExportStatus status, const Transfer& transfer)
-{
-    m_failures = transfer.failures();
-    if (transfer.ldbCount() > 0) {
-        m_done = [done = transfer.doneCount(), all = transfer.ldbCount()] {
+    m_failures = m_transfer->failures();
+    m_touched = m_transfer->touchedLdbs();
+    if (m_transfer->ldbCount() > 0) {
+        m_done = [done = m_transfer->doneCount(), all = m_transfer->ldbCount()] {
             return tr("Done: %1 of %n LDB(s)", nullptr, all).arg(done);
         };
     }

@@ -4,15 +4,13 @@
 
 #include <QMetaType>
 #include <QObject>
-#include <QString>
 #include <QStringList>
 
 #include <memory>
 #include <vector>
 
+class LdbTransfer;
 class SerialLink;
-class SettingsExport;
-class SettingsImport;
 
 /// Saves the settings of every connected LDB into one file, or writes such a file back into the
 /// LDBs. One object a transfer; destroying it ends the transfer, and nothing more is told. A
@@ -49,7 +47,7 @@ public:
 
 public slots:
     /// Where the forms without a path look; at first the folder "files" beside the program.
-    void setDefaultDirectory(const QString& directory);
+    void setDefaultDirectory(const QString& directory) { m_defaultDirectory = directory; }
 
     void exportDeviceSettings(const QString& exportFilePath);
     void exportDeviceSettings();
@@ -66,15 +64,13 @@ signals:
 
 private:
     QString defaultFilePath() const;
-    void processExportFinished();
-    void processImportFinished(ImportExportStatus status);
-    template <typename Transfer>
-    void end(ImportExportStatus status, const Transfer& transfer);
+    void begin(std::unique_ptr<LdbTransfer> transfer, const QString& filePath,
+               ImportExportStatus started, ImportExportStatus failed);
+    void end(ImportExportStatus status);
 
     SerialLink* m_link;
     QString m_defaultDirectory;
-    std::unique_ptr<SettingsExport> m_export;
-    std::unique_ptr<SettingsImport> m_import;
+    std::unique_ptr<LdbTransfer> m_transfer;
     std::vector<Text> m_failures;
     Text m_done; ///< what was done, where it was not all
     QStringList m_touched;

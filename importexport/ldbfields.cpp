@@ -4,39 +4,47 @@
 
 #include <algorithm>
 #include <iterator>
+#include <variant>
 
 namespace {
 
-class Texts
+struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(LdbFields)
 };
 
-/// Calls `visit` with the member that holds the field.
-template <typename Visitor>
-auto withMember(LdbField field, Visitor visit)
+struct Field
 {
-    switch (field) {
-    case LdbField::Name:
-        break;
-    case LdbField::NumberOfFims:
-        return visit(&LdbSettings::numberOfFims);
-    case LdbField::OpenDetectionDelay:
-        return visit(&LdbSettings::openDetectionDelay);
-    case LdbField::GeneralFaultOutput:
-        return visit(&LdbSettings::generalFaultOutput);
-    case LdbField::EarthLeakageDetection:
-        return visit(&LdbSettings::earthLeakageDetection);
-    case LdbField::EarthWireOpenDetection:
-        return visit(&LdbSettings::earthWireOpenDetection);
-    case LdbField::StartInServiceMode:
-        return visit(&LdbSettings::startInServiceMode);
-    case LdbField::AmplifierDetection:
-        return visit(&LdbSettings::amplifierDetection);
-    case LdbField::AudioMute:
-        return visit(&LdbSettings::audioMute);
-    }
-    return visit(&LdbSettings::name);
+    const char* name;
+    LdbParameter parameter; ///< that carries it
+    std::variant<QString LdbSettings::*, quint16 LdbSettings::*, bool LdbSettings::*> member;
+};
+
+// In the order of `LdbField`.
+constexpr Field kFields[] = {
+    {QT_TRANSLATE_NOOP("LdbFields", "Name"), LdbParameter::Name, &LdbSettings::name},
+    {QT_TRANSLATE_NOOP("LdbFields", "Number of FIM's"), LdbParameter::NumberOfFims,
+     &LdbSettings::numberOfFims},
+    {QT_TRANSLATE_NOOP("LdbFields", "Open Detection Delay"), LdbParameter::OpenDetectionDelay,
+     &LdbSettings::openDetectionDelay},
+    {QT_TRANSLATE_NOOP("LdbFields", "General Fault Output"), LdbParameter::Flags,
+     &LdbSettings::generalFaultOutput},
+    {QT_TRANSLATE_NOOP("LdbFields", "Earth Leakage Detection"), LdbParameter::Flags,
+     &LdbSettings::earthLeakageDetection},
+    {QT_TRANSLATE_NOOP("LdbFields", "Earth Wire Open Detection"), LdbParameter::Flags,
+     &LdbSettings::earthWireOpenDetection},
+    {QT_TRANSLATE_NOOP("LdbFields", "Start in Service Mode"), LdbParameter::Flags,
+     &LdbSettings::startInServiceMode},
+    {QT_TRANSLATE_NOOP("LdbFields", "Amplifier Detection"), LdbParameter::Flags,
+     &LdbSettings::amplifierDetection},
+    {QT_TRANSLATE_NOOP("LdbFields", "Audio Mute"), LdbParameter::AudioMute,
+     &LdbSettings::audioMute},
+};
+static_assert(std::size(kFields) == kLdbFields.size());
+
+constexpr const Field& entryOf(LdbField field)
+{
+    return kFields[static_cast<std::size_t>(field)];
 }
 
 QString valueText(const QString& name)
@@ -56,7 +64,7 @@ QString valueText(bool flag)
 
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
 {
-    return withMember(field, [&](auto member) { return a.*member == b.*member; });
+    return std::visit([&](auto member) { return a.*member == b.*member; }, entryOf(field).member);
 }
 
 std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b)
@@ -69,70 +77,32 @@ std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b
 
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to)
 {
-    withMember(field, [&](auto member) { to.*member = from.*member; });
+    std::visit([&](auto member) { to.*member = from.*member; }, entryOf(field).member);
 }
 
 QString fieldName(LdbField field)
 {
-    switch (field) {
-    case LdbField::Name:
-        return Texts::tr("Name");
-    case LdbField::NumberOfFims:
-        return Texts::tr("Number of FIM's");
-    case LdbField::OpenDetectionDelay:
-        return Texts::tr("Open Detection Delay");
-    case LdbField::GeneralFaultOutput:
-        return Texts::tr("General Fault Output");
-    case LdbField::EarthLeakageDetection:
-        return Texts::tr("Earth Leakage Detection");
-    case LdbField::EarthWireOpenDetection:
-        return Texts::tr("Earth Wire Open Detection");
-    case LdbField::StartInServiceMode:
-        return Texts::tr("Start in Service Mode");
-    case LdbField::AmplifierDetection:
-        return Texts::tr("Amplifier Detection");
-    case LdbField::AudioMute:
-        return Texts::tr("Audio Mute");
-    }
-    return {};
+    return Texts::tr(entryOf(field).name);
 }
 
 QString fieldValue(LdbField field, const LdbSettings& settings)
 {
-    return withMember(field, [&](auto member) { return valueText(settings.*member); });
+    return std::visit([&](auto member) { return valueText(settings.*member); },
+                      entryOf(field).member);
 }
 
 QString parameterName(LdbParameter parameter)
 {
-    switch (parameter) {
-    case LdbParameter::Name:
-        return fieldName(LdbField::Name);
-    case LdbParameter::NumberOfFims:
-        return fieldName(LdbField::NumberOfFims);
-    case LdbParameter::OpenDetectionDelay:
-        return fieldName(LdbField::OpenDetectionDelay);
-    case LdbParameter::AudioMute:
-        return fieldName(LdbField::AudioMute);
-    case LdbParameter::Flags:
+    if (parameter == LdbParameter::Flags) {
         return Texts::tr("fault output, detection and service mode switches");
-    case LdbParameter::Settings:
-        break;
     }
-    return {};
+    const auto* carried =
+        std::find_if(std::begin(kFields), std::end(kFields),
+                     [parameter](const Field& field) { return field.parameter == parameter; });
+    return carried == std::end(kFields) ? QString() : Texts::tr(carried->name);
 }
 
 LdbParameter parameterOf(LdbField field)
 {
-    switch (field) {
-    case LdbField::Name:
-        return LdbParameter::Name;
-    case LdbField::NumberOfFims:
-        return LdbParameter::NumberOfFims;
-    case LdbField::OpenDetectionDelay:
-        return LdbParameter::OpenDetectionDelay;
-    case LdbField::AudioMute:
-        return LdbParameter::AudioMute;
-    default:
-        return LdbParameter::Flags;
-    }
+    return entryOf(field).parameter;
 }

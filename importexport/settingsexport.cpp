@@ -13,38 +13,25 @@ namespace {
 // Enough that the processor never waits for this thread between two LDBs.
 constexpr std::size_t kLdbsAhead = 8;
 constexpr int kCommandsAnLdb = 2;
-constexpr int kIdBase = 16;
 
 } // namespace
-
-SettingsExport::SettingsExport(SerialLink* link, QObject* parent)
-    : QObject(parent)
-    , m_link(link)
-    , m_stream(&m_file)
-{
-    // What begins after it is another run.
-    connect(link, &SerialLink::stopped, this, [this] { m_linkEnded = true; });
-}
 
 bool SettingsExport::begin(const QString& filePath)
 {
     const QStringList ldbs = m_link->isRunning() ? m_link->knownLdbs() : QStringList();
     if (ldbs.isEmpty()) {
-        m_failures.emplace_back([] { return tr("No LDB's are connected."); });
+        fail(QT_TR_NOOP("No LDB's are connected."));
         return false;
     }
     if (!openFile(filePath)) {
         return false;
     }
     for (const QString& hexId : ldbs) {
-        Entry entry;
-        entry.hexId = hexId;
-        entry.repliesLeft = kCommandsAnLdb;
-        m_entries.push_back(entry);
+        m_entries.push_back({hexId, kCommandsAnLdb, std::nullopt, QString()});
     }
-    m_repliesLeft = kCommandsAnLdb * ldbCount();
+    m_ldbCount = ldbs.size();
     QMetaObject::invokeMethod(this, &SettingsExport::askNext, Qt::QueuedConnection);
-    tellProgress();
+    expectReplies(kCommandsAnLdb * m_ldbCount);
     return true;
 }
 
@@ -52,9 +39,7 @@ bool SettingsExport::openFile(const QString& filePath)
 {
     m_file.setFileName(filePath);
     if (!m_file.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
-        m_failures.emplace_back([reason = m_file.errorString()] {
-            return tr("The file cannot be opened: %1").arg(reason);
-        });
+        fail(QT_TR_NOOP("The file cannot be opened: %1"), m_file.errorString());
         return false;
     }
     m_stream << settingscsv::fileHead();
@@ -66,11 +51,8 @@ void SettingsExport::flushFile()
 {
     m_stream.flush();
     const bool written = m_stream.status() == QTextStream::Ok && m_file.flush();
-    if (!written && !m_writeFailed) {
-        m_writeFailed = true;
-        m_failures.emplace_back([reason = m_file.errorString()] {
-            return tr("The file cannot be written: %1").arg(reason);
-        });
+    if (!written && !std::exchange(m_writeFailed, true)) {
+        fail(QT_TR_NOOP("The file cannot be written: %1"), m_file.errorString());
     }
 }
 
@@ -87,24 +69,28 @@ void SettingsExport::askNext()
             continue;
         }
         ask(index, std::make_unique<RequestCommand>(entry.hexId, LdbParameter::Settings),
-            &SettingsExport::takeSettings);
+            [](Entry& asked, const QByteArray& answer) {
+                asked.settings = decodeLdbSettings(answer, asked.hexId);
+            });
         ask(index, std::make_unique<ExecuteCommand>(entry.hexId, LdbAction::FirmwareId),
-            &SettingsExport::takeFirmware);
+            [](Entry& asked, const QByteArray& answer) {
+                asked.firmwareId = decodeFirmwareId(answer).value_or(QString());
+            });
     }
     if (m_nextToWrite == m_entries.size()) {
-        finish();
+        m_file.close();
+        emit finished(m_failures.empty() ? Status::ExportFinished : Status::ExportFailed);
     }
 }
 
 void SettingsExport::ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
-                         void (SettingsExport::*take)(Entry& entry, const QByteArray& answer))
+                         void (*take)(Entry& entry, const QByteArray& answer))
 {
     m_link->ask(std::move(command), this, [this, index, take](const Reply& reply) {
         Entry& entry = m_entries[index];
-        entry.isSilent = entry.isSilent || reply.kind() == Reply::Kind::Silent;
         entry.isCut = entry.isCut || reply.kind() == Reply::Kind::Unsent;
         m_linkEnded = m_linkEnded || entry.isCut;
-        (this->*take)(entry, reply.answer());
+        take(entry, reply.answer());
         --entry.repliesLeft;
         --m_repliesLeft;
         writeEntriesInTurn();
@@ -114,21 +100,6 @@ void SettingsExport::ask(std::size_t index, std::unique_ptr<ISerialCommand> comm
             askNext();
         }
     });
-}
-
-void SettingsExport::takeSettings(Entry& entry, const QByteArray& answer)
-{
-    entry.settings = decodeLdbSettings(answer, entry.hexId);
-}
-
-void SettingsExport::takeFirmware(Entry& entry, const QByteArray& answer)
-{
-    entry.firmwareId = decodeFirmwareId(answer).value_or(QString());
-}
-
-void SettingsExport::tellProgress()
-{
-    emit progressChanged(m_repliesLeft, kCommandsAnLdb * ldbCount());
 }
 
 void SettingsExport::writeEntriesInTurn()
@@ -142,38 +113,20 @@ void SettingsExport::writeEntriesInTurn()
 void SettingsExport::writeEntry(const Entry& entry)
 {
     if (entry.isCut) {
-        addFailure(entry, QT_TR_NOOP("the connection ended before its answer"));
+        failLdb(entry.hexId, QT_TR_NOOP("the connection ended before its answer"));
     } else if (!m_link->isConnected(entry.hexId)) {
-        addFailure(entry, QT_TR_NOOP("not connected"));
-    } else if (entry.isSilent) {
-        addFailure(entry, QT_TR_NOOP("no answer"));
-    } else if (!entry.settings) {
-        addFailure(entry, QT_TR_NOOP("no valid settings received"));
-    } else if (entry.firmwareId.isEmpty()) {
-        addFailure(entry, QT_TR_NOOP("no valid firmware id received"));
+        failLdb(entry.hexId, QT_TR_NOOP("not connected"));
+    } else if (!entry.settings || entry.firmwareId.isEmpty()) {
+        failLdb(entry.hexId, QT_TR_NOOP("no answer"));
     }
     if (!entry.settings) {
         return;
     }
     const QString line = settingscsv::settingsLine(*entry.settings, entry.firmwareId);
     if (!QTextCodec::codecForLocale()->canEncode(line)) {
-        addFailure(entry, QT_TR_NOOP("the name has characters that the file cannot hold"));
+        failLdb(entry.hexId, QT_TR_NOOP("the name has characters that the file cannot hold"));
     }
     m_stream << line;
     flushFile();
-    ++m_writtenLines;
-}
-
-void SettingsExport::finish()
-{
-    m_file.close();
-    emit finished();
-}
-
-void SettingsExport::addFailure(const Entry& entry, const char* what)
-{
-    m_failures.emplace_back([hexId = entry.hexId, what] {
-        return tr("LDB %1 (address %2): %3")
-            .arg(hexId, QString::number(hexId.toInt(nullptr, kIdBase)), tr(what));
-    });
+    ++m_doneCount;
 }

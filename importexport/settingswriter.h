@@ -4,7 +4,6 @@
 #include "serial/ldb/reply.h"
 
 #include <QObject>
-#include <QString>
 #include <QStringList>
 #include <QTimer>
 

@@ -951,6 +951,10 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>LDB %1: %2</source>
         <translation>LDB %1&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>LDB %1 did not answer: its settings are not known</source>
+        <translation>Le LDB %1 n’a pas répondu&#xa0;: ses réglages ne sont pas connus</translation>
+    </message>
 </context>
 <context>
     <name>LdbStatus</name>
@@ -1141,6 +1145,65 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>Unknown</source>
         <translation>Inconnu</translation>
+    </message>
+</context>
+<context>
+    <name>LdbTransfer</name>
+    <message>
+        <source>LDB %1 (address %2): %3</source>
+        <translation>LDB %1 (adresse %2)&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Aucun LDB n&apos;est connecté.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>Impossible d&apos;écrire le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the connection ended before its answer</source>
+        <translation>la connexion s&apos;est terminée avant la réponse</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>pas de réponse</translation>
+    </message>
+    <message>
+        <source>the name has characters that the file cannot hold</source>
+        <translation>le nom contient des caractères que le fichier ne peut pas contenir</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>Impossible de lire le fichier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The file is too long for a settings file.</source>
+        <translation>Le fichier est trop long pour un fichier de paramètres.</translation>
+    </message>
+    <message>
+        <source>no line in the file</source>
+        <translation>aucune ligne dans le fichier</translation>
+    </message>
+    <message>
+        <source>no LDB with this address is connected</source>
+        <translation>aucun LDB avec cette adresse n&apos;est connecté</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
+        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 hexadécimal, adresse %3)&#xa0;: %4</translation>
     </message>
 </context>
 <context>
@@ -1469,84 +1532,6 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>The former connection has not ended yet.</source>
         <translation>La connexion précédente n&apos;est pas encore terminée.</translation>
-    </message>
-</context>
-<context>
-    <name>SettingsExport</name>
-    <message>
-        <source>No LDB&apos;s are connected.</source>
-        <translation>Aucun LDB n&apos;est connecté.</translation>
-    </message>
-    <message>
-        <source>The file cannot be opened: %1</source>
-        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The file cannot be written: %1</source>
-        <translation>Impossible d&apos;écrire le fichier&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>not connected</source>
-        <translation>non connecté</translation>
-    </message>
-    <message>
-        <source>no answer</source>
-        <translation>pas de réponse</translation>
-    </message>
-    <message>
-        <source>no valid settings received</source>
-        <translation>aucun paramètre valide reçu</translation>
-    </message>
-    <message>
-        <source>no valid firmware id received</source>
-        <translation>aucun ID de micrologiciel valide reçu</translation>
-    </message>
-    <message>
-        <source>the name has characters that the file cannot hold</source>
-        <translation>le nom contient des caractères que le fichier ne peut pas contenir</translation>
-    </message>
-    <message>
-        <source>the connection ended before its answer</source>
-        <translation>la connexion s&apos;est terminée avant la réponse</translation>
-    </message>
-    <message>
-        <source>LDB %1 (address %2): %3</source>
-        <translation>LDB %1 (adresse %2)&#xa0;: %3</translation>
-    </message>
-</context>
-<context>
-    <name>SettingsImport</name>
-    <message>
-        <source>No LDB&apos;s are connected.</source>
-        <translation>Aucun LDB n&apos;est connecté.</translation>
-    </message>
-    <message>
-        <source>The file cannot be opened: %1</source>
-        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The file cannot be read: %1</source>
-        <translation>Impossible de lire le fichier&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The file is too long for a settings file.</source>
-        <translation>Le fichier est trop long pour un fichier de paramètres.</translation>
-    </message>
-    <message>
-        <source>no LDB with this address is connected</source>
-        <translation>aucun LDB avec cette adresse n&apos;est connecté</translation>
-    </message>
-    <message>
-        <source>LDB %1 (address %2): no line in the file</source>
-        <translation>LDB %1 (adresse %2)&#xa0;: aucune ligne dans le fichier</translation>
-    </message>
-    <message>
-        <source>the connection ended before it was written</source>
-        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
-    </message>
-    <message>
-        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
-        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 hexadécimal, adresse %3)&#xa0;: %4</translation>
     </message>
 </context>
 <context>

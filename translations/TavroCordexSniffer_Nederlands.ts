@@ -951,6 +951,10 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>LDB %1: %2</source>
         <translation>LDB %1: %2</translation>
     </message>
+    <message>
+        <source>LDB %1 did not answer: its settings are not known</source>
+        <translation>LDB %1 heeft niet geantwoord: de instellingen zijn niet bekend</translation>
+    </message>
 </context>
 <context>
     <name>LdbStatus</name>
@@ -1141,6 +1145,65 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>Unknown</source>
         <translation>Onbekend</translation>
+    </message>
+</context>
+<context>
+    <name>LdbTransfer</name>
+    <message>
+        <source>LDB %1 (address %2): %3</source>
+        <translation>LDB %1 (adres %2): %3</translation>
+    </message>
+    <message>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened: %1</source>
+        <translation>Het bestand kan niet worden geopend: %1</translation>
+    </message>
+    <message>
+        <source>The file cannot be written: %1</source>
+        <translation>Het bestand kan niet worden geschreven: %1</translation>
+    </message>
+    <message>
+        <source>the connection ended before its answer</source>
+        <translation>de verbinding werd beëindigd vóór het antwoord</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>niet verbonden</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>geen antwoord</translation>
+    </message>
+    <message>
+        <source>the name has characters that the file cannot hold</source>
+        <translation>de naam bevat tekens die het bestand niet kan bevatten</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1</source>
+        <translation>Het bestand kan niet worden gelezen: %1</translation>
+    </message>
+    <message>
+        <source>The file is too long for a settings file.</source>
+        <translation>Het bestand is te lang voor een instellingenbestand.</translation>
+    </message>
+    <message>
+        <source>no line in the file</source>
+        <translation>geen regel in het bestand</translation>
+    </message>
+    <message>
+        <source>no LDB with this address is connected</source>
+        <translation>er is geen LDB met dit adres verbonden</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was written</source>
+        <translation>de verbinding werd beëindigd voordat het geschreven was</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
+        <translation>Regel %1: ID %2 (gelezen als %2 hexadecimaal, adres %3): %4</translation>
     </message>
 </context>
 <context>
@@ -1469,84 +1532,6 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>The former connection has not ended yet.</source>
         <translation>De vorige verbinding is nog niet beëindigd.</translation>
-    </message>
-</context>
-<context>
-    <name>SettingsExport</name>
-    <message>
-        <source>No LDB&apos;s are connected.</source>
-        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
-    </message>
-    <message>
-        <source>The file cannot be opened: %1</source>
-        <translation>Het bestand kan niet worden geopend: %1</translation>
-    </message>
-    <message>
-        <source>The file cannot be written: %1</source>
-        <translation>Het bestand kan niet worden geschreven: %1</translation>
-    </message>
-    <message>
-        <source>not connected</source>
-        <translation>niet verbonden</translation>
-    </message>
-    <message>
-        <source>no answer</source>
-        <translation>geen antwoord</translation>
-    </message>
-    <message>
-        <source>no valid settings received</source>
-        <translation>geen geldige instellingen ontvangen</translation>
-    </message>
-    <message>
-        <source>no valid firmware id received</source>
-        <translation>geen geldige firmware-ID ontvangen</translation>
-    </message>
-    <message>
-        <source>the name has characters that the file cannot hold</source>
-        <translation>de naam bevat tekens die het bestand niet kan bevatten</translation>
-    </message>
-    <message>
-        <source>the connection ended before its answer</source>
-        <translation>de verbinding werd beëindigd vóór het antwoord</translation>
-    </message>
-    <message>
-        <source>LDB %1 (address %2): %3</source>
-        <translation>LDB %1 (adres %2): %3</translation>
-    </message>
-</context>
-<context>
-    <name>SettingsImport</name>
-    <message>
-        <source>No LDB&apos;s are connected.</source>
-        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
-    </message>
-    <message>
-        <source>The file cannot be opened: %1</source>
-        <translation>Het bestand kan niet worden geopend: %1</translation>
-    </message>
-    <message>
-        <source>The file cannot be read: %1</source>
-        <translation>Het bestand kan niet worden gelezen: %1</translation>
-    </message>
-    <message>
-        <source>The file is too long for a settings file.</source>
-        <translation>Het bestand is te lang voor een instellingenbestand.</translation>
-    </message>
-    <message>
-        <source>no LDB with this address is connected</source>
-        <translation>er is geen LDB met dit adres verbonden</translation>
-    </message>
-    <message>
-        <source>LDB %1 (address %2): no line in the file</source>
-        <translation>LDB %1 (adres %2): geen regel in het bestand</translation>
-    </message>
-    <message>
-        <source>the connection ended before it was written</source>
-        <translation>de verbinding werd beëindigd voordat het geschreven was</translation>
-    </message>
-    <message>
-        <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
-        <translation>Regel %1: ID %2 (gelezen als %2 hexadecimaal, adres %3): %4</translation>
     </message>
 </context>
 <context>

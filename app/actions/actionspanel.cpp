@@ -12,17 +12,12 @@ constexpr int kOutcomeMs = 5000;
 
 QString controlName(LdbControl control)
 {
-    switch (control) {
-    case LdbControl::FimReset:
-        return ActionsPanel::tr("FIM reset");
-    case LdbControl::LdbReset:
-        return ActionsPanel::tr("LDB reset");
-    case LdbControl::FactoryReset:
-        return ActionsPanel::tr("Factory reset");
-    case LdbControl::ServiceMode:
-        return ActionsPanel::tr("Service mode");
-    }
-    return {};
+    constexpr const char* kNames[] = {
+        QT_TRANSLATE_NOOP("ActionsPanel", "FIM reset"),
+        QT_TRANSLATE_NOOP("ActionsPanel", "LDB reset"),
+        QT_TRANSLATE_NOOP("ActionsPanel", "Factory reset"),
+        QT_TRANSLATE_NOOP("ActionsPanel", "Service mode")}; // in the order of the enumerators
+    return ActionsPanel::tr(kNames[static_cast<int>(control)]);
 }
 
 QString outcomeForAll(const QString& action, Reply::Kind reply)
@@ -56,6 +51,17 @@ ActionsPanel::ActionsPanel(QWidget* parent)
     , m_ui(std::make_unique<Ui::ActionsPanel>())
 {
     m_ui->setupUi(this);
+    const auto let = [this](const QPushButton* button, LdbControl control, bool isForAll) {
+        connect(button, &QPushButton::clicked, this, [this, control, isForAll] {
+            send(control, isForAll ? busaddress::kBroadcast : m_hexId);
+        });
+    };
+    let(m_ui->fimResetButton, LdbControl::FimReset, false);
+    let(m_ui->ldbResetButton, LdbControl::LdbReset, false);
+    let(m_ui->serviceModeButton, LdbControl::ServiceMode, false);
+    let(m_ui->allFimResetButton, LdbControl::FimReset, true);
+    let(m_ui->allLdbResetButton, LdbControl::LdbReset, true);
+    let(m_ui->allServiceModeButton, LdbControl::ServiceMode, true);
 }
 
 ActionsPanel::~ActionsPanel() = default;
@@ -66,46 +72,16 @@ void ActionsPanel::init(SerialLink* link, Notices* notices)
     m_notices = notices;
 }
 
-void ActionsPanel::setAllowed(bool forAll, bool forSelected, bool outsideService)
+void ActionsPanel::apply(const EnabledControls& controls)
 {
     for (QWidget* button :
          {m_ui->allFimResetButton, m_ui->allLdbResetButton, m_ui->allServiceModeButton}) {
-        button->setEnabled(forAll);
+        button->setEnabled(controls.allActions);
     }
-    m_ui->fimResetButton->setEnabled(forSelected);
-    m_ui->ldbResetButton->setEnabled(forSelected);
-    m_ui->serviceModeButton->setEnabled(outsideService);
-    m_ui->fimTrackingButton->setEnabled(outsideService);
-}
-
-void ActionsPanel::on_fimResetButton_clicked()
-{
-    send(LdbControl::FimReset, m_hexId);
-}
-
-void ActionsPanel::on_ldbResetButton_clicked()
-{
-    send(LdbControl::LdbReset, m_hexId);
-}
-
-void ActionsPanel::on_serviceModeButton_clicked()
-{
-    send(LdbControl::ServiceMode, m_hexId);
-}
-
-void ActionsPanel::on_allFimResetButton_clicked()
-{
-    send(LdbControl::FimReset, busaddress::kBroadcast);
-}
-
-void ActionsPanel::on_allLdbResetButton_clicked()
-{
-    send(LdbControl::LdbReset, busaddress::kBroadcast);
-}
-
-void ActionsPanel::on_allServiceModeButton_clicked()
-{
-    send(LdbControl::ServiceMode, busaddress::kBroadcast);
+    m_ui->fimResetButton->setEnabled(controls.singleActions);
+    m_ui->ldbResetButton->setEnabled(controls.singleActions);
+    m_ui->serviceModeButton->setEnabled(controls.outsideService);
+    m_ui->fimTrackingButton->setEnabled(controls.outsideService);
 }
 
 void ActionsPanel::send(LdbControl control, const QString& hexId)

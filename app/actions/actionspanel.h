@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/shared/enabledcontrols.h"
 #include "serial/ldb/ldbsettings.h"
-#include "serial/ldb/reply.h"
 
 #include <QGroupBox>
 #include <QString>
@@ -28,20 +28,10 @@ public:
     void init(SerialLink* link, Notices* notices);
 
     void setSelectedLdb(const QString& hexId) { m_hexId = hexId; }
-    /// What can be used: the actions for all; those for the selected LDB; those of the latter that
-    /// an LDB in service mode ignores.
-    void setAllowed(bool forAll, bool forSelected, bool outsideService);
+    void apply(const EnabledControls& controls);
 
 protected:
     void changeEvent(QEvent* event) override;
-
-private slots:
-    void on_fimResetButton_clicked();
-    void on_ldbResetButton_clicked();
-    void on_serviceModeButton_clicked();
-    void on_allFimResetButton_clicked();
-    void on_allLdbResetButton_clicked();
-    void on_allServiceModeButton_clicked();
 
 private:
     /// Does nothing without an LDB. The broadcast address is for all; none of them answers.

@@ -103,7 +103,7 @@ void ManualWindow::showIndex(QWidget* asker, const QString& folder)
         }
         const auto missing = [folder = QDir::toNativeSeparators(folder)] {
             return BoxText{tr("Error"),
-                           tr("The manual was not found in the folder %1.").arg(folder), QString()};
+                           tr("The manual was not found in the folder %1.").arg(folder)};
         };
         MessageBox::tell(window, QMessageBox::Warning, missing, kMissingBoxName);
         return;

@@ -40,6 +40,16 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
 
 LdbSettingsEditor::~LdbSettingsEditor() = default;
 
+/// The user gave the field this value.
+template <typename Value>
+void LdbSettingsEditor::change(LdbField field, Value LdbSettings::*member, const Value& value)
+{
+    LdbSettings values;
+    values.*member = value;
+    m_edit.edit(field, values);
+    refresh();
+}
+
 void LdbSettingsEditor::initFlagBoxes()
 {
     m_flagBoxes = {
@@ -56,12 +66,8 @@ void LdbSettingsEditor::initFlagBoxes()
         {LdbField::AudioMute, &LdbSettings::audioMute, ui->settingsAudioMuteCheckBox},
     };
     for (const FlagBox& entry : m_flagBoxes) {
-        connect(entry.box, &QCheckBox::toggled, this, [this, entry](bool checked) {
-            LdbSettings values;
-            values.*entry.member = checked;
-            m_edit.edit(entry.field, values);
-            refresh();
-        });
+        connect(entry.box, &QCheckBox::toggled, this,
+                [this, entry](bool checked) { change(entry.field, entry.member, checked); });
     }
 }
 
@@ -87,6 +93,7 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
 {
     m_hexId = hexId;
+    m_isUnanswered = false;
     m_edit.clear();
     showFirmwareId({});
     refresh();
@@ -97,6 +104,8 @@ void LdbSettingsEditor::requestSettings()
     if (m_hexId.isEmpty() || !m_link) {
         return;
     }
+    m_isUnanswered = false;
+    refresh();
     m_link->ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
                 [this, hexId = m_hexId, request = ++m_requests](const Reply& reply) {
                     if (decodeLdbSettings(reply.answer(), hexId)) {
@@ -120,14 +129,18 @@ void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArra
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const std::optional<LdbSettings> record = decodeLdbSettings(answer, m_hexId);
-    if (record && hexId == m_hexId) {
+    if (hexId != m_hexId) {
+        return;
+    }
+    m_isUnanswered = !record;
+    if (record) {
         m_edit.receive(*record);
         if (!isSaving()) {
             // Answers come in the order of the requests: this one was read after what was written.
             m_edit.endSave();
         }
-        refresh();
     }
+    refresh();
 }
 
 void LdbSettingsEditor::processFirmwareId(const QString& hexId, const QByteArray& answer)
@@ -144,11 +157,6 @@ void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
     ui->settingsFirmwareIdLabel->setText(firmwareId);
     // However long the id is, the column keeps its width.
     ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
-}
-
-bool LdbSettingsEditor::isSaving() const
-{
-    return m_writer && m_writer->isWriting();
 }
 
 void LdbSettingsEditor::processWritten()
@@ -182,15 +190,9 @@ void LdbSettingsEditor::tellOutcome()
     }
 }
 
-void LdbSettingsEditor::setUndoAllowed(bool allowed)
+void LdbSettingsEditor::apply(const EnabledControls& controls)
 {
-    m_undoAllowed = allowed;
-    updateEnabled();
-}
-
-void LdbSettingsEditor::setSaveAllowed(bool allowed)
-{
-    m_saveAllowed = allowed;
+    m_allowed = controls;
     updateEnabled();
 }
 
@@ -236,28 +238,18 @@ void LdbSettingsEditor::on_settingsOpenDetectionDelayCheckBox_toggled(bool check
 
 void LdbSettingsEditor::on_settingsOpenDetectionDelaySpinBox_valueChanged(int value)
 {
-    editWord(LdbField::OpenDetectionDelay, &LdbSettings::openDetectionDelay, value);
+    change(LdbField::OpenDetectionDelay, &LdbSettings::openDetectionDelay,
+           static_cast<quint16>(value));
 }
 
 void LdbSettingsEditor::on_settingsNumberOfFimsSpinBox_valueChanged(int value)
 {
-    editWord(LdbField::NumberOfFims, &LdbSettings::numberOfFims, value);
-}
-
-void LdbSettingsEditor::editWord(LdbField field, quint16 LdbSettings::*member, int value)
-{
-    LdbSettings values;
-    values.*member = static_cast<quint16>(value);
-    m_edit.edit(field, values);
-    refresh();
+    change(LdbField::NumberOfFims, &LdbSettings::numberOfFims, static_cast<quint16>(value));
 }
 
 void LdbSettingsEditor::on_settingsNameLineEdit_textChanged(const QString& name)
 {
-    LdbSettings values;
-    values.name = name;
-    m_edit.edit(LdbField::Name, values);
-    refresh();
+    change(LdbField::Name, &LdbSettings::name, name);
 }
 
 void LdbSettingsEditor::refresh()
@@ -333,10 +325,10 @@ void LdbSettingsEditor::updateEnabled()
     const bool hasDelay = hasRecord && m_edit.openDetection();
     ui->settingsOpenDetectionDelayLabel->setEnabled(hasDelay);
     ui->settingsOpenDetectionDelaySpinBox->setEnabled(hasDelay);
-    ui->settingsUndoButton->setEnabled(isIdle && m_undoAllowed);
+    ui->settingsUndoButton->setEnabled(isIdle && m_allowed.singleActions);
     const bool isFresh = m_answeredRequest >= m_awaitedRequest;
-    ui->settingsSaveButton->setEnabled(isIdle && isFresh && m_saveAllowed);
-    ui->settingsDefaultButton->setEnabled(isIdle && m_saveAllowed);
+    ui->settingsSaveButton->setEnabled(isIdle && isFresh && m_allowed.outsideService);
+    ui->settingsDefaultButton->setEnabled(isIdle && m_allowed.outsideService);
 }
 
 QString LdbSettingsEditor::stateText() const
@@ -345,7 +337,9 @@ QString LdbSettingsEditor::stateText() const
         return tr("No LDB selected");
     }
     if (!m_edit.hasRecord()) {
-        return tr("Waiting for the settings of LDB %1").arg(m_hexId);
+        return (m_isUnanswered ? tr("LDB %1 did not answer: its settings are not known")
+                               : tr("Waiting for the settings of LDB %1"))
+            .arg(m_hexId);
     }
     const int changes = m_edit.changeCount();
     return changes > 0 ? tr("%n unsaved change(s), in bold", nullptr, changes) : QString();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ldbsettings/ldbsettingsedit.h"
+#include "app/shared/enabledcontrols.h"
 #include "importexport/settingswriter.h"
 
 #include <QString>
@@ -40,16 +41,14 @@ public:
     /// The same, because the LDB has other settings than those shown: Save waits for them.
     void requestFreshSettings();
 
-    // What the state of the selected LDB allows. The buttons also need a record, and no Save under
-    // way.
-    void setUndoAllowed(bool allowed);
-    void setSaveAllowed(bool allowed); ///< Save and Default
+    /// The buttons also need a record, and no Save under way.
+    void apply(const EnabledControls& controls);
 
     const LdbSettingsEdit& edit() const { return m_edit; }
 
 public slots:
-    // What LDB `hexId` answered. Nothing changes unless it is the selected one and the answer makes
-    // sense; a record must also name that LDB's own address.
+    // What LDB `hexId` answered; empty when nothing came. Of another LDB than the selected one
+    // nothing is shown, nor a record that names another address.
     void processLdbSettings(const QString& hexId, const QByteArray& answer);
     void processFirmwareId(const QString& hexId, const QByteArray& answer);
 
@@ -78,7 +77,7 @@ private:
     };
 
     void initFlagBoxes();
-    bool isSaving() const;
+    bool isSaving() const { return m_writer && m_writer->isWriting(); }
     void processWritten();
     void processSaved();
     void tellOutcome();
@@ -89,7 +88,8 @@ private:
     void showValues();
     void markChanges();
     void mark(QWidget* widget, bool isChanged, LdbField field) const;
-    void editWord(LdbField field, quint16 LdbSettings::*member, int value);
+    template <typename Value>
+    void change(LdbField field, Value LdbSettings::*member, const Value& value);
     void updateEnabled();
     QString stateText() const;
 
@@ -103,6 +103,6 @@ private:
     int m_requests = 0;       ///< for its settings, so far
     int m_awaitedRequest = 0; ///< the one whose answer Save waits for, and those after it
     int m_answeredRequest = 0;
-    bool m_undoAllowed = true;
-    bool m_saveAllowed = true;
+    bool m_isUnanswered = false; ///< the settings were asked for, and nothing came
+    EnabledControls m_allowed;
 };

@@ -18,6 +18,10 @@ LogPanel::LogPanel(QWidget* parent)
 {
     m_ui->setupUi(this);
     connect(m_logger, &FileLogger::loggingFailed, this, &LogPanel::processLoggingFailed);
+    connect(m_ui->logSelectedRadioButton, &QAbstractButton::toggled, m_logger,
+            [this](bool selected) {
+                m_logger->setMode(selected ? FileLogger::LogSelected : FileLogger::LogAll);
+            });
     load();
     updateButtonText();
 }
@@ -33,7 +37,6 @@ void LogPanel::load()
         settings.value(constants::kLogIntervalKey, m_ui->logSpeedSpinBox->value()).toInt());
     m_ui->logAllRadioButton->setChecked(all);
     m_ui->logSelectedRadioButton->setChecked(!all);
-    m_logger->setMode(all ? FileLogger::LogAll : FileLogger::LogSelected);
 }
 
 void LogPanel::save() const
@@ -70,16 +73,6 @@ void LogPanel::on_logFileBrowseButton_clicked()
                      });
 }
 
-void LogPanel::on_logSelectedRadioButton_clicked()
-{
-    m_logger->setMode(FileLogger::LogSelected);
-}
-
-void LogPanel::on_logAllRadioButton_clicked()
-{
-    m_logger->setMode(FileLogger::LogAll);
-}
-
 void LogPanel::on_logStartStopButton_toggled(bool checked)
 {
     const QString fileName = m_ui->logFilePathText->text();
@@ -89,11 +82,9 @@ void LogPanel::on_logStartStopButton_toggled(bool checked)
         save();
     }
     updateButtonText();
-    for (QWidget* widget : {static_cast<QWidget*>(m_ui->logFilePathText),
-                            static_cast<QWidget*>(m_ui->logFileBrowseButton),
-                            static_cast<QWidget*>(m_ui->logSpeedSpinBox),
-                            static_cast<QWidget*>(m_ui->logSelectedRadioButton),
-                            static_cast<QWidget*>(m_ui->logAllRadioButton)}) {
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             m_ui->logFilePathText, m_ui->logFileBrowseButton, m_ui->logSpeedSpinBox,
+             m_ui->logSelectedRadioButton, m_ui->logAllRadioButton}) {
         widget->setEnabled(!checked);
     }
     if (m_logger->startStop(checked)) {

@@ -37,8 +37,6 @@ protected:
 private slots:
     /// Asks for the log file; an existing one is appended to.
     void on_logFileBrowseButton_clicked();
-    void on_logSelectedRadioButton_clicked();
-    void on_logAllRadioButton_clicked();
     /// Where the logger refuses, the button goes back by itself.
     void on_logStartStopButton_toggled(bool checked);
 

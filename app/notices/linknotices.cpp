@@ -3,18 +3,12 @@
 #include "app/notices/notices.h"
 #include "serial/link/seriallink.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSerialPort>
 #include <QSerialPortInfo>
 #include <QStringList>
 
 namespace {
-
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("LinkNotices", text);
-}
 
 #ifdef Q_OS_UNIX
 QFileInfo deviceOf(const QString& portName)
@@ -41,15 +35,14 @@ bool mayUsePort(const QString& portName)
 QString refusalHint(const QString& portName)
 {
     if (mayUsePort(portName)) {
-        return translated(QT_TRANSLATE_NOOP("LinkNotices", "Another program is using this port."));
+        return LinkNotices::tr("Another program is using this port.");
     }
     const QString group = portGroup(portName);
     if (group.isEmpty()) {
         return {};
     }
-    return translated(QT_TRANSLATE_NOOP("LinkNotices",
-                                        "To use this port, you must be in the group \"%1\"; a new "
-                                        "membership counts from the next login."))
+    return LinkNotices::tr("To use this port, you must be in the group \"%1\"; a new "
+                           "membership counts from the next login.")
         .arg(group);
 }
 
@@ -57,12 +50,9 @@ BoxText lossText(const QStringList& hexIds)
 {
     QStringList lines;
     for (const QString& hexId : hexIds) {
-        lines.append(
-            translated(QT_TRANSLATE_NOOP("LinkNotices", "The LDB with ID: %1 is disconnected!"))
-                .arg(hexId));
+        lines.append(LinkNotices::tr("The LDB with ID: %1 is disconnected!").arg(hexId));
     }
-    return {translated(QT_TRANSLATE_NOOP("LinkNotices", "Error")), lines.join(QLatin1Char('\n')),
-            QString()};
+    return {LinkNotices::tr("Error"), lines.join(QLatin1Char('\n'))};
 }
 
 } // namespace
@@ -84,14 +74,12 @@ QString portGroup(const QString& portName)
 BoxText portFailureText(const PortFailure& failure)
 {
     BoxText text;
-    text.title = translated(QT_TRANSLATE_NOOP("LinkNotices", "Error"));
-    text.text = translated(QT_TRANSLATE_NOOP(
-        "LinkNotices",
-        "Cannot establish the serial communication, check the serial port settings!"));
+    text.title = LinkNotices::tr("Error");
+    text.text = LinkNotices::tr(
+        "Cannot establish the serial communication, check the serial port settings!");
     QStringList details;
     if (!failure.description.isEmpty()) {
-        details.append(translated(QT_TRANSLATE_NOOP("LinkNotices", "Port %1: %2"))
-                           .arg(failure.portName, failure.description));
+        details.append(LinkNotices::tr("Port %1: %2").arg(failure.portName, failure.description));
     }
     const QString hint =
         failure.error == QSerialPort::PermissionError ? refusalHint(failure.portName) : QString();

@@ -3,7 +3,6 @@
 #include "app/notices/messagebox.h"
 
 #include <QObject>
-#include <QString>
 #include <QStringList>
 
 class Notices;

@@ -33,7 +33,7 @@ MessageBox::MessageBox(QMessageBox::Icon icon, BoxTexts compose, QWidget* parent
     const int choices = m_compose().choices.size();
     for (int i = 0; i < choices; ++i) {
         m_choices.append(
-            addButton(QString(), i < choices - 1 ? QMessageBox::AcceptRole : QMessageBox::RejectRole));
+            addButton(QString(), i < choices - 1 ? QMessageBox::AcceptRole : RejectRole));
     }
     if (choices == 0) {
         setStandardButtons(buttons);

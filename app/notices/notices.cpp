@@ -20,16 +20,6 @@ void Notices::hush()
     m_bar->clearMessage();
 }
 
-void Notices::box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name)
-{
-    MessageBox::tell(m_window, icon, texts, name);
-}
-
-bool Notices::isOpen(const QString& name) const
-{
-    return MessageBox::find(m_window, name) != nullptr;
-}
-
 void Notices::retranslate()
 {
     if (m_message && !m_bar->currentMessage().isEmpty()) {

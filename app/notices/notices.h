@@ -19,9 +19,12 @@ public:
     void hush();
 
     /// Opens a box over the window; see `MessageBox::tell`.
-    void box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {});
+    void box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {})
+    {
+        MessageBox::tell(m_window, icon, texts, name);
+    }
     /// Whether the box of that name is open.
-    bool isOpen(const QString& name) const;
+    bool isOpen(const QString& name) const { return MessageBox::find(m_window, name) != nullptr; }
 
     /// Says again in the language in force what the status bar shows. Boxes do so by themselves.
     void retranslate();

@@ -23,62 +23,49 @@ StatusBarDisplay::StatusBarDisplay(QStatusBar* bar, Notices* notices)
     , m_count(new QLabel)
     , m_queue(new QLabel)
 {
-    m_progress->setObjectName(QStringLiteral("progressBar"));
     m_progress->setFixedWidth(kProgressBarWidth);
-    m_polledAlone->setObjectName(QStringLiteral("polledAloneLabel"));
-    m_count->setObjectName(QStringLiteral("countLabel"));
-    m_queue->setObjectName(QStringLiteral("queueLabel"));
-    bar->addPermanentWidget(m_progress);
-    bar->addPermanentWidget(m_polledAlone);
-    bar->addPermanentWidget(m_count);
-    bar->addPermanentWidget(m_queue);
+    const auto add = [bar](QWidget* widget, const char* name) {
+        widget->setObjectName(QLatin1String(name));
+        bar->addPermanentWidget(widget);
+    };
+    add(m_progress, "progressBar");
+    add(m_polledAlone, "polledAloneLabel");
+    add(m_count, "countLabel");
+    add(m_queue, "queueLabel");
     m_progress->hide();
     m_polledAlone->hide();
+    showAvailable(0);
 }
 
 void StatusBarDisplay::showAvailable(int ldbCount)
 {
     m_ldbs = ldbCount;
-    if (m_shownCount != Count::Failed) {
-        m_shownCount = Count::Available;
-    }
-    updateCount();
+    showCount([ldbCount] { return tr("Available LDB's: %n.", nullptr, ldbCount); });
 }
 
 void StatusBarDisplay::showLoading()
 {
-    if (m_shownCount != Count::Failed) {
-        m_shownCount = Count::Loading;
-    }
-    updateCount();
+    showCount([] { return tr("Loading LDB device list..."); });
 }
 
 void StatusBarDisplay::showFailure()
 {
-    m_shownCount = Count::Failed;
-    updateCount();
+    showCount([] { return tr("Serial communication failed."); });
+    m_hasFailed = true;
 }
 
 void StatusBarDisplay::clearFailure()
 {
-    if (m_shownCount == Count::Failed) {
-        m_shownCount = Count::Available;
-        updateCount();
+    if (std::exchange(m_hasFailed, false)) {
+        showAvailable(m_ldbs);
     }
 }
 
-void StatusBarDisplay::updateCount()
+void StatusBarDisplay::showCount(const Text& text)
 {
-    switch (m_shownCount) {
-    case Count::Available:
-        m_count->setText(tr("Available LDB's: %n.", nullptr, m_ldbs));
-        break;
-    case Count::Loading:
-        m_count->setText(tr("Loading LDB device list..."));
-        break;
-    case Count::Failed:
-        m_count->setText(tr("Serial communication failed."));
-        break;
+    if (!m_hasFailed) {
+        m_countText = text;
+        m_count->setText(text());
     }
 }
 
@@ -129,7 +116,7 @@ void StatusBarDisplay::showPolledAlone(const QString& hexId)
 void StatusBarDisplay::retranslate()
 {
     m_progress->setAccessibleName(tr("Progress"));
-    updateCount();
+    m_count->setText(m_countText());
     showQueueLength(m_commands);
     showPolledAlone(m_hexIdPolledAlone);
 }

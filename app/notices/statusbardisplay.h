@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/shared/text.h"
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -41,21 +43,15 @@ public:
     void retranslate();
 
 private:
-    enum class Count
-    {
-        Available,
-        Loading,
-        Failed
-    };
-
-    void updateCount();
+    void showCount(const Text& text);
 
     Notices* m_notices;
     QProgressBar* m_progress;
     QLabel* m_polledAlone;
     QLabel* m_count;
     QLabel* m_queue;
-    Count m_shownCount = Count::Available;
+    Text m_countText;
+    bool m_hasFailed = false;
     bool m_isScanning = false;
     int m_ldbs = 0;
     int m_commands = 0;

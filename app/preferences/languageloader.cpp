@@ -49,15 +49,11 @@ void LanguageLoader::load(const QString& language)
     const bool loaded =
         m_translator->load(constants::kTranslationFileTemplate.arg(language), m_folder);
     // Installed first, so that the program's own texts go before.
-    loadStandardTexts(loaded ? m_translator->language() : QString());
-    QCoreApplication::installTranslator(m_translator);
-}
-
-void LanguageLoader::loadStandardTexts(const QString& languageCode)
-{
-    if (!languageCode.isEmpty() &&
-        m_standardTexts->load(QLocale(languageCode), QStringLiteral("qtbase"), QStringLiteral("_"),
-                              QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
+    // A language that Qt does not have leaves its dialogs in English.
+    if (loaded && m_standardTexts->load(QLocale(m_translator->language()), QStringLiteral("qtbase"),
+                                        QStringLiteral("_"),
+                                        QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(m_standardTexts);
     }
+    QCoreApplication::installTranslator(m_translator);
 }

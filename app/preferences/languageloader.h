@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 class QObject;
@@ -30,9 +29,6 @@ public:
     void load(const QString& language);
 
 private:
-    /// The texts of Qt's own dialogs; a language that Qt does not have leaves them in English.
-    void loadStandardTexts(const QString& languageCode);
-
     QString m_folder;
     QTranslator* m_standardTexts;
     QTranslator* m_translator;

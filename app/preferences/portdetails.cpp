@@ -37,12 +37,8 @@ QList<PortDetails> systemPorts()
     QList<PortDetails> ports;
     const QList<QSerialPortInfo> infos = QSerialPortInfo::availablePorts();
     for (const QSerialPortInfo& info : infos) {
-        PortDetails port;
-        port.name = info.portName();
-        port.description = info.description();
-        port.manufacturer = info.manufacturer();
-        port.serialNumber = info.serialNumber();
-        port.systemLocation = info.systemLocation();
+        PortDetails port{info.portName(), info.description(), info.manufacturer(),
+                         info.serialNumber(), info.systemLocation()};
         if (info.hasVendorIdentifier()) {
             port.vendorIdentifier = info.vendorIdentifier();
         }

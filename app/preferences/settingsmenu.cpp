@@ -1,26 +1,25 @@
 #include "app/preferences/settingsmenu.h"
 
-#include "app/preferences/aboutdialog.h"
 #include "app/shared/usersettings.h"
 #include "ui_settingsmenu.h"
 
 #include <QCompleter>
 #include <QEvent>
 #include <QFile>
+#include <QLabel>
 #include <QShowEvent>
+#include <QVBoxLayout>
 
 namespace {
 
 // Marks the item that stands in a list without entries; its text is never stored.
 constexpr int kPlaceholderRole = Qt::UserRole + 1;
 
+// Wide enough that no paragraph becomes a column.
+constexpr int kAboutWidth = 600;
+
 constexpr Qt::GlobalColor kBackground = Qt::lightGray;
 constexpr Qt::GlobalColor kForeground = Qt::black;
-
-QVariant storedValue(const QString& key, const QVariant& defaultValue)
-{
-    return userSettings().value(key, defaultValue);
-}
 
 void store(const QString& key, const QVariant& value)
 {
@@ -34,12 +33,12 @@ void store(const QString& key, const QVariant& value)
 
 QString storedPort()
 {
-    return storedValue(constants::kComPortKey, QString()).toString();
+    return userSettings().value(constants::kComPortKey, QString()).toString();
 }
 
 QString storedLanguage()
 {
-    return storedValue(constants::kLanguageKey, constants::kDefaultLanguage).toString();
+    return userSettings().value(constants::kLanguageKey, constants::kDefaultLanguage).toString();
 }
 
 void addPlaceholder(QComboBox* box, const QString& text)
@@ -77,6 +76,42 @@ QIcon flagOf(const QString& language)
 }
 
 } // namespace
+
+AboutDialog::AboutDialog(QWidget* parent)
+    : QDialog(parent)
+{
+    setWindowTitle(tr("About %1").arg(constants::kApplicationDisplayName));
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    setModal(true);
+    if (parent != nullptr) {
+        setPalette(parent->palette());
+    }
+    const QStringList paragraphs{
+        tr("The %1 application has been developed with the framework Qt 5.5.0\n"
+           "Qt is licenced under the LGPL licence (2.1)")
+            .arg(constants::kApplicationDisplayName),
+        tr("The %1 application is based in part on the work of the Qwt project.\n"
+           "The Qwt source code can be found at https://qwt.sourceforge.io")
+            .arg(constants::kApplicationDisplayName),
+        tr("A copy of the licenses can be found in the application licenses folder. Contact your "
+           "distributor for source code access related to the LGPL licenses."),
+        tr("Copyright %1. All rights reserved.").arg(constants::kOrganisationName),
+        tr("THIS PROGRAM IS PROVIDED BY %1 AS IT IS, WITHOUT WARRANTY OF ANY KIND, EXPRESSED OR "
+           "IMPLIED, INCLUDING THE WARRANTIES OF MERCHANTABILITY AND OF FITNESS FOR A PARTICULAR "
+           "PURPOSE. %1 IS NOT LIABLE FOR ANY DAMAGE ARISING FROM ITS USE.")
+            .arg(constants::kOrganisationName),
+    };
+    auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    for (const QString& paragraph : paragraphs) {
+        auto* label = new QLabel(paragraph, this);
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFixedWidth(kAboutWidth);
+        layout->addWidget(label);
+    }
+}
 
 SettingsMenu::SettingsMenu(QWidget* parent, SettingsSources sources)
     : QDialog(parent)
@@ -184,7 +219,7 @@ void SettingsMenu::loadChoices()
     fillPorts();
     fillLanguages();
     m_ui->soundWarningsCheckBox->setChecked(
-        storedValue(constants::kAudioWarningsKey, false).toBool());
+        userSettings().value(constants::kAudioWarningsKey, false).toBool());
 }
 
 void SettingsMenu::fillPorts()

@@ -14,6 +14,15 @@ namespace Ui {
 class SettingsMenu;
 }
 
+/// What the program is built on, who owns it and what is not warranted. Modal, of fixed size.
+class AboutDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    /// Takes the colours of `parent`.
+    explicit AboutDialog(QWidget* parent);
+};
+
 /// Where the settings dialog finds its choices.
 struct SettingsSources
 {

@@ -2,17 +2,18 @@
 
 #include <QDebug>
 
-int tuningNumber(const QSettings& tuning, const QString& key, int defaultNumber)
+int tuningNumber(const QSettings& tuning, const QString& key, int defaultNumber,
+                 std::optional<int> wrongNumber)
 {
-    if (!tuning.contains(key)) {
-        return defaultNumber;
-    }
-    const QString text = tuning.value(key).toString();
+    const QVariant value = tuning.value(key, defaultNumber);
     bool isNumber = false;
-    const int number = text.toInt(&isNumber);
-    if (!isNumber) {
-        qWarning() << key << "is no whole number:" << text << "- using" << defaultNumber;
-        return defaultNumber;
+    const int number = value.toString().toInt(&isNumber);
+    if (isNumber) {
+        return number;
     }
-    return number;
+    const int used = wrongNumber.value_or(defaultNumber);
+    const QString group = tuning.group();
+    qWarning() << (group.isEmpty() ? key : group + QLatin1Char('/') + key)
+               << "is no whole number:" << value.toString() << "- using" << used;
+    return used;
 }

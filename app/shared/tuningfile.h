@@ -4,6 +4,8 @@
 
 #include <QSettings>
 
+#include <optional>
+
 /// The tuning file, for every room: in the working directory, and only read. One that is missing
 /// reads like an empty one.
 inline QSettings tuningFile(const QString& fileName = QString(constants::kTuningFileName))
@@ -12,5 +14,7 @@ inline QSettings tuningFile(const QString& fileName = QString(constants::kTuning
 }
 
 /// A whole number of the tuning file. A key that is missing, or holds anything else, gives the
-/// default; the latter is warned of, so that a slip of the pen is not taken for 0.
-int tuningNumber(const QSettings& tuning, const QString& key, int defaultNumber);
+/// default (or `wrongNumber`); the latter is warned of, so that no slip of the pen is taken for
+/// what was meant. Within the group that is open.
+int tuningNumber(const QSettings& tuning, const QString& key, int defaultNumber,
+                 std::optional<int> wrongNumber = std::nullopt);

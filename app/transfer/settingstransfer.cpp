@@ -17,26 +17,19 @@ bool isSuccess(Status status)
 
 QString statusText(Status status)
 {
-    switch (status) {
-    case Status::ExportStarted:
-        return SettingsTransfer::tr("Exporting LDB settings");
-    case Status::ExportFinished:
-        return SettingsTransfer::tr("Exporting LDB settings finished");
-    case Status::ExportFailed:
-        return SettingsTransfer::tr("Exporting LDB settings failed");
-    case Status::ImportStarted:
-        return SettingsTransfer::tr("Importing LDB settings");
-    case Status::ImportFinished:
-        return SettingsTransfer::tr("Importing LDB settings finished");
-    case Status::ImportFailed:
-        return SettingsTransfer::tr("Importing LDB settings failed");
-    case Status::ImportFailedNotAllConnected:
-        return SettingsTransfer::tr("Importing LDB settings failed, not all LDB's are connected");
-    case Status::ImportFailedSettingsMissing:
-        return SettingsTransfer::tr(
-            "Importing LDB settings failed, settings are missing for connected LDB's");
-    }
-    return {};
+    constexpr const char* kTexts[] = {
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Exporting LDB settings"),
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Exporting LDB settings finished"),
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Exporting LDB settings failed"),
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Importing LDB settings"),
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Importing LDB settings finished"),
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Importing LDB settings failed"),
+        QT_TRANSLATE_NOOP("SettingsTransfer",
+                          "Importing LDB settings failed, not all LDB's are connected"),
+        QT_TRANSLATE_NOOP("SettingsTransfer",
+                          "Importing LDB settings failed, settings are missing for connected "
+                          "LDB's")}; // in the order of the enumerators
+    return SettingsTransfer::tr(kTexts[status]);
 }
 
 } // namespace

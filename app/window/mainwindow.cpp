@@ -6,6 +6,7 @@
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/putback/putback.h"
+#include "app/shared/colours.h"
 #include "app/shared/constants.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
@@ -32,12 +33,6 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
     return form;
 }
 
-windowlook::Layout layoutOf(const Ui::MainWindow& ui, QMainWindow* window)
-{
-    return {window, ui.leftAndRightSplitter, ui.deviceOverviewAndPlotSplitter,
-            ui.plotAndDetailSplitter};
-}
-
 } // namespace
 
 MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
@@ -51,7 +46,7 @@ MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
     windowlook::makeGrey(m_ui->globalStatusPanel);
     windowlook::makeGrey(m_ui->ldbActionToolBox);
     init();
-    windowlook::load(layoutOf(*m_ui, this));
+    windowlook::load(this);
     retranslate();
 }
 
@@ -125,7 +120,7 @@ void MainWindow::initPanels()
 {
     m_ui->logTab->setNotices(m_notices.get());
     connect(m_ui->logTab, &LogPanel::loggingChanged, this, [this](bool logging) {
-        const QIcon mark = logging ? lampimage::draw(lampimage::kOrangered) : QPixmap();
+        const QIcon mark = logging ? lampimage::draw(colours::kOrangered) : QPixmap();
         m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), mark);
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
@@ -151,6 +146,13 @@ void MainWindow::initPanels()
     m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
     connect(m_transfer, &SettingsTransfer::statusChanged, this,
             &MainWindow::processExportImportStatus);
+    const auto let = [](const QAbstractButton* button, auto* receiver, auto slot) {
+        connect(button, &QAbstractButton::clicked, receiver, slot);
+    };
+    let(m_ui->exportDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseExport);
+    let(m_ui->importDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseImport);
+    let(m_ui->settingsMenuButton, m_settingsMenu, &QWidget::show);
+    let(m_ui->helpButton, this, [this] { ManualWindow::showIndex(this); });
 }
 
 void MainWindow::retranslate()
@@ -181,7 +183,7 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::on_startButton_toggled(bool checked)
 {
-    checked ? m_run->start() : m_run->stop();
+    checked ? m_run->start() : m_link->stop();
     updateButtonTexts();
 }
 
@@ -249,31 +251,11 @@ void MainWindow::setLdbActionButtonsState()
     m_ui->exportDeviceSettingsButton->setEnabled(controls.transfer);
     m_ui->importDeviceSettingsButton->setEnabled(controls.transfer);
     m_overviewTable->setSelectionEnabled(controls.selection);
-    m_ui->ldbSettingsEditor->setUndoAllowed(controls.singleActions);
-    m_ui->ldbSettingsEditor->setSaveAllowed(controls.outsideService &&
-                                            !m_putBack->isPending(m_run->selectedLdb()));
-    m_ui->ldbActionsGroup->setAllowed(controls.allActions, controls.singleActions,
-                                      controls.outsideService);
-}
-
-void MainWindow::on_exportDeviceSettingsButton_clicked()
-{
-    m_transfer->chooseExport();
-}
-
-void MainWindow::on_importDeviceSettingsButton_clicked()
-{
-    m_transfer->chooseImport();
-}
-
-void MainWindow::on_settingsMenuButton_clicked()
-{
-    m_settingsMenu->show();
-}
-
-void MainWindow::on_helpButton_clicked()
-{
-    ManualWindow::showIndex(this);
+    EnabledControls ofEditor = controls;
+    ofEditor.outsideService =
+        controls.outsideService && !m_putBack->isPending(m_run->selectedLdb());
+    m_ui->ldbSettingsEditor->apply(ofEditor);
+    m_ui->ldbActionsGroup->apply(controls);
 }
 
 void MainWindow::on_fimTrackingButton_clicked()
@@ -286,7 +268,8 @@ void MainWindow::on_fimTrackingButton_clicked()
 
 void MainWindow::showPolledAlone()
 {
-    m_status->showPolledAlone(m_link->polledAlone());
+    const bool isAlone = m_tracking && m_link->isRunning();
+    m_status->showPolledAlone(isAlone ? m_tracking->hexId() : QString());
 }
 
 void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state)
@@ -307,7 +290,7 @@ void MainWindow::on_zoomButton_toggled(bool checked)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    windowlook::save(layoutOf(*m_ui, this));
+    windowlook::save(this);
     m_overviewTable->saveTableState();
     m_ui->logTab->save();
     QMainWindow::closeEvent(event);

@@ -48,10 +48,6 @@ private slots:
 
     void on_startButton_toggled(bool checked);
     void on_reloadDevicesButton_clicked();
-    void on_exportDeviceSettingsButton_clicked();
-    void on_importDeviceSettingsButton_clicked();
-    void on_settingsMenuButton_clicked();
-    void on_helpButton_clicked();
     void on_zoomButton_toggled(bool checked);
     void on_fimTrackingButton_clicked();
 

@@ -2,23 +2,6 @@
 
 #include "serial/link/seriallink.h"
 
-#include <tuple>
-
-namespace {
-
-auto fields(const EnabledControls& controls)
-{
-    return std::tie(controls.reload, controls.transfer, controls.selection, controls.allActions,
-                    controls.singleActions, controls.outsideService);
-}
-
-} // namespace
-
-bool EnabledControls::operator==(const EnabledControls& other) const
-{
-    return fields(*this) == fields(other);
-}
-
 EnabledControls enabledControls(const LinkSituation& situation)
 {
     const bool polling = situation.running && !situation.initialising;
@@ -66,11 +49,6 @@ void RunControl::start()
     }
 }
 
-void RunControl::stop()
-{
-    m_link->stop();
-}
-
 void RunControl::reload()
 {
     if (!m_link->isRunning()) {
@@ -84,7 +62,7 @@ void RunControl::reload()
 
 void RunControl::changePort(const QString& portName)
 {
-    stop();
+    m_link->stop();
     m_link->setPortName(portName);
     reload();
 }

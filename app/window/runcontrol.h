@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shared/enabledcontrols.h"
 #include "serial/ldb/ldbstatus.h"
 
 #include <QObject>
@@ -18,20 +19,6 @@ struct LinkSituation
     bool transferring = false;               ///< an export or import is on
 };
 
-/// Which controls can be used.
-struct EnabledControls
-{
-    bool reload = false;
-    bool transfer = false;       ///< export and import
-    bool selection = false;      ///< selecting another LDB
-    bool allActions = false;     ///< the three actions for all LDBs
-    bool singleActions = false;  ///< FIM and LDB reset of the selected LDB, and Undo
-    bool outsideService = false; ///< service mode, FIM tracking, Save, Default: what an LDB in
-                                 ///< service mode ignores
-
-    bool operator==(const EnabledControls& other) const;
-};
-
 /// The one place that knows which situation enables what.
 EnabledControls enabledControls(const LinkSituation& situation);
 
@@ -46,7 +33,6 @@ public:
 
     /// Begins a run, with a scan; does nothing while one is on.
     void start();
-    void stop();
     /// Scans anew, or begins a run.
     void reload();
     /// Ends the run and begins one on another port.

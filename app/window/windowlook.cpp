@@ -6,23 +6,27 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMap>
 #include <QPalette>
 #include <QRect>
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStyle>
-#include <QToolBox>
 
 namespace windowlook {
 
 namespace {
 
-void loadSplitter(const QSettings& settings, const QString& key, QSplitter* splitter)
+/// By the keys of the settings.
+QMap<QString, QSplitter*> splittersOf(const QMainWindow* window)
 {
-    if (settings.contains(key)) {
-        splitter->restoreState(settings.value(key).toByteArray());
-    }
+    const auto named = [window](const char* name) {
+        return window->findChild<QSplitter*>(QLatin1String(name));
+    };
+    return {{constants::kOverviewPlotSplitterKey, named("deviceOverviewAndPlotSplitter")},
+            {constants::kLeftRightSplitterKey, named("leftAndRightSplitter")},
+            {constants::kPlotDetailSplitterKey, named("plotAndDetailSplitter")}};
 }
 
 /// The form's size is that of a small laptop's whole screen; a panel or dock may leave less.
@@ -39,12 +43,9 @@ void loadPlace(const QSettings& settings, QMainWindow* window)
         fitToScreen(window);
         return;
     }
-    if (settings.contains(constants::kWindowGeometryKey)) {
-        window->restoreGeometry(settings.value(constants::kWindowGeometryKey).toByteArray());
-    }
-    if (settings.contains(constants::kWindowStateKey)) {
-        window->restoreState(settings.value(constants::kWindowStateKey).toByteArray());
-    }
+    // What is missing is an empty state, which changes nothing.
+    window->restoreGeometry(settings.value(constants::kWindowGeometryKey).toByteArray());
+    window->restoreState(settings.value(constants::kWindowStateKey).toByteArray());
 }
 
 } // namespace
@@ -64,16 +65,10 @@ void makeGrey(QWidget* panel)
     colours.setColor(QPalette::WindowText, Qt::black);
     colours.setColor(QPalette::ButtonText, Qt::black);
     panel->setPalette(colours);
-}
-
-void makeGrey(QToolBox* toolBox)
-{
-    makeGrey(static_cast<QWidget*>(toolBox));
-    // A style sheet keeps the tool box's own tabs from following its palette.
-    const auto tabs =
-        toolBox->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+    // A style sheet keeps a tool box's tabs from following its palette.
+    const auto tabs = panel->findChildren<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
     for (QAbstractButton* tab : tabs) {
-        makeGrey(static_cast<QWidget*>(tab));
+        tab->setPalette(colours);
     }
 }
 
@@ -82,24 +77,26 @@ QRect desktopGeometry()
     return QGuiApplication::primaryScreen()->virtualGeometry();
 }
 
-void save(const Layout& layout)
+void save(const QMainWindow* window)
 {
     QSettings settings = userSettings();
-    settings.setValue(constants::kWindowGeometryKey, layout.window->saveGeometry());
-    settings.setValue(constants::kWindowStateKey, layout.window->saveState());
+    settings.setValue(constants::kWindowGeometryKey, window->saveGeometry());
+    settings.setValue(constants::kWindowStateKey, window->saveState());
     settings.setValue(constants::kScreenGeometryKey, desktopGeometry());
-    settings.setValue(constants::kOverviewPlotSplitterKey, layout.overviewAndPlot->saveState());
-    settings.setValue(constants::kLeftRightSplitterKey, layout.leftAndRight->saveState());
-    settings.setValue(constants::kPlotDetailSplitterKey, layout.plotAndDetail->saveState());
+    const auto splitters = splittersOf(window);
+    for (auto each = splitters.begin(); each != splitters.end(); ++each) {
+        settings.setValue(each.key(), each.value()->saveState());
+    }
 }
 
-void load(const Layout& layout)
+void load(QMainWindow* window)
 {
     const QSettings settings = userSettings();
-    loadPlace(settings, layout.window);
-    loadSplitter(settings, constants::kOverviewPlotSplitterKey, layout.overviewAndPlot);
-    loadSplitter(settings, constants::kLeftRightSplitterKey, layout.leftAndRight);
-    loadSplitter(settings, constants::kPlotDetailSplitterKey, layout.plotAndDetail);
+    loadPlace(settings, window);
+    const auto splitters = splittersOf(window);
+    for (auto each = splitters.begin(); each != splitters.end(); ++each) {
+        each.value()->restoreState(settings.value(each.key()).toByteArray());
+    }
 }
 
 } // namespace windowlook

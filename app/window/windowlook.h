@@ -3,8 +3,6 @@
 class QLabel;
 class QMainWindow;
 class QRect;
-class QSplitter;
-class QToolBox;
 class QWidget;
 
 /// How the main window looks: the fixed colours of some of its parts, whatever the palette of the
@@ -13,28 +11,18 @@ namespace windowlook {
 
 /// The product's logo as the label's picture.
 void setLogo(QLabel* label);
-/// Dark texts on a grey ground.
+/// Dark texts on a grey ground, a tool box's own tabs included.
 void makeGrey(QWidget* panel);
-/// The same, with the tool box's own tabs.
-void makeGrey(QToolBox* toolBox);
-
-/// The layout that is kept. Nothing here is owned.
-struct Layout
-{
-    QMainWindow* window = nullptr;
-    QSplitter* leftAndRight = nullptr;
-    QSplitter* overviewAndPlot = nullptr;
-    QSplitter* plotAndDetail = nullptr;
-};
 
 /// The rectangle around all screens.
 QRect desktopGeometry();
 
-void save(const Layout& layout);
+/// Keeps the window's place and its splitters.
+void save(const QMainWindow* window);
 
 /// Gives back what was kept. The window's own place only when the screens stand as they did, so
 /// that it never opens where no screen is (otherwise it is made to fit the screen); the splitters
 /// always.
-void load(const Layout& layout);
+void load(QMainWindow* window);
 
 } // namespace windowlook

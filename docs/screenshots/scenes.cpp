@@ -1,7 +1,6 @@
 #include "docs/screenshots/scenes.h"
 
 #include "app/notices/messagebox.h"
-#include "app/preferences/aboutdialog.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
 #include "docs/screenshots/trackingscene.h"

@@ -25,19 +25,10 @@ bool isPresent(const InquiryEnd& end)
 
 QString outcomeText(Outcome outcome)
 {
-    switch (outcome) {
-    case Outcome::Answered:
-        break;
-    case Outcome::Silent:
-        return QStringLiteral("no answer");
-    case Outcome::Damaged:
-        return QStringLiteral("the answer was damaged");
-    case Outcome::OtherKind:
-        return QStringLiteral("an answer of another kind came");
-    case Outcome::Unbelieved:
-        return QStringLiteral("the answer came among stray bytes and is not believed");
-    }
-    return QStringLiteral("answered");
+    constexpr const char* kTexts[] = {
+        "answered", "no answer", "the answer was damaged", "an answer of another kind came",
+        "the answer came among stray bytes and is not believed"}; // in the order of the outcomes
+    return QLatin1String(kTexts[static_cast<int>(outcome)]);
 }
 
 } // namespace
@@ -202,30 +193,18 @@ void Conversation::inquiryEnded(const InquiryEnd& end, const Moment& moment)
     if (end.isUnclean || (isPoll && end.transmissions > 1)) {
         m_scan.noteUnclean();
     }
-    switch (m_step) {
-    case Step::Stopped:
-        break;
-    case Step::Scan:
-        scanEnded(end, moment);
-        break;
-    case Step::Status:
-        statusEnded(end, moment);
-        break;
-    case Step::Name:
-        nameEnded(end, moment);
-        break;
-    case Step::Firmware:
-        firmwareEnded(end, moment);
-        break;
-    case Step::Command:
-        commandEnded(end, moment);
-        break;
-    case Step::LostProbe:
-        lostProbeEnded(end, moment);
-        break;
-    case Step::BackgroundProbe:
-        backgroundProbeEnded(end, moment);
-        break;
+    // In the order of the steps.
+    using Handler = void (Conversation::*)(const InquiryEnd&, const Moment&);
+    constexpr Handler kHandlers[] = {nullptr,
+                                     &Conversation::scanEnded,
+                                     &Conversation::statusEnded,
+                                     &Conversation::nameEnded,
+                                     &Conversation::firmwareEnded,
+                                     &Conversation::commandEnded,
+                                     &Conversation::lostProbeEnded,
+                                     &Conversation::backgroundProbeEnded};
+    if (const Handler handler = kHandlers[static_cast<int>(m_step)]) {
+        (this->*handler)(end, moment);
     }
 }
 
@@ -289,12 +268,7 @@ bool Conversation::dropGhost(const InquiryEnd& end, const Moment& moment)
 
 void Conversation::nameEnded(const InquiryEnd& end, const Moment& moment)
 {
-    if (isAnswered(end)) {
-        m_memory.forgetMisses(m_hexId);
-        m_memory.hearName(m_hexId, hextext::toText(end.answer));
-    } else {
-        countMiss(end, moment);
-    }
+    hearOrMiss(end, moment);
     if (m_schedule.isLost(m_hexId)) {
         commandNext(moment);
     } else {
@@ -304,13 +278,18 @@ void Conversation::nameEnded(const InquiryEnd& end, const Moment& moment)
 
 void Conversation::firmwareEnded(const InquiryEnd& end, const Moment& moment)
 {
+    hearOrMiss(end, moment);
+    commandNext(moment);
+}
+
+void Conversation::hearOrMiss(const InquiryEnd& end, const Moment& moment)
+{
     if (isAnswered(end)) {
         m_memory.forgetMisses(m_hexId);
-        m_memory.hearFirmware(m_hexId, decodeFirmwareId(end.answer).value_or(QString()));
+        hear(end);
     } else {
         countMiss(end, moment);
     }
-    commandNext(moment);
 }
 
 void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
@@ -318,31 +297,24 @@ void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
     if (isPresent(end)) {
         m_memory.forgetMisses(m_queue.front().request.hexId);
     }
-    if (isAnswered(end)) {
-        if (!isConfirmed(end)) {
-            if (m_commandAsked < kCommandInquiries) {
-                ++m_commandAsked;
-                const Request request = m_queue.front().request;
-                ask(Step::Command, request, Inquiry::Role::Command, moment);
-                return;
-            }
-            finishCommand({});
-        } else {
-            finishCommand(end.answer);
-        }
-    } else {
-        if (!m_queue.front().request.isBroadcast()) {
-            logEnd(end, moment);
-        }
-        finishCommand({});
+    const bool isTaken = isAnswered(end) && hear(end);
+    if (isAnswered(end) && !isTaken && m_commandAsked < kCommandInquiries) {
+        ++m_commandAsked;
+        const Request request = m_queue.front().request;
+        ask(Step::Command, request, Inquiry::Role::Command, moment);
+        return;
     }
+    if (!isAnswered(end) && !m_queue.front().request.isBroadcast()) {
+        logEnd(end, moment);
+    }
+    finishCommand(isTaken ? end.answer : QByteArray());
     searchNext(moment);
 }
 
 /// What is kept for long is taken when the LDB tells it twice.
-bool Conversation::isConfirmed(const InquiryEnd& end)
+bool Conversation::hear(const InquiryEnd& end)
 {
-    const Request& request = m_queue.front().request;
+    const Request& request = m_inquiry.request();
     switch (request.answer) {
     case AnswerShape::Name:
         return m_memory.hearName(request.hexId, hextext::toText(end.answer));

@@ -95,7 +95,8 @@ private:
     void lostProbeEnded(const InquiryEnd& end, const Moment& moment);
     void backgroundProbeEnded(const InquiryEnd& end, const Moment& moment);
 
-    bool isConfirmed(const InquiryEnd& end);
+    bool hear(const InquiryEnd& end);
+    void hearOrMiss(const InquiryEnd& end, const Moment& moment);
     void finishCommand(const QByteArray& answer);
     void found(const QString& hexId);
     bool dropGhost(const InquiryEnd& end, const Moment& moment);

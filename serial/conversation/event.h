@@ -3,7 +3,6 @@
 #include "serial/ldb/ldbstatus.h"
 
 #include <QByteArray>
-#include <QString>
 #include <QStringList>
 
 #include <variant>

@@ -1,6 +1,7 @@
 #include "serial/conversation/hearing.h"
 
 #include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
 
 #include <algorithm>
 
@@ -10,22 +11,12 @@ namespace {
 constexpr int kMaxBytes = 1024;
 constexpr int kFewestDigits = 8;
 
-bool isUpperHexDigit(char byte)
-{
-    return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'F');
-}
-
 } // namespace
 
 void Hearing::begin(qint64 requestEnd)
 {
-    m_bytes.clear();
-    m_hasSetAside = false;
+    *this = Hearing();
     m_requestEnd = requestEnd;
-    m_lastByteAt = 0;
-    m_digits = 0;
-    m_soundBody.reset();
-    m_isAlone = false;
 }
 
 void Hearing::take(const QByteArray& bytes, qint64 now)
@@ -37,7 +28,8 @@ void Hearing::take(const QByteArray& bytes, qint64 now)
     m_bytes.append(bytes.right(kMaxBytes));
     m_lastByteAt = now;
     if (now >= m_requestEnd) {
-        m_digits += static_cast<int>(std::count_if(bytes.begin(), bytes.end(), isUpperHexDigit));
+        m_digits +=
+            static_cast<int>(std::count_if(bytes.begin(), bytes.end(), hextext::isUpperDigit));
     }
     if (!m_soundBody) {
         findSoundFrame(before);

@@ -8,11 +8,6 @@ void PollSchedule::clear()
     restart();
 }
 
-void PollSchedule::add(const QString& hexId)
-{
-    m_found.append(hexId);
-}
-
 void PollSchedule::remove(const QString& hexId)
 {
     const int position = m_found.indexOf(hexId);
@@ -37,28 +32,23 @@ void PollSchedule::restart()
 
 PollSchedule::Turn PollSchedule::next()
 {
-    Turn turn;
     if (!m_alone.isEmpty()) {
-        turn.hexId = m_alone;
-        turn.beginsRound = true;
-        return turn;
+        return {Turn::Kind::Poll, m_alone, true};
     }
     Q_ASSERT(!m_found.isEmpty());
+    bool beginsRound = false;
     for (;;) {
         while (++m_index < m_found.size()) {
             if (!isLost(m_found.at(m_index))) {
-                turn.hexId = m_found.at(m_index);
-                return turn;
+                return {Turn::Kind::Poll, m_found.at(m_index), beginsRound};
             }
         }
         if (!m_probed && !m_lost.isEmpty()) {
             m_probed = true;
-            turn.kind = Turn::Kind::Probe;
-            turn.hexId = m_lost.takeFirst();
-            m_lost.append(turn.hexId);
-            return turn;
+            m_lost.append(m_lost.takeFirst());
+            return {Turn::Kind::Probe, m_lost.last(), beginsRound};
         }
-        turn.beginsRound = true;
+        beginsRound = true;
         m_index = -1;
         m_probed = false;
     }
@@ -81,9 +71,4 @@ void PollSchedule::markLost(const QString& hexId)
     if (!isLost(hexId)) {
         m_lost.append(hexId);
     }
-}
-
-void PollSchedule::markPresent(const QString& hexId)
-{
-    m_lost.removeAll(hexId);
 }

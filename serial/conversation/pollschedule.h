@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
 /// Whose turn it is: rounds over the LDBs found, in the order found. Lost LDBs are out of the
@@ -24,7 +23,7 @@ public:
     /// Forgets all LDBs, for a scan.
     void clear();
     /// Joins the round that is on, as its last.
-    void add(const QString& hexId);
+    void add(const QString& hexId) { m_found.append(hexId); }
     /// It was no LDB after all.
     void remove(const QString& hexId);
     /// Lets the next turn begin a round at the first LDB.
@@ -42,7 +41,7 @@ public:
     const QString& alone() const { return m_alone; }
 
     void markLost(const QString& hexId);
-    void markPresent(const QString& hexId);
+    void markPresent(const QString& hexId) { m_lost.removeAll(hexId); }
     bool isLost(const QString& hexId) const { return m_lost.contains(hexId); }
 
 private:

@@ -13,9 +13,7 @@ constexpr int kNameAnswerLength = 32;
 
 bool isUpperHexText(const QByteArray& text)
 {
-    return std::all_of(text.begin(), text.end(), [](char byte) {
-        return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'F');
-    });
+    return std::all_of(text.begin(), text.end(), hextext::isUpperDigit);
 }
 
 } // namespace
@@ -23,6 +21,8 @@ bool isUpperHexText(const QByteArray& text)
 bool hasShape(const QByteArray& body, AnswerShape shape)
 {
     switch (shape) {
+    case AnswerShape::Count:
+        return false;
     case AnswerShape::Any:
         return true;
     case AnswerShape::Acknowledge:

@@ -12,4 +12,9 @@ QString toHexId(int address)
     return QString::fromLatin1(hextext::fromNumber(static_cast<uint>(address)));
 }
 
+int fromHexId(const QString& hexId)
+{
+    return hexId.toInt(nullptr, 16);
+}
+
 } // namespace busaddress

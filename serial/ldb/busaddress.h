@@ -12,5 +12,6 @@ constexpr int kLast = 253;
 
 /// The two-digit `hexId` of a bus address.
 QString toHexId(int address);
+int fromHexId(const QString& hexId);
 
 } // namespace busaddress

@@ -1,5 +1,7 @@
 #include "serial/ldb/generalinformation.h"
 
+#include "serial/ldb/busaddress.h"
+
 #include <QCoreApplication>
 
 namespace generalinformation {
@@ -15,10 +17,10 @@ constexpr int kSignificantDigits = 6;
 // Kept at zero: readers of the rows expect every row to have a machine value.
 const QString kNameValue = QStringLiteral("0");
 
-QString translated(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("GeneralInformation", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(GeneralInformation)
+};
 
 QStringList codeRow(const QString& text, int code)
 {
@@ -41,10 +43,12 @@ QStringList currentRow(quint16 rawCurrent)
             QString::number(milliamperes, 'g', kSignificantDigits), QString::number(raw)};
 }
 
-QStringList shortedRow(const QString& text)
+/// Both rows of a port that has no measurements.
+QList<QStringList> shortedRows(const QString& text)
 {
     const QString marker = QString::number(kMissingMeasurement);
-    return {text, marker, marker};
+    const QStringList row{text, marker, marker};
+    return {row, row};
 }
 
 /// The voltage and the current row of one port.
@@ -52,16 +56,10 @@ QList<QStringList> portRows(quint8 portShort, quint16 millivolts, quint16 auxili
                             quint16 rawCurrent)
 {
     switch (static_cast<LdbPortShort>(portShort)) {
-    case LdbPortShort::Short: {
-        const QStringList row =
-            shortedRow(translated(QT_TRANSLATE_NOOP("GeneralInformation", "Short")));
-        return {row, row};
-    }
-    case LdbPortShort::ShortMemory: {
-        const QStringList row =
-            shortedRow(translated(QT_TRANSLATE_NOOP("GeneralInformation", "Short(memory)")));
-        return {row, row};
-    }
+    case LdbPortShort::Short:
+        return shortedRows(Texts::tr("Short"));
+    case LdbPortShort::ShortMemory:
+        return shortedRows(Texts::tr("Short(memory)"));
     case LdbPortShort::None:
         break;
     }
@@ -76,7 +74,7 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
 {
     QList<QStringList> rows;
     rows.reserve(RowCount);
-    rows << codeRow(hexId, hexId.toInt(nullptr, 16)) << QStringList{deviceName, kNameValue}
+    rows << codeRow(hexId, busaddress::fromHexId(hexId)) << QStringList{deviceName, kNameValue}
          << codeRow(ldbStateText(status.state), static_cast<int>(status.state))
          << codeRow(ldbLoopStateText(status.loopState()), static_cast<int>(status.loopState()))
          << portRows(status.primaryPortShort, status.primaryVoltage, status.primaryAuxiliary,

@@ -3,10 +3,9 @@
 #include "serial/ldb/ldbstatus.h"
 
 #include <QDateTime>
-#include <QList>
 #include <QStringList>
 
-/// One LDB's polled data as every view consumes it: a list of eleven rows, of which string 0 is the
+/// One LDB's polled data as every view consumes it: a list of rows, of which string 0 is the
 /// text to show and the further strings are machine values. The rows travel as plain
 /// `QList<QStringList>` through queued signals; the names and functions here are the only way that
 /// code addresses them. Pure functions, callable from any thread.
@@ -46,7 +45,7 @@ constexpr int kMissingMeasurement = -40000;
 extern const QString kSecondsFormat;
 extern const QString kMillisecondsFormat;
 
-/// The eleven rows of one status record. `deviceName` is shown as it is.
+/// The rows of one status record. `deviceName` is shown as it is.
 QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
                              const LdbStatus& status, const QString& timestampSeconds,
                              const QString& timestampMilliseconds);

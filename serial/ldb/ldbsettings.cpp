@@ -1,8 +1,11 @@
 #include "serial/ldb/ldbsettings.h"
 
+#include "serial/ldb/busaddress.h"
 #include "serial/wire/hextext.h"
 
 #include <QTextCodec>
+
+#include <iterator>
 
 namespace {
 
@@ -18,37 +21,16 @@ constexpr int kNameDigits = 32;
 constexpr int kNumberOfFims = 52;
 } // namespace field
 
-enum Flag : unsigned
-{
-    GeneralFaultOutput = 1U << 0U,
-    EarthLeakageDetection = 1U << 1U,
-    EarthWireOpenDetection = 1U << 2U,
-    StartInServiceMode = 1U << 3U,
-    AmplifierDetection = 1U << 4U,
-};
+// Bit n of the flag byte stands for the nth of these.
+constexpr bool LdbSettings::*kFlags[] = {
+    &LdbSettings::generalFaultOutput, &LdbSettings::earthLeakageDetection,
+    &LdbSettings::earthWireOpenDetection, &LdbSettings::startInServiceMode,
+    &LdbSettings::amplifierDetection};
 
 constexpr int kByteDigits = 2;
 constexpr int kWordDigits = 4;
 constexpr unsigned kByteBits = 8;
 constexpr int kLongestNoFirmware = 10;
-constexpr int kIdBase = 16;
-
-unsigned flag(bool set, Flag value)
-{
-    return set ? value : 0U;
-}
-
-/// The local 8-bit encoding, or Latin-1 for bytes that are none of it: a name written on another
-/// computer stays readable, and saving the record does not fill it with replacement characters.
-QString zeroTerminated(const QByteArray& bytes)
-{
-    const auto length =
-        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
-    QTextCodec::ConverterState state;
-    const QString text = QTextCodec::codecForLocale()->toUnicode(bytes.constData(), length, &state);
-    const bool isLocal = state.invalidChars == 0 && state.remainingChars == 0;
-    return isLocal ? text : QString::fromLatin1(bytes.constData(), length);
-}
 
 } // namespace
 
@@ -70,12 +52,12 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
     }
     LdbSettings settings;
     settings.address = static_cast<int>(*address);
-    settings.name = zeroTerminated(QByteArray::fromHex(name));
-    settings.generalFaultOutput = (*flags & GeneralFaultOutput) != 0;
-    settings.earthLeakageDetection = (*flags & EarthLeakageDetection) != 0;
-    settings.earthWireOpenDetection = (*flags & EarthWireOpenDetection) != 0;
-    settings.startInServiceMode = (*flags & StartInServiceMode) != 0;
-    settings.amplifierDetection = (*flags & AmplifierDetection) != 0;
+    // A name written on a computer of another encoding stays readable, and saving the record does
+    // not fill it with replacement characters.
+    settings.name = hextext::decoded(QByteArray::fromHex(name), QTextCodec::codecForLocale());
+    for (unsigned bit = 0; bit < std::size(kFlags); ++bit) {
+        settings.*kFlags[bit] = (*flags >> bit & 1U) != 0;
+    }
     settings.audioMute = *audioMute != 0;
     settings.openDetectionDelay = *delay;
     settings.numberOfFims = *numberOfFims;
@@ -86,7 +68,7 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
 std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer, const QString& hexId)
 {
     const auto settings = decodeLdbSettings(answer);
-    const bool isOwn = settings && settings->address == hexId.toInt(nullptr, kIdBase);
+    const bool isOwn = settings && settings->address == busaddress::fromHexId(hexId);
     return isOwn ? settings : std::nullopt;
 }
 
@@ -115,12 +97,11 @@ QByteArray encodeName(const QString& name)
 
 QByteArray encodeFlags(const LdbSettings& settings)
 {
-    return hextext::fromNumber(flag(settings.generalFaultOutput, GeneralFaultOutput) |
-                                   flag(settings.earthLeakageDetection, EarthLeakageDetection) |
-                                   flag(settings.earthWireOpenDetection, EarthWireOpenDetection) |
-                                   flag(settings.startInServiceMode, StartInServiceMode) |
-                                   flag(settings.amplifierDetection, AmplifierDetection),
-                               kByteDigits);
+    unsigned flags = 0;
+    for (unsigned bit = 0; bit < std::size(kFlags); ++bit) {
+        flags |= (settings.*kFlags[bit] ? 1U : 0U) << bit;
+    }
+    return hextext::fromNumber(flags, kByteDigits);
 }
 
 QByteArray encodeAudioMute(bool muted)

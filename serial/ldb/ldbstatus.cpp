@@ -30,47 +30,11 @@ constexpr int kPrimaryCurrent = 42;
 constexpr int kSecondaryCurrent = 46;
 } // namespace field
 
-constexpr unsigned kPresent = 1U << 0U;
-constexpr unsigned kRemembered = 1U << 1U;
-constexpr unsigned kUndefined = 1U << 2U;
+// The flags of one fault: present, remembered and, in some fields, one without a text.
+constexpr unsigned kTwoFlags = 0x03;
+constexpr unsigned kThreeFlags = 0x07;
+constexpr unsigned kUndefined = 0x04;
 constexpr unsigned kNibbleBits = 4;
-constexpr unsigned kLowNibble = 0x0F;
-
-/// Reads fields one after another and remembers whether each of them was a number.
-class FieldReader
-{
-public:
-    explicit FieldReader(const QByteArray& body)
-        : m_body(body)
-    {
-    }
-
-    quint8 byteAt(int position, int length = 2)
-    {
-        return static_cast<quint8>(take(hextext::toNumber(m_body, position, length)));
-    }
-    quint16 wordAt(int position)
-    {
-        return static_cast<quint16>(take(hextext::toSwappedWord(m_body, position)));
-    }
-    bool allValid() const { return m_allValid; }
-
-private:
-    template <typename Number>
-    quint32 take(const std::optional<Number>& number)
-    {
-        m_allValid = m_allValid && number.has_value();
-        return number.value_or(0);
-    }
-
-    const QByteArray& m_body;
-    bool m_allValid = true;
-};
-
-int flag(unsigned bits, unsigned mask, int value)
-{
-    return (bits & mask) != 0 ? value : 0;
-}
 
 struct CodeText
 {
@@ -126,24 +90,16 @@ constexpr CodeText kLoopTexts[] = {
     {42, QT_TRANSLATE_NOOP("LdbStatus", "Short(memory) + Open(memory) + DC Leakage(memory)")},
 };
 
-// Unlike the loop, a field that is present and remembered at once reads as if it were neither.
 constexpr CodeText kEarthTexts[] = {
     {0, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
     {1, QT_TRANSLATE_NOOP("LdbStatus", "Open")},
     {2, QT_TRANSLATE_NOOP("LdbStatus", "Open(memory)")},
-    {3, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
     {4, QT_TRANSLATE_NOOP("LdbStatus", "Leakage")},
     {5, QT_TRANSLATE_NOOP("LdbStatus", "Leakage + Open")},
     {6, QT_TRANSLATE_NOOP("LdbStatus", "Leakage + Open(memory)")},
-    {7, QT_TRANSLATE_NOOP("LdbStatus", "Leakage")},
     {8, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory)")},
     {9, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory) + Open")},
     {10, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory) + Open(memory)")},
-    {11, QT_TRANSLATE_NOOP("LdbStatus", "Leakage(memory)")},
-    {12, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
-    {13, QT_TRANSLATE_NOOP("LdbStatus", "Open")},
-    {14, QT_TRANSLATE_NOOP("LdbStatus", "Open(memory)")},
-    {15, QT_TRANSLATE_NOOP("LdbStatus", "Ok")},
 };
 
 constexpr CodeText kAmplifierTexts[] = {
@@ -156,39 +112,53 @@ constexpr CodeText kAmplifierTexts[] = {
 
 constexpr char kUnknownText[] = QT_TRANSLATE_NOOP("LdbStatus", "Unknown");
 
+/// Null where the code has none.
 template <std::size_t Count>
-QString textOf(const CodeText (&texts)[Count], int code)
+const char* findText(const CodeText (&texts)[Count], int code)
 {
     const auto* found = std::find_if(std::begin(texts), std::end(texts),
                                      [code](const CodeText& entry) { return entry.code == code; });
-    return QCoreApplication::translate(kContext,
-                                       found == std::end(texts) ? kUnknownText : found->text);
+    return found == std::end(texts) ? nullptr : found->text;
+}
+
+template <std::size_t Count>
+QString textOf(const CodeText (&texts)[Count], int code)
+{
+    const char* text = findText(texts, code);
+    return QCoreApplication::translate(kContext, text != nullptr ? text : kUnknownText);
+}
+
+// Of the loop's flags; the earth's are the first two.
+constexpr int kPresentFaults = 1 | 4 | 16;
+constexpr int kLeakageField = 16 | 32;
+
+FaultLevel levelOf(int code)
+{
+    const FaultLevel level = (code & kPresentFaults) != 0 ? FaultLevel::Major : FaultLevel::Minor;
+    return code == 0 ? FaultLevel::None : level;
+}
+
+/// Unlike the loop, a field that is present and remembered at once reads as if it were neither.
+int earthFields(int code)
+{
+    for (const int both : {3, 12}) {
+        code = (code & both) == both ? code & ~both : code;
+    }
+    return code;
 }
 
 } // namespace
 
 LdbLoopState LdbStatus::loopState() const
 {
-    const unsigned shortBits = loopNibbles & kLowNibble;
-    const unsigned leakageBits = static_cast<unsigned>(loopNibbles) >> kNibbleBits;
-    return static_cast<LdbLoopState>(
-        flag(loopByte, kPresent, static_cast<int>(LdbLoopState::Open)) +
-        flag(loopByte, kRemembered, static_cast<int>(LdbLoopState::OpenMemory)) +
-        flag(shortBits, kPresent, static_cast<int>(LdbLoopState::Short)) +
-        flag(shortBits, kRemembered, static_cast<int>(LdbLoopState::ShortMemory)) +
-        flag(leakageBits, kPresent, static_cast<int>(LdbLoopState::DcLeakage)) +
-        flag(leakageBits, kRemembered, static_cast<int>(LdbLoopState::DcLeakageMemory)) +
-        flag(leakageBits, kUndefined, static_cast<int>(LdbLoopState::Undefined)));
+    const unsigned leakageNibble = static_cast<unsigned>(loopNibbles) >> kNibbleBits;
+    return static_cast<LdbLoopState>((loopByte & kTwoFlags) | (loopNibbles & kTwoFlags) << 2U |
+                                     (leakageNibble & kThreeFlags) << 4U);
 }
 
 LdbEarthState LdbStatus::earthState() const
 {
-    return static_cast<LdbEarthState>(
-        flag(earthByte2, kPresent, static_cast<int>(LdbEarthState::Open)) +
-        flag(earthByte2, kRemembered, static_cast<int>(LdbEarthState::OpenMemory)) +
-        flag(earthByte1, kPresent, static_cast<int>(LdbEarthState::Leakage)) +
-        flag(earthByte1, kRemembered, static_cast<int>(LdbEarthState::LeakageMemory)) +
-        flag(earthByte1, kUndefined, static_cast<int>(LdbEarthState::Undefined)));
+    return static_cast<LdbEarthState>((earthByte2 & kTwoFlags) | (earthByte1 & kThreeFlags) << 2U);
 }
 
 LdbStatus LdbStatus::disconnected()
@@ -207,28 +177,38 @@ LdbStatusDecoding decodeLdbStatus(const QByteArray& body)
     if (body.size() != kStatusAnswerLength) {
         return result;
     }
-    FieldReader reader(body);
+    bool isValid = true;
+    const auto byteAt = [&body, &isValid](int position, int length = 2) {
+        const auto number = hextext::toNumber(body, position, length);
+        isValid = isValid && number;
+        return static_cast<quint8>(number.value_or(0));
+    };
+    const auto wordAt = [&body, &isValid](int position) {
+        const auto number = hextext::toSwappedWord(body, position);
+        isValid = isValid && number;
+        return number.value_or(0);
+    };
     LdbStatus& status = result.status;
-    status.firstByte = reader.byteAt(field::kFirstByte);
-    status.secondByte = reader.byteAt(field::kSecondByte);
-    status.state = static_cast<LdbState>(reader.byteAt(field::kState));
-    status.loopByte = reader.byteAt(field::kLoopByte);
-    const unsigned leakageNibble = reader.byteAt(field::kLoopHighNibble, 1);
-    const unsigned shortNibble = reader.byteAt(field::kLoopLowNibble, 1);
+    status.firstByte = byteAt(field::kFirstByte);
+    status.secondByte = byteAt(field::kSecondByte);
+    status.state = static_cast<LdbState>(byteAt(field::kState));
+    status.loopByte = byteAt(field::kLoopByte);
+    const unsigned leakageNibble = byteAt(field::kLoopHighNibble, 1);
+    const unsigned shortNibble = byteAt(field::kLoopLowNibble, 1);
     status.loopNibbles = static_cast<quint8>((leakageNibble << kNibbleBits) | shortNibble);
-    status.earthByte1 = reader.byteAt(field::kEarthByte1);
-    status.earthByte2 = reader.byteAt(field::kEarthByte2);
-    status.primaryPortShort = reader.byteAt(field::kPrimaryShort);
-    status.secondaryPortShort = reader.byteAt(field::kSecondaryShort);
-    status.amplifier = reader.byteAt(field::kAmplifier);
-    status.primaryVoltage = reader.wordAt(field::kPrimaryVoltage);
-    status.primaryAuxiliary = reader.wordAt(field::kPrimaryAuxiliary);
-    status.secondaryVoltage = reader.wordAt(field::kSecondaryVoltage);
-    status.secondaryAuxiliary = reader.wordAt(field::kSecondaryAuxiliary);
-    result.valid = reader.allValid();
+    status.earthByte1 = byteAt(field::kEarthByte1);
+    status.earthByte2 = byteAt(field::kEarthByte2);
+    status.primaryPortShort = byteAt(field::kPrimaryShort);
+    status.secondaryPortShort = byteAt(field::kSecondaryShort);
+    status.amplifier = byteAt(field::kAmplifier);
+    status.primaryVoltage = wordAt(field::kPrimaryVoltage);
+    status.primaryAuxiliary = wordAt(field::kPrimaryAuxiliary);
+    status.secondaryVoltage = wordAt(field::kSecondaryVoltage);
+    status.secondaryAuxiliary = wordAt(field::kSecondaryAuxiliary);
+    result.valid = isValid;
     // A board whose current measurement fails still tells its state: that must not be lost.
-    status.primaryCurrent = reader.wordAt(field::kPrimaryCurrent);
-    status.secondaryCurrent = reader.wordAt(field::kSecondaryCurrent);
+    status.primaryCurrent = wordAt(field::kPrimaryCurrent);
+    status.secondaryCurrent = wordAt(field::kSecondaryCurrent);
     return result;
 }
 
@@ -244,10 +224,49 @@ QString ldbLoopStateText(LdbLoopState state)
 
 QString ldbEarthStateText(LdbEarthState state)
 {
-    return textOf(kEarthTexts, static_cast<int>(state));
+    return textOf(kEarthTexts, earthFields(static_cast<int>(state)));
 }
 
 QString ldbAmplifierText(int amplifier)
 {
     return textOf(kAmplifierTexts, amplifier);
+}
+
+FaultLevel ldbLoopFault(int code)
+{
+    constexpr int kOpenPresentAndRemembered = 3; // has no text, and counts as remembered
+    if (code == kOpenPresentAndRemembered) {
+        return FaultLevel::Minor;
+    }
+    return findText(kLoopTexts, code) != nullptr ? levelOf(code) : FaultLevel::None;
+}
+
+FaultLevel ldbEarthFault(int code)
+{
+    const int fields = earthFields(code);
+    return findText(kEarthTexts, fields) != nullptr ? levelOf(fields) : FaultLevel::None;
+}
+
+FaultLevel ldbAmplifierFault(int code)
+{
+    switch (static_cast<LdbAmplifierState>(code)) {
+    case LdbAmplifierState::Disconnected:
+        return FaultLevel::Major;
+    case LdbAmplifierState::Reconnected:
+        return FaultLevel::Minor;
+    default:
+        return FaultLevel::None;
+    }
+}
+
+bool isEarthLeakage(LdbEarthState state)
+{
+    return state >= LdbEarthState::Leakage && state < LdbEarthState::LeakageMemory;
+}
+
+bool isLoopDcLeakage(LdbLoopState state)
+{
+    const int code = static_cast<int>(state);
+    return findText(kLoopTexts, code) != nullptr &&
+           (code & kLeakageField) == static_cast<int>(LdbLoopState::DcLeakage);
 }

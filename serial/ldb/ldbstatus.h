@@ -115,3 +115,19 @@ QString ldbStateText(LdbState state);
 QString ldbLoopStateText(LdbLoopState state);
 QString ldbEarthStateText(LdbEarthState state);
 QString ldbAmplifierText(int amplifier);
+
+/// How bad the fault is that a code stands for. A code that reads "Unknown" stands for none.
+enum class FaultLevel : int
+{
+    None,
+    Minor, ///< remembered, and gone
+    Major  ///< present
+};
+
+// The one place that knows which codes mean a fault.
+FaultLevel ldbLoopFault(int code);
+FaultLevel ldbEarthFault(int code);
+FaultLevel ldbAmplifierFault(int code);
+/// Leakage that is present, whatever else is.
+bool isEarthLeakage(LdbEarthState state);
+bool isLoopDcLeakage(LdbLoopState state);

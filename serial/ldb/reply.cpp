@@ -8,14 +8,11 @@ namespace {
 
 Reply::Kind kindOf(const QByteArray& answer)
 {
-    if (answer.isEmpty()) {
-        return Reply::Kind::Silent;
-    }
-    if (answer.size() == 1 && answer.at(0) == framecodec::kAck) {
-        return Reply::Kind::Accepted;
-    }
-    const bool isRefusal = answer.size() == 1 && answer.at(0) == framecodec::kNak;
-    return isRefusal ? Reply::Kind::Refused : Reply::Kind::Answered;
+    const char only = answer.size() == 1 ? answer.at(0) : '\0';
+    return answer.isEmpty()           ? Reply::Kind::Silent
+           : only == framecodec::kAck ? Reply::Kind::Accepted
+           : only == framecodec::kNak ? Reply::Kind::Refused
+                                      : Reply::Kind::Answered;
 }
 
 } // namespace

@@ -21,6 +21,11 @@ public:
     Reply() = default;
     /// Of a command that was sent; `answer` is empty when nothing came.
     explicit Reply(QByteArray answer);
+    /// Of a command whose effect was found out by other means.
+    explicit Reply(Kind kind)
+        : m_kind(kind)
+    {
+    }
 
     Kind kind() const { return m_kind; }
     bool isAccepted() const { return m_kind == Kind::Accepted; }

@@ -54,44 +54,8 @@ void ISerialCommand::ReplyObserver::call(QByteArray answer)
     emit m_relay->replied(Reply(std::move(answer)));
 }
 
-PollCommand::PollCommand(const QString& hexId)
-    : ISerialCommand(requests::poll(hexId))
-{
-}
-
-RequestCommand::RequestCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(requests::read(hexId, index, data))
-{
-}
-
-RequestCommand::RequestCommand(const QString& hexId, LdbParameter parameter)
-    : RequestCommand(hexId, static_cast<int>(parameter))
-{
-}
-
-ChangeCommand::ChangeCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(requests::change(hexId, index, data))
-{
-}
-
-ChangeCommand::ChangeCommand(const QString& hexId, LdbParameter parameter, const QByteArray& data)
-    : ChangeCommand(hexId, static_cast<int>(parameter), data)
-{
-}
-
-ExecuteCommand::ExecuteCommand(const QString& hexId, int index, const QByteArray& data)
-    : ISerialCommand(requests::execute(hexId, index, data))
-{
-}
-
-ExecuteCommand::ExecuteCommand(const QString& hexId, LdbAction action)
-    : ExecuteCommand(hexId, static_cast<int>(action))
-{
-}
-
 ExecuteCommand::ExecuteCommand(const QString& hexId, LdbControl control)
-    : ExecuteCommand(hexId, static_cast<int>(LdbAction::Control),
-                     hextext::fromNumber(static_cast<uint>(control)))
+    : ExecuteCommand(hexId, LdbAction::Control, hextext::fromNumber(static_cast<uint>(control)))
 {
 }
 

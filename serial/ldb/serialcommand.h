@@ -87,8 +87,6 @@ class ISerialCommand::ReplyObserver : public ISerialCommand::Observer
 public:
     ReplyObserver(QObject* context, std::function<void(const Reply&)> function);
     ~ReplyObserver() override;
-    ReplyObserver(const ReplyObserver&) = delete;
-    ReplyObserver& operator=(const ReplyObserver&) = delete;
 
     void call(QByteArray answer) override;
 
@@ -118,30 +116,44 @@ public:
 class PollCommand : public ISerialCommand
 {
 public:
-    explicit PollCommand(const QString& hexId);
+    explicit PollCommand(const QString& hexId)
+        : ISerialCommand(requests::poll(hexId))
+    {
+    }
 };
+
+// An index is a number or an enumerator.
 
 /// Reads a parameter.
 class RequestCommand : public ISerialCommand
 {
 public:
-    RequestCommand(const QString& hexId, int index, const QByteArray& data = {});
-    RequestCommand(const QString& hexId, LdbParameter parameter);
+    template <typename Index>
+    RequestCommand(const QString& hexId, Index index, const QByteArray& data = {})
+        : ISerialCommand(requests::read(hexId, static_cast<int>(index), data))
+    {
+    }
 };
 
 /// Writes a parameter.
 class ChangeCommand : public ISerialCommand
 {
 public:
-    ChangeCommand(const QString& hexId, int index, const QByteArray& data);
-    ChangeCommand(const QString& hexId, LdbParameter parameter, const QByteArray& data);
+    template <typename Index>
+    ChangeCommand(const QString& hexId, Index index, const QByteArray& data)
+        : ISerialCommand(requests::change(hexId, static_cast<int>(index), data))
+    {
+    }
 };
 
 /// Starts an action.
 class ExecuteCommand : public ISerialCommand
 {
 public:
-    ExecuteCommand(const QString& hexId, int index, const QByteArray& data = {});
-    ExecuteCommand(const QString& hexId, LdbAction action);
+    template <typename Index>
+    ExecuteCommand(const QString& hexId, Index index, const QByteArray& data = {})
+        : ISerialCommand(requests::execute(hexId, static_cast<int>(index), data))
+    {
+    }
     ExecuteCommand(const QString& hexId, LdbControl control);
 };

@@ -1,7 +1,5 @@
 #include "serial/link/serialbusport.h"
 
-#include <QDateTime>
-
 #include <chrono>
 
 SerialBusPort::SerialBusPort(const QString& name, QObject* parent)
@@ -57,19 +55,9 @@ qint64 SerialBusPort::now() const
     return std::chrono::duration_cast<std::chrono::microseconds>(sinceStart).count();
 }
 
-qint64 SerialBusPort::wallTime() const
-{
-    return QDateTime::currentMSecsSinceEpoch();
-}
-
 bool SerialBusPort::isBroken() const
 {
-    switch (m_port.error()) {
-    case QSerialPort::NoError:
-    case QSerialPort::TimeoutError:
-    case QSerialPort::UnsupportedOperationError:
-        return false;
-    default:
-        return true;
-    }
+    const QSerialPort::SerialPortError error = m_port.error();
+    return error != QSerialPort::NoError && error != QSerialPort::TimeoutError &&
+           error != QSerialPort::UnsupportedOperationError;
 }

@@ -2,6 +2,7 @@
 
 #include "serial/link/busport.h"
 
+#include <QDateTime>
 #include <QSerialPort>
 
 /// A serial port as the bus wants it: 9600 baud, 8 data bits, no parity, 1 stop bit, no flow
@@ -22,7 +23,7 @@ public:
     QByteArray readAll() override { return m_port.readAll(); }
     void fetch() override;
     qint64 now() const override;
-    qint64 wallTime() const override;
+    qint64 wallTime() const override { return QDateTime::currentMSecsSinceEpoch(); }
     int error() const override { return m_port.error(); }
     QString errorText() const override { return m_port.errorString(); }
 

@@ -39,11 +39,6 @@ SerialLink::~SerialLink()
     }
 }
 
-bool SerialLink::isRunning() const
-{
-    return m_running;
-}
-
 void SerialLink::setPortName(const QString& portName)
 {
     Q_ASSERT(!m_running && (!m_thread || !m_thread->isRunning()));
@@ -82,7 +77,6 @@ void SerialLink::stop()
     }
     m_running = false;
     m_processor->disconnect(this);
-    m_polledAlone.clear();
     if (m_thread) {
         m_thread->quit();
     } else {
@@ -141,7 +135,6 @@ void SerialLink::pollOnly(const QString& hexId)
     if (!m_running || !(hexId.isEmpty() || m_ldbs.contains(hexId))) {
         return;
     }
-    m_polledAlone = hexId;
     postToRun([hexId](SerialProcessor& processor) { processor.pollOnly(hexId); });
 }
 
@@ -212,7 +205,6 @@ void SerialLink::forgetLdbs()
 {
     m_ldbs.clear();
     m_states.clear();
-    m_polledAlone.clear();
 }
 
 void SerialLink::processListChanged(const QStringList& hexIds)

@@ -29,7 +29,7 @@ public:
     /// Ends the worker before the processor is destroyed.
     ~SerialLink() override;
 
-    bool isRunning() const;
+    bool isRunning() const { return m_running; }
 
     /// The port of the next run. Only while no run is on.
     void setPortName(const QString& portName);
@@ -54,7 +54,6 @@ public:
     /// Polls this LDB alone, with no probes of lost ones; an empty id polls all again. An id that
     /// is not in the list changes nothing.
     void pollOnly(const QString& hexId);
-    QString polledAlone() const { return m_polledAlone; }
 
     /// Every LDB of the last scan, in the order found, lost ones included.
     QStringList knownLdbs() const { return m_ldbs; }
@@ -96,7 +95,6 @@ private:
     std::unique_ptr<SerialProcessor> m_processor;
     bool m_running = false;
     int m_run = 0;
-    QString m_polledAlone;
     QStringList m_ldbs;
     QHash<QString, LdbState> m_states;
 };

@@ -180,11 +180,6 @@ void SerialProcessor::handleGeneralInformationEmit(const QString& hexId, const Q
                                                                         timestampMiliseconds));
 }
 
-void SerialProcessor::tell(const event::ScanProgress& scan)
-{
-    emit ldbListInitializationProgress(scan.checked, scan.found);
-}
-
 void SerialProcessor::tell(const event::CommandDone& command)
 {
     for (const quint64 number : command.numbers) {
@@ -193,11 +188,6 @@ void SerialProcessor::tell(const event::CommandDone& command)
             owned.mapped()->notify(command.answer);
         }
     }
-}
-
-void SerialProcessor::tell(const event::QueueLength& queue)
-{
-    emit externalCommandsInQueueUpdated(queue.commands);
 }
 
 void SerialProcessor::tell(const event::Diagnostic& diagnostic)

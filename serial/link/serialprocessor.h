@@ -9,7 +9,6 @@
 #include "serial/wire/framecodec.h"
 #include "serial/wire/hextext.h"
 
-#include <QList>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -115,10 +114,16 @@ private:
     {
         emit ldbListInitializationStateChange(scan.isRunning);
     }
-    void tell(const event::ScanProgress& scan);
+    void tell(const event::ScanProgress& scan)
+    {
+        emit ldbListInitializationProgress(scan.checked, scan.found);
+    }
     void tell(const event::ListChange& list) { emit ldbListChanged(list.hexIds); }
     void tell(const event::CommandDone& command);
-    void tell(const event::QueueLength& queue);
+    void tell(const event::QueueLength& queue)
+    {
+        emit externalCommandsInQueueUpdated(queue.commands);
+    }
     void tell(const event::Stopped&) { emit stopped(); }
     void tell(const event::Diagnostic& diagnostic);
 

@@ -14,7 +14,7 @@ constexpr int kMaxDigits = 8;
 
 bool isHexDigit(char c)
 {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+    return isUpperDigit(c) || (c >= 'a' && c <= 'f');
 }
 
 } // namespace
@@ -52,9 +52,14 @@ bool isHexPairs(const QByteArray& text)
            std::all_of(text.begin(), text.end(), isHexDigit);
 }
 
-QByteArray fromBytes(const QByteArray& bytes)
+QString decoded(const QByteArray& bytes, const QTextCodec* codec)
 {
-    return bytes.toHex().toUpper();
+    const auto length =
+        static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size())));
+    QTextCodec::ConverterState state;
+    const QString text = codec->toUnicode(bytes.constData(), length, &state);
+    const bool isText = state.invalidChars == 0 && state.remainingChars == 0;
+    return isText ? text : QString::fromLatin1(bytes.constData(), length);
 }
 
 QString toText(const QByteArray& pairs)
@@ -62,17 +67,12 @@ QString toText(const QByteArray& pairs)
     if (!isHexPairs(pairs)) {
         return {};
     }
-    QByteArray bytes = QByteArray::fromHex(pairs);
     // A shorter name may have left its predecessor's bytes behind its end.
-    bytes.truncate(static_cast<int>(qstrnlen(bytes.constData(), static_cast<uint>(bytes.size()))));
-    while (bytes.endsWith(' ')) {
-        bytes.chop(1);
+    QString text = decoded(QByteArray::fromHex(pairs), QTextCodec::codecForName("UTF-8"));
+    while (text.endsWith(QLatin1Char(' '))) {
+        text.chop(1);
     }
-    QTextCodec::ConverterState state;
-    const QString text =
-        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
-    return isUtf8 ? text : QString::fromLatin1(bytes);
+    return text;
 }
 
 } // namespace hextext

@@ -11,8 +11,8 @@
 
 #include <memory>
 
-inline const QString kLdb = QStringLiteral("0A");
-inline const QString kOtherLdb = QStringLiteral("0B");
+inline const QString kLdb = "0A";
+inline const QString kOtherLdb = "0B";
 
 inline const QByteArray kNak("\x15");
 
@@ -23,7 +23,11 @@ inline constexpr int kMutePosition = 12;
 class Desk
 {
 public:
-    Desk() { editor->init(&link, &notices); }
+    Desk()
+    {
+        editor->init(&link, &notices);
+        editor->apply({true, true, true, true, true, true});
+    }
 
     bool connectLink() { return bus.scan(link); }
     /// Returns with all that was asked for at the selection.

@@ -5,8 +5,6 @@
 #include "simulator/board/ldbresponder.h"
 #include "simulator/bus/scenario.h"
 
-#include <limits>
-
 namespace {
 
 LdbSpec boardWith(int fims)
@@ -19,7 +17,7 @@ LdbSpec boardWith(int fims)
 } // namespace
 
 ModelLdb::ModelLdb(const LoopPlan& plan)
-    : TrackedLdb(address())
+    : TrackedLdb(address(), nullptr)
     , m_board(boardWith(plan.fims), LdbTiming(), plan.seed, 0)
 {
     const auto plant = [this](LoopFaultKind kind, std::optional<int> after) {
@@ -32,8 +30,6 @@ ModelLdb::ModelLdb(const LoopPlan& plan)
     plant(LoopFaultKind::EarthLeakage, plan.earthLeakageAfter);
     plant(LoopFaultKind::DcLeakage, plan.dcLeakageAfter);
     m_board.setSecondaryConnected(plan.secondaryConnected, 0);
-    m_clock.setSingleShot(true);
-    m_clock.start(std::numeric_limits<int>::max());
     m_reportTimer.setTimerType(Qt::PreciseTimer);
     m_reportTimer.setInterval(plan.reportPeriod);
     connect(&m_reportTimer, &QTimer::timeout, this, &ModelLdb::report);
@@ -76,11 +72,6 @@ void ModelLdb::setHoldingCommands(bool holding)
 {
     m_holding = holding;
     m_held.clear();
-}
-
-qint64 ModelLdb::now() const
-{
-    return m_clock.interval() - m_clock.remainingTime();
 }
 
 void ModelLdb::report()

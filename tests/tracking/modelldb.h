@@ -32,6 +32,10 @@ inline LoopPlan healthyLoop(int fims)
 
 namespace modelldb {
 
+constexpr qint64 kSecond = 1000; // ms
+constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
+constexpr qint64 kHour = 3600 * kSecond;
+
 // The bodies of what tracking sends to the model.
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");
@@ -50,7 +54,6 @@ public:
 
     static QString address() { return QStringLiteral("0A"); }
 
-    qint64 now() const override;
     bool isReachable() const override { return m_reachable; }
     void setPolledAlone(bool alone) override { m_polledAlone = alone; }
     bool isPolledAlone() const { return m_polledAlone; }
@@ -88,7 +91,6 @@ protected:
 
 private:
     SimulatedLdb m_board;
-    QTimer m_clock;
     QTimer m_reportTimer;
     QList<QByteArray> m_commands;
     std::vector<std::pair<std::unique_ptr<ISerialCommand>, QByteArray>> m_held;

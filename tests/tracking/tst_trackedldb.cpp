@@ -5,8 +5,8 @@
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 
-using Command = TrackedLdb::Command;
-using Answer = TrackedLdb::Answer;
+using Command = TrackingCommand;
+using Answer = Reply::Kind;
 
 Q_DECLARE_METATYPE(Answer)
 
@@ -18,14 +18,13 @@ struct Bench
     Bench() { bus.scan(*link); }
     void send(Command command)
     {
-        ldb->send(command, &context, [this](Answer answer) { answers.append(answer); });
+        ldb->send(command, &context, [this](const Reply& reply) { answers.append(reply.kind()); });
     }
 
     Sandbox sandbox;
-    TestBus bus{{QStringLiteral("03"), QStringLiteral("0A")}};
+    TestBus bus{{"03", "0A"}};
     std::unique_ptr<SerialLink> link = std::make_unique<SerialLink>(bus.ports());
-    std::unique_ptr<TrackedLdb> ldb =
-        std::make_unique<SerialTrackedLdb>(QStringLiteral("0A"), link.get());
+    std::unique_ptr<TrackedLdb> ldb = std::make_unique<TrackedLdb>("0A", link.get());
     QList<Answer> answers;
     QObject context;
 };
@@ -36,90 +35,77 @@ class TestTrackedLdb : public TestCase
 {
     Q_OBJECT
 private slots:
-    void commandsAndAnswers_data();
-    void commandsAndAnswers();
-    void pollsItAlone();
-    void connectionLost();
-    void linkMayDieFirst();
-};
-
-void TestTrackedLdb::commandsAndAnswers_data()
-{
-    addColumns<Command, QByteArray, QByteArray, Answer>("command", "body", "reply", "answer");
-    const QByteArray ack("\x06");
-    const QByteArray nak("\x15");
-    QTest::newRow("factory reset")
-        << Command::FactoryReset << QByteArray("FE0A73780002") << ack << Answer::Accepted;
-    QTest::newRow("LDB reset, refused")
-        << Command::LdbReset << QByteArray("FE0A73780001") << nak << Answer::Refused;
-    QTest::newRow("mute") << Command::MuteAudio << QByteArray("FE0A73631601") << ack
-                          << Answer::Accepted;
-    QTest::newRow("mute, refused")
-        << Command::MuteAudio << QByteArray("FE0A73631601") << nak << Answer::Refused;
-    // What it did not say is read from its settings.
-    QTest::newRow("mute, not heard")
-        << Command::MuteAudio << QByteArray("FE0A73631601") << QByteArray() << Answer::None;
-}
-
-void TestTrackedLdb::commandsAndAnswers()
-{
-    QFETCH(Command, command);
-    QFETCH(QByteArray, body);
-    QFETCH(QByteArray, reply);
-    QFETCH(Answer, answer);
-    Bench bench;
-    bench.bus.setScript([&](const QByteArray& request) -> std::optional<QByteArray> {
-        if (request == body) {
-            return reply;
-        }
-        return std::nullopt;
-    });
-    bench.send(command);
-    WAIT_COMPARE(bench.answers, QList<Answer>{answer});
-    QCOMPARE(bench.bus.requests().count(body), reply.isEmpty() ? 3 : 1);
-}
-
-void TestTrackedLdb::pollsItAlone()
-{
-    const Bench bench;
-    bench.ldb->setPolledAlone(true);
-    QCOMPARE(bench.link->polledAlone(), QStringLiteral("0A"));
-    QSignalSpy records(bench.ldb.get(), &TrackedLdb::generalInformationUpdated);
-    // What was under way when the others were left out may still come.
-    WAIT_VERIFY(records.size() > 3);
-    records.clear();
-    WAIT_VERIFY(records.size() > 5);
-    for (const QList<QVariant>& record : records) {
-        QCOMPARE(record.first().toString(), QStringLiteral("0A"));
+    void commandsAndAnswers_data()
+    {
+        const Table<Command, QByteArray, QByteArray, Answer> row("command", "body", "reply",
+                                                                 "answer");
+        row("factory reset", Command::FactoryReset, "FE0A73780002", "\x06", Answer::Accepted);
+        row("LDB reset, refused", Command::LdbReset, "FE0A73780001", "\x15", Answer::Refused);
+        row("mute", Command::MuteAudio, "FE0A73631601", "\x06", Answer::Accepted);
+        row("mute, refused", Command::MuteAudio, "FE0A73631601", "\x15", Answer::Refused);
+        // What it did not say is read from its settings.
+        row("mute, not heard", Command::MuteAudio, "FE0A73631601", "", Answer::Silent);
     }
-    bench.ldb->setPolledAlone(false);
-    records.clear();
-    WAIT_VERIFY(!records.isEmpty() && records.last().first().toString() == QLatin1String("03"));
-}
 
-void TestTrackedLdb::connectionLost()
-{
-    const ExpectWarning gone("Port .*: ");
-    Bench bench;
-    QSignalSpy lost(bench.ldb.get(), &TrackedLdb::connectionLost);
-    QVERIFY(bench.ldb->isReachable());
-    bench.bus.cut();
-    WAIT_VERIFY(!lost.isEmpty());
-    bench.link->stop();
-    QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::MuteAudio);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
-}
+    void commandsAndAnswers()
+    {
+        QFETCH(Command, command);
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, reply);
+        QFETCH(Answer, answer);
+        Bench bench;
+        bench.bus.setScript([&](const QByteArray& request) -> std::optional<QByteArray> {
+            if (request == body) {
+                return reply;
+            }
+            return std::nullopt;
+        });
+        bench.send(command);
+        WAIT_COMPARE(bench.answers, QList<Answer>{answer});
+        QCOMPARE(bench.bus.requests().count(body), reply.isEmpty() ? 3 : 1);
+    }
 
-void TestTrackedLdb::linkMayDieFirst()
-{
-    Bench bench;
-    bench.link.reset();
-    bench.ldb->setPolledAlone(false);
-    QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::MuteAudio);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::None});
-}
+    void pollsItAlone()
+    {
+        const Bench bench;
+        bench.ldb->setPolledAlone(true);
+        QSignalSpy records(bench.ldb.get(), &TrackedLdb::generalInformationUpdated);
+        // What was under way when the others were left out may still come.
+        WAIT_VERIFY(records.size() > 3);
+        records.clear();
+        WAIT_VERIFY(records.size() > 5);
+        for (const QList<QVariant>& record : records) {
+            QCOMPARE(record.first().toString(), "0A");
+        }
+        bench.ldb->setPolledAlone(false);
+        records.clear();
+        WAIT_VERIFY(!records.isEmpty() && records.last().first().toString() == "03");
+    }
+
+    void connectionLost()
+    {
+        const ExpectWarning gone("Port .*: ");
+        Bench bench;
+        QSignalSpy lost(bench.ldb.get(), &TrackedLdb::connectionLost);
+        QVERIFY(bench.ldb->isReachable());
+        bench.bus.cut();
+        WAIT_VERIFY(!lost.isEmpty());
+        bench.link->stop();
+        QVERIFY(!bench.ldb->isReachable());
+        bench.send(Command::MuteAudio);
+        WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
+    }
+
+    void linkMayDieFirst()
+    {
+        Bench bench;
+        bench.link.reset();
+        bench.ldb->setPolledAlone(false);
+        QVERIFY(!bench.ldb->isReachable());
+        bench.send(Command::MuteAudio);
+        WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
+    }
+};
 
 REGISTER_TEST(TestTrackedLdb, InVirtualTime<QCoreApplication>)
 

@@ -35,12 +35,87 @@ class TestStatusIndicators : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
+    void init() override
+    {
+        TestCase::init();
+        m_panel = std::make_unique<Panel>();
+    }
 
-    void patterns_data();
-    void patterns();
-    void resetDarkensUntilTheNextRound();
-    void statesInWords();
+    void patterns_data()
+    {
+        // "period": ms lit, and as many dark
+        const Table<Codes, int, uint, int> row("codes", "lamp", "colour", "period");
+        row("service mode", {30}, int(A), kBlue, 125);
+        row("earth fault", {10, 0, 4}, int(B), kAmber, 125);
+        row("earth fault remembered", {10, 0, 2}, int(B), kAmber, 500);
+        row("loop fault", {10, 4}, int(C), kAmber, 125);
+        row("loop fault remembered", {10, 2}, int(C), kAmber, 500);
+        row("check settings", {253}, int(D), kOrangered, 125);
+        row("fault mode lights none", {254}, int(D), kOff, 1000);
+    }
+
+    void patterns()
+    {
+        QFETCH(Codes, codes);
+        QFETCH(int, lamp);
+        QFETCH(uint, colour);
+        QFETCH(int, period);
+
+        QVERIFY(!anyIsLit());
+        m_panel->show(codes);
+        // Past the first phase, wherever the timers stand, and to the end of a dark one.
+        do {
+            untilChange(lamp);
+        } while (isLit(lamp) != (colour != kOff));
+        for (int blink = 0; blink < 5; ++blink) {
+            QCOMPARE(colourOf(lamp), colour);
+            QCOMPARE(untilChange(lamp), period);
+            QCOMPARE(colourOf(lamp), kOff);
+            QCOMPARE(untilChange(lamp), period);
+        }
+        for (int other = A; other <= D; ++other) {
+            QVERIFY(other == lamp || !isLit(other));
+        }
+    }
+
+    void resetDarkensUntilTheNextRound()
+    {
+        m_panel->show({30, 4, 4});
+        QVERIFY(anyIsLit());
+        m_panel->indicators.resetIndicators();
+        QVERIFY(!anyIsLit());
+        // Another LDB's record ends no round.
+        m_panel->indicators.processData("02", withCodes("02", {10, 4}));
+        QVERIFY(!anyIsLit());
+        m_panel->show({});
+        QVERIFY(anyIsLit());
+    }
+
+    void statesInWords()
+    {
+        const QString before = m_panel->lamps[A].toolTip();
+        m_panel->show({253, 2, 1});
+        // An unlit lamp says something else before a round has been seen.
+        QVERIFY(m_panel->lamps[A].toolTip() != before);
+        QStringList found;
+        for (const QLabel& lamp : m_panel->lamps) {
+            found << lamp.accessibleName();
+            QCOMPARE(lamp.toolTip(), lamp.accessibleName() + '\n' + lamp.accessibleDescription());
+        }
+        QCOMPARE(found.join('|'), "SERVICE MODE: off|EARTH FAULT: blinking fast|"
+                                  "OPEN/SHORT/LEAK: blinking slowly|SETTINGS: blinking fast");
+
+        // In another language the state is kept, its words change, in every lamp.
+        const BracketingTranslator translator;
+        m_panel->indicators.retranslate();
+        QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: blinking fast]");
+        for (const QLabel& lamp : m_panel->lamps) {
+            QVERIFY(lamp.toolTip().startsWith("[["));
+            QVERIFY(lamp.accessibleDescription().startsWith('['));
+        }
+        m_panel->indicators.resetIndicators();
+        QCOMPARE(m_panel->lamps[A].accessibleDescription(), '[' + before.section('\n', 1) + ']');
+    }
 
 private:
     struct Panel
@@ -48,10 +123,7 @@ private:
         std::array<QLabel, 4> lamps;
         StatusIndicators indicators{&lamps[A], &lamps[C], &lamps[B], &lamps[D]};
 
-        void show(const Codes& codes)
-        {
-            indicators.processData(QStringLiteral("01"), withCodes(QStringLiteral("01"), codes));
-        }
+        void show(const Codes& codes) { indicators.processData("01", withCodes("01", codes)); }
     };
 
     QRgb colourOf(int lamp) const
@@ -84,89 +156,6 @@ private:
 
     std::unique_ptr<Panel> m_panel;
 };
-
-void TestStatusIndicators::init()
-{
-    TestCase::init();
-    m_panel = std::make_unique<Panel>();
-}
-
-void TestStatusIndicators::patterns_data()
-{
-    // "period": ms lit, and as many dark
-    addColumns<Codes, int, uint, int>("codes", "lamp", "colour", "period");
-
-    QTest::newRow("service mode") << Codes{30} << int(A) << kBlue << 125;
-    QTest::newRow("earth fault") << Codes{10, 0, 4} << int(B) << kAmber << 125;
-    QTest::newRow("earth fault remembered") << Codes{10, 0, 2} << int(B) << kAmber << 500;
-    QTest::newRow("loop fault") << Codes{10, 4} << int(C) << kAmber << 125;
-    QTest::newRow("loop fault remembered") << Codes{10, 2} << int(C) << kAmber << 500;
-    QTest::newRow("check settings") << Codes{253} << int(D) << kOrangered << 125;
-    QTest::newRow("fault mode lights none") << Codes{254} << int(D) << kOff << 1000;
-}
-
-void TestStatusIndicators::patterns()
-{
-    QFETCH(Codes, codes);
-    QFETCH(int, lamp);
-    QFETCH(uint, colour);
-    QFETCH(int, period);
-
-    QVERIFY(!anyIsLit());
-    m_panel->show(codes);
-    // Past the first phase, wherever the timers stand, and to the end of a dark one.
-    do {
-        untilChange(lamp);
-    } while (isLit(lamp) != (colour != kOff));
-    for (int blink = 0; blink < 5; ++blink) {
-        QCOMPARE(colourOf(lamp), colour);
-        QCOMPARE(untilChange(lamp), period);
-        QCOMPARE(colourOf(lamp), kOff);
-        QCOMPARE(untilChange(lamp), period);
-    }
-    for (int other = A; other <= D; ++other) {
-        QVERIFY(other == lamp || !isLit(other));
-    }
-}
-
-void TestStatusIndicators::resetDarkensUntilTheNextRound()
-{
-    m_panel->show({30, 4, 4});
-    QVERIFY(anyIsLit());
-    m_panel->indicators.resetIndicators();
-    QVERIFY(!anyIsLit());
-    // Another LDB's record ends no round.
-    m_panel->indicators.processData(QStringLiteral("02"), withCodes(QStringLiteral("02"), {10, 4}));
-    QVERIFY(!anyIsLit());
-    m_panel->show({});
-    QVERIFY(anyIsLit());
-}
-
-void TestStatusIndicators::statesInWords()
-{
-    const QString before = m_panel->lamps[A].toolTip();
-    m_panel->show({253, 2, 1});
-    // An unlit lamp says something else before a round has been seen.
-    QVERIFY(m_panel->lamps[A].toolTip() != before);
-    QStringList found;
-    for (const QLabel& lamp : m_panel->lamps) {
-        found << lamp.accessibleName();
-        QCOMPARE(lamp.toolTip(), lamp.accessibleName() + '\n' + lamp.accessibleDescription());
-    }
-    QCOMPARE(found.join('|'), "SERVICE MODE: off|EARTH FAULT: blinking fast|"
-                              "OPEN/SHORT/LEAK: blinking slowly|SETTINGS: blinking fast");
-
-    // In another language the state is kept, its words change, in every lamp.
-    const BracketingTranslator translator;
-    m_panel->indicators.retranslate();
-    QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: blinking fast]");
-    for (const QLabel& lamp : m_panel->lamps) {
-        QVERIFY(lamp.toolTip().startsWith("[["));
-        QVERIFY(lamp.accessibleDescription().startsWith('['));
-    }
-    m_panel->indicators.resetIndicators();
-    QCOMPARE(m_panel->lamps[A].accessibleDescription(), '[' + before.section('\n', 1) + ']');
-}
 
 REGISTER_TEST(TestStatusIndicators, InVirtualTime<QApplication>)
 

@@ -38,17 +38,9 @@ bool isOpenState(LdbLoopState state, int openFlag)
 }
 
 /// Whether a side that ends in this state is connected: nothing is open or shorted now.
-bool isConnectedState(int state)
+bool isConnectedState(LdbLoopState state)
 {
-    constexpr int kBothMemories = kShortMemory | kOpenMemory;
-    constexpr int kStates[] = {flag(LdbLoopState::Ok),
-                               kOpenMemory,
-                               kBothMemories,
-                               kOpenMemory | kDcLeakage,
-                               kBothMemories | kDcLeakage,
-                               kOpenMemory | kDcLeakageMemory,
-                               kBothMemories | kDcLeakageMemory};
-    return std::find(std::begin(kStates), std::end(kStates), state) != std::end(kStates);
+    return state == LdbLoopState::Ok || isOpenState(state, kOpenMemory);
 }
 
 } // namespace
@@ -118,7 +110,7 @@ void FimCounter::reset()
     m_primaryShortSeen = false;
     m_trackingArmed = false;
     m_firstShortSide.reset();
-    m_loopState = 0;
+    m_loopState = LdbLoopState::Ok;
 }
 
 void FimCounter::stopAllTimers()
@@ -149,21 +141,6 @@ void FimCounter::advance(qint64 now)
         }
     }
     m_now = now;
-}
-
-bool FimCounter::isSideTracked(int ldbPort) const
-{
-    return ldbPort == PrimaryPort || m_secondarySideTracked;
-}
-
-bool FimCounter::isSideCounting(int ldbPort) const
-{
-    return isSideTracked(ldbPort) && !m_sides[ldbPort].sideFinished;
-}
-
-bool FimCounter::isOver() const
-{
-    return !isSideCounting(PrimaryPort) && !isSideCounting(SecondaryPort);
 }
 
 std::optional<int> FimCounter::faultPosition(int ldbPort) const
@@ -350,17 +327,7 @@ void FimCounter::endSide(Side& side)
     const bool isStepFresh = side.measurement.isPending(m_now);
     side.sideFinished = true;
     side.sideResult = endOf(side);
-    switch (side.sideResult) {
-    case SideEnd::Connected:
-        correctConnected(side, isStepFresh);
-        break;
-    case SideEnd::Short:
-        correctShort(side);
-        break;
-    case SideEnd::Open:
-        correctOpen(side);
-        break;
-    }
+    correctCount(side, isStepFresh);
     emit sideFinished(side.ldbPort, side.sideResult);
     if (isOver()) {
         emit resultsReady(m_sides.primary.fimCount + m_sides.secondary.fimCount,
@@ -377,45 +344,37 @@ SideEnd FimCounter::endOf(const Side& side) const
     return isShortDetected(side) || side.hardShort ? SideEnd::Short : SideEnd::Open;
 }
 
-void FimCounter::correctConnected(const Side& side, bool isStepFresh)
+void FimCounter::correctCount(const Side& side, bool isStepFresh)
 {
+    using namespace siderules;
     const int port = side.ldbPort;
-    if (siderules::kConnectedAddsUncounted[port] && side.fimCount > 0) {
-        increaseCount(port, false);
-    }
-    if (siderules::kConnectedTakesCloseStep[port] && side.countInWindow) {
-        decreaseCount(port);
-    }
-    if (siderules::kConnectedTakesFreshStep[port] && isStepFresh) {
-        decreaseCount(port);
-    }
-}
-
-void FimCounter::correctShort(const Side& side)
-{
-    if (siderules::kShortTakesOtherShort[side.ldbPort] && wasOtherShortedFirst(side)) {
-        decreaseCount(side.ldbPort);
-    }
-}
-
-void FimCounter::correctOpen(const Side& side)
-{
-    const int port = side.ldbPort;
-    if (siderules::kOpenAddsUncounted[port] && side.fimCount > 0) {
-        increaseCount(port, false);
-    }
-    if (siderules::kOpenTakesOtherShort[port] && wasOtherShortedFirst(side)) {
-        decreaseCount(port);
-        if (siderules::kOpenTakesSoleRemaining[port] && side.fimCount == 1) {
+    const bool isOtherFirst = wasOtherShortedFirst(side);
+    const auto addUncounted = [this, &side](bool applies) {
+        if (applies && side.fimCount > 0) {
+            increaseCount(side.ldbPort, false);
+        }
+    };
+    const auto takeOne = [this, port](bool applies) {
+        if (applies) {
             decreaseCount(port);
         }
+    };
+    switch (side.sideResult) {
+    case SideEnd::Connected:
+        addUncounted(kConnectedAddsUncounted[port]);
+        takeOne(kConnectedTakesCloseStep[port] && side.countInWindow);
+        takeOne(kConnectedTakesFreshStep[port] && isStepFresh);
+        break;
+    case SideEnd::Short:
+        takeOne(kShortTakesOtherShort[port] && isOtherFirst);
+        break;
+    case SideEnd::Open:
+        addUncounted(kOpenAddsUncounted[port]);
+        if (kOpenTakesOtherShort[port] && isOtherFirst) {
+            takeOne(true);
+            takeOne(kOpenTakesSoleRemaining[port] && side.fimCount == 1);
+        }
+        takeOne(kOpenTakesRememberedShort[port] && m_primaryShortSeen);
+        break;
     }
-    if (siderules::kOpenTakesRememberedShort[port] && m_primaryShortSeen) {
-        decreaseCount(port);
-    }
-}
-
-bool FimCounter::wasOtherShortedFirst(const Side& side) const
-{
-    return m_firstShortSide == otherPort(side.ldbPort);
 }

@@ -63,7 +63,7 @@ public:
 
     /// One status record, step by step in this order: the loop state, the currents, then shorts
     /// (which need `isTrackingArmed()`), then the closing of the loop.
-    void setLoopState(LdbLoopState state) { m_loopState = static_cast<int>(state); }
+    void setLoopState(LdbLoopState state) { m_loopState = state; }
     void processCurrent(double primaryCurrent, double secondaryCurrent);
     void processShort(LdbLoopState state, double primaryCurrent, double secondaryCurrent);
     void processLoopClosed(LdbLoopState state);
@@ -87,12 +87,18 @@ public:
     /// Meaningful once the side is finished.
     SideEnd sideResult(int ldbPort) const { return m_sides[ldbPort].sideResult; }
     /// Whether the side takes part; the primary side always does.
-    bool isSideTracked(int ldbPort) const;
+    bool isSideTracked(int ldbPort) const
+    {
+        return ldbPort == PrimaryPort || m_secondarySideTracked;
+    }
     /// Whether samples of the side are still counted.
-    bool isSideCounting(int ldbPort) const;
+    bool isSideCounting(int ldbPort) const
+    {
+        return isSideTracked(ldbPort) && !m_sides[ldbPort].sideFinished;
+    }
     bool isTrackingArmed() const { return m_trackingArmed; }
     /// Whether every side that takes part has ended.
-    bool isOver() const;
+    bool isOver() const { return !isSideCounting(PrimaryPort) && !isSideCounting(SecondaryPort); }
     /// The FIM at which a fault that shows now lies, counted from this side; nothing for a side
     /// that is not counting.
     std::optional<int> faultPosition(int ldbPort) const;
@@ -140,10 +146,11 @@ private:
     void endShortedSide(Side& side, double current);
     void endSide(Side& side);
     SideEnd endOf(const Side& side) const;
-    void correctConnected(const Side& side, bool isStepFresh);
-    void correctShort(const Side& side);
-    void correctOpen(const Side& side);
-    bool wasOtherShortedFirst(const Side& side) const;
+    void correctCount(const Side& side, bool isStepFresh);
+    bool wasOtherShortedFirst(const Side& side) const
+    {
+        return m_firstShortSide == otherPort(side.ldbPort);
+    }
 
     const TrackingThresholds m_thresholds;
     qint64 m_now = 0; ///< ms
@@ -152,6 +159,6 @@ private:
     bool m_primaryShortSeen = false;
     bool m_trackingArmed = false;
     std::optional<int> m_firstShortSide; ///< the port that a short ended first
-    int m_loopState = 0;
+    LdbLoopState m_loopState = LdbLoopState::Ok;
     Deadline m_loopClosed;
 };

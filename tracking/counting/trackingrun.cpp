@@ -12,11 +12,6 @@ constexpr int kMillisecondsPerSecond = 1000;
 constexpr int kStartTrackingDelay = 15000;
 constexpr int kFactoryResetRepetitions = 2;
 
-constexpr int flag(LdbLoopState state)
-{
-    return static_cast<int>(state);
-}
-
 } // namespace
 
 TrackingRun::TrackingRun(const TrackingThresholds& thresholds, QObject* parent)
@@ -33,18 +28,7 @@ void TrackingRun::prepare(qint64 now)
     stopAllTimers();
     m_counter.reset();
     advance(now);
-    m_stopReason = StopReason::None;
-    m_mode = TrackingMode::Cancelled;
-    m_factoryResetRequested = false;
-    m_doubt = Doubt::None;
-    m_repetitions = 0;
-    m_factoryResetExecutingSeen = false;
-    m_factoryResetDoneHandled = false;
-    m_countingEnabled = false;
-    m_earthFaultReported = false;
-    m_loopLeakageReported = false;
-    m_countdownShown = false;
-    m_factoryResetCountdown = kFactoryResetSeconds;
+    m_progress = Progress();
     setPhase(Phase::Confirmation);
 }
 
@@ -52,7 +36,7 @@ void TrackingRun::begin(TrackingMode mode, qint64 now)
 {
     Q_ASSERT(mode != TrackingMode::Cancelled);
     advance(now);
-    m_mode = mode;
+    m_progress.mode = mode;
     m_counter.setSecondarySideTracked(mode == TrackingMode::Commissioning);
     setPhase(Phase::FactoryReset);
 }
@@ -63,8 +47,8 @@ void TrackingRun::stop(StopReason reason)
         return;
     }
     stopAllTimers();
-    m_countdownShown = false;
-    m_stopReason = reason;
+    m_progress.countdownShown = false;
+    m_progress.stopReason = reason;
     setPhase(Phase::Idle);
 }
 
@@ -77,7 +61,7 @@ bool TrackingRun::isActive() const
 std::optional<int> TrackingRun::secondsLeft() const
 {
     if (m_factoryResetTick.moment()) {
-        return m_factoryResetCountdown;
+        return m_progress.factoryResetCountdown;
     }
     if (const auto start = m_startTracking.moment()) {
         return static_cast<int>((*start - m_now + kMillisecondsPerSecond - 1) /
@@ -126,23 +110,19 @@ void TrackingRun::processRecord(const QList<QStringList>& dataList, qint64 now)
     }
 }
 
-void TrackingRun::doubtFactoryReset(bool isRefused)
-{
-    m_doubt = isRefused ? Doubt::Refused : Doubt::Silent;
-}
-
 void TrackingRun::resolveDoubt(LdbState state)
 {
-    const Doubt doubt = std::exchange(m_doubt, Doubt::None);
-    const bool isObeyed = m_factoryResetExecutingSeen || state == LdbState::FactoryResetExecuting ||
+    const Doubt doubt = std::exchange(m_progress.doubt, Doubt::None);
+    const bool isObeyed = m_progress.factoryResetExecutingSeen ||
+                          state == LdbState::FactoryResetExecuting ||
                           state == LdbState::FactoryResetDone;
     if (doubt == Doubt::None || isObeyed) {
         return;
     }
     if (doubt == Doubt::Refused) {
         stop(StopReason::FactoryResetRefused);
-    } else if (m_repetitions < kFactoryResetRepetitions) {
-        ++m_repetitions;
+    } else if (m_progress.repetitions < kFactoryResetRepetitions) {
+        ++m_progress.repetitions;
         emit commandDue(TrackingCommand::FactoryReset);
     }
 }
@@ -158,21 +138,22 @@ bool TrackingRun::processLdbState(LdbState state)
         stop(StopReason::LdbDisconnected);
         break;
     case LdbState::FactoryResetDone:
-        if (!m_factoryResetDoneHandled) {
+        if (!m_progress.factoryResetDoneHandled) {
             processFactoryResetDone();
         }
         break;
     case LdbState::Booting:
-        if (m_factoryResetRequested && m_factoryResetExecutingSeen && !m_countingEnabled) {
-            m_countingEnabled = true;
+        if (m_progress.factoryResetRequested && m_progress.factoryResetExecutingSeen &&
+            !m_progress.countingEnabled) {
+            m_progress.countingEnabled = true;
             hideCountdown();
             setPhase(Phase::Counting);
         }
         break;
     case LdbState::FactoryResetExecuting:
         // Many records carry this state; the countdown runs from the first.
-        if (m_factoryResetRequested && !m_factoryResetExecutingSeen) {
-            m_factoryResetExecutingSeen = true;
+        if (m_progress.factoryResetRequested && !m_progress.factoryResetExecutingSeen) {
+            m_progress.factoryResetExecutingSeen = true;
             showCountdown();
         }
         break;
@@ -181,18 +162,18 @@ bool TrackingRun::processLdbState(LdbState state)
     }
     // Also when the first record ended the run: an LDB that remembers a failed factory reset needs
     // a new one before any run can succeed.
-    if (state != LdbState::FactoryResetDone && !m_factoryResetRequested) {
-        m_factoryResetRequested = true;
+    if (state != LdbState::FactoryResetDone && !m_progress.factoryResetRequested) {
+        m_progress.factoryResetRequested = true;
         emit commandDue(TrackingCommand::FactoryReset);
     }
-    return m_countingEnabled;
+    return m_progress.countingEnabled;
 }
 
 void TrackingRun::processFactoryResetDone()
 {
-    m_factoryResetDoneHandled = true;
-    m_factoryResetRequested = true;
-    m_factoryResetExecutingSeen = true;
+    m_progress.factoryResetDoneHandled = true;
+    m_progress.factoryResetRequested = true;
+    m_progress.factoryResetExecutingSeen = true;
     hideCountdown();
     m_startTracking.start(m_now, kStartTrackingDelay);
     if (m_phase == Phase::FactoryReset) {
@@ -202,26 +183,26 @@ void TrackingRun::processFactoryResetDone()
 
 void TrackingRun::showCountdown()
 {
-    m_countdownShown = true;
+    m_progress.countdownShown = true;
     m_factoryResetTick.start(m_now, kMillisecondsPerSecond);
-    emit countdownChanged(m_factoryResetCountdown);
+    emit countdownChanged(m_progress.factoryResetCountdown);
 }
 
 void TrackingRun::hideCountdown()
 {
-    m_countdownShown = false;
+    m_progress.countdownShown = false;
     m_factoryResetTick.stop();
 }
 
 void TrackingRun::factoryResetCountdownTimeout()
 {
-    if (m_factoryResetCountdown < 1) {
+    if (m_progress.factoryResetCountdown < 1) {
         m_factoryResetTick.stop();
         return;
     }
     m_factoryResetTick.start(m_now, kMillisecondsPerSecond);
-    --m_factoryResetCountdown;
-    emit countdownChanged(m_factoryResetCountdown);
+    --m_progress.factoryResetCountdown;
+    emit countdownChanged(m_progress.factoryResetCountdown);
 }
 
 void TrackingRun::startTracking()
@@ -250,40 +231,22 @@ void TrackingRun::processCounting(const QList<QStringList>& dataList)
 
 bool TrackingRun::processEarthFault(LdbEarthState earthState)
 {
-    if (m_earthFaultReported || !isEarthLeakage(earthState)) {
+    if (m_progress.earthFaultReported || !isEarthLeakage(earthState)) {
         return false;
     }
-    m_earthFaultReported = true;
+    m_progress.earthFaultReported = true;
     emit faultReported(faultNow(FaultReport::Kind::EarthLeakage));
     return true;
 }
 
 bool TrackingRun::processLoopLeakageFault(LdbLoopState loopState)
 {
-    if (m_loopLeakageReported || !isLoopDcLeakage(loopState)) {
+    if (m_progress.loopLeakageReported || !isLoopDcLeakage(loopState)) {
         return false;
     }
-    m_loopLeakageReported = true;
+    m_progress.loopLeakageReported = true;
     emit faultReported(faultNow(FaultReport::Kind::LoopDcLeakage));
     return true;
-}
-
-bool TrackingRun::isEarthLeakage(LdbEarthState state)
-{
-    constexpr int kFirst = static_cast<int>(LdbEarthState::Leakage);
-    constexpr int kLast = static_cast<int>(LdbEarthState::LeakageMemory) - 1;
-    const int code = static_cast<int>(state);
-    return code >= kFirst && code <= kLast;
-}
-
-bool TrackingRun::isLoopDcLeakage(LdbLoopState state)
-{
-    constexpr int kLeakage = flag(LdbLoopState::DcLeakage);
-    const int withoutShortMemory = flag(state) & ~flag(LdbLoopState::ShortMemory);
-    const int withoutOpenMemory = flag(state) & ~flag(LdbLoopState::OpenMemory);
-    return (withoutShortMemory >= kLeakage &&
-            withoutShortMemory <= kLeakage + flag(LdbLoopState::OpenMemory)) ||
-           withoutOpenMemory == kLeakage + flag(LdbLoopState::Short);
 }
 
 FaultReport TrackingRun::faultNow(FaultReport::Kind kind) const

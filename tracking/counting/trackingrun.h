@@ -55,7 +55,10 @@ public:
     /// The factory reset was refused, or nothing came back. It may have begun all the same, with
     /// its acknowledgement lost: the next record shows it. If it has not, the run ends after a
     /// refusal; after a silence the command is due again, twice at most.
-    void doubtFactoryReset(bool isRefused);
+    void doubtFactoryReset(bool isRefused)
+    {
+        m_progress.doubt = isRefused ? Doubt::Refused : Doubt::Silent;
+    }
     /// A record of the tracked LDB. Ignored unless a run has begun.
     void processRecord(const QList<QStringList>& dataList, qint64 now);
     /// Takes the LDB's state alone; gives whether its currents are to be counted.
@@ -64,19 +67,14 @@ public:
     bool processEarthFault(LdbEarthState earthState);
     bool processLoopLeakageFault(LdbLoopState loopState);
 
-    /// Leakage present, not merely remembered.
-    static bool isEarthLeakage(LdbEarthState state);
-    static bool isLoopDcLeakage(LdbLoopState state);
-
     const FimCounter& counter() const { return m_counter; }
     Phase phase() const { return m_phase; }
-    StopReason stopReason() const { return m_stopReason; }
-    TrackingMode mode() const { return m_mode; }
+    StopReason stopReason() const { return m_progress.stopReason; }
+    TrackingMode mode() const { return m_progress.mode; }
     /// Whether records are taken.
     bool isActive() const;
     /// Whether the factory reset's countdown is to be seen.
-    bool isCountingDown() const { return m_countdownShown; }
-    int factoryResetCountdown() const { return m_factoryResetCountdown; }
+    bool isCountingDown() const { return m_progress.countdownShown; }
     /// Whole seconds since the phase began.
     int secondsGone() const { return static_cast<int>((m_now - m_phaseStart) / 1000); }
     /// Whole seconds to the end of what the phase waits for, where that is known.
@@ -105,6 +103,23 @@ private:
         Silent
     };
 
+    /// What one run has come to.
+    struct Progress
+    {
+        StopReason stopReason = StopReason::None;
+        TrackingMode mode = TrackingMode::Cancelled;
+        bool factoryResetRequested = false;
+        Doubt doubt = Doubt::None;
+        int repetitions = 0;
+        bool factoryResetExecutingSeen = false;
+        bool factoryResetDoneHandled = false;
+        bool countingEnabled = false;
+        bool earthFaultReported = false;
+        bool loopLeakageReported = false;
+        bool countdownShown = false;
+        int factoryResetCountdown = kFactoryResetSeconds;
+    };
+
     void resolveDoubt(LdbState state);
     void factoryResetCountdownTimeout();
     void startTracking();
@@ -119,18 +134,7 @@ private:
 
     FimCounter m_counter;
     Phase m_phase = Phase::Idle;
-    StopReason m_stopReason = StopReason::None;
-    TrackingMode m_mode = TrackingMode::Cancelled;
-    bool m_factoryResetRequested = false;
-    Doubt m_doubt = Doubt::None;
-    int m_repetitions = 0;
-    bool m_factoryResetExecutingSeen = false;
-    bool m_factoryResetDoneHandled = false;
-    bool m_countingEnabled = false;
-    bool m_earthFaultReported = false;
-    bool m_loopLeakageReported = false;
-    bool m_countdownShown = false;
-    int m_factoryResetCountdown = kFactoryResetSeconds;
+    Progress m_progress;
     Deadline m_factoryResetTick;
     Deadline m_startTracking;
     qint64 m_now = 0;        ///< ms

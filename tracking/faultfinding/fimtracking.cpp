@@ -1,5 +1,7 @@
 #include "tracking/faultfinding/fimtracking.h"
 
+#include "app/notices/messagebox.h"
+#include "app/shared/colours.h"
 #include "serial/ldb/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/formerstate.h"
@@ -13,7 +15,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
 
@@ -38,7 +39,7 @@ void setDigitColour(QWidget* display, const QColor& colour)
 } // namespace
 
 FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
-    : FimTracking(std::make_shared<SerialTrackedLdb>(hexId, link), parent)
+    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent)
 {
 }
 
@@ -83,7 +84,8 @@ void FimTracking::init()
     m_clock.setTimerType(Qt::PreciseTimer);
     initConnections();
     initGui();
-    initPlot();
+    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
+    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
     showPhase();
 }
 
@@ -130,17 +132,11 @@ void FimTracking::initGui()
     showNotice(QString());
 }
 
-void FimTracking::initPlot()
-{
-    m_ui->primarySidePanel->init(tr("Primary port"), QStringLiteral("PriCurr"));
-    m_ui->secondarySidePanel->init(tr("Secondary port"), QStringLiteral("secCurr"));
-}
-
 /// Dark on light whatever the desktop's colours, as the window is read from a distance. Child
 /// widgets take their colours from the style sheet; it blocks the palette.
 void FimTracking::initPalette()
 {
-    QPalette palette(QColor(0xdf, 0xe6, 0xee), QColor(0xf1, 0xf5, 0xf9));
+    QPalette palette{QColor(colours::kTrackingButton), QColor(colours::kTrackingGround)};
     for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Active, role, Qt::black);
         palette.setColor(QPalette::Inactive, role, Qt::black);
@@ -395,7 +391,15 @@ void FimTracking::processSideFinished(int ldbPort, SideEnd result)
 {
     panel(ldbPort)->showEnd(result);
     // Opens the box after the rest of the record has been processed.
-    QTimer::singleShot(0, this, [this, ldbPort] { showSideAudioAlarm(ldbPort); });
+    QTimer::singleShot(0, this, [this, ldbPort, result] {
+        const auto text = [ldbPort, result] {
+            return trackingtexts::sideAlarm(ldbPort, result);
+        };
+        if (const auto* box = showErrorMessage(text)) {
+            m_alarmSound->soundWhileOpen(box);
+            QApplication::alert(this);
+        }
+    });
 }
 
 void FimTracking::processFault(const FaultReport& report)
@@ -406,8 +410,9 @@ void FimTracking::processFault(const FaultReport& report)
         }
     }
     m_report->faults.append(report);
-    QTimer::singleShot(
-        0, this, [this, message = trackingtexts::fault(report)] { showErrorMessage(message); });
+    QTimer::singleShot(0, this, [this, report] {
+        showErrorMessage([report] { return trackingtexts::fault(report); });
+    });
 }
 
 void FimTracking::showResults(int totalFimCount, LoopResult result)
@@ -423,9 +428,9 @@ void FimTracking::showResults(int totalFimCount, LoopResult result)
     }
     m_report->summary = trackingtexts::summary(totalFimCount, result);
     m_ui->resultLabel->setText(m_report->summary);
-    m_ui->resultLabel->setStyleSheet(result == LoopResult::Connected
-                                         ? QStringLiteral("background: #1b6e36;")
-                                         : QStringLiteral("background: #b3261e;"));
+    m_ui->resultLabel->setStyleSheet(
+        QStringLiteral("background: %1;")
+            .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
     m_ui->resultLabel->show();
     m_ui->copyReportButton->setEnabled(true);
     m_fimCount = totalFimCount;
@@ -438,7 +443,8 @@ void FimTracking::showFimCounts()
     const bool isSame = m_configuredFims == m_fimCount;
     m_ui->fimCountsLabel->setText(trackingtexts::fimCounts(m_fimCount, m_configuredFims));
     m_ui->fimCountsLabel->setStyleSheet(
-        isSame || !m_configuredFims ? QString() : QStringLiteral("color: #b3261e;"));
+        isSame || !m_configuredFims ? QString()
+                                    : QStringLiteral("color: %1;").arg(colours::kShort));
     m_ui->takeOverButton->setVisible(!isSame && m_fimCount > 0);
     m_ui->fimCountsPanel->show();
 }
@@ -475,27 +481,15 @@ void FimTracking::on_copyReportButton_clicked()
     showNotice(tr("The report has been copied."));
 }
 
-void FimTracking::showSideAudioAlarm(int ldbPort)
-{
-    QMessageBox* box =
-        showErrorMessage(trackingtexts::sideAlarm(ldbPort, m_run.counter().sideResult(ldbPort)));
-    if (!box) {
-        return;
-    }
-    m_alarmSound->soundWhileOpen(box);
-    QApplication::alert(this);
-}
-
-QMessageBox* FimTracking::showErrorMessage(const QString& message)
+MessageBox* FimTracking::showErrorMessage(const Text& message)
 {
     if (!isVisible()) {
         return nullptr; // closed since
     }
-    auto* box =
-        new QMessageBox(QMessageBox::Warning, tr("Attention"), message, QMessageBox::Ok, this);
+    MessageBox* box = MessageBox::tell(this, QMessageBox::Warning, [message] {
+        return BoxText{tr("Attention"), message()};
+    });
     box->setStyleSheet(QStringLiteral("QLabel { font-size: 20px; }")); // read from a distance
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
     return box;
 }
 
@@ -512,9 +506,9 @@ void FimTracking::sendCommand(TrackingCommand command)
         m_audioMuted = true;
         m_ui->zoomButton->setEnabled(true);
     }
-    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](TrackedLdb::Answer answer) {
-        if (answer != TrackedLdb::Answer::Accepted) {
-            processFailure(runNumber, command, answer == TrackedLdb::Answer::Refused);
+    m_ldb->send(command, this, [this, runNumber = m_runNumber, command](const Reply& reply) {
+        if (!reply.isAccepted()) {
+            processFailure(runNumber, command, reply.kind() == Reply::Kind::Refused);
         }
     });
 }

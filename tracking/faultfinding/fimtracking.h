@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "history/keptldbs.h"
 #include "tracking/counting/trackingrun.h"
 
@@ -11,7 +12,7 @@
 
 class AlarmSound;
 class FormerState;
-class QMessageBox;
+class MessageBox;
 class SerialLink;
 class SidePanel;
 class StartQuestions;
@@ -81,7 +82,6 @@ private:
     void init();
     void initConnections();
     void initGui();
-    void initPlot();
     void initPalette();
     void placeOver(const QWidget* parent);
 
@@ -108,8 +108,7 @@ private:
     void processFault(const FaultReport& report);
     void showResults(int totalFimCount, LoopResult result);
 
-    void showSideAudioAlarm(int ldbPort);
-    QMessageBox* showErrorMessage(const QString& message);
+    MessageBox* showErrorMessage(const Text& message);
 
     void sendCommand(TrackingCommand command);
     void processFailure(int runNumber, TrackingCommand command, bool isRefused);

@@ -1,23 +1,22 @@
 #include "tracking/faultfinding/sidepanel.h"
 
+#include "app/shared/colours.h"
 #include "tracking/faultfinding/trackingtexts.h"
 #include "tracking/plot/portplot.h"
 #include "ui_sidepanel.h"
 
 namespace {
 
-/// Dark enough to be read on the panel's white.
-QString endColour(SideEnd end)
+const QString& endColour(SideEnd end)
 {
     switch (end) {
     case SideEnd::Open:
-        return QStringLiteral("#a04000");
+        return colours::kOpen;
     case SideEnd::Short:
-        return QStringLiteral("#b3261e");
-    case SideEnd::Connected:
-        break;
+        return colours::kShort;
+    default:
+        return colours::kConnected;
     }
-    return QStringLiteral("#1b6e36");
 }
 
 } // namespace

@@ -108,7 +108,9 @@ void StartQuestions::showDisconnectSecondaryPortDialog()
 void StartQuestions::askWithoutWayBack(const Text& loss)
 {
     const auto texts = [loss] {
-        return BoxText{FimTracking::tr("Attention"), loss(), QString(),
+        return BoxText{FimTracking::tr("Attention"),
+                       loss(),
+                       QString(),
                        {FimTracking::tr("Start all the same"), FimTracking::tr("Cancel")}};
     };
     auto* box = new MessageBox(QMessageBox::Warning, texts, m_window);

@@ -8,29 +8,14 @@ namespace {
 
 constexpr int kClockTurnMs = 86400000;
 
-TrackedLdb::Answer meaning(const Reply& reply)
-{
-    switch (reply.kind()) {
-    case Reply::Kind::Accepted:
-        return TrackedLdb::Answer::Accepted;
-    case Reply::Kind::Refused:
-    case Reply::Kind::Answered:
-        return TrackedLdb::Answer::Refused;
-    case Reply::Kind::Silent:
-    case Reply::Kind::Unsent:
-        break;
-    }
-    return TrackedLdb::Answer::None;
-}
-
-std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::Command command)
+std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackingCommand command)
 {
     switch (command) {
-    case TrackedLdb::Command::FactoryReset:
+    case TrackingCommand::FactoryReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::FactoryReset);
-    case TrackedLdb::Command::LdbReset:
+    case TrackingCommand::LdbReset:
         return std::make_unique<ExecuteCommand>(hexId, LdbControl::LdbReset);
-    case TrackedLdb::Command::MuteAudio:
+    case TrackingCommand::MuteAudio:
         break;
     }
     return std::make_unique<ChangeCommand>(hexId, LdbParameter::AudioMute, encodeAudioMute(true));
@@ -38,30 +23,42 @@ std::unique_ptr<ISerialCommand> createCommand(const QString& hexId, TrackedLdb::
 
 } // namespace
 
-TrackedLdb::TrackedLdb(const QString& hexId, QObject* parent)
-    : QObject(parent)
-    , m_hexId(hexId)
+TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
+    : m_hexId(hexId)
+    , m_link(link)
 {
+    m_clock.setTimerType(Qt::PreciseTimer);
+    connect(&m_clock, &QTimer::timeout, this, [this] { m_hands += kClockTurnMs; });
+    m_clock.start(kClockTurnMs);
+    if (link != nullptr) {
+        connect(link, &SerialLink::generalInformationUpdated, this,
+                &TrackedLdb::generalInformationUpdated);
+        connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
+        connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
+        connect(link, &SerialLink::stopped, this, &TrackedLdb::reachableChanged);
+        connect(link, &SerialLink::ldbListChanged, this, &TrackedLdb::reachableChanged);
+    }
 }
 
-void TrackedLdb::send(Command command, QObject* context, AnswerFunction answered)
+void TrackedLdb::send(TrackingCommand command, QObject* context, ReplyFunction replied)
 {
-    const bool isMute = command == Command::MuteAudio;
+    const bool isMute = command == TrackingCommand::MuteAudio;
     ask(createCommand(m_hexId, command), context,
-        [this, context, isMute, answered = std::move(answered)](const Reply& reply) {
+        [this, context, isMute, replied = std::move(replied)](const Reply& reply) {
             if (isMute && reply.kind() == Reply::Kind::Silent) {
-                readMute(context, answered);
+                readMute(context, replied);
             } else {
-                answered(meaning(reply));
+                replied(reply);
             }
         });
 }
 
 /// Reads whether the LDB is muted: it may have obeyed, and its acknowledgement be lost.
-void TrackedLdb::readMute(QObject* context, const AnswerFunction& answered)
+void TrackedLdb::readMute(QObject* context, const ReplyFunction& replied)
 {
-    readSettings(context, [answered](const std::optional<LdbSettings>& settings) {
-        answered(settings && settings->audioMute ? Answer::Accepted : Answer::None);
+    readSettings(context, [replied](const std::optional<LdbSettings>& settings) {
+        const bool isObeyed = settings && settings->audioMute;
+        replied(Reply(isObeyed ? Reply::Kind::Accepted : Reply::Kind::Silent));
     });
 }
 
@@ -74,46 +71,31 @@ void TrackedLdb::readSettings(QObject* context, SettingsFunction read)
 }
 
 void TrackedLdb::ask(std::unique_ptr<ISerialCommand> command, QObject* context,
-                     std::function<void(const Reply&)> function)
+                     ReplyFunction function)
 {
     command->addObserver(
         std::make_unique<ISerialCommand::ReplyObserver>(context, std::move(function)));
     post(std::move(command));
 }
 
-SerialTrackedLdb::SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent)
-    : TrackedLdb(hexId, parent)
-    , m_link(link)
-{
-    m_clock.setTimerType(Qt::PreciseTimer);
-    connect(&m_clock, &QTimer::timeout, this, [this] { m_hands += kClockTurnMs; });
-    m_clock.start(kClockTurnMs);
-    connect(link, &SerialLink::generalInformationUpdated, this,
-            &TrackedLdb::generalInformationUpdated);
-    connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
-    connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
-    connect(link, &SerialLink::stopped, this, &TrackedLdb::reachableChanged);
-    connect(link, &SerialLink::ldbListChanged, this, &TrackedLdb::reachableChanged);
-}
-
-qint64 SerialTrackedLdb::now() const
+qint64 TrackedLdb::now() const
 {
     return m_hands + kClockTurnMs - m_clock.remainingTime();
 }
 
-bool SerialTrackedLdb::isReachable() const
+bool TrackedLdb::isReachable() const
 {
-    return m_link && m_link->isRunning() && m_link->knownLdbs().contains(hexId());
+    return m_link && m_link->isRunning() && m_link->knownLdbs().contains(m_hexId);
 }
 
-void SerialTrackedLdb::setPolledAlone(bool alone)
+void TrackedLdb::setPolledAlone(bool alone)
 {
     if (m_link) {
-        m_link->pollOnly(alone ? hexId() : QString());
+        m_link->pollOnly(alone ? m_hexId : QString());
     }
 }
 
-void SerialTrackedLdb::post(std::unique_ptr<ISerialCommand> command)
+void TrackedLdb::post(std::unique_ptr<ISerialCommand> command)
 {
     if (m_link) {
         m_link->post(std::move(command));

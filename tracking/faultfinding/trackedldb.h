@@ -21,34 +21,28 @@ class TrackedLdb : public QObject
 {
     Q_OBJECT
 public:
-    using Command = TrackingCommand;
-    enum class Answer
-    {
-        Accepted,
-        Refused,
-        None ///< the LDB said nothing, or the command was never sent
-    };
-    using AnswerFunction = std::function<void(Answer)>;
+    using ReplyFunction = std::function<void(const Reply&)>;
 
-    explicit TrackedLdb(const QString& hexId, QObject* parent = nullptr);
+    /// `link` may die first, when the program ends. A stand-in without a link has ways of its own.
+    TrackedLdb(const QString& hexId, SerialLink* link);
 
     QString hexId() const { return m_hexId; }
 
-    /// Sends a command; a mute that nothing came back to is read back. `answered` is called from
-    /// the event loop, exactly once, unless `context` dies before; also without a connection. This
-    /// object lives as long as `context`.
-    void send(Command command, QObject* context, AnswerFunction answered);
+    /// Sends a command. `replied` is called from the event loop, exactly once, unless `context`
+    /// dies before; also without a connection. A mute that nothing came back to is read back: it
+    /// counts as accepted where the LDB has it. This object lives as long as `context`.
+    void send(TrackingCommand command, QObject* context, ReplyFunction replied);
 
     /// Reads the LDB's settings; `read` is called as above, with nothing if the LDB did not tell.
     using SettingsFunction = std::function<void(const std::optional<LdbSettings>&)>;
     void readSettings(QObject* context, SettingsFunction read);
 
     /// The time for the run: ms on a clock that never goes back.
-    virtual qint64 now() const = 0;
+    qint64 now() const;
     /// Whether there is a connection to send on, with this LDB on it.
-    virtual bool isReachable() const = 0;
+    virtual bool isReachable() const;
     /// Polls this LDB and no other, or all again.
-    virtual void setPolledAlone(bool alone) = 0;
+    virtual void setPolledAlone(bool alone);
 
 signals:
     /// A record of any LDB.
@@ -59,32 +53,14 @@ signals:
     void reachableChanged();
 
 protected:
-    virtual void post(std::unique_ptr<ISerialCommand> command) = 0;
+    virtual void post(std::unique_ptr<ISerialCommand> command);
 
 private:
-    void readMute(QObject* context, const AnswerFunction& answered);
-    void ask(std::unique_ptr<ISerialCommand> command, QObject* context,
-             std::function<void(const Reply&)> function);
+    void readMute(QObject* context, const ReplyFunction& replied);
+    void ask(std::unique_ptr<ISerialCommand> command, QObject* context, ReplyFunction function);
 
     const QString m_hexId;
-};
-
-/// A tracked LDB on the serial link.
-class SerialTrackedLdb : public TrackedLdb
-{
-    Q_OBJECT
-public:
-    SerialTrackedLdb(const QString& hexId, SerialLink* link, QObject* parent = nullptr);
-
-    qint64 now() const override;
-    bool isReachable() const override;
-    void setPolledAlone(bool alone) override;
-
-protected:
-    void post(std::unique_ptr<ISerialCommand> command) override;
-
-private:
-    QPointer<SerialLink> m_link; // may die first, when the program ends
-    QTimer m_clock; ///< of the event loop, so that the run's time goes with that of its timers
+    const QPointer<SerialLink> m_link;
+    QTimer m_clock;     ///< of the event loop: the run's time goes with that of its timers
     qint64 m_hands = 0; ///< ms at the clock's last full turn
 };

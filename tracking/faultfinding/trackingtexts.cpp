@@ -24,31 +24,26 @@ QString commandName(TrackingCommand command)
         return Texts::tr("factory reset");
     case TrackingCommand::LdbReset:
         return Texts::tr("LDB reset");
-    case TrackingCommand::MuteAudio:
-        break;
+    default:
+        return Texts::tr("audio mute");
     }
-    return Texts::tr("audio mute");
 }
 
 } // namespace
 
 QString phase(Phase phase, StopReason stopReason)
 {
-    switch (phase) {
-    case Phase::Confirmation:
-        return Texts::tr("confirmation");
-    case Phase::FactoryReset:
-        return Texts::tr("waiting for the factory reset");
-    case Phase::Rebooting:
-        return Texts::tr("rebooting");
-    case Phase::Counting:
-        return Texts::tr("counting");
-    case Phase::Finished:
-        return Texts::tr("finished");
-    case Phase::Idle:
-        break;
+    if (phase == Phase::Idle && stopReason != StopReason::None) {
+        return Texts::tr("stopped");
     }
-    return stopReason == StopReason::None ? Texts::tr("idle") : Texts::tr("stopped");
+    constexpr const char* kTexts[] = {
+        QT_TRANSLATE_NOOP("FimTracking", "idle"),
+        QT_TRANSLATE_NOOP("FimTracking", "confirmation"),
+        QT_TRANSLATE_NOOP("FimTracking", "waiting for the factory reset"),
+        QT_TRANSLATE_NOOP("FimTracking", "rebooting"),
+        QT_TRANSLATE_NOOP("FimTracking", "counting"),
+        QT_TRANSLATE_NOOP("FimTracking", "finished")};
+    return Texts::tr(kTexts[static_cast<int>(phase)]);
 }
 
 QString stopReason(StopReason stopReason)
@@ -126,8 +121,9 @@ QString noWayBack(FormerState::Outcome outcome, const QString& reason)
 
 QString fimCounts(int counted, std::optional<int> configured)
 {
-    return configured ? Texts::tr("FIM's counted: %1   configured: %2").arg(counted).arg(*configured)
-                      : Texts::tr("FIM's counted: %1   configured: not known").arg(counted);
+    return configured
+               ? Texts::tr("FIM's counted: %1   configured: %2").arg(counted).arg(*configured)
+               : Texts::tr("FIM's counted: %1   configured: not known").arg(counted);
 }
 
 QString mode(TrackingMode mode)
@@ -145,57 +141,43 @@ QString mode(TrackingMode mode)
 
 QString sideEnd(SideEnd end)
 {
-    switch (end) {
-    case SideEnd::Open:
-        return Texts::tr("Timeout: Open Detected");
-    case SideEnd::Short:
-        return Texts::tr("Timeout: Short Detected");
-    case SideEnd::Connected:
-        break;
-    }
-    return Texts::tr("Timeout: Side Connected");
+    constexpr const char* kTexts[] = {QT_TRANSLATE_NOOP("FimTracking", "Timeout: Side Connected"),
+                                      QT_TRANSLATE_NOOP("FimTracking", "Timeout: Open Detected"),
+                                      QT_TRANSLATE_NOOP("FimTracking", "Timeout: Short Detected")};
+    return Texts::tr(kTexts[static_cast<int>(end)]);
 }
 
 QString sideAlarm(int ldbPort, SideEnd end)
 {
-    const bool isPrimary = ldbPort == PrimaryPort;
-    switch (end) {
-    case SideEnd::Open:
-        return isPrimary ? Texts::tr("Primary side open detected.")
-                         : Texts::tr("Secondary side open detected.");
-    case SideEnd::Short:
-        return isPrimary ? Texts::tr("Primary side short detected.")
-                         : Texts::tr("Secondary side short detected.");
-    case SideEnd::Connected:
-        break;
-    }
-    return isPrimary ? Texts::tr("Primary side is connected.")
-                     : Texts::tr("Secondary side is connected.");
+    constexpr BySide<const char*> kTexts[] = {
+        {QT_TRANSLATE_NOOP("FimTracking", "Primary side is connected."),
+         QT_TRANSLATE_NOOP("FimTracking", "Secondary side is connected.")},
+        {QT_TRANSLATE_NOOP("FimTracking", "Primary side open detected."),
+         QT_TRANSLATE_NOOP("FimTracking", "Secondary side open detected.")},
+        {QT_TRANSLATE_NOOP("FimTracking", "Primary side short detected."),
+         QT_TRANSLATE_NOOP("FimTracking", "Secondary side short detected.")},
+    };
+    return Texts::tr(kTexts[static_cast<int>(end)][ldbPort]);
 }
 
 QString loopResult(LoopResult result)
 {
-    switch (result) {
-    case LoopResult::Connected:
-        return Texts::tr("Loop is connected");
-    case LoopResult::PrimaryOpen:
-        return Texts::tr("Primary side open detected");
-    case LoopResult::PrimaryShort:
-        return Texts::tr("Primary side short detected");
-    case LoopResult::SecondaryOpen:
-        return Texts::tr("Secondary side open detected");
-    case LoopResult::BothOpen:
-        return Texts::tr("Both sides open detected");
-    case LoopResult::PrimaryShortSecondaryOpen:
-        return Texts::tr("Primary side short detected and Secondary side open detected.");
-    case LoopResult::SecondaryShort:
-        return Texts::tr("Secondary side short detected");
-    case LoopResult::PrimaryOpenSecondaryShort:
-        return Texts::tr("Primary side open detected and Secondary side short detected.");
-    case LoopResult::BothShort:
-        return Texts::tr("Both sides short detected");
-    }
-    return {};
+    constexpr const char* kNone = "";
+    constexpr const char* kTexts[] = {
+        QT_TRANSLATE_NOOP("FimTracking", "Loop is connected"),
+        QT_TRANSLATE_NOOP("FimTracking", "Primary side open detected"),
+        QT_TRANSLATE_NOOP("FimTracking", "Primary side short detected"),
+        kNone,
+        QT_TRANSLATE_NOOP("FimTracking", "Secondary side open detected"),
+        QT_TRANSLATE_NOOP("FimTracking", "Both sides open detected"),
+        QT_TRANSLATE_NOOP("FimTracking",
+                          "Primary side short detected and Secondary side open detected."),
+        kNone,
+        QT_TRANSLATE_NOOP("FimTracking", "Secondary side short detected"),
+        QT_TRANSLATE_NOOP("FimTracking",
+                          "Primary side open detected and Secondary side short detected."),
+        QT_TRANSLATE_NOOP("FimTracking", "Both sides short detected")};
+    return Texts::tr(kTexts[static_cast<int>(result)]);
 }
 
 QString summary(int totalFimCount, LoopResult result)

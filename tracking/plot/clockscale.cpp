@@ -52,11 +52,6 @@ void ClockScaleDraw::drawLabel(QPainter* painter, double value) const
     QwtDateScaleDraw::drawLabel(painter, value);
 }
 
-ClockScaleEngine::ClockScaleEngine()
-    : QwtDateScaleEngine(Qt::OffsetFromUTC)
-{
-}
-
 QwtScaleDiv ClockScaleEngine::divideScale(double x1, double x2, int maxMajorSteps,
                                           int maxMinorSteps, double stepSize) const
 {

@@ -26,7 +26,10 @@ protected:
 class ClockScaleEngine : public QwtDateScaleEngine
 {
 public:
-    ClockScaleEngine();
+    ClockScaleEngine()
+        : QwtDateScaleEngine(Qt::OffsetFromUTC)
+    {
+    }
 
     QwtScaleDiv divideScale(double x1, double x2, int maxMajorSteps, int maxMinorSteps,
                             double stepSize) const override;

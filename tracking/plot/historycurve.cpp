@@ -1,12 +1,9 @@
 #include "tracking/plot/historycurve.h"
 
-#include "tracking/plot/plothistory.h"
 #include "tracking/plot/polylinebuilder.h"
 
 #include <QPainter>
 #include <qwt_scale_map.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -56,23 +53,6 @@ double bounded(double pixels)
 }
 
 } // namespace
-
-HistorySeries::HistorySeries(const PlotHistory& history, int number)
-    : m_history(history)
-    , m_number(number)
-{
-}
-
-size_t HistorySeries::size() const
-{
-    return static_cast<size_t>(std::max(m_history.size() - m_firstShown, 0));
-}
-
-QPointF HistorySeries::sample(size_t index) const
-{
-    const size_t position = index + static_cast<size_t>(m_firstShown);
-    return {m_history.times()[position], m_history.values(m_number)[position]};
-}
 
 QRectF HistorySeries::boundingRect() const
 {

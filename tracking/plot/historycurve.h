@@ -1,26 +1,39 @@
 #pragma once
 
+#include "tracking/plot/plothistory.h"
+
 #include <QColor>
 #include <QString>
 #include <qwt_plot_curve.h>
 #include <qwt_series_data.h>
 
-class PlotHistory;
+#include <algorithm>
 
 /// One curve of a history as the plotting library reads samples: in place, without a copy.
 class HistorySeries : public QwtSeriesData<QPointF>
 {
 public:
     /// `history` must hold the curve `number` and outlive the series.
-    HistorySeries(const PlotHistory& history, int number);
+    HistorySeries(const PlotHistory& history, int number)
+        : m_history(history)
+        , m_number(number)
+    {
+    }
 
     /// Leaves out the samples before index `firstShown`.
     void setFirstShown(int firstShown) { m_firstShown = firstShown; }
     /// Only samples from `time` on (ms since the epoch) take part in the scaling of an axis.
     void setScaledFrom(double time) { m_scaledFrom = time; }
 
-    size_t size() const override;
-    QPointF sample(size_t index) const override;
+    size_t size() const override
+    {
+        return static_cast<size_t>(std::max(m_history.size() - m_firstShown, 0));
+    }
+    QPointF sample(size_t index) const override
+    {
+        const size_t position = index + static_cast<size_t>(m_firstShown);
+        return {m_history.times()[position], m_history.values(m_number)[position]};
+    }
     /// Bounds of the drawable samples that take part in the scaling; invalid where there is none.
     QRectF boundingRect() const override;
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
 #include <QPointer>
-#include <QString>
 #include <QStringList>
 
 class Plot;

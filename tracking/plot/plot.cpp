@@ -28,7 +28,6 @@ constexpr double kLatestTime = 253402300800000.0;
 constexpr int kLegendIconExtent = 12;
 constexpr int kOuterMargin = 3; // the outermost labels reach up to the border
 constexpr QSize kMinimumSize(240, 140);
-constexpr QSize kPreferredSize(640, 260);
 constexpr int kTitleWeight = QFont::DemiBold;
 
 constexpr QwtPlot::Axis kTimeAxis = QwtPlot::xBottom;
@@ -57,11 +56,6 @@ Plot::Plot(QWidget* parent)
 }
 
 Plot::~Plot() = default;
-
-QSize Plot::sizeHint() const
-{
-    return kPreferredSize;
-}
 
 void Plot::init()
 {
@@ -329,21 +323,23 @@ void Plot::applyAxisSetting(QwtPlot::Axis axis)
 
 void Plot::setAxisScale(QwtPlot::Axis axis, bool autoScale)
 {
-    if (!isYAxis(axis)) {
-        qWarning("Plot: only the Y axes have a scale of their own");
-        return;
-    }
-    m_axisSettings[axis].autoScale = autoScale;
-    restoreAxisScale();
+    AxisSetting setting = isYAxis(axis) ? m_axisSettings.at(axis) : AxisSetting();
+    setting.autoScale = autoScale;
+    setAxisSetting(axis, setting);
 }
 
 void Plot::setAxisScale(QwtPlot::Axis axis, double min, double max, double stepSize)
+{
+    setAxisSetting(axis, {false, min, max, stepSize});
+}
+
+void Plot::setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting)
 {
     if (!isYAxis(axis)) {
         qWarning("Plot: only the Y axes have a scale of their own");
         return;
     }
-    m_axisSettings[axis] = {false, min, max, stepSize};
+    m_axisSettings[axis] = setting;
     restoreAxisScale();
 }
 
@@ -407,11 +403,6 @@ void Plot::updateLegendItems()
             label->setPalette(plotappearance::legendPalette(palette(), curve->isVisible()));
         }
     }
-}
-
-void Plot::setMaxNumberOfSamples(int samples)
-{
-    m_history.setLimit(samples);
 }
 
 void Plot::setMaxWindowTime(int timeMs)

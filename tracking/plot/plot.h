@@ -31,7 +31,7 @@ public:
 
     static constexpr int kMaxCurves = 10;
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {640, 260}; }
 
 public slots:
     /// Adds a curve, or finds the one of that name. `color` is a name that QColor knows, `yaxis`
@@ -66,7 +66,7 @@ public slots:
     void setAxisScale(QwtPlot::Axis axis, double min, double max, double stepSize);
 
     /// Takes effect with the next sample.
-    void setMaxNumberOfSamples(int samples);
+    void setMaxNumberOfSamples(int samples) { m_history.setLimit(samples); }
     /// Shown time in ms, at least 1.
     void setMaxWindowTime(int timeMs);
     /// Step of the time axis in ms; 0 leaves it to the axis.
@@ -107,6 +107,7 @@ private:
     int calculateSkipPoints(double skipMsFromStart) const;
     int generateUniqueCurveNumber();
 
+    void setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting);
     void applyAxisSetting(QwtPlot::Axis axis);
     void showNewestWindow();
     /// Labels the time axis with the clock of the place as it stands at that moment.

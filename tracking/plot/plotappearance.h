@@ -7,8 +7,7 @@
 class QwtPlotCanvas;
 class QwtPlotGrid;
 
-/// How plots look. The canvas is dark in every palette: the bright named colours of the curves are
-/// told apart on it; on white, lime and orange are not. The legend stands on the same ground.
+/// How plots look: dark in every palette, the legend as the canvas.
 namespace plotappearance {
 
 /// Owned by the caller, as is the grid.

@@ -88,17 +88,8 @@ void PlotHistory::dropOldest()
 
 void PlotHistory::insertStamp(int index, double time)
 {
-    const bool isNewest = index == size();
-    if (isNewest) {
-        m_times.append(time);
-    } else {
-        m_times.insert(index, time);
-    }
+    m_times.insert(index, time);
     for (auto& [number, curve] : m_curves) {
-        if (isNewest) {
-            curve.values.append(kNoValue);
-        } else {
-            curve.values.insert(index, kNoValue);
-        }
+        curve.values.insert(index, kNoValue);
     }
 }

@@ -19,8 +19,8 @@ public:
     double at(int index) const { return m_store[m_first + offset(index)]; }
     void set(int index, double value) { m_store[m_first + offset(index)] = value; }
 
-    void append(double value) { m_store.push_back(value); }
-    /// Puts a value before the one at `index`; costs what moving the later ones costs.
+    /// Puts a value before the one at `index`, or at the end; costs what moving the later ones
+    /// costs.
     void insert(int index, double value) { m_store.insert(position(index), value); }
     /// Drops all from `newSize` on.
     void truncate(int newSize) { m_store.erase(position(newSize), m_store.end()); }

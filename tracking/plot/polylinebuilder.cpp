@@ -27,16 +27,6 @@ bool areJoined(const QRect& left, const QRect& right)
 
 } // namespace
 
-int PolylineBuilder::lineLength() const
-{
-    return m_points.size() - (m_lineEnds.isEmpty() ? 0 : m_lineEnds.last());
-}
-
-bool PolylineBuilder::isWithinColumn(int position) const
-{
-    return position > 0 && position < m_column.count - 1;
-}
-
 void PolylineBuilder::startColumn(const QPointF& point)
 {
     flushColumn();

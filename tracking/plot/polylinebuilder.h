@@ -64,8 +64,14 @@ private:
     void flushColumn();
     void flushAsPoints();
     void flushAsBar();
-    bool isWithinColumn(int position) const;
-    int lineLength() const;
+    bool isWithinColumn(int position) const
+    {
+        return position > 0 && position < m_column.count - 1;
+    }
+    int lineLength() const
+    {
+        return m_points.size() - (m_lineEnds.isEmpty() ? 0 : m_lineEnds.last());
+    }
 
     Column m_column;
     QVector<QPointF> m_points;

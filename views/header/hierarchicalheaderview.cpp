@@ -37,54 +37,29 @@ struct Cell
     int leafCount = 1;
 };
 
-bool isLeaf(const QAbstractItemModel& model, const QModelIndex& cell)
+/// The leaves under a cell, in order; the cell itself where it has no children. The children of a
+/// cell are the columns of its first child row.
+QVector<QModelIndex> leavesUnder(const QAbstractItemModel& model, const QModelIndex& cell)
 {
-    return model.rowCount(cell) == 0 || model.columnCount(cell) == 0;
-}
-
-int leafCount(const QAbstractItemModel& model, const QModelIndex& cell)
-{
-    if (isLeaf(model, cell)) {
-        return 1;
+    if (model.rowCount(cell) == 0 || model.columnCount(cell) == 0) {
+        return {cell};
     }
-    int count = 0;
+    QVector<QModelIndex> leaves;
     for (int column = 0; column < model.columnCount(cell); ++column) {
-        count += leafCount(model, model.index(0, column, cell));
+        leaves += leavesUnder(model, model.index(0, column, cell));
     }
-    return count;
-}
-
-/// The child of `parent` that stands over `leaf`; `firstLeaf` is the parent's first.
-Cell childOver(const QAbstractItemModel& model, const QModelIndex& parent, int firstLeaf, int leaf)
-{
-    for (int column = 0; column < model.columnCount(parent); ++column) {
-        const QModelIndex child = model.index(0, column, parent);
-        const int count = leafCount(model, child);
-        if (leaf < firstLeaf + count) {
-            return {child, firstLeaf, count};
-        }
-        firstLeaf += count;
-    }
-    return {};
+    return leaves;
 }
 
 /// The chain of cells from the top level down to the leaf at position `leaf`; empty where there is
-/// no such leaf. The header model is a tree: its top-level columns are the top cells, and the
-/// children of a cell are the columns of its first child row. Its leaves, in order, stand for the
-/// sections of the header.
+/// no such leaf. The leaves of the header model, in order, stand for the sections of the header.
 QVector<Cell> pathToLeaf(const QAbstractItemModel& model, int leaf)
 {
+    const QVector<QModelIndex> leaves = leavesUnder(model, QModelIndex());
     QVector<Cell> path;
-    if (leaf < 0 || isLeaf(model, QModelIndex())) {
-        return path;
-    }
-    Cell cell = childOver(model, QModelIndex(), 0, leaf);
-    while (cell.index.isValid()) {
-        path.append(cell);
-        if (isLeaf(model, cell.index)) {
-            break;
-        }
-        cell = childOver(model, cell.index, cell.firstLeaf, leaf);
+    for (QModelIndex cell = leaves.value(leaf); cell.isValid(); cell = cell.parent()) {
+        const QVector<QModelIndex> under = leavesUnder(model, cell);
+        path.prepend({cell, leaves.indexOf(under.first()), under.size()});
     }
     return path;
 }
@@ -136,12 +111,6 @@ bool HierarchicalHeaderView::event(QEvent* event)
         viewport()->update();
     }
     return QHeaderView::event(event);
-}
-
-QSize HierarchicalHeaderView::sizeHint() const
-{
-    // The sections' sizes already count every level.
-    return QHeaderView::sizeHint();
 }
 
 void HierarchicalHeaderView::mouseMoveEvent(QMouseEvent* event)

@@ -23,7 +23,6 @@ public:
     void setGroupStarts(const QMap<int, int>& groupStarts);
 
     bool event(QEvent* event) override;
-    QSize sizeHint() const override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void setModel(QAbstractItemModel* model) override;
 

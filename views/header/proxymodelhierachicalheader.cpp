@@ -1,25 +1,5 @@
 #include "views/header/proxymodelhierachicalheader.h"
 
-ProxyModelHierachicalHeader::ProxyModelHierachicalHeader(QObject* parent)
-    : QSortFilterProxyModel(parent)
-{
-}
-
-void ProxyModelHierachicalHeader::setHorizontalHeaderModel(QAbstractItemModel* model)
-{
-    m_horizontalHeaderModel = model;
-}
-
-void ProxyModelHierachicalHeader::setVerticalHeaderModel(QAbstractItemModel* model)
-{
-    m_verticalHeaderModel = model;
-}
-
-void ProxyModelHierachicalHeader::addGroupStartColumn(int column)
-{
-    m_groupStartColumns.insert(column, 1);
-}
-
 QVariant ProxyModelHierachicalHeader::data(const QModelIndex& index, int role) const
 {
     if (role == HorizontalHeaderRole && m_horizontalHeaderModel) {

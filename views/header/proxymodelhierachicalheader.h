@@ -19,14 +19,14 @@ public:
         VerticalHeaderRole = Qt::UserRole + 1
     };
 
-    explicit ProxyModelHierachicalHeader(QObject* parent = nullptr);
+    using QSortFilterProxyModel::QSortFilterProxyModel;
 
     /// Not owned; may die first, then there is none.
-    void setHorizontalHeaderModel(QAbstractItemModel* model);
-    void setVerticalHeaderModel(QAbstractItemModel* model);
+    void setHorizontalHeaderModel(QAbstractItemModel* model) { m_horizontalHeaderModel = model; }
+    void setVerticalHeaderModel(QAbstractItemModel* model) { m_verticalHeaderModel = model; }
 
     /// Marks a source column as the first of a group of two.
-    void addGroupStartColumn(int column);
+    void addGroupStartColumn(int column) { m_groupStartColumns.insert(column, 1); }
     /// Keys: the columns at which a group of two begins.
     QMap<int, int> groupStartColumns() const { return m_groupStartColumns; }
 

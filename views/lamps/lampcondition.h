@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QList>
+#include "serial/ldb/ldbstatus.h"
+
 #include <QMap>
-#include <QString>
 #include <QStringList>
 
 #include <array>
@@ -18,24 +18,17 @@ enum class Lamp : int
 };
 constexpr std::array<Lamp, 4> kLamps{Lamp::A, Lamp::B, Lamp::C, Lamp::D};
 
-/// How bad the condition is that a lamp stands for. Lamps A and D know no `Major`.
-enum class LampLevel : int
-{
-    None,
-    Minor,
-    Major
-};
-
-/// One level for each lamp. Levels only ever rise.
+/// How bad the condition is that each lamp stands for. Levels only ever rise; lamps A and D know no
+/// `Major`.
 class LampLevels
 {
 public:
-    LampLevel of(Lamp lamp) const { return m_levels[static_cast<std::size_t>(lamp)]; }
-    void raise(Lamp lamp, LampLevel level);
+    FaultLevel of(Lamp lamp) const { return m_levels[static_cast<std::size_t>(lamp)]; }
+    void raise(Lamp lamp, FaultLevel level);
     void raise(const LampLevels& other);
 
 private:
-    std::array<LampLevel, kLamps.size()> m_levels{};
+    std::array<FaultLevel, kLamps.size()> m_levels{};
 };
 
 /// The lamps that one record raises, and how far. Missing rows raise nothing, nor do codes that no
@@ -70,7 +63,6 @@ struct LampCause
     {
         return name == other.name && condition == other.condition;
     }
-    bool operator!=(const LampCause& other) const { return !(*this == other); }
 };
 
 /// For each lamp the LDBs that raise it now, that is by their latest record.
@@ -81,7 +73,7 @@ public:
 
     /// Takes an LDB's record in place of its former one; gives the lamps whose causes changed.
     QList<Lamp> update(const QString& hexId, const QList<QStringList>& dataList);
-    void clear();
+    void clear() { m_causes = {}; }
 
     /// A lamp's causes in the order of the addresses.
     const ByHexId& of(Lamp lamp) const { return m_causes[static_cast<std::size_t>(lamp)]; }

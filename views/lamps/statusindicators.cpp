@@ -1,5 +1,7 @@
 #include "views/lamps/statusindicators.h"
 
+#include "app/shared/colours.h"
+
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
@@ -15,9 +17,39 @@ constexpr int kFastBlinkPeriod = 125; // ms
 // Smaller than the picture, so that neighbouring lamps do not touch.
 constexpr QRect kEllipse(0, 0, 16, 16);
 
+struct LampTexts
+{
+    const char* name;
+    const char* off;
+    const char* fast;
+    const char* slow; ///< of the lamps that know it
+};
+
+// In the order of the lamps.
+constexpr LampTexts kTexts[] = {
+    {QT_TRANSLATE_NOOP("StatusIndicators", "SERVICE MODE"),
+     QT_TRANSLATE_NOOP("StatusIndicators", "No LDB is in service mode."),
+     QT_TRANSLATE_NOOP("StatusIndicators", "At least one LDB is in service mode."), nullptr},
+    {QT_TRANSLATE_NOOP("StatusIndicators", "EARTH FAULT"),
+     QT_TRANSLATE_NOOP("StatusIndicators", "No LDB reports an earth fault."),
+     QT_TRANSLATE_NOOP("StatusIndicators", "At least one LDB has an earth fault now."),
+     QT_TRANSLATE_NOOP("StatusIndicators",
+                       "At least one LDB remembers an earth fault that has gone.")},
+    {QT_TRANSLATE_NOOP("StatusIndicators", "OPEN/SHORT/LEAK"),
+     QT_TRANSLATE_NOOP("StatusIndicators", "No LDB reports a fault of its loop or its amplifier."),
+     QT_TRANSLATE_NOOP("StatusIndicators", "At least one LDB has an open, a short, DC leakage or a "
+                                           "disconnected amplifier now."),
+     QT_TRANSLATE_NOOP("StatusIndicators", "At least one LDB remembers a loop fault that has gone, "
+                                           "or has its amplifier back.")},
+    {QT_TRANSLATE_NOOP("StatusIndicators", "SETTINGS"),
+     QT_TRANSLATE_NOOP("StatusIndicators", "No LDB asks for its settings to be checked."),
+     QT_TRANSLATE_NOOP("StatusIndicators", "At least one LDB asks for its settings to be checked."),
+     nullptr},
+};
+
 } // namespace
 
-QPixmap lampimage::draw(QRgb colour)
+QPixmap lampimage::draw(const QString& colour)
 {
     const double ratio = std::ceil(qGuiApp->devicePixelRatio());
     QPixmap pixmap(QSize(kSize, kSize) * ratio);
@@ -34,13 +66,13 @@ QPixmap lampimage::draw(QRgb colour)
 StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, QLabel* lampD,
                                    QObject* parent)
     : QObject(parent)
-    , m_off(lampimage::draw(lampimage::kOff))
+    , m_off(lampimage::draw(colours::kLampOff))
 {
-    const QPixmap amber = lampimage::draw(lampimage::kAmber);
-    indicator(Lamp::A) = {lampA, lampimage::draw(lampimage::kBlue)};
+    const QPixmap amber = lampimage::draw(colours::kAmber);
+    indicator(Lamp::A) = {lampA, lampimage::draw(colours::kBlue)};
     indicator(Lamp::B) = {lampB, amber};
     indicator(Lamp::C) = {lampC, amber};
-    indicator(Lamp::D) = {lampD, lampimage::draw(lampimage::kOrangered)};
+    indicator(Lamp::D) = {lampD, lampimage::draw(colours::kOrangered)};
     for (const Indicator& each : m_indicators) {
         // Without a fixed size, each blink would cause a new layout of the window.
         each.label->setFixedSize(lampimage::kSize, lampimage::kSize);
@@ -95,18 +127,10 @@ void StatusIndicators::show(const LampLevels& levels)
 {
     for (const Lamp lamp : kLamps) {
         // The other two lamps have one pattern only.
-        const bool knowsSlow = lamp == Lamp::B || lamp == Lamp::C;
-        switch (levels.of(lamp)) {
-        case LampLevel::None:
-            setBlink(lamp, Blink::Off);
-            break;
-        case LampLevel::Minor:
-            setBlink(lamp, knowsSlow ? Blink::Slow : Blink::Fast);
-            break;
-        case LampLevel::Major:
-            setBlink(lamp, Blink::Fast);
-            break;
-        }
+        const bool knowsSlow = kTexts[static_cast<std::size_t>(lamp)].slow != nullptr;
+        const FaultLevel level = levels.of(lamp);
+        const bool isSlow = level == FaultLevel::Minor && knowsSlow;
+        setBlink(lamp, level == FaultLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast);
     }
     if (!m_roundSeen) {
         m_roundSeen = true;
@@ -140,67 +164,26 @@ void StatusIndicators::paint(Blink blink, bool lit)
 void StatusIndicators::describe(Lamp lamp)
 {
     const Indicator& described = indicator(lamp);
-    QString name;
-    switch (lamp) {
-    case Lamp::A:
-        name = tr("SERVICE MODE");
-        break;
-    case Lamp::B:
-        name = tr("EARTH FAULT");
-        break;
-    case Lamp::C:
-        name = tr("OPEN/SHORT/LEAK");
-        break;
-    case Lamp::D:
-        name = tr("SETTINGS");
-        break;
-    }
+    const LampTexts& texts = kTexts[static_cast<std::size_t>(lamp)];
+    const QString name = tr(texts.name);
     QString state;
+    QString meaning;
     switch (described.blink) {
     case Blink::Off:
         state = tr("%1: off").arg(name);
+        meaning =
+            m_roundSeen ? tr(texts.off) : tr("No round over all LDBs has been completed yet.");
         break;
     case Blink::Slow:
         state = tr("%1: blinking slowly").arg(name);
+        meaning = tr(texts.slow);
         break;
     case Blink::Fast:
         state = tr("%1: blinking fast").arg(name);
+        meaning = tr(texts.fast);
         break;
     }
-    const QString sense = meaning(lamp, described.blink);
-    described.label->setToolTip(state + QLatin1Char('\n') + sense);
+    described.label->setToolTip(state + QLatin1Char('\n') + meaning);
     described.label->setAccessibleName(state);
-    described.label->setAccessibleDescription(sense);
-}
-
-QString StatusIndicators::meaning(Lamp lamp, Blink blink) const
-{
-    const bool isOff = blink == Blink::Off;
-    const bool isFast = blink == Blink::Fast;
-    if (isOff && !m_roundSeen) {
-        return tr("No round over all LDBs has been completed yet.");
-    }
-    switch (lamp) {
-    case Lamp::A:
-        return isOff ? tr("No LDB is in service mode.")
-                     : tr("At least one LDB is in service mode.");
-    case Lamp::B:
-        if (isOff) {
-            return tr("No LDB reports an earth fault.");
-        }
-        return isFast ? tr("At least one LDB has an earth fault now.")
-                      : tr("At least one LDB remembers an earth fault that has gone.");
-    case Lamp::C:
-        if (isOff) {
-            return tr("No LDB reports a fault of its loop or its amplifier.");
-        }
-        return isFast ? tr("At least one LDB has an open, a short, DC leakage or a disconnected "
-                           "amplifier now.")
-                      : tr("At least one LDB remembers a loop fault that has gone, or has its "
-                           "amplifier back.");
-    case Lamp::D:
-        return isOff ? tr("No LDB asks for its settings to be checked.")
-                     : tr("At least one LDB asks for its settings to be checked.");
-    }
-    return {};
+    described.label->setAccessibleDescription(meaning);
 }

@@ -2,7 +2,6 @@
 
 #include "views/lamps/lampcondition.h"
 
-#include <QColor>
 #include <QObject>
 #include <QPixmap>
 #include <QTimer>
@@ -15,15 +14,9 @@ namespace lampimage {
 /// Width and height of a lamp, logical pixels.
 constexpr int kSize = 18;
 
-// The lamps' colours, here for the whole program.
-constexpr QRgb kOff = qRgb(240, 240, 240);
-constexpr QRgb kAmber = qRgb(251, 191, 0);
-constexpr QRgb kBlue = qRgb(66, 181, 225);
-constexpr QRgb kOrangered = qRgb(255, 69, 0); // the named colour
-
 /// A round lamp on a transparent ground, drawn for the sharpest screen there is. Needs the
 /// application object; GUI thread only.
-QPixmap draw(QRgb colour);
+QPixmap draw(const QString& colour);
 
 } // namespace lampimage
 
@@ -71,7 +64,6 @@ private:
     void setBlink(Lamp lamp, Blink blink);
     void paint(Blink blink, bool lit);
     void describe(Lamp lamp);
-    QString meaning(Lamp lamp, Blink blink) const;
 
     BusCondition m_condition;
     std::array<Indicator, kLamps.size()> m_indicators;

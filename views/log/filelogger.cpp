@@ -1,5 +1,6 @@
 #include "views/log/filelogger.h"
 
+#include "serial/ldb/busaddress.h"
 #include "serial/ldb/generalinformation.h"
 
 #include <QByteArray>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr QLatin1Char kSeparator(';');
 constexpr QLatin1Char kLineEnd('\n');
-constexpr int kHexBase = 16;
 
 // In the order of the rows.
 constexpr const char* kHeaderTexts[] = {
@@ -88,11 +88,6 @@ void LogPeriod::open(int id, std::optional<qint64> time)
     m_loggedIds = {id};
 }
 
-FileLogger::FileLogger(QObject* parent)
-    : QObject(parent)
-{
-}
-
 bool FileLogger::startStop(bool start)
 {
     Q_ASSERT(QThread::currentThread() == thread());
@@ -148,8 +143,8 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
             return;
         }
     }
-    const std::optional<qint64> seconds = secondsOf(dataList.last().value(TextColumn));
-    if (m_period.admits(hexId.toInt(nullptr, kHexBase), seconds, m_interval)) {
+    const std::optional<qint64> seconds = secondsOf(text(dataList, TimestampRow));
+    if (m_period.admits(busaddress::fromHexId(hexId), seconds, m_interval)) {
         write(dataLine(dataList));
     }
 }

@@ -2,9 +2,7 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QList>
 #include <QObject>
-#include <QString>
 #include <QStringList>
 #include <QVector>
 
@@ -60,7 +58,7 @@ public:
         LogAll = 1
     };
 
-    explicit FileLogger(QObject* parent = nullptr);
+    using QObject::QObject;
 
     bool isLogging() const { return m_enabled; }
     /// Why the last start or write failed, as the system says it.

@@ -18,18 +18,6 @@ const QString kColourKey = QStringLiteral("color%1");
 constexpr int kFromThresholdUp = 0;
 constexpr int kFromThresholdDown = 1;
 
-int readThreshold(const QSettings& settings, const QString& key)
-{
-    const QVariant text = settings.value(key, CellColourRules::kNoThreshold);
-    bool isNumber = false;
-    const int threshold = text.toInt(&isNumber);
-    if (!isNumber) {
-        qWarning().noquote() << "The threshold" << settings.group() + QLatin1Char('/') + key
-                             << "is no whole number and counts as 0:" << text.toString();
-    }
-    return threshold;
-}
-
 QString readColourName(const QSettings& settings, const QString& key)
 {
     QString name = settings.value(key).toString();
@@ -64,14 +52,9 @@ bool isSame(const QVariant& left, const QVariant& right)
 
 bool CellColourRules::Rule::appliesTo(int value) const
 {
-    switch (number) {
-    case kFromThresholdUp:
-        return value >= threshold;
-    case kFromThresholdDown:
-        return value <= threshold;
-    default:
-        return value == threshold;
-    }
+    return number == kFromThresholdUp     ? value >= threshold
+           : number == kFromThresholdDown ? value <= threshold
+                                          : value == threshold;
 }
 
 CellColourRules CellColourRules::fromTuningFile(const QString& fileName)
@@ -85,7 +68,8 @@ CellColourRules CellColourRules::fromTuningFile(const QString& fileName)
         settings.setArrayIndex(row);
         QVector<Rule> ofRow;
         for (int number = 0; number < kRuleCount; ++number) {
-            const int threshold = readThreshold(settings, kThresholdKey.arg(number));
+            const int threshold =
+                tuningNumber(settings, kThresholdKey.arg(number), kNoThreshold, 0);
             if (threshold != kNoThreshold) {
                 ofRow.append({number, threshold, readColourName(settings, kColourKey.arg(number))});
             }

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QColor>
-#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
-#include <QString>
 #include <QStringList>
 
 #include <memory>
@@ -33,7 +31,6 @@ public:
 
     /// Sets the LDB to show. Another one than before empties the values until its record comes.
     void setCurrentHexId(const QString& hexId);
-    QString currentHexId() const { return m_currentHexId; }
 
 public slots:
     /// Shows the record if it is the current LDB's. A record of fewer than two entries empties the

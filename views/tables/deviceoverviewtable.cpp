@@ -16,6 +16,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -51,25 +52,10 @@ bool isTickKey(int key)
 // then fit, in every language; sums of faults do not.
 int widthShareOf(int column)
 {
-    switch (column) {
-    case overview::IdColumn:
-        return 57;
-    case overview::NameColumn:
-        return 120;
-    case overview::ModeColumn:
-        return 161;
-    case overview::LoopColumn:
-        return 151;
-    case overview::EarthColumn:
-        return 128;
-    case overview::AmplifierColumn:
-        return 113;
-    case overview::PrimaryCurrentColumn:
-    case overview::SecondaryCurrentColumn:
-        return 72;
-    default:
-        return 52;
-    }
+    // Tick, ID, Name, Mode, Loop, Vpri, Ipri, Vsec, Isec, Earth, Amplifier, Timestamp.
+    constexpr std::array kShares{52, 57, 120, 161, 151, 52, 72, 52, 72, 128, 113, 52};
+    static_assert(kShares.size() == overview::ColumnCount);
+    return kShares.at(static_cast<std::size_t>(column));
 }
 
 } // namespace
@@ -187,38 +173,33 @@ QHeaderView* DeviceOverviewTable::header() const
 
 void DeviceOverviewTable::retranslate()
 {
-    QList<QStandardItem*> cells;
-    const auto addCell = [&cells](const QString& text, const QStringList& columns = {}) {
-        auto* cell = new QStandardItem(text);
-        for (const QString& column : columns) {
-            cell->appendColumn({new QStandardItem(column)});
-        }
-        cells.append(cell);
-    };
+    const QStringList alone{QString()};
     const QStringList primary{QStringLiteral("Vpri"), QStringLiteral("Ipri")};
     const QStringList secondary{QStringLiteral("Vsec"), QStringLiteral("Isec")};
-    addCell(QString());
-    addCell(tr("ID"));
-    addCell(tr("Name"));
-    addCell(tr("Mode"));
-    addCell(tr("Loop"));
-    addCell(tr("Primary Port"), primary);
-    addCell(tr("Secondary Port"), secondary);
-    addCell(tr("Earth"));
-    addCell(tr("Amplifier"));
+    const QVector<QPair<QString, QStringList>> titles{{QString(), alone},
+                                                      {tr("ID"), alone},
+                                                      {tr("Name"), alone},
+                                                      {tr("Mode"), alone},
+                                                      {tr("Loop"), alone},
+                                                      {tr("Primary Port"), primary},
+                                                      {tr("Secondary Port"), secondary},
+                                                      {tr("Earth"), alone},
+                                                      {tr("Amplifier"), alone}};
+    QList<QStandardItem*> cells;
+    QStringList names; // flat: what a screen reader is told
+    for (const auto& [title, columns] : titles) {
+        auto* cell = new QStandardItem(title);
+        for (const QString& column : columns) {
+            if (!column.isEmpty()) {
+                cell->appendColumn({new QStandardItem(column)});
+            }
+            names << (title + QLatin1Char(' ') + column).trimmed();
+        }
+        cells.append(cell);
+    }
     // In one change: the header measures all its cells at each.
     m_headerModel.clear();
     m_headerModel.appendRow(cells);
-
-    // The flat names are what a screen reader is told.
-    QStringList names{QString(), tr("ID"), tr("Name"), tr("Mode"), tr("Loop")};
-    for (const QString& column : primary) {
-        names << tr("Primary Port") + QLatin1Char(' ') + column;
-    }
-    for (const QString& column : secondary) {
-        names << tr("Secondary Port") + QLatin1Char(' ') + column;
-    }
-    names << tr("Earth") << tr("Amplifier");
     m_model.setHorizontalHeaderLabels(names);
     if (m_selectedRow != kNoRow) {
         announceRow(m_selectedRow, true);
@@ -240,40 +221,17 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
 
 void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringList>& dataList)
 {
-    const QList<QStandardItem*> items = createRowFromData(dataList);
-    QStandardItem* tickItem = items.first();
+    QStandardItem* tickItem = newItem();
     tickItem->setCheckable(true);
     tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
     tickItem->setData(hexId, kHexIdRole);
     m_rowOfLdb.insert(hexId, m_model.rowCount());
-    m_model.appendRow(items);
+    m_model.appendRow(tickItem);
+    refreshRow(m_model.rowCount() - 1, dataList);
     if (!m_hadRows) {
         loadTableState();
         m_hadRows = true;
     }
-}
-
-QList<QStandardItem*>
-DeviceOverviewTable::createRowFromData(const QList<QStringList>& rowData) const
-{
-    QList<QStandardItem*> items{newItem()};
-    if (rowData.size() < kMinimumEntries) {
-        return items;
-    }
-    const int entries = std::min<int>(rowData.size(), generalinformation::RowCount);
-    for (int recordRow = 0; recordRow < entries; ++recordRow) {
-        QStandardItem* item = newDataItem();
-        fillCell(*item, recordRow, rowData.at(recordRow));
-        items.append(item);
-    }
-    return items;
-}
-
-void DeviceOverviewTable::fillCell(QStandardItem& item, int recordRow,
-                                   const QStringList& entry) const
-{
-    cellcolours::update(item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
-    cellcolours::setColour(item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
 }
 
 void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList)
@@ -285,12 +243,18 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
     for (int recordRow = 0; recordRow < entries; ++recordRow) {
         const int column = overview::columnOf(recordRow);
         QStandardItem* item = m_model.item(row, column);
-        if (item == nullptr) {
+        const bool isNew = item == nullptr;
+        if (isNew) {
             item = newDataItem();
+        } else {
+            cellcolours::update(*item, Qt::UserRole, kNoSortKey);
+        }
+        const QStringList& entry = dataList.at(recordRow);
+        cellcolours::update(*item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
+        cellcolours::setColour(*item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
+        if (isNew) {
             m_model.setItem(row, column, item);
         }
-        fillCell(*item, recordRow, dataList.at(recordRow));
-        cellcolours::update(*item, Qt::UserRole, kNoSortKey);
     }
     if (row == m_selectedRow) {
         announceRow(row, true);

@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QHash>
-#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
-#include <QString>
 #include <QStringList>
 
 #include <functional>
@@ -87,8 +85,6 @@ private:
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
-    QList<QStandardItem*> createRowFromData(const QList<QStringList>& rowData) const;
-    void fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
 
     void settleSelection(const QString& hexId, bool isNewRow);
     bool tickByKey(const QKeyEvent& key);

@@ -23,11 +23,6 @@ bool isTicked(const QModelIndex& index)
 
 } // namespace
 
-OverviewRowDelegate::OverviewRowDelegate(QObject* parent)
-    : QStyledItemDelegate(parent)
-{
-}
-
 void OverviewRowDelegate::initStyleOption(QStyleOptionViewItem* option,
                                           const QModelIndex& index) const
 {
@@ -84,11 +79,6 @@ bool OverviewRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         return true;
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);
-}
-
-CheckBoxDelegate::CheckBoxDelegate(QObject* parent)
-    : QStyledItemDelegate(parent)
-{
 }
 
 void CheckBoxDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -9,7 +9,7 @@ class OverviewRowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit OverviewRowDelegate(QObject* parent = nullptr);
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     /// Whether the user may tick another row; only the mark's colour tells. True at the start.
     void setEnabled(bool enabled) { m_enabled = enabled; }
@@ -34,7 +34,7 @@ class CheckBoxDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit CheckBoxDelegate(QObject* parent = nullptr);
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     /// Whether the user may toggle; true at the start. The owner of the view repaints it.
     void setEnabled(bool enabled) { m_enabled = enabled; }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+/// The named colours of the program, as QColor and style sheets read them.
+namespace colours {
+
+// Lamps.
+inline const QString kLampOff = QStringLiteral("#f0f0f0");
+inline const QString kAmber = QStringLiteral("#fbbf00");
+inline const QString kBlue = QStringLiteral("#42b5e1");
+inline const QString kOrangered = QStringLiteral("orangered");
+
+// Results of a fault finding, dark enough to be read on white.
+inline const QString kConnected = QStringLiteral("#1b6e36");
+inline const QString kOpen = QStringLiteral("#a04000");
+inline const QString kShort = QStringLiteral("#b3261e");
+inline const QString kTrackingButton = QStringLiteral("#dfe6ee");
+inline const QString kTrackingGround = QStringLiteral("#f1f5f9");
+
+// Plots. The canvas is dark in every palette: the bright named colours of the curves are told apart
+// on it; on white, lime and orange are not.
+inline const QString kPlotCanvas = QStringLiteral("#181a1e");
+inline const QString kPlotGrid = QStringLiteral("#3e424a");
+inline const QString kPlotCurve = QStringLiteral("#dcdcdc"); // of no known name
+inline const QString kPlotText = QStringLiteral("#ebebeb");
+inline const QString kPlotTextHidden = QStringLiteral("#82868e");
+inline const QString kPlotFrameLight = QStringLiteral("#6e727a");
+inline const QString kPlotFrameDark = QStringLiteral("#08090a");
+
+} // namespace colours
