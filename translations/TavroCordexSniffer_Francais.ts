@@ -425,12 +425,6 @@ maintenance</translation>
         <translation>Attention</translation>
     </message>
     <message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée&#xa0;: le LDB est injoignable.
-Le son de ce LDB reste coupé.</translation>
-    </message>
-    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Fuite à la terre détectée&#xa0;!
@@ -757,6 +751,63 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>Result: %1</source>
         <translation>Résultat&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Take Over</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the settings of the LDB, to keep them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing the number of FIM&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start all the same</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB. Close this window, and start the connection again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings of the LDB cannot be read. After the run they will be the defaults, and the former ones are lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the run changes cannot be kept on the disk: %1
+If the program or the computer stops during the run, the settings of the LDB are lost, and it stays muted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -784,6 +835,21 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
             <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
             <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>KeptLdbs</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 is in use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1521,10 +1587,109 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>MuteMarks</name>
+    <message>
+        <source>The audio of this LDB is muted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>PutBack</name>
+    <message>
+        <source>no name</source>
+        <translation type="unfinished">sans nom</translation>
+    </message>
+    <message>
+        <source>%1: before %2, now %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1 (%2) has other settings than before the fault finding of %3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 are not restored: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Restore the former settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Leave them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now it is called %4. Is it the same LDB?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now LDB %4 has this name. Is it the same LDB?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>If it is, its audio mute becomes what it was, and its settings are compared.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The same LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Forget it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation type="unfinished">Attention</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended.
+The audio of this LDB stays muted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program remembers it, and ends the mute as soon as the LDB takes it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1 is muted again, as it was before the fault finding.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 from the fault finding has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1 has its former settings again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1 keeps its settings; the former ones are forgotten.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What was put back into LDB %1 will be put back again: %2</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

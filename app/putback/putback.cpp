@@ -67,6 +67,7 @@ void PutBack::follow(FimTracking* tracking)
     connect(tracking, &FimTracking::takeOverWanted, this,
             [this, hexId](int fimCount) { takeOver(hexId, fimCount); });
     connect(tracking, &QObject::destroyed, this, [this, hexId] {
+        m_tracking.clear(); // a widget tells of its end before it is known to be gone
         const LdbPutBack* task = m_tasks.value(hexId);
         if (task && task->isAsking()) {
             drop(hexId); // its box has gone with the window: the next record has it asked again

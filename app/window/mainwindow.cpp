@@ -5,6 +5,7 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/putback/mutewatch.h"
 #include "app/putback/putback.h"
 #include "app/shared/colours.h"
 #include "app/shared/constants.h"
@@ -20,6 +21,7 @@
 #include "views/log/filelogger.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
+#include "views/tables/mutemarks.h"
 
 #include <QCloseEvent>
 
@@ -92,6 +94,10 @@ void MainWindow::initViews()
 {
     m_detailTable = new DeviceDetailTable(m_ui->deviceDetailTableView, this);
     m_overviewTable = new DeviceOverviewTable(m_ui->deviceOverviewTableView, this);
+    m_muteMarks = new MuteMarks(m_ui->deviceOverviewTableView->model(),
+                                m_ui->deviceDetailTableView->model(), this);
+    connect(new MuteWatch(m_link.get(), this), &MuteWatch::changed, m_muteMarks,
+            &MuteMarks::setMuted);
     m_plot = new MainWindowPlot(m_ui->plotContainer, this);
     m_lamps = new LampPanel(
         {m_ui->lampALabel, m_ui->lampATextLabel, m_ui->lampCausesA, m_ui->serviceModePage},
@@ -161,6 +167,7 @@ void MainWindow::retranslate()
     m_notices->retranslate();
     m_status->retranslate();
     m_overviewTable->retranslate();
+    m_muteMarks->retranslate();
     m_detailTable->retranslate();
     m_plot->retranslate();
     m_lamps->retranslate();
@@ -235,6 +242,7 @@ void MainWindow::serialProcessorStopped()
 void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 {
     m_detailTable->setCurrentHexId(deviceId);
+    m_muteMarks->setSelectedLdb(deviceId);
     m_ui->logTab->logger()->setSelectedHexId(deviceId);
     m_plot->setSelectedDevice(deviceId);
     m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
@@ -262,7 +270,10 @@ void MainWindow::on_fimTrackingButton_clicked()
 {
     m_tracking = new FimTracking(m_run->selectedLdb(), m_link.get(), this);
     m_putBack->follow(m_tracking);
-    connect(m_tracking, &QObject::destroyed, this, &MainWindow::showPolledAlone);
+    connect(m_tracking, &QObject::destroyed, this, [this] {
+        m_tracking.clear(); // a widget tells of its end before it is known to be gone
+        showPolledAlone();
+    });
     showPolledAlone();
 }
 

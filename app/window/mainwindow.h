@@ -17,6 +17,7 @@ class DeviceOverviewTable;
 class FimTracking;
 class LampPanel;
 class MainWindowPlot;
+class MuteMarks;
 class Notices;
 class PutBack;
 class RunControl;
@@ -82,5 +83,6 @@ private:
     SettingsMenu* m_settingsMenu = nullptr;
     SettingsTransfer* m_transfer = nullptr;
     PutBack* m_putBack = nullptr;
+    MuteMarks* m_muteMarks = nullptr;
     QPointer<FimTracking> m_tracking; // deletes itself when closed
 };
