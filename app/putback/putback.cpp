@@ -111,9 +111,8 @@ void PutBack::load()
 {
     m_kept = m_file.all();
     for (const KeptLdb& kept : m_unwritten) {
-        const bool isThere = std::any_of(m_kept.begin(), m_kept.end(), [&](const KeptLdb& other) {
-            return isBoth(other, kept);
-        });
+        const bool isThere = std::any_of(m_kept.begin(), m_kept.end(),
+                                         [&](const KeptLdb& other) { return isBoth(other, kept); });
         if (!isThere) {
             m_kept.push_back(kept);
         }
@@ -176,8 +175,8 @@ bool PutBack::isMeant(const KeptLdb& kept, const QString& hexId, const QString& 
         return true;
     }
     // Another LDB of the name is asked about only once the one at the address is known to be none.
-    const bool isAddressFree = !m_link->knownLdbs().contains(kept.hexId) ||
-                               m_answered.contains(key(kept, kept.hexId));
+    const bool isAddressFree =
+        !m_link->knownLdbs().contains(kept.hexId) || m_answered.contains(key(kept, kept.hexId));
     return isAddressFree && match(kept, hexId, name) == KeptMatch::NameOnly;
 }
 

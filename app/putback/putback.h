@@ -34,8 +34,8 @@ public:
     /// Takes care of the runs of this window, and asks over it while it is there.
     void follow(FimTracking* tracking);
 
-    /// Whether a run is on in this LDB, or its mute has yet to be put back: its settings must not be
-    /// written as they were read.
+    /// Whether a run is on in this LDB, or its mute has yet to be put back: its settings must not
+    /// be written as they were read.
     bool isPending(const QString& hexId) const;
 
 signals:
@@ -65,12 +65,12 @@ private:
     Notices* m_notices;
     QWidget* m_window;
     KeptLdbs m_file;
-    std::vector<KeptLdb> m_kept;     ///< on disk, and those below
+    std::vector<KeptLdb> m_kept;      ///< on disk, and those below
     std::vector<KeptLdb> m_unwritten; ///< that could not be kept on disk
     QPointer<FimTracking> m_tracking;
-    QString m_hexIdOfRun;                    ///< empty while none is on
-    QHash<QString, LdbPutBack*> m_tasks;     ///< by the id of the LDB; owned as children
-    QHash<QString, QTimer*> m_waits;         ///< the same
+    QString m_hexIdOfRun;                ///< empty while none is on
+    QHash<QString, LdbPutBack*> m_tasks; ///< by the id of the LDB; owned as children
+    QHash<QString, QTimer*> m_waits;     ///< the same
     QSet<QString> m_same;     ///< in this run of the link: kept LDB and id known to be one
     QSet<QString> m_answered; ///< the same: kept LDB and id that the user has answered for
     QSet<QString> m_failed;   ///< the same: ids of LDBs that did not take their mute

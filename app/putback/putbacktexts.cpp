@@ -44,11 +44,11 @@ BoxText offer(const KeptLdb& kept, const QString& hexId, const LdbSettings& now,
     if (!failure.isEmpty()) {
         text = Texts::tr("The former settings of LDB %1 are not restored: %2").arg(hexId, failure);
     }
-    return {Texts::tr("Restore the former settings"),
-            text,
-            comparison(*kept.settings, now),
-            {Texts::tr("Restore the former settings"), Texts::tr("Leave them"),
-             Texts::tr("Later")}};
+    return {
+        Texts::tr("Restore the former settings"),
+        text,
+        comparison(*kept.settings, now),
+        {Texts::tr("Restore the former settings"), Texts::tr("Leave them"), Texts::tr("Later")}};
 }
 
 BoxText whetherSame(const KeptLdb& kept, const QString& hexId, const QString& name)
@@ -78,10 +78,9 @@ BoxText staysMuted(const QString& hexId)
 
 QString muteRestored(const QString& hexId, bool isMuted)
 {
-    return isMuted ? Texts::tr("LDB %1 is muted again, as it was before the fault finding.")
-                         .arg(hexId)
-                   : Texts::tr("The audio mute of LDB %1 from the fault finding has ended.")
-                         .arg(hexId);
+    return isMuted
+               ? Texts::tr("LDB %1 is muted again, as it was before the fault finding.").arg(hexId)
+               : Texts::tr("The audio mute of LDB %1 from the fault finding has ended.").arg(hexId);
 }
 
 QString settingsRestored(const QString& hexId)

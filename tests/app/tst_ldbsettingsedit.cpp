@@ -113,7 +113,8 @@ private slots:
         QVERIFY(edit.openDetection());
         const LdbSettings defaults = edit.values();
         edit.receive(someRecord());
-        QCOMPARE(differingFields(edit.values(), defaults), std::vector<LdbField>{LdbField::NumberOfFims});
+        QCOMPARE(differingFields(edit.values(), defaults),
+                 std::vector<LdbField>{LdbField::NumberOfFims});
         QCOMPARE(edit.values().numberOfFims, someRecord().numberOfFims);
         QCOMPARE(edit.changeCount(), static_cast<int>(kLdbFields.size()) - 1);
         edit.undo();

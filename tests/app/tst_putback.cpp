@@ -329,8 +329,7 @@ void TestPutBack::lineIsCut()
     m_bus->restore();
     button("startButton")->click();
     WAIT_VERIFY(!inLdb().audioMute);
-    WAIT_COMPARE(message(),
-                 "The audio mute of LDB 03 from the fault finding has ended.");
+    WAIT_COMPARE(message(), "The audio mute of LDB 03 from the fault finding has ended.");
     QVERIFY(answer("formerSettingsBox", kRestore));
     QVERIFY(waitUntilForgotten());
     QVERIFY(isAsBefore());
@@ -374,11 +373,11 @@ void TestPutBack::onlyOneOfThemAgrees_data()
     rows("address", "03", "Hall");
     rows("name", "77", "LDB 03");
     // Neither: nobody is asked.
-    QTest::newRow("none") << "77" << "Hall" << QString() << true
-                          << false;
+    QTest::newRow("none") << "77"
+                          << "Hall" << QString() << true << false;
     // The LDB at the address is there: one that merely has the same name is none of it.
-    QTest::newRow("both, of another") << "0A" << "LDB 0A"
-                                      << QString() << true << true;
+    QTest::newRow("both, of another") << "0A"
+                                      << "LDB 0A" << QString() << true << true;
 }
 
 void TestPutBack::onlyOneOfThemAgrees()

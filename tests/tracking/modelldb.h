@@ -75,7 +75,10 @@ public:
     /// Answers those held, and holds no more.
     void answerHeld();
     /// Told of every command before it is obeyed.
-    void setAtCommand(std::function<void(const QByteArray& body)> told) { m_told = std::move(told); }
+    void setAtCommand(std::function<void(const QByteArray& body)> told)
+    {
+        m_told = std::move(told);
+    }
     /// Cuts the connection: commands are destroyed unsent.
     void loseConnection();
     void restoreConnection();

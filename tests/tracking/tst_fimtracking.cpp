@@ -557,8 +557,7 @@ private slots:
     void comparesTheFimsCounted()
     {
         Bench bench(healthyLoop(6));
-        QVERIFY(
-            bench.ldb->board().change(LdbParameter::NumberOfFims, "1400", bench.ldb->now()));
+        QVERIFY(bench.ldb->board().change(LdbParameter::NumberOfFims, "1400", bench.ldb->now()));
         const QSignalSpy wanted(bench.window, &FimTracking::takeOverWanted);
         auto* takeOver = bench.find<QPushButton>("takeOverButton");
         auto* counts = bench.find<QLabel>("fimCountsLabel");

@@ -203,8 +203,8 @@ void FimTracking::followLink()
     }
     const bool isStop = m_ui->startButton->isChecked();
     m_ui->startButton->setEnabled(isReachable || isStop);
-    m_ui->startButton->setToolTip(
-        isReachable || isStop ? QString() : tr("There is no connection to the LDB."));
+    m_ui->startButton->setToolTip(isReachable || isStop ? QString()
+                                                        : tr("There is no connection to the LDB."));
     m_ui->takeOverButton->setEnabled(isReachable);
     m_ui->hintLabel->setText(trackingtexts::hint(m_run.phase(), isReachable));
 }
@@ -281,8 +281,7 @@ void FimTracking::begin()
 {
     m_stage = Stage::Running;
     const std::optional<LdbSettings>& settings = m_former->state().settings;
-    m_configuredFims =
-        settings ? std::make_optional<int>(settings->numberOfFims) : std::nullopt;
+    m_configuredFims = settings ? std::make_optional<int>(settings->numberOfFims) : std::nullopt;
     showNotice(QString());
     m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
                         &FimTracking::processData);
@@ -442,9 +441,9 @@ void FimTracking::showFimCounts()
 {
     const bool isSame = m_configuredFims == m_fimCount;
     m_ui->fimCountsLabel->setText(trackingtexts::fimCounts(m_fimCount, m_configuredFims));
-    m_ui->fimCountsLabel->setStyleSheet(
-        isSame || !m_configuredFims ? QString()
-                                    : QStringLiteral("color: %1;").arg(colours::kShort));
+    m_ui->fimCountsLabel->setStyleSheet(isSame || !m_configuredFims
+                                            ? QString()
+                                            : QStringLiteral("color: %1;").arg(colours::kShort));
     m_ui->takeOverButton->setVisible(!isSame && m_fimCount > 0);
     m_ui->fimCountsPanel->show();
 }

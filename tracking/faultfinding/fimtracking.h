@@ -127,7 +127,7 @@ private:
     FormerState* m_former;             // owned as a child
     Stage m_stage = Stage::Idle;
     TrackingMode m_mode = TrackingMode::Cancelled;
-    int m_fimCount = 0;                   ///< of the last finished run
+    int m_fimCount = 0;                  ///< of the last finished run
     std::optional<int> m_configuredFims; ///< as the LDB has it, where that is known
     QString m_deviceName;
     int m_runNumber = 0;

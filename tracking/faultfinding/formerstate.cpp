@@ -24,12 +24,12 @@ void FormerState::take()
 {
     m_state = {};
     m_isOnDisk = false;
-    m_ldb->readSettings(
-        this, [this, reading = ++m_reading](const std::optional<LdbSettings>& settings) {
-            if (reading == m_reading) {
-                process(settings);
-            }
-        });
+    m_ldb->readSettings(this,
+                        [this, reading = ++m_reading](const std::optional<LdbSettings>& settings) {
+                            if (reading == m_reading) {
+                                process(settings);
+                            }
+                        });
 }
 
 void FormerState::withdraw()

@@ -22,8 +22,7 @@ QIcon draw()
     painter.scale(kScale, kScale);
     painter.setPen(QPen(Qt::white, 1.0));
     painter.setBrush(Qt::black);
-    painter.drawPolygon(
-        QPolygonF({{2, 6}, {5, 6}, {9, 2}, {9, 14}, {5, 10}, {2, 10}}));
+    painter.drawPolygon(QPolygonF({{2, 6}, {5, 6}, {9, 2}, {9, 14}, {5, 10}, {2, 10}}));
     painter.setPen(QPen(QColor(0xb3261e), 2.0, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(2, 14), QPointF(14, 2));
     return QIcon(pixmap);
@@ -89,8 +88,7 @@ void MuteMarks::markRow(int row)
 
 void MuteMarks::markDetails()
 {
-    mark(m_details,
-         m_details->index(generalinformation::NameRow, DeviceDetailTable::ValueColumn),
+    mark(m_details, m_details->index(generalinformation::NameRow, DeviceDetailTable::ValueColumn),
          m_muted.contains(m_selected));
 }
 
