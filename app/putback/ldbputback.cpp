@@ -211,6 +211,9 @@ void LdbPutBack::write(const std::vector<LdbParameter>& parameters, const LdbSet
 /// Keeps what is left of it.
 void LdbPutBack::forget()
 {
+    if (!m_tools.kept.find(m_kept.hexId, m_kept.name)) {
+        return; // the disk could not take it in the first place
+    }
     const QString reason = m_tools.kept.keep(m_kept);
     if (!reason.isEmpty()) {
         qWarning() << "LDB" << m_hexId << "cannot be forgotten:" << reason;

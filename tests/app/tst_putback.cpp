@@ -51,6 +51,7 @@ private slots:
     void programDiesAtAnyMoment();
     void lineIsCut();
     void muteThatIsRefused();
+    void diskThatCannotBeWritten();
     void onlyOneOfThemAgrees_data();
     void onlyOneOfThemAgrees();
     void saveAfterwardsCannotMute();
@@ -354,6 +355,26 @@ void TestPutBack::muteThatIsRefused()
     WAIT_VERIFY(!inLdb().audioMute);
     QVERIFY(answer("formerSettingsBox", kRestore));
     QVERIFY(waitUntilForgotten());
+}
+
+void TestPutBack::diskThatCannotBeWritten()
+{
+    start();
+    // In the way of the folder.
+    QVERIFY(QDir().mkpath(QFileInfo(KeptLdbs::standardFolder()).path()));
+    QFile inTheWay(KeptLdbs::standardFolder());
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    openRun();
+    QVERIFY(answer("noWayBackBox", "Start all the same"));
+    QVERIFY(reach(Phase::Counting));
+    WAIT_VERIFY(inLdb().audioMute);
+    tracking()->close();
+    // This program still knows it.
+    QVERIFY(answer("formerSettingsBox", kRestore));
+    WAIT_VERIFY(isAsBefore());
+    WAIT_COMPARE(message(), "LDB 03 has its former settings again.");
+    VirtualTime::current()->advance(30 * kSecond);
+    QVERIFY(!dialog("formerSettingsBox"));
 }
 
 void TestPutBack::onlyOneOfThemAgrees_data()
