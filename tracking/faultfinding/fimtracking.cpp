@@ -93,19 +93,16 @@ void FimTracking::initConnections()
 {
     connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
             [this] { m_run.stop(TrackingRun::StopReason::ConnectionLost); });
+    connect(m_ui->fimCountsPanel, &FimCountsPanel::takeOverWanted, this, [this](int fimCount) {
+        showNotice(tr("Writing the number of FIM's"));
+        emit takeOverWanted(fimCount);
+    });
     connect(m_ldb.get(), &TrackedLdb::reachableChanged, this, &FimTracking::followLink);
     connect(m_questions, &StartQuestions::answered, this, &FimTracking::prepare);
     connect(m_questions, &StartQuestions::answeredWithoutWayBack, this,
-            &FimTracking::beginWithoutWayBack);
-    connect(m_former, &FormerState::taken, this,
-            [this](FormerState::Outcome outcome, const QString& reason) {
-                if (outcome == FormerState::Outcome::Kept) {
-                    begin();
-                } else {
-                    m_questions->askWithoutWayBack(
-                        [outcome, reason] { return trackingtexts::noWayBack(outcome, reason); });
-                }
-            });
+            [this](bool isWanted) { isWanted ? begin() : m_ui->startButton->setChecked(false); });
+    connect(m_former, &FormerState::kept, this, &FimTracking::begin);
+    connect(m_former, &FormerState::incomplete, m_questions, &StartQuestions::askWithoutWayBack);
     connect(&m_run, &TrackingRun::phaseChanged, this, &FimTracking::showPhase);
     connect(&m_run, &TrackingRun::countdownChanged, this, &FimTracking::showCountdown);
     connect(&m_run, &TrackingRun::commandDue, this, &FimTracking::sendCommand);
@@ -125,7 +122,7 @@ void FimTracking::initGui()
     m_ui->primarySidePanel->reset();
     m_ui->secondarySidePanel->reset();
     m_ui->resultLabel->hide();
-    m_ui->fimCountsPanel->hide();
+    m_ui->fimCountsPanel->reset();
     m_ui->copyReportButton->setEnabled(false);
     m_ui->zoomButton->setEnabled(false);
     m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
@@ -205,7 +202,7 @@ void FimTracking::followLink()
     m_ui->startButton->setEnabled(isReachable || isStop);
     m_ui->startButton->setToolTip(isReachable || isStop ? QString()
                                                         : tr("There is no connection to the LDB."));
-    m_ui->takeOverButton->setEnabled(isReachable);
+    m_ui->fimCountsPanel->setReachable(isReachable);
     m_ui->hintLabel->setText(trackingtexts::hint(m_run.phase(), isReachable));
 }
 
@@ -268,28 +265,17 @@ void FimTracking::prepare(TrackingMode mode)
     }
 }
 
-void FimTracking::beginWithoutWayBack(bool isWanted)
-{
-    if (isWanted) {
-        begin();
-    } else {
-        m_ui->startButton->setChecked(false);
-    }
-}
-
 void FimTracking::begin()
 {
     m_stage = Stage::Running;
     const std::optional<LdbSettings>& settings = m_former->state().settings;
-    m_configuredFims = settings ? std::make_optional<int>(settings->numberOfFims) : std::nullopt;
+    m_ui->fimCountsPanel->setConfigured(settings ? std::make_optional<int>(settings->numberOfFims)
+                                                 : std::nullopt);
     showNotice(QString());
     m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
                         &FimTracking::processData);
     m_run.begin(m_mode, m_ldb->now());
     showTimes();
-    if (!m_ldb->isReachable()) {
-        m_run.stop(TrackingRun::StopReason::ConnectionLost);
-    }
 }
 
 void FimTracking::processData(const QString& hexId, const QList<QStringList>& dataList)
@@ -432,39 +418,17 @@ void FimTracking::showResults(int totalFimCount, LoopResult result)
             .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
     m_ui->resultLabel->show();
     m_ui->copyReportButton->setEnabled(true);
-    m_fimCount = totalFimCount;
-    showFimCounts();
+    m_ui->fimCountsPanel->showCounted(totalFimCount);
     showTimes();
-}
-
-void FimTracking::showFimCounts()
-{
-    const bool isSame = m_configuredFims == m_fimCount;
-    m_ui->fimCountsLabel->setText(trackingtexts::fimCounts(m_fimCount, m_configuredFims));
-    m_ui->fimCountsLabel->setStyleSheet(isSame || !m_configuredFims
-                                            ? QString()
-                                            : QStringLiteral("color: %1;").arg(colours::kShort));
-    m_ui->takeOverButton->setVisible(!isSame && m_fimCount > 0);
-    m_ui->fimCountsPanel->show();
-}
-
-void FimTracking::on_takeOverButton_clicked()
-{
-    m_ui->takeOverButton->setEnabled(false);
-    showNotice(tr("Writing the number of FIM's"));
-    emit takeOverWanted(m_fimCount);
 }
 
 void FimTracking::processTakenOver(int fimCount, const QString& failure)
 {
     if (failure.isEmpty()) {
-        m_configuredFims = fimCount;
+        m_ui->fimCountsPanel->setConfigured(fimCount);
         showNotice(tr("The number of FIM's in the LDB is now %1.").arg(fimCount));
     } else {
         showNotice(tr("The number of FIM's: %1").arg(failure));
-    }
-    if (m_run.phase() == Phase::Finished) {
-        showFimCounts();
     }
     followLink();
 }

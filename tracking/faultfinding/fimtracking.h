@@ -8,7 +8,6 @@
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 
 class AlarmSound;
 class FormerState;
@@ -68,7 +67,6 @@ private slots:
     void on_startButton_toggled(bool checked);
     void on_zoomButton_toggled(bool checked);
     void on_copyReportButton_clicked();
-    void on_takeOverButton_clicked();
 
 private:
     /// Of what stands behind the Start button.
@@ -90,10 +88,8 @@ private:
     void resetPlots();
     void prepare(TrackingMode mode);
     void begin();
-    void beginWithoutWayBack(bool isWanted);
     void endRun();
     void followLink();
-    void showFimCounts();
 
     void showPhase();
     void advance();
@@ -127,8 +123,6 @@ private:
     FormerState* m_former;             // owned as a child
     Stage m_stage = Stage::Idle;
     TrackingMode m_mode = TrackingMode::Cancelled;
-    int m_fimCount = 0;                  ///< of the last finished run
-    std::optional<int> m_configuredFims; ///< as the LDB has it, where that is known
     QString m_deviceName;
     int m_runNumber = 0;
     bool m_ldbHeld = false;

@@ -53,9 +53,11 @@ void FormerState::process(const std::optional<LdbSettings>& settings)
     const QString reason = m_kept.keep(m_state);
     m_isOnDisk = reason.isEmpty();
     if (!m_isOnDisk) {
-        emit taken(Outcome::Unkept, reason);
+        emit incomplete(Lack::Unkept, reason);
+    } else if (!m_state.settings) {
+        emit incomplete(Lack::Unread, {});
     } else {
-        emit taken(m_state.settings ? Outcome::Kept : Outcome::Unread, {});
+        emit kept();
     }
 }
 

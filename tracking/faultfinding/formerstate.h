@@ -16,18 +16,17 @@ class FormerState : public QObject
 {
     Q_OBJECT
 public:
-    enum class Outcome
+    enum class Lack
     {
-        Kept,
         Unread, ///< the LDB did not tell its settings; that it was not muted is assumed and kept
         Unkept  ///< nothing is on disk: a program that dies now would leave the LDB as it is then
     };
-    Q_ENUM(Outcome)
+    Q_ENUM(Lack)
 
     /// Both outlive this object.
     FormerState(TrackedLdb* ldb, KeptLdbs kept, QObject* parent = nullptr);
 
-    /// Reads and keeps; `taken()` follows, unless `withdraw()` comes first.
+    /// Reads and keeps; one of the signals follows, unless `withdraw()` comes first.
     void take();
     void withdraw();
     /// The user does not want the run that this was taken for: what `take()` kept is forgotten.
@@ -37,8 +36,10 @@ public:
     const KeptLdb& state() const { return m_state; }
 
 signals:
-    /// `reason`: why it could not be kept, empty otherwise.
-    void taken(FormerState::Outcome outcome, const QString& reason);
+    /// All that the run changes can be put back.
+    void kept();
+    /// It cannot; `reason`: why it is not on the disk, empty otherwise.
+    void incomplete(FormerState::Lack lack, const QString& reason);
 
 private:
     void process(const std::optional<LdbSettings>& settings);

@@ -105,11 +105,11 @@ void StartQuestions::showDisconnectSecondaryPortDialog()
     openQuestion(dialog, "disconnectSecondaryPortDialog");
 }
 
-void StartQuestions::askWithoutWayBack(const Text& loss)
+void StartQuestions::askWithoutWayBack(FormerState::Lack lack, const QString& reason)
 {
-    const auto texts = [loss] {
+    const auto texts = [lack, reason] {
         return BoxText{FimTracking::tr("Attention"),
-                       loss(),
+                       trackingtexts::noWayBack(lack, reason),
                        QString(),
                        {FimTracking::tr("Start all the same"), FimTracking::tr("Cancel")}};
     };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/shared/text.h"
 #include "tracking/counting/trackingresult.h"
+#include "tracking/faultfinding/formerstate.h"
 
 #include <QDialog>
 #include <QObject>
@@ -40,8 +40,8 @@ public:
     }
 
     void ask();
-    /// Asks whether to start although not all can be put back afterwards; `loss` says what.
-    void askWithoutWayBack(const Text& loss);
+    /// Asks whether to start although not all can be put back afterwards.
+    void askWithoutWayBack(FormerState::Lack lack, const QString& reason);
     /// Closes the question that is open; no answer comes then.
     void withdraw();
 

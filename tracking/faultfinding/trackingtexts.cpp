@@ -107,9 +107,9 @@ QString commandFailure(TrackingCommand command, bool isRefused)
     return text.arg(commandName(command));
 }
 
-QString noWayBack(FormerState::Outcome outcome, const QString& reason)
+QString noWayBack(FormerState::Lack lack, const QString& reason)
 {
-    if (outcome == FormerState::Outcome::Unread) {
+    if (lack == FormerState::Lack::Unread) {
         return Texts::tr("The settings of the LDB cannot be read. After the run they will be the "
                          "defaults, and the former ones are lost.");
     }

@@ -51,7 +51,7 @@ QString timeToSideEnd(const FimCounter& counter, int ldbPort);
 /// That a command was not obeyed; `isRefused` if the LDB said so.
 QString commandFailure(TrackingCommand command, bool isRefused);
 /// Why not all can be put back after a run, and what will be lost.
-QString noWayBack(FormerState::Outcome outcome, const QString& reason);
+QString noWayBack(FormerState::Lack lack, const QString& reason);
 
 // Of results.
 
