@@ -107,6 +107,28 @@ private slots:
         QCOMPARE(m_bus->writes().constLast(), QByteArray("FE03737806"));
     }
 
+    void resetThatShowsLate()
+    {
+        // Between the command and the first record that shows it, all settings are as before.
+        constexpr int kRecords = 8;
+        int left = -1;
+        m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+            if (body == "FE0373780002") {
+                left = kRecords;
+            }
+            const bool isLate = body == "FE03737803" && left > 0;
+            left -= isLate ? 1 : 0;
+            return isLate ? std::make_optional(TestBus::framed(TestBus::status())) : std::nullopt;
+        });
+        start();
+        openRun();
+        WAIT_VERIFY(left > 0);
+        tracking()->close();
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+    }
+
     void leavingForgets()
     {
         start();
@@ -350,51 +372,6 @@ private slots:
         QVERIFY(waitUntilForgotten());
         QCOMPARE(inLdb().numberOfFims, quint16(20));
         QCOMPARE(inLdb().openDetectionDelay, quint16(25));
-    }
-
-    void mutedLdbIsMarked()
-    {
-        m_bus->change("0A", kMute, "01");
-        start();
-        const auto* overview = m_window->findChild<QTableView*>("deviceOverviewTableView");
-        const auto* details = m_window->findChild<QTableView*>("deviceDetailTableView");
-        const auto isMarked = [](const QModelIndex& name) {
-            return !name.data(Qt::DecorationRole).isNull() &&
-                   name.data(Qt::ToolTipRole).toString().contains("muted");
-        };
-        const auto nameOf = [&](const QString& hexId) {
-            const QAbstractItemModel* model = overview->model();
-            for (int row = 0; row < model->rowCount(); ++row) {
-                if (model->index(row, 1).data().toString() == hexId) {
-                    return model->index(row, 2);
-                }
-            }
-            return QModelIndex();
-        };
-        WAIT_VERIFY(nameOf("0A").isValid());
-        QTest::mouseClick(overview->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          overview->visualRect(nameOf("0A")).center());
-        WAIT_VERIFY(isMarked(nameOf("0A")));
-        QVERIFY(isMarked(details->model()->index(1, 1)));
-        QVERIFY(!isMarked(nameOf("03")));
-
-        // A new scan makes new rows; what an LDB tells now counts.
-        button("reloadDevicesButton")->click();
-        WAIT_VERIFY(!nameOf("0A").isValid());
-        WAIT_VERIFY(isMarked(nameOf("0A")));
-        m_window->findChild<QCheckBox*>("settingsAudioMuteCheckBox")->click();
-        button("settingsSaveButton")->click();
-        WAIT_VERIFY(!isMarked(nameOf("0A")));
-        QVERIFY(!isMarked(details->model()->index(1, 1)));
-
-        // A mute that nobody has stored does not outlive the LDB's reset.
-        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
-        m_window->findChild<QCheckBox*>("settingsAudioMuteCheckBox")->click();
-        button("settingsSaveButton")->click();
-        WAIT_VERIFY(isMarked(nameOf("0A")));
-        button("ldbResetButton")->click();
-        m_bus->change("0A", kMute, "00");
-        WAIT_VERIFY(!isMarked(nameOf("0A")));
     }
 
 private:
