@@ -106,12 +106,23 @@ void LdbSettingsEditor::requestSettings()
     }
     m_isUnanswered = false;
     refresh();
-    m_link->ask(
-        std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
-        [this, hexId = m_hexId](const Reply& reply) { processLdbSettings(hexId, reply.answer()); });
+    m_link->ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
+                [this, hexId = m_hexId, request = ++m_requests](const Reply& reply) {
+                    if (decodeLdbSettings(reply.answer(), hexId)) {
+                        m_answeredRequest = request;
+                    }
+                    processLdbSettings(hexId, reply.answer());
+                });
     m_link->ask(
         std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId), this,
         [this, hexId = m_hexId](const Reply& reply) { processFirmwareId(hexId, reply.answer()); });
+}
+
+void LdbSettingsEditor::requestFreshSettings()
+{
+    m_awaitedRequest = m_requests + 1;
+    requestSettings();
+    updateEnabled();
 }
 
 void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArray& answer)
@@ -315,7 +326,8 @@ void LdbSettingsEditor::updateEnabled()
     ui->settingsOpenDetectionDelayLabel->setEnabled(hasDelay);
     ui->settingsOpenDetectionDelaySpinBox->setEnabled(hasDelay);
     ui->settingsUndoButton->setEnabled(isIdle && m_allowed.singleActions);
-    ui->settingsSaveButton->setEnabled(isIdle && m_allowed.outsideService);
+    const bool isFresh = m_answeredRequest >= m_awaitedRequest;
+    ui->settingsSaveButton->setEnabled(isIdle && isFresh && m_allowed.outsideService);
     ui->settingsDefaultButton->setEnabled(isIdle && m_allowed.outsideService);
 }
 

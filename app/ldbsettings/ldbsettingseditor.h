@@ -38,6 +38,8 @@ public:
 
     /// Asks the selected LDB for its record and its firmware id.
     void requestSettings();
+    /// The same, because the LDB has other settings than those shown: Save waits for them.
+    void requestFreshSettings();
 
     /// The buttons also need a record, and no Save under way.
     void apply(const EnabledControls& controls);
@@ -98,6 +100,9 @@ private:
     std::unique_ptr<SettingsWriter> m_writer; ///< of the last Save
     LdbSettingsEdit m_edit;
     QString m_hexId;
+    int m_requests = 0;       ///< for its settings, so far
+    int m_awaitedRequest = 0; ///< the one whose answer Save waits for, and those after it
+    int m_answeredRequest = 0;
     bool m_isUnanswered = false; ///< the settings were asked for, and nothing came
     EnabledControls m_allowed;
 };
