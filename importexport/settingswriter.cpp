@@ -34,6 +34,18 @@ QByteArray encoded(LdbParameter parameter, const LdbSettings& settings)
     return {};
 }
 
+std::vector<LdbParameter> parametersWith(SettingsWriter::AudioMute audioMute)
+{
+    std::vector<LdbParameter> parameters;
+    for (const LdbParameter parameter : kWritableParameters) {
+        if (parameter != LdbParameter::AudioMute ||
+            audioMute == SettingsWriter::AudioMute::Written) {
+            parameters.push_back(parameter);
+        }
+    }
+    return parameters;
+}
+
 QString failureText(const SettingsOutcome::Failure& failure)
 {
     const QString name =
@@ -116,6 +128,13 @@ QString SettingsOutcome::text() const
 
 SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
                                AudioMute audioMute, ReadBack readBack, QObject* parent)
+    : SettingsWriter(link, hexId, settings, parametersWith(audioMute), readBack, parent)
+{
+}
+
+SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
+                               const std::vector<LdbParameter>& parameters, ReadBack readBack,
+                               QObject* parent)
     : QObject(parent)
     , m_link(link)
     , m_readBack(readBack)
@@ -124,7 +143,7 @@ SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const Ldb
     m_outcome.hexId = hexId;
     m_outcome.written = settings;
     for (const LdbParameter parameter : kWritableParameters) {
-        if (parameter != LdbParameter::AudioMute || audioMute == AudioMute::Written) {
+        if (std::find(parameters.begin(), parameters.end(), parameter) != parameters.end()) {
             m_outcome.parameters.push_back(parameter);
         }
     }

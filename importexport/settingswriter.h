@@ -68,6 +68,11 @@ public:
     SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
                    AudioMute audioMute, ReadBack readBack, QObject* parent = nullptr);
 
+    /// Writes these parameters alone, in their usual order whatever the order here.
+    SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
+                   const std::vector<LdbParameter>& parameters, ReadBack readBack,
+                   QObject* parent = nullptr);
+
     /// Hands the commands over; once.
     void start();
 
