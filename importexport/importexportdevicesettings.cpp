@@ -146,6 +146,9 @@ Text ImportExportDeviceSettings::stopText() const
         const auto list = [](const QStringList& ldbs) {
             return ldbs.isEmpty() ? tr("none") : ldbs.join(QStringLiteral(", "));
         };
+        if (done.isEmpty() && left.isEmpty()) {
+            return tr("Nothing was written.");
+        }
         QStringList lines{tr("Done: %1").arg(list(done)), tr("Not begun: %1").arg(list(left))};
         if (!failures().isEmpty()) {
             lines.append(failures());

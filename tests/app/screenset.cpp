@@ -213,7 +213,8 @@ QWidget* ScreenSet::openBox(const QString& name)
             QMessageBox::Critical,
             [] {
                 return portFailureText(
-                    {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"});
+                    {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"},
+                    {true, false, "dialout"});
             },
             nullptr));
     }
