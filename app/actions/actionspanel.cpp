@@ -47,8 +47,7 @@ BoxText question(LdbControl control, int known, int lost)
         break;
     }
     if (lost > 0) {
-        text.details += QLatin1Char('\n') +
-                        ActionsPanel::tr("%n of them do(es) not answer now.", nullptr, lost);
+        text.details += QLatin1Char('\n') + ActionsPanel::tr("Not answering now: %1.").arg(lost);
     }
     text.choices = QStringList{controlName(control), ActionsPanel::tr("Cancel")};
     return text;
@@ -56,21 +55,13 @@ BoxText question(LdbControl control, int known, int lost)
 
 QString sightText(const BroadcastSight& sight)
 {
-    const int all = sight.ldbs.size();
-    const int seen = sight.seen.size();
-    switch (sight.control) {
-    case LdbControl::FimReset:
-        return ActionsPanel::tr("%1 of %n LDB(s) was/were seen in a FIM reset.", nullptr, all)
-            .arg(seen);
-    case LdbControl::LdbReset:
-        return ActionsPanel::tr("%1 of %n LDB(s) has/have answered since the LDB reset.", nullptr,
-                                all)
-            .arg(seen);
-    case LdbControl::FactoryReset:
-    case LdbControl::ServiceMode:
-        break;
+    const char* text = QT_TRANSLATE_NOOP("ActionsPanel", "In service mode: %1 of %2 LDB's.");
+    if (sight.control == LdbControl::FimReset) {
+        text = QT_TRANSLATE_NOOP("ActionsPanel", "Seen in a FIM reset: %1 of %2 LDB's.");
+    } else if (sight.control == LdbControl::LdbReset) {
+        text = QT_TRANSLATE_NOOP("ActionsPanel", "Answered since the LDB reset: %1 of %2 LDB's.");
     }
-    return ActionsPanel::tr("%1 of %n LDB(s) is/are in service mode.", nullptr, all).arg(seen);
+    return ActionsPanel::tr(text).arg(sight.seen.size()).arg(sight.ldbs.size());
 }
 
 QString missingTitle(LdbControl control)

@@ -237,13 +237,12 @@ private slots:
         const Table<QByteArray, QByteArray, QString, QString, QString> row(
             "buttonName", "body", "question", "sent", "seen");
         row("FIM reset", "allFimResetButton", "FEFF73780000", "Reset the FIM's of all 3 LDB(s)?",
-            "Sent to all LDB's: FIM reset.", "3 of 3 LDB(s) was/were seen in a FIM reset.");
+            "Sent to all LDB's: FIM reset.", "Seen in a FIM reset: 3 of 3 LDB's.");
         row("LDB reset", "allLdbResetButton", "FEFF73780001", "Restart all 3 LDB(s)?",
-            "Sent to all LDB's: LDB reset.",
-            "3 of 3 LDB(s) has/have answered since the LDB reset.");
+            "Sent to all LDB's: LDB reset.", "Answered since the LDB reset: 3 of 3 LDB's.");
         row("service mode", "allServiceModeButton", "FEFF73780003",
             "Put all 3 LDB(s) into service mode?", "Sent to all LDB's: Service mode.",
-            "3 of 3 LDB(s) is/are in service mode.");
+            "In service mode: 3 of 3 LDB's.");
     }
 
     void actionsForAllAreAsked()
@@ -292,7 +291,7 @@ private slots:
         boxes().constFirst()->buttons().constFirst()->click();
         WAIT_VERIFY(boxes().isEmpty());
         WAIT_COMPARE(boxes().size(), 1);
-        QCOMPARE(boxes().constFirst()->text(), "2 of 3 LDB(s) is/are in service mode.");
+        QCOMPARE(boxes().constFirst()->text(), "In service mode: 2 of 3 LDB's.");
         QCOMPARE(boxes().constFirst()->informativeText(), "Not in it: 0A (Quiescent)");
     }
 
