@@ -977,6 +977,14 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>Not written: %1</source>
         <translation>Non écrit&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>LDB&apos;s of the file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>

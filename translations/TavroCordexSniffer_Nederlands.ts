@@ -977,6 +977,14 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>Not written: %1</source>
         <translation>Niet geschreven: %1</translation>
     </message>
+    <message>
+        <source>LDB&apos;s of the file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>

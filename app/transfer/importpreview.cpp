@@ -78,6 +78,7 @@ ImportPreview::ImportPreview(const ImportPlan& plan, const QString& filePath, QW
     m_ldbs->setColumnCount(ColumnCount);
     m_ldbs->setRootIsDecorated(false);
     m_ldbs->setWordWrap(true);
+    m_ldbs->setAlternatingRowColors(true);
     m_ldbs->setSelectionMode(QAbstractItemView::NoSelection);
     m_problems->setWordWrap(true);
     m_problems->setMaximumHeight(kProblemLines * fontMetrics().lineSpacing());
@@ -158,9 +159,15 @@ void ImportPreview::showLdbs()
     m_ldbs->setHeaderLabels(
         {tr("LDB"), tr("Name in the LDB"), tr("Name in the file"), tr("What changes")});
     m_ldbs->clear();
-    for (const ImportPlan::Entry& entry : m_plan.entries) {
-        m_ldbs->addTopLevelItem(makeRow(entry));
+    // What is about to change is not to be searched for between what is not.
+    for (const bool isSame : {false, true}) {
+        for (const ImportPlan::Entry& entry : m_plan.entries) {
+            if (entry.comparison.isSame() == isSame) {
+                m_ldbs->addTopLevelItem(makeRow(entry));
+            }
+        }
     }
+    m_ldbs->setAccessibleName(tr("LDB's of the file"));
     for (int column = 0; column < ChangesColumn; ++column) {
         m_ldbs->resizeColumnToContents(column);
     }
@@ -172,6 +179,7 @@ void ImportPreview::showProblems()
     m_problemsTitle->setText(tr("Not written: %1").arg(m_plan.problems.size()));
     m_problemsTitle->setVisible(areThere);
     m_problems->setVisible(areThere);
+    m_problems->setAccessibleName(tr("What is not written, and why"));
     m_problems->clear();
     for (const Text& problem : m_plan.problems) {
         m_problems->addItem(problem());

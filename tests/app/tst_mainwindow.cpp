@@ -343,8 +343,8 @@ private slots:
         QCOMPARE(problems(), QStringList());
         auto* ldbs = preview()->findChild<QTreeWidget*>();
         QCOMPARE(ldbs->topLevelItemCount(), 3);
-        QCOMPARE(ldbs->topLevelItem(0)->text(ImportPreview::ChangesColumn), "nothing");
-        const QTreeWidgetItem* changed = ldbs->topLevelItem(1);
+        QCOMPARE(ldbs->topLevelItem(2)->text(ImportPreview::ChangesColumn), "nothing");
+        const QTreeWidgetItem* changed = ldbs->topLevelItem(0); // before all others
         QCOMPARE(changed->text(ImportPreview::LdbColumn), "0A (address 10)");
         QCOMPARE(changed->text(ImportPreview::PresentNameColumn), "LDB 0A");
         QCOMPARE(changed->text(ImportPreview::FileNameColumn), "LDB 0A");
