@@ -979,11 +979,11 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>LDB&apos;s of the file</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB du fichier</translation>
     </message>
     <message>
         <source>What is not written, and why</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
     </message>
 </context>
 <context>

@@ -979,11 +979,11 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>LDB&apos;s of the file</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB&apos;s van het bestand</translation>
     </message>
     <message>
         <source>What is not written, and why</source>
-        <translation type="unfinished"></translation>
+        <translation>Wat niet wordt geschreven, en waarom</translation>
     </message>
 </context>
 <context>
