@@ -111,6 +111,8 @@ private slots:
         const ExpectWarning warning("^Port ");
         button("ldbResetButton")->click();
         WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->informativeText(),
+                 "Port test bus is gone: the adapter was unplugged. Plug it in and start again.");
         QCOMPARE(m_window->statusBar()->currentMessage(), "LDB 03 did not answer: LDB reset.");
         QVERIFY(!button("startButton")->isChecked());
         QCOMPARE(label("countLabel"), kFailed);

@@ -321,6 +321,7 @@ private slots:
     {
         // What becomes of each of the other commands is told alike by the editor's tests.
         const Table<QByteArray, QByteArray, QString> row("request", "answer", "failure");
+        row("settings unanswered", "737201", kSilence, "its present settings could not be read");
         row("flags refused", "736314", kNak,
             "not written: fault output, detection and service mode switches (refused)");
         row("name answered with a status", "736302", TestBus::framed(TestBus::status()),
@@ -566,6 +567,8 @@ private slots:
 
         QVERIFY(operation.runImport(line("1", "A") + line("2", "B")));
         QCOMPARE(operation.statuses.constLast(), Status::ImportFailedNotAllConnected);
+        QCOMPARE(operation.job->failures(),
+                 QStringList("Line 2: ID 2 (read as 2 hexadecimal, address 2): this LDB is lost"));
         QCOMPARE(operation.bus.writes(), writesOf("01", "A"));
 
         operation.statuses.clear();
