@@ -38,8 +38,10 @@ void checkRoundTrip(LdbSettings settings, const QString& firmware)
 
 void checkLine(const DeviceSettingsLine& line)
 {
-    require(line.address >= 0 && line.address <= kMaxAddress, "address in range");
-    require(line.hexId.size() == 2 && line.hexId.toInt(nullptr, 16) == line.address,
+    require(line.address >= -1 && line.address <= kMaxAddress, "address in range");
+    require(line.address < 0
+                ? line.hexId.isEmpty() && !line.settings
+                : line.hexId.size() == 2 && line.hexId.toInt(nullptr, 16) == line.address,
             "the id is the address");
     require(line.settings.has_value() == !line.error, "a line is good or says why not");
     if (line.settings) {
@@ -50,11 +52,11 @@ void checkLine(const DeviceSettingsLine& line)
     }
 }
 
-void checkFile(const QByteArray& content)
+void checkFile(const QByteArray& content, IdReading reading)
 {
     QSet<int> accepted;
     int previous = 0;
-    for (const DeviceSettingsLine& line : DeviceSettingsFile::read(content)) {
+    for (const DeviceSettingsLine& line : DeviceSettingsFile::read(content, reading)) {
         require(line.number > previous, "lines stand in order");
         previous = line.number;
         checkLine(line);
@@ -72,7 +74,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray content = inputBytes(data, size);
     for (const char* encoding : kLocalEncodings) {
         QTextCodec::setCodecForLocale(QTextCodec::codecForName(encoding));
-        checkFile(content);
+        checkFile(content, IdReading::Hexadecimal);
+        checkFile(content, IdReading::Decimal);
     }
     return 0;
 }

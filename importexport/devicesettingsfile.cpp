@@ -13,8 +13,8 @@ using namespace settingscsv;
 
 namespace {
 
-constexpr int kIdBase = 16;
 constexpr uint kIdLimit = 256;
+constexpr int kShownIdLength = 20;
 
 /// `fields` with the surplus ones joined to the name again, which may hold separators of its own.
 QStringList withWholeName(QStringList fields)
@@ -63,6 +63,24 @@ std::optional<quint16> readWord(const QString& field)
     return static_cast<quint16>(number);
 }
 
+/// Of the title or of the column titles, in whatever language: all call this column so.
+bool isHeading(const QString& id)
+{
+    return id.startsWith(title()) || id.compare(columnTitle(IdColumn), Qt::CaseInsensitive) == 0 ||
+           id.compare(QLatin1String("ID"), Qt::CaseInsensitive) == 0;
+}
+
+/// What can stand in a sentence, also of a file that is no text.
+QString shown(QString id)
+{
+    for (QChar& character : id) {
+        if (!character.isPrint()) {
+            character = QLatin1Char('?');
+        }
+    }
+    return id.size() <= kShownIdLength ? id : id.left(kShownIdLength) + QStringLiteral("...");
+}
+
 QString decoded(const QByteArray& content)
 {
     const QTextCodec* codec = QTextCodec::codecForUtfText(content, QTextCodec::codecForLocale());
@@ -75,7 +93,8 @@ QString decoded(const QByteArray& content)
 
 } // namespace
 
-std::vector<DeviceSettingsLine> DeviceSettingsFile::read(const QByteArray& content)
+std::vector<DeviceSettingsLine> DeviceSettingsFile::read(const QByteArray& content,
+                                                         IdReading reading)
 {
     std::vector<DeviceSettingsLine> result;
     int number = 0;
@@ -85,7 +104,7 @@ std::vector<DeviceSettingsLine> DeviceSettingsFile::read(const QByteArray& conte
         if (line.endsWith(QLatin1Char('\r'))) {
             line.chop(1);
         }
-        if (auto read = readLine(line, number)) {
+        if (auto read = readLine(line, number, reading)) {
             result.push_back(*read);
         }
     }
@@ -93,17 +112,22 @@ std::vector<DeviceSettingsLine> DeviceSettingsFile::read(const QByteArray& conte
     return result;
 }
 
-std::optional<DeviceSettingsLine> DeviceSettingsFile::readLine(const QString& line, int number)
+std::optional<DeviceSettingsLine> DeviceSettingsFile::readLine(const QString& line, int number,
+                                                               IdReading reading)
 {
-    const QString id = line.section(QLatin1Char(kSeparator), IdColumn, IdColumn);
-    bool ok = false;
-    const uint address = id.toUInt(&ok, kIdBase);
-    if (!ok || address >= kIdLimit) {
+    const QString id = line.section(QLatin1Char(kSeparator), IdColumn, IdColumn).trimmed();
+    if (id.isEmpty() || isHeading(id)) {
         return std::nullopt;
     }
     DeviceSettingsLine result;
     result.number = number;
-    result.idText = id.trimmed();
+    result.idText = shown(id);
+    bool ok = false;
+    const uint address = id.toUInt(&ok, reading == IdReading::Hexadecimal ? 16 : 10);
+    if (!ok || address >= kIdLimit) {
+        result.error = say(QT_TR_NOOP("The ID is no address"));
+        return result;
+    }
     result.address = static_cast<int>(address);
     result.hexId = busaddress::toHexId(result.address);
     readSettings(line, result);
@@ -219,7 +243,7 @@ void DeviceSettingsFile::rejectRepeatedIds(std::vector<DeviceSettingsLine>& line
         ++counts[line.hexId];
     }
     for (DeviceSettingsLine& line : lines) {
-        if (counts.value(line.hexId) > 1) {
+        if (!line.hexId.isEmpty() && counts.value(line.hexId) > 1) {
             line.settings.reset();
             line.error = say(QT_TR_NOOP("The ID has more than one line"));
         }

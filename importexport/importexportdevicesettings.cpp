@@ -53,7 +53,13 @@ void ImportExportDeviceSettings::exportDeviceSettings(const QString& exportFileP
 
 void ImportExportDeviceSettings::importDeviceSettings(const QString& importFilePath)
 {
-    begin(std::make_unique<SettingsImport>(m_link), importFilePath, ImportStarted, ImportFailed);
+    auto transfer = std::make_unique<SettingsImport>(m_link);
+    SettingsImport* import = transfer.get();
+    connect(import, &LdbTransfer::planned, this, [this, import] {
+        m_import = import;
+        emit importPlanned();
+    });
+    begin(std::move(transfer), importFilePath, ImportStarted, ImportFailed);
 }
 
 void ImportExportDeviceSettings::begin(std::unique_ptr<LdbTransfer> transfer,
@@ -67,29 +73,88 @@ void ImportExportDeviceSettings::begin(std::unique_ptr<LdbTransfer> transfer,
     connect(m_transfer.get(), &LdbTransfer::progressChanged, this,
             &ImportExportDeviceSettings::progressChanged);
     connect(m_transfer.get(), &LdbTransfer::finished, this, &ImportExportDeviceSettings::end);
+    connect(m_transfer.get(), &LdbTransfer::stopped, this, &ImportExportDeviceSettings::endStopped);
     emit statusChanged(started);
     if (m_transfer && !m_transfer->begin(filePath)) {
         end(failed);
     }
 }
 
+const ImportPlan& ImportExportDeviceSettings::plan() const
+{
+    Q_ASSERT(m_import != nullptr);
+    return m_import->plan();
+}
+
+void ImportExportDeviceSettings::planWith(IdReading reading)
+{
+    if (m_import != nullptr) {
+        m_import->planWith(reading);
+    }
+}
+
+void ImportExportDeviceSettings::write()
+{
+    if (m_import != nullptr) {
+        m_import->write();
+    }
+}
+
+void ImportExportDeviceSettings::stop()
+{
+    if (m_transfer) {
+        m_transfer->stop();
+    }
+}
+
 void ImportExportDeviceSettings::cancel()
 {
+    m_import = nullptr;
     m_transfer.reset();
+}
+
+void ImportExportDeviceSettings::takeResults()
+{
+    m_failures = m_transfer->failures();
+    m_touched = m_transfer->touchedLdbs();
+    m_doneLdbs = m_transfer->doneLdbs();
+    m_leftLdbs = m_transfer->leftLdbs();
+    if (m_transfer->ldbCount() > 0) {
+        m_done = [done = m_doneLdbs.size(), all = m_transfer->ldbCount()] {
+            return tr("Done: %1 of %n LDB(s)", nullptr, all).arg(done);
+        };
+    }
+    // It may be the sender of the signal that led here, and can stand it.
+    cancel();
 }
 
 void ImportExportDeviceSettings::end(ImportExportStatus status)
 {
-    m_failures = m_transfer->failures();
-    m_touched = m_transfer->touchedLdbs();
-    if (m_transfer->ldbCount() > 0) {
-        m_done = [done = m_transfer->doneCount(), all = m_transfer->ldbCount()] {
-            return tr("Done: %1 of %n LDB(s)", nullptr, all).arg(done);
-        };
-    }
-    // The transfer is over; it may be the sender of the signal that led here, and can stand it.
-    cancel();
+    takeResults();
     emit statusChanged(status);
+}
+
+void ImportExportDeviceSettings::endStopped()
+{
+    takeResults();
+    emit stopped();
+}
+
+Text ImportExportDeviceSettings::stopText() const
+{
+    return [done = m_doneLdbs, left = m_leftLdbs, failures = failureText()] {
+        const auto list = [](const QStringList& ldbs) {
+            return ldbs.isEmpty() ? tr("none") : ldbs.join(QStringLiteral(", "));
+        };
+        if (done.isEmpty() && left.isEmpty()) {
+            return tr("Nothing was written.");
+        }
+        QStringList lines{tr("Done: %1").arg(list(done)), tr("Not begun: %1").arg(list(left))};
+        if (!failures().isEmpty()) {
+            lines.append(failures());
+        }
+        return lines.join(QLatin1Char('\n'));
+    };
 }
 
 QStringList ImportExportDeviceSettings::failures() const

@@ -11,10 +11,14 @@
 
 class LdbTransfer;
 class SerialLink;
+class SettingsImport;
+enum class IdReading;
+struct ImportPlan;
 
 /// Saves the settings of every connected LDB into one file, or writes such a file back into the
 /// LDBs. One object a transfer; destroying it ends the transfer, and nothing more is told. A
-/// transfer that is not cancelled ends with exactly one status. GUI thread only.
+/// transfer that is neither cancelled nor stopped ends with exactly one status. An import reads the
+/// LDBs first and writes only what differs, and nothing before `write()`. GUI thread only.
 class ImportExportDeviceSettings : public QObject
 {
     Q_OBJECT
@@ -42,6 +46,10 @@ public:
     /// The same as a text for a message box: what was done, the first failures, and how many more
     /// there are. Outlives this object.
     Text failureText() const;
+    /// After a stop: which LDBs are done, which are not, and the failures.
+    Text stopText() const;
+    /// What the import would do; valid from `importPlanned()` to the end.
+    const ImportPlan& plan() const;
     /// The LDBs to which an import has sent something.
     QStringList touchedLdbs() const { return m_touched; }
 
@@ -54,26 +62,45 @@ public slots:
     void importDeviceSettings(const QString& importFilePath);
     void importDeviceSettings();
 
+    /// Plans the import anew, with the file's IDs read so. Only between `importPlanned()` and
+    /// `write()`.
+    void planWith(IdReading reading);
+    /// Writes what is planned, once.
+    void write();
+
+    /// Ends the transfer behind the LDB under way: `stopped()` comes in place of a status, perhaps
+    /// before this returns.
+    void stop();
     /// Ends the transfer: no further LDB is asked or written, and no status comes any more.
     void cancel();
 
 signals:
     void statusChanged(ImportExportDeviceSettings::ImportExportStatus status);
-    /// Commands still to be answered, and all of them.
+    /// Commands still to be answered, and all of them; an import that reads counts its LDBs.
     void progressChanged(int left, int total);
+    /// The LDBs of an import are read: it waits for `write()`.
+    void importPlanned();
+    /// The end after `stop()`.
+    void stopped();
 
 private:
     QString defaultFilePath() const;
     void begin(std::unique_ptr<LdbTransfer> transfer, const QString& filePath,
                ImportExportStatus started, ImportExportStatus failed);
     void end(ImportExportStatus status);
+    void endStopped();
+    /// Keeps what is told of the transfer, which is over, and lets go of it.
+    void takeResults();
 
     SerialLink* m_link;
     QString m_defaultDirectory;
     std::unique_ptr<LdbTransfer> m_transfer;
+    SettingsImport* m_import = nullptr; ///< the same, where it is one
     std::vector<Text> m_failures;
     Text m_done; ///< what was done, where it was not all
     QStringList m_touched;
+    QStringList m_doneLdbs;
+    QStringList m_leftLdbs;
 };
 
 Q_DECLARE_METATYPE(ImportExportDeviceSettings::ImportExportStatus)

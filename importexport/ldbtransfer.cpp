@@ -8,6 +8,21 @@ LdbTransfer::LdbTransfer(SerialLink* link)
     connect(link, &SerialLink::stopped, this, [this] { m_linkEnded = true; });
 }
 
+void LdbTransfer::stop()
+{
+    m_isStopping = true;
+    proceed();
+}
+
+void LdbTransfer::end(Status status)
+{
+    if (m_isStopping) {
+        emit stopped();
+    } else {
+        emit finished(status);
+    }
+}
+
 void LdbTransfer::expectReplies(int commands)
 {
     m_commands = m_repliesLeft = commands;

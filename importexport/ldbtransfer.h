@@ -20,21 +20,37 @@ public:
     /// comes.
     virtual bool begin(const QString& filePath) = 0;
 
+    /// Begins no further LDB. `stopped()` comes, and not `finished()`, as soon as none is under
+    /// way: perhaps before this returns.
+    void stop();
+
     /// What went wrong so far, a sentence each, naming the line or the LDB.
     const std::vector<Text>& failures() const { return m_failures; }
     /// How many LDBs were done completely, of how many.
-    int doneCount() const { return m_doneCount; }
+    int doneCount() const { return m_done.size(); }
     int ldbCount() const { return m_ldbCount; }
     /// The LDBs to which settings were sent.
     const QStringList& touchedLdbs() const { return m_touched; }
+    /// The LDBs done completely, and those not begun.
+    const QStringList& doneLdbs() const { return m_done; }
+    virtual QStringList leftLdbs() const = 0;
 
 signals:
     /// Commands still to be answered, and all of them.
     void progressChanged(int left, int total);
     /// The end, once: every LDB asked, or the link gone.
     void finished(ImportExportDeviceSettings::ImportExportStatus status);
+    /// The end, in its place, after `stop()`.
+    void stopped();
+    /// Nothing has been written yet: the transfer waits for a yes to what it would do.
+    void planned();
 
 protected:
+    /// Goes on where an LDB could be begun, and tells the end when all are done, or stopped.
+    virtual void proceed() = 0;
+    /// Tells the end.
+    void end(Status status);
+
     /// Sets out with so many commands.
     void expectReplies(int commands);
     void tellProgress();
@@ -45,8 +61,9 @@ protected:
     SerialLink* m_link;
     bool m_linkEnded = false; ///< what begins after it is another run, perhaps on another bus
     int m_repliesLeft = 0;
-    int m_doneCount = 0;
+    bool m_isStopping = false;
     int m_ldbCount = 0;
+    QStringList m_done;
     QStringList m_touched;
     std::vector<Text> m_failures;
 

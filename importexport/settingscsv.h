@@ -30,6 +30,9 @@ enum Column : int
 /// The title of a column in the language in force.
 QString columnTitle(Column column);
 
+/// What every file begins with, in all languages.
+QString title();
+
 /// What stands above the first LDB.
 QString fileHead();
 

@@ -30,7 +30,7 @@ bool SettingsExport::begin(const QString& filePath)
         m_entries.push_back({hexId, kCommandsAnLdb, std::nullopt, QString()});
     }
     m_ldbCount = ldbs.size();
-    QMetaObject::invokeMethod(this, &SettingsExport::askNext, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &SettingsExport::proceed, Qt::QueuedConnection);
     expectReplies(kCommandsAnLdb * m_ldbCount);
     return true;
 }
@@ -47,6 +47,15 @@ bool SettingsExport::openFile(const QString& filePath)
     return !m_writeFailed;
 }
 
+QStringList SettingsExport::leftLdbs() const
+{
+    QStringList left;
+    for (std::size_t index = m_nextToAsk; index < m_entries.size(); ++index) {
+        left.append(m_entries[index].hexId);
+    }
+    return left;
+}
+
 void SettingsExport::flushFile()
 {
     m_stream.flush();
@@ -56,10 +65,10 @@ void SettingsExport::flushFile()
     }
 }
 
-/// Keeps some LDBs' commands at the processor: other users of the bus get their turn between them.
-void SettingsExport::askNext()
+void SettingsExport::proceed()
 {
-    while (m_nextToAsk < m_entries.size() && m_nextToAsk - m_nextToWrite < kLdbsAhead) {
+    while (!m_isStopping && m_nextToAsk < m_entries.size() &&
+           m_nextToAsk - m_nextToWrite < kLdbsAhead) {
         const std::size_t index = m_nextToAsk++;
         Entry& entry = m_entries[index];
         if (m_linkEnded || !m_link->isConnected(entry.hexId)) {
@@ -77,9 +86,10 @@ void SettingsExport::askNext()
                 asked.firmwareId = decodeFirmwareId(answer).value_or(QString());
             });
     }
-    if (m_nextToWrite == m_entries.size()) {
+    const std::size_t last = m_isStopping ? m_nextToAsk : m_entries.size();
+    if (m_nextToWrite == last && !std::exchange(m_hasEnded, true)) {
         m_file.close();
-        emit finished(m_failures.empty() ? Status::ExportFinished : Status::ExportFailed);
+        end(m_failures.empty() ? Status::ExportFinished : Status::ExportFailed);
     }
 }
 
@@ -97,7 +107,7 @@ void SettingsExport::ask(std::size_t index, std::unique_ptr<ISerialCommand> comm
         const QPointer<SettingsExport> alive(this);
         tellProgress();
         if (alive) {
-            askNext();
+            proceed();
         }
     });
 }
@@ -128,5 +138,5 @@ void SettingsExport::writeEntry(const Entry& entry)
     }
     m_stream << line;
     flushFile();
-    ++m_doneCount;
+    m_done.append(entry.hexId);
 }

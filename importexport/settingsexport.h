@@ -22,6 +22,12 @@ public:
 
     /// The file's former content goes.
     bool begin(const QString& filePath) override;
+    QStringList leftLdbs() const override;
+
+protected:
+    /// Keeps some LDBs' commands at the processor: other users of the bus get their turn between
+    /// them.
+    void proceed() override;
 
 private:
     struct Entry
@@ -34,7 +40,6 @@ private:
     };
 
     bool openFile(const QString& filePath);
-    void askNext();
     void ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
              void (*take)(Entry& entry, const QByteArray& answer));
     void writeEntriesInTurn();
@@ -47,4 +52,5 @@ private:
     std::size_t m_nextToAsk = 0;
     std::size_t m_nextToWrite = 0;
     bool m_writeFailed = false;
+    bool m_hasEnded = false;
 };

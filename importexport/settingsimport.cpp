@@ -1,20 +1,34 @@
 #include "importexport/settingsimport.h"
 
+#include "importexport/settingsreader.h"
 #include "importexport/settingswriter.h"
 #include "serial/link/seriallink.h"
 
 #include <QFile>
+#include <QPointer>
 
 namespace {
 
-// One LDB is written while the next one's commands wait.
-constexpr int kLdbsAhead = 2;
-constexpr int kCommandsAnLdb = 5;
+// One LDB is written while the next one is read.
+constexpr std::size_t kLdbsAhead = 1;
 
 // A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
 constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
 
+/// To read it again, to write what differs, and to store that.
+int commandsFor(const ImportPlan::Entry& entry)
+{
+    return 2 + static_cast<int>(entry.comparison.parameters().size());
+}
+
 } // namespace
+
+SettingsImport::SettingsImport(SerialLink* link)
+    : LdbTransfer(link)
+{
+}
+
+SettingsImport::~SettingsImport() = default;
 
 bool SettingsImport::begin(const QString& filePath)
 {
@@ -22,12 +36,22 @@ bool SettingsImport::begin(const QString& filePath)
         fail(QT_TR_NOOP("No LDB's are connected."));
         return false;
     }
-    m_withoutLine = m_link->connectedLdbs();
     if (!readFile(filePath)) {
         return false;
     }
-    QMetaObject::invokeMethod(this, &SettingsImport::writeNext, Qt::QueuedConnection);
-    expectReplies(kCommandsAnLdb * static_cast<int>(m_lines.size()));
+    m_bus.known = m_link->knownLdbs();
+    m_bus.connected = m_link->connectedLdbs();
+    m_reader = std::make_unique<SettingsReader>(m_link, m_bus.connected);
+    connect(m_reader.get(), &SettingsReader::progressChanged, this,
+            &SettingsImport::progressChanged);
+    connect(m_reader.get(), &SettingsReader::finished, this, &SettingsImport::processRead);
+    connect(m_link, &SerialLink::stopped, this, [this] {
+        // What is planned for one run is not written in another.
+        if (m_phase == Phase::Planned) {
+            write();
+        }
+    });
+    m_reader->start();
     return true;
 }
 
@@ -38,112 +62,204 @@ bool SettingsImport::readFile(const QString& filePath)
         fail(QT_TR_NOOP("The file cannot be opened: %1"), file.errorString());
         return false;
     }
-    const QByteArray content = file.read(kMaxFileSize + 1);
+    m_content = file.read(kMaxFileSize + 1);
     if (file.error() != QFileDevice::NoError) {
         fail(QT_TR_NOOP("The file cannot be read: %1"), file.errorString());
         return false;
     }
-    if (content.size() > kMaxFileSize) {
+    if (m_content.size() > kMaxFileSize) {
         fail(QT_TR_NOOP("The file is too long for a settings file."));
         return false;
-    }
-    const std::vector<DeviceSettingsLine> lines = DeviceSettingsFile::read(content);
-    m_ldbCount = static_cast<int>(lines.size());
-    for (const DeviceSettingsLine& line : lines) {
-        takeLine(line);
-    }
-    for (const DeviceSettingsLine& line : lines) {
-        m_withoutLine.removeAll(line.hexId);
-    }
-    for (const QString& hexId : qAsConst(m_withoutLine)) {
-        failLdb(hexId, QT_TR_NOOP("no line in the file"));
     }
     return true;
 }
 
-void SettingsImport::takeLine(const DeviceSettingsLine& line)
+void SettingsImport::processRead()
 {
-    if (!m_link->isConnected(line.hexId)) {
-        m_someNotConnected = true;
-        failUnwritten(line, QT_TR_NOOP("no LDB with this address is connected"));
-    } else if (!line.settings) {
-        failLine(line, line.error);
+    m_bus.settings = m_reader->records();
+    m_phase = Phase::Planned;
+    planWith(IdReading::Hexadecimal);
+    if (m_linkEnded) {
+        write(); // which tells of each line that it was not written
     } else {
-        m_lines.push_back(line);
+        emit planned();
+    }
+}
+
+void SettingsImport::planWith(IdReading reading)
+{
+    if (m_phase == Phase::Planned) {
+        m_plan = ImportPlan::make(m_content, reading, m_bus);
+        m_ldbCount = m_plan.lineCount;
+    }
+}
+
+void SettingsImport::write()
+{
+    if (m_phase != Phase::Planned) {
+        return;
+    }
+    m_phase = Phase::Writing;
+    m_failures = m_plan.problems;
+    m_someFailed = m_plan.hasWrongLines;
+    int commands = 0;
+    for (const ImportPlan::Entry& entry : m_plan.entries) {
+        if (entry.comparison.isSame()) {
+            m_done.append(entry.line.hexId);
+        } else {
+            m_toWrite.push_back(entry);
+            commands += commandsFor(entry);
+        }
+    }
+    // The receiver of the plan may be about to close what it has asked with.
+    QMetaObject::invokeMethod(this, &SettingsImport::proceed, Qt::QueuedConnection);
+    expectReplies(commands);
+}
+
+QStringList SettingsImport::leftLdbs() const
+{
+    QStringList left;
+    for (std::size_t index = m_nextToWrite; index < m_toWrite.size(); ++index) {
+        left.append(m_toWrite[index].line.hexId);
+    }
+    return left;
+}
+
+void SettingsImport::proceed()
+{
+    if (m_phase == Phase::Writing) {
+        checkNext();
+        writeNext();
+    } else if (m_isStopping) {
+        m_reader.reset();
+        endWith(Status::ImportFailed);
+    }
+}
+
+void SettingsImport::checkNext()
+{
+    while (m_linkEnded && m_nextToCheck < m_toWrite.size()) {
+        failUnsent(m_toWrite[m_nextToCheck++], 0);
+        m_isFresh.push_back(false);
+    }
+    if (m_isStopping || m_isChecking || m_nextToCheck == m_toWrite.size() ||
+        m_nextToCheck >= m_nextToWrite + kLdbsAhead) {
+        return;
+    }
+    m_isChecking = true;
+    const ImportPlan::Entry& entry = m_toWrite[m_nextToCheck];
+    m_link->ask(std::make_unique<RequestCommand>(entry.line.hexId, LdbParameter::Settings), this,
+                [this, &entry](const Reply& reply) { processCheck(entry, reply); });
+}
+
+void SettingsImport::processCheck(const ImportPlan::Entry& entry, const Reply& reply)
+{
+    m_isChecking = false;
+    if (reply.kind() == Reply::Kind::Unsent) {
+        m_linkEnded = true;
+    } else {
+        ++m_nextToCheck;
+        const auto record = decodeLdbSettings(reply.answer(), entry.line.hexId);
+        m_isFresh.push_back(record && differingFields(*record, entry.comparison.present).empty());
+        --m_repliesLeft;
+        if (!m_isFresh.back()) {
+            m_repliesLeft -= commandsFor(entry) - 1;
+            failEntry(entry, record ? QT_TR_NOOP("its settings have changed since they were shown")
+                             : m_link->isConnected(entry.line.hexId)
+                                 ? QT_TR_NOOP("its present settings could not be read")
+                                 : QT_TR_NOOP("no LDB with this address is connected"));
+        }
+    }
+    const QPointer<SettingsImport> alive(this);
+    tellProgress();
+    if (alive) {
+        proceed();
     }
 }
 
 void SettingsImport::writeNext()
 {
-    while (m_writing < kLdbsAhead && m_nextToWrite < m_lines.size()) {
-        const DeviceSettingsLine& line = m_lines[m_nextToWrite++];
-        if (!m_linkEnded && m_link->isConnected(line.hexId)) {
-            processImportDeviceSettings(line);
-            continue;
+    if (m_writer || m_phase != Phase::Writing) {
+        return;
+    }
+    while (!m_isStopping && m_nextToWrite < m_nextToCheck &&
+           (m_linkEnded || !m_isFresh[m_nextToWrite])) {
+        if (m_isFresh[m_nextToWrite]) {
+            failUnsent(m_toWrite[m_nextToWrite], 1);
         }
-        m_repliesLeft -= kCommandsAnLdb;
-        failUnwritten(line, m_linkEnded ? QT_TR_NOOP("the connection ended before it was written")
-                                        : QT_TR_NOOP("no LDB with this address is connected"));
+        ++m_nextToWrite; // and what is not as the plan said has been told
+        checkNext();
     }
-    if (m_writing == 0) {
-        emit finished(status());
+    if (m_isStopping || m_nextToWrite == m_toWrite.size()) {
+        endWith(status());
+        return;
     }
-}
-
-void SettingsImport::processImportDeviceSettings(const DeviceSettingsLine& line)
-{
-    auto* writer =
-        new SettingsWriter(m_link, line.hexId, *line.settings, SettingsWriter::AudioMute::LeftAlone,
-                           SettingsWriter::ReadBack::WhenSilent, this);
-    connect(writer, &SettingsWriter::replied, this, [this] {
+    if (m_nextToWrite == m_nextToCheck) {
+        return;
+    }
+    const ImportPlan::Entry& entry = m_toWrite[m_nextToWrite++];
+    m_writer = std::make_unique<SettingsWriter>(m_link, entry.line.hexId, entry.comparison.wanted,
+                                                entry.comparison.parameters(),
+                                                SettingsWriter::ReadBack::WhenSilent);
+    connect(m_writer.get(), &SettingsWriter::replied, this, [this] {
         --m_repliesLeft;
         tellProgress();
     });
-    connect(writer, &SettingsWriter::finished, this,
-            [this, line, writer] { processWritten(line, writer); });
-    ++m_writing;
-    writer->start();
+    connect(m_writer.get(), &SettingsWriter::finished, this,
+            [this, &entry] { processWritten(entry); });
+    m_writer->start();
+    checkNext();
 }
 
-void SettingsImport::processWritten(const DeviceSettingsLine& line, SettingsWriter* writer)
+void SettingsImport::processWritten(const ImportPlan::Entry& entry)
 {
-    const SettingsOutcome& outcome = writer->outcome();
+    const SettingsOutcome outcome = m_writer->outcome();
     if (!outcome.isUntouched()) {
-        m_touched.append(line.hexId);
+        m_touched.append(entry.line.hexId);
     }
     m_linkEnded = m_linkEnded || outcome.isCut();
     if (outcome.isGood()) {
-        ++m_doneCount;
+        m_done.append(entry.line.hexId);
     } else {
-        failLine(line, [outcome] { return outcome.text(); });
+        failEntry(entry, [outcome] { return outcome.text(); });
     }
-    writer->deleteLater();
-    --m_writing;
-    writeNext();
+    m_writer.release()->deleteLater(); // it is the sender
+    proceed();
+}
+
+void SettingsImport::endWith(Status status)
+{
+    if (m_phase != Phase::Ended) {
+        m_phase = Phase::Ended;
+        end(status);
+    }
 }
 
 LdbTransfer::Status SettingsImport::status() const
 {
-    if (m_someNotConnected) {
+    if (m_plan.hasUnconnected) {
         return Status::ImportFailedNotAllConnected;
     }
-    const bool nothingToDo = m_lines.empty() && m_withoutLine.isEmpty();
+    const bool nothingToDo = m_plan.entries.empty() && !m_plan.hasMissingLines;
     if (m_someFailed || nothingToDo) {
         return Status::ImportFailed;
     }
-    return m_withoutLine.isEmpty() ? Status::ImportFinished : Status::ImportFailedSettingsMissing;
+    return m_plan.hasMissingLines ? Status::ImportFailedSettingsMissing : Status::ImportFinished;
 }
 
-void SettingsImport::failLine(const DeviceSettingsLine& line, const Text& what)
+void SettingsImport::failUnsent(const ImportPlan::Entry& entry, int commandsSent)
+{
+    m_repliesLeft -= commandsFor(entry) - commandsSent;
+    failEntry(entry, QT_TR_NOOP("the connection ended before it was written"));
+}
+
+void SettingsImport::failEntry(const ImportPlan::Entry& entry, const Text& what)
 {
     m_someFailed = true;
-    m_failures.emplace_back([number = line.number, id = line.idText, address = line.address, what] {
-        return tr("Line %1: ID %2 (read as %2 hexadecimal, address %3): %4")
-            .arg(QString::number(number), id, QString::number(address), what());
-    });
+    m_failures.push_back(ImportPlan::lineText(entry.line, m_plan.reading, what));
 }
 
-void SettingsImport::failUnwritten(const DeviceSettingsLine& line, const char* what)
+void SettingsImport::failEntry(const ImportPlan::Entry& entry, const char* what)
 {
-    failLine(line, [what] { return tr(what); });
+    failEntry(entry, [what] { return tr(what); });
 }

@@ -2,6 +2,30 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_GB" sourcelanguage="en_GB">
 <context>
+    <name>ActionsPanel</name>
+    <message numerus="yes">
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
+        <translation>
+            <numerusform>Reset the FIM&apos;s of %n LDB?</numerusform>
+            <numerusform>Reset the FIM&apos;s of all %n LDB&apos;s?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Restart all %n LDB(s)?</source>
+        <translation>
+            <numerusform>Restart %n LDB?</numerusform>
+            <numerusform>Restart all %n LDB&apos;s?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Put all %n LDB(s) into service mode?</source>
+        <translation>
+            <numerusform>Put %n LDB into service mode?</numerusform>
+            <numerusform>Put all %n LDB&apos;s into service mode?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>DeviceSettingsFile</name>
     <message numerus="yes">
         <source>%n field(s) instead of %1</source>
@@ -42,6 +66,37 @@
         <translation>
             <numerusform>Done: %1 of %n LDB</numerusform>
             <numerusform>Done: %1 of %n LDBs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ImportPreview</name>
+    <message numerus="yes">
+        <source>%n field(s)</source>
+        <translation>
+            <numerusform>%n field</numerusform>
+            <numerusform>%n fields</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n change</numerusform>
+            <numerusform>%n changes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>Write %n LDB</numerusform>
+            <numerusform>Write %n LDB&apos;s</numerusform>
         </translation>
     </message>
 </context>

@@ -184,6 +184,83 @@ maintenance</translation>
         <source>LDB %1 accepted: %2.</source>
         <translation>LDB %1 a accepté&#xa0;: %2.</translation>
     </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
+        <translation>
+            <numerusform>Réinitialiser les FIM de %n LDB&#xa0;?</numerusform>
+            <numerusform>Réinitialiser les FIM des %n LDB&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The loops are without sound while their FIM&apos;s are reset. Remembered faults are forgotten.</source>
+        <translation>Les boucles sont sans son pendant la réinitialisation de leurs FIM. Les défauts mémorisés sont oubliés.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Restart all %n LDB(s)?</source>
+        <translation>
+            <numerusform>Redémarrer %n LDB&#xa0;?</numerusform>
+            <numerusform>Redémarrer les %n LDB&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All loops are without sound until their LDB&apos;s have booted and measured. Service mode ends.</source>
+        <translation>Toutes les boucles sont sans son jusqu&apos;à ce que leurs LDB aient démarré et mesuré. Le mode maintenance prend fin.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Put all %n LDB(s) into service mode?</source>
+        <translation>
+            <numerusform>Mettre %n LDB en mode maintenance&#xa0;?</numerusform>
+            <numerusform>Mettre les %n LDB en mode maintenance&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>None of them watches its loop any more, and loops may be without sound, until each LDB is reset. Faults are not reported.</source>
+        <translation>Aucun ne surveille plus sa boucle, et des boucles peuvent être sans son, jusqu&apos;à la réinitialisation de chaque LDB. Les défauts ne sont pas signalés.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Not seen in it: %1</source>
+        <translation>Pas vus dans cet état&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Not answered since: %1</source>
+        <translation>N&apos;ont pas répondu depuis&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Not in it: %1</source>
+        <translation>Ne sont pas dans ce mode&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The connection ended before all had been looked at.</source>
+        <translation>La connexion s&apos;est terminée avant que tous aient été examinés.</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>Not answering now: %1.</source>
+        <translation>Ne répondent pas actuellement&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>In service mode: %1 of %2 LDB&apos;s.</source>
+        <translation>En mode maintenance&#xa0;: %1 LDB sur %2.</translation>
+    </message>
+    <message>
+        <source>Seen in a FIM reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Vus en réinitialisation FIM&#xa0;: %1 LDB sur %2.</translation>
+    </message>
+    <message>
+        <source>Answered since the LDB reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Ont répondu depuis la réinitialisation LDB&#xa0;: %1 LDB sur %2.</translation>
+    </message>
 </context>
 <context>
     <name>DeviceDetailTable</name>
@@ -346,6 +423,10 @@ maintenance</translation>
     <message>
         <source>Firmware Id</source>
         <translation>ID du micrologiciel</translation>
+    </message>
+    <message>
+        <source>The ID is no address</source>
+        <translation>L&apos;ID n&apos;est pas une adresse</translation>
     </message>
 </context>
 <context>
@@ -837,6 +918,125 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
             <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
         </translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>aucun</translation>
+    </message>
+    <message>
+        <source>Nothing was written.</source>
+        <translation>Rien n&apos;a été écrit.</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Terminé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Non commencé&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ImportPreview</name>
+    <message>
+        <source>%1 (address %2)</source>
+        <translation>%1 (adresse %2)</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n field(s)</source>
+        <translation>
+            <numerusform>%n champ</numerusform>
+            <numerusform>%n champs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import Settings</source>
+        <translation>Importer les paramètres</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
+        <translation>Rien n&apos;a encore été écrit. De «&#xa0;%1&#xa0;»&#xa0;: %2 dans %3.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n modification</numerusform>
+            <numerusform>%n modifications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>Écrire %n LDB</numerusform>
+            <numerusform>Écrire %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>Les ID du fichier sont lus en décimal.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en hexadécimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en décimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Lire en hexadécimal</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Lire en décimal</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name in the LDB</source>
+        <translation>Nom dans le LDB</translation>
+    </message>
+    <message>
+        <source>Name in the file</source>
+        <translation>Nom dans le fichier</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Ce qui change</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Non écrit&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s of the file</source>
+        <translation>LDB du fichier</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
+    </message>
 </context>
 <context>
     <name>KeptLdbs</name>
@@ -1272,6 +1472,30 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
         <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 hexadécimal, adresse %3)&#xa0;: %4</translation>
     </message>
+    <message>
+        <source>this LDB is lost</source>
+        <translation>ce LDB est perdu</translation>
+    </message>
+    <message>
+        <source>no LDB can have this address</source>
+        <translation>aucun LDB ne peut avoir cette adresse</translation>
+    </message>
+    <message>
+        <source>its present settings could not be read</source>
+        <translation>ses paramètres actuels n&apos;ont pas pu être lus</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2: %3</source>
+        <translation>Ligne %1&#xa0;: ID %2&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 decimal, address %3): %4</source>
+        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 décimal, adresse %3)&#xa0;: %4</translation>
+    </message>
+    <message>
+        <source>its settings have changed since they were shown</source>
+        <translation>ses paramètres ont changé depuis leur affichage</translation>
+    </message>
 </context>
 <context>
     <name>LinkNotices</name>
@@ -1298,6 +1522,22 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Port %1: %2</source>
         <translation>Port %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Port %1: no reason is known.</source>
+        <translation>Port %1&#xa0;: aucune raison n&apos;est connue.</translation>
+    </message>
+    <message>
+        <source>There is no port %1. Plug the adapter in, or choose another port in the settings dialog.</source>
+        <translation>Il n&apos;y a pas de port %1. Branchez l&apos;adaptateur, ou choisissez un autre port dans la fenêtre des réglages.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in and start again.</source>
+        <translation>Le port %1 a disparu&#xa0;: l&apos;adaptateur a été débranché. Branchez-le et démarrez à nouveau.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
+        <translation>La connexion au port %1 a été rompue. Vérifiez l&apos;adaptateur et son câble, et démarrez à nouveau.</translation>
     </message>
 </context>
 <context>
@@ -1543,6 +1783,38 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Help</source>
         <translation>Aide</translation>
+    </message>
+    <message>
+        <source>End the export or import behind the LDB under way</source>
+        <translation>Terminer l&apos;exportation ou l&apos;importation après le LDB en cours</translation>
+    </message>
+    <message>
+        <source>Stop Export or Import</source>
+        <translation>Arrêter l&apos;export ou l&apos;import</translation>
+    </message>
+    <message>
+        <source>Settings are being saved. The LDB may be left with a part of them.</source>
+        <translation>Des paramètres sont en cours d&apos;enregistrement. Le LDB peut n&apos;en garder qu&apos;une partie.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way. The loop may be left without sound.</source>
+        <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>Close the program all the same?</source>
+        <translation>Fermer le programme malgré tout&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
     </message>
 </context>
 <context>
@@ -1829,6 +2101,34 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
         <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés&#xa0;!</translation>
+    </message>
+    <message>
+        <source>The transfer stops behind the LDB under way.</source>
+        <translation>Le transfert s&apos;arrête après le LDB en cours.</translation>
+    </message>
+    <message>
+        <source>Nothing was imported.</source>
+        <translation>Rien n&apos;a été importé.</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings was stopped.</source>
+        <translation>L&apos;importation des paramètres des LDB a été arrêtée.</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings was stopped.</source>
+        <translation>L&apos;exportation des paramètres des LDB a été arrêtée.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>An import is under way. The LDB being written may be left with a part of its settings.</source>
+        <translation>Une importation est en cours. Le LDB en cours d&apos;écriture peut ne recevoir qu&apos;une partie de ses paramètres.</translation>
+    </message>
+    <message>
+        <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
+        <translation>Une exportation est en cours. Les LDB qui n&apos;ont pas encore été lus manqueront dans le fichier.</translation>
     </message>
 </context>
 <context>

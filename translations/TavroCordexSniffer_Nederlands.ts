@@ -184,6 +184,83 @@ modus</translation>
         <source>LDB %1 accepted: %2.</source>
         <translation>LDB %1 heeft aanvaard: %2.</translation>
     </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
+        <translation>
+            <numerusform>De FIM&apos;s van %n LDB resetten?</numerusform>
+            <numerusform>De FIM&apos;s van alle %n LDB&apos;s resetten?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The loops are without sound while their FIM&apos;s are reset. Remembered faults are forgotten.</source>
+        <translation>De lussen zijn zonder geluid terwijl hun FIM&apos;s worden gereset. Onthouden fouten worden vergeten.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Restart all %n LDB(s)?</source>
+        <translation>
+            <numerusform>%n LDB opnieuw starten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s opnieuw starten?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All loops are without sound until their LDB&apos;s have booted and measured. Service mode ends.</source>
+        <translation>Alle lussen zijn zonder geluid tot hun LDB&apos;s zijn opgestart en hebben gemeten. De servicemodus eindigt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Put all %n LDB(s) into service mode?</source>
+        <translation>
+            <numerusform>%n LDB in servicemodus zetten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s in servicemodus zetten?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>None of them watches its loop any more, and loops may be without sound, until each LDB is reset. Faults are not reported.</source>
+        <translation>Geen ervan bewaakt haar lus nog, en lussen kunnen zonder geluid zijn, tot elke LDB is gereset. Fouten worden niet gemeld.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Not seen in it: %1</source>
+        <translation>Niet daarin gezien: %1</translation>
+    </message>
+    <message>
+        <source>Not answered since: %1</source>
+        <translation>Sindsdien niet geantwoord: %1</translation>
+    </message>
+    <message>
+        <source>Not in it: %1</source>
+        <translation>Niet daarin: %1</translation>
+    </message>
+    <message>
+        <source>The connection ended before all had been looked at.</source>
+        <translation>De verbinding eindigde voordat alle waren bekeken.</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Informatie</translation>
+    </message>
+    <message>
+        <source>Not answering now: %1.</source>
+        <translation>Antwoorden nu niet: %1.</translation>
+    </message>
+    <message>
+        <source>In service mode: %1 of %2 LDB&apos;s.</source>
+        <translation>In servicemodus: %1 van %2 LDB&apos;s.</translation>
+    </message>
+    <message>
+        <source>Seen in a FIM reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Gezien in een FIM-reset: %1 van %2 LDB&apos;s.</translation>
+    </message>
+    <message>
+        <source>Answered since the LDB reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Geantwoord sinds de LDB-reset: %1 van %2 LDB&apos;s.</translation>
+    </message>
 </context>
 <context>
     <name>DeviceDetailTable</name>
@@ -346,6 +423,10 @@ modus</translation>
     <message>
         <source>Firmware Id</source>
         <translation>Firmware-ID</translation>
+    </message>
+    <message>
+        <source>The ID is no address</source>
+        <translation>De ID is geen adres</translation>
     </message>
 </context>
 <context>
@@ -837,6 +918,125 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
             <numerusform>Klaar: %1 van %n LDB&apos;s</numerusform>
         </translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>geen</translation>
+    </message>
+    <message>
+        <source>Nothing was written.</source>
+        <translation>Er is niets geschreven.</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Klaar: %1</translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Niet begonnen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ImportPreview</name>
+    <message>
+        <source>%1 (address %2)</source>
+        <translation>%1 (adres %2)</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>niets</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n field(s)</source>
+        <translation>
+            <numerusform>%n veld</numerusform>
+            <numerusform>%n velden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Import Settings</source>
+        <translation>Instellingen importeren</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
+        <translation>Er is nog niets geschreven. Uit &quot;%1&quot;: %2 in %3.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n wijziging</numerusform>
+            <numerusform>%n wijzigingen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB schrijven</numerusform>
+            <numerusform>%n LDB&apos;s schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>De ID&apos;s van het bestand worden decimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>De ID&apos;s van het bestand worden hexadecimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Hexadecimaal lezen</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Decimaal lezen</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name in the LDB</source>
+        <translation>Naam in de LDB</translation>
+    </message>
+    <message>
+        <source>Name in the file</source>
+        <translation>Naam in het bestand</translation>
+    </message>
+    <message>
+        <source>What changes</source>
+        <translation>Wat verandert</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Niet geschreven: %1</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s of the file</source>
+        <translation>LDB&apos;s van het bestand</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Wat niet wordt geschreven, en waarom</translation>
+    </message>
 </context>
 <context>
     <name>KeptLdbs</name>
@@ -1272,6 +1472,30 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
         <translation>Regel %1: ID %2 (gelezen als %2 hexadecimaal, adres %3): %4</translation>
     </message>
+    <message>
+        <source>this LDB is lost</source>
+        <translation>deze LDB is verloren</translation>
+    </message>
+    <message>
+        <source>no LDB can have this address</source>
+        <translation>geen LDB kan dit adres hebben</translation>
+    </message>
+    <message>
+        <source>its present settings could not be read</source>
+        <translation>haar huidige instellingen konden niet worden gelezen</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2: %3</source>
+        <translation>Regel %1: ID %2: %3</translation>
+    </message>
+    <message>
+        <source>Line %1: ID %2 (read as %2 decimal, address %3): %4</source>
+        <translation>Regel %1: ID %2 (gelezen als %2 decimaal, adres %3): %4</translation>
+    </message>
+    <message>
+        <source>its settings have changed since they were shown</source>
+        <translation>haar instellingen zijn veranderd sinds ze werden getoond</translation>
+    </message>
 </context>
 <context>
     <name>LinkNotices</name>
@@ -1298,6 +1522,22 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Port %1: %2</source>
         <translation>Poort %1: %2</translation>
+    </message>
+    <message>
+        <source>Port %1: no reason is known.</source>
+        <translation>Poort %1: er is geen reden bekend.</translation>
+    </message>
+    <message>
+        <source>There is no port %1. Plug the adapter in, or choose another port in the settings dialog.</source>
+        <translation>Er is geen poort %1. Steek de adapter in, of kies een andere poort in het instellingenvenster.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in and start again.</source>
+        <translation>Poort %1 is weg: de adapter is losgekoppeld. Steek hem in en start opnieuw.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
+        <translation>De verbinding met poort %1 is verbroken. Controleer de adapter en zijn kabel, en start opnieuw.</translation>
     </message>
 </context>
 <context>
@@ -1543,6 +1783,38 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Help</source>
         <translation>Help</translation>
+    </message>
+    <message>
+        <source>End the export or import behind the LDB under way</source>
+        <translation>De export of import beëindigen na de LDB die bezig is</translation>
+    </message>
+    <message>
+        <source>Stop Export or Import</source>
+        <translation>Export of import stoppen</translation>
+    </message>
+    <message>
+        <source>Settings are being saved. The LDB may be left with a part of them.</source>
+        <translation>Instellingen worden opgeslagen. De LDB kan met een deel ervan achterblijven.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way. The loop may be left without sound.</source>
+        <translation>Er wordt naar fouten gezocht. De lus kan zonder geluid achterblijven.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>Close the program all the same?</source>
+        <translation>Het programma toch sluiten?</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Blijven</translation>
     </message>
 </context>
 <context>
@@ -1829,6 +2101,34 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
         <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
+    </message>
+    <message>
+        <source>The transfer stops behind the LDB under way.</source>
+        <translation>De overdracht stopt na de LDB die bezig is.</translation>
+    </message>
+    <message>
+        <source>Nothing was imported.</source>
+        <translation>Er is niets geïmporteerd.</translation>
+    </message>
+    <message>
+        <source>Importing LDB settings was stopped.</source>
+        <translation>Importeren van LDB-instellingen is gestopt.</translation>
+    </message>
+    <message>
+        <source>Exporting LDB settings was stopped.</source>
+        <translation>Exporteren van LDB-instellingen is gestopt.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>An import is under way. The LDB being written may be left with a part of its settings.</source>
+        <translation>Er is een import bezig. De LDB die wordt geschreven kan met een deel van haar instellingen achterblijven.</translation>
+    </message>
+    <message>
+        <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
+        <translation>Er is een export bezig. LDB&apos;s die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "app/actions/actionspanel.h"
 
+#include "app/actions/broadcastwatch.h"
 #include "app/notices/notices.h"
 #include "serial/link/seriallink.h"
 #include "ui_actionspanel.h"
@@ -20,6 +21,83 @@ QString controlName(LdbControl control)
     return ActionsPanel::tr(kNames[static_cast<int>(control)]);
 }
 
+// --- Actions for all ---
+
+BoxText question(LdbControl control, int known, int lost)
+{
+    BoxText text;
+    text.title = ActionsPanel::tr("Attention");
+    switch (control) {
+    case LdbControl::FimReset:
+        text.text = ActionsPanel::tr("Reset the FIM's of all %n LDB(s)?", nullptr, known);
+        text.details = ActionsPanel::tr("The loops are without sound while their FIM's are reset. "
+                                        "Remembered faults are forgotten.");
+        break;
+    case LdbControl::LdbReset:
+        text.text = ActionsPanel::tr("Restart all %n LDB(s)?", nullptr, known);
+        text.details = ActionsPanel::tr("All loops are without sound until their LDB's have booted "
+                                        "and measured. Service mode ends.");
+        break;
+    case LdbControl::FactoryReset:
+    case LdbControl::ServiceMode:
+        text.text = ActionsPanel::tr("Put all %n LDB(s) into service mode?", nullptr, known);
+        text.details =
+            ActionsPanel::tr("None of them watches its loop any more, and loops may be without "
+                             "sound, until each LDB is reset. Faults are not reported.");
+        break;
+    }
+    if (lost > 0) {
+        text.details += QLatin1Char('\n') + ActionsPanel::tr("Not answering now: %1.").arg(lost);
+    }
+    text.choices = QStringList{controlName(control), ActionsPanel::tr("Cancel")};
+    return text;
+}
+
+QString sightText(const BroadcastSight& sight)
+{
+    const char* text = QT_TRANSLATE_NOOP("ActionsPanel", "In service mode: %1 of %2 LDB's.");
+    if (sight.control == LdbControl::FimReset) {
+        text = QT_TRANSLATE_NOOP("ActionsPanel", "Seen in a FIM reset: %1 of %2 LDB's.");
+    } else if (sight.control == LdbControl::LdbReset) {
+        text = QT_TRANSLATE_NOOP("ActionsPanel", "Answered since the LDB reset: %1 of %2 LDB's.");
+    }
+    return ActionsPanel::tr(text).arg(sight.seen.size()).arg(sight.ldbs.size());
+}
+
+QString missingTitle(LdbControl control)
+{
+    switch (control) {
+    case LdbControl::FimReset:
+        return ActionsPanel::tr("Not seen in it: %1");
+    case LdbControl::LdbReset:
+        return ActionsPanel::tr("Not answered since: %1");
+    case LdbControl::FactoryReset:
+    case LdbControl::ServiceMode:
+        break;
+    }
+    return ActionsPanel::tr("Not in it: %1");
+}
+
+BoxText sightBox(const BroadcastSight& sight)
+{
+    QStringList missing;
+    for (const QString& hexId : sight.missing()) {
+        missing.append(
+            sight.states.contains(hexId)
+                ? QStringLiteral("%1 (%2)").arg(hexId, ldbStateText(sight.states.value(hexId)))
+                : hexId);
+    }
+    QStringList details;
+    if (!missing.isEmpty()) {
+        details.append(missingTitle(sight.control).arg(missing.join(QStringLiteral(", "))));
+    }
+    if (sight.isCut) {
+        details.append(ActionsPanel::tr("The connection ended before all had been looked at."));
+    }
+    return {missing.isEmpty() ? ActionsPanel::tr("Information") : ActionsPanel::tr("Attention"),
+            sightText(sight), details.join(QLatin1Char('\n'))};
+}
+
 QString outcomeForAll(const QString& action, Reply::Kind reply)
 {
     return (reply == Reply::Kind::Unsent
@@ -27,6 +105,8 @@ QString outcomeForAll(const QString& action, Reply::Kind reply)
                 : ActionsPanel::tr("Sent to all LDB's: %1."))
         .arg(action);
 }
+
+// --- Actions for one ---
 
 QString outcome(const QString& hexId, const QString& action, Reply::Kind reply)
 {
@@ -53,7 +133,7 @@ ActionsPanel::ActionsPanel(QWidget* parent)
     m_ui->setupUi(this);
     const auto let = [this](const QPushButton* button, LdbControl control, bool isForAll) {
         connect(button, &QPushButton::clicked, this, [this, control, isForAll] {
-            send(control, isForAll ? busaddress::kBroadcast : m_hexId);
+            isForAll ? askForAll(control) : send(control, m_hexId);
         });
     };
     let(m_ui->fimResetButton, LdbControl::FimReset, false);
@@ -70,6 +150,12 @@ void ActionsPanel::init(SerialLink* link, Notices* notices)
 {
     m_link = link;
     m_notices = notices;
+    connect(link, &SerialLink::stopped, this, [this] {
+        // A yes is meant for the bus that was there when it was asked for.
+        if (m_question) {
+            m_question->reject();
+        }
+    });
 }
 
 void ActionsPanel::apply(const EnabledControls& controls)
@@ -92,12 +178,52 @@ void ActionsPanel::send(LdbControl control, const QString& hexId)
     m_link->ask(std::make_unique<ExecuteCommand>(hexId, control), this,
                 [this, control, hexId](const Reply& reply) {
                     const auto text = [control, hexId, kind = reply.kind()] {
-                        const QString action = controlName(control);
-                        return hexId == busaddress::kBroadcast ? outcomeForAll(action, kind)
-                                                               : outcome(hexId, action, kind);
+                        return outcome(hexId, controlName(control), kind);
                     };
                     m_notices->say(text, kOutcomeMs);
                 });
+}
+
+void ActionsPanel::askForAll(LdbControl control)
+{
+    const int known = m_link->knownLdbs().size();
+    const int lost = known - m_link->connectedLdbs().size();
+    m_question = new MessageBox(
+        QMessageBox::Warning, [control, known, lost] { return question(control, known, lost); },
+        window());
+    m_question->setObjectName(QStringLiteral("allActionBox"));
+    connect(m_question, &QDialog::finished, this, [this, control, box = m_question.data()] {
+        if (box->choice() == 0) {
+            sendToAll(control);
+        }
+    });
+    m_question->open();
+}
+
+void ActionsPanel::sendToAll(LdbControl control)
+{
+    m_watch.reset(); // what it looks for is over
+    m_link->ask(std::make_unique<ExecuteCommand>(busaddress::kBroadcast, control), this,
+                [this, control](const Reply& reply) {
+                    m_notices->say(
+                        [control, kind = reply.kind()] {
+                            return outcomeForAll(controlName(control), kind);
+                        },
+                        kOutcomeMs);
+                    if (reply.kind() != Reply::Kind::Unsent) {
+                        m_watch = std::make_unique<BroadcastWatch>(m_link, control);
+                        connect(m_watch.get(), &BroadcastWatch::finished, this,
+                                &ActionsPanel::tellSight);
+                    }
+                });
+}
+
+void ActionsPanel::tellSight()
+{
+    const BroadcastSight sight = m_watch->sight();
+    m_watch.release()->deleteLater(); // it is the sender
+    m_notices->box(sight.missing().isEmpty() ? QMessageBox::Information : QMessageBox::Warning,
+                   [sight] { return sightBox(sight); });
 }
 
 void ActionsPanel::changeEvent(QEvent* event)

@@ -4,10 +4,13 @@
 #include "serial/ldb/ldbsettings.h"
 
 #include <QGroupBox>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
 
+class BroadcastWatch;
+class MessageBox;
 class Notices;
 class SerialLink;
 
@@ -16,7 +19,8 @@ class ActionsPanel;
 }
 
 /// The buttons of the actions for the selected LDB and for all. Sends the actions and tells what
-/// became of each. GUI thread.
+/// became of each. An action for all is sent after an explicit yes, and what was seen of it in the
+/// LDBs is told afterwards. GUI thread.
 class ActionsPanel : public QGroupBox
 {
     Q_OBJECT
@@ -34,11 +38,16 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// Does nothing without an LDB. The broadcast address is for all; none of them answers.
+    /// Does nothing without an LDB.
     void send(LdbControl control, const QString& hexId);
+    void askForAll(LdbControl control);
+    void sendToAll(LdbControl control);
+    void tellSight();
 
     std::unique_ptr<Ui::ActionsPanel> m_ui;
     SerialLink* m_link = nullptr;
     Notices* m_notices = nullptr;
     QString m_hexId;
+    QPointer<MessageBox> m_question;         ///< the one that is open
+    std::unique_ptr<BroadcastWatch> m_watch; ///< of the last action for all
 };

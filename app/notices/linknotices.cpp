@@ -8,6 +8,8 @@
 #include <QSerialPortInfo>
 #include <QStringList>
 
+#include <cerrno>
+
 namespace {
 
 #ifdef Q_OS_UNIX
@@ -19,31 +21,49 @@ QFileInfo deviceOf(const QString& portName)
 }
 #endif
 
-/// Whether the system lets the user use the port: it then refuses it while somebody else does.
-bool mayUsePort(const QString& portName)
+/// What the port said, unless that tells nothing.
+QString portSaid(const PortFailure& failure)
 {
-#ifdef Q_OS_UNIX
-    const QFileInfo device = deviceOf(portName);
-    return device.isReadable() && device.isWritable();
-#else
-    Q_UNUSED(portName)
-    return true;
-#endif
+    if (failure.error == QSerialPort::NoError) {
+        return failure.description; // of no port
+    }
+    const bool isEmpty =
+        failure.description.isEmpty() || failure.description == QLatin1String("Unknown error");
+    return isEmpty ? LinkNotices::tr("Port %1: no reason is known.").arg(failure.portName)
+                   : LinkNotices::tr("Port %1: %2").arg(failure.portName, failure.description);
 }
 
-/// What to do about a port that the system refuses; may be empty.
-QString refusalHint(const QString& portName)
+QString reasonText(const PortFailure& failure, const PortDevice& device)
 {
-    if (mayUsePort(portName)) {
-        return LinkNotices::tr("Another program is using this port.");
+    switch (portTrouble(failure, device)) {
+    case PortTrouble::NotThere:
+        return LinkNotices::tr(
+                   "There is no port %1. Plug the adapter in, or choose another port in "
+                   "the settings dialog.")
+            .arg(failure.portName);
+    case PortTrouble::Unplugged:
+        return LinkNotices::tr("Port %1 is gone: the adapter was unplugged. Plug it in and start "
+                               "again.")
+            .arg(failure.portName);
+    case PortTrouble::BrokenOff:
+        return LinkNotices::tr("The connection to port %1 broke off. Check the adapter and its "
+                               "cable, and start again.")
+            .arg(failure.portName);
+    case PortTrouble::InUse:
+        return portSaid(failure) + QLatin1Char('\n') +
+               LinkNotices::tr("Another program is using this port.");
+    case PortTrouble::NoPermission:
+        if (!device.group.isEmpty()) {
+            return portSaid(failure) + QLatin1Char('\n') +
+                   LinkNotices::tr("To use this port, you must be in the group \"%1\"; a new "
+                                   "membership counts from the next login.")
+                       .arg(device.group);
+        }
+        break;
+    case PortTrouble::Other:
+        break;
     }
-    const QString group = portGroup(portName);
-    if (group.isEmpty()) {
-        return {};
-    }
-    return LinkNotices::tr("To use this port, you must be in the group \"%1\"; a new "
-                           "membership counts from the next login.")
-        .arg(group);
+    return portSaid(failure);
 }
 
 BoxText lossText(const QStringList& hexIds)
@@ -57,37 +77,47 @@ BoxText lossText(const QStringList& hexIds)
 
 } // namespace
 
-QString portGroup(const QString& portName)
+PortDevice portDevice(const QString& portName)
 {
 #ifdef Q_OS_UNIX
     // Where the port itself does not tell (it is gone, or root's own), the system's usual one.
     const QString usualGroup = QStringLiteral("dialout");
-    const QFileInfo device = deviceOf(portName);
-    const QString group = device.exists() ? device.group() : QString();
-    return group.isEmpty() || group == QLatin1String("root") ? usualGroup : group;
+    const QFileInfo file = deviceOf(portName);
+    const QString group = file.exists() ? file.group() : QString();
+    return {file.exists(), file.isReadable() && file.isWritable(),
+            group.isEmpty() || group == QLatin1String("root") ? usualGroup : group};
 #else
-    Q_UNUSED(portName)
-    return {};
+    return {!QSerialPortInfo(portName).isNull(), true, {}};
 #endif
 }
 
-BoxText portFailureText(const PortFailure& failure)
+PortTrouble portTrouble(const PortFailure& failure, const PortDevice& device)
 {
-    BoxText text;
-    text.title = LinkNotices::tr("Error");
-    text.text = LinkNotices::tr(
-        "Cannot establish the serial communication, check the serial port settings!");
-    QStringList details;
-    if (!failure.description.isEmpty()) {
-        details.append(LinkNotices::tr("Port %1: %2").arg(failure.portName, failure.description));
+    switch (failure.error) {
+    case QSerialPort::NoError:
+        return PortTrouble::Other;
+    case QSerialPort::DeviceNotFoundError:
+        return PortTrouble::NotThere;
+    case QSerialPort::PermissionError:
+        // The system words a port in use like a missing right. It refuses it to those who have the
+        // right only while somebody else uses it.
+        return device.mayBeUsed || failure.description.contains(qt_error_string(EBUSY))
+                   ? PortTrouble::InUse
+                   : PortTrouble::NoPermission;
+    case QSerialPort::ResourceError:
+        return device.isThere ? PortTrouble::BrokenOff : PortTrouble::Unplugged;
+    default:
+        // Some adapters leave with an error that says nothing.
+        return device.isThere ? PortTrouble::Other : PortTrouble::Unplugged;
     }
-    const QString hint =
-        failure.error == QSerialPort::PermissionError ? refusalHint(failure.portName) : QString();
-    if (!hint.isEmpty()) {
-        details.append(hint);
-    }
-    text.details = details.join(QLatin1Char('\n'));
-    return text;
+}
+
+BoxText portFailureText(const PortFailure& failure, const PortDevice& device)
+{
+    return {LinkNotices::tr("Error"),
+            LinkNotices::tr(
+                "Cannot establish the serial communication, check the serial port settings!"),
+            reasonText(failure, device)};
 }
 
 LinkNotices::LinkNotices(Notices* notices, QObject* parent)
@@ -102,10 +132,12 @@ void LinkNotices::follow(const SerialLink* link)
     connect(link, &SerialLink::portFailed, this,
             [this](const QString& portName, int error, const QString& description) {
                 m_failure = {portName, error, description};
+                m_device = portDevice(portName);
             });
     connect(link, &SerialLink::communicationFailed, this, [this] {
         m_notices->box(
-            QMessageBox::Critical, [failure = m_failure] { return portFailureText(failure); },
+            QMessageBox::Critical,
+            [failure = m_failure, device = m_device] { return portFailureText(failure, device); },
             QStringLiteral("communicationErrorBox"));
     });
 }

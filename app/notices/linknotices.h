@@ -16,12 +16,33 @@ struct PortFailure
     QString description; ///< as the system words it
 };
 
-/// The box about a failed link: what to check, what the port said and, when the system refused
-/// access, whether another program has the port or which group's members may use it.
-BoxText portFailureText(const PortFailure& failure);
+/// What the system says of a port's device.
+struct PortDevice
+{
+    bool isThere = true;
+    bool mayBeUsed = true; ///< by this user
+    QString group = {};    ///< whose members may use it; empty where ports belong to no group
+};
 
-/// The group that a user must be in to use the port; empty where ports belong to no group.
-QString portGroup(const QString& portName);
+/// Asks the system, now. A port that is gone or root's own has the group that ports usually have.
+PortDevice portDevice(const QString& portName);
+
+/// Why a port failed.
+enum class PortTrouble
+{
+    Other,        ///< what the port said is all that is known
+    NotThere,     ///< there was no such port to open
+    Unplugged,    ///< it vanished while it was used
+    BrokenOff,    ///< it failed while it was used, and is still there
+    NoPermission, ///< the user may not use it
+    InUse         ///< by another program
+};
+
+/// Pure: the one place that reads a port's error.
+PortTrouble portTrouble(const PortFailure& failure, const PortDevice& device);
+
+/// The box about a failed link: what to check and, below, the reason and what to do. Pure.
+BoxText portFailureText(const PortFailure& failure, const PortDevice& device);
 
 /// The boxes about the link. GUI thread.
 class LinkNotices : public QObject
@@ -40,5 +61,6 @@ public:
 private:
     Notices* m_notices;
     PortFailure m_failure;  ///< what the port said last
+    PortDevice m_device;    ///< as it was then
     QStringList m_lostLdbs; ///< the lines of the open box
 };

@@ -35,6 +35,21 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
     return form;
 }
 
+bool isUnderWay(TrackingRun::Phase phase)
+{
+    switch (phase) {
+    case TrackingRun::Phase::FactoryReset:
+    case TrackingRun::Phase::Rebooting:
+    case TrackingRun::Phase::Counting:
+        return true;
+    case TrackingRun::Phase::Idle:
+    case TrackingRun::Phase::Confirmation:
+    case TrackingRun::Phase::Finished:
+        break;
+    }
+    return false;
+}
+
 } // namespace
 
 MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
@@ -150,13 +165,14 @@ void MainWindow::initPanels()
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
     m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
-    connect(m_transfer, &SettingsTransfer::statusChanged, this,
-            &MainWindow::processExportImportStatus);
+    connect(m_transfer, &SettingsTransfer::changed, this, &MainWindow::processTransfer);
+    m_ui->stopTransferButton->hide();
     const auto let = [](const QAbstractButton* button, auto* receiver, auto slot) {
         connect(button, &QAbstractButton::clicked, receiver, slot);
     };
     let(m_ui->exportDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseExport);
     let(m_ui->importDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseImport);
+    let(m_ui->stopTransferButton, m_transfer, &SettingsTransfer::stop);
     let(m_ui->settingsMenuButton, m_settingsMenu, &QWidget::show);
     let(m_ui->helpButton, this, [this] { ManualWindow::showIndex(this); });
 }
@@ -283,12 +299,14 @@ void MainWindow::showPolledAlone()
     m_status->showPolledAlone(isAlone ? m_tracking->hexId() : QString());
 }
 
-void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state)
+void MainWindow::processTransfer(bool isOn)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    m_run->setTransferring(SettingsTransfer::isRunning(state));
+    m_ui->stopTransferButton->setVisible(isOn);
+    m_ui->stopTransferButton->setEnabled(isOn);
+    m_run->setTransferring(isOn);
     // The editor shows what is in the LDB now, also when only a part was written.
-    if (m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
+    if (!isOn && m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
         processSelectedLdbChanged(m_run->selectedLdb());
     }
 }
@@ -299,8 +317,61 @@ void MainWindow::on_zoomButton_toggled(bool checked)
     updateButtonTexts();
 }
 
+std::vector<Text> MainWindow::workUnderWay() const
+{
+    std::vector<Text> reasons;
+    if (const Text transfer = m_transfer->underWay()) {
+        reasons.push_back(transfer);
+    }
+    if (m_run->isSaving()) {
+        reasons.emplace_back([] {
+            return tr("Settings are being saved. The LDB may be left with a part of them.");
+        });
+    }
+    if (m_tracking && isUnderWay(m_tracking->run().phase())) {
+        reasons.emplace_back(
+            [] { return tr("Fault finding is under way. The loop may be left without sound."); });
+    }
+    return reasons;
+}
+
+void MainWindow::askToClose(const std::vector<Text>& reasons)
+{
+    const QString name = QStringLiteral("closeBox");
+    if (m_notices->isOpen(name)) {
+        return;
+    }
+    auto* box = new MessageBox(
+        QMessageBox::Warning,
+        [reasons] {
+            QStringList lines;
+            for (const Text& reason : reasons) {
+                lines.append(reason());
+            }
+            return BoxText{tr("Attention"),
+                           tr("Close the program all the same?"),
+                           lines.join(QLatin1Char('\n')),
+                           {tr("Close"), tr("Stay")}};
+        },
+        this);
+    box->setObjectName(name);
+    connect(box, &QDialog::finished, this, [this, box] {
+        if (box->choice() == 0) {
+            m_mayClose = true;
+            close();
+        }
+    });
+    box->open();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    const std::vector<Text> reasons = m_mayClose ? std::vector<Text>() : workUnderWay();
+    if (!reasons.empty()) {
+        event->ignore();
+        askToClose(reasons);
+        return;
+    }
     windowlook::save(this);
     m_overviewTable->saveTableState();
     m_ui->logTab->save();

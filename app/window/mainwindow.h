@@ -1,12 +1,13 @@
 #pragma once
 
-#include "importexport/importexportdevicesettings.h"
+#include "app/shared/text.h"
 #include "serial/link/portsource.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 #include <memory>
+#include <vector>
 
 namespace Ui {
 class MainWindow;
@@ -54,7 +55,7 @@ private slots:
 
     void processComPortUpdated(const QString& comPort);
     void processSelectedLdbChanged(const QString& deviceId);
-    void processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state);
+    void processTransfer(bool isOn);
 
     void serialProcessorStopped();
     void serialProcessorLdbInitializationStateChange(bool initialization);
@@ -70,6 +71,11 @@ private:
     void updateButtonTexts();
     /// Says that one LDB alone is polled, while that is so.
     void showPolledAlone();
+    /// What a closing of the window would break off, a sentence each; empty when nothing is under
+    /// way.
+    std::vector<Text> workUnderWay() const;
+    /// Asks whether to close all the same, with staying as the default.
+    void askToClose(const std::vector<Text>& reasons);
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
@@ -85,4 +91,5 @@ private:
     PutBack* m_putBack = nullptr;
     MuteMarks* m_muteMarks = nullptr;
     QPointer<FimTracking> m_tracking; // deletes itself when closed
+    bool m_mayClose = false;          ///< the user has said so
 };

@@ -9,9 +9,9 @@ EnabledControls enabledControls(const LinkSituation& situation)
     const bool acting = polling && !lost && !situation.saving && !situation.transferring;
 
     EnabledControls controls;
-    controls.reload = !situation.initialising;
-    // A second transfer ends the first one, so it stays possible during one.
-    controls.transfer = polling;
+    // A scan would take the LDBs away from under a transfer, and a second one the bus.
+    controls.reload = !situation.initialising && !situation.transferring;
+    controls.transfer = polling && !situation.transferring;
     // A lost LDB must not hold the selection.
     controls.selection = polling && !situation.saving;
     controls.allActions = acting;

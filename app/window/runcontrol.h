@@ -41,6 +41,7 @@ public:
     void setSelectedLdb(const QString& hexId);
     QString selectedLdb() const { return m_selectedLdb; }
     void setSaving(bool saving);
+    bool isSaving() const { return m_situation.saving; }
     void setTransferring(bool transferring);
 
     EnabledControls enabled() const;

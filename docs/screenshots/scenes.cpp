@@ -7,11 +7,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -194,6 +196,15 @@ void shootBox(Stage& stage, const QString& name)
     Stage::pass(1);
 }
 
+/// What an import would change, and the yes to it.
+void confirmImport(Stage& stage, const QString& name)
+{
+    auto* preview = stage.waitForWindow<QDialog>(QStringLiteral("importPreview"), kTransferSeconds);
+    stage.shoot(preview, name);
+    preview->findChild<QPushButton*>(QStringLiteral("importWriteButton"))->click();
+    Stage::pass(1);
+}
+
 void transfer(const Stage::Options& options)
 {
     Stage stage(options, kSite);
@@ -205,11 +216,12 @@ void transfer(const Stage::Options& options)
     shootBox(stage, QStringLiteral("export-finished"));
     std::printf("%s\n", contentOf(exported).constData());
     work->importFrom(exported);
+    confirmImport(stage, QStringLiteral("import-preview"));
     shootBox(stage, QStringLiteral("import-failed"));
     const QString corrected = stage.path(QStringLiteral("site-hex.csv"));
     writeWithHexIds(contentOf(exported), corrected);
     work->importFrom(corrected);
-    Stage::pass(1);
+    confirmImport(stage, QStringLiteral("import-preview-hexadecimal"));
     stage.shoot(&stage.window(), QStringLiteral("import-running"));
     shootBox(stage, QStringLiteral("import-finished"));
 }

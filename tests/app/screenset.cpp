@@ -1,11 +1,13 @@
 #include "tests/app/screenset.h"
 
+#include "app/actions/actionspanel.h"
 #include "app/help/manualwindow.h"
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/notices/linknotices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/putback/putbacktexts.h"
+#include "app/transfer/importpreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "serial/ldb/serialcommand.h"
@@ -134,7 +136,9 @@ ScreenSet::~ScreenSet() = default;
 QStringList ScreenSet::names()
 {
     return kMainWindows + kBoxes + kTrackingWindows +
-           QStringList{"settings", "about", "manual", "status-bar"};
+           QStringList{"settings",        "about",       "manual",
+                       "status-bar",      "transfer",    "preview-hexadecimal",
+                       "preview-decimal", "question-all"};
 }
 
 QWidget* ScreenSet::open(const QString& name)
@@ -153,6 +157,12 @@ QWidget* ScreenSet::open(const QString& name)
         window = new AboutDialog(openSettings());
     } else if (name == "status-bar") {
         window = openStatusBar();
+    } else if (name == "transfer") {
+        window = openTransfer();
+    } else if (name.startsWith("preview")) {
+        window = openPreview(detail == "decimal");
+    } else if (name == "question-all") {
+        window = openQuestion();
     } else {
         window = openManual();
     }
@@ -214,7 +224,8 @@ QWidget* ScreenSet::openBox(const QString& name)
             QMessageBox::Critical,
             [] {
                 return portFailureText(
-                    {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"});
+                    {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"},
+                    {true, false, "dialout"});
             },
             nullptr));
     }
@@ -314,6 +325,46 @@ QWidget* ScreenSet::openStatusBar()
     display.showQueueLength(kManyCommands);
     display.showScanProgress(busaddress::kLast, busaddress::kLast);
     return window;
+}
+
+QWidget* ScreenSet::openTransfer()
+{
+    QWidget* window = openMainWindow("openShortLeakPage");
+    window->findChild<QPushButton*>("stopTransferButton")->show();
+    return window;
+}
+
+QWidget* ScreenSet::openPreview(bool isDecimal)
+{
+    BusSnapshot bus;
+    for (const char* hexId : {"03", "07", "0A", "10", "1C"}) {
+        bus.known.append(hexId);
+        bus.connected.append(hexId);
+        bus.settings[hexId] = *decodeLdbSettings(TestBus::record(hexId));
+    }
+    bus.known.append("12");
+    const QByteArray file("3;LDB 03;1;1;10;1;0;0;0;20;F\n"
+                          "7;LDB 07;0;1;12;1;1;1;1;33;F\n"
+                          "10;LDB 0A;1;1;10;1;0;0;0;25;F\n"
+                          "16;LDB 10;1;1;10;1;0;0;0;20;F\n"
+                          "28;LDB 1C;1;1;5;1;0;0;0;20;F\n"
+                          "12;Stairs;1;1;5;1;0;0;0;20;F\n"
+                          "A4;Hall;1;1;5;1;0;0;0;20;F\n"
+                          "233;Roof;1;1;5;1;0;0;0;20;F\n");
+    return keep(std::make_unique<ImportPreview>(
+        ImportPlan::make(file, isDecimal ? IdReading::Decimal : IdReading::Hexadecimal, bus),
+        "/home/site/Device List[14112026_211530].csv", nullptr));
+}
+
+QWidget* ScreenSet::openQuestion()
+{
+    QWidget* window = openMainWindow("openShortLeakPage");
+    auto* panel = window->findChild<ActionsPanel*>();
+    EnabledControls controls;
+    controls.allActions = true;
+    panel->apply(controls);
+    panel->findChild<QPushButton*>("allServiceModeButton")->click();
+    return lastOpen<MessageBox>(window);
 }
 
 QWidget* ScreenSet::openManual()

@@ -32,6 +32,9 @@ private:
     QWidget* openBox(const QString& name);
     QWidget* openTracking(const QString& phase);
     QWidget* openManual();
+    QWidget* openTransfer();
+    QWidget* openPreview(bool isDecimal);
+    QWidget* openQuestion();
     QWidget* openStatusBar();
     QWidget* keep(std::unique_ptr<QWidget> window);
 

@@ -1,6 +1,8 @@
 #include "app/notices/messagebox.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/shared/usersettings.h"
+#include "app/transfer/importpreview.h"
+#include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "app/window/windowlook.h"
 #include "tests/support/bracketingtranslator.h"
@@ -109,6 +111,8 @@ private slots:
         const ExpectWarning warning("^Port ");
         button("ldbResetButton")->click();
         WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->informativeText(),
+                 "Port test bus is gone: the adapter was unplugged. Plug it in and start again.");
         QCOMPARE(m_window->statusBar()->currentMessage(), "LDB 03 did not answer: LDB reset.");
         QVERIFY(!button("startButton")->isChecked());
         QCOMPARE(label("countLabel"), kFailed);
@@ -212,9 +216,6 @@ private slots:
         row("LDB 03 accepted: FIM reset.", "fimResetButton", "FE0373780000", "\x06");
         row("LDB 03 refused: LDB reset.", "ldbResetButton", "FE0373780001", "\x15");
         row("LDB 03 did not answer: Service mode.", "serviceModeButton", "FE0373780003", "");
-        row("Sent to all LDB's: FIM reset.", "allFimResetButton", "FEFF73780000", "");
-        row("Sent to all LDB's: LDB reset.", "allLdbResetButton", "FEFF73780001", "");
-        row("Sent to all LDB's: Service mode.", "allServiceModeButton", "FEFF73780003", "");
     }
 
     void actions()
@@ -230,6 +231,241 @@ private slots:
         button(buttonName.constData())->click();
         WAIT_COMPARE(m_window->statusBar()->currentMessage(), QTest::currentDataTag());
         QVERIFY(m_bus->requests().contains(body));
+    }
+
+    void actionsForAllAreAsked_data()
+    {
+        // "seen": what the box says in the end
+        const Table<QByteArray, QByteArray, QString, QString, QString> row(
+            "buttonName", "body", "question", "sent", "seen");
+        row("FIM reset", "allFimResetButton", "FEFF73780000", "Reset the FIM's of all 3 LDB(s)?",
+            "Sent to all LDB's: FIM reset.", "Seen in a FIM reset: 3 of 3 LDB's.");
+        row("LDB reset", "allLdbResetButton", "FEFF73780001", "Restart all 3 LDB(s)?",
+            "Sent to all LDB's: LDB reset.", "Answered since the LDB reset: 3 of 3 LDB's.");
+        row("service mode", "allServiceModeButton", "FEFF73780003",
+            "Put all 3 LDB(s) into service mode?", "Sent to all LDB's: Service mode.",
+            "In service mode: 3 of 3 LDB's.");
+    }
+
+    void actionsForAllAreAsked()
+    {
+        QFETCH(QByteArray, buttonName);
+        QFETCH(QByteArray, body);
+        QFETCH(QString, question);
+        QFETCH(QString, sent);
+        QFETCH(QString, seen);
+        start();
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        // Whatever is no explicit yes sends nothing.
+        for (const int key : {int(Qt::Key_Escape), int(Qt::Key_Return), 0}) {
+            button(buttonName.constData())->click();
+            QCOMPARE(boxes().size(), 1);
+            QCOMPARE(boxes().constFirst()->text(), question);
+            QVERIFY(!boxes().constFirst()->informativeText().isEmpty());
+            if (key == 0) {
+                boxes().constFirst()->close();
+            } else {
+                QTest::keyClick(boxes().constFirst(), static_cast<Qt::Key>(key));
+            }
+            WAIT_VERIFY(boxes().isEmpty());
+            const int requests = m_bus->requests().size();
+            WAIT_VERIFY(m_bus->requests().size() > requests + 20);
+            QVERIFY(!m_bus->requests().contains(body));
+        }
+        button(buttonName.constData())->click();
+        boxes().constFirst()->buttons().constFirst()->click();
+        WAIT_COMPARE(m_window->statusBar()->currentMessage(), sent);
+        QVERIFY(m_bus->requests().contains(body));
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), seen);
+        QCOMPARE(boxes().constFirst()->informativeText(), QString());
+    }
+
+    void whoDidNotFollowIsNamed()
+    {
+        start();
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        m_bus->setScript([](const QByteArray& body) -> std::optional<QByteArray> {
+            return body == "FE0A737803" ? std::make_optional(TestBus::framed(TestBus::status()))
+                                        : std::nullopt;
+        });
+        button("allServiceModeButton")->click();
+        boxes().constFirst()->buttons().constFirst()->click();
+        WAIT_VERIFY(boxes().isEmpty());
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "In service mode: 2 of 3 LDB's.");
+        QCOMPARE(boxes().constFirst()->informativeText(), "Not in it: 0A (Quiescent)");
+    }
+
+    void yesIsForTheBusThatWasThere()
+    {
+        start();
+        WAIT_VERIFY(button("allLdbResetButton")->isEnabled());
+        button("allLdbResetButton")->click();
+        QCOMPARE(boxes().size(), 1);
+        button("startButton")->click();
+        WAIT_VERIFY(boxes().isEmpty());
+    }
+
+    void importIsShownFirst()
+    {
+        const QString path = exported();
+        clickRow("0A");
+        WAIT_COMPARE(detail(0), "0A");
+        m_bus->change("0A", "03", "1E00"); // since the export
+        m_bus->clearRequests();
+        auto* transfer = m_window->findChild<SettingsTransfer*>();
+        transfer->importFrom(path);
+        QVERIFY(!button("importDeviceSettingsButton")->isEnabled());
+        WAIT_VERIFY(preview() != nullptr);
+        // 3, 10 and 253: read as hexadecimal only the first one is an LDB of this bus.
+        QCOMPARE(preview()->findChild<QTreeWidget*>()->topLevelItemCount(), 1);
+        const QStringList leftOut{"Line 8: ID 10 (read as 10 hexadecimal, address 16): "
+                                  "no LDB with this address is connected",
+                                  "Line 10: ID 253: The ID is no address",
+                                  "LDB 0A (address 10): no line in the file",
+                                  "LDB FD (address 253): no line in the file"};
+        QCOMPARE(problems(), leftOut);
+        QCOMPARE(writeButton()->text(), "Write 0 LDB(s)");
+
+        // Enter and Escape write nothing.
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTest::keyClick(preview(), key);
+            WAIT_VERIFY(preview() == nullptr);
+            QVERIFY(button("importDeviceSettingsButton")->isEnabled());
+            QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
+            transfer->importFrom(path);
+            WAIT_VERIFY(preview() != nullptr);
+        }
+        QVERIFY(boxes().isEmpty());
+
+        auto* other = preview()->findChild<QPushButton*>("otherReadingButton");
+        QVERIFY(other->isVisible());
+        other->click();
+        QCOMPARE(problems(), QStringList());
+        auto* ldbs = preview()->findChild<QTreeWidget*>();
+        QCOMPARE(ldbs->topLevelItemCount(), 3);
+        QCOMPARE(ldbs->topLevelItem(2)->text(ImportPreview::ChangesColumn), "nothing");
+        const QTreeWidgetItem* changed = ldbs->topLevelItem(0); // before all others
+        QCOMPARE(changed->text(ImportPreview::LdbColumn), "0A (address 10)");
+        QCOMPARE(changed->text(ImportPreview::PresentNameColumn), "LDB 0A");
+        QCOMPARE(changed->text(ImportPreview::FileNameColumn), "LDB 0A");
+        QCOMPARE(changed->text(ImportPreview::ChangesColumn),
+                 QString::fromUtf8("1 field(s)\nNumber of FIM's: 30 \xE2\x86\x92 20"));
+        QCOMPARE(m_bus->writes(), QList<QByteArray>());
+        QCOMPARE(writeButton()->text(), "Write 1 LDB(s)");
+
+        writeButton()->click();
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings finished!");
+        QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE0A7363031400", "FE0A737806"}));
+        WAIT_COMPARE(child<QSpinBox>("settingsNumberOfFimsSpinBox")->value(), 20);
+    }
+
+    void oneTransferAtATime()
+    {
+        const QString path = exported();
+        auto* transfer = m_window->findChild<SettingsTransfer*>();
+        transfer->importFrom(path);
+        QVERIFY(child<QPushButton>("stopTransferButton")->isVisible());
+        for (const char* name : {"exportDeviceSettingsButton", "importDeviceSettingsButton",
+                                 "reloadDevicesButton", "allLdbResetButton"}) {
+            QVERIFY2(!button(name)->isEnabled(), name);
+        }
+        // Whatever else asks for one does not break it off.
+        transfer->exportTo(m_sandbox->path("other.csv"));
+        QVERIFY(!QFile::exists(m_sandbox->path("other.csv")));
+        WAIT_VERIFY(preview() != nullptr);
+    }
+
+    void stopSaysWhatWasWritten()
+    {
+        start();
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        const QByteArray rest(";1;1;5;0;1;0;1;30;F\n");
+        m_sandbox->writeFile("in.csv", "3;A" + rest + "0A;B" + rest + "FD;C" + rest);
+        m_bus->setScript([this](const QByteArray& body) -> std::optional<QByteArray> {
+            if (body.startsWith("FE0A736302")) {
+                button("stopTransferButton")->click();
+            }
+            return std::nullopt;
+        });
+        m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
+        WAIT_VERIFY(preview() != nullptr);
+        writeButton()->click();
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings was stopped.");
+        QCOMPARE(boxes().constFirst()->informativeText(), "Done: 03, 0A\nNot begun: FD");
+        QVERIFY(!child<QPushButton>("stopTransferButton")->isVisible());
+        QVERIFY(button("importDeviceSettingsButton")->isEnabled());
+        QCOMPARE(m_bus->settingsOf("FD"), TestBus::record("FD"));
+    }
+
+    void lostPortClosesThePreview()
+    {
+        const QString path = exported();
+        m_window->findChild<SettingsTransfer*>()->importFrom(path);
+        WAIT_VERIFY(preview() != nullptr);
+        const ExpectWarning warning("^Port ");
+        m_bus->cut();
+        WAIT_VERIFY(preview() == nullptr);
+        QStringList texts;
+        for (const MessageBox* box : boxes()) {
+            texts.append(box->text());
+        }
+        QVERIFY(texts.contains("Importing LDB settings failed, not all LDB's' are connected!"));
+        QVERIFY(!child<QPushButton>("stopTransferButton")->isVisible());
+    }
+
+    void closingAsksWhatItWouldBreakOff_data()
+    {
+        const Table<QByteArray, QString> row("work", "reason");
+        row("import", "import",
+            "An import is under way. The LDB being written may be left with a part of its "
+            "settings.");
+        row("export", "export",
+            "An export is under way. LDB's not read yet will be missing in the file.");
+        row("save", "save", "Settings are being saved. The LDB may be left with a part of them.");
+        row("run", "run", "Fault finding is under way. The loop may be left without sound.");
+    }
+
+    void closingAsksWhatItWouldBreakOff()
+    {
+        QFETCH(QByteArray, work);
+        start();
+        WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        if (work == "run") {
+            button("fimTrackingButton")->click();
+            auto* tracking = m_window->findChild<FimTracking*>();
+            for (int question = 0; question < 2; ++question) {
+                WAIT_VERIFY(!tracking->findChildren<QMessageBox*>().isEmpty());
+                tracking->findChildren<QMessageBox*>().constLast()->buttons().constFirst()->click();
+                QCoreApplication::processEvents();
+            }
+            WAIT_VERIFY(tracking->run().phase() == TrackingRun::Phase::FactoryReset);
+        } else if (work == "save") {
+            button("settingsSaveButton")->click();
+        } else {
+            auto* transfer = m_window->findChild<SettingsTransfer*>();
+            work == "export" ? transfer->exportTo(m_sandbox->path("out.csv"))
+                             : transfer->importFrom(exportedWithin());
+        }
+        for (const bool isYes : {false, true}) {
+            QVERIFY(!m_window->close());
+            QVERIFY(m_window->isVisible());
+            MessageBox* box = MessageBox::find(m_window.get(), "closeBox");
+            QVERIFY(box != nullptr);
+            QTEST(box->informativeText(), "reason");
+            if (isYes) {
+                box->buttons().constFirst()->click();
+            } else {
+                QTest::keyClick(box, Qt::Key_Escape);
+                QCoreApplication::processEvents();
+                QVERIFY(m_window->isVisible());
+            }
+        }
+        QVERIFY(!m_window->isVisible());
     }
 
     void trackingPollsOneLdb()
@@ -443,6 +679,37 @@ private:
         makeWindow();
         button("startButton")->click();
         WAIT_COMPARE(ids(), kLdbs);
+    }
+    /// A file that needs nothing but its place.
+    QString exportedWithin() const
+    {
+        m_sandbox->writeFile("in.csv", "3;A;1;1;5;0;1;0;1;30;F\n");
+        return m_sandbox->path("in.csv");
+    }
+    /// Started, and its settings exported.
+    QString exported()
+    {
+        start();
+        const QString path = m_sandbox->path("out.csv");
+        m_window->findChild<SettingsTransfer*>()->exportTo(path);
+        waitUntil([this] { return boxes().size() == 1; });
+        boxes().constFirst()->accept();
+        waitUntil([this] { return boxes().isEmpty(); });
+        return path;
+    }
+    ImportPreview* preview() const { return m_window->findChild<ImportPreview*>(); }
+    QPushButton* writeButton() const
+    {
+        return preview()->findChild<QPushButton*>("importWriteButton");
+    }
+    QStringList problems() const
+    {
+        const auto* list = preview()->findChild<QListWidget*>();
+        QStringList texts;
+        for (int row = 0; row < list->count(); ++row) {
+            texts.append(list->item(row)->text());
+        }
+        return texts;
     }
     template <typename T>
     T* child(const char* name) const

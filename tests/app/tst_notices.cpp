@@ -96,38 +96,68 @@ private slots:
 
     void portFailureDetails_data()
     {
-        const Table<int, QString, QString> row("error", "description", "details");
-        row("gone", int(QSerialPort::ResourceError), "pulled out", "Port /dev/none: pulled out");
-        row("nothing said", int(QSerialPort::UnknownError), {}, {});
-        row("no right", int(QSerialPort::PermissionError), "Denied",
-            "Port /dev/none: Denied\nTo use this port, "
-            "you must be in the group \"dialout\"; a new "
-            "membership counts from the next login.");
+        const Table<int, QString, bool, bool, QString> row("error", "description", "isThere",
+                                                           "mayBeUsed", "details");
+        const QString unplugged("Port ttyX is gone: the adapter was unplugged. "
+                                "Plug it in and start again.");
+        row("unplugged", int(QSerialPort::ResourceError), "Unknown error", false, false, unplugged);
+        row("unplugged, said otherwise", int(QSerialPort::ReadError), "Input/output error", false,
+            false, unplugged);
+        row("unplugged without a word", int(QSerialPort::UnknownError), "Unknown error", false,
+            false, unplugged);
+        row("broken off", int(QSerialPort::ResourceError), "Input/output error", true, true,
+            "The connection to port ttyX broke off. Check the adapter and its cable, and start "
+            "again.");
+        row("never there", int(QSerialPort::DeviceNotFoundError), "No such file or directory",
+            false, false,
+            "There is no port ttyX. Plug the adapter in, or choose another port in the settings "
+            "dialog.");
+        row("no right", int(QSerialPort::PermissionError), "Permission denied", true, false,
+            "Port ttyX: Permission denied\nTo use this port, you must be in the group \"uucp\"; "
+            "a new membership counts from the next login.");
+        // What the system says of a port in use reads like a missing right.
+        row("locked by another program", int(QSerialPort::PermissionError),
+            "Permission error while locking", true, true,
+            "Port ttyX: Permission error while locking\nAnother program is using this port.");
+        row("busy", int(QSerialPort::PermissionError), qt_error_string(EBUSY), true, false,
+            "Port ttyX: " + qt_error_string(EBUSY) + "\nAnother program is using this port.");
+        row("not set up", int(QSerialPort::UnsupportedOperationError), "No such speed", true, true,
+            "Port ttyX: No such speed");
+        row("nothing known", int(QSerialPort::UnknownError), "Unknown error", true, true,
+            "Port ttyX: no reason is known.");
+        row("no port's", int(QSerialPort::NoError), "The former connection has not ended yet.",
+            true, true, "The former connection has not ended yet.");
     }
 
     void portFailureDetails()
     {
         QFETCH(int, error);
         QFETCH(QString, description);
-        const BoxText text = portFailureText({"/dev/none", error, description});
+        QFETCH(bool, isThere);
+        QFETCH(bool, mayBeUsed);
+        const BoxText text =
+            portFailureText({"ttyX", error, description}, {isThere, mayBeUsed, "uucp"});
         QCOMPARE(text.title, "Error");
         QCOMPARE(text.text, "Cannot establish the serial communication, check the "
                             "serial port settings!");
         QTEST(text.details, "details");
     }
 
-    void refusedPort()
+    void asksTheSystem()
     {
         const Sandbox sandbox;
         sandbox.writeFile("port", QByteArray());
         const QString path = sandbox.path("port");
-        // What the system says of a port in use reads like a missing right.
-        const BoxText text =
-            portFailureText({path, QSerialPort::PermissionError, "Permission error while locking"});
-        QVERIFY(text.details.endsWith("\nAnother program is using this port."));
+        const PortDevice device = portDevice(path);
+        QVERIFY(device.isThere && device.mayBeUsed);
         // The group that owns the device, unless that is root's own.
         const QString owner = QFileInfo(path).group();
-        QCOMPARE(portGroup(path), owner == "root" ? "dialout" : owner);
+        QCOMPARE(device.group, owner == "root" ? "dialout" : owner);
+
+        QFile::remove(path);
+        const PortDevice gone = portDevice(path);
+        QVERIFY(!gone.isThere && !gone.mayBeUsed);
+        QCOMPARE(gone.group, "dialout");
     }
 };
 

@@ -56,9 +56,9 @@ private slots:
         row("service mode", polling(LdbState::ServiceMode), "RTSA1");
         row("ticked LDB lost", polling(LdbState::Disconnected), "RTS");
         row("saving", with(polling(), &S::saving), "RT");
-        row("exporting", with(polling(), &S::transferring), "RTS");
+        row("exporting", with(polling(), &S::transferring), "S");
         row("exporting in service mode", with(polling(LdbState::ServiceMode), &S::transferring),
-            "RTS");
+            "S");
         row("scanning while exporting", with(with(polling(), &S::transferring), &S::initialising),
             {});
     }

@@ -1,4 +1,5 @@
 #include "importexport/importexportdevicesettings.h"
+#include "importexport/importplan.h"
 #include "importexport/settingscsv.h"
 #include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
@@ -49,6 +50,15 @@ public:
         job = std::make_unique<ImportExportDeviceSettings>(&link);
         QObject::connect(job.get(), &ImportExportDeviceSettings::statusChanged, job.get(),
                          [this](Status status) { statuses.append(status); });
+        QObject::connect(job.get(), &ImportExportDeviceSettings::stopped, job.get(),
+                         [this] { isStopped = true; });
+        QObject::connect(job.get(), &ImportExportDeviceSettings::importPlanned, job.get(), [this] {
+            isPlanned = true;
+            plan = job->plan();
+            if (onPlan) {
+                onPlan();
+            }
+        });
     }
     bool connectLink() { return bus.scan(link); }
     bool runExport(const QString& path)
@@ -81,6 +91,13 @@ public:
     TestBus bus;
     SerialLink link{bus.ports()};
     QList<Status> statuses;
+    bool isStopped = false;
+    bool isPlanned = false;
+    ImportPlan plan; ///< at first
+    /// What becomes of the plan of an import; by default the user says yes.
+    std::function<void()> onPlan = [this] {
+        job->write();
+    };
     std::unique_ptr<ImportExportDeviceSettings> job;
 };
 
@@ -235,6 +252,10 @@ private slots:
         operation.bus.change("10", "16", "01"); // muted
         QVERIFY(operation.connectLink());
         QSignalSpy progress(operation.job.get(), &ImportExportDeviceSettings::progressChanged);
+        operation.onPlan = [&] {
+            progress.clear(); // of the reading
+            operation.job->write();
+        };
         QVERIFY(operation.runImport(settingscsv::fileHead().toUtf8() + line("10", "B;c") + "\n" +
                                     line("1", "A") + "\n"));
         QCOMPARE(operation.statuses,
@@ -246,9 +267,9 @@ private slots:
         QList<int> left;
         for (const QVariantList& arguments : progress) {
             left.append(arguments.at(0).toInt());
-            QCOMPARE(arguments.at(1).toInt(), 10);
+            QCOMPARE(arguments.at(1).toInt(), 12);
         }
-        QCOMPARE(left, (QList<int>{10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}));
+        QCOMPARE(left, (QList<int>{12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}));
     }
 
     void importEndsOnce_data()
@@ -264,7 +285,8 @@ private slots:
         const QString unknown2("Line 3: ID 2 (read as 2 hexadecimal, address 2): "
                                "no LDB with this address is connected");
         const QString unknownAll("Line 3: ID FF (read as FF hexadecimal, address 255): "
-                                 "no LDB with this address is connected");
+                                 "no LDB can have this address");
+        const QString noAddress("Line 3: ID 233: The ID is no address");
         row("torn last line", line("1", "A") + "10;B", Status::ImportFailed, 1, {tornB});
         row("empty file", "", Status::ImportFailedSettingsMissing, 0, {missingA, missingB});
         row("missing LDB", line("1", "A"), Status::ImportFailedSettingsMissing, 1, {missingB});
@@ -272,6 +294,7 @@ private slots:
             {unknown2});
         row("broadcast address", both + line("FF", "C"), Status::ImportFailedNotAllConnected, 2,
             {unknownAll});
+        row("no address", both + line("233", "C"), Status::ImportFinished, 2, {noAddress});
         row("wrong before missing", "10;B\n", Status::ImportFailed, 0,
             {QString(tornB).replace("Line 2", "Line 1"), missingA});
         row("unknown before wrong", line("1", "A") + "10;B\n" + line("2", "C"),
@@ -298,6 +321,7 @@ private slots:
     {
         // What becomes of each of the other commands is told alike by the editor's tests.
         const Table<QByteArray, QByteArray, QString> row("request", "answer", "failure");
+        row("settings unanswered", "737201", kSilence, "its present settings could not be read");
         row("flags refused", "736314", kNak,
             "not written: fault output, detection and service mode switches (refused)");
         row("name answered with a status", "736302", TestBus::framed(TestBus::status()),
@@ -390,6 +414,121 @@ private slots:
                  qPrintable(operation.job->failureText()()));
     }
 
+    void nothingIsWrittenBeforeTheYes()
+    {
+        Operation operation({"01", "10"});
+        QVERIFY(operation.connectLink());
+        operation.onPlan = nullptr;
+        operation.job->importDeviceSettings(
+            operation.fileWith(line("1", "A") + line("10", "B") + line("A4", "C")));
+        WAIT_VERIFY(operation.isPlanned);
+        QVERIFY(operation.settle());
+        QCOMPARE(operation.bus.writes(), QList<QByteArray>());
+        QCOMPARE(operation.plan.ldbsToWrite(), 2);
+        QCOMPARE(operation.plan.problems.size(), std::size_t(1));
+        // And nothing after a no.
+        operation.job->stop();
+        QVERIFY(operation.isStopped);
+        QVERIFY(operation.settle());
+        QCOMPARE(operation.bus.writes(), QList<QByteArray>());
+        QCOMPARE(operation.statuses, QList<Status>{Status::ImportStarted});
+    }
+
+    void writesOnlyWhatDiffers()
+    {
+        Operation operation({"01", "02", "03"});
+        QVERIFY(operation.connectLink());
+        // The other switches of the byte and the name stay; of the LDB 02 nothing differs.
+        QVERIFY(operation.runImport("1;LDB 01;1;1;12;1;0;1;0;20;F\n"
+                                    "2;LDB 02;1;1;10;1;0;0;0;20;F\n"
+                                    "3;Hall;1;1;10;1;0;0;0;20;F\n"));
+        QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
+        QCOMPARE(operation.bus.writes(),
+                 (QList<QByteArray>{"FE017363140B", "FE017363170C00", "FE01737806",
+                                    "FE03736302" + hex("Hall"), "FE03737806"}));
+        QCOMPARE(operation.job->touchedLdbs(), (QStringList{"01", "03"}));
+    }
+
+    void leavesAnLdbAloneThatChanged()
+    {
+        Operation operation({"01", "02"});
+        QVERIFY(operation.connectLink());
+        operation.onPlan = [&] {
+            operation.bus.change("02", "03", "1E00"); // by somebody else, meanwhile
+            operation.job->write();
+        };
+        QVERIFY(operation.runImport(line("1", "A") + line("2", "B")));
+        QCOMPARE(operation.statuses.constLast(), Status::ImportFailed);
+        QCOMPARE(operation.job->failures(),
+                 QStringList("Line 2: ID 2 (read as 2 hexadecimal, address 2): "
+                             "its settings have changed since they were shown"));
+        QCOMPARE(operation.bus.writes(), writesOf("01", "A"));
+    }
+
+    void ownExportFitsWhenReadAsDecimal()
+    {
+        const QStringList ldbs{"03", "0A", "10", "A4"};
+        Operation operation(ldbs);
+        QVERIFY(operation.connectLink());
+        const QString path = operation.sandbox.path("out.csv");
+        QVERIFY(operation.runExport(path));
+        operation.bus.change("A4", "03", "1E00"); // what the import is to put back
+        operation.statuses.clear();
+        operation.useNewJob();
+        std::vector<ImportPlan> plans;
+        operation.onPlan = [&] {
+            operation.job->planWith(IdReading::Decimal);
+            plans.push_back(operation.job->plan());
+            operation.job->write();
+        };
+        operation.job->importDeviceSettings(path);
+        QVERIFY(operation.waitForEnd());
+        // In hexadecimal 10h would get the name of 0Ah; it is said that decimal fits.
+        QVERIFY(operation.plan.names.isAgainst(IdReading::Hexadecimal));
+        QCOMPARE(operation.plan.names.hexadecimal, 1);
+        QCOMPARE(operation.plan.names.decimal, 4);
+        QCOMPARE(operation.plan.reading, IdReading::Hexadecimal);
+        QVERIFY(!plans.at(0).names.isAgainst(IdReading::Decimal));
+        QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
+        QCOMPARE(operation.bus.writes(), (QList<QByteArray>{"FEA47363031400", "FEA4737806"}));
+    }
+
+    void stopsBehindTheLdbUnderWay_data()
+    {
+        const Table<bool, QString> row("isImport", "told");
+        row("import", true, "Done: 01, 02\nNot begun: 03, 04");
+        row("export", false, "Done: 01, 02, 03, 04\nNot begun: none");
+    }
+
+    void stopsBehindTheLdbUnderWay()
+    {
+        QFETCH(bool, isImport);
+        QFETCH(QString, told);
+        Operation operation({"01", "02", "03", "04"});
+        bool isAsked = false;
+        operation.bus.setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+            if (isRequest(body, "02", isImport ? "736302" : "737201") && operation.isPlanned &&
+                !std::exchange(isAsked, true)) {
+                operation.job->stop();
+            }
+            return std::nullopt;
+        });
+        QVERIFY(operation.connectLink());
+        if (isImport) {
+            operation.job->importDeviceSettings(operation.fileWith(
+                line("1", "A") + line("2", "B") + line("3", "C") + line("4", "D")));
+        } else {
+            operation.isPlanned = true;
+            operation.job->exportDeviceSettings(operation.sandbox.path("out.csv"));
+        }
+        WAIT_VERIFY(operation.isStopped);
+        QCOMPARE(operation.job->stopText()(), told);
+        QVERIFY(operation.settle());
+        QCOMPARE(operation.statuses.size(), 1);
+        QCOMPARE(operation.bus.writes(),
+                 isImport ? writesOf("01", "A") + writesOf("02", "B") : QList<QByteArray>());
+    }
+
     void isCancelled()
     {
         for (const bool isDestroyed : {false, true}) {
@@ -428,6 +567,8 @@ private slots:
 
         QVERIFY(operation.runImport(line("1", "A") + line("2", "B")));
         QCOMPARE(operation.statuses.constLast(), Status::ImportFailedNotAllConnected);
+        QCOMPARE(operation.job->failures(),
+                 QStringList("Line 2: ID 2 (read as 2 hexadecimal, address 2): this LDB is lost"));
         QCOMPARE(operation.bus.writes(), writesOf("01", "A"));
 
         operation.statuses.clear();
