@@ -17,7 +17,9 @@ class DeviceOverviewTable;
 class FimTracking;
 class LampPanel;
 class MainWindowPlot;
+class Monitor;
 class Notices;
+struct Monitoring;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
@@ -41,7 +43,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private slots:
-    void init();
+    void init(const PortSource& ports);
     /// Shows in the language in force what the code, not the form, has set.
     void retranslate();
 
@@ -50,6 +52,8 @@ private slots:
     void on_zoomButton_toggled(bool checked);
     void on_fimTrackingButton_clicked();
 
+    /// Shows everywhere what is live.
+    void showMonitoring(const Monitoring& monitoring);
     void processComPortUpdated(const QString& comPort);
     void processSelectedLdbChanged(const QString& deviceId);
     void processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state);
@@ -61,10 +65,12 @@ private slots:
     void setLdbActionButtonsState();
 
 private:
-    void initLink();
+    void initLink(const PortSource& ports);
     void initViews();
     void initPanels();
     void processRunBegun();
+    void dropUnknownLdbs();
+    void dismiss(const QStringList& hexIds);
     void updateButtonTexts();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
@@ -72,6 +78,7 @@ private:
     std::unique_ptr<StatusBarDisplay> m_status;
     std::unique_ptr<SerialLink> m_link;
     RunControl* m_run = nullptr;
+    Monitor* m_monitor = nullptr;
     DeviceDetailTable* m_detailTable = nullptr;
     DeviceOverviewTable* m_overviewTable = nullptr;
     LampPanel* m_lamps = nullptr;

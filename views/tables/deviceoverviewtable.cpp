@@ -10,24 +10,37 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMap>
+#include <QMenu>
 #include <QResizeEvent>
 #include <QStandardItem>
 #include <QTableView>
 #include <QThread>
 
 #include <algorithm>
+#include <limits>
 #include <array>
 
 namespace {
 
-// On the tick cell: the LDB of the row. The id column is no key, as a short record may lack it.
-constexpr int kHexIdRole = Qt::UserRole + 1;
-
 // A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
 
-// Sort key of a cell. The records carry none, so sorting goes by the shown text.
-constexpr int kNoSortKey = 0;
+constexpr int kFitDelay = 100; // ms
+
+/// What a cell is sorted by; the rows without a value stand together at one end.
+QVariant sortNumber(int recordRow, const QStringList& entry)
+{
+    using namespace generalinformation;
+    if (recordRow == NameRow || recordRow == TimestampRow) {
+        return {};
+    }
+    if (entry.value(TextColumn) == kNoValue) {
+        return -std::numeric_limits<double>::infinity();
+    }
+    bool isNumber = false;
+    const double number = entry.value(ValueColumn).toDouble(&isNumber);
+    return isNumber ? number : QVariant();
+}
 
 QStandardItem* newItem()
 {
@@ -41,6 +54,14 @@ QStandardItem* newDataItem()
     QStandardItem* item = newItem();
     item->setTextAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     return item;
+}
+
+/// Whether a text of that row may take more than one line.
+bool wraps(int recordRow)
+{
+    using namespace generalinformation;
+    return recordRow == NameRow || recordRow == ModeRow || recordRow == LoopRow ||
+           recordRow == EarthRow || recordRow == AmplifierRow;
 }
 
 bool isTickKey(int key)
@@ -82,7 +103,6 @@ void DeviceOverviewTable::setupTable()
     m_proxy->setVerticalHeaderModel(&m_headerModel);
     m_proxy->addGroupStartColumn(overview::PrimaryVoltageColumn);
     m_proxy->addGroupStartColumn(overview::SecondaryVoltageColumn);
-    m_proxy->setCodeColumn(overview::ModeColumn);
     m_view->setModel(m_proxy.get());
 
     m_checkBoxDelegate = new CheckBoxDelegate(this);
@@ -93,7 +113,11 @@ void DeviceOverviewTable::setupTable()
     // A highlight would cover the colour of a fault; the ticked row is marked by its delegate.
     m_view->setSelectionMode(QAbstractItemView::NoSelection);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_view->setWordWrap(false);
+    // A sum of faults takes more than one line.
+    m_view->setWordWrap(true);
+    m_view->verticalHeader()->setMinimumSectionSize(m_view->verticalHeader()->defaultSectionSize());
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &DeviceOverviewTable::openMenu);
     connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
         selectLdb(hexIdOf(m_proxy->mapToSource(index).row()));
     });
@@ -120,6 +144,14 @@ void DeviceOverviewTable::setupHeader()
     header->setSectionsClickable(true);
     header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
     m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
+    m_fitTimer.setSingleShot(true);
+    m_fitTimer.setInterval(kFitDelay);
+    connect(header, &QHeaderView::sectionResized, &m_fitTimer, qOverload<>(&QTimer::start));
+    connect(&m_fitTimer, &QTimer::timeout, this, [this] {
+        if (m_view) {
+            m_view->resizeRowsToContents();
+        }
+    });
     m_headerViewport = header->viewport();
     m_headerViewport->installEventFilter(this);
 }
@@ -209,6 +241,7 @@ void DeviceOverviewTable::retranslate()
 void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringList>& dataList)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    m_times.insert(hexId, generalinformation::clockTime(dataList));
     const int row = m_rowOfLdb.value(hexId, kNoRow);
     const bool isNewRow = row == kNoRow;
     if (isNewRow) {
@@ -216,6 +249,7 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
     } else {
         refreshRow(row, dataList);
     }
+    showLiveness(m_rowOfLdb.value(hexId));
     settleSelection(hexId, isNewRow);
 }
 
@@ -224,7 +258,7 @@ void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringLis
     QStandardItem* tickItem = newItem();
     tickItem->setCheckable(true);
     tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
-    tickItem->setData(hexId, kHexIdRole);
+    tickItem->setData(hexId, overview::HexIdRole);
     m_rowOfLdb.insert(hexId, m_model.rowCount());
     m_model.appendRow(tickItem);
     refreshRow(m_model.rowCount() - 1, dataList);
@@ -240,21 +274,28 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
         return;
     }
     const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
+    bool isFitDue = false;
     for (int recordRow = 0; recordRow < entries; ++recordRow) {
         const int column = overview::columnOf(recordRow);
         QStandardItem* item = m_model.item(row, column);
         const bool isNew = item == nullptr;
         if (isNew) {
             item = newDataItem();
-        } else {
-            cellcolours::update(*item, Qt::UserRole, kNoSortKey);
         }
         const QStringList& entry = dataList.at(recordRow);
-        cellcolours::update(*item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
-        cellcolours::setColour(*item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
+        const bool isNewText = cellcolours::update(*item, Qt::DisplayRole,
+                                                   entry.value(generalinformation::TextColumn));
+        isFitDue = isFitDue || (isNewText && wraps(recordRow));
+        cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
+        const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
+        cellcolours::update(*item, overview::RuleColourRole,
+                            colour.isValid() ? QVariant(colour) : QVariant());
         if (isNew) {
             m_model.setItem(row, column, item);
         }
+    }
+    if (isFitDue) {
+        fitRow(row);
     }
     if (row == m_selectedRow) {
         announceRow(row, true);
@@ -281,6 +322,9 @@ bool DeviceOverviewTable::selectLdb(const QString& hexId)
         return false;
     }
     tick(*row);
+    if (m_view) {
+        m_view->scrollTo(m_proxy->mapFromSource(m_model.index(*row, overview::IdColumn)));
+    }
     return true;
 }
 
@@ -335,7 +379,7 @@ void DeviceOverviewTable::announceRow(int row, bool isTicked)
 
 QString DeviceOverviewTable::hexIdOf(int row) const
 {
-    return m_model.index(row, overview::TickColumn).data(kHexIdRole).toString();
+    return m_model.index(row, overview::TickColumn).data(overview::HexIdRole).toString();
 }
 
 void DeviceOverviewTable::setSelectionEnabled(bool enabled)
@@ -347,11 +391,107 @@ void DeviceOverviewTable::setSelectionEnabled(bool enabled)
     }
 }
 
-void DeviceOverviewTable::clear()
+void DeviceOverviewTable::setMonitoring(const Monitoring& monitoring)
 {
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_monitoring = monitoring;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        showLiveness(row);
+    }
+}
+
+void DeviceOverviewTable::showLiveness(int row)
+{
+    const QString hexId = hexIdOf(row);
+    const std::optional<qint64> time = m_times.value(hexId);
+    const bool isLive = m_monitoring.isLive(hexId, time);
+    cellcolours::update(*m_model.item(row, overview::TickColumn), overview::LiveRole, isLive);
+    for (int column = overview::IdColumn; column < overview::ColumnCount; ++column) {
+        if (QStandardItem* item = m_model.item(row, column)) {
+            colourCell(*item, isLive);
+        }
+    }
+    if (QStandardItem* mode = m_model.item(row, overview::ModeColumn)) {
+        const QString age = isLive ? QString() : m_monitoring.ageText(time);
+        if (cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
+            fitRow(row);
+        }
+    }
+}
+
+void DeviceOverviewTable::colourCell(QStandardItem& item, bool isLive) const
+{
+    const QColor colour = item.data(overview::RuleColourRole).value<QColor>();
+    if (isLive) {
+        cellcolours::setColour(item, colour);
+    } else {
+        const QPalette palette = m_view ? m_view->palette() : QPalette();
+        const QColor ground = palette.color(QPalette::Base);
+        cellcolours::setColours(item, cellcolours::faded(colour, ground),
+                                cellcolours::fadedText(palette.color(QPalette::Text), ground));
+    }
+}
+
+/// Makes a row as high as its texts are, which may take more than one line.
+void DeviceOverviewTable::fitRow(int row)
+{
+    if (m_view) {
+        m_view->resizeRowToContents(m_proxy->mapFromSource(m_model.index(row, 0)).row());
+    }
+}
+
+void DeviceOverviewTable::openMenu(const QPoint& position)
+{
+    const QStringList lost = lostLdbs();
+    const QModelIndex cell = m_view->indexAt(position);
+    if (!cell.isValid() || lost.isEmpty()) {
+        return;
+    }
+    auto* menu = new QMenu(m_view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString hexId = hexIdOf(m_proxy->mapToSource(cell).row());
+    if (lost.contains(hexId)) {
+        connect(menu->addAction(tr("Dismiss LDB %1").arg(hexId)), &QAction::triggered, this,
+                [this, hexId] { emit dismissed({hexId}); });
+    }
+    connect(menu->addAction(tr("Dismiss all lost LDBs")), &QAction::triggered, this,
+            [this] { emit dismissed(lostLdbs()); });
+    menu->popup(m_view->viewport()->mapToGlobal(position));
+}
+
+QStringList DeviceOverviewTable::lostLdbs() const
+{
+    QStringList lost;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        const QVariant mode =
+            m_model.index(row, overview::ModeColumn).data(overview::NumberRole);
+        if (mode.toInt() == static_cast<int>(LdbState::Disconnected)) {
+            lost.append(hexIdOf(row));
+        }
+    }
+    return lost;
+}
+
+void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+{
+    const QString ticked = m_selectedRow == kNoRow ? QString() : hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
+    for (int row = m_model.rowCount() - 1; row >= 0; --row) {
+        const QString hexId = hexIdOf(row);
+        if (!hexIds.contains(hexId)) {
+            m_model.removeRow(row);
+            m_times.remove(hexId);
+        }
+    }
     m_rowOfLdb.clear();
-    m_model.removeRows(0, m_model.rowCount());
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        m_rowOfLdb.insert(hexIdOf(row), row);
+    }
+    if (m_rowOfLdb.contains(ticked)) {
+        m_selectedRow = m_rowOfLdb.value(ticked);
+    } else if (!ticked.isEmpty() && m_model.rowCount() > 0) {
+        tick(m_proxy->mapToSource(m_proxy->index(0, overview::TickColumn)).row());
+    }
 }
 
 void DeviceOverviewTable::saveTableState() const

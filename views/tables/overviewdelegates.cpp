@@ -27,6 +27,10 @@ void OverviewRowDelegate::initStyleOption(QStyleOptionViewItem* option,
                                           const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    const QString age = index.data(overview::AgeRole).toString();
+    if (!age.isEmpty()) {
+        option->text += QStringLiteral(" (%1)").arg(age);
+    }
     // Bold is wider: a measurement must not be cut because its row is ticked.
     const bool isLabel =
         index.column() == overview::IdColumn || index.column() == overview::NameColumn;
