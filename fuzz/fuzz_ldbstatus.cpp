@@ -78,7 +78,7 @@ void checkRows(const LdbStatus& status)
     const QList<QStringList> rows = buildRows(QStringLiteral("FD"), QStringLiteral("Hall"), status,
                                               QStringLiteral("2026-11-14: 21:15:30"),
                                               QStringLiteral("2026-11-14: 21:15:30:123"));
-    require(rows.size() == RowCount, "there are eleven rows");
+    require(rows.size() == RowCount, "there are all rows");
     for (const QStringList& row : rows) {
         require(row.size() > ValueColumn && !row.constFirst().isEmpty(),
                 "every row has a text and a value");

@@ -21,6 +21,8 @@ bool isUpperHexText(const QByteArray& text)
 bool hasShape(const QByteArray& body, AnswerShape shape)
 {
     switch (shape) {
+    case AnswerShape::Count:
+        return false;
     case AnswerShape::Any:
         return true;
     case AnswerShape::Acknowledge:

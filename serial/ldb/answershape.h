@@ -11,9 +11,10 @@ enum class AnswerShape
     Status,      ///< 50 upper-case hexadecimal digits that decode
     Name,        ///< 32 upper-case hexadecimal digits
     Firmware,    ///< more than 10 hexadecimal digits without a zero byte
-    Settings     ///< 56 digits that decode
+    Settings,    ///< 56 digits that decode
+    Count        ///< how many there are, and none itself
 };
-constexpr int kAnswerShapes = 6;
+constexpr int kAnswerShapes = static_cast<int>(AnswerShape::Count);
 
 /// Whether the body of a frame can be an answer of that shape. No frame is an acknowledgement.
 bool hasShape(const QByteArray& body, AnswerShape shape);

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// One LDB's polled data as every view consumes it: a list of eleven rows, of which string 0 is the
+/// One LDB's polled data as every view consumes it: a list of rows, of which string 0 is the
 /// text to show and the further strings are machine values. The rows travel as plain
 /// `QList<QStringList>` through queued signals; the names and functions here are the only way that
 /// code addresses them. Pure functions, callable from any thread.
@@ -51,7 +51,7 @@ extern const QString kNoValue;
 extern const QString kSecondsFormat;
 extern const QString kMillisecondsFormat;
 
-/// The eleven rows of one status record. Of an LDB that does not answer (state `Disconnected`) the
+/// The rows of one status record. Of an LDB that does not answer (state `Disconnected`) the
 /// name says so, voltages and currents have neither text nor number, and the codes of loop, earth
 /// and amplifier have no text.
 QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,

@@ -1,5 +1,6 @@
 #include "simulator/board/ldbresponder.h"
 
+#include "serial/ldb/request.h"
 #include "serial/wire/framecodec.h"
 #include "serial/wire/hextext.h"
 #include "simulator/board/answerencoder.h"
@@ -119,8 +120,7 @@ bool isChanging(const BusRequest& request)
 {
     return request.kind == BusRequest::Kind::Change ||
            (request.kind == BusRequest::Kind::Execute &&
-            request.index != static_cast<int>(LdbAction::Status) &&
-            request.index != static_cast<int>(LdbAction::FirmwareId));
+            !requests::execute({}, request.index).isRead);
 }
 
 QString describeAnswer(const BusRequest& request, const QByteArray& answer)

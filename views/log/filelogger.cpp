@@ -152,7 +152,7 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
             return;
         }
     }
-    const std::optional<qint64> seconds = secondsOf(dataList.last().value(TextColumn));
+    const std::optional<qint64> seconds = secondsOf(text(dataList, TimestampRow));
     if (m_period.admits(busaddress::fromHexId(hexId), seconds, m_interval)) {
         write(dataLine(dataList));
     }
