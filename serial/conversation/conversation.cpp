@@ -389,10 +389,10 @@ void Conversation::tellMissing(const Moment& moment)
         m_schedule.markLost(m_hexId);
         m_memory.recall(m_hexId, ldb->name);
         m_events.emplace_back(event::ListChange{m_schedule.found()});
+        tellLost();
         if (!ldb->wasLost) {
             m_events.emplace_back(event::Loss{m_hexId});
         }
-        tellLost();
     }
 }
 
@@ -431,8 +431,9 @@ void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
         moment);
     if (misses > m_forgivenMisses) {
         m_schedule.markLost(m_hexId);
-        m_events.emplace_back(event::Loss{m_hexId});
+        // Behind the record: who is told of the loss knows of whom.
         tellLost();
+        m_events.emplace_back(event::Loss{m_hexId});
     }
 }
 

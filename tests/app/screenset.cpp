@@ -2,11 +2,13 @@
 
 #include "app/help/manualwindow.h"
 #include "app/ldbsettings/ldbsettingseditor.h"
+#include "app/log/logpanel.h"
 #include "app/notices/linknotices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
+#include "app/window/monitoringstrip.h"
 #include "serial/ldb/serialcommand.h"
 #include "tests/support/testbus.h"
 #include "tests/support/virtualtime.h"
@@ -36,6 +38,7 @@ const QString kTicked = QStringLiteral("0A");
 const QStringList kMainWindows{
     QStringLiteral("main-openShortLeakPage"), QStringLiteral("main-serviceModePage"),
     QStringLiteral("main-earthFaultPage"),    QStringLiteral("main-settingsPage"),
+    QStringLiteral("main-outPage"),           QStringLiteral("main-notMonitored"),
     QStringLiteral("main-ldbSettingsTab"),    QStringLiteral("main-logTab")};
 const QStringList kBoxes{QStringLiteral("box-loss"), QStringLiteral("box-port"),
                          QStringLiteral("box-import")};
@@ -50,7 +53,7 @@ QList<QList<QStringList>> records()
 {
     const QList<records::Codes> codes{
         {254, 42, 10, 2}, {10, 0, 0, 0},  {50, 21, 5, 254}, {51, 2, 1, 3}, {253, 4, 15, 1},
-        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2},    {40, 8, 3, 0}, {255, 64, 16, 255}};
+        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2},    {40, 8, 3, 0}, {254, 64, 16, 255}};
     QList<QList<QStringList>> all;
     for (int i = 0; i < codes.size(); ++i) {
         all.append(
@@ -61,7 +64,19 @@ QList<QList<QStringList>> records()
         all.last()[PrimaryCurrentRow][TextColumn] = QStringLiteral("140.0 mA");
         all.last()[SecondaryCurrentRow][TextColumn] = QStringLiteral("-30.0 mA");
     }
+    all.append(records::record(QStringLiteral("FD"), LdbStatus::disconnected(),
+                               QStringLiteral("Control room E")));
     return all;
+}
+
+void setMonitoring(MainWindow& window, const Monitoring& monitoring)
+{
+    window.findChild<MonitoringStrip*>()->setMonitoring(monitoring);
+    window.findChild<DeviceOverviewTable*>()->setMonitoring(monitoring);
+    window.findChild<DeviceDetailTable*>()->setMonitoring(monitoring);
+    window.findChild<MainWindowPlot*>()->setMonitoring(monitoring);
+    window.findChild<LampPanel*>()->setMonitoring(monitoring);
+    window.findChild<LogPanel*>()->setMonitoring(monitoring);
 }
 
 void fillViews(MainWindow& window)
@@ -72,6 +87,10 @@ void fillViews(MainWindow& window)
     auto* plot = window.findChild<MainWindowPlot*>();
     const QList<QList<QStringList>> all = records();
     // Twice: the lamps tell of rounds that are over.
+    Monitoring monitoring = records::monitored();
+    monitoring.known = all.size();
+    monitoring.lost = 1;
+    setMonitoring(window, monitoring);
     for (int round = 0; round < 2; ++round) {
         for (const QList<QStringList>& record : all) {
             const QString hexId = generalinformation::text(record, generalinformation::DeviceIdRow);
@@ -185,7 +204,12 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
     auto* toolBox = window->findChild<QToolBox*>(QStringLiteral("ldbActionToolBox"));
     auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("controlTabs"));
     auto* page = window->findChild<QWidget*>(tab);
-    if (toolBox->indexOf(page) >= 0) {
+    if (tab == QLatin1String("notMonitored")) {
+        Monitoring lost = records::stopped(59 * 60);
+        lost.state = Monitoring::State::ConnectionLost;
+        lost.portName = QStringLiteral("/dev/ttyUSB0");
+        setMonitoring(*window, lost);
+    } else if (toolBox->indexOf(page) >= 0) {
         toolBox->setCurrentWidget(page);
     } else {
         tabs->setCurrentWidget(page);
@@ -212,7 +236,7 @@ QWidget* ScreenSet::openBox(const QString& name)
         static const QStringList lost{QStringLiteral("03"), QStringLiteral("0A")};
         LinkNotices losses(&m_notices);
         for (const QString& hexId : lost) {
-            losses.tellLoss(hexId);
+            losses.tellLoss(hexId, QStringLiteral("Control room E"));
         }
         return lastOpen<MessageBox>(&m_desk);
     }
@@ -301,8 +325,7 @@ QWidget* ScreenSet::openStatusBar()
     window->resize(kRoom);
     Notices notices(window->statusBar(), window);
     StatusBarDisplay display(window->statusBar(), &notices);
-    display.showPolledAlone(kTicked);
-    display.showAvailable(busaddress::kLast);
+    display.showAvailable(busaddress::kLast, busaddress::kLast / 2);
     display.showQueueLength(kManyCommands);
     display.showScanProgress(busaddress::kLast, busaddress::kLast);
     return window;

@@ -18,6 +18,7 @@ namespace {
 
 const QStringList kLdbs{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")};
 constexpr int kIdColumn = 1;
+const QString kAllAnswer = QStringLiteral("Monitored: 3 LDBs answer.");
 const QString kFailed = QStringLiteral("Serial communication failed.");
 
 } // namespace
@@ -167,8 +168,8 @@ void TestMainWindow::reloadKeepsTheTick()
     button("reloadDevicesButton")->click();
     QCOMPARE(label("countLabel"), QStringLiteral("Loading LDB device list..."));
     QVERIFY(!button("ldbResetButton")->isEnabled());
-    WAIT_COMPARE(label("countLabel"), QStringLiteral("Available LDB's: 2."));
-    WAIT_COMPARE(rows(), 2);
+    WAIT_COMPARE(label("countLabel"), QStringLiteral("2 of 3 answer, 1 lost."));
+    QCOMPARE(rows(), 3);
     WAIT_VERIFY(button("ldbResetButton")->isEnabled());
     m_bus->clearRequests();
     button("ldbResetButton")->click();
@@ -257,7 +258,7 @@ void TestMainWindow::lostLdb()
     m_bus->setPresent(others);
     WAIT_COMPARE(boxes().size(), 1);
     QCOMPARE(boxes().constFirst()->text(),
-             QStringLiteral("The LDB with ID: %1 is disconnected!").arg(lost));
+             QStringLiteral("The LDB with ID: %1 (LDB %1) is disconnected!").arg(lost));
     QCOMPARE(button("ldbResetButton")->isEnabled(), actionsStay);
     QCOMPARE(button("allLdbResetButton")->isEnabled(), actionsStay);
 
@@ -337,14 +338,13 @@ void TestMainWindow::trackingPollsOneLdb()
     clickRow(QStringLiteral("0A"));
     WAIT_COMPARE(detail(0), QStringLiteral("0A"));
     button("fimTrackingButton")->click();
-    WAIT_VERIFY(child<QLabel>("polledAloneLabel")->isVisible());
-    QCOMPARE(label("polledAloneLabel"), QStringLiteral("Only LDB 0A is polled."));
+    WAIT_COMPARE(label("monitoringLabel"), QStringLiteral("Only LDB 0A is polled."));
     auto* tracking = m_window->findChild<FimTracking*>();
     QVERIFY(tracking != nullptr);
     QVERIFY(tracking->isVisible());
 
     tracking->close();
-    WAIT_VERIFY(!child<QLabel>("polledAloneLabel")->isVisible());
+    WAIT_COMPARE(label("monitoringLabel"), kAllAnswer);
     m_bus->clearRequests();
     WAIT_VERIFY(m_bus->requests().contains("FEFD737803"));
 }

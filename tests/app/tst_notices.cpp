@@ -67,7 +67,7 @@ void TestNotices::longBoxScrolls()
     LinkNotices losses(&notices);
     constexpr int kLost = 60;
     for (int i = 1; i <= kLost; ++i) {
-        losses.tellLoss(QString::number(i));
+        losses.tellLoss(QString::number(i), QString());
     }
     const MessageBox* box = openBoxes(window).value(0);
     QCoreApplication::processEvents();
@@ -85,22 +85,22 @@ void TestNotices::lossesShareOneBox()
     QStatusBar bar;
     Notices notices(&bar, &window);
     LinkNotices losses(&notices);
-    losses.tellLoss(QStringLiteral("0A"));
-    losses.tellLoss(QStringLiteral("FD"));
-    losses.tellLoss(QStringLiteral("0A")); // came back and went again: it stands there already
+    losses.tellLoss(QStringLiteral("0A"), QStringLiteral("Control  room "));
+    losses.tellLoss(QStringLiteral("FD"), QString());
+    losses.tellLoss(QStringLiteral("0A"), QStringLiteral("Control  room ")); // came back and went again: it stands there already
     QCOMPARE(openBoxes(window).size(), 1);
     MessageBox* box = openBoxes(window).constFirst();
     QCOMPARE(box->windowTitle(), QStringLiteral("Error"));
-    QCOMPARE(box->text(), QStringLiteral("The LDB with ID: 0A is disconnected!\n"
+    QCOMPARE(box->text(), QStringLiteral("The LDB with ID: 0A (Control room) is disconnected!\n"
                                          "The LDB with ID: FD is disconnected!"));
     QVERIFY(box->isModal());
 
     box->accept();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(openBoxes(window).isEmpty());
-    losses.tellLoss(QStringLiteral("0A"));
+    losses.tellLoss(QStringLiteral("0A"), QStringLiteral("Control  room "));
     QCOMPARE(openBoxes(window).constFirst()->text(),
-             QStringLiteral("The LDB with ID: 0A is disconnected!"));
+             QStringLiteral("The LDB with ID: 0A (Control room) is disconnected!"));
 }
 
 void TestNotices::portFailureDetails_data()

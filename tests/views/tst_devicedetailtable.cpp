@@ -27,6 +27,7 @@ struct Detail
         , tester(view.model(), QAbstractItemModelTester::FailureReportingMode::QtTest)
     {
         table.setCurrentHexId(kLdb);
+        table.setMonitoring(records::monitored());
     }
 
     void poll(const LdbStatus& status = healthy())
@@ -90,6 +91,7 @@ void TestDeviceDetailTable::showsTheCurrentLdbOnly()
 void TestDeviceDetailTable::coloursByRuleAndBack()
 {
     Detail detail(kModeRedAtService);
+    detail.poll();
     const QColor shade = detail.background(ModeRow);
     const QColor text = detail.colour(ModeRow, Qt::ForegroundRole);
     detail.poll(healthy(LdbState::ServiceMode));

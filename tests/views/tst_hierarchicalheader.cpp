@@ -109,10 +109,11 @@ void TestHierarchicalHeader::sorting_data()
     const QVariant none;
     const int mode = kCodeColumn;
     const int name = kCodeColumn - 1;
-    QTest::newRow("mode by code") << mode << QVariantList{20, 30, 10} << "Cba";
-    QTest::newRow("equal codes by text") << mode << QVariantList{0, 0, 0} << "abC";
-    QTest::newRow("one code missing") << mode << QVariantList{5, none, none} << "abC";
-    QTest::newRow("other columns by text") << name << QVariantList{20, 30, 10} << "abC";
+    QTest::newRow("by number") << mode << QVariantList{20, 30, 10} << "Cba";
+    QTest::newRow("equal numbers by text") << mode << QVariantList{0, 0, 0} << "abC";
+    QTest::newRow("one number alone") << mode << QVariantList{5, none, none} << "abC";
+    QTest::newRow("fractions, below zero") << mode << QVariantList{-9.5, 10.0, -10.5} << "Cba";
+    QTest::newRow("every column") << name << QVariantList{20, 30, 10} << "Cba";
 }
 
 void TestHierarchicalHeader::sorting()
@@ -128,7 +129,6 @@ void TestHierarchicalHeader::sorting()
     }
     ProxyModelHierachicalHeader proxy;
     proxy.setSourceModel(&source);
-    proxy.setCodeColumn(kCodeColumn);
     const auto shown = [&](int row) {
         return proxy.index(row, column).data().toString();
     };

@@ -1,17 +1,15 @@
 #include "views/tables/deviceoverviewtable.h"
 
-#include "app/shared/usersettings.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolours.h"
 #include "views/tables/overviewcolumns.h"
 #include "views/tables/overviewdelegates.h"
+#include "views/tables/overviewlayout.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMap>
 #include <QMenu>
-#include <QResizeEvent>
 #include <QStandardItem>
 #include <QTableView>
 #include <QThread>
@@ -56,27 +54,18 @@ QStandardItem* newDataItem()
     return item;
 }
 
-/// Whether a text of that row may take more than one line.
-bool wraps(int recordRow)
+/// Whether a text of that row may take more than one line. A measurement does not: only what stands
+/// in its place.
+bool takesLines(int recordRow, const QString& text)
 {
     using namespace generalinformation;
-    return recordRow == NameRow || recordRow == ModeRow || recordRow == LoopRow ||
-           recordRow == EarthRow || recordRow == AmplifierRow;
+    const bool isMeasurement = recordRow >= PrimaryVoltageRow && recordRow <= SecondaryCurrentRow;
+    return isMeasurement ? text.contains(QLatin1Char('(')) : recordRow != TimestampRow;
 }
 
 bool isTickKey(int key)
 {
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-// Relative widths of the columns. On a small screen, every single fault and mode and a ticked name
-// then fit, in every language; sums of faults do not.
-int widthShareOf(int column)
-{
-    // Tick, ID, Name, Mode, Loop, Vpri, Ipri, Vsec, Isec, Earth, Amplifier, Timestamp.
-    constexpr std::array kShares{52, 57, 120, 161, 151, 52, 72, 52, 72, 128, 113, 52};
-    static_assert(kShares.size() == overview::ColumnCount);
-    return kShares.at(static_cast<std::size_t>(column));
 }
 
 } // namespace
@@ -133,10 +122,7 @@ void DeviceOverviewTable::setupHeader()
     m_view->verticalHeader()->hide();
     header->show();
 
-    hideServiceColumns();
-    header->setSectionResizeMode(QHeaderView::Interactive);
-    header->setSectionsMovable(true);
-    fillWidth();
+    m_layout = new OverviewLayout(m_view, header, this);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Interactive);
 
     header->setSortIndicatorShown(true);
@@ -152,55 +138,6 @@ void DeviceOverviewTable::setupHeader()
             m_view->resizeRowsToContents();
         }
     });
-    m_headerViewport = header->viewport();
-    m_headerViewport->installEventFilter(this);
-}
-
-/// Shows exactly the columns that the header names.
-void DeviceOverviewTable::hideServiceColumns()
-{
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        m_view->setColumnHidden(column, column == overview::TickColumn ||
-                                            column == overview::TimestampColumn);
-    }
-}
-
-/// Stretches the shown columns over the table's width.
-void DeviceOverviewTable::fillWidth()
-{
-    header()->resizeSections(QHeaderView::Stretch);
-    shareWidth(header()->length(), widthShareOf);
-}
-
-/// Gives each shown column its share of the width.
-void DeviceOverviewTable::shareWidth(int width, const std::function<int(int column)>& shareOf)
-{
-    int shares = 0;
-    QMap<int, int> sharesBefore; // by column
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        if (!header()->isSectionHidden(column)) {
-            sharesBefore.insert(column, shares);
-            shares += shareOf(column);
-        }
-    }
-    if (shares == 0) {
-        return;
-    }
-    // Positions are rounded, not widths, so that no gap is left at the right. All are worked out
-    // before the first one changes.
-    QMap<int, int> widths;
-    for (auto it = sharesBefore.cbegin(); it != sharesBefore.cend(); ++it) {
-        const int begin = width * it.value() / shares;
-        widths.insert(it.key(), width * (it.value() + shareOf(it.key())) / shares - begin);
-    }
-    for (auto it = widths.cbegin(); it != widths.cend(); ++it) {
-        header()->resizeSection(it.key(), it.value());
-    }
-}
-
-QHeaderView* DeviceOverviewTable::header() const
-{
-    return m_view->horizontalHeader();
 }
 
 void DeviceOverviewTable::retranslate()
@@ -233,6 +170,7 @@ void DeviceOverviewTable::retranslate()
     m_headerModel.clear();
     m_headerModel.appendRow(cells);
     m_model.setHorizontalHeaderLabels(names);
+    m_layout->retranslate();
     if (m_selectedRow != kNoRow) {
         announceRow(m_selectedRow, true);
     }
@@ -262,9 +200,8 @@ void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringLis
     m_rowOfLdb.insert(hexId, m_model.rowCount());
     m_model.appendRow(tickItem);
     refreshRow(m_model.rowCount() - 1, dataList);
-    if (!m_hadRows) {
-        loadTableState();
-        m_hadRows = true;
+    if (!m_layout->isLoaded()) {
+        m_layout->load();
     }
 }
 
@@ -283,9 +220,10 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
             item = newDataItem();
         }
         const QStringList& entry = dataList.at(recordRow);
-        const bool isNewText = cellcolours::update(*item, Qt::DisplayRole,
-                                                   entry.value(generalinformation::TextColumn));
-        isFitDue = isFitDue || (isNewText && wraps(recordRow));
+        const QString text = entry.value(generalinformation::TextColumn);
+        const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item->text());
+        isFitDue =
+            (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
         cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
         const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
         cellcolours::update(*item, overview::RuleColourRole,
@@ -496,26 +434,7 @@ void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
 
 void DeviceOverviewTable::saveTableState() const
 {
-    if (m_view && m_hadRows) {
-        userSettings().setValue(constants::kOverviewTableStateKey, header()->saveState());
-    }
-}
-
-void DeviceOverviewTable::loadTableState()
-{
-    const QVariant state = userSettings().value(constants::kOverviewTableStateKey);
-    if (!m_view || !state.isValid()) {
-        return;
-    }
-    if (!header()->restoreState(state.toByteArray())) {
-        qWarning("The stored layout of the overview table cannot be read");
-    }
-    hideServiceColumns();
-    // A layout of another version may sort by what is not shown here.
-    const int sortedBy = header()->sortIndicatorSection();
-    if (sortedBy >= header()->count() || header()->isSectionHidden(sortedBy)) {
-        m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    }
+    m_layout->save();
 }
 
 bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
@@ -525,22 +444,7 @@ bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress && watched == m_view) {
         return tickByKey(*static_cast<QKeyEvent*>(event));
     }
-    if (event->type() == QEvent::Resize && watched == m_headerViewport) {
-        followWidth(*static_cast<QResizeEvent*>(event));
-    }
     return QObject::eventFilter(watched, event);
-}
-
-/// Columns that fill the table go on doing so, in the proportions that the user gave them; columns
-/// that the user made wider or narrower than the table stay as they are.
-void DeviceOverviewTable::followWidth(const QResizeEvent& resize)
-{
-    if (!m_hadRows) {
-        fillWidth();
-    } else if (header()->length() == resize.oldSize().width()) {
-        shareWidth(resize.size().width(),
-                   [this](int column) { return header()->sectionSize(column); });
-    }
 }
 
 /// Whether the key was one that ticks the current row.

@@ -9,17 +9,15 @@
 #include <QStringList>
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
-class QHeaderView;
 class QKeyEvent;
-class QResizeEvent;
 class QTableView;
 
 class CellColourRules;
 class CheckBoxDelegate;
+class OverviewLayout;
 class OverviewRowDelegate;
 class ProxyModelHierachicalHeader;
 
@@ -60,11 +58,8 @@ public:
     /// Every LDB that has a row.
     QStringList shownLdbs() const { return m_rowOfLdb.keys(); }
 
-    /// Stores the header's layout in the per-user settings. Does nothing before the first row: what
-    /// stands there until then is not the user's layout, which has yet to be restored.
+    /// Stores the header's layout in the per-user settings, once it has been restored from there.
     void saveTableState() const;
-    /// Restores the header's layout, where one is stored. Runs by itself at the first row.
-    void loadTableState();
 
 public slots:
     /// Adds or refreshes the row of an LDB. The first LDB ever is ticked. An entry that the record
@@ -91,11 +86,6 @@ private:
 
     void setupTable();
     void setupHeader();
-    void hideServiceColumns();
-    void fillWidth();
-    void shareWidth(int width, const std::function<int(int column)>& shareOf);
-    void followWidth(const QResizeEvent& resize);
-    QHeaderView* header() const;
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
@@ -113,11 +103,11 @@ private:
     QString hexIdOf(int row) const;
 
     QPointer<QTableView> m_view;
-    QPointer<QWidget> m_headerViewport;
     QStandardItemModel m_model;
     QStandardItemModel m_headerModel;
     std::unique_ptr<ProxyModelHierachicalHeader> m_proxy;
     std::unique_ptr<const CellColourRules> m_colourRules;
+    OverviewLayout* m_layout = nullptr;             // owned as a child
     CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
     QHash<QString, int> m_rowOfLdb;                 // source rows
@@ -126,5 +116,4 @@ private:
     QHash<QString, std::optional<qint64>> m_times; ///< clock times of the records shown
     Monitoring m_monitoring;
     QTimer m_fitTimer; ///< rows are made to fit after columns have been resized
-    bool m_hadRows = false; // the stored layout has been applied
 };
