@@ -219,6 +219,10 @@ maintenance</translation>
         <source>Amplifier</source>
         <translation>Amplificateur</translation>
     </message>
+    <message>
+        <source>%1 ago</source>
+        <translation>il y a %1</translation>
+    </message>
 </context>
 <context>
     <name>DeviceOverviewTable</name>
@@ -257,6 +261,14 @@ maintenance</translation>
     <message>
         <source>%1, selected</source>
         <translation>%1, sélectionné</translation>
+    </message>
+    <message>
+        <source>Dismiss LDB %1</source>
+        <translation>Retirer le LDB %1</translation>
+    </message>
+    <message>
+        <source>Dismiss all lost LDBs</source>
+        <translation>Retirer tous les LDB perdus</translation>
     </message>
 </context>
 <context>
@@ -799,6 +811,10 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>No LDB</source>
         <translation>Aucun LDB</translation>
     </message>
+    <message>
+        <source>Not monitored</source>
+        <translation>Non surveillé</translation>
+    </message>
 </context>
 <context>
     <name>LdbFields</name>
@@ -1307,6 +1323,22 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>Logging has stopped!</source>
         <translation>L&apos;enregistrement s&apos;est arrêté&#xa0;!</translation>
     </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>LDB %1 (%2)</source>
+        <translation>LDB %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Waiting for the bus since %1.</source>
+        <translation>En attente du bus depuis %1.</translation>
+    </message>
+    <message>
+        <source>No record came from %1 to %2.</source>
+        <translation>Rien n&apos;est arrivé de %1 à %2.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -1462,10 +1494,6 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Recherche des LDB connectés...  LDB vérifiés %1, LDB trouvés %2</translation>
     </message>
     <message>
-        <source>Only LDB %1 is polled.</source>
-        <translation>Seul le LDB %1 est interrogé.</translation>
-    </message>
-    <message>
         <source>Progress</source>
         <translation>Progression</translation>
     </message>
@@ -1477,6 +1505,18 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>Help</source>
         <translation>Aide</translation>
     </message>
+    <message>
+        <source>LOST/FA&amp;ULT</source>
+        <translation>PERD&amp;U/DÉFAUT</translation>
+    </message>
+    <message>
+        <source>LDBs that are lost, in fault, or whose factory reset has failed</source>
+        <translation>LDB perdus, en défaut, ou dont la réinitialisation d&apos;usine a échoué</translation>
+    </message>
+    <message>
+        <source>%1 of %2 answer, %3 lost.</source>
+        <translation>%1 sur %2 répondent, %3 perdus.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -1487,6 +1527,10 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+    <message>
+        <source>%1 ago</source>
+        <translation>il y a %1</translation>
     </message>
 </context>
 <context>
@@ -1518,6 +1562,87 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>&amp;Forward</source>
         <translation>Sui&amp;vant</translation>
+    </message>
+</context>
+<context>
+    <name>Monitoring</name>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 j</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>MonitoringStrip</name>
+    <message>
+        <source>Dismiss Lost LDBs</source>
+        <translation>Retirer les LDB perdus</translation>
+    </message>
+    <message>
+        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
+        <translation>Retirer les LDB perdus de la liste ; un balayage qui en trouve un le ramène</translation>
+    </message>
+    <message>
+        <source>Only LDB %1 is polled.</source>
+        <translation>Seul le LDB %1 est interrogé.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Monitored: %n LDBs answer.</source>
+        <translation>
+            <numerusform>Surveillé : %n LDB répond.</numerusform>
+            <numerusform>Surveillé : %n LDB répondent.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost.</source>
+        <translation>Surveillé : %1 LDB sur %2 répondent, %3 perdus.</translation>
+    </message>
+    <message>
+        <source>Not monitored: click Start.</source>
+        <translation>Non surveillé : cliquez sur Démarrer.</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>arrêté</translation>
+    </message>
+    <message>
+        <source>no LDB was found</source>
+        <translation>aucun LDB n&apos;a été trouvé</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened</source>
+        <translation>%1 ne peut pas être ouvert</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation>la connexion à %1 a été perdue</translation>
+    </message>
+    <message>
+        <source>the bus is being scanned</source>
+        <translation>le bus est en cours de balayage</translation>
+    </message>
+    <message>
+        <source>no LDB answers</source>
+        <translation>aucun LDB ne répond</translation>
+    </message>
+    <message>
+        <source>Not monitored since %1: %2</source>
+        <translation>Non surveillé depuis %1 : %2</translation>
+    </message>
+    <message>
+        <source>Not monitored: %1</source>
+        <translation>Non surveillé : %1</translation>
     </message>
 </context>
 <context>
@@ -1780,6 +1905,14 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Au moins un LDB demande la vérification de ses paramètres.</translation>
+    </message>
+    <message>
+        <source>%1: not known</source>
+        <translation>%1 : inconnu</translation>
+    </message>
+    <message>
+        <source>Not all LDBs are monitored.</source>
+        <translation>Les LDB ne sont pas tous surveillés.</translation>
     </message>
 </context>
 </TS>

@@ -219,6 +219,10 @@ modus</translation>
         <source>Amplifier</source>
         <translation>Versterker</translation>
     </message>
+    <message>
+        <source>%1 ago</source>
+        <translation>%1 geleden</translation>
+    </message>
 </context>
 <context>
     <name>DeviceOverviewTable</name>
@@ -257,6 +261,14 @@ modus</translation>
     <message>
         <source>%1, selected</source>
         <translation>%1, geselecteerd</translation>
+    </message>
+    <message>
+        <source>Dismiss LDB %1</source>
+        <translation>LDB %1 verwijderen</translation>
+    </message>
+    <message>
+        <source>Dismiss all lost LDBs</source>
+        <translation>Alle verloren LDB&apos;s verwijderen</translation>
     </message>
 </context>
 <context>
@@ -799,6 +811,10 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>No LDB</source>
         <translation>Geen LDB</translation>
     </message>
+    <message>
+        <source>Not monitored</source>
+        <translation>Niet bewaakt</translation>
+    </message>
 </context>
 <context>
     <name>LdbFields</name>
@@ -1307,6 +1323,22 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>Logging has stopped!</source>
         <translation>Het loggen is gestopt!</translation>
     </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>LDB %1 (%2)</source>
+        <translation>LDB %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Waiting for the bus since %1.</source>
+        <translation>Wacht op de bus sinds %1.</translation>
+    </message>
+    <message>
+        <source>No record came from %1 to %2.</source>
+        <translation>Van %1 tot %2 kwam er niets binnen.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -1462,10 +1494,6 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Zoeken naar verbonden LDB&apos;s...  LDB&apos;s gecontroleerd %1, LDB&apos;s gevonden %2</translation>
     </message>
     <message>
-        <source>Only LDB %1 is polled.</source>
-        <translation>Alleen LDB %1 wordt gepolld.</translation>
-    </message>
-    <message>
         <source>Progress</source>
         <translation>Voortgang</translation>
     </message>
@@ -1477,6 +1505,18 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>Help</source>
         <translation>Help</translation>
     </message>
+    <message>
+        <source>LOST/FA&amp;ULT</source>
+        <translation>&amp;VERLOREN/FOUT</translation>
+    </message>
+    <message>
+        <source>LDBs that are lost, in fault, or whose factory reset has failed</source>
+        <translation>LDB&apos;s die verloren of in storing zijn, of waarvan de fabrieksreset is mislukt</translation>
+    </message>
+    <message>
+        <source>%1 of %2 answer, %3 lost.</source>
+        <translation>%1 van %2 antwoorden, %3 verloren.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -1487,6 +1527,10 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+    <message>
+        <source>%1 ago</source>
+        <translation>%1 geleden</translation>
     </message>
 </context>
 <context>
@@ -1518,6 +1562,87 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>&amp;Forward</source>
         <translation>&amp;Vooruit</translation>
+    </message>
+</context>
+<context>
+    <name>Monitoring</name>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 d</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 u</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>MonitoringStrip</name>
+    <message>
+        <source>Dismiss Lost LDBs</source>
+        <translation>Verloren LDB&apos;s verwijderen</translation>
+    </message>
+    <message>
+        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
+        <translation>Haal de verloren LDB&apos;s uit de lijst; een scan die er een vindt, brengt die terug</translation>
+    </message>
+    <message>
+        <source>Only LDB %1 is polled.</source>
+        <translation>Alleen LDB %1 wordt gepolld.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Monitored: %n LDBs answer.</source>
+        <translation>
+            <numerusform>Bewaakt: %n LDB antwoordt.</numerusform>
+            <numerusform>Bewaakt: %n LDB&apos;s antwoorden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost.</source>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren.</translation>
+    </message>
+    <message>
+        <source>Not monitored: click Start.</source>
+        <translation>Niet bewaakt: klik op Start.</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>gestopt</translation>
+    </message>
+    <message>
+        <source>no LDB was found</source>
+        <translation>er is geen LDB gevonden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened</source>
+        <translation>%1 kan niet worden geopend</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation>de verbinding met %1 is verbroken</translation>
+    </message>
+    <message>
+        <source>the bus is being scanned</source>
+        <translation>de bus wordt gescand</translation>
+    </message>
+    <message>
+        <source>no LDB answers</source>
+        <translation>geen LDB antwoordt</translation>
+    </message>
+    <message>
+        <source>Not monitored since %1: %2</source>
+        <translation>Niet bewaakt sinds %1: %2</translation>
+    </message>
+    <message>
+        <source>Not monitored: %1</source>
+        <translation>Niet bewaakt: %1</translation>
     </message>
 </context>
 <context>
@@ -1780,6 +1905,14 @@ Weet u zeker dat u dit wilt doen?</translation>
     <message>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Ten minste één LDB vraagt om controle van de instellingen.</translation>
+    </message>
+    <message>
+        <source>%1: not known</source>
+        <translation>%1: onbekend</translation>
+    </message>
+    <message>
+        <source>Not all LDBs are monitored.</source>
+        <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
     </message>
 </context>
 </TS>

@@ -53,7 +53,7 @@ void MonitoringStrip::setMonitoring(const Monitoring& monitoring)
 void MonitoringStrip::refresh()
 {
     m_text->setText(text(m_monitoring));
-    m_dismiss->setText(tr("&Dismiss Lost LDBs"));
+    m_dismiss->setText(tr("Dismiss Lost LDBs"));
     m_dismiss->setToolTip(tr("Take the lost LDBs out of the list; a scan that finds one brings it "
                              "back"));
     m_dismiss->setVisible(m_monitoring.lost > 0);

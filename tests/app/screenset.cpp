@@ -27,9 +27,9 @@
 
 namespace {
 
-/// The main window's own width, and the height that a 1366 x 768 screen has below a panel and a
-/// title bar.
-constexpr QSize kRoom(1360, 700);
+/// What a screen of 1280 x 720 has below a panel and a title bar.
+constexpr QSize kRoom(1280, 660);
+constexpr qint64 kRowsFit = 200;     // ms until rows are as high as their texts
 constexpr qint64 kStep = 250;        // ms
 constexpr qint64 kLongest = 3600000; // ms
 constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
@@ -186,6 +186,7 @@ QWidget* ScreenSet::open(const QString& name)
     for (int turn = 0; turn < 12; ++turn) {
         m_time->advance(0);
     }
+    m_time->advance(kRowsFit);
     return window;
 }
 

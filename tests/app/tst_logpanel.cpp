@@ -41,7 +41,7 @@ struct Group
     }
     void process(const QString& hexId, const QString& time)
     {
-        logger.processData(hexId, record(hexId, time));
+        panel.processData(hexId, record(hexId, time));
     }
 
     MainWindow window;
@@ -126,7 +126,7 @@ void TestLogPanel::remembers()
     QCOMPARE(group.interval.value(), 3600);
     QVERIFY(group.selected.isChecked());
     // The mode remembered is in force before anything is clicked.
-    group.logger.setSelectedHexId(QStringLiteral("02"));
+    group.panel.setSelectedLdb(QStringLiteral("02"));
     group.startStop.click();
     group.process(QStringLiteral("01"), QStringLiteral("10:00:00"));
     group.process(QStringLiteral("02"), QStringLiteral("10:00:01"));

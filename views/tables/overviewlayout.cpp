@@ -109,6 +109,7 @@ void OverviewLayout::retranslate()
     for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
         const bool isBold = column == overview::IdColumn || column == overview::NameColumn;
         int& least = m_leastWidths[column];
+        least = m_header->sectionSizeHint(column);
         for (const QString& text : textsOf(column)) {
             for (const QString& word : breakable(text).split(gap)) {
                 least = std::max(least, (isBold ? bold : plain).horizontalAdvance(word) + margin);
