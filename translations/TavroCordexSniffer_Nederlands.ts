@@ -1507,7 +1507,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>LOST/FA&amp;ULT</source>
-        <translation>&amp;VERLOREN/FOUT</translation>
+        <translation>VERLOREN/FO&amp;UT</translation>
     </message>
     <message>
         <source>LDBs that are lost, in fault, or whose factory reset has failed</source>

@@ -14,7 +14,9 @@ constexpr int kTick = 1000; // ms
 /// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
 /// again, and one may be slow.
 constexpr int kRounds = 3;
-/// On a small bus one LDB that does not answer holds the others up for longer than that.
+/// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
+constexpr qint64 kTurn = 200;
+/// On a small bus one LDB that does not answer holds the others up for longer than three rounds.
 constexpr qint64 kShortestLife = 15000; // ms
 
 } // namespace
@@ -28,7 +30,7 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
-    connect(link, &SerialLink::polledAloneChanged, this, &Monitor::measureRounds);
+    connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
     connect(link, &SerialLink::generalInformationUpdated, this,
@@ -68,10 +70,8 @@ Monitoring Monitor::monitoring() const
 
 qint64 Monitor::lifetime() const
 {
-    if (!m_roundLength) {
-        return Monitoring::kLongestLife;
-    }
-    return std::clamp(kRounds * *m_roundLength, kShortestLife, Monitoring::kLongestLife);
+    return std::clamp(kRounds * kTurn * m_link->knownLdbs().size(), kShortestLife,
+                      Monitoring::kLongestLife);
 }
 
 void Monitor::begin()
@@ -93,7 +93,7 @@ void Monitor::processScan(bool isOn)
     m_state = State::Polling;
     m_since.reset();
     m_polledSince = now();
-    measureRounds();
+    tell();
 }
 
 void Monitor::processFailure(const QString& portName)
@@ -127,24 +127,8 @@ void Monitor::pause(State state)
     tell();
 }
 
-/// Anew: rounds have another length from now on.
-void Monitor::measureRounds()
-{
-    m_round.reset();
-    m_roundLength.reset();
-    tell();
-}
-
 void Monitor::processRecord(const QList<QStringList>& dataList)
 {
-    const auto time = generalinformation::clockTime(dataList);
-    if (!time) {
-        return;
-    }
-    if (m_round && *time > *m_round) {
-        m_roundLength = *time - *m_round;
-    }
-    m_round = time;
     if (!generalinformation::isLost(dataList)) {
         m_lastAnswer = now();
     }

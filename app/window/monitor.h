@@ -31,7 +31,6 @@ private:
     void processFailure(const QString& portName);
     void end();
     void pause(Monitoring::State state);
-    void measureRounds();
     void processRecord(const QList<QStringList>& dataList);
     qint64 now() const;
     qint64 lifetime() const;
@@ -45,8 +44,6 @@ private:
     qint64 m_from = 0;             ///< the last scan began
     qint64 m_polledSince = 0;      ///< the last scan ended
     std::optional<qint64> m_lastAnswer;
-    std::optional<qint64> m_round;       ///< time of the last record, which is its round's
-    std::optional<qint64> m_roundLength; ///< ms, of the last whole round
     QString m_failedPort;
     bool m_isOpen = false; ///< the port, in this run
 };

@@ -1,5 +1,6 @@
 #include "serial/ldb/generalinformation.h"
 #include "tests/support/bracketingtranslator.h"
+#include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
@@ -55,29 +56,38 @@ class TestPlotMainWindow : public TestCase
 {
     Q_OBJECT
 private slots:
-    void plotsTheRowsInTheirOrder_data();
-    void plotsTheRowsInTheirOrder();
+    void curvesShowWhatTheirNamesSay_data();
+    void curvesShowWhatTheirNamesSay();
     void startsAfreshForAnotherDevice();
     void zoomOutlivesTheDevice();
 };
 
-void TestPlotMainWindow::plotsTheRowsInTheirOrder_data()
+void TestPlotMainWindow::curvesShowWhatTheirNamesSay_data()
 {
-    addColumns<QList<QStringList>, QList<double>>("record", "values");
+    // "values": VPri, VSec, IPri, ISec
+    addColumns<QByteArray, QList<QStringList>, QList<double>>("tuning", "record", "values");
 
-    QTest::newRow("measurements") << recordAt(kTime) << QList<double>{24.5, 12.34, 22.0, -1.0};
+    const QByteArray none;
+    QTest::newRow("measurements") << none << recordAt(kTime)
+                                  << QList<double>{24.5, 22.0, 12.34, -1.0};
+    QTest::newRow("rows in their order") << QByteArray("[MainWindowPlot]\nROWS_IN_ORDER=1\n")
+                                         << recordAt(kTime)
+                                         << QList<double>{24.5, 12.34, 22.0, -1.0};
     QTest::newRow("primary port shorted")
-        << recordAt(kTime, 1) << QList<double>{-40000.0, -40000.0, 22.0, -1.0};
+        << none << recordAt(kTime, 1) << QList<double>{-40000.0, 22.0, -40000.0, -1.0};
     QList<QStringList> broken = recordAt(kTime);
     broken[4][1] = QStringLiteral("n/a");
     broken[7] = QStringList{QStringLiteral("only text")};
-    QTest::newRow("no numbers") << broken << QList<double>{0.0, 12.34, 22.0, 0.0};
+    QTest::newRow("no numbers") << none << broken << QList<double>{0.0, 22.0, 12.34, 0.0};
 }
 
-void TestPlotMainWindow::plotsTheRowsInTheirOrder()
+void TestPlotMainWindow::curvesShowWhatTheirNamesSay()
 {
+    QFETCH(QByteArray, tuning);
     QFETCH(QList<QStringList>, record);
     QFETCH(QList<double>, values);
+    const Sandbox sandbox;
+    sandbox.writeTuning(tuning);
     Bench bench;
     bench.add("0A", record);
     QCOMPARE(bench.samples(), 1);
