@@ -114,8 +114,9 @@ void LinkNotices::follow(const SerialLink* link)
 void LinkNotices::tellLoss(const QString& hexId, const QString& name)
 {
     const QString boxName = QStringLiteral("lossBox");
-    const QString ldb =
-        name.simplified().isEmpty() ? hexId : QStringLiteral("%1 (%2)").arg(hexId, name.simplified());
+    const QString ldb = name.simplified().isEmpty()
+                            ? hexId
+                            : QStringLiteral("%1 (%2)").arg(hexId, name.simplified());
     if (!m_notices->isOpen(boxName)) {
         m_lostLdbs.clear();
     }

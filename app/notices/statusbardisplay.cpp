@@ -39,11 +39,9 @@ void StatusBarDisplay::showAvailable(int ldbCount, int lost)
     m_ldbs = ldbCount;
     m_lost = lost;
     showCount([ldbCount, lost] {
-        return lost == 0 ? tr("Available LDB's: %n.", nullptr, ldbCount)
-                         : tr("%1 of %2 answer, %3 lost.")
-                               .arg(ldbCount - lost)
-                               .arg(ldbCount)
-                               .arg(lost);
+        return lost == 0
+                   ? tr("Available LDB's: %n.", nullptr, ldbCount)
+                   : tr("%1 of %2 answer, %3 lost.").arg(ldbCount - lost).arg(ldbCount).arg(lost);
     });
 }
 

@@ -33,10 +33,9 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
-    connect(link, &SerialLink::generalInformationUpdated, this,
-            [this](const QString&, const QList<QStringList>& dataList) {
-                processRecord(dataList);
-            });
+    connect(
+        link, &SerialLink::generalInformationUpdated, this,
+        [this](const QString&, const QList<QStringList>& dataList) { processRecord(dataList); });
     connect(&m_timer, &QTimer::timeout, this, &Monitor::tell);
     m_timer.start(kTick);
 }

@@ -19,7 +19,7 @@ QString groundOf(const Monitoring& monitoring)
         return colours::kNotMonitored;
     }
     return monitoring.isWhole() && monitoring.lost == 0 ? colours::kMonitored
-                                                             : colours::kPartlyMonitored;
+                                                        : colours::kPartlyMonitored;
 }
 
 } // namespace
@@ -82,12 +82,11 @@ QString MonitoringStrip::text(const Monitoring& monitoring)
         if (!monitoring.polledAlone.isEmpty()) {
             return tr("Only LDB %1 is polled.").arg(monitoring.polledAlone);
         }
-        return monitoring.lost == 0
-                   ? tr("Monitored: %n LDBs answer.", nullptr, monitoring.known)
-                   : tr("Monitored: %1 of %2 LDBs answer, %3 lost.")
-                         .arg(monitoring.known - monitoring.lost)
-                         .arg(monitoring.known)
-                         .arg(monitoring.lost);
+        return monitoring.lost == 0 ? tr("Monitored: %n LDBs answer.", nullptr, monitoring.known)
+                                    : tr("Monitored: %1 of %2 LDBs answer, %3 lost.")
+                                          .arg(monitoring.known - monitoring.lost)
+                                          .arg(monitoring.known)
+                                          .arg(monitoring.lost);
     case Monitoring::State::NotStarted:
         return tr("Not monitored: click Start.");
     case Monitoring::State::Stopped:

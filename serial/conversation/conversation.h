@@ -22,8 +22,8 @@
 /// deadline. Bytes that wait at the port are handed over before a deadline is told, so that a host
 /// that was held up loses no answer. Bounded memory, whatever the line sends.
 ///
-/// An LDB that was there before a scan and does not answer it stays in the list as a lost one, until
-/// it is dismissed.
+/// An LDB that was there before a scan and does not answer it stays in the list as a lost one,
+/// until it is dismissed.
 ///
 /// A turn of an LDB: status, name, firmware, then one queued command.
 class Conversation

@@ -52,9 +52,8 @@ QString Monitoring::ageText(std::optional<qint64> time) const
         return {};
     }
     const qint64 gone = age(*time);
-    const auto unit =
-        std::find_if(kUnits.begin(), kUnits.end() - 1,
-                     [gone](const Unit& each) { return gone >= each.milliseconds; });
+    const auto unit = std::find_if(kUnits.begin(), kUnits.end() - 1,
+                                   [gone](const Unit& each) { return gone >= each.milliseconds; });
     return QCoreApplication::translate("Monitoring", unit->text).arg(gone / unit->milliseconds);
 }
 

@@ -30,11 +30,11 @@ struct Monitoring
     static constexpr qint64 kLongestLife = 180000;
 
     State state = State::NotStarted;
-    qint64 now = 0;              ///< the moment itself
-    std::optional<qint64> since; ///< not monitored since; nothing where it never was
-    QString portName;            ///< of the failed port
-    QString polledAlone;         ///< the only LDB that is polled; empty for all
-    qint64 from = 0;             ///< records of before are not live
+    qint64 now = 0;                 ///< the moment itself
+    std::optional<qint64> since;    ///< not monitored since; nothing where it never was
+    QString portName;               ///< of the failed port
+    QString polledAlone;            ///< the only LDB that is polled; empty for all
+    qint64 from = 0;                ///< records of before are not live
     qint64 lifetime = kLongestLife; ///< ms that a record is live
     int known = 0;                  ///< LDBs known, lost ones included
     int lost = 0;                   ///< those of them that do not answer

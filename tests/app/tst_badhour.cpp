@@ -202,8 +202,7 @@ void TestBadHour::checkRow(const QModelIndex& idCell)
         idCell.siblingAtColumn(overview::TickColumn).data(overview::LiveRole).toBool();
     const bool isLost = shown(ModeRow) == ldbStateText(LdbState::Disconnected);
     const auto differs = [&](const QString& how) {
-        m_differences.append(
-            QStringLiteral("%1 s, %2: %3").arg(now() / 1000).arg(hexId, how));
+        m_differences.append(QStringLiteral("%1 s, %2: %3").arg(now() / 1000).arg(hexId, how));
     };
     if (isLost) {
         ++m_lost;
@@ -232,8 +231,8 @@ void TestBadHour::checkRow(const QModelIndex& idCell)
         return true;
     };
     const bool isLast = !ldb.told.empty() && says(ldb.told.back().body);
-    const bool isOnItsWay =
-        ldb.told.size() > 1 && now() - ldb.told.back().at < kOnItsWay && says(ldb.told.front().body);
+    const bool isOnItsWay = ldb.told.size() > 1 && now() - ldb.told.back().at < kOnItsWay &&
+                            says(ldb.told.front().body);
     if (!isLast && !isOnItsWay) {
         differs(QStringLiteral("not what it said last: ") + shown(ModeRow));
     } else if (now() - ldb.told.back().at > kFewRounds) {
@@ -250,8 +249,7 @@ void TestBadHour::checkLamps()
     };
     const QImage hatched = lampimage::drawUnknown().toImage();
     for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
-        if (!isMonitored() &&
-            child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() != hatched) {
+        if (!isMonitored() && child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() != hatched) {
             m_differences.append(
                 QStringLiteral("%1 s: a lamp, and not monitored").arg(now() / 1000));
         }

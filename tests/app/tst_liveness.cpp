@@ -79,7 +79,10 @@ private:
         }
         return {};
     }
-    QString text(const QString& hexId, int column) const { return cell(hexId, column).data().toString(); }
+    QString text(const QString& hexId, int column) const
+    {
+        return cell(hexId, column).data().toString();
+    }
     bool isLive(const QString& hexId) const
     {
         return cell(hexId, overview::TickColumn).data(overview::LiveRole).toBool();
@@ -198,7 +201,8 @@ void TestLiveness::stripSaysWhatIsMonitored()
     VirtualTime::current()->advance(90000);
     QCOMPARE(strip(), stopped);
     click("startButton");
-    QCOMPARE(strip(), QStringLiteral("Not monitored since %1: the bus is being scanned").arg(since));
+    QCOMPARE(strip(),
+             QStringLiteral("Not monitored since %1: the bus is being scanned").arg(since));
     WAIT_COMPARE(strip(), QStringLiteral("Monitored: 3 LDBs answer."));
     click("reloadDevicesButton");
     WAIT_VERIFY(strip().endsWith(QStringLiteral("the bus is being scanned")));
@@ -207,9 +211,9 @@ void TestLiveness::stripSaysWhatIsMonitored()
     since = clock();
     const ExpectWarning warning("^Port ");
     m_bus->cut();
-    WAIT_COMPARE(strip(),
-                 QStringLiteral("Not monitored since %1: the connection to test bus was lost")
-                     .arg(since));
+    WAIT_COMPARE(
+        strip(),
+        QStringLiteral("Not monitored since %1: the connection to test bus was lost").arg(since));
     click("startButton");
     WAIT_COMPARE(strip(),
                  QStringLiteral("Not monitored since %1: test bus cannot be opened").arg(since));
@@ -408,7 +412,8 @@ void TestLiveness::logWaitsForTheBus()
     QCOMPARE(dot(), QColor(colours::kAmber));
     const QByteArray logged = Sandbox::readFile(path);
     const QString from = QString::fromLatin1(logged.trimmed().split(';').value(
-        logged.trimmed().split(';').size() - 2)).section(": ", 1);
+                                                 logged.trimmed().split(';').size() - 2))
+                             .section(": ", 1);
     QCOMPARE(label("logStatusLabel"), QStringLiteral("Waiting for the bus since %1.").arg(from));
     VirtualTime::current()->advance(60000);
     QCOMPARE(Sandbox::readFile(path), logged); // no line of its own
@@ -479,7 +484,9 @@ void TestLiveness::callsAUserElsewhere()
     m_bus->setScript([&status](const QByteArray& body) -> std::optional<QByteArray> {
         return body == "FE0A737803" ? std::make_optional(TestBus::framed(status)) : std::nullopt;
     });
-    const auto pass = [] { VirtualTime::current()->advance(5000); };
+    const auto pass = [] {
+        VirtualTime::current()->advance(5000);
+    };
 
     QApplication::setActiveWindow(m_window.get());
     status = withLeakage();

@@ -87,7 +87,9 @@ void TestNotices::lossesShareOneBox()
     LinkNotices losses(&notices);
     losses.tellLoss(QStringLiteral("0A"), QStringLiteral("Control  room "));
     losses.tellLoss(QStringLiteral("FD"), QString());
-    losses.tellLoss(QStringLiteral("0A"), QStringLiteral("Control  room ")); // came back and went again: it stands there already
+    losses.tellLoss(
+        QStringLiteral("0A"),
+        QStringLiteral("Control  room ")); // came back and went again: it stands there already
     QCOMPARE(openBoxes(window).size(), 1);
     MessageBox* box = openBoxes(window).constFirst();
     QCOMPARE(box->windowTitle(), QStringLiteral("Error"));

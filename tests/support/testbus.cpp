@@ -137,7 +137,9 @@ PortSource TestBus::ports()
 {
     return {[this](const QString& portName) { return std::make_unique<Port>(this, portName); },
             PortSource::Thread::OfLink,
-            [this] { return VirtualTime::kWallStart + m_clock->milliseconds(); }};
+            [this] {
+                return VirtualTime::kWallStart + m_clock->milliseconds();
+            }};
 }
 
 void TestBus::cut()

@@ -70,9 +70,9 @@ void TestPlotMainWindow::curvesShowWhatTheirNamesSay_data()
     const QByteArray none;
     QTest::newRow("measurements") << none << recordAt(kTime)
                                   << QList<double>{24.5, 22.0, 12.34, -1.0};
-    QTest::newRow("rows in their order") << QByteArray("[MainWindowPlot]\nROWS_IN_ORDER=1\n")
-                                         << recordAt(kTime)
-                                         << QList<double>{24.5, 12.34, 22.0, -1.0};
+    QTest::newRow("rows in their order")
+        << QByteArray("[MainWindowPlot]\nROWS_IN_ORDER=1\n") << recordAt(kTime)
+        << QList<double>{24.5, 12.34, 22.0, -1.0};
     QTest::newRow("primary port shorted")
         << none << recordAt(kTime, 1) << QList<double>{-40000.0, 22.0, -40000.0, -1.0};
     QList<QStringList> broken = recordAt(kTime);

@@ -87,8 +87,8 @@ void TestLampPages::causes_data()
     row("loop and amplifier", {10, 2, 0, 2},
         {none, none, "2A  Hall – Open(memory), Amplifier: Disconnected", none, none});
     row("disconnected", {255, 64, 16, 255}, {none, none, none, none, "2A  Hall – Disconnected"});
-    row("in fault, with a leak", {254, 16}, {none, none, "2A  Hall – DC Leakage", none,
-                                             "2A  Hall – Fault"});
+    row("in fault, with a leak", {254, 16},
+        {none, none, "2A  Hall – DC Leakage", none, "2A  Hall – Fault"});
     row("failed factory reset", {51}, {none, none, none, none, "2A  Hall – Factory reset failed"});
 }
 

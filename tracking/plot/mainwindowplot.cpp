@@ -111,8 +111,8 @@ void MainWindowPlot::addSamples(const QList<QStringList>& dataList, double timeM
 {
     using namespace generalinformation;
     for (std::size_t i = 0; i < kCurves.size(); ++i) {
-        const Row row =
-            m_rowsInOrder ? static_cast<Row>(PrimaryVoltageRow + static_cast<int>(i)) : kCurves.at(i).row;
+        const Row row = m_rowsInOrder ? static_cast<Row>(PrimaryVoltageRow + static_cast<int>(i))
+                                      : kCurves.at(i).row;
         const bool isKnown = !dataList.isEmpty() && hasValue(dataList, row);
         m_plot->addData(m_curveNumbers.at(static_cast<int>(i)),
                         isKnown ? number(dataList, row) : kNoSample, timeMs);

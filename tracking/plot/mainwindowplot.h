@@ -13,8 +13,8 @@ class QWidget;
 /// axis) of the selected LDB. While these are not live the curves are grey and the chart says how
 /// old its newest values are; what was not measured is a gap. GUI thread.
 ///
-/// With `MainWindowPlot/ROWS_IN_ORDER=1` in the tuning file the curves take the rows of the record in
-/// their order instead, whatever their names say.
+/// With `MainWindowPlot/ROWS_IN_ORDER=1` in the tuning file the curves take the rows of the record
+/// in their order instead, whatever their names say.
 class MainWindowPlot : public QObject
 {
     Q_OBJECT

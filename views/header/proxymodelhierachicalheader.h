@@ -33,8 +33,8 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 protected:
-    /// By the numbers of the cells (source role `Qt::UserRole`) where both have one and they differ;
-    /// everything else by its text, as the locale orders it.
+    /// By the numbers of the cells (source role `Qt::UserRole`) where both have one and they
+    /// differ; everything else by its text, as the locale orders it.
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:

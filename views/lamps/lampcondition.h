@@ -66,8 +66,8 @@ struct LampCause
     }
 };
 
-/// The pages that name LDBs: one a lamp, and one for those that are lost, in fault, or whose factory
-/// reset has failed.
+/// The pages that name LDBs: one a lamp, and one for those that are lost, in fault, or whose
+/// factory reset has failed.
 enum class CausePage : int
 {
     A = static_cast<int>(Lamp::A),

@@ -161,8 +161,8 @@ void LampPanel::fill(CausePage causePage)
         removeRow(page, row);
     }
     if (causes.isEmpty()) {
-        auto none = std::make_unique<QListWidgetItem>(m_isMonitored ? tr("No LDB")
-                                                                    : tr("Not monitored"));
+        auto none =
+            std::make_unique<QListWidgetItem>(m_isMonitored ? tr("No LDB") : tr("Not monitored"));
         none->setFlags(Qt::NoItemFlags);
         page->addItem(none.release());
     }

@@ -188,8 +188,9 @@ void StatusIndicators::show(const LampLevels& levels)
         const bool knowsSlow = kTexts[static_cast<std::size_t>(lamp)].slow != nullptr;
         const FaultLevel level = levels.of(lamp);
         const bool isSlow = level == FaultLevel::Minor && knowsSlow;
-        indicator(lamp).blink =
-            level == FaultLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast;
+        indicator(lamp).blink = level == FaultLevel::None ? Blink::Off
+                                : isSlow                  ? Blink::Slow
+                                                          : Blink::Fast;
     }
 }
 

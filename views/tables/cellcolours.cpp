@@ -49,8 +49,11 @@ constexpr double kFadedText = 0.55;
 
 QColor mixed(const QColor& colour, const QColor& ground, double share)
 {
-    const auto mix = [share](double a, double b) { return share * a + (1.0 - share) * b; };
-    return QColor::fromRgbF(mix(colour.redF(), ground.redF()), mix(colour.greenF(), ground.greenF()),
+    const auto mix = [share](double a, double b) {
+        return share * a + (1.0 - share) * b;
+    };
+    return QColor::fromRgbF(mix(colour.redF(), ground.redF()),
+                            mix(colour.greenF(), ground.greenF()),
                             mix(colour.blueF(), ground.blueF()));
 }
 

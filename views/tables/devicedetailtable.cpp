@@ -130,10 +130,9 @@ void DeviceDetailTable::showRecord()
         cell(row, LabelColumn);
         QStandardItem& value = cell(row, ValueColumn);
         cellcolours::update(value, Qt::DisplayRole, textOf(row));
-        const QColor colour =
-            row < m_record.size()
-                ? cellcolours::ruleColour(*m_colourRules, row, m_record.at(row))
-                : QColor();
+        const QColor colour = row < m_record.size()
+                                  ? cellcolours::ruleColour(*m_colourRules, row, m_record.at(row))
+                                  : QColor();
         const QColor shade = shadeOf(row);
         if (!m_isLive) {
             const QColor pale = cellcolours::faded(colour, shade);

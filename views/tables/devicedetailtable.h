@@ -54,7 +54,7 @@ private:
     QStandardItem& cell(int row, Column column);
 
     QString m_currentHexId;
-    QList<QStringList> m_record; ///< the one shown
+    QList<QStringList> m_record;  ///< the one shown
     std::optional<qint64> m_time; ///< its time
     Monitoring m_monitoring;
     bool m_isLive = false;

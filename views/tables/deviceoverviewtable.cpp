@@ -15,8 +15,8 @@
 #include <QThread>
 
 #include <algorithm>
-#include <limits>
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -222,8 +222,7 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
         const QStringList& entry = dataList.at(recordRow);
         const QString text = entry.value(generalinformation::TextColumn);
         const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item->text());
-        isFitDue =
-            (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
+        isFitDue = (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
         cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
         const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
         cellcolours::update(*item, overview::RuleColourRole,
@@ -401,8 +400,7 @@ QStringList DeviceOverviewTable::lostLdbs() const
 {
     QStringList lost;
     for (int row = 0; row < m_model.rowCount(); ++row) {
-        const QVariant mode =
-            m_model.index(row, overview::ModeColumn).data(overview::NumberRole);
+        const QVariant mode = m_model.index(row, overview::ModeColumn).data(overview::NumberRole);
         if (mode.toInt() == static_cast<int>(LdbState::Disconnected)) {
             lost.append(hexIdOf(row));
         }

@@ -47,11 +47,11 @@ public:
     /// What of the bus is monitored. Rows that are not live are grey and say how old they are.
     void setMonitoring(const Monitoring& monitoring);
 
-    /// Drops the rows of all other LDBs; columns, widths, order and sorting stay. Without the row of
-    /// the selected LDB the first one left is ticked and announced. Where none is left, the selected
-    /// LDB is ticked again, without a signal, when its next record comes; if it has not come by the
-    /// time that another LDB's second record arrives (a whole round without it), the first row is
-    /// ticked and announced instead.
+    /// Drops the rows of all other LDBs; columns, widths, order and sorting stay. Without the row
+    /// of the selected LDB the first one left is ticked and announced. Where none is left, the
+    /// selected LDB is ticked again, without a signal, when its next record comes; if it has not
+    /// come by the time that another LDB's second record arrives (a whole round without it), the
+    /// first row is ticked and announced instead.
     void keepOnly(const QStringList& hexIds);
     /// The LDBs that the table shows as lost.
     QStringList lostLdbs() const;

@@ -138,7 +138,9 @@ void OverviewLayout::fillWidth()
     for (const int least : qAsConst(m_leastWidths)) {
         width -= least;
     }
-    const auto least = [this](int column) { return m_leastWidths.at(column); };
+    const auto least = [this](int column) {
+        return m_leastWidths.at(column);
+    };
     // Each its least, and its share of the rest.
     const int rest = std::max(0, width);
     int shares = 0;
@@ -198,10 +200,11 @@ void OverviewLayout::followWidth(const QResizeEvent& resize)
     if (!m_isLoaded) {
         fillWidth();
     } else if (m_header->length() == resize.oldSize().width()) {
-        const auto present = [this](int column) { return m_header->sectionSize(column); };
-        shareWidth(resize.size().width(), present, [&](int column) {
-            return std::min(m_leastWidths.at(column), present(column));
-        });
+        const auto present = [this](int column) {
+            return m_header->sectionSize(column);
+        };
+        shareWidth(resize.size().width(), present,
+                   [&](int column) { return std::min(m_leastWidths.at(column), present(column)); });
     }
 }
 

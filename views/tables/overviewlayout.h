@@ -11,8 +11,8 @@ class QResizeEvent;
 class QTableView;
 
 /// The columns of the overview: which are shown, and how wide. While the user has not moved them
-/// they share the table's width so that in each the widest word of the language in force fits, which
-/// makes every text readable, in more than one line where need be. GUI thread.
+/// they share the table's width so that in each the widest word of the language in force fits,
+/// which makes every text readable, in more than one line where need be. GUI thread.
 class OverviewLayout : public QObject
 {
     Q_OBJECT
