@@ -43,14 +43,14 @@ FAULTS = [
     # The conversation.
     Fault("off by one in the misses", "conversation.cpp",
           "if (misses > m_forgivenMisses) {", "if (misses >= m_forgivenMisses) {",
-          "tests_serial", "conversation serialprocessor"),
+          "tests_serial", "polls"),
     Fault("a lost repetition of a command", "inquiry.cpp",
           "constexpr int kCommandTransmissions = 3;", "constexpr int kCommandTransmissions = 2;",
-          "tests_serial", "conversation serialprocessor"),
+          "tests_serial", "commands"),
     Fault("a scan that stops one address early", "busscan.h",
           "m_isRunning = m_address < busaddress::kLast;",
           "m_isRunning = m_address < busaddress::kLast - 1;",
-          "tests_serial", "conversation serialprocessor"),
+          "tests_serial", "scan"),
     # Settings.
     Fault("settings written in another order", "settingswriter.cpp",
           "    LdbParameter::Name, LdbParameter::Flags, LdbParameter::OpenDetectionDelay,",

@@ -33,20 +33,15 @@ constexpr qint64 kRowsFit = 200;     // ms until rows are as high as their texts
 constexpr qint64 kStep = 250;        // ms
 constexpr qint64 kLongest = 3600000; // ms
 constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
-const QString kTicked = QStringLiteral("0A");
+const QString kTicked = "0A";
 
 const QStringList kMainWindows{
-    QStringLiteral("main-openShortLeakPage"), QStringLiteral("main-serviceModePage"),
-    QStringLiteral("main-earthFaultPage"),    QStringLiteral("main-settingsPage"),
-    QStringLiteral("main-outPage"),           QStringLiteral("main-notMonitored"),
-    QStringLiteral("main-ldbSettingsTab"),    QStringLiteral("main-logTab")};
-const QStringList kBoxes{QStringLiteral("box-loss"), QStringLiteral("box-port"),
-                         QStringLiteral("box-import")};
-const QStringList kTrackingWindows{
-    QStringLiteral("tracking-question"),  QStringLiteral("tracking-mode"),
-    QStringLiteral("tracking-port"),      QStringLiteral("tracking-waiting"),
-    QStringLiteral("tracking-rebooting"), QStringLiteral("tracking-counting"),
-    QStringLiteral("tracking-finished"),  QStringLiteral("tracking-stopped")};
+    "main-openShortLeakPage", "main-serviceModePage", "main-earthFaultPage", "main-settingsPage",
+    "main-outPage",           "main-notMonitored",    "main-ldbSettingsTab", "main-logTab"};
+const QStringList kBoxes{"box-loss", "box-port", "box-import"};
+const QStringList kTrackingWindows{"tracking-question", "tracking-mode",     "tracking-port",
+                                   "tracking-waiting",  "tracking-counting", "tracking-finished",
+                                   "tracking-stopped"};
 
 /// An installation on which each column shows its widest text somewhere.
 QList<QList<QStringList>> records()
@@ -58,14 +53,13 @@ QList<QList<QStringList>> records()
     for (int i = 0; i < codes.size(); ++i) {
         all.append(
             records::withCodes(QStringLiteral("%1").arg(i + 3, 2, 16, QLatin1Char('0')).toUpper(),
-                               codes.at(i), QStringLiteral("Control room E")));
+                               codes.at(i), "Control room E"));
         // As far as the plot's scale goes.
         using namespace generalinformation;
-        all.last()[PrimaryCurrentRow][TextColumn] = QStringLiteral("140.0 mA");
-        all.last()[SecondaryCurrentRow][TextColumn] = QStringLiteral("-30.0 mA");
+        all.last()[PrimaryCurrentRow][TextColumn] = "140.0 mA";
+        all.last()[SecondaryCurrentRow][TextColumn] = "-30.0 mA";
     }
-    all.append(records::record(QStringLiteral("FD"), LdbStatus::disconnected(),
-                               QStringLiteral("Control room E")));
+    all.append(records::record("FD", LdbStatus::disconnected(), "Control room E"));
     return all;
 }
 
@@ -86,11 +80,11 @@ void fillViews(MainWindow& window)
     auto* lamps = window.findChild<LampPanel*>();
     auto* plot = window.findChild<MainWindowPlot*>();
     const QList<QList<QStringList>> all = records();
-    // Twice: the lamps tell of rounds that are over.
     Monitoring monitoring = records::monitored();
     monitoring.known = all.size();
     monitoring.lost = 1;
     setMonitoring(window, monitoring);
+    // Twice: the lamps tell of rounds that are over.
     for (int round = 0; round < 2; ++round) {
         for (const QList<QStringList>& record : all) {
             const QString hexId = generalinformation::text(record, generalinformation::DeviceIdRow);
@@ -108,14 +102,12 @@ void fillEditor(LdbSettingsEditor& editor)
     editor.setSelectedLdb(kTicked);
     editor.processLdbSettings(kTicked, TestBus::record(kTicked));
     editor.processFirmwareId(kTicked, QByteArray("TC-LDB V02.14.003").toHex());
-    editor.findChild<QLineEdit*>(QStringLiteral("settingsNameLineEdit"))
-        ->setText(QStringLiteral("Control room E"));
+    editor.findChild<QLineEdit*>("settingsNameLineEdit")->setText("Control room E");
     for (auto* box : editor.findChildren<QSpinBox*>()) {
         box->setValue(box->maximum());
     }
     for (auto* box : editor.findChildren<QAbstractButton*>()) {
-        if (box->isCheckable() &&
-            box->objectName() != QLatin1String("settingsOpenDetectionDelayCheckBox")) {
+        if (box->isCheckable() && box->objectName() != "settingsOpenDetectionDelayCheckBox") {
             box->click();
         }
     }
@@ -158,13 +150,12 @@ ScreenSet::~ScreenSet() = default;
 QStringList ScreenSet::names()
 {
     return kMainWindows + kBoxes + kTrackingWindows +
-           QStringList{QStringLiteral("settings"), QStringLiteral("about"),
-                       QStringLiteral("manual"), QStringLiteral("status-bar")};
+           QStringList{"settings", "about", "manual", "status-bar"};
 }
 
 QWidget* ScreenSet::open(const QString& name)
 {
-    const QString detail = name.section(QLatin1Char('-'), 1);
+    const QString detail = name.section('-', 1);
     QWidget* window = nullptr;
     if (kMainWindows.contains(name)) {
         window = openMainWindow(detail);
@@ -172,11 +163,11 @@ QWidget* ScreenSet::open(const QString& name)
         window = openBox(detail);
     } else if (kTrackingWindows.contains(name)) {
         window = openTracking(detail);
-    } else if (name == QLatin1String("settings")) {
+    } else if (name == "settings") {
         window = openSettings();
-    } else if (name == QLatin1String("about")) {
+    } else if (name == "about") {
         window = new AboutDialog(openSettings());
-    } else if (name == QLatin1String("status-bar")) {
+    } else if (name == "status-bar") {
         window = openStatusBar();
     } else {
         window = openManual();
@@ -202,13 +193,13 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
     window->resize(kRoom);
     window->show();
     fillViews(*window);
-    auto* toolBox = window->findChild<QToolBox*>(QStringLiteral("ldbActionToolBox"));
-    auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("controlTabs"));
+    auto* toolBox = window->findChild<QToolBox*>("ldbActionToolBox");
+    auto* tabs = window->findChild<QTabWidget*>("controlTabs");
     auto* page = window->findChild<QWidget*>(tab);
-    if (tab == QLatin1String("notMonitored")) {
+    if (tab == "notMonitored") {
         Monitoring lost = records::stopped(59 * 60);
         lost.state = Monitoring::State::ConnectionLost;
-        lost.portName = QStringLiteral("/dev/ttyUSB0");
+        lost.portName = "/dev/ttyUSB0";
         setMonitoring(*window, lost);
     } else if (toolBox->indexOf(page) >= 0) {
         toolBox->setCurrentWidget(page);
@@ -223,31 +214,29 @@ QWidget* ScreenSet::openSettings()
 {
     SettingsSources sources;
     sources.ports = [] {
-        return QList<PortDetails>{
-            {QStringLiteral("ttyUSB0"), QStringLiteral("USB-Serial Controller D, 4 channels"),
-             QStringLiteral("Prolific Technology Inc."), QStringLiteral("A50285BI-0001"),
-             QStringLiteral("/dev/ttyUSB0"), quint16{0x067b}, quint16{0x2303}}};
+        return QList<PortDetails>{{"ttyUSB0", "USB-Serial Controller D, 4 channels",
+                                   "Prolific Technology Inc.", "A50285BI-0001", "/dev/ttyUSB0",
+                                   quint16{0x067b}, quint16{0x2303}}};
     };
     return keep(std::make_unique<SettingsMenu>(nullptr, sources));
 }
 
 QWidget* ScreenSet::openBox(const QString& name)
 {
-    if (name == QLatin1String("loss")) {
-        static const QStringList lost{QStringLiteral("03"), QStringLiteral("0A")};
+    if (name == "loss") {
+        static const QStringList lost{"03", "0A"};
         LinkNotices losses(&m_notices);
         for (const QString& hexId : lost) {
-            losses.tellLoss(hexId, QStringLiteral("Control room E"));
+            losses.tellLoss(hexId, "Control room E");
         }
         return lastOpen<MessageBox>(&m_desk);
     }
-    if (name == QLatin1String("port")) {
+    if (name == "port") {
         return keep(std::make_unique<MessageBox>(
             QMessageBox::Critical,
             [] {
-                return portFailureText({QStringLiteral("/dev/ttyUSB0"),
-                                        QSerialPort::PermissionError,
-                                        QStringLiteral("Permission denied")});
+                return portFailureText(
+                    {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"});
             },
             nullptr));
     }
@@ -286,32 +275,30 @@ QWidget* ScreenSet::openTracking(const QString& phase)
     };
     m_time->advance(1);
     QWidget* question = lastOpen<QMessageBox>(window);
-    if (phase == QLatin1String("question")) {
+    if (phase == "question") {
         return question;
     }
     buttonWith(question, QMessageBox::YesRole, 0)->click();
     m_time->advance(1);
     question = lastOpen<QMessageBox>(window);
-    if (phase == QLatin1String("mode")) {
+    if (phase == "mode") {
         return question;
     }
-    const bool isAboutPort = phase == QLatin1String("port");
+    const bool isAboutPort = phase == "port";
     buttonWith(question, QMessageBox::AcceptRole, isAboutPort ? 1 : 0)->click();
     m_time->advance(1);
     if (isAboutPort) {
         return lastOpen<DisconnectSecondaryPortDialog>(window);
     }
     const TrackingRun& run = window->run();
-    if (phase == QLatin1String("waiting") || phase == QLatin1String("stopped")) {
+    if (phase == "waiting" || phase == "stopped") {
         reach([&run] { return run.isCountingDown(); });
-    } else if (phase == QLatin1String("rebooting")) {
-        reach([&run] { return run.phase() == TrackingRun::Phase::Rebooting; });
-    } else if (phase == QLatin1String("counting")) {
+    } else if (phase == "counting") {
         reach([&run] { return run.counter().fimCount(PrimaryPort) >= 11; });
     } else {
         reach([&run] { return run.phase() == TrackingRun::Phase::Finished; });
     }
-    if (phase == QLatin1String("stopped")) {
+    if (phase == "stopped") {
         ldb->loseConnection();
     }
     for (Plot* plot : plots) {

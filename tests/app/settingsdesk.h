@@ -11,8 +11,8 @@
 
 #include <memory>
 
-inline const QString kLdb = QStringLiteral("0A");
-inline const QString kOtherLdb = QStringLiteral("0B");
+inline const QString kLdb = "0A";
+inline const QString kOtherLdb = "0B";
 
 inline const QByteArray kNak("\x15");
 

@@ -11,164 +11,154 @@ class TestLdbSettingsEditor : public TestCase
 {
     Q_OBJECT
 private slots:
-    void showsTheRecord();
-    void saysThatNothingCame();
-    void onlyTheOwnRecordCounts_data();
-    void onlyTheOwnRecordCounts();
-    void buttonsFollowWhatIsAllowed();
-    void changesAreMarkedInWords();
-    void nameIsTypedAsFarAsItFits();
+    void showsTheRecord()
+    {
+        Desk desk;
+        QVERIFY(desk.connectLink());
+        const QByteArray record = TestBus::record(kLdb).replace(kFlagsPosition, 2, "0D");
+        desk.bus.answerTo(kLdb, "737201",
+                          TestBus::framed(QByteArray(record).replace(kMutePosition, 2, "02")));
+        QCOMPARE(desk.state(), "No LDB selected");
+        desk.editor->setSelectedLdb(kLdb);
+        QCOMPARE(desk.state(), "Waiting for the settings of LDB 0A");
+        QVERIFY(desk.select(kLdb));
+
+        QCOMPARE(desk.name()->text(), "LDB 0A");
+        QCOMPARE(desk.fims()->value(), 20);
+        QCOMPARE(desk.delay()->value(), 10);
+        QVERIFY(desk.detection()->isChecked());
+        QVERIFY(desk.mute()->isChecked());
+        QVERIFY(desk.ui<QCheckBox>("settingsGeneralFaultOutputCheckBox")->isChecked());
+        QVERIFY(!desk.ui<QCheckBox>("settingsEarthLeakageDetectionCheckBox")->isChecked());
+        QVERIFY(desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->isChecked());
+        QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
+        QVERIFY(!desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
+        QCOMPARE(desk.state(), QString());
+        WAIT_COMPARE(desk.ui<QLabel>("settingsFirmwareIdLabel")->text(), "LDB 1.07");
+        QCOMPARE(desk.fims()->maximum(), 0xFFFF);
+        QCOMPARE(desk.delay()->maximum(), 0xFFFF);
+
+        // A new selection shows nothing of the former one.
+        desk.editor->setSelectedLdb(kOtherLdb);
+        QCOMPARE(desk.name()->text(), QString());
+        QCOMPARE(desk.ui<QLabel>("settingsFirmwareIdLabel")->text(), QString());
+        QVERIFY(!desk.save()->isEnabled());
+    }
+
+    void saysThatNothingCame()
+    {
+        Desk desk;
+        desk.bus.answerTo(kLdb, "737201", QByteArray(""));
+        QVERIFY(desk.connectLink());
+        desk.editor->setSelectedLdb(kLdb);
+        desk.editor->requestSettings();
+        QCOMPARE(desk.state(), "Waiting for the settings of LDB 0A");
+        WAIT_COMPARE(desk.state(), "LDB 0A did not answer: its settings are not known");
+        QVERIFY(!desk.save()->isEnabled());
+        // It comes back.
+        desk.bus.answerTo(kLdb, "737201", TestBus::framed(TestBus::record(kLdb)));
+        QVERIFY(desk.select(kLdb));
+        QCOMPARE(desk.state(), QString());
+    }
+
+    void onlyTheOwnRecordCounts_data()
+    {
+        const Table<QString, QByteArray, bool> row("asked", "answer", "counts");
+        const QByteArray own = TestBus::record(kLdb);
+        const QByteArray other = TestBus::record(kOtherLdb);
+        row("own", kLdb, own, true);
+        row("own, to a request of another", kOtherLdb, own, false);
+        row("another's, to the own request", kLdb, other, false);
+        row("refused", kLdb, kNak, false);
+    }
+
+    void onlyTheOwnRecordCounts()
+    {
+        QFETCH(QString, asked);
+        QFETCH(QByteArray, answer);
+        QFETCH(bool, counts);
+        Desk desk;
+        desk.editor->setSelectedLdb(kLdb);
+        desk.editor->processLdbSettings(asked, answer);
+        QCOMPARE(desk.editor->edit().hasRecord(), counts);
+        QVERIFY(desk.buttonsAre(counts));
+        QCOMPARE(desk.name()->text(), counts ? "LDB 0A" : QString());
+    }
+
+    void buttonsFollowWhatIsAllowed()
+    {
+        Desk desk;
+        desk.editor->setSelectedLdb(kLdb);
+        desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
+        for (const bool saveAllowed : {false, true}) {
+            EnabledControls controls;
+            controls.outsideService = saveAllowed;
+            controls.singleActions = !saveAllowed;
+            desk.editor->apply(controls);
+            QCOMPARE(desk.save()->isEnabled(), saveAllowed);
+            QCOMPARE(desk.defaults()->isEnabled(), saveAllowed);
+            QCOMPARE(desk.undo()->isEnabled(), !saveAllowed);
+        }
+    }
+
+    void changesAreMarkedInWords()
+    {
+        Desk desk;
+        desk.editor->setSelectedLdb(kLdb);
+        desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
+        desk.name()->setText("Roof");
+        desk.fims()->setValue(300);
+        desk.mute()->click();
+        desk.detection()->click();
+        QVERIFY(!desk.delay()->isEnabled());
+        QCOMPARE(desk.delay()->text(), "0");
+        QCOMPARE(desk.state(), "4 unsaved change(s), in bold");
+        const QList<QPair<QWidget*, QString>> marks = {
+            {desk.name(), "Changed. The LDB has: LDB 0A"},
+            {desk.fims(), "Changed. The LDB has: 20"},
+            {desk.mute(), "Changed. The LDB has: off"},
+            {desk.detection(), "Changed. The LDB has: 10"},
+            {desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox"), QString()},
+        };
+        for (const auto& [widget, words] : marks) {
+            QCOMPARE(widget->accessibleDescription(), words);
+            QCOMPARE(widget->toolTip(), words);
+            QCOMPARE(widget->font().bold(), !words.isEmpty());
+        }
+
+        // A further record takes no edit away.
+        desk.editor->processLdbSettings(kLdb,
+                                        TestBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
+        QVERIFY(desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
+        QCOMPARE(desk.name()->text(), "Roof");
+
+        desk.undo()->click();
+        QCOMPARE(desk.state(), QString());
+        QCOMPARE(desk.name()->text(), "LDB 0A");
+        QVERIFY(desk.delay()->isEnabled());
+        QCOMPARE(desk.delay()->value(), 10);
+        for (const auto& entry : marks) {
+            QCOMPARE(entry.first->accessibleDescription(), QString());
+            QVERIFY(!entry.first->font().bold());
+        }
+    }
+
+    void nameIsTypedAsFarAsItFits()
+    {
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.name()->clear();
+        QTest::keyClicks(desk.name(), "12345678901234567");
+        QCOMPARE(desk.editor->edit().values().name, "123456789012345");
+        // No validator stops what a program sets, nor more typed behind a 16 byte name of an LDB.
+        desk.name()->setText("1234567890123456");
+        desk.save()->click();
+        QCOMPARE(desk.lastMessage(), "The name does not fit into 15 byte(s).");
+        QVERIFY(desk.saving.isEmpty());
+        QVERIFY(desk.settle());
+        QCOMPARE(desk.bus.writes(), QList<QByteArray>());
+    }
 };
-
-void TestLdbSettingsEditor::saysThatNothingCame()
-{
-    Desk desk;
-    desk.bus.answerTo(kLdb, "737201", QByteArray(""));
-    QVERIFY(desk.connectLink());
-    desk.editor->setSelectedLdb(kLdb);
-    desk.editor->requestSettings();
-    QCOMPARE(desk.state(), QStringLiteral("Waiting for the settings of LDB 0A"));
-    WAIT_COMPARE(desk.state(), QStringLiteral("LDB 0A did not answer: its settings are not known"));
-    QVERIFY(!desk.save()->isEnabled());
-    // It comes back.
-    desk.bus.answerTo(kLdb, "737201", TestBus::framed(TestBus::record(kLdb)));
-    QVERIFY(desk.select(kLdb));
-    QCOMPARE(desk.state(), QString());
-}
-
-void TestLdbSettingsEditor::showsTheRecord()
-{
-    Desk desk;
-    QVERIFY(desk.connectLink());
-    const QByteArray record = TestBus::record(kLdb).replace(kFlagsPosition, 2, "0D");
-    desk.bus.answerTo(kLdb, "737201",
-                      TestBus::framed(QByteArray(record).replace(kMutePosition, 2, "02")));
-    QCOMPARE(desk.state(), QStringLiteral("No LDB selected"));
-    desk.editor->setSelectedLdb(kLdb);
-    QCOMPARE(desk.state(), QStringLiteral("Waiting for the settings of LDB 0A"));
-    QVERIFY(desk.select(kLdb));
-
-    QCOMPARE(desk.name()->text(), QStringLiteral("LDB 0A"));
-    QCOMPARE(desk.fims()->value(), 20);
-    QCOMPARE(desk.delay()->value(), 10);
-    QVERIFY(desk.detection()->isChecked());
-    QVERIFY(desk.mute()->isChecked());
-    QVERIFY(desk.ui<QCheckBox>("settingsGeneralFaultOutputCheckBox")->isChecked());
-    QVERIFY(!desk.ui<QCheckBox>("settingsEarthLeakageDetectionCheckBox")->isChecked());
-    QVERIFY(desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->isChecked());
-    QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
-    QVERIFY(!desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
-    QCOMPARE(desk.state(), QString());
-    WAIT_COMPARE(desk.ui<QLabel>("settingsFirmwareIdLabel")->text(), QStringLiteral("LDB 1.07"));
-    QCOMPARE(desk.fims()->maximum(), 0xFFFF);
-    QCOMPARE(desk.delay()->maximum(), 0xFFFF);
-
-    // A new selection shows nothing of the former one.
-    desk.editor->setSelectedLdb(kOtherLdb);
-    QCOMPARE(desk.name()->text(), QString());
-    QCOMPARE(desk.ui<QLabel>("settingsFirmwareIdLabel")->text(), QString());
-    QVERIFY(!desk.save()->isEnabled());
-}
-
-void TestLdbSettingsEditor::onlyTheOwnRecordCounts_data()
-{
-    addColumns<QString, QByteArray, bool>("asked", "answer", "counts");
-    const QByteArray own = TestBus::record(kLdb);
-    const QByteArray other = TestBus::record(kOtherLdb);
-    QTest::newRow("own") << kLdb << own << true;
-    QTest::newRow("own, to a request of another") << kOtherLdb << own << false;
-    QTest::newRow("another's, to the own request") << kLdb << other << false;
-    QTest::newRow("too short") << kLdb << own.chopped(1) << false;
-    QTest::newRow("no number in it")
-        << kLdb << "0AXX" + own.mid(4, 4) + "G3" + own.mid(10) << false;
-    QTest::newRow("refused") << kLdb << kNak << false;
-}
-
-void TestLdbSettingsEditor::onlyTheOwnRecordCounts()
-{
-    QFETCH(QString, asked);
-    QFETCH(QByteArray, answer);
-    QFETCH(bool, counts);
-    Desk desk;
-    desk.editor->setSelectedLdb(kLdb);
-    desk.editor->processLdbSettings(asked, answer);
-    QCOMPARE(desk.editor->edit().hasRecord(), counts);
-    QVERIFY(desk.buttonsAre(counts));
-    QCOMPARE(desk.name()->text(), counts ? QStringLiteral("LDB 0A") : QString());
-}
-
-void TestLdbSettingsEditor::buttonsFollowWhatIsAllowed()
-{
-    Desk desk;
-    desk.editor->setSelectedLdb(kLdb);
-    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
-    for (const bool saveAllowed : {false, true}) {
-        EnabledControls controls;
-        controls.outsideService = saveAllowed;
-        controls.singleActions = !saveAllowed;
-        desk.editor->apply(controls);
-        QCOMPARE(desk.save()->isEnabled(), saveAllowed);
-        QCOMPARE(desk.defaults()->isEnabled(), saveAllowed);
-        QCOMPARE(desk.undo()->isEnabled(), !saveAllowed);
-    }
-}
-
-void TestLdbSettingsEditor::changesAreMarkedInWords()
-{
-    Desk desk;
-    desk.editor->setSelectedLdb(kLdb);
-    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
-    desk.name()->setText(QStringLiteral("Roof"));
-    desk.fims()->setValue(300);
-    desk.mute()->click();
-    desk.detection()->click();
-    QVERIFY(!desk.delay()->isEnabled());
-    QCOMPARE(desk.delay()->text(), QStringLiteral("0"));
-    QCOMPARE(desk.state(), QStringLiteral("4 unsaved change(s), in bold"));
-    const QList<QPair<QWidget*, QString>> marks = {
-        {desk.name(), QStringLiteral("Changed. The LDB has: LDB 0A")},
-        {desk.fims(), QStringLiteral("Changed. The LDB has: 20")},
-        {desk.mute(), QStringLiteral("Changed. The LDB has: off")},
-        {desk.detection(), QStringLiteral("Changed. The LDB has: 10")},
-        {desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox"), QString()},
-    };
-    for (const auto& [widget, words] : marks) {
-        QCOMPARE(widget->accessibleDescription(), words);
-        QCOMPARE(widget->toolTip(), words);
-        QCOMPARE(widget->font().bold(), !words.isEmpty());
-    }
-
-    // A further record takes no edit away.
-    desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb).replace(kFlagsPosition, 2, "13"));
-    QVERIFY(desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox")->isChecked());
-    QCOMPARE(desk.name()->text(), QStringLiteral("Roof"));
-
-    desk.undo()->click();
-    QCOMPARE(desk.state(), QString());
-    QCOMPARE(desk.name()->text(), QStringLiteral("LDB 0A"));
-    QVERIFY(desk.delay()->isEnabled());
-    QCOMPARE(desk.delay()->value(), 10);
-    for (const auto& entry : marks) {
-        QCOMPARE(entry.first->accessibleDescription(), QString());
-        QVERIFY(!entry.first->font().bold());
-    }
-}
-
-void TestLdbSettingsEditor::nameIsTypedAsFarAsItFits()
-{
-    Desk desk;
-    QVERIFY(desk.prepare());
-    desk.name()->clear();
-    QTest::keyClicks(desk.name(), QStringLiteral("12345678901234567"));
-    QCOMPARE(desk.editor->edit().values().name, QStringLiteral("123456789012345"));
-    // No validator stops what a program sets, nor more typed behind a 16 byte name of an LDB.
-    desk.name()->setText(QStringLiteral("1234567890123456"));
-    desk.save()->click();
-    QCOMPARE(desk.lastMessage(), QStringLiteral("The name does not fit into 15 byte(s)."));
-    QVERIFY(desk.saving.isEmpty());
-    QVERIFY(desk.settle());
-    QCOMPARE(desk.bus.writes(), QList<QByteArray>());
-}
 
 REGISTER_TEST(TestLdbSettingsEditor, InVirtualTime<QApplication>)
 

@@ -61,94 +61,88 @@ class TestLogPanel : public TestCase
 {
     Q_OBJECT
 private slots:
-    void startAndStop();
-    void refusedStartFlipsBack();
-    void remembers();
-    // Before a folder is chosen, which would be remembered.
-    void dialogsOpenOutsideTheWorkingDirectory();
-};
-
-void TestLogPanel::startAndStop()
-{
-    const Sandbox sandbox;
-    Group group;
-    group.path.setText(sandbox.path(QStringLiteral("log.csv")));
-    group.interval.setValue(5);
-
-    group.startStop.click();
-    QCOMPARE(group.startStop.text(), QStringLiteral("Stop"));
-    QVERIFY(group.editableIs(false));
-    for (const char* time : {"10:00:00", "10:00:04", "10:00:05"}) {
-        group.process(QStringLiteral("01"), QString::fromLatin1(time));
-    }
-
-    group.startStop.click();
-    QCOMPARE(group.startStop.text(), QStringLiteral("Start"));
-    QVERIFY(group.editableIs(true));
-    QCOMPARE(group.panel.status(), LogPanel::Status::Off);
-    const QByteArray log = Sandbox::readFile(group.path.text());
-    QCOMPARE(log.count("10:00:0"), 2); // the interval reached the logger
-    QVERIFY(!log.contains("10:00:04"));
-}
-
-void TestLogPanel::refusedStartFlipsBack()
-{
-    const Sandbox sandbox;
-    Group group;
-    group.window.show();
-    group.path.setText(sandbox.path(QStringLiteral("no/such/folder/log.csv")));
-    const ExpectWarning warning("cannot log to");
-    group.startStop.click();
-    QVERIFY(!group.startStop.isChecked());
-    QCOMPARE(group.startStop.text(), QStringLiteral("Start"));
-    QVERIFY(group.editableIs(true));
-    const QString told = group.window.statusBar()->currentMessage();
-    QVERIFY2(
-        QRegularExpression("^The log file .*log.csv cannot be opened: .+").match(told).hasMatch(),
-        qPrintable(told));
-}
-
-void TestLogPanel::remembers()
-{
-    const Sandbox sandbox;
-    const QString path = sandbox.path(QStringLiteral("log.csv"));
+    void startAndStop()
     {
+        const Sandbox sandbox;
         Group group;
-        QVERIFY(group.all.isChecked());
-        group.path.setText(path);
-        group.interval.setValue(3600);
-        group.selected.setChecked(true);
-        group.panel.save();
+        group.path.setText(sandbox.path("log.csv"));
+        group.interval.setValue(5);
+
+        group.startStop.click();
+        QCOMPARE(group.startStop.text(), "Stop");
+        QVERIFY(group.editableIs(false));
+        for (const char* time : {"10:00:00", "10:00:04", "10:00:05"}) {
+            group.process("01", time);
+        }
+
+        group.startStop.click();
+        QCOMPARE(group.startStop.text(), "Start");
+        QVERIFY(group.editableIs(true));
+        QCOMPARE(group.panel.status(), LogPanel::Status::Off);
+        const QByteArray log = Sandbox::readFile(group.path.text());
+        QCOMPARE(log.count("10:00:0"), 2); // the interval reached the logger
+        QVERIFY(!log.contains("10:00:04"));
     }
-    QCOMPARE(userSettings().value(QStringLiteral("log/interval")).toInt(), 3600);
-    Group group;
-    QCOMPARE(group.path.text(), path);
-    QCOMPARE(group.interval.value(), 3600);
-    QVERIFY(group.selected.isChecked());
-    // The mode remembered is in force before anything is clicked.
-    group.panel.setSelectedLdb(QStringLiteral("02"));
-    group.startStop.click();
-    group.process(QStringLiteral("01"), QStringLiteral("10:00:00"));
-    group.process(QStringLiteral("02"), QStringLiteral("10:00:01"));
-    group.startStop.click();
-    QVERIFY(!Sandbox::readFile(path).contains("10:00:00"));
-    QVERIFY(Sandbox::readFile(path).contains("10:00:01"));
 
-    group.all.click();
-    group.startStop.click();
-    group.process(QStringLiteral("01"), QStringLiteral("10:00:02"));
-    QVERIFY(Sandbox::readFile(path).contains("10:00:02"));
-}
+    void refusedStartFlipsBack()
+    {
+        const Sandbox sandbox;
+        Group group;
+        group.window.show();
+        group.path.setText(sandbox.path("no/such/folder/log.csv"));
+        const ExpectWarning warning("cannot log to");
+        group.startStop.click();
+        QVERIFY(!group.startStop.isChecked());
+        QCOMPARE(group.startStop.text(), "Start");
+        QVERIFY(group.editableIs(true));
+        const QString told = group.window.statusBar()->currentMessage();
+        QVERIFY2(QRegularExpression("^The log file .*log.csv cannot be opened: .+")
+                     .match(told)
+                     .hasMatch(),
+                 qPrintable(told));
+    }
 
-void TestLogPanel::dialogsOpenOutsideTheWorkingDirectory()
-{
-    const Sandbox sandbox; // is the working directory
-    QWidget window;
-    filedialog::load(&window, QStringLiteral("Select File"), [](const QString&) {});
-    auto* dialog = window.findChild<QFileDialog*>();
-    QVERIFY(dialog != nullptr);
-    QVERIFY2(dialog->directory() != QDir::current(), qPrintable(dialog->directory().path()));
-}
+    void remembers()
+    {
+        const Sandbox sandbox;
+        const QString path = sandbox.path("log.csv");
+        {
+            Group group;
+            QVERIFY(group.all.isChecked());
+            group.path.setText(path);
+            group.interval.setValue(3600);
+            group.selected.setChecked(true);
+            group.panel.save();
+        }
+        QCOMPARE(userSettings().value("log/interval").toInt(), 3600);
+        Group group;
+        QCOMPARE(group.path.text(), path);
+        QCOMPARE(group.interval.value(), 3600);
+        QVERIFY(group.selected.isChecked());
+        // The mode remembered is in force before anything is clicked.
+        group.panel.setSelectedLdb("02");
+        group.startStop.click();
+        group.process("01", "10:00:00");
+        group.process("02", "10:00:01");
+        group.startStop.click();
+        group.all.click();
+        group.startStop.click();
+        group.process("01", "10:00:02");
+        const QByteArray log = Sandbox::readFile(path);
+        QVERIFY(!log.contains("10:00:00") && log.contains("10:00:01") && log.contains("10:00:02"));
+    }
+
+    // Before a folder is chosen, which would be remembered.
+    void dialogsOpenOutsideTheWorkingDirectory()
+    {
+        const Sandbox sandbox; // is the working directory
+        QWidget window;
+        filedialog::load(&window, "Select File", [](const QString&) {});
+        auto* dialog = window.findChild<QFileDialog*>();
+        QVERIFY(dialog != nullptr);
+        QVERIFY2(dialog->directory() != QDir::current(), qPrintable(dialog->directory().path()));
+    }
+};
 
 REGISTER_TEST(TestLogPanel, QApplication)
 

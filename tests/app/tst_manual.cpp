@@ -10,7 +10,7 @@
 namespace {
 
 const QString kFolder = QStringLiteral(MANUAL_FOLDER);
-const QString kFirstPage = QStringLiteral("index.md");
+const QString kFirstPage = "index.md";
 
 /// What a page points to, as its reader's browser understands it.
 struct Page
@@ -39,7 +39,7 @@ Page readPage(const QString& fileName)
 
 QStringList pages()
 {
-    return QDir(kFolder).entryList({QStringLiteral("*.md")}, QDir::Files);
+    return QDir(kFolder).entryList({"*.md"}, QDir::Files);
 }
 
 template <typename Window>
@@ -66,97 +66,91 @@ class TestManual : public TestCase
 {
     Q_OBJECT
 private slots:
-    void pagesHangTogether();
-    void picturesFitTheWindow();
-    void f1OpensItOnce();
-    void missingManualIsToldOnce();
-};
-
-void TestManual::pagesHangTogether()
-{
-    QStringList reached{kFirstPage};
-    QStringList shown;
-    for (int next = 0; next < reached.size(); ++next) {
-        const Page page = readPage(reached.at(next));
-        for (const QString& link : page.links) {
-            // Headings are no targets in the viewer, and a laptop in a plant has no network.
-            QVERIFY2(pages().contains(link), qPrintable(link));
-            if (!reached.contains(link)) {
-                reached.append(link);
+    void pagesHangTogether()
+    {
+        QStringList reached{kFirstPage};
+        QStringList shown;
+        for (int next = 0; next < reached.size(); ++next) {
+            const Page page = readPage(reached.at(next));
+            for (const QString& link : page.links) {
+                // Headings are no targets in the viewer, and a laptop in a plant has no network.
+                QVERIFY2(pages().contains(link), qPrintable(link));
+                if (!reached.contains(link)) {
+                    reached.append(link);
+                }
             }
+            for (const QString& picture : page.pictures) {
+                QVERIFY2(!QImage(QDir(kFolder).filePath(picture)).isNull(), qPrintable(picture));
+            }
+            shown += page.pictures;
         }
-        for (const QString& picture : page.pictures) {
-            QVERIFY2(!QImage(QDir(kFolder).filePath(picture)).isNull(), qPrintable(picture));
+        reached.sort();
+        QCOMPARE(reached, pages());
+        const QDir images(kFolder + "/images");
+        for (const QString& picture : images.entryList(QDir::Files)) {
+            QVERIFY2(shown.contains(QStringLiteral("images/") + picture), qPrintable(picture));
         }
-        shown += page.pictures;
     }
-    reached.sort();
-    QCOMPARE(reached, pages());
-    const QDir images(kFolder + QStringLiteral("/images"));
-    for (const QString& picture : images.entryList(QDir::Files)) {
-        QVERIFY2(shown.contains(QStringLiteral("images/") + picture), qPrintable(picture));
-    }
-}
 
-void TestManual::picturesFitTheWindow()
-{
-    const Sandbox sandbox;
-    QImage wide(2000, 100, QImage::Format_RGB32);
-    wide.fill(Qt::red);
-    QVERIFY(wide.save(sandbox.path(QStringLiteral("wide.png"))));
-    sandbox.writeFile(kFirstPage, "1. step\n\n   ![wide](wide.png)\n");
-    ManualBrowser browser;
-    browser.resize(800, 400);
-    browser.show();
-    browser.setSource(QUrl::fromLocalFile(sandbox.path(kFirstPage)));
-    for (int width : {800, 500, 1100}) {
-        browser.resize(width, 400);
-        QCoreApplication::processEvents();
-        const qreal laidOut = browser.document()->size().width();
-        QVERIFY2(laidOut <= browser.viewport()->width(), qPrintable(QString::number(laidOut)));
-        QVERIFY2(laidOut * 2 > width, qPrintable(QString::number(laidOut)));
+    void picturesFitTheWindow()
+    {
+        const Sandbox sandbox;
+        QImage wide(2000, 100, QImage::Format_RGB32);
+        wide.fill(Qt::red);
+        QVERIFY(wide.save(sandbox.path("wide.png")));
+        sandbox.writeFile(kFirstPage, "1. step\n\n   ![wide](wide.png)\n");
+        ManualBrowser browser;
+        browser.resize(800, 400);
+        browser.show();
+        browser.setSource(QUrl::fromLocalFile(sandbox.path(kFirstPage)));
+        for (int width : {800, 500, 1100}) {
+            browser.resize(width, 400);
+            QCoreApplication::processEvents();
+            const qreal laidOut = browser.document()->size().width();
+            QVERIFY2(laidOut <= browser.viewport()->width(), qPrintable(QString::number(laidOut)));
+            QVERIFY2(laidOut * 2 > width, qPrintable(QString::number(laidOut)));
+        }
     }
-}
 
-void TestManual::f1OpensItOnce()
-{
-    const Sandbox sandbox;
-    const HelpKey helpKey(kFolder);
-    MainWindow window;
-    window.show();
-    QList<QWidget*> askers{&window};
-    for (const char* name : {"startButton", "deviceOverviewTableView", "logFilePathText"}) {
-        askers.append(window.findChild<QWidget*>(QLatin1String(name)));
+    void f1OpensItOnce()
+    {
+        const Sandbox sandbox;
+        const HelpKey helpKey(kFolder);
+        MainWindow window;
+        window.show();
+        QList<QWidget*> askers{&window};
+        for (const char* name : {"startButton", "deviceOverviewTableView", "logFilePathText"}) {
+            askers.append(window.findChild<QWidget*>(QLatin1String(name)));
+        }
+        for (QWidget* asker : askers) {
+            QTest::keyClick(asker, Qt::Key_F1);
+            const QList<ManualWindow*> manuals = openWindows<ManualWindow>();
+            QCOMPARE(manuals.size(), 1);
+            QCOMPARE(pageShown(manuals.first()), kFirstPage);
+            QTest::keyClick(asker, Qt::Key_F1);
+            QTest::keyClick(manuals.first(), Qt::Key_F1);
+            QCOMPARE(openWindows<ManualWindow>(), manuals);
+            QTest::keyClick(manuals.first(), Qt::Key_Escape);
+            QVERIFY(openWindows<ManualWindow>().isEmpty());
+        }
     }
-    for (QWidget* asker : askers) {
-        QTest::keyClick(asker, Qt::Key_F1);
-        const QList<ManualWindow*> manuals = openWindows<ManualWindow>();
-        QCOMPARE(manuals.size(), 1);
-        QCOMPARE(pageShown(manuals.first()), kFirstPage);
-        QTest::keyClick(asker, Qt::Key_F1);
-        QTest::keyClick(manuals.first(), Qt::Key_F1);
-        QCOMPARE(openWindows<ManualWindow>(), manuals);
-        QTest::keyClick(manuals.first(), Qt::Key_Escape);
+
+    void missingManualIsToldOnce()
+    {
+        const Sandbox sandbox;
+        const HelpKey helpKey(sandbox.path("nowhere"));
+        QWidget window;
+        window.show();
+        QTest::keyClick(&window, Qt::Key_F1);
+        QTest::keyClick(&window, Qt::Key_F1);
         QVERIFY(openWindows<ManualWindow>().isEmpty());
+        const QList<QMessageBox*> boxes = openWindows<QMessageBox>();
+        QCOMPARE(boxes.size(), 1);
+        QVERIFY(boxes.first()->text().contains(QDir::toNativeSeparators(sandbox.path("nowhere"))));
+        QTest::keyClick(boxes.first(), Qt::Key_F1);
+        QCOMPARE(openWindows<QMessageBox>(), boxes);
     }
-}
-
-void TestManual::missingManualIsToldOnce()
-{
-    const Sandbox sandbox;
-    const HelpKey helpKey(sandbox.path(QStringLiteral("nowhere")));
-    QWidget window;
-    window.show();
-    QTest::keyClick(&window, Qt::Key_F1);
-    QTest::keyClick(&window, Qt::Key_F1);
-    QVERIFY(openWindows<ManualWindow>().isEmpty());
-    const QList<QMessageBox*> boxes = openWindows<QMessageBox>();
-    QCOMPARE(boxes.size(), 1);
-    QVERIFY(boxes.first()->text().contains(
-        QDir::toNativeSeparators(sandbox.path(QStringLiteral("nowhere")))));
-    QTest::keyClick(boxes.first(), Qt::Key_F1);
-    QCOMPARE(openWindows<QMessageBox>(), boxes);
-}
+};
 
 REGISTER_TEST(TestManual, QApplication)
 #include "tst_manual.moc"

@@ -10,35 +10,24 @@ class TestResources : public TestCase
 {
     Q_OBJECT
 private slots:
-    void initTestCase() { initResources(); }
-    void isThere_data();
-    void isThere();
-};
-
-void TestResources::isThere_data()
-{
-    // "shownSize": of a picture, which has twice that; invalid for others
-    addColumns<QString, QSize>("path", "shownSize");
-    const QString icons = constants::kIconsResourceFolder;
-    QTest::newRow("flag") << icons + QStringLiteral("/English.png") << QSize(48, 32);
-    QTest::newRow("gear") << icons + QStringLiteral("/settings.png") << QSize(48, 48);
-    QTest::newRow("logo") << constants::kLogoResourceTemplate.arg(constants::kProductFamilyName)
-                          << QSize(240, 60);
-    QTest::newRow("front panel") << constants::kFrontPanelResource << QSize(360, 220);
-    QTest::newRow("animation") << QStringLiteral(":/loadingGif/resources/loadingIcon.gif")
-                               << QSize();
-    QTest::newRow("bleep") << constants::kWarningSoundResource << QSize();
-}
-
-void TestResources::isThere()
-{
-    QFETCH(QString, path);
-    QFETCH(QSize, shownSize);
-    QVERIFY(QFile(path).size() > 0);
-    if (shownSize.isValid()) {
-        QCOMPARE(QImage(path).size(), 2 * shownSize);
+    void areThere()
+    {
+        initResources();
+        const QString icons = constants::kIconsResourceFolder;
+        // Pictures have twice the size in which they are shown; others have none.
+        const std::pair<QString, QSize> resources[] = {
+            {icons + "/English.png", {48, 32}},
+            {icons + "/settings.png", {48, 48}},
+            {constants::kLogoResourceTemplate.arg(constants::kProductFamilyName), {240, 60}},
+            {constants::kFrontPanelResource, {360, 220}},
+            {":/loadingGif/resources/loadingIcon.gif", {}},
+            {constants::kWarningSoundResource, {}}};
+        for (const auto& [path, shown] : resources) {
+            QVERIFY2(QFile(path).size() > 0, qPrintable(path));
+            QVERIFY2(!shown.isValid() || QImage(path).size() == 2 * shown, qPrintable(path));
+        }
     }
-}
+};
 
 REGISTER_TEST(TestResources, QCoreApplication)
 #include "tst_resources.moc"

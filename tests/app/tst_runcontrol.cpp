@@ -25,12 +25,12 @@ LinkSituation with(LinkSituation situation, bool LinkSituation::*member, bool va
 QString letters(const EnabledControls& controls)
 {
     QString text;
-    text += controls.reload ? QStringLiteral("R") : QString();
-    text += controls.transfer ? QStringLiteral("T") : QString();
-    text += controls.selection ? QStringLiteral("S") : QString();
-    text += controls.allActions ? QStringLiteral("A") : QString();
-    text += controls.singleActions ? QStringLiteral("1") : QString();
-    text += controls.outsideService ? QStringLiteral("M") : QString();
+    text += controls.reload ? "R" : QString();
+    text += controls.transfer ? "T" : QString();
+    text += controls.selection ? "S" : QString();
+    text += controls.allActions ? "A" : QString();
+    text += controls.singleActions ? "1" : QString();
+    text += controls.outsideService ? "M" : QString();
     return text;
 }
 
@@ -40,41 +40,35 @@ class TestRunControl : public TestCase
 {
     Q_OBJECT
 private slots:
-    void situations_data();
-    void situations();
+    void situations_data()
+    {
+        // Reload, Transfer, Selection, All, 1 = single, M = what service mode forbids
+        const Table<LinkSituation, QString> row("situation", "enabled");
+        using S = LinkSituation;
+        row("stopped", S(), "R");
+        row("stopped, LDB still ticked", with(polling(), &S::running, false), "R");
+        row("scanning", with(polling(), &S::initialising), {});
+        row("nothing ticked yet", with(polling(LdbState::Disconnected), &S::selected, false),
+            "RTSA");
+        row("resting", polling(), "RTSA1M");
+        row("booting", polling(LdbState::Booting), "RTSA1M");
+        row("fault", polling(LdbState::Fault), "RTSA1M");
+        row("service mode", polling(LdbState::ServiceMode), "RTSA1");
+        row("ticked LDB lost", polling(LdbState::Disconnected), "RTS");
+        row("saving", with(polling(), &S::saving), "RT");
+        row("exporting", with(polling(), &S::transferring), "RTS");
+        row("exporting in service mode", with(polling(LdbState::ServiceMode), &S::transferring),
+            "RTS");
+        row("scanning while exporting", with(with(polling(), &S::transferring), &S::initialising),
+            {});
+    }
+
+    void situations()
+    {
+        QFETCH(LinkSituation, situation);
+        QTEST(letters(enabledControls(situation)), "enabled");
+    }
 };
-
-void TestRunControl::situations_data()
-{
-    QTest::addColumn<LinkSituation>("situation");
-    // Reload, Transfer, Selection, All, 1 = single, M = what service mode forbids
-    QTest::addColumn<QString>("enabled");
-
-    using S = LinkSituation;
-    QTest::newRow("stopped") << S() << QStringLiteral("R");
-    QTest::newRow("stopped, LDB still ticked")
-        << with(polling(), &S::running, false) << QStringLiteral("R");
-    QTest::newRow("scanning") << with(polling(), &S::initialising) << QString();
-    QTest::newRow("nothing ticked yet")
-        << with(polling(LdbState::Disconnected), &S::selected, false) << QStringLiteral("RTSA");
-    QTest::newRow("resting") << polling() << QStringLiteral("RTSA1M");
-    QTest::newRow("booting") << polling(LdbState::Booting) << QStringLiteral("RTSA1M");
-    QTest::newRow("fault") << polling(LdbState::Fault) << QStringLiteral("RTSA1M");
-    QTest::newRow("service mode") << polling(LdbState::ServiceMode) << QStringLiteral("RTSA1");
-    QTest::newRow("ticked LDB lost") << polling(LdbState::Disconnected) << QStringLiteral("RTS");
-    QTest::newRow("saving") << with(polling(), &S::saving) << QStringLiteral("RT");
-    QTest::newRow("exporting") << with(polling(), &S::transferring) << QStringLiteral("RTS");
-    QTest::newRow("exporting in service mode")
-        << with(polling(LdbState::ServiceMode), &S::transferring) << QStringLiteral("RTS");
-    QTest::newRow("scanning while exporting")
-        << with(with(polling(), &S::transferring), &S::initialising) << QString();
-}
-
-void TestRunControl::situations()
-{
-    QFETCH(LinkSituation, situation);
-    QTEST(letters(enabledControls(situation)), "enabled");
-}
 
 REGISTER_TEST(TestRunControl, NoApplication)
 

@@ -106,7 +106,7 @@ QStringList overlaps(const QWidget* window)
         for (const QWidget* b : shown) {
             if (a < b && a->parentWidget() == b->parentWidget() && !textOf(a).isEmpty() &&
                 a->geometry().intersects(b->geometry())) {
-                faults.append(nameOf(a) + QStringLiteral(" overlaps ") + nameOf(b));
+                faults.append(nameOf(a) + " overlaps " + nameOf(b));
             }
         }
     }
@@ -217,7 +217,7 @@ QStringList mnemonicFaults(const QWidget* window)
         }
         if (label != nullptr && label->buddy() != nullptr &&
             QKeySequence::mnemonic(label->text()).isEmpty()) {
-            faults.append(nameOf(label) + QStringLiteral(" has no mnemonic"));
+            faults.append(nameOf(label) + " has no mnemonic");
         }
         if (const auto* tabs = qobject_cast<const QTabBar*>(widget)) {
             for (int tab = 0; tab < tabs->count(); ++tab) {
@@ -238,19 +238,14 @@ QStringList mnemonicFaults(const QWidget* window)
 
 bool isControl(const QWidget* widget)
 {
-    const bool isInner =
-        widget->parentWidget() != nullptr &&
-        (qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) != nullptr ||
-         qobject_cast<const QComboBox*>(widget->parentWidget()) != nullptr ||
-         qobject_cast<const QTabBar*>(widget->parentWidget()) != nullptr);
-    return !isInner && qobject_cast<const QHeaderView*>(widget) == nullptr &&
-           (qobject_cast<const QAbstractButton*>(widget) != nullptr ||
-            qobject_cast<const QLineEdit*>(widget) != nullptr ||
-            qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
-            qobject_cast<const QComboBox*>(widget) != nullptr ||
-            qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
-            qobject_cast<const QTabBar*>(widget) != nullptr || widget->inherits("QwtLegendLabel") ||
-            widget->cursor().shape() == Qt::PointingHandCursor);
+    const auto isOne = [](const QWidget* of, const std::vector<const char*>& classes) {
+        return std::any_of(classes.begin(), classes.end(),
+                           [of](const char* name) { return of != nullptr && of->inherits(name); });
+    };
+    const std::vector<const char*> compound{"QAbstractSpinBox", "QComboBox", "QTabBar"};
+    return !isOne(widget->parentWidget(), compound) && !isOne(widget, {"QHeaderView"}) &&
+           (isOne(widget, compound) || widget->cursor().shape() == Qt::PointingHandCursor ||
+            isOne(widget, {"QAbstractButton", "QLineEdit", "QAbstractItemView", "QwtLegendLabel"}));
 }
 
 /// What Tab goes through, in its order; disabled controls may be enabled some time.
@@ -274,17 +269,17 @@ QStringList keyboardFaults(QWidget* window)
     for (QWidget* widget : shownWidgets(window)) {
         // A lamp's text does what its lamp does; a tool box's tabs take no focus by themselves.
         const bool hasOtherWay =
-            widget->objectName().endsWith(QStringLiteral("TextLabel")) ||
+            widget->objectName().endsWith("TextLabel") ||
             (qobject_cast<const QToolBox*>(widget->parentWidget()) != nullptr &&
              !QKeySequence::mnemonic(textOf(widget)).isEmpty());
         if (isControl(widget) && !chain.contains(widget) && !hasOtherWay) {
-            faults.append(nameOf(widget) + QStringLiteral(" is out of the keyboard's reach"));
+            faults.append(nameOf(widget) + " is out of the keyboard's reach");
         }
     }
     for (int i = 0; i < chain.size(); ++i) {
         QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(chain.at(i));
         if (interface == nullptr || interface->text(QAccessible::Name).isEmpty()) {
-            faults.append(nameOf(chain.at(i)) + QStringLiteral(" has no accessible name"));
+            faults.append(nameOf(chain.at(i)) + " has no accessible name");
         }
         const QWidget* former = i == 0 ? nullptr : chain.at(i - 1);
         if (former == nullptr || former->parentWidget() != chain.at(i)->parentWidget()) {
@@ -342,68 +337,64 @@ class TestScreens : public TestCase
 {
     Q_OBJECT
 private slots:
-    void nothingIsWrong_data();
-    void nothingIsWrong();
-    void readableInEveryPalette_data();
-    void readableInEveryPalette();
-};
-
-void TestScreens::nothingIsWrong_data()
-{
-    addColumns<QString, QString>("language", "screen");
-    for (const char* language : {"English", "Nederlands", "Francais"}) {
-        for (const QString& screen : ScreenSet::names()) {
-            QTest::addRow("%s %s", language, qPrintable(screen))
-                << QString::fromLatin1(language) << screen;
+    void nothingIsWrong_data()
+    {
+        addColumns<QString, QString>("language", "screen");
+        for (const char* language : {"English", "Nederlands", "Francais"}) {
+            for (const QString& screen : ScreenSet::names()) {
+                QTest::addRow("%s %s", language, qPrintable(screen)) << language << screen;
+            }
         }
     }
-}
 
-void TestScreens::nothingIsWrong()
-{
-    QFETCH(QString, language);
-    QFETCH(QString, screen);
-    const Sandbox sandbox;
-    QTranslator translator;
-    QVERIFY(translator.load(QStringLiteral("TavroCordexSniffer_") + language,
-                            QStringLiteral(TRANSLATIONS_FOLDER)));
-    QCoreApplication::installTranslator(&translator);
-    const QFont formerFont = QApplication::font();
-    QFont font = formerFont;
-    font.setPixelSize(kTextPixels);
-    QApplication::setFont(font);
-    const auto restore = qScopeGuard([formerFont] { QApplication::setFont(formerFont); });
+    void nothingIsWrong()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, screen);
+        const Sandbox sandbox;
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral("TavroCordexSniffer_") + language,
+                                QStringLiteral(TRANSLATIONS_FOLDER)));
+        QCoreApplication::installTranslator(&translator);
+        const QFont formerFont = QApplication::font();
+        QFont font = formerFont;
+        font.setPixelSize(kTextPixels);
+        QApplication::setFont(font);
+        const auto restore = qScopeGuard([formerFont] { QApplication::setFont(formerFont); });
 
-    ScreenSet screens(VirtualTime::current());
-    QWidget* window = screens.open(screen);
-    QVERIFY(window != nullptr);
-    QCOMPARE(window->size(), window->size().boundedTo(kRoom));
-    const QStringList faults = cutTexts(window) + overlaps(window) + cutCells(window) +
-                               cutStatus(window) + mnemonicFaults(window) + keyboardFaults(window);
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
-}
-
-void TestScreens::readableInEveryPalette_data()
-{
-    addColumns<QPalette, QString>("palette", "screen");
-    for (const QString& screen : ScreenSet::names()) {
-        QTest::addRow("light %s", qPrintable(screen)) << QApplication::palette() << screen;
-        QTest::addRow("dark %s", qPrintable(screen)) << darkPalette() << screen;
+        ScreenSet screens(VirtualTime::current());
+        QWidget* window = screens.open(screen);
+        QVERIFY(window != nullptr);
+        QCOMPARE(window->size(), window->size().boundedTo(kRoom));
+        const QStringList faults = cutTexts(window) + overlaps(window) + cutCells(window) +
+                                   cutStatus(window) + mnemonicFaults(window) +
+                                   keyboardFaults(window);
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
     }
-}
 
-void TestScreens::readableInEveryPalette()
-{
-    QFETCH(QPalette, palette);
-    QFETCH(QString, screen);
-    const Sandbox sandbox;
-    const QPalette formerPalette = QApplication::palette();
-    QApplication::setPalette(palette);
-    const auto restore = qScopeGuard([formerPalette] { QApplication::setPalette(formerPalette); });
-    ScreenSet screens(VirtualTime::current());
-    const QStringList faults = unreadableTexts(screens.open(screen));
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
-}
+    void readableInEveryPalette_data()
+    {
+        addColumns<QPalette, QString>("palette", "screen");
+        for (const QString& screen : ScreenSet::names()) {
+            QTest::addRow("light %s", qPrintable(screen)) << QApplication::palette() << screen;
+            QTest::addRow("dark %s", qPrintable(screen)) << darkPalette() << screen;
+        }
+    }
+
+    void readableInEveryPalette()
+    {
+        QFETCH(QPalette, palette);
+        QFETCH(QString, screen);
+        const Sandbox sandbox;
+        const QPalette formerPalette = QApplication::palette();
+        QApplication::setPalette(palette);
+        const auto restore =
+            qScopeGuard([formerPalette] { QApplication::setPalette(formerPalette); });
+        ScreenSet screens(VirtualTime::current());
+        const QStringList faults = unreadableTexts(screens.open(screen));
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+    }
+};
 
 REGISTER_TEST(TestScreens, InVirtualTime<QApplication>)
 

@@ -19,12 +19,12 @@ Message readMessage(QXmlStreamReader& xml, const QString& context)
 {
     Message message;
     message.context = context;
-    message.isPlural = xml.attributes().value(QLatin1String("numerus")) == QLatin1String("yes");
+    message.isPlural = xml.attributes().value("numerus") == "yes";
     while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("source")) {
+        if (xml.name() == "source") {
             message.source = xml.readElementText();
-        } else if (xml.name() == QLatin1String("translation")) {
-            message.type = xml.attributes().value(QLatin1String("type")).toString();
+        } else if (xml.name() == "translation") {
+            message.type = xml.attributes().value("type").toString();
             if (!message.isPlural) {
                 message.forms.append(xml.readElementText());
                 continue;
@@ -48,9 +48,9 @@ QList<Message> readCatalogue(const QByteArray& content)
         if (!xml.readNext() || !xml.isStartElement()) {
             continue;
         }
-        if (xml.name() == QLatin1String("name")) {
+        if (xml.name() == "name") {
             context = xml.readElementText();
-        } else if (xml.name() == QLatin1String("message")) {
+        } else if (xml.name() == "message") {
             messages.append(readMessage(xml, context));
         }
     }
@@ -74,14 +74,14 @@ QString cataloguePath(const QString& language)
 /// line feeds, and the blanks at the ends.
 QStringList fixedParts(const QString& text)
 {
-    static const QRegularExpression marker(QStringLiteral("%L?\\d+|%n|\n"));
+    static const QRegularExpression marker("%L?\\d+|%n|\n");
     QStringList parts;
     auto matches = marker.globalMatch(text);
     while (matches.hasNext()) {
         parts.append(matches.next().captured());
     }
     parts.sort();
-    static const QRegularExpression ends(QStringLiteral("^(\\s*).*?(\\s*)$"),
+    static const QRegularExpression ends("^(\\s*).*?(\\s*)$",
                                          QRegularExpression::DotMatchesEverythingOption);
     const auto blanks = ends.match(text);
     return parts << blanks.captured(1) << blanks.captured(2);
@@ -109,74 +109,70 @@ class TestTranslations : public TestCase
     Q_OBJECT
 private slots:
     void holdsTheTextsOfTheSources_data() { addLanguages(); }
-    void holdsTheTextsOfTheSources();
-    void isComplete_data() { addLanguages(); }
-    void isComplete();
+    void holdsTheTextsOfTheSources()
+    {
+        QFETCH(QString, language);
+        QFETCH(bool, onlyPlurals);
+        const Sandbox sandbox;
+        const QByteArray kept = Sandbox::readFile(cataloguePath(language));
+        sandbox.writeFile(fileName(language), kept);
 
-private:
-    static void addLanguages();
-};
+        QStringList arguments = QStringLiteral(LUPDATE_ARGUMENTS).split('|', Qt::SkipEmptyParts);
+        if (onlyPlurals) {
+            arguments.append("-pluralonly");
+        }
+        arguments << "-ts" << sandbox.path(fileName(language));
+        QProcess lupdate;
+        lupdate.start(QStringLiteral(LUPDATE), arguments);
+        QVERIFY(lupdate.waitForFinished());
+        QCOMPARE(lupdate.exitCode(), 0);
+        // Texts that would be looked up under another name than they are kept under.
+        const QByteArray complaints = lupdate.readAllStandardError();
+        QVERIFY2(!complaints.contains("lacks Q_OBJECT") && !complaints.contains("without context"),
+                 complaints.constData());
 
-void TestTranslations::addLanguages()
-{
-    addColumns<QString, bool>("language", "onlyPlurals");
-    QTest::newRow("English") << QStringLiteral("English") << true;
-    QTest::newRow("Nederlands") << QStringLiteral("Nederlands") << false;
-    QTest::newRow("Francais") << QStringLiteral("Francais") << false;
-}
-
-void TestTranslations::holdsTheTextsOfTheSources()
-{
-    QFETCH(QString, language);
-    QFETCH(bool, onlyPlurals);
-    const Sandbox sandbox;
-    const QByteArray kept = Sandbox::readFile(cataloguePath(language));
-    sandbox.writeFile(fileName(language), kept);
-
-    QStringList arguments =
-        QStringLiteral(LUPDATE_ARGUMENTS).split(QLatin1Char('|'), Qt::SkipEmptyParts);
-    if (onlyPlurals) {
-        arguments.append(QStringLiteral("-pluralonly"));
-    }
-    arguments << QStringLiteral("-ts") << sandbox.path(fileName(language));
-    QProcess lupdate;
-    lupdate.start(QStringLiteral(LUPDATE), arguments);
-    QVERIFY(lupdate.waitForFinished());
-    QCOMPARE(lupdate.exitCode(), 0);
-    // Texts that would be looked up under another name than they are kept under.
-    const QByteArray complaints = lupdate.readAllStandardError();
-    QVERIFY2(!complaints.contains("lacks Q_OBJECT") && !complaints.contains("without context"),
-             complaints.constData());
-
-    // New and changed texts come back unfinished; those that have gone are left out.
-    const QStringList inSources =
-        describeAll(readCatalogue(Sandbox::readFile(sandbox.path(fileName(language)))));
-    const QStringList inCatalogue = describeAll(readCatalogue(kept));
-    for (const QString& text : inSources) {
-        QVERIFY2(inCatalogue.contains(text), qPrintable(QStringLiteral("not taken in: ") + text));
-    }
-    for (const QString& text : inCatalogue) {
-        QVERIFY2(inSources.contains(text), qPrintable(QStringLiteral("has gone: ") + text));
-    }
-}
-
-void TestTranslations::isComplete()
-{
-    QFETCH(QString, language);
-    QFETCH(bool, onlyPlurals);
-    constexpr int pluralForms = 2;
-    const QList<Message> messages = readCatalogue(Sandbox::readFile(cataloguePath(language)));
-    QVERIFY(onlyPlurals || !messages.isEmpty());
-    for (const Message& message : messages) {
-        QVERIFY2(message.type.isEmpty(), qPrintable(describe(message)));
-        QVERIFY2(message.forms.size() == (message.isPlural ? pluralForms : 1),
-                 qPrintable(describe(message)));
-        for (const QString& form : message.forms) {
-            QVERIFY2(!form.isEmpty(), qPrintable(describe(message)));
-            QVERIFY2(fixedParts(form) == fixedParts(message.source), qPrintable(describe(message)));
+        // New and changed texts come back unfinished; those that have gone are left out.
+        const QStringList inSources =
+            describeAll(readCatalogue(Sandbox::readFile(sandbox.path(fileName(language)))));
+        const QStringList inCatalogue = describeAll(readCatalogue(kept));
+        for (const QString& text : inSources) {
+            QVERIFY2(inCatalogue.contains(text),
+                     qPrintable(QStringLiteral("not taken in: ") + text));
+        }
+        for (const QString& text : inCatalogue) {
+            QVERIFY2(inSources.contains(text), qPrintable(QStringLiteral("has gone: ") + text));
         }
     }
-}
+
+    void isComplete_data() { addLanguages(); }
+    void isComplete()
+    {
+        QFETCH(QString, language);
+        QFETCH(bool, onlyPlurals);
+        constexpr int pluralForms = 2;
+        const QList<Message> messages = readCatalogue(Sandbox::readFile(cataloguePath(language)));
+        QVERIFY(onlyPlurals || !messages.isEmpty());
+        for (const Message& message : messages) {
+            QVERIFY2(message.type.isEmpty(), qPrintable(describe(message)));
+            QVERIFY2(message.forms.size() == (message.isPlural ? pluralForms : 1),
+                     qPrintable(describe(message)));
+            for (const QString& form : message.forms) {
+                QVERIFY2(!form.isEmpty(), qPrintable(describe(message)));
+                QVERIFY2(fixedParts(form) == fixedParts(message.source),
+                         qPrintable(describe(message)));
+            }
+        }
+    }
+
+private:
+    static void addLanguages()
+    {
+        addColumns<QString, bool>("language", "onlyPlurals");
+        QTest::newRow("English") << "English" << true;
+        QTest::newRow("Nederlands") << "Nederlands" << false;
+        QTest::newRow("Francais") << "Francais" << false;
+    }
+};
 
 REGISTER_TEST(TestTranslations, QCoreApplication)
 #include "tst_translations.moc"

@@ -29,129 +29,123 @@ class TestBadLine : public TestCase
 {
     Q_OBJECT
 private slots:
-    void showsNothingWrong_data();
-    void showsNothingWrong();
-    void scansOnALineThatLoses();
-    void tellsALossInTime();
-    void overlooksNothingThatTheHostHandsOverLate();
-    void learnsTheStepsOfAnAdapterThatTicks();
-};
-
-void TestBadLine::showsNothingWrong_data()
-{
-    QTest::addColumn<int>("line");
-    QTest::addColumn<LineKind>("kind");
-    QTest::addColumn<quint64>("seed");
-    for (std::size_t i = 0; i < badLines().size(); ++i) {
-        for (const auto& kind : kLineKinds) {
-            QTest::addRow("%s, %s", badLines()[i].name, kind.name)
-                << static_cast<int>(i) << kind.kind << quint64(1 + i);
+    void showsNothingWrong_data()
+    {
+        QTest::addColumn<int>("line");
+        QTest::addColumn<LineKind>("kind");
+        QTest::addColumn<quint64>("seed");
+        for (std::size_t i = 0; i < badLines().size(); ++i) {
+            for (const auto& kind : kLineKinds) {
+                QTest::addRow("%s, %s", badLines()[i].name, kind.name)
+                    << static_cast<int>(i) << kind.kind << quint64(1 + i);
+            }
         }
     }
-}
 
-void TestBadLine::showsNothingWrong()
-{
-    QFETCH(int, line);
-    QFETCH(LineKind, kind);
-    QFETCH(quint64, seed);
-    const BadLine& bad = badLines()[static_cast<std::size_t>(line)];
-    LineRig rig(bad.setup(kind, seed));
-    rig.scan();
-    QCOMPARE(rig.found().size(), bad.ldbs);
-    rig.run(kMinute);
-    const double clean = recordsIn(rig, kMinute);
-    bad.begin(rig);
-    rig.queueByChance(20 * kSecond);
-    rig.run(10 * kMinute);
-    QVERIFY2(rig.tally().wrong == 0, qPrintable(text(rig)));
-    QVERIFY2(rig.tally().falseLosses == 0, qPrintable(text(rig)));
-
-    // When the line is good again it is as if nothing had been.
-    rig.queueByChance(0);
-    rig.line().setAdversaries({}, rig.now());
-    rig.run(10 * kSecond);
-    const double after = recordsIn(rig, kMinute);
-    const double gone = bad.absent == 0 ? 0.03 : 0.06;
-    QVERIFY2(after >= (1 - gone) * clean,
-             qPrintable(QString("%1 of %2 records\n").arg(after).arg(clean) + text(rig)));
-    QCOMPARE(rig.lost().size(), bad.absent);
-}
-
-void TestBadLine::scansOnALineThatLoses()
-{
-    Adversaries losses;
-    losses.lostRequests = losses.lostAnswers = 2;
-    int missing = 0;
-    for (quint64 seed = 1; seed <= 12; ++seed) {
-        LineRig::Setup setup;
-        setup.seed = seed;
-        LineRig rig(setup);
-        rig.line().setAdversaries(losses, 0);
+    void showsNothingWrong()
+    {
+        QFETCH(int, line);
+        QFETCH(LineKind, kind);
+        QFETCH(quint64, seed);
+        const BadLine& bad = badLines()[static_cast<std::size_t>(line)];
+        LineRig rig(bad.setup(kind, seed));
         rig.scan();
-        rig.run(3 * kMinute);
-        missing += static_cast<int>(setup.addresses.size()) - rig.found().size();
+        QCOMPARE(rig.found().size(), bad.ldbs);
+        rig.run(kMinute);
+        const double clean = recordsIn(rig, kMinute);
+        bad.begin(rig);
+        rig.queueByChance(20 * kSecond);
+        rig.run(10 * kMinute);
         QVERIFY2(rig.tally().wrong == 0, qPrintable(text(rig)));
-        QCOMPARE(rig.tally().losses, 0);
+        QVERIFY2(rig.tally().falseLosses == 0, qPrintable(text(rig)));
+
+        // When the line is good again it is as if nothing had been.
+        rig.queueByChance(0);
+        rig.line().setAdversaries({}, rig.now());
+        rig.run(10 * kSecond);
+        const double after = recordsIn(rig, kMinute);
+        const double gone = bad.absent == 0 ? 0.03 : 0.06;
+        QVERIFY2(after >= (1 - gone) * clean,
+                 qPrintable(QString("%1 of %2 records\n").arg(after).arg(clean) + text(rig)));
+        QCOMPARE(rig.lost().size(), bad.absent);
     }
-    // One probe an address finds 92 of these 96.
-    QVERIFY2(missing <= 1, qPrintable(QString::number(missing)));
-}
 
-void TestBadLine::tellsALossInTime()
-{
-    LineRig rig({});
-    rig.scan();
-    rig.run(kMinute);
-    const qint64 gone = rig.now();
-    rig.boards().setPresent(0x2B, false);
-    QVERIFY(rig.runUntil([&] { return rig.lost().contains("2B"); }, 20 * kSecond));
-    // Four questions, each sent twice, and the round between the second and the third.
-    QVERIFY2(rig.now() - gone <= 8 * 1560000 + 2 * 1600000,
-             qPrintable(QString::number(rig.now() - gone)));
-    rig.run(20 * kSecond);
-    const qint64 back = rig.now();
-    rig.boards().setPresent(0x2B, true);
-    QVERIFY(rig.runUntil([&] { return !rig.lost().contains("2B"); }, 20 * kSecond));
-    QVERIFY2(rig.now() - back <= 1600000 + 240000, qPrintable(QString::number(rig.now() - back)));
-    QCOMPARE(rig.tally().losses, 1);
-    QCOMPARE(rig.tally().falseLosses, 0);
-}
-
-void TestBadLine::overlooksNothingThatTheHostHandsOverLate()
-{
-    // Adapters that collect bytes, and a host that is held up.
-    for (const int together : {8, 16, 64}) {
-        LineRig::Setup setup;
-        setup.together = together;
-        LineRig rig(setup);
-        rig.scan();
-        badLines().back().begin(rig);
-        rig.run(10 * kMinute);
-        QVERIFY2(rig.tally().wrong == 0 && rig.tally().falseLosses == 0, qPrintable(text(rig)));
-        QVERIFY(rig.tally().records > 300);
-    }
-}
-
-void TestBadLine::learnsTheStepsOfAnAdapterThatTicks()
-{
-    for (const int tick : {4, 16}) {
-        LineRig::Setup setup;
-        setup.adapterTick = tick * kMillisecond;
-        LineRig rig(setup);
-        rig.keepEvents();
-        rig.scan();
-        const int atFirst = recordsIn(rig, 10 * kMinute);
-        rig.run(10 * kMinute);
-        rig.takeEvents();
-        const int then = recordsIn(rig, 10 * kMinute);
-        for (const Event& told : rig.takeEvents()) {
-            const auto* line = std::get_if<event::Diagnostic>(&told);
-            QVERIFY2(!line, line ? qPrintable(line->text + "\n" + text(rig)) : "");
+    void scansOnALineThatLoses()
+    {
+        Adversaries losses;
+        losses.lostRequests = losses.lostAnswers = 2;
+        int missing = 0;
+        for (quint64 seed = 1; seed <= 12; ++seed) {
+            LineRig::Setup setup;
+            setup.seed = seed;
+            LineRig rig(setup);
+            rig.line().setAdversaries(losses, 0);
+            rig.scan();
+            rig.run(3 * kMinute);
+            missing += static_cast<int>(setup.addresses.size()) - rig.found().size();
+            QVERIFY2(rig.tally().wrong == 0, qPrintable(text(rig)));
+            QCOMPARE(rig.tally().losses, 0);
         }
-        QVERIFY2(atFirst > 0.9 * then, qPrintable(QString("%1 of %2").arg(atFirst).arg(then)));
+        // One probe an address finds 92 of these 96.
+        QVERIFY2(missing <= 1, qPrintable(QString::number(missing)));
     }
-}
+
+    void tellsALossInTime()
+    {
+        LineRig rig({});
+        rig.scan();
+        rig.run(kMinute);
+        const qint64 gone = rig.now();
+        rig.boards().setPresent(0x2B, false);
+        QVERIFY(rig.runUntil([&] { return rig.lost().contains("2B"); }, 20 * kSecond));
+        // Four questions, each sent twice, and the round between the second and the third.
+        QVERIFY2(rig.now() - gone <= 8 * 1560000 + 2 * 1600000,
+                 qPrintable(QString::number(rig.now() - gone)));
+        rig.run(20 * kSecond);
+        const qint64 back = rig.now();
+        rig.boards().setPresent(0x2B, true);
+        QVERIFY(rig.runUntil([&] { return !rig.lost().contains("2B"); }, 20 * kSecond));
+        QVERIFY2(rig.now() - back <= 1600000 + 240000,
+                 qPrintable(QString::number(rig.now() - back)));
+        QCOMPARE(rig.tally().losses, 1);
+        QCOMPARE(rig.tally().falseLosses, 0);
+    }
+
+    void overlooksNothingThatTheHostHandsOverLate()
+    {
+        // Adapters that collect bytes, and a host that is held up.
+        for (const int together : {8, 16, 64}) {
+            LineRig::Setup setup;
+            setup.together = together;
+            LineRig rig(setup);
+            rig.scan();
+            badLines().back().begin(rig);
+            rig.run(10 * kMinute);
+            QVERIFY2(rig.tally().wrong == 0 && rig.tally().falseLosses == 0, qPrintable(text(rig)));
+            QVERIFY(rig.tally().records > 300);
+        }
+    }
+
+    void learnsTheStepsOfAnAdapterThatTicks()
+    {
+        for (const int tick : {4, 16}) {
+            LineRig::Setup setup;
+            setup.adapterTick = tick * kMillisecond;
+            LineRig rig(setup);
+            rig.keepEvents();
+            rig.scan();
+            const int atFirst = recordsIn(rig, 10 * kMinute);
+            rig.run(10 * kMinute);
+            rig.takeEvents();
+            const int then = recordsIn(rig, 10 * kMinute);
+            for (const Event& told : rig.takeEvents()) {
+                const auto* line = std::get_if<event::Diagnostic>(&told);
+                QVERIFY2(!line, line ? qPrintable(line->text + "\n" + text(rig)) : "");
+            }
+            QVERIFY2(atFirst > 0.9 * then, qPrintable(QString("%1 of %2").arg(atFirst).arg(then)));
+        }
+    }
+};
 
 REGISTER_TEST(TestBadLine, NoApplication)
 #include "tst_badline.moc"

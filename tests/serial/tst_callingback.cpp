@@ -41,30 +41,6 @@ private:
     QByteArray m_received;
 };
 
-/// Queues the next command from within the answer to the last one.
-class Chain : public ISerialCommand::Observer
-{
-public:
-    static void queue(SerialProcessor* processor, int commands)
-    {
-        if (commands > 0) {
-            auto command = std::make_unique<PollCommand>(QString("03"));
-            command->addObserver(std::make_unique<Chain>(processor, commands));
-            processor->appendCommand(std::move(command));
-        }
-    }
-    Chain(SerialProcessor* processor, int commands)
-        : m_processor(processor)
-        , m_commands(commands)
-    {
-    }
-    void call(QByteArray) override { queue(m_processor, m_commands - 1); }
-
-private:
-    SerialProcessor* m_processor;
-    int m_commands;
-};
-
 } // namespace
 
 /// Whoever the processor tells something calls it back at once.
@@ -72,68 +48,42 @@ class TestCallingBack : public TestCase
 {
     Q_OBJECT
 private slots:
-    void queuesTheNext();
-    void stops_data();
-    void stops();
+    void stops_data()
+    {
+        const Table<QByteArray, bool> row("signal", "isHeldUp");
+        for (const bool isHeldUp : {false, true}) {
+            for (const char* signal :
+                 {SIGNAL(ldbListInitializationProgress(int, int)),
+                  SIGNAL(ldbListChanged(QStringList)),
+                  SIGNAL(generalInformationUpdated(QString, QList<QStringList>))}) {
+                row(isHeldUp ? "held up" : "", signal, isHeldUp);
+            }
+        }
+    }
+
+    void stops()
+    {
+        QFETCH(QByteArray, signal);
+        QFETCH(bool, isHeldUp);
+        const Sandbox sandbox;
+        TestBus bus({"03"});
+        SerialProcessor processor([&](const QString& name) -> std::unique_ptr<BusPort> {
+            auto port = bus.ports().make(name);
+            return isHeldUp ? std::make_unique<HeldUpPort>(std::move(port)) : std::move(port);
+        });
+        processor.setPortName(bus.portName());
+        QSignalSpy stopped(&processor, &SerialProcessor::stopped);
+        connect(&processor, signal.constData(), &processor, SLOT(stop()));
+        for (int run = 1; run <= 2; ++run) {
+            processor.start();
+            WAIT_VERIFY(stopped.size() >= run);
+            const auto asked = bus.requests().size();
+            VirtualTime::current()->advance(5000);
+            QCOMPARE(stopped.size(), run);
+            QVERIFY(bus.requests().size() <= asked + 1); // the one that had left
+        }
+    }
 };
-
-void TestCallingBack::queuesTheNext()
-{
-    const Sandbox sandbox;
-    TestBus bus({"03"});
-    SerialProcessor processor(bus.ports().make);
-    processor.setPortName(bus.portName());
-    QSignalSpy records(&processor, &SerialProcessor::generalInformationUpdated);
-    QSignalSpy queue(&processor, &SerialProcessor::externalCommandsInQueueUpdated);
-    processor.start();
-    WAIT_VERIFY(records.size() == 1);
-    Chain::queue(&processor, 3);
-    WAIT_VERIFY(records.size() == 9);
-    QList<int> lengths;
-    for (const auto& entry : qAsConst(queue)) {
-        lengths.append(entry.at(0).toInt());
-    }
-    QCOMPARE(lengths, (QList<int>{1, 0, 1, 0, 1, 0}));
-}
-
-void TestCallingBack::stops_data()
-{
-    addColumns<QByteArray, bool>("signal", "isHeldUp");
-
-    for (const bool isHeldUp : {false, true}) {
-        const char* how = isHeldUp ? "held up, " : "";
-        QTest::addRow("%sin the scan", how)
-            << QByteArray(SIGNAL(ldbListInitializationProgress(int, int))) << isHeldUp;
-        QTest::addRow("%sat an LDB found", how)
-            << QByteArray(SIGNAL(ldbListChanged(QStringList))) << isHeldUp;
-        QTest::addRow("%sat a record", how)
-            << QByteArray(SIGNAL(generalInformationUpdated(QString, QList<QStringList>)))
-            << isHeldUp;
-    }
-}
-
-void TestCallingBack::stops()
-{
-    QFETCH(QByteArray, signal);
-    QFETCH(bool, isHeldUp);
-    const Sandbox sandbox;
-    TestBus bus({"03"});
-    SerialProcessor processor([&](const QString& name) -> std::unique_ptr<BusPort> {
-        auto port = bus.ports().make(name);
-        return isHeldUp ? std::make_unique<HeldUpPort>(std::move(port)) : std::move(port);
-    });
-    processor.setPortName(bus.portName());
-    QSignalSpy stopped(&processor, &SerialProcessor::stopped);
-    connect(&processor, signal.constData(), &processor, SLOT(stop()));
-    for (int run = 1; run <= 2; ++run) {
-        processor.start();
-        WAIT_VERIFY(stopped.size() >= run);
-        const auto asked = bus.requests().size();
-        VirtualTime::current()->advance(5000);
-        QCOMPARE(stopped.size(), run);
-        QVERIFY(bus.requests().size() <= asked + 1); // the one that had left
-    }
-}
 
 REGISTER_TEST(TestCallingBack, InVirtualTime<QCoreApplication>)
 #include "tst_callingback.moc"

@@ -6,62 +6,53 @@ class TestPollSchedule : public TestCase
 {
     Q_OBJECT
 private slots:
-    void turns_data();
-    void turns();
-};
-
-void TestPollSchedule::turns_data()
-{
-    // Of 03, 0A and F0: what happens ("-" lost, "+" present, "=" alone, "!" not to be found), or
-    // a number of turns.
-    QTest::addColumn<QString>("steps");
-    QTest::addColumn<QString>("taken"); // "*" marks the begin of a round, "?" a probe
-
-    QTest::newRow("rounds in the order found") << "7"
-                                               << "*03 0A F0 *03 0A F0 *03";
-    QTest::newRow("a restart begins a round") << "2 restart 2"
-                                              << "*03 0A *03 0A";
-    QTest::newRow("lost ones take turns at one probe a round") << "-03 -F0 -F0 6"
-                                                               << "*0A ?03 *0A ?F0 *0A ?03";
-    QTest::newRow("the returned takes its place again") << "-0A 3 +0A 4"
-                                                        << "*03 F0 ?0A *03 0A F0 *03";
-    QTest::newRow("all lost are probed in turn") << "-0A -03 -F0 4"
-                                                 << "*?0A *?03 *?F0 *?0A";
-    QTest::newRow("one alone") << "-03 !77 2 =F0 3 = 3"
-                               << "*0A F0 *F0 *F0 *F0 *0A F0 ?03";
-}
-
-void TestPollSchedule::turns()
-{
-    QFETCH(QString, steps);
-
-    PollSchedule schedule;
-    for (const char* hexId : {"03", "0A", "F0"}) {
-        schedule.add(hexId);
+    void turns_data()
+    {
+        // Of 03, 0A and F0: what happens ("-" lost, "+" present, "=" alone, "!" not to be found),
+        // or a number of turns. "taken": "*" marks the begin of a round, "?" a probe
+        const Table<QString, QString> row("steps", "taken");
+        row("rounds in the order found", "7", "*03 0A F0 *03 0A F0 *03");
+        row("a restart begins a round", "2 restart 2", "*03 0A *03 0A");
+        row("lost ones take turns at one probe a round", "-03 -F0 -F0 6",
+            "*0A ?03 *0A ?F0 *0A ?03");
+        row("the returned takes its place again", "-0A 3 +0A 4", "*03 F0 ?0A *03 0A F0 *03");
+        row("all lost are probed in turn", "-0A -03 -F0 4", "*?0A *?03 *?F0 *?0A");
+        row("one alone", "-03 !77 2 =F0 3 = 3", "*0A F0 *F0 *F0 *F0 *0A F0 ?03");
     }
-    schedule.restart();
-    QStringList words;
-    const QStringList each = steps.split(' ');
-    for (const QString& step : each) {
-        const QString hexId = step.mid(1);
-        if (step == "restart") {
-            schedule.restart();
-        } else if (step.startsWith('-')) {
-            schedule.markLost(hexId);
-        } else if (step.startsWith('+')) {
-            schedule.markPresent(hexId);
-        } else if (step.startsWith('=') || step.startsWith('!')) {
-            QCOMPARE(schedule.setAlone(hexId), step.startsWith('='));
-        } else {
-            for (int i = 0; i < step.toInt(); ++i) {
-                const PollSchedule::Turn turn = schedule.next();
-                const bool isProbe = turn.kind == PollSchedule::Turn::Kind::Probe;
-                words << (turn.beginsRound ? "*" : "") + QString(isProbe ? "?" : "") + turn.hexId;
+
+    void turns()
+    {
+        QFETCH(QString, steps);
+
+        PollSchedule schedule;
+        for (const char* hexId : {"03", "0A", "F0"}) {
+            schedule.add(hexId);
+        }
+        schedule.restart();
+        QStringList words;
+        const QStringList each = steps.split(' ');
+        for (const QString& step : each) {
+            const QString hexId = step.mid(1);
+            if (step == "restart") {
+                schedule.restart();
+            } else if (step.startsWith('-')) {
+                schedule.markLost(hexId);
+            } else if (step.startsWith('+')) {
+                schedule.markPresent(hexId);
+            } else if (step.startsWith('=') || step.startsWith('!')) {
+                QCOMPARE(schedule.setAlone(hexId), step.startsWith('='));
+            } else {
+                for (int i = 0; i < step.toInt(); ++i) {
+                    const PollSchedule::Turn turn = schedule.next();
+                    const bool isProbe = turn.kind == PollSchedule::Turn::Kind::Probe;
+                    words << (turn.beginsRound ? "*" : "") + QString(isProbe ? "?" : "") +
+                                 turn.hexId;
+                }
             }
         }
+        QTEST(words.join(' '), "taken");
     }
-    QTEST(words.join(' '), "taken");
-}
+};
 
 REGISTER_TEST(TestPollSchedule, QCoreApplication)
 #include "tst_pollschedule.moc"

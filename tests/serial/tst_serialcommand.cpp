@@ -43,63 +43,59 @@ class TestSerialCommand : public TestCase
 {
     Q_OBJECT
 private slots:
-    void bodies();
-    void observersGetTheAnswerInTheirThread();
-    void deadReceiverGetsNothing();
+    void bodies()
+    {
+        // Those that the tests of the conversation and of the settings do not see on the bus.
+        QCOMPARE(ExecuteCommand(kTen, LdbControl::FimReset).commandData(), "FE0A73780000");
+        QCOMPARE(ExecuteCommand(kTen, LdbControl::ServiceMode).commandData(), "FE0A73780003");
+        QCOMPARE(ExecuteCommand(busaddress::kBroadcast, LdbControl::LdbReset).commandData(),
+                 "FEFF73780001");
+        QCOMPARE(RequestCommand(kTen, 10).commandData(), "FE0A73720A");
+        QCOMPARE(ExecuteCommand(kTen, 255, "01").commandData(), "FE0A7378FF01");
+    }
+
+    void observersGetTheAnswerInTheirThread()
+    {
+        Receiver receiver;
+        QList<Reply::Kind> replies;
+        const auto take = [&replies](const Reply& reply) {
+            replies.append(reply.kind());
+        };
+        givenToFunction.clear();
+        auto command = std::make_unique<PollCommand>(QStringLiteral("01"));
+        command->addObserver(std::make_unique<ISerialCommand::ObserverFunc>(takeAnswer));
+        command->addObserver(
+            std::make_unique<ISerialCommand::ObserverMember<Receiver>>(&receiver, &Receiver::take));
+        command->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(&receiver, take));
+        notifyFromAnotherThread(*command, "answer");
+        command = std::make_unique<PollCommand>(QStringLiteral("01"));
+        command->addObserver(
+            std::make_unique<ISerialCommand::ObserverMember<Receiver>>(&receiver, &Receiver::take));
+        command->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(&receiver, take));
+        command.reset(); // unsent: the member has no form for it
+        QCOMPARE(givenToFunction, QByteArray("answer"));
+        QVERIFY(receiver.answers.isEmpty() && replies.isEmpty());
+        QCoreApplication::processEvents();
+        QCOMPARE(receiver.answers, QList<QByteArray>{"answer"});
+        QCOMPARE(replies, (QList<Reply::Kind>{Reply::Kind::Answered, Reply::Kind::Unsent}));
+        QCOMPARE(receiver.thread, QThread::currentThread());
+    }
+
+    void deadReceiverGetsNothing()
+    {
+        auto receiver = std::make_unique<Receiver>();
+        PollCommand command(QStringLiteral("01"));
+        bool called = false;
+        command.addObserver(std::make_unique<ISerialCommand::ReplyObserver>(
+            receiver.get(), [&called](const Reply&) { called = true; }));
+        notifyFromAnotherThread(command, "one");
+        receiver.reset(); // with the answer on its way
+        QCoreApplication::processEvents();
+        command.notify("two");
+        QCoreApplication::processEvents();
+        QVERIFY(!called);
+    }
 };
-
-void TestSerialCommand::bodies()
-{
-    // Those that the tests of the conversation and of the settings do not see on the bus.
-    QCOMPARE(ExecuteCommand(kTen, LdbControl::FimReset).commandData(), "FE0A73780000");
-    QCOMPARE(ExecuteCommand(kTen, LdbControl::ServiceMode).commandData(), "FE0A73780003");
-    QCOMPARE(ExecuteCommand(busaddress::kBroadcast, LdbControl::LdbReset).commandData(),
-             "FEFF73780001");
-    QCOMPARE(RequestCommand(kTen, 10).commandData(), "FE0A73720A");
-    QCOMPARE(ExecuteCommand(kTen, 255, "01").commandData(), "FE0A7378FF01");
-}
-
-void TestSerialCommand::observersGetTheAnswerInTheirThread()
-{
-    Receiver receiver;
-    QList<Reply::Kind> replies;
-    const auto take = [&replies](const Reply& reply) {
-        replies.append(reply.kind());
-    };
-    givenToFunction.clear();
-    auto command = std::make_unique<PollCommand>(QStringLiteral("01"));
-    command->addObserver(std::make_unique<ISerialCommand::ObserverFunc>(takeAnswer));
-    command->addObserver(
-        std::make_unique<ISerialCommand::ObserverMember<Receiver>>(&receiver, &Receiver::take));
-    command->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(&receiver, take));
-    notifyFromAnotherThread(*command, "answer");
-    command = std::make_unique<PollCommand>(QStringLiteral("01"));
-    command->addObserver(
-        std::make_unique<ISerialCommand::ObserverMember<Receiver>>(&receiver, &Receiver::take));
-    command->addObserver(std::make_unique<ISerialCommand::ReplyObserver>(&receiver, take));
-    command.reset(); // unsent: the member has no form for it
-    QCOMPARE(givenToFunction, QByteArray("answer"));
-    QVERIFY(receiver.answers.isEmpty() && replies.isEmpty());
-    QCoreApplication::processEvents();
-    QCOMPARE(receiver.answers, QList<QByteArray>{"answer"});
-    QCOMPARE(replies, (QList<Reply::Kind>{Reply::Kind::Answered, Reply::Kind::Unsent}));
-    QCOMPARE(receiver.thread, QThread::currentThread());
-}
-
-void TestSerialCommand::deadReceiverGetsNothing()
-{
-    auto receiver = std::make_unique<Receiver>();
-    PollCommand command(QStringLiteral("01"));
-    bool called = false;
-    command.addObserver(std::make_unique<ISerialCommand::ReplyObserver>(
-        receiver.get(), [&called](const Reply&) { called = true; }));
-    notifyFromAnotherThread(command, "one");
-    receiver.reset(); // with the answer on its way
-    QCoreApplication::processEvents();
-    command.notify("two");
-    QCoreApplication::processEvents();
-    QVERIFY(!called);
-}
 
 REGISTER_TEST(TestSerialCommand, QCoreApplication)
 #include "tst_serialcommand.moc"

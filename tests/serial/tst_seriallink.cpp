@@ -19,252 +19,195 @@ class TestSerialLink : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
-    void cleanup() override;
-    void aStopInsideASignalIsClean();
-    void nothingOfAStoppedRunComesLater();
-    void commandsOfAnEarlierRunAreNotSent();
-    void everyCommandEndsOnce_data();
-    void everyCommandEndsOnce();
-    void emptyBusStopsTheRunOnce();
-    void reloadStartsOrRescans();
-    void diesInTheMiddleOfEverything_data();
-    void diesInTheMiddleOfEverything();
-    void failedPortStopsCleanly();
+    void init() override
+    {
+        TestCase::init();
+        m_sandbox = std::make_unique<Sandbox>();
+        m_bus = std::make_unique<TestBus>(QStringList{"03", "0A"});
+        m_link = std::make_unique<SerialLink>(m_bus->ports());
+        m_link->setPortName(m_bus->portName());
+    }
+
+    void cleanup() override
+    {
+        m_link.reset();
+        m_bus.reset();
+        m_sandbox.reset();
+        TestCase::cleanup();
+    }
+
+    void aStopInsideASignalIsClean()
+    {
+        QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+        connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(),
+                &SerialLink::stop);
+        m_link->start();
+        WAIT_COMPARE(stopped.size(), 1);
+        QVERIFY(!m_link->isRunning());
+    }
+
+    void nothingOfAStoppedRunComesLater()
+    {
+        QSignalSpy rows(m_link.get(), &SerialLink::generalInformationUpdated);
+        QSignalSpy states(m_link.get(), &SerialLink::ldbStateUpdated);
+        QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+        // A status makes more than one signal, so there is one on its way when the new run begins.
+        bool isRestarted = false;
+        const auto restart = [&] {
+            if (!std::exchange(isRestarted, true)) {
+                m_link->stop();
+                m_bus->setPresent({"FD"});
+                m_link->dismiss({"03"}); // the new run would tell of its loss
+                rows.clear();
+                states.clear();
+                m_link->start();
+            }
+        };
+        connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(), restart);
+        connect(m_link.get(), &SerialLink::ldbStateUpdated, m_link.get(), restart);
+        m_link->start();
+        WAIT_VERIFY(isRestarted && rows.size() + states.size() > 3);
+        for (const QSignalSpy* spy : {&rows, &states}) {
+            QCOMPARE(spy->first().first().toString(), "FD");
+        }
+        QCOMPARE(stopped.size(), 1);
+        QVERIFY(m_link->isRunning());
+    }
+
+    void commandsOfAnEarlierRunAreNotSent()
+    {
+        auto reset = [] {
+            return std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
+        };
+        m_link->post(reset()); // stopped
+        m_link->start();
+        m_link->post(reset()); // ends before it gets its turn
+        m_link->stop();
+        m_bus->clearRequests();
+        m_link->start();
+        WAIT_VERIFY(m_bus->requests().count("FE0A737804") >= 2);
+        QVERIFY(!m_bus->requests().contains(kReset));
+        m_link->post(reset());
+        WAIT_VERIFY(m_bus->requests().contains(kReset));
+    }
+
+    void everyCommandEndsOnce_data()
+    {
+        QTest::addColumn<QByteArray>("answer"); // to the first command
+        QTest::addColumn<QString>("end");       // of the run, once the first command is on the wire
+        QTest::addColumn<QList<Reply::Kind>>("kinds");
+        using Kind = Reply::Kind;
+        const auto row = [](const char* tag, const QByteArray& answer, const char* end, Kind first,
+                            Kind second) {
+            QTest::newRow(tag) << answer << QString::fromLatin1(end) << QList<Kind>{first, second};
+        };
+        row("accepted", "\x06", "", Kind::Accepted, Kind::Accepted);
+        row("refused", "\x15", "", Kind::Refused, Kind::Accepted);
+        row("silent", QByteArray(), "", Kind::Silent, Kind::Accepted);
+        row("no run", "", "before", Kind::Unsent, Kind::Unsent);
+        row("the run ends before it takes them", "", "at once", Kind::Unsent, Kind::Unsent);
+        row("the run ends", "", "stop", Kind::Silent, Kind::Unsent);
+        row("the port dies", "", "hang up", Kind::Silent, Kind::Unsent);
+        row("the link dies", "", "delete", Kind::Silent, Kind::Unsent);
+    }
+
+    void everyCommandEndsOnce()
+    {
+        QFETCH(QByteArray, answer);
+        QFETCH(QString, end);
+        QFETCH(QList<Reply::Kind>, kinds);
+        const ExpectWarning gone("Port .*: |No answer to .*", ExpectWarning::Need::MayCome);
+        const QByteArray first("FE0373780000");
+        const QByteArray firmware("FE0A737804");
+        m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+            // While this one is waited for nothing else is sent.
+            const bool isHeldUp = body == firmware && end == QLatin1String("at once");
+            return body == first || isHeldUp ? std::optional(answer) : std::nullopt;
+        });
+        if (end != QLatin1String("before")) {
+            m_link->start();
+            WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+            WAIT_VERIFY(m_bus->requests().contains(firmware));
+        }
+        QObject context;
+        QList<Reply::Kind> replies;
+        const auto ask = [&](LdbControl control) {
+            m_link->ask(std::make_unique<ExecuteCommand>(QString("03"), control), &context,
+                        [&](const Reply& reply) {
+                            QCOMPARE(QThread::currentThread(), context.thread());
+                            replies.append(reply.kind());
+                        });
+        };
+        ask(LdbControl::FimReset);
+        ask(LdbControl::LdbReset);
+        if (end == QLatin1String("at once")) {
+            m_link->stop();
+        }
+        QVERIFY(replies.isEmpty()); // from the event loop
+        if (!end.isEmpty() && kinds.constFirst() == Reply::Kind::Silent) {
+            WAIT_VERIFY(m_bus->requests().contains(first));
+            if (end == QLatin1String("stop")) {
+                m_link->stop();
+            } else if (end == QLatin1String("hang up")) {
+                m_bus->cut();
+            } else {
+                m_link.reset();
+            }
+        }
+        WAIT_COMPARE(replies.size(), 2);
+        QCOMPARE(replies, kinds);
+        m_link.reset();
+        QCoreApplication::processEvents();
+        QCOMPARE(replies.size(), 2);
+    }
+
+    void emptyBusStopsTheRunOnce()
+    {
+        m_bus->setPresent({});
+        QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
+        m_link->start();
+        WAIT_COMPARE(stopped.size(), 1);
+        QVERIFY(!m_link->isRunning());
+        m_link->stop();
+        QCOMPARE(stopped.size(), 1);
+    }
+
+    void reloadStartsOrRescans()
+    {
+        m_link->rescan();
+        WAIT_COMPARE(m_link->stateOf("03"), LdbState::Quiescent); // and 0A is next
+        QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A"}));
+        QCOMPARE(m_link->connectedLdbs(), m_link->knownLdbs());
+        QVERIFY(!m_link->isConnected("04"));
+        QCOMPARE(m_bus->requests().count("FE0170"), 1);
+
+        QSignalSpy list(m_link.get(), &SerialLink::ldbListChanged);
+        m_bus->setScript([this](const QByteArray& body) -> std::optional<QByteArray> {
+            if (body == "FE0170") {
+                m_bus->setPresent({"07"});
+            }
+            return std::nullopt;
+        });
+        m_bus->clearRequests();
+        m_link->rescan();
+        WAIT_COMPARE(m_link->knownLdbs(), QStringList{"07"});
+        QVERIFY(list.first().first().toStringList().isEmpty());
+        WAIT_COMPARE(m_link->stateOf("07"), LdbState::Quiescent);
+        QCOMPARE(m_link->stateOf("0A"), LdbState::Disconnected);
+        // At the next dispatch rather than after the round, once, and nothing is polled that is
+        // gone.
+        const QList<QByteArray> requests = m_bus->requests();
+        const int firstProbe = requests.indexOf("FE0170");
+        QVERIFY2(firstProbe >= 0 && firstProbe <= 3, qPrintable(QString::number(firstProbe)));
+        QCOMPARE(requests.count("FE0170"), 1);
+        QVERIFY(!requests.mid(firstProbe).contains("FE03737803"));
+    }
 
 private:
     std::unique_ptr<Sandbox> m_sandbox;
     std::unique_ptr<TestBus> m_bus;
     std::unique_ptr<SerialLink> m_link;
 };
-
-void TestSerialLink::init()
-{
-    TestCase::init();
-    m_sandbox = std::make_unique<Sandbox>();
-    m_bus = std::make_unique<TestBus>(QStringList{"03", "0A"});
-    m_link = std::make_unique<SerialLink>(m_bus->ports());
-    m_link->setPortName(m_bus->portName());
-}
-
-void TestSerialLink::cleanup()
-{
-    m_link.reset();
-    m_bus.reset();
-    m_sandbox.reset();
-    TestCase::cleanup();
-}
-
-void TestSerialLink::aStopInsideASignalIsClean()
-{
-    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
-    connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(), &SerialLink::stop);
-    m_link->start();
-    WAIT_COMPARE(stopped.size(), 1);
-    QVERIFY(!m_link->isRunning());
-}
-
-void TestSerialLink::nothingOfAStoppedRunComesLater()
-{
-    QSignalSpy rows(m_link.get(), &SerialLink::generalInformationUpdated);
-    QSignalSpy states(m_link.get(), &SerialLink::ldbStateUpdated);
-    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
-    // A status makes more than one signal, so there is one on its way when the new run begins.
-    bool isRestarted = false;
-    const auto restart = [&] {
-        if (!std::exchange(isRestarted, true)) {
-            m_link->stop();
-            m_bus->setPresent({"FD"});
-            m_link->dismiss({"03"}); // the new run would tell of its loss
-            rows.clear();
-            states.clear();
-            m_link->start();
-        }
-    };
-    connect(m_link.get(), &SerialLink::generalInformationUpdated, m_link.get(), restart);
-    connect(m_link.get(), &SerialLink::ldbStateUpdated, m_link.get(), restart);
-    m_link->start();
-    WAIT_VERIFY(isRestarted && rows.size() + states.size() > 3);
-    for (const QSignalSpy* spy : {&rows, &states}) {
-        QCOMPARE(spy->first().first().toString(), "FD");
-    }
-    QCOMPARE(stopped.size(), 1);
-    QVERIFY(m_link->isRunning());
-}
-
-void TestSerialLink::commandsOfAnEarlierRunAreNotSent()
-{
-    auto reset = [] {
-        return std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset);
-    };
-    m_link->post(reset()); // stopped
-    m_link->start();
-    m_link->post(reset()); // ends before it gets its turn
-    m_link->stop();
-    m_bus->clearRequests();
-    m_link->start();
-    WAIT_VERIFY(m_bus->requests().count("FE0A737804") >= 2);
-    QVERIFY(!m_bus->requests().contains(kReset));
-    m_link->post(reset());
-    WAIT_VERIFY(m_bus->requests().contains(kReset));
-}
-
-void TestSerialLink::everyCommandEndsOnce_data()
-{
-    QTest::addColumn<QByteArray>("answer"); // to the first command
-    QTest::addColumn<QString>("end");       // of the run, once the first command is on the wire
-    QTest::addColumn<QList<Reply::Kind>>("kinds");
-    using Kind = Reply::Kind;
-    const auto row = [](const char* tag, const QByteArray& answer, const char* end, Kind first,
-                        Kind second) {
-        QTest::newRow(tag) << answer << QString::fromLatin1(end) << QList<Kind>{first, second};
-    };
-    row("accepted", "\x06", "", Kind::Accepted, Kind::Accepted);
-    row("refused", "\x15", "", Kind::Refused, Kind::Accepted);
-    row("silent", QByteArray(), "", Kind::Silent, Kind::Accepted);
-    row("no run", "", "before", Kind::Unsent, Kind::Unsent);
-    row("the run ends before it takes them", "", "at once", Kind::Unsent, Kind::Unsent);
-    row("the run ends", "", "stop", Kind::Silent, Kind::Unsent);
-    row("the port dies", "", "hang up", Kind::Silent, Kind::Unsent);
-    row("the link dies", "", "delete", Kind::Silent, Kind::Unsent);
-}
-
-void TestSerialLink::everyCommandEndsOnce()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(QString, end);
-    QFETCH(QList<Reply::Kind>, kinds);
-    const ExpectWarning gone("Port .*: |No answer to .*", ExpectWarning::Need::MayCome);
-    const QByteArray first("FE0373780000");
-    const QByteArray firmware("FE0A737804");
-    m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        // While this one is waited for nothing else is sent.
-        const bool isHeldUp = body == firmware && end == QLatin1String("at once");
-        return body == first || isHeldUp ? std::optional(answer) : std::nullopt;
-    });
-    if (end != QLatin1String("before")) {
-        m_link->start();
-        WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
-        WAIT_VERIFY(m_bus->requests().contains(firmware));
-    }
-    QObject context;
-    QList<Reply::Kind> replies;
-    const auto ask = [&](LdbControl control) {
-        m_link->ask(std::make_unique<ExecuteCommand>(QString("03"), control), &context,
-                    [&](const Reply& reply) {
-                        QCOMPARE(QThread::currentThread(), context.thread());
-                        replies.append(reply.kind());
-                    });
-    };
-    ask(LdbControl::FimReset);
-    ask(LdbControl::LdbReset);
-    if (end == QLatin1String("at once")) {
-        m_link->stop();
-    }
-    QVERIFY(replies.isEmpty()); // from the event loop
-    if (!end.isEmpty() && kinds.constFirst() == Reply::Kind::Silent) {
-        WAIT_VERIFY(m_bus->requests().contains(first));
-        if (end == QLatin1String("stop")) {
-            m_link->stop();
-        } else if (end == QLatin1String("hang up")) {
-            m_bus->cut();
-        } else {
-            m_link.reset();
-        }
-    }
-    WAIT_COMPARE(replies.size(), 2);
-    QCOMPARE(replies, kinds);
-    m_link.reset();
-    QCoreApplication::processEvents();
-    QCOMPARE(replies.size(), 2);
-}
-
-void TestSerialLink::emptyBusStopsTheRunOnce()
-{
-    m_bus->setPresent({});
-    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
-    m_link->start();
-    WAIT_COMPARE(stopped.size(), 1);
-    QVERIFY(!m_link->isRunning());
-    m_link->stop();
-    QCOMPARE(stopped.size(), 1);
-}
-
-void TestSerialLink::reloadStartsOrRescans()
-{
-    m_link->rescan();
-    WAIT_COMPARE(m_link->stateOf("03"), LdbState::Quiescent); // and 0A is next
-    QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A"}));
-    QCOMPARE(m_link->connectedLdbs(), m_link->knownLdbs());
-    QVERIFY(!m_link->isConnected("04"));
-    QCOMPARE(m_bus->requests().count("FE0170"), 1);
-
-    QSignalSpy list(m_link.get(), &SerialLink::ldbListChanged);
-    m_bus->setScript([this](const QByteArray& body) -> std::optional<QByteArray> {
-        if (body == "FE0170") {
-            m_bus->setPresent({"07"});
-        }
-        return std::nullopt;
-    });
-    m_bus->clearRequests();
-    m_link->rescan();
-    WAIT_COMPARE(m_link->knownLdbs(), QStringList{"07"});
-    QVERIFY(list.first().first().toStringList().isEmpty());
-    WAIT_COMPARE(m_link->stateOf("07"), LdbState::Quiescent);
-    QCOMPARE(m_link->stateOf("0A"), LdbState::Disconnected);
-    // At the next dispatch rather than after the round, once, and nothing is polled that is gone.
-    const QList<QByteArray> requests = m_bus->requests();
-    const int firstProbe = requests.indexOf("FE0170");
-    QVERIFY2(firstProbe >= 0 && firstProbe <= 3, qPrintable(QString::number(firstProbe)));
-    QCOMPARE(requests.count("FE0170"), 1);
-    QVERIFY(!requests.mid(firstProbe).contains("FE03737803"));
-}
-
-void TestSerialLink::diesInTheMiddleOfEverything_data()
-{
-    QTest::addColumn<QByteArray>("request");
-
-    QTest::newRow("scan") << QByteArray("FE0470");
-    QTest::newRow("poll of a dead LDB") << QByteArray("FE03737803");
-    QTest::newRow("command") << kReset;
-}
-
-void TestSerialLink::diesInTheMiddleOfEverything()
-{
-    QFETCH(QByteArray, request);
-
-    m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
-        return body == request ? std::optional(QByteArray()) : std::nullopt;
-    });
-    auto receiver = std::make_unique<QObject>();
-    bool called = false;
-    m_link->start();
-    for (int i = 0; i < 5; ++i) {
-        m_link->ask(std::make_unique<ExecuteCommand>(QString("03"), LdbControl::LdbReset),
-                    receiver.get(), [&called](const Reply&) { called = true; });
-    }
-    WAIT_VERIFY(m_bus->requests().contains(request));
-    receiver.reset(); // before the replies that the end of the link makes
-    m_link.reset();
-    QCoreApplication::processEvents();
-    QVERIFY(!called);
-}
-
-void TestSerialLink::failedPortStopsCleanly()
-{
-    const ExpectWarning error("Port .*: ");
-    QSignalSpy failed(m_link.get(), &SerialLink::communicationFailed);
-    QSignalSpy said(m_link.get(), &SerialLink::portFailed);
-    QSignalSpy stopped(m_link.get(), &SerialLink::stopped);
-    m_link->start();
-    WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
-    m_bus->cut();
-    WAIT_COMPARE(failed.size(), 1);
-    QCOMPARE(said.size(), 1);
-    m_link->stop();
-    QCOMPARE(stopped.size(), 1);
-    QVERIFY(!m_link->isRunning());
-}
 
 REGISTER_TEST(TestSerialLink, InVirtualTime<QCoreApplication>)
 #include "tst_seriallink.moc"

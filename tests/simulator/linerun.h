@@ -2,11 +2,12 @@
 
 #include "serial/wire/framecodec.h"
 #include "simulator/bus/lineboards.h"
-
-#include <QtTest>
+#include "tests/support/testcase.h"
 
 #include <algorithm>
 #include <array>
+
+Q_DECLARE_METATYPE(LineKind)
 
 /// A line with boards 0A, 0B and 0C on it, and everything that has arrived at its master, timed.
 class LineRun
@@ -80,6 +81,8 @@ public:
     {
         return line.book().exchanges().at(static_cast<std::size_t>(index));
     }
+    /// The one answer of an exchange.
+    const LineAnswer& answer(int index) const { return exchange(index).answers.front(); }
     const Exchange& last() const { return line.book().exchanges().back(); }
 
     LineBoards boards;
@@ -105,6 +108,15 @@ const QByteArray kPoll("FE0A70");
 inline qint64 wireTime(int bytes)
 {
     return (bytes * qint64{1041667} + 999) / 1000;
+}
+
+/// Whether on each kind of line a request and an answer, or two answers, damage each other.
+inline void addKinds()
+{
+    addColumns<LineKind, bool, bool>("kind", "withRequests", "withAnswers");
+    QTest::newRow("full duplex") << LineKind::FullDuplex << false << true;
+    QTest::newRow("half duplex") << LineKind::HalfDuplex << true << true;
+    QTest::newRow("queuing converter") << LineKind::QueuingConverter << false << false;
 }
 
 inline Adversaries everything()

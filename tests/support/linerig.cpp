@@ -164,8 +164,6 @@ void LineRig::queueSomething()
 
 void LineRig::judge(const event::Record& record)
 {
-    m_last.insert(record.hexId, record);
-    m_lastAt.insert(record.hexId, m_now);
     if (record.status.state == LdbState::Disconnected) {
         return;
     }
@@ -201,7 +199,6 @@ void LineRig::judge(const event::Loss& loss)
 
 void LineRig::judge(const event::CommandDone& done)
 {
-    m_done.push_back(done);
     for (const quint64 number : done.numbers) {
         const Command command = m_commands.take(number);
         ++m_tally.commands;

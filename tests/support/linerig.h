@@ -64,18 +64,13 @@ public:
     /// What was wrong, with the exchanges before it; the first few.
     const QStringList& complaints() const { return m_complaints; }
 
-    const QStringList& found() const { return m_found; }
-    const QSet<QString>& lost() const { return m_lost; }
-    bool isScanning() const { return m_isScanning; }
-    /// What was last told of an LDB; empty ids for none.
-    event::Record lastRecord(const QString& hexId) const { return m_last.value(hexId); }
-    /// When (µs), if ever.
-    qint64 lastRecordAt(const QString& hexId) const { return m_lastAt.value(hexId, -1); }
-    /// The command ends, in order.
-    const std::vector<event::CommandDone>& commandsDone() const { return m_done; }
     /// Everything told, if it is kept.
     void keepEvents() { m_keepsEvents = true; }
     std::vector<Event> takeEvents() { return std::exchange(m_events, {}); }
+
+    const QStringList& found() const { return m_found; }
+    const QSet<QString>& lost() const { return m_lost; }
+    bool isScanning() const { return m_isScanning; }
 
 private:
     struct Command
@@ -119,10 +114,7 @@ private:
     QStringList m_found;
     QSet<QString> m_lost;
     bool m_isScanning = false;
-    QHash<QString, event::Record> m_last;
-    QHash<QString, qint64> m_lastAt;
     QHash<int, quint32> m_lastNumber;
-    std::vector<event::CommandDone> m_done;
     bool m_keepsEvents = false;
     std::vector<Event> m_events;
 };

@@ -53,6 +53,22 @@ void addColumns(Names... names)
     (QTest::addColumn<Types>(names), ...);
 }
 
+/// A data table and its rows: const Table<int, QString> row("port", "text"); row("first", 1, "a");
+template <typename... Types>
+class Table
+{
+public:
+    template <typename... Names>
+    explicit Table(Names... names)
+    {
+        addColumns<Types...>(names...);
+    }
+    void operator()(const char* tag, const Types&... values) const
+    {
+        (QTest::newRow(tag) << ... << values);
+    }
+};
+
 #define WAIT_VERIFY(condition) QVERIFY2(waitUntil([&] { return (condition); }), #condition)
 #define WAIT_COMPARE(actual, expected)                                                             \
     do {                                                                                           \

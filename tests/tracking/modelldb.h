@@ -30,6 +30,10 @@ inline LoopPlan healthyLoop(int fims)
 
 namespace modelldb {
 
+constexpr qint64 kSecond = 1000; // ms
+constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
+constexpr qint64 kHour = 3600 * kSecond;
+
 // The bodies of what tracking sends to the model.
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");

@@ -22,10 +22,6 @@ namespace {
 
 using namespace modelldb;
 
-constexpr qint64 kSecond = 1000;
-constexpr qint64 kLongerThanAnyTimer = 150 * kSecond;
-constexpr qint64 kHour = 3600 * kSecond;
-
 QList<QMessageBox*> openBoxes(const QWidget* over)
 {
     QList<QMessageBox*> boxes;
@@ -44,6 +40,11 @@ QStringList boxTexts(const QWidget* over)
         texts.append(box->text());
     }
     return texts;
+}
+
+void pass(qint64 milliseconds)
+{
+    VirtualTime::current()->advance(milliseconds);
 }
 
 /// Deletes what has asked for it, which without a running event loop nobody else does.
@@ -74,9 +75,9 @@ struct Bench
     static void press(const QWidget* box, const QString& text)
     {
         for (auto* button : box->findChildren<QPushButton*>()) {
-            if (button->text().remove(QLatin1Char('&')) == text) {
+            if (button->text().remove('&') == text) {
                 button->click();
-                VirtualTime::current()->advance(0);
+                pass(0);
                 return;
             }
         }
@@ -84,7 +85,7 @@ struct Bench
     }
     QMessageBox* question() const
     {
-        VirtualTime::current()->advance(1);
+        pass(1);
         const QList<QMessageBox*> boxes = openBoxes(window);
         return boxes.size() == 1 ? boxes.first() : nullptr;
     }
@@ -92,11 +93,11 @@ struct Bench
     void choose(const QString& mode)
     {
         QVERIFY(question());
-        press(question(), QStringLiteral("Yes"));
+        press(question(), "Yes");
         QVERIFY(question());
         press(question(), mode);
     }
-    void choose() { choose(QStringLiteral("Commissioning")); }
+    void choose() { choose("Commissioning"); }
 
     void closeBoxes()
     {
@@ -108,7 +109,7 @@ struct Bench
     bool reach(Phase phase)
     {
         for (qint64 gone = 0; window->run().phase() != phase && gone < kHour; gone += 250) {
-            VirtualTime::current()->advance(250);
+            pass(250);
         }
         return window->run().phase() == phase;
     }
@@ -121,13 +122,13 @@ struct Bench
     template <typename T>
     T* find(const char* name) const
     {
-        return window->findChild<T*>(QString::fromLatin1(name));
+        return window->findChild<T*>(name);
     }
     QString label(const char* name) const { return find<QLabel>(name)->text(); }
     /// The text of a side's label, empty while it is hidden.
     QString sideLabel(int ldbPort, const char* name) const
     {
-        const auto* found = sidePanel(ldbPort)->findChild<QLabel*>(QString::fromLatin1(name));
+        const auto* found = sidePanel(ldbPort)->findChild<QLabel*>(name);
         return found->isHidden() ? QString() : found->text();
     }
     /// Whether a side's plot shows currents up to its edge, the newest moment.
@@ -155,423 +156,392 @@ class TestFimTracking : public TestCase
 {
     Q_OBJECT
 private slots:
-    void opensOverItsParentAndAsks();
-    void sayingNoSendsNothing();
-    void commissioningToTheReport();
-    void faultFindingAsksToDisconnect();
-    void countdownTurnsRed();
-    void endsInEveryPhase_data();
-    void endsInEveryPhase();
-    void alarmSoundsUntilTheBoxesAreClosed();
-    void commandsNotObeyed();
-    void lostAcknowledgements_data();
-    void lostAcknowledgements();
-    void closingTellsOfAnLdbThatStaysMuted_data();
-    void closingTellsOfAnLdbThatStaysMuted();
-    void runsAgain();
-    void loopResults();
-};
-
-void TestFimTracking::opensOverItsParentAndAsks()
-{
-    const Bench bench;
-    QCOMPARE(bench.window->windowModality(), Qt::ApplicationModal);
-    QCOMPARE(bench.window->geometry(), bench.mainWindow.geometry().adjusted(100, 50, -100, -50));
-    QVERIFY(bench.ldb->isPolledAlone());
-    QVERIFY2(openBoxes(bench.window).isEmpty(), "nothing is asked before the maker has the window");
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
-
-    const QMessageBox* box = bench.question();
-    QVERIFY(box);
-    QCOMPARE(box->text(), QStringLiteral("This action will start a factory reset. \n"
-                                         "Are you sure you want to do this?"));
-    QCOMPARE(bench.startButton()->text(), QStringLiteral("Stop"));
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("confirmation"));
-    QVERIFY(bench.ldb->commands().isEmpty());
-}
-
-void TestFimTracking::sayingNoSendsNothing()
-{
-    // Nothing in an answer's place: the box is closed.
-    for (const char* answers : {"No", "", "Yes Cancel", "Yes "}) {
+    void opensOverItsParentAndAsks()
+    {
         const Bench bench;
-        for (const QString& answer : QString(answers).split(' ')) {
-            QVERIFY2(bench.question(), answers);
-            if (answer.isEmpty()) {
-                bench.question()->close();
-            } else {
-                Bench::press(bench.question(), answer);
+        QCOMPARE(bench.window->windowModality(), Qt::ApplicationModal);
+        QCOMPARE(bench.window->geometry(),
+                 bench.mainWindow.geometry().adjusted(100, 50, -100, -50));
+        QVERIFY(bench.ldb->isPolledAlone());
+        QVERIFY2(openBoxes(bench.window).isEmpty(),
+                 "nothing is asked before the maker has the window");
+        QCOMPARE(bench.label("phaseLabel"), "idle");
+
+        const QMessageBox* box = bench.question();
+        QVERIFY(box);
+        QCOMPARE(box->text(), "This action will start a factory reset. \n"
+                              "Are you sure you want to do this?");
+        QCOMPARE(bench.startButton()->text(), "Stop");
+        QCOMPARE(bench.label("phaseLabel"), "confirmation");
+        QVERIFY(bench.ldb->commands().isEmpty());
+    }
+
+    void sayingNoSendsNothing()
+    {
+        // Nothing in an answer's place: the box is closed.
+        for (const char* answers : {"No", "", "Yes Cancel", "Yes "}) {
+            const Bench bench;
+            for (const QString& answer : QString(answers).split(' ')) {
+                QVERIFY2(bench.question(), answers);
+                if (answer.isEmpty()) {
+                    bench.question()->close();
+                } else {
+                    Bench::press(bench.question(), answer);
+                }
             }
-        }
-        QVERIFY2(!bench.question(), answers);
-        QCOMPARE(bench.startButton()->text(), QStringLiteral("Start"));
-        QCOMPARE(bench.label("phaseLabel"), QStringLiteral("idle"));
-        VirtualTime::current()->advance(kLongerThanAnyTimer);
-        QVERIFY2(bench.ldb->commands().isEmpty(), answers);
-    }
-}
-
-void TestFimTracking::commissioningToTheReport()
-{
-    LoopPlan plan = healthyLoop(8);
-    plan.shortAfter = 2;
-    plan.openAfter = 3;
-    plan.earthLeakageAfter = 6;
-    Bench bench(plan);
-    bench.choose();
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("waiting for the factory reset"));
-    QVERIFY(bench.reach(Phase::Rebooting));
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("rebooting"));
-    QCOMPARE(bench.label("nameLabel"), QStringLiteral("Name: Boiler house"));
-    QCOMPARE(bench.label("modeLabel"), QStringLiteral("Mode: Factory reset done"));
-    QCOMPARE(bench.label("earthLabel"), QStringLiteral("Earth: Ok"));
-    QVERIFY(!bench.find<QPushButton>("zoomButton")->isEnabled());
-    QVERIFY(bench.reach(Phase::Counting));
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("counting"));
-    QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kFactoryReset, kLdbReset, kMute}));
-
-    auto* zoomButton = bench.find<QPushButton>("zoomButton");
-    QVERIFY(zoomButton->isEnabled());
-    zoomButton->click();
-    QCOMPARE(zoomButton->text(), QStringLiteral("Zoom Out"));
-    zoomButton->click();
-    QVERIFY(!bench.find<QPushButton>("copyReportButton")->isEnabled());
-
-    QVERIFY(bench.reach(Phase::Finished));
-    QCOMPARE(bench.label("phaseLabel"), QStringLiteral("finished"));
-    QVERIFY(!bench.startButton()->isChecked());
-    QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), QStringLiteral("2"));
-    QCOMPARE(bench.sideLabel(SecondaryPort, "countLabel"), QStringLiteral("5"));
-    QCOMPARE(bench.sideLabel(PrimaryPort, "sideResultLabel"),
-             QStringLiteral("Timeout: Short Detected"));
-    QCOMPARE(bench.sideLabel(SecondaryPort, "sideResultLabel"),
-             QStringLiteral("Timeout: Open Detected"));
-    const QString result =
-        QStringLiteral("Total FIM Count: 7  |||  "
-                       "Primary side short detected and Secondary side open detected.");
-    QCOMPARE(bench.label("resultLabel"), result);
-    // The second FIM of the secondary side: its first is not counted yet.
-    QCOMPARE(bench.sideLabel(SecondaryPort, "earthPositionLabel"),
-             QStringLiteral("Earth Leakage Detected: approximately at FIM: 2"));
-
-    bench.closeBoxes();
-    bench.setPlotsVisible(true);
-    VirtualTime::current()->advance(1);
-    QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
-    const SidePanel* panel = bench.sidePanel(PrimaryPort);
-    QVERIFY(plotinspection::curveOf(*panel, "PriCurr")->maxYValue() < 10.0); // mA
-    bench.find<QPushButton>("copyReportButton")->click();
-    const QStringList report = QApplication::clipboard()->text().split(QLatin1Char('\n'));
-    for (const char* line :
-         {"LDB: 0A", "Name: Boiler house", "Tracking mode: Commissioning",
-          "Primary side: FIM count 2, Timeout: Short Detected",
-          "Secondary side: FIM count 5, Timeout: Open Detected", "Earth Leakage Detected!",
-          " Secondary Side approximately at FIM: 2"}) {
-        QVERIFY2(report.contains(QString::fromLatin1(line)), line);
-    }
-    QVERIFY(report.contains(QStringLiteral("Result: ") + result));
-    QVERIFY(!report.filter(QStringLiteral("Time: 20")).isEmpty());
-}
-
-void TestFimTracking::faultFindingAsksToDisconnect()
-{
-    LoopPlan plan = healthyLoop(3);
-    plan.secondaryConnected = false;
-    plan.dcLeakageAfter = 2;
-    Bench bench(plan);
-    bench.choose(QStringLiteral("Fault Finding"));
-    auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
-    QVERIFY(dialog && dialog->isVisible());
-    VirtualTime::current()->advance(10 * kSecond);
-    QVERIFY(bench.ldb->commands().isEmpty());
-    Bench::press(dialog, QStringLiteral("OK"));
-
-    QVERIFY(bench.reach(Phase::Finished));
-    QCOMPARE(bench.label("resultLabel"),
-             QStringLiteral("Total FIM Count: 3  |||  Primary side open detected"));
-    QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"), QStringLiteral("not tracked"));
-    const QStringList told{
-        QStringLiteral("Loop DC Leakage Detected!\n\n Primary Side approximately at FIM: 2"),
-        QStringLiteral("Primary side open detected.")};
-    QCOMPARE(boxTexts(bench.window), told);
-    QCOMPARE(bench.sideLabel(PrimaryPort, "leakagePositionLabel"),
-             QStringLiteral("Loop DC Leakage Detected: approximately at FIM: 2"));
-    bench.setPlotsVisible(true);
-    VirtualTime::current()->advance(1);
-    QVERIFY(bench.hasCurve(PrimaryPort) && !bench.hasCurve(SecondaryPort));
-    QVERIFY(bench.window->reportText().contains(
-        QStringLiteral("Secondary side: FIM count 0, not tracked")));
-}
-
-void TestFimTracking::countdownTurnsRed()
-{
-    Bench bench;
-    bench.choose();
-    VirtualTime::current()->advance(1 * kSecond);
-    bench.ldb->setReporting(false); // the reset takes longer than it should
-    const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
-    QVERIFY(digits->isVisible());
-    for (int shown : {120, 11, 10, 0}) {
-        VirtualTime::current()->advance((digits->intValue() - shown) * kSecond);
-        QCOMPARE(digits->intValue(), shown);
-        const QColor expected = shown <= 10 ? Qt::red : Qt::black;
-        for (auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            QCOMPARE(digits->palette().color(group, QPalette::WindowText), expected);
+            QVERIFY2(!bench.question(), answers);
+            QCOMPARE(bench.startButton()->text(), "Start");
+            QCOMPARE(bench.label("phaseLabel"), "idle");
+            pass(kLongerThanAnyTimer);
+            QVERIFY2(bench.ldb->commands().isEmpty(), answers);
         }
     }
 
-    bench.reportState(52);
-    QVERIFY(!digits->isVisible());
-    // A further run starts from black again.
-    bench.startButton()->click();
-    bench.startButton()->click();
-    bench.choose();
-    bench.reportState(10);
-    bench.reportState(50);
-    QVERIFY(digits->isVisible());
-    QCOMPARE(digits->intValue(), 130);
-    QCOMPARE(digits->palette().color(QPalette::WindowText), QColor(Qt::black));
-}
+    void commissioningToTheReport()
+    {
+        LoopPlan plan = healthyLoop(8);
+        plan.shortAfter = 2;
+        plan.openAfter = 3;
+        plan.earthLeakageAfter = 6;
+        Bench bench(plan);
+        auto* zoomButton = bench.find<QPushButton>("zoomButton");
+        auto* copyButton = bench.find<QPushButton>("copyReportButton");
+        bench.choose();
+        QCOMPARE(bench.label("phaseLabel"), "waiting for the factory reset");
+        QVERIFY(bench.reach(Phase::Rebooting));
+        QCOMPARE(bench.label("phaseLabel"), "rebooting");
+        QCOMPARE(bench.label("nameLabel"), "Name: Boiler house");
+        QCOMPARE(bench.label("modeLabel"), "Mode: Factory reset done");
+        QCOMPARE(bench.label("earthLabel"), "Earth: Ok");
+        QVERIFY(!zoomButton->isEnabled());
+        QVERIFY(bench.reach(Phase::Counting));
+        QCOMPARE(bench.label("phaseLabel"), "counting");
+        zoomButton->click();
+        QCOMPARE(zoomButton->text(), "Zoom Out");
+        zoomButton->click();
+        QVERIFY(!copyButton->isEnabled());
 
-void TestFimTracking::endsInEveryPhase_data()
-{
-    addColumns<Phase, QString>("phase", "by");
-    const auto rows = [](const char* name, Phase phase, const std::vector<const char*>& ways) {
-        for (const char* by : ways) {
-            QTest::addRow("%s, %s", name, by) << phase << QString::fromLatin1(by);
+        QVERIFY(bench.reach(Phase::Finished));
+        QCOMPARE(bench.label("phaseLabel"), "finished");
+        QVERIFY(!bench.startButton()->isChecked());
+        QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), "2");
+        QCOMPARE(bench.sideLabel(SecondaryPort, "countLabel"), "5");
+        QCOMPARE(bench.sideLabel(PrimaryPort, "sideResultLabel"), "Timeout: Short Detected");
+        QCOMPARE(bench.sideLabel(SecondaryPort, "sideResultLabel"), "Timeout: Open Detected");
+        const QString result("Total FIM Count: 7  |||  "
+                             "Primary side short detected and Secondary side open detected.");
+        QCOMPARE(bench.label("resultLabel"), result);
+        // The second FIM of the secondary side: its first is not counted yet.
+        QCOMPARE(bench.sideLabel(SecondaryPort, "earthPositionLabel"),
+                 "Earth Leakage Detected: approximately at FIM: 2");
+
+        bench.closeBoxes();
+        bench.setPlotsVisible(true);
+        pass(1);
+        QVERIFY(bench.hasCurve(PrimaryPort) && bench.hasCurve(SecondaryPort));
+        const SidePanel* panel = bench.sidePanel(PrimaryPort);
+        QVERIFY(plotinspection::curveOf(*panel, "PriCurr")->maxYValue() < 10.0); // mA
+        copyButton->click();
+        const QString report = QApplication::clipboard()->text() + '\n';
+        const char* const lines[] = {"LDB: 0A",
+                                     "Name: Boiler house",
+                                     "Tracking mode: Commissioning",
+                                     "Primary side: FIM count 2, Timeout: Short Detected",
+                                     "Secondary side: FIM count 5, Timeout: Open Detected",
+                                     "Earth Leakage Detected!",
+                                     " Secondary Side approximately at FIM: 2"};
+        for (const char* line : lines) {
+            QVERIFY2(report.contains(line + QString("\n")), line);
         }
-    };
-    const std::vector<const char*> all{"stop", "close", "parent", "lost", "failed", "silent"};
-    rows("confirmation", Phase::Confirmation, {"stop", "close", "parent", "lost"});
-    rows("factory reset", Phase::FactoryReset, all);
-    rows("rebooting", Phase::Rebooting, all);
-    rows("counting", Phase::Counting, all);
-    rows("finished", Phase::Finished, {"stop", "close", "parent"});
-}
-
-void TestFimTracking::endsInEveryPhase()
-{
-    QFETCH(Phase, phase);
-    QFETCH(QString, by);
-    const QMap<QString, QString> notices{{"lost", "The connection is lost."},
-                                         {"failed", "The factory reset failed."},
-                                         {"silent", "The LDB is disconnected."}};
-    // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
-    const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
-    auto bench = std::make_unique<Bench>();
-    QVERIFY(bench->question());
-    if (phase != Phase::Confirmation) {
-        bench->choose();
-        QVERIFY(bench->reach(phase));
-        VirtualTime::current()->advance(2 * kSecond);
+        QVERIFY(report.contains("Result: " + result) && report.contains("Time: 20"));
     }
-    const std::shared_ptr<ModelLdb> ldb = bench->ldb;
-    QList<QByteArray> sent = ldb->commands();
-    if (by == QLatin1String("parent")) {
-        bench.reset();
-        sent.append(kEndMute);
-    } else if (by == QLatin1String("close")) {
-        bench->window->close();
-        sent.append(kEndMute);
-        deletePending();
-        QVERIFY(!bench->window);
-        QVERIFY(openBoxes(&bench->mainWindow).isEmpty());
-    } else {
-        if (by == QLatin1String("stop")) {
+
+    void faultFindingAsksToDisconnect()
+    {
+        LoopPlan plan = healthyLoop(3);
+        plan.secondaryConnected = false;
+        plan.dcLeakageAfter = 2;
+        Bench bench(plan);
+        bench.choose("Fault Finding");
+        auto* dialog = bench.window->findChild<DisconnectSecondaryPortDialog*>();
+        QVERIFY(dialog && dialog->isVisible());
+        pass(10 * kSecond);
+        QVERIFY(bench.ldb->commands().isEmpty());
+        Bench::press(dialog, "OK");
+
+        QVERIFY(bench.reach(Phase::Finished));
+        QCOMPARE(bench.label("resultLabel"), "Total FIM Count: 3  |||  Primary side open detected");
+        QCOMPARE(bench.sideLabel(SecondaryPort, "remainingLabel"), "not tracked");
+        const QStringList told{"Loop DC Leakage Detected!\n\n Primary Side approximately at FIM: 2",
+                               "Primary side open detected."};
+        QCOMPARE(boxTexts(bench.window), told);
+        QCOMPARE(bench.sideLabel(PrimaryPort, "leakagePositionLabel"),
+                 "Loop DC Leakage Detected: approximately at FIM: 2");
+        bench.setPlotsVisible(true);
+        pass(1);
+        QVERIFY(bench.hasCurve(PrimaryPort) && !bench.hasCurve(SecondaryPort));
+        QVERIFY(bench.window->reportText().contains("Secondary side: FIM count 0, not tracked"));
+    }
+
+    void countdownTurnsRed()
+    {
+        Bench bench;
+        bench.choose();
+        pass(1 * kSecond);
+        bench.ldb->setReporting(false); // the reset takes longer than it should
+        const auto* digits = bench.find<QLCDNumber>("countdownLcdNumber");
+        QVERIFY(digits->isVisible());
+        for (int shown : {120, 11, 10, 0}) {
+            pass((digits->intValue() - shown) * kSecond);
+            QCOMPARE(digits->intValue(), shown);
+            QCOMPARE(digits->palette().color(QPalette::Inactive, QPalette::WindowText),
+                     QColor(shown <= 10 ? Qt::red : Qt::black));
+        }
+
+        bench.reportState(52);
+        QVERIFY(!digits->isVisible());
+        // A further run starts from black again.
+        bench.startButton()->click();
+        bench.startButton()->click();
+        bench.choose();
+        bench.reportState(10);
+        bench.reportState(50);
+        QVERIFY(digits->isVisible());
+        QCOMPARE(digits->intValue(), 130);
+        QCOMPARE(digits->palette().color(QPalette::WindowText), QColor(Qt::black));
+    }
+
+    void endsInEveryPhase_data()
+    {
+        addColumns<Phase, QString>("phase", "by");
+        const auto rows = [](const char* name, Phase phase, const char* ways) {
+            for (const QString& by : QString(ways).split(' ')) {
+                QTest::addRow("%s, %s", name, qPrintable(by)) << phase << by;
+            }
+        };
+        rows("confirmation", Phase::Confirmation, "stop close parent lost");
+        rows("factory reset", Phase::FactoryReset, "stop close parent lost failed silent");
+        rows("rebooting", Phase::Rebooting, "stop close parent lost failed silent");
+        rows("counting", Phase::Counting, "stop close parent lost failed silent");
+        rows("finished", Phase::Finished, "stop close parent");
+    }
+
+    void endsInEveryPhase()
+    {
+        QFETCH(Phase, phase);
+        QFETCH(QString, by);
+        const QMap<QString, QString> notices{{"lost", "The connection is lost."},
+                                             {"failed", "The factory reset failed."},
+                                             {"silent", "The LDB is disconnected."}};
+        // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
+        const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
+        auto bench = std::make_unique<Bench>();
+        QVERIFY(bench->question());
+        if (phase != Phase::Confirmation) {
+            bench->choose();
+            QVERIFY(bench->reach(phase));
+            pass(2 * kSecond);
+        }
+        const std::shared_ptr<ModelLdb> ldb = bench->ldb;
+        QList<QByteArray> sent = ldb->commands();
+        if (by == "parent") {
+            bench.reset();
+        } else if (by == "close") {
+            bench->window->close();
+            deletePending();
+            QVERIFY(!bench->window && openBoxes(&bench->mainWindow).isEmpty());
+        } else if (by == "stop") {
             bench->startButton()->setChecked(false);
-        } else if (by == QLatin1String("lost")) {
+        } else if (by == "lost") {
             ldb->loseConnection();
         } else {
-            bench->reportState(by == QLatin1String("failed") ? 51 : 255);
+            bench->reportState(by == "failed" ? 51 : 255);
         }
-        QCOMPARE(bench->startButton()->text(), QStringLiteral("Start"));
-        QCOMPARE(bench->label("noticeLabel"), notices.value(by));
-        if (phase != Phase::Finished) {
-            QCOMPARE(bench->window->run().phase(), Phase::Idle);
-            QVERIFY(!bench->window->run().isCountingDown());
-            QVERIFY(bench->window->reportText().isEmpty());
+        const bool isWindowThere = bench && bench->window;
+        if (isWindowThere) {
+            QCOMPARE(bench->startButton()->text(), "Start");
+            QCOMPARE(bench->label("noticeLabel"), notices.value(by));
+            QCOMPARE(bench->window->run().phase(), phase == Phase::Finished ? phase : Phase::Idle);
+            QCOMPARE(bench->window->reportText().isEmpty(), phase != Phase::Finished);
+            bench->closeBoxes();
+        } else {
+            sent.append(kEndMute);
         }
-        bench->closeBoxes();
+        ldb->setState(std::nullopt);
+        pass(kLongerThanAnyTimer);
+        QCOMPARE(ldb->commands(), sent);
+        QCOMPARE(ldb->isPolledAlone(), isWindowThere);
+        QVERIFY(!isWindowThere || openBoxes(bench->window).isEmpty());
     }
-    ldb->setState(std::nullopt);
-    VirtualTime::current()->advance(kLongerThanAnyTimer);
-    QCOMPARE(ldb->commands(), sent);
-    const bool isWindowGone = !bench || !bench->window;
-    QCOMPARE(ldb->isPolledAlone(), !isWindowGone);
-    if (!isWindowGone) {
-        QVERIFY(openBoxes(bench->window).isEmpty());
-    }
-}
 
-void TestFimTracking::alarmSoundsUntilTheBoxesAreClosed()
-{
-    const ExpectWarning silent("warning sound|ecod|PulseAudio", ExpectWarning::Need::MayCome);
-    LoopPlan plan = healthyLoop(4);
-    plan.openAfter = 2;
-    Bench bench(plan);
-    const auto* sound = bench.window->findChild<AlarmSound*>();
-    QVERIFY(sound);
-    QSignalSpy sounded(sound, &AlarmSound::sounded);
-    bench.choose();
-    const auto endOfSide = [&bench](int ldbPort) {
-        while (!bench.window->run().counter().isSideFinished(ldbPort)) {
-            VirtualTime::current()->advance(250);
-        }
-    };
-    endOfSide(PrimaryPort);
-    VirtualTime::current()->advance(5 * kSecond);
-    QVERIFY2(sounded.isEmpty(), "the user has not asked for sound");
-
-    QSettings(constants::kOrganisationName, constants::kApplicationDisplayName)
-        .setValue(constants::kAudioWarningsKey, true);
-    VirtualTime::current()->advance(5 * kSecond);
-    QCOMPARE(sounded.size(), 5);
-    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Primary side open detected.")});
-
-    // The second alarm comes while the first box is open; closing one leaves the other's sound.
-    QVERIFY(bench.reach(Phase::Finished));
-    VirtualTime::current()->advance(1);
-    QCOMPARE(boxTexts(bench.window).size(), 2);
-    openBoxes(bench.window).first()->close();
-    sounded.clear();
-    VirtualTime::current()->advance(3 * kSecond);
-    QCOMPARE(sounded.size(), 3);
-    QCOMPARE(boxTexts(bench.window), QStringList{QStringLiteral("Secondary side open detected.")});
-    bench.closeBoxes();
-    sounded.clear();
-    VirtualTime::current()->advance(kLongerThanAnyTimer);
-    QCOMPARE(sounded.size(), 0);
-}
-
-void TestFimTracking::commandsNotObeyed()
-{
-    for (const bool isRefused : {true, false}) {
-        Bench bench;
-        bench.ldb->setAnswer(isRefused ? "\x15" : "");
+    void alarmSoundsUntilTheBoxesAreClosed()
+    {
+        const ExpectWarning silent("warning sound|ecod|PulseAudio", ExpectWarning::Need::MayCome);
+        LoopPlan plan = healthyLoop(4);
+        plan.openAfter = 2;
+        Bench bench(plan);
+        const auto* sound = bench.window->findChild<AlarmSound*>();
+        QVERIFY(sound);
+        QSignalSpy sounded(sound, &AlarmSound::sounded);
         bench.choose();
-        VirtualTime::current()->advance(kSecond);
-        QCOMPARE(bench.window->run().phase(), isRefused ? Phase::Idle : Phase::FactoryReset);
-        QCOMPARE(bench.label("noticeLabel"),
-                 isRefused ? QStringLiteral("The LDB refused the factory reset.")
-                           : QStringLiteral("The LDB did not answer the command: factory reset"));
-        QCOMPARE(bench.startButton()->isChecked(), !isRefused);
-    }
-}
+        const auto endOfSide = [&bench](int ldbPort) {
+            while (!bench.window->run().counter().isSideFinished(ldbPort)) {
+                pass(250);
+            }
+        };
+        endOfSide(PrimaryPort);
+        pass(5 * kSecond);
+        QVERIFY2(sounded.isEmpty(), "the user has not asked for sound");
 
-void TestFimTracking::lostAcknowledgements_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::newRow("silence") << QByteArray();
-    // To the repetition, by an LDB that is at it already.
-    QTest::newRow("refusal") << QByteArray("\x15");
-}
+        QSettings(constants::kOrganisationName, constants::kApplicationDisplayName)
+            .setValue(constants::kAudioWarningsKey, true);
+        pass(5 * kSecond);
+        QCOMPARE(sounded.size(), 5);
+        QCOMPARE(boxTexts(bench.window), QStringList{"Primary side open detected."});
 
-void TestFimTracking::lostAcknowledgements()
-{
-    QFETCH(QByteArray, answer);
-    Bench bench;
-    bench.ldb->setAnswer(answer, true);
-    bench.choose();
-    VirtualTime::current()->advance(5 * kSecond);
-    QVERIFY(bench.window->run().isCountingDown());
-    QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
-
-    // A mute that is in force is ended, and found ended.
-    bench.ldb->setAnswer(QByteArray(), true);
-    QVERIFY(bench.reach(Phase::Counting));
-    bench.window->close();
-    VirtualTime::current()->advance(kSecond);
-    QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
-    QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
-             (QList<QByteArray>{kEndMute, "FE0A737201"}));
-}
-
-void TestFimTracking::closingTellsOfAnLdbThatStaysMuted_data()
-{
-    addColumns<bool, QString, bool>("muted", "failure", "tells");
-    QTest::newRow("obeyed") << true << QString() << false;
-    QTest::newRow("refused") << true << QStringLiteral("refused") << true;
-    QTest::newRow("silent") << true << QStringLiteral("silent") << true;
-    QTest::newRow("no connection") << true << QStringLiteral("lost") << true;
-    QTest::newRow("no answer until the connection goes") << true << QStringLiteral("held") << true;
-    QTest::newRow("never muted, no connection") << false << QStringLiteral("lost") << false;
-}
-
-void TestFimTracking::closingTellsOfAnLdbThatStaysMuted()
-{
-    QFETCH(bool, muted);
-    QFETCH(QString, failure);
-    QFETCH(bool, tells);
-    const ExpectWarning logged("audio mute of LDB \"0A\"", tells ? ExpectWarning::Need::MustCome
-                                                                 : ExpectWarning::Need::MayCome);
-    Bench bench;
-    bench.choose();
-    QVERIFY(bench.reach(muted ? Phase::Counting : Phase::Rebooting));
-    if (failure == QLatin1String("lost")) {
-        bench.ldb->loseConnection();
-    } else if (!failure.isEmpty()) {
-        bench.ldb->setAnswer(failure == QLatin1String("refused") ? "\x15" : "");
-    }
-    bench.ldb->setHoldingCommands(failure == QLatin1String("held"));
-    bench.window->close();
-    deletePending();
-    VirtualTime::current()->advance(kSecond);
-    if (failure == QLatin1String("held")) {
-        VirtualTime::current()->advance(kSecond);
-        QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
-        bench.ldb->loseConnection();
-        bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
-        VirtualTime::current()->advance(1);
-    }
-    QVERIFY(!bench.window);
-    QVERIFY(!bench.ldb->isPolledAlone());
-    const QStringList texts = boxTexts(&bench.mainWindow);
-    QCOMPARE(texts.size(), tells ? 1 : 0);
-    QCOMPARE(texts.filter(QStringLiteral("LDB 0A")).filter(QStringLiteral("stays muted")).size(),
-             tells ? 1 : 0);
-}
-
-void TestFimTracking::runsAgain()
-{
-    LoopPlan plan = healthyLoop(6);
-    plan.earthLeakageAfter = 2;
-    Bench bench(plan);
-    for (int round = 0; round < 2; ++round) {
-        bench.choose();
-        QVERIFY(bench.label("resultLabel").isEmpty() ||
-                bench.find<QLabel>("resultLabel")->isHidden());
-        QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), QStringLiteral("0"));
-        QVERIFY(bench.sideLabel(PrimaryPort, "sideResultLabel").isEmpty());
-        QVERIFY(bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
-        QVERIFY(bench.window->reportText().isEmpty());
+        // The second alarm comes while the first box is open; closing one leaves the other's sound.
         QVERIFY(bench.reach(Phase::Finished));
-        VirtualTime::current()->advance(1);
-        QVERIFY(bench.label("resultLabel").startsWith(QStringLiteral("Total FIM Count: 6  |||  ")));
-        QCOMPARE(bench.window->reportText().count(QStringLiteral("Earth Leakage Detected!")), 1);
-        QCOMPARE(boxTexts(bench.window).size(), 3);
+        pass(1);
+        QCOMPARE(boxTexts(bench.window).size(), 2);
+        openBoxes(bench.window).first()->close();
+        sounded.clear();
+        pass(3 * kSecond);
+        QCOMPARE(sounded.size(), 3);
+        QCOMPARE(boxTexts(bench.window), QStringList{"Secondary side open detected."});
         bench.closeBoxes();
-        bench.startButton()->click();
+        sounded.clear();
+        pass(kLongerThanAnyTimer);
+        QCOMPARE(sounded.size(), 0);
     }
-}
 
-void TestFimTracking::loopResults()
-{
-    constexpr SideEnd kConnected = SideEnd::Connected;
-    constexpr SideEnd kOpen = SideEnd::Open;
-    constexpr SideEnd kShort = SideEnd::Short;
-    const auto text = [](SideEnd primary, SideEnd secondary) {
-        return trackingtexts::loopResult(loopResult(primary, secondary));
-    };
-    QCOMPARE(text(kConnected, kConnected), "Loop is connected");
-    QCOMPARE(text(kOpen, kConnected), "Primary side open detected");
-    QCOMPARE(text(kShort, kConnected), "Primary side short detected");
-    QCOMPARE(text(kConnected, kOpen), "Secondary side open detected");
-    QCOMPARE(text(kOpen, kOpen), "Both sides open detected");
-    QCOMPARE(text(kShort, kOpen), "Primary side short detected and Secondary side open detected.");
-    QCOMPARE(text(kConnected, kShort), "Secondary side short detected");
-    QCOMPARE(text(kOpen, kShort), "Primary side open detected and Secondary side short detected.");
-    QCOMPARE(text(kShort, kShort), "Both sides short detected");
-}
+    void commandsNotObeyed()
+    {
+        for (const bool isRefused : {true, false}) {
+            Bench bench;
+            bench.ldb->setAnswer(isRefused ? "\x15" : "");
+            bench.choose();
+            pass(kSecond);
+            QCOMPARE(bench.window->run().phase(), isRefused ? Phase::Idle : Phase::FactoryReset);
+            QCOMPARE(bench.label("noticeLabel"),
+                     isRefused ? "The LDB refused the factory reset."
+                               : "The LDB did not answer the command: factory reset");
+            QCOMPARE(bench.startButton()->isChecked(), !isRefused);
+        }
+    }
+
+    void lostAcknowledgements()
+    {
+        // A refusal of the repetition, by an LDB that is at it already.
+        for (const char* answer : {"\x15", ""}) {
+            Bench bench;
+            bench.ldb->setAnswer(answer, true);
+            bench.choose();
+            pass(5 * kSecond);
+            QVERIFY(bench.window->run().isCountingDown());
+            QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+        }
+
+        // A mute that is in force is ended, and found ended.
+        Bench bench;
+        bench.choose();
+        bench.ldb->setAnswer(QByteArray(), true);
+        QVERIFY(bench.reach(Phase::Counting));
+        bench.window->close();
+        pass(kSecond);
+        QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+        QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
+                 (QList<QByteArray>{kEndMute, "FE0A737201"}));
+    }
+
+    void closingTellsOfAnLdbThatStaysMuted_data()
+    {
+        const Table<bool, QString, bool> row("muted", "failure", "tells");
+        row("obeyed", true, {}, false);
+        row("refused", true, "refused", true);
+        row("silent", true, "silent", true);
+        row("no connection", true, "lost", true);
+        row("no answer until the connection goes", true, "held", true);
+        row("never muted, no connection", false, "lost", false);
+    }
+
+    void closingTellsOfAnLdbThatStaysMuted()
+    {
+        QFETCH(bool, muted);
+        QFETCH(QString, failure);
+        QFETCH(bool, tells);
+        const ExpectWarning logged("audio mute of LDB \"0A\"", tells
+                                                                   ? ExpectWarning::Need::MustCome
+                                                                   : ExpectWarning::Need::MayCome);
+        Bench bench;
+        bench.choose();
+        QVERIFY(bench.reach(muted ? Phase::Counting : Phase::Rebooting));
+        if (failure == "lost") {
+            bench.ldb->loseConnection();
+        } else if (!failure.isEmpty()) {
+            bench.ldb->setAnswer(failure == "refused" ? "\x15" : "");
+        }
+        bench.ldb->setHoldingCommands(failure == "held");
+        bench.window->close();
+        deletePending();
+        pass(kSecond);
+        if (failure == "held") {
+            pass(kSecond);
+            QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
+            bench.ldb->loseConnection();
+            bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
+            pass(1);
+        }
+        QVERIFY(!bench.window);
+        QVERIFY(!bench.ldb->isPolledAlone());
+        const QStringList texts = boxTexts(&bench.mainWindow);
+        QCOMPARE(texts.size(), tells ? 1 : 0);
+        QCOMPARE(texts.filter("LDB 0A").filter("stays muted").size(), tells ? 1 : 0);
+    }
+
+    void runsAgain()
+    {
+        LoopPlan plan = healthyLoop(6);
+        plan.earthLeakageAfter = 2;
+        Bench bench(plan);
+        for (int round = 0; round < 2; ++round) {
+            bench.choose();
+            QVERIFY(bench.label("resultLabel").isEmpty() ||
+                    bench.find<QLabel>("resultLabel")->isHidden());
+            QCOMPARE(bench.sideLabel(PrimaryPort, "countLabel"), "0");
+            QVERIFY(bench.sideLabel(PrimaryPort, "sideResultLabel").isEmpty());
+            QVERIFY(bench.sideLabel(PrimaryPort, "earthPositionLabel").isEmpty());
+            QVERIFY(bench.window->reportText().isEmpty());
+            QVERIFY(bench.reach(Phase::Finished));
+            pass(1);
+            QVERIFY(bench.label("resultLabel").startsWith("Total FIM Count: 6  |||  "));
+            QCOMPARE(bench.window->reportText().count("Earth Leakage Detected!"), 1);
+            QCOMPARE(boxTexts(bench.window).size(), 3);
+            bench.closeBoxes();
+            bench.startButton()->click();
+        }
+    }
+
+    void loopResults()
+    {
+        constexpr SideEnd kConnected = SideEnd::Connected;
+        constexpr SideEnd kOpen = SideEnd::Open;
+        constexpr SideEnd kShort = SideEnd::Short;
+        const auto text = [](SideEnd primary, SideEnd secondary) {
+            return trackingtexts::loopResult(loopResult(primary, secondary));
+        };
+        QCOMPARE(text(kConnected, kConnected), "Loop is connected");
+        QCOMPARE(text(kOpen, kConnected), "Primary side open detected");
+        QCOMPARE(text(kShort, kConnected), "Primary side short detected");
+        QCOMPARE(text(kConnected, kOpen), "Secondary side open detected");
+        QCOMPARE(text(kOpen, kOpen), "Both sides open detected");
+        QCOMPARE(text(kShort, kOpen),
+                 "Primary side short detected and Secondary side open detected.");
+        QCOMPARE(text(kConnected, kShort), "Secondary side short detected");
+        QCOMPARE(text(kOpen, kShort),
+                 "Primary side open detected and Secondary side short detected.");
+        QCOMPARE(text(kShort, kShort), "Both sides short detected");
+    }
+};
 
 REGISTER_TEST(TestFimTracking, InVirtualTime<QApplication>)
 

@@ -9,9 +9,9 @@ QString joined(const double* values, int count)
 {
     QStringList texts;
     for (int i = 0; i < count; ++i) {
-        texts << (std::isnan(values[i]) ? QStringLiteral("-") : QString::number(values[i]));
+        texts << (std::isnan(values[i]) ? "-" : QString::number(values[i]));
     }
-    return texts.join(QLatin1Char(' '));
+    return texts.join(' ');
 }
 
 QString valuesOf(const PlotHistory& history, int curve)
@@ -33,85 +33,77 @@ struct Added
 
 } // namespace
 
+Q_DECLARE_METATYPE(QVector<Added>)
+
 class TestPlotHistory : public TestCase
 {
     Q_OBJECT
 private slots:
-    void keepsCurvesBesideOneTimeAxis_data();
-    void keepsCurvesBesideOneTimeAxis();
-    void staysWithinTheLimit();
+    void keepsCurvesBesideOneTimeAxis_data()
+    {
+        const Table<QVector<Added>, int, QString, QString, QString> row("added", "dropped", "times",
+                                                                        "first", "second");
+        row("values of one stamp share it", {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}}, 0,
+            "10 20", "1 3", "2 4");
+        row("a curve left out has a gap",
+            {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {0, 5, 30}, {1, 6, 30}}, 0, "10 20 30", "1 3 5",
+            "2 - 6");
+        row("a second value replaces the first", {{0, 1, 10}, {0, 2, 10}}, 0, "10", "2", "-");
+        row("one curve after the other",
+            {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {1, 7, 10}, {1, 8, 30}}, 0, "10 20 30", "1 2 3",
+            "7 - 8");
+        row("a late curve with stamps of its own", {{0, 1, 10}, {0, 3, 30}, {1, 7, 5}, {1, 8, 20}},
+            0, "5 10 20 30", "- 1 - 3", "7 - 8 -");
+        row("clock set back between stamps",
+            {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}, {0, 5, 30}, {0, 6, 15}, {1, 7, 15}}, 2,
+            "10 15", "1 6", "2 7");
+        row("clock set back, by chance to a known stamp first",
+            {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {0, 9, 20}, {0, 8, 21}}, 1, "10 20 21", "1 9 8",
+            "- - -");
+        row("clock set back before all", {{0, 1, 10}, {0, 2, 20}, {0, 9, 5}, {0, 8, 6}}, 2, "5 6",
+            "9 8", "- -");
+    }
+
+    void keepsCurvesBesideOneTimeAxis()
+    {
+        QFETCH(QVector<Added>, added);
+        PlotHistory history;
+        history.addCurve(0);
+        history.addCurve(1);
+        int dropped = 0;
+        for (const Added& one : added) {
+            dropped += history.add(one.curve, one.value, one.time);
+        }
+        QTEST(dropped, "dropped");
+        QTEST(timesOf(history), "times");
+        QTEST(valuesOf(history, 0), "first");
+        QTEST(valuesOf(history, 1), "second");
+    }
+
+    void staysWithinTheLimit()
+    {
+        // Enough for the memory behind the history to be given back several times.
+        constexpr int kLimit = 1000;
+        constexpr int kStamps = 5003;
+        PlotHistory history;
+        history.setLimit(kLimit);
+        history.addCurve(0);
+        history.addCurve(1);
+        for (int i = 1; i <= kStamps; ++i) {
+            history.add(0, i, i);
+            history.add(1, -i, i);
+            // The oldest goes when more than the limit are held: one more than the limit stays.
+            QCOMPARE(history.size(), qMin(i, kLimit + 1));
+        }
+        QCOMPARE(history.newestTime(), double(kStamps));
+        for (int i = 0; i < history.size(); ++i) {
+            const double time = kStamps - kLimit + i;
+            QCOMPARE(history.times()[i], time);
+            QCOMPARE(history.values(0)[i], time);
+            QCOMPARE(history.values(1)[i], -time);
+        }
+    }
 };
-
-Q_DECLARE_METATYPE(QVector<Added>)
-
-void TestPlotHistory::keepsCurvesBesideOneTimeAxis_data()
-{
-    addColumns<QVector<Added>, int, QString, QString, QString>("added", "dropped", "times", "first",
-                                                               "second");
-
-    const auto row = [](const char* name, const QVector<Added>& added, int dropped,
-                        const char* times, const char* first, const char* second) {
-        QTest::newRow(name) << added << dropped << QString::fromLatin1(times)
-                            << QString::fromLatin1(first) << QString::fromLatin1(second);
-    };
-    row("values of one stamp share it", {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}}, 0,
-        "10 20", "1 3", "2 4");
-    row("a curve left out has a gap", {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {0, 5, 30}, {1, 6, 30}},
-        0, "10 20 30", "1 3 5", "2 - 6");
-    row("a second value replaces the first", {{0, 1, 10}, {0, 2, 10}}, 0, "10", "2", "-");
-    row("one curve after the other", {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {1, 7, 10}, {1, 8, 30}},
-        0, "10 20 30", "1 2 3", "7 - 8");
-    row("a late curve with stamps of its own", {{0, 1, 10}, {0, 3, 30}, {1, 7, 5}, {1, 8, 20}}, 0,
-        "5 10 20 30", "- 1 - 3", "7 - 8 -");
-    row("clock set back between stamps",
-        {{0, 1, 10}, {1, 2, 10}, {0, 3, 20}, {1, 4, 20}, {0, 5, 30}, {0, 6, 15}, {1, 7, 15}}, 2,
-        "10 15", "1 6", "2 7");
-    row("clock set back, by chance to a known stamp first",
-        {{0, 1, 10}, {0, 2, 20}, {0, 3, 30}, {0, 9, 20}, {0, 8, 21}}, 1, "10 20 21", "1 9 8",
-        "- - -");
-    row("clock set back before all", {{0, 1, 10}, {0, 2, 20}, {0, 9, 5}, {0, 8, 6}}, 2, "5 6",
-        "9 8", "- -");
-}
-
-void TestPlotHistory::keepsCurvesBesideOneTimeAxis()
-{
-    QFETCH(QVector<Added>, added);
-    PlotHistory history;
-    history.addCurve(0);
-    history.addCurve(1);
-    int dropped = 0;
-    for (const Added& one : added) {
-        dropped += history.add(one.curve, one.value, one.time);
-    }
-    QTEST(dropped, "dropped");
-    QTEST(timesOf(history), "times");
-    QTEST(valuesOf(history, 0), "first");
-    QTEST(valuesOf(history, 1), "second");
-}
-
-void TestPlotHistory::staysWithinTheLimit()
-{
-    // Enough for the memory behind the history to be given back several times.
-    constexpr int kLimit = 1000;
-    constexpr int kStamps = 5003;
-    PlotHistory history;
-    history.setLimit(kLimit);
-    history.addCurve(0);
-    history.addCurve(1);
-    for (int i = 1; i <= kStamps; ++i) {
-        history.add(0, i, i);
-        history.add(1, -i, i);
-        // The oldest goes when more than the limit are held: one more than the limit stays.
-        QCOMPARE(history.size(), qMin(i, kLimit + 1));
-    }
-    QCOMPARE(history.newestTime(), double(kStamps));
-    for (int i = 0; i < history.size(); ++i) {
-        const double time = kStamps - kLimit + i;
-        QCOMPARE(history.times()[i], time);
-        QCOMPARE(history.values(0)[i], time);
-        QCOMPARE(history.values(1)[i], -time);
-    }
-}
 
 REGISTER_TEST(TestPlotHistory, QCoreApplication)
 #include "tst_plothistory.moc"

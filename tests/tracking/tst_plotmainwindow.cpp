@@ -23,7 +23,7 @@ QList<QStringList> recordAt(const QDateTime& time, quint8 primaryShort = 0)
     status.secondaryVoltage = 22000;
     status.secondaryCurrent = static_cast<quint16>(qint16(-100));
     status.primaryPortShort = primaryShort;
-    return generalinformation::buildRows(QStringLiteral("0A"), QStringLiteral("LDB"), status,
+    return generalinformation::buildRows("0A", "LDB", status,
                                          time.toString(generalinformation::kSecondsFormat),
                                          time.toString(generalinformation::kMillisecondsFormat));
 }
@@ -34,11 +34,11 @@ struct Bench
     Bench()
     {
         show(container);
-        plot.setSelectedDevice(QStringLiteral("0A"));
+        plot.setSelectedDevice("0A");
     }
     void add(const char* hexId, const QList<QStringList>& record = recordAt(kTime))
     {
-        plot.processData(QString::fromLatin1(hexId), record);
+        plot.processData(hexId, record);
     }
     int samples() const
     {
@@ -56,94 +56,85 @@ class TestPlotMainWindow : public TestCase
 {
     Q_OBJECT
 private slots:
-    void curvesShowWhatTheirNamesSay_data();
-    void curvesShowWhatTheirNamesSay();
-    void startsAfreshForAnotherDevice();
-    void zoomOutlivesTheDevice();
-};
-
-void TestPlotMainWindow::curvesShowWhatTheirNamesSay_data()
-{
-    // "values": VPri, VSec, IPri, ISec
-    addColumns<QByteArray, QList<QStringList>, QList<double>>("tuning", "record", "values");
-
-    const QByteArray none;
-    QTest::newRow("measurements") << none << recordAt(kTime)
-                                  << QList<double>{24.5, 22.0, 12.34, -1.0};
-    QTest::newRow("rows in their order")
-        << QByteArray("[MainWindowPlot]\nROWS_IN_ORDER=1\n") << recordAt(kTime)
-        << QList<double>{24.5, 12.34, 22.0, -1.0};
-    QTest::newRow("primary port shorted")
-        << none << recordAt(kTime, 1) << QList<double>{-40000.0, 22.0, -40000.0, -1.0};
-    QList<QStringList> broken = recordAt(kTime);
-    broken[4][1] = QStringLiteral("n/a");
-    broken[7] = QStringList{QStringLiteral("only text")};
-    QTest::newRow("no numbers") << none << broken << QList<double>{0.0, 22.0, 12.34, 0.0};
-}
-
-void TestPlotMainWindow::curvesShowWhatTheirNamesSay()
-{
-    QFETCH(QByteArray, tuning);
-    QFETCH(QList<QStringList>, record);
-    QFETCH(QList<double>, values);
-    const Sandbox sandbox;
-    sandbox.writeTuning(tuning);
-    Bench bench;
-    bench.add("0A", record);
-    QCOMPARE(bench.samples(), 1);
-    const char* const names[] = {"VPri", "VSec", "IPri", "ISec"};
-    for (int i = 0; i < values.size(); ++i) {
-        const QwtPlotCurve* const curve = curveOf(bench.container, names[i]);
-        QCOMPARE(curve->sample(0), QPointF(double(kTime.toMSecsSinceEpoch()), values.at(i)));
-        QCOMPARE(curve->yAxis(), int(i < 2 ? QwtPlot::yLeft : QwtPlot::yRight));
+    void curvesShowWhatTheirNamesSay_data()
+    {
+        // "values": VPri, VSec, IPri, ISec
+        const Table<QByteArray, QList<QStringList>, QList<double>> row("tuning", "record",
+                                                                       "values");
+        row("measurements", {}, recordAt(kTime), {24.5, 22.0, 12.34, -1.0});
+        row("rows in their order", "[MainWindowPlot]\nROWS_IN_ORDER=1\n", recordAt(kTime),
+            {24.5, 12.34, 22.0, -1.0});
+        row("primary port shorted", {}, recordAt(kTime, 1), {-40000.0, 22.0, -40000.0, -1.0});
+        QList<QStringList> broken = recordAt(kTime);
+        broken[4][1] = "n/a";
+        broken[7] = QStringList{"only text"};
+        row("no numbers", {}, broken, {0.0, 22.0, 12.34, 0.0});
     }
-}
 
-void TestPlotMainWindow::startsAfreshForAnotherDevice()
-{
-    Bench bench;
-    bench.add("0A");
-    bench.plot.setSelectedDevice(QStringLiteral("0A"));
-    QCOMPARE(bench.samples(), 1);
-    bench.plot.setSelectedDevice(QStringLiteral("0B"));
-    QCOMPARE(bench.samples(), 0);
-    bench.add("0B");
-    bench.plot.clearPlot();
-    QCOMPARE(bench.samples(), 0);
-    bench.add("0B");
-    QCOMPARE(bench.samples(), 1);
-}
+    void curvesShowWhatTheirNamesSay()
+    {
+        QFETCH(QByteArray, tuning);
+        QFETCH(QList<QStringList>, record);
+        QFETCH(QList<double>, values);
+        const Sandbox sandbox;
+        sandbox.writeTuning(tuning);
+        Bench bench;
+        bench.add("0A", record);
+        QCOMPARE(bench.samples(), 1);
+        const char* const names[] = {"VPri", "VSec", "IPri", "ISec"};
+        for (int i = 0; i < values.size(); ++i) {
+            const QwtPlotCurve* const curve = curveOf(bench.container, names[i]);
+            QCOMPARE(curve->sample(0), QPointF(double(kTime.toMSecsSinceEpoch()), values.at(i)));
+            QCOMPARE(curve->yAxis(), int(i < 2 ? QwtPlot::yLeft : QwtPlot::yRight));
+        }
+    }
 
-void TestPlotMainWindow::zoomOutlivesTheDevice()
-{
-    Bench bench;
-    MainWindowPlot& plot = bench.plot;
-    const QSignalSpy changes(&plot, &MainWindowPlot::zoomEnabledChanged);
-    const auto axis = [&bench](QwtPlot::Axis which = QwtPlot::yLeft) {
-        QCoreApplication::processEvents();
-        return chartOf(bench.container)->axisInterval(which);
-    };
-    const QwtInterval voltages(0.0, 32.0);
-    QCOMPARE(axis(), voltages);
-    QCOMPARE(axis(QwtPlot::yRight), QwtInterval(-30.0, 140.0));
-    plot.setZoomEnabled(true);
-    turnWheel(bench.container, 3);
-    QVERIFY(axis().width() < 32.0);
-    plot.setSelectedDevice(QStringLiteral("0B"));
-    QCOMPARE(axis(), voltages);
-    QVERIFY(plot.isZoomEnabled());
-    turnWheel(bench.container, 3);
-    QVERIFY(axis().width() < 32.0);
-    plot.setZoomEnabled(false);
-    QCOMPARE(axis(), voltages);
-    plot.setZoomEnabled(true);
-    plot.clearPlot();
-    QVERIFY(!plot.isZoomEnabled());
-    turnWheel(bench.container, 3);
-    QCOMPARE(axis(), voltages);
-    QCOMPARE(changes.size(), 4);
-    QCOMPARE(changes.last().first().toBool(), false);
-}
+    void startsAfreshForAnotherDevice()
+    {
+        Bench bench;
+        bench.add("0A");
+        bench.plot.setSelectedDevice("0A");
+        QCOMPARE(bench.samples(), 1);
+        bench.plot.setSelectedDevice("0B");
+        QCOMPARE(bench.samples(), 0);
+        bench.add("0B");
+        bench.plot.clearPlot();
+        QCOMPARE(bench.samples(), 0);
+        bench.add("0B");
+        QCOMPARE(bench.samples(), 1);
+    }
+
+    void zoomOutlivesTheDevice()
+    {
+        Bench bench;
+        MainWindowPlot& plot = bench.plot;
+        const QSignalSpy changes(&plot, &MainWindowPlot::zoomEnabledChanged);
+        const auto axis = [&bench](QwtPlot::Axis which = QwtPlot::yLeft) {
+            QCoreApplication::processEvents();
+            return chartOf(bench.container)->axisInterval(which);
+        };
+        const QwtInterval voltages(0.0, 32.0);
+        QCOMPARE(axis(), voltages);
+        QCOMPARE(axis(QwtPlot::yRight), QwtInterval(-30.0, 140.0));
+        plot.setZoomEnabled(true);
+        turnWheel(bench.container, 3);
+        QVERIFY(axis().width() < 32.0);
+        plot.setSelectedDevice("0B");
+        QCOMPARE(axis(), voltages);
+        QVERIFY(plot.isZoomEnabled());
+        turnWheel(bench.container, 3);
+        QVERIFY(axis().width() < 32.0);
+        plot.setZoomEnabled(false);
+        QCOMPARE(axis(), voltages);
+        plot.setZoomEnabled(true);
+        plot.clearPlot();
+        QVERIFY(!plot.isZoomEnabled());
+        turnWheel(bench.container, 3);
+        QCOMPARE(axis(), voltages);
+        QCOMPARE(changes.size(), 4);
+        QCOMPARE(changes.last().first().toBool(), false);
+    }
+};
 
 REGISTER_TEST(TestPlotMainWindow, QApplication)
 #include "tst_plotmainwindow.moc"

@@ -22,10 +22,9 @@ struct Bench
     }
 
     Sandbox sandbox;
-    TestBus bus{{QStringLiteral("03"), QStringLiteral("0A")}};
+    TestBus bus{{"03", "0A"}};
     std::unique_ptr<SerialLink> link = std::make_unique<SerialLink>(bus.ports());
-    std::unique_ptr<TrackedLdb> ldb =
-        std::make_unique<TrackedLdb>(QStringLiteral("0A"), link.get());
+    std::unique_ptr<TrackedLdb> ldb = std::make_unique<TrackedLdb>("0A", link.get());
     QList<Answer> answers;
     QObject context;
 };
@@ -36,86 +35,75 @@ class TestTrackedLdb : public TestCase
 {
     Q_OBJECT
 private slots:
-    void commandsAndAnswers_data();
-    void commandsAndAnswers();
-    void pollsItAlone();
-    void connectionLost();
-    void linkMayDieFirst();
-};
-
-void TestTrackedLdb::commandsAndAnswers_data()
-{
-    addColumns<Command, QByteArray, QByteArray, Answer>("command", "body", "reply", "answer");
-    const QByteArray ack("\x06");
-    const QByteArray nak("\x15");
-    QTest::newRow("factory reset")
-        << Command::FactoryReset << QByteArray("FE0A73780002") << ack << Answer::Accepted;
-    QTest::newRow("LDB reset, refused")
-        << Command::LdbReset << QByteArray("FE0A73780001") << nak << Answer::Refused;
-    QTest::newRow("mute") << Command::MuteAudio << QByteArray("FE0A73631601") << ack
-                          << Answer::Accepted;
-    QTest::newRow("end of mute, refused")
-        << Command::EndAudioMute << QByteArray("FE0A73631600") << nak << Answer::Refused;
-}
-
-void TestTrackedLdb::commandsAndAnswers()
-{
-    QFETCH(Command, command);
-    QFETCH(QByteArray, body);
-    QFETCH(QByteArray, reply);
-    QFETCH(Answer, answer);
-    Bench bench;
-    bench.bus.setScript([&](const QByteArray& request) -> std::optional<QByteArray> {
-        if (request == body) {
-            return reply;
-        }
-        return std::nullopt;
-    });
-    bench.send(command);
-    WAIT_COMPARE(bench.answers, QList<Answer>{answer});
-    QCOMPARE(bench.bus.requests().count(body), 1);
-}
-
-void TestTrackedLdb::pollsItAlone()
-{
-    const Bench bench;
-    bench.ldb->setPolledAlone(true);
-    QSignalSpy records(bench.ldb.get(), &TrackedLdb::generalInformationUpdated);
-    // What was under way when the others were left out may still come.
-    WAIT_VERIFY(records.size() > 3);
-    records.clear();
-    WAIT_VERIFY(records.size() > 5);
-    for (const QList<QVariant>& record : records) {
-        QCOMPARE(record.first().toString(), QStringLiteral("0A"));
+    void commandsAndAnswers_data()
+    {
+        const Table<Command, QByteArray, QByteArray, Answer> row("command", "body", "reply",
+                                                                 "answer");
+        row("factory reset", Command::FactoryReset, "FE0A73780002", "\x06", Answer::Accepted);
+        row("LDB reset, refused", Command::LdbReset, "FE0A73780001", "\x15", Answer::Refused);
+        row("mute", Command::MuteAudio, "FE0A73631601", "\x06", Answer::Accepted);
+        row("end of mute, refused", Command::EndAudioMute, "FE0A73631600", "\x15", Answer::Refused);
     }
-    bench.ldb->setPolledAlone(false);
-    records.clear();
-    WAIT_VERIFY(!records.isEmpty() && records.last().first().toString() == QLatin1String("03"));
-}
 
-void TestTrackedLdb::connectionLost()
-{
-    const ExpectWarning gone("Port .*: ");
-    Bench bench;
-    QSignalSpy lost(bench.ldb.get(), &TrackedLdb::connectionLost);
-    QVERIFY(bench.ldb->isReachable());
-    bench.bus.cut();
-    WAIT_VERIFY(!lost.isEmpty());
-    bench.link->stop();
-    QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::EndAudioMute);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
-}
+    void commandsAndAnswers()
+    {
+        QFETCH(Command, command);
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, reply);
+        QFETCH(Answer, answer);
+        Bench bench;
+        bench.bus.setScript([&](const QByteArray& request) -> std::optional<QByteArray> {
+            if (request == body) {
+                return reply;
+            }
+            return std::nullopt;
+        });
+        bench.send(command);
+        WAIT_COMPARE(bench.answers, QList<Answer>{answer});
+        QCOMPARE(bench.bus.requests().count(body), 1);
+    }
 
-void TestTrackedLdb::linkMayDieFirst()
-{
-    Bench bench;
-    bench.link.reset();
-    bench.ldb->setPolledAlone(false);
-    QVERIFY(!bench.ldb->isReachable());
-    bench.send(Command::EndAudioMute);
-    WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
-}
+    void pollsItAlone()
+    {
+        const Bench bench;
+        bench.ldb->setPolledAlone(true);
+        QSignalSpy records(bench.ldb.get(), &TrackedLdb::generalInformationUpdated);
+        // What was under way when the others were left out may still come.
+        WAIT_VERIFY(records.size() > 3);
+        records.clear();
+        WAIT_VERIFY(records.size() > 5);
+        for (const QList<QVariant>& record : records) {
+            QCOMPARE(record.first().toString(), "0A");
+        }
+        bench.ldb->setPolledAlone(false);
+        records.clear();
+        WAIT_VERIFY(!records.isEmpty() && records.last().first().toString() == "03");
+    }
+
+    void connectionLost()
+    {
+        const ExpectWarning gone("Port .*: ");
+        Bench bench;
+        QSignalSpy lost(bench.ldb.get(), &TrackedLdb::connectionLost);
+        QVERIFY(bench.ldb->isReachable());
+        bench.bus.cut();
+        WAIT_VERIFY(!lost.isEmpty());
+        bench.link->stop();
+        QVERIFY(!bench.ldb->isReachable());
+        bench.send(Command::EndAudioMute);
+        WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
+    }
+
+    void linkMayDieFirst()
+    {
+        Bench bench;
+        bench.link.reset();
+        bench.ldb->setPolledAlone(false);
+        QVERIFY(!bench.ldb->isReachable());
+        bench.send(Command::EndAudioMute);
+        WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
+    }
+};
 
 REGISTER_TEST(TestTrackedLdb, InVirtualTime<QCoreApplication>)
 

@@ -2,6 +2,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/views.h"
 #include "tests/views/records.h"
 #include "views/tables/devicedetailtable.h"
 
@@ -13,7 +14,7 @@ using namespace generalinformation;
 
 namespace {
 
-const QString kLdb = QStringLiteral("07");
+const QString kLdb = "07";
 
 struct Detail
 {
@@ -35,14 +36,7 @@ struct Detail
         table.processData(kLdb, record(kLdb, status));
     }
     /// The texts of a column, joined by "|".
-    QString texts(int column) const
-    {
-        QStringList list;
-        for (int row = 0; row < view.model()->rowCount(); ++row) {
-            list << view.model()->index(row, column).data().toString();
-        }
-        return list.join('|');
-    }
+    QString texts(int column) const { return columnTexts(*view.model(), column).join('|'); }
     QString labels() const { return texts(DeviceDetailTable::LabelColumn); }
     QString values() const { return texts(DeviceDetailTable::ValueColumn); }
     QColor colour(int row, int role, int column = DeviceDetailTable::ValueColumn) const
@@ -61,62 +55,54 @@ class TestDeviceDetailTable : public TestCase
 {
     Q_OBJECT
 private slots:
-    void showsTheCurrentLdbOnly();
-    void coloursByRuleAndBack();
-    void retranslationKeepsTheValues();
+    void showsTheCurrentLdbOnly()
+    {
+        Detail detail(kModeRedAtService);
+        QVERIFY(detail.view.horizontalHeader()->isHidden());
+        detail.table.processData("08", record("08"));
+        QCOMPARE(detail.values().remove('|'), QString());
+
+        LdbStatus status = healthy(LdbState::ServiceMode);
+        status.secondaryPortShort = 1;
+        detail.poll(status);
+        const QString values("07|Hall|Service mode|Ok|24.0 V|12.3 mA|Short|Short|Ok|Ok|"
+                             "2026-03-04: 10:00:00");
+        QCOMPARE(detail.values(), values);
+        detail.table.setCurrentHexId(kLdb);
+        QCOMPARE(detail.values(), values);
+
+        detail.table.setCurrentHexId("08");
+        QCOMPARE(detail.values(), kEmpty);
+        QVERIFY(detail.background(ModeRow) != QColor("darkred"));
+        QCOMPARE(detail.labels(),
+                 "ID|Name|Mode|Loop|Primary Port||Secondary Port||Earth|Amplifier|");
+    }
+
+    void coloursByRuleAndBack()
+    {
+        Detail detail(kModeRedAtService);
+        detail.poll();
+        const QColor shade = detail.background(ModeRow);
+        const QColor text = detail.colour(ModeRow, Qt::ForegroundRole);
+        detail.poll(healthy(LdbState::ServiceMode));
+        QCOMPARE(detail.background(ModeRow), QColor("darkred"));
+        QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), QColor(Qt::white));
+        QCOMPARE(detail.background(LoopRow), QPalette().color(QPalette::AlternateBase));
+
+        // Another language leaves the values and their colours.
+        const QString values = detail.values();
+        const BracketingTranslator translator;
+        detail.table.retranslate();
+        QCOMPARE(detail.labels(), "[ID]|[Name]|[Mode]|[Loop]|[Primary Port]||[Secondary Port]||"
+                                  "[Earth]|[Amplifier]|");
+        QCOMPARE(detail.values(), values);
+        QCOMPARE(detail.background(ModeRow), QColor("darkred"));
+
+        detail.poll();
+        QCOMPARE(detail.background(ModeRow), shade);
+        QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), text);
+    }
 };
-
-void TestDeviceDetailTable::showsTheCurrentLdbOnly()
-{
-    Detail detail(kModeRedAtService);
-    QVERIFY(detail.view.horizontalHeader()->isHidden());
-    detail.table.processData(QStringLiteral("08"), record(QStringLiteral("08")));
-    QCOMPARE(detail.values().remove('|'), QString());
-
-    LdbStatus status = healthy(LdbState::ServiceMode);
-    status.secondaryPortShort = 1;
-    detail.poll(status);
-    const QString values("07|Hall|Service mode|Ok|24.0 V|12.3 mA|Short|Short|Ok|Ok|"
-                         "2026-03-04: 10:00:00");
-    QCOMPARE(detail.values(), values);
-    detail.table.setCurrentHexId(kLdb);
-    QCOMPARE(detail.values(), values);
-
-    detail.table.setCurrentHexId(QStringLiteral("08"));
-    QCOMPARE(detail.values(), kEmpty);
-    QVERIFY(detail.background(ModeRow) != QColor("darkred"));
-    QCOMPARE(detail.labels(), "ID|Name|Mode|Loop|Primary Port||Secondary Port||Earth|Amplifier|");
-}
-
-void TestDeviceDetailTable::coloursByRuleAndBack()
-{
-    Detail detail(kModeRedAtService);
-    detail.poll();
-    const QColor shade = detail.background(ModeRow);
-    const QColor text = detail.colour(ModeRow, Qt::ForegroundRole);
-    detail.poll(healthy(LdbState::ServiceMode));
-    QCOMPARE(detail.background(ModeRow), QColor("darkred"));
-    QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), QColor(Qt::white));
-    QCOMPARE(detail.background(LoopRow), QPalette().color(QPalette::AlternateBase));
-
-    detail.poll();
-    QCOMPARE(detail.background(ModeRow), shade);
-    QCOMPARE(detail.colour(ModeRow, Qt::ForegroundRole), text);
-}
-
-void TestDeviceDetailTable::retranslationKeepsTheValues()
-{
-    Detail detail(kModeRedAtService);
-    detail.poll(healthy(LdbState::ServiceMode));
-    const QString values = detail.values();
-
-    const BracketingTranslator translator;
-    detail.table.retranslate();
-    QCOMPARE(detail.labels(), "[ID]|[Name]|[Mode]|[Loop]|[Primary Port]||[Secondary Port]||"
-                              "[Earth]|[Amplifier]|");
-    QCOMPARE(detail.values(), values);
-    QCOMPARE(detail.background(ModeRow), QColor("darkred"));
-}
 
 REGISTER_TEST(TestDeviceDetailTable, QApplication)
 #include "tst_devicedetailtable.moc"

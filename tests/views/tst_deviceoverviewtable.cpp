@@ -3,6 +3,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/views.h"
 #include "tests/views/records.h"
 #include "views/tables/deviceoverviewtable.h"
 #include "views/tables/overviewcolumns.h"
@@ -16,9 +17,9 @@ using records::record;
 
 namespace {
 
-const QString kOne = QStringLiteral("01");
-const QString kFive = QStringLiteral("05");
-const QString kNine = QStringLiteral("09");
+const QString kOne = "01";
+const QString kFive = "05";
+const QString kNine = "09";
 
 /// The table on a view of its own, as the window has it.
 struct Overview
@@ -48,14 +49,7 @@ struct Overview
     }
     QModelIndex cell(int row, int column) const { return view.model()->index(row, column); }
     QString text(int row, int column) const { return cell(row, column).data().toString(); }
-    QStringList column(int column) const
-    {
-        QStringList texts;
-        for (int row = 0; row < view.model()->rowCount(); ++row) {
-            texts << text(row, column);
-        }
-        return texts;
-    }
+    QStringList column(int column) const { return columnTexts(*view.model(), column); }
     /// Ids of the ticked rows, as shown.
     QStringList ticked() const
     {
@@ -97,9 +91,9 @@ const QList<int> kNamedColumns{1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
 
 QSettings userSettings()
 {
-    return QSettings(QStringLiteral("Velmark"), QStringLiteral("Tavro Cordex Sniffer"));
+    return QSettings("Velmark", "Tavro Cordex Sniffer");
 }
-const QString kStateKey = QStringLiteral("position/deviceOverviewTableState");
+const QString kStateKey = "position/deviceOverviewTableState";
 
 } // namespace
 
@@ -107,341 +101,305 @@ class TestDeviceOverviewTable : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
-    void cleanup() override;
+    void init() override
+    {
+        m_sandbox = std::make_unique<Sandbox>();
+        TestCase::init();
+    }
+    void cleanup() override
+    {
+        m_sandbox.reset();
+        TestCase::cleanup();
+    }
 
-    void refreshChangesInPlace();
-    void coloursFollowTheRules();
-    void rowsAreOrderedByIdUntilTheUserSorts();
+    void refreshChangesInPlace()
+    {
+        Overview table;
+        table.pollAll({kOne, kFive, kNine});
+        table.object->selectLdb(kFive);
+        LdbStatus status = healthy(LdbState::ServiceMode);
+        status.secondaryPortShort = 2;
+        status.primaryVoltage = 12345;
+        status.earthByte1 = 1;
+        table.object->processData(kFive, record(kFive, status, "Platform"));
+        QStringList texts;
+        for (int column = 0; column < overview::ColumnCount; ++column) {
+            texts << table.text(1, column);
+            QVERIFY(!(table.cell(1, column).flags() & Qt::ItemIsEditable));
+        }
+        QCOMPARE(texts.join('|'), "|05|Platform|Service mode|Ok|12.3 V|12.3 mA|Short(memory)|"
+                                  "Short(memory)|Leakage|Ok|2026-03-04: 10:00:00");
+        QCOMPARE(table.view.model()->rowCount(), 3);
+        QCOMPARE(table.ticked(), QStringList(kFive));
+    }
 
-    void tickIsExclusive();
-    void userTicksARow_data();
-    void userTicksARow();
-    void tickedRowIsMarked();
-    void clearTicksTheSameLdbAgain_data();
-    void clearTicksTheSameLdbAgain();
+    void coloursFollowTheRules()
+    {
+        m_sandbox->writeTuning("[TableSettings]\ncolumn\\size=10\ncolumn\\3\\value2=30\n"
+                               "column\\3\\color2=darkblue\n");
+        Overview table;
+        const auto colour = [&](int column, int role) {
+            return table.cell(0, column).data(role).value<QBrush>().color();
+        };
+        // A new row is coloured as a refreshed one is.
+        for (int round = 0; round < 2; ++round) {
+            table.poll(kOne, healthy(LdbState::ServiceMode));
+            QCOMPARE(colour(overview::ModeColumn, Qt::BackgroundRole), QColor("darkblue"));
+            QCOMPARE(colour(overview::ModeColumn, Qt::ForegroundRole), QColor(Qt::white));
+            QVERIFY(!table.cell(0, overview::LoopColumn).data(Qt::BackgroundRole).isValid());
+        }
+        table.poll(kOne);
+        for (const int column : kNamedColumns) {
+            QVERIFY(!table.cell(0, column).data(Qt::BackgroundRole).isValid());
+            QVERIFY(!table.cell(0, column).data(Qt::ForegroundRole).isValid());
+        }
+    }
 
-    void layoutComesBack();
-    void unusableLayoutIsLeft_data();
-    void unusableLayoutIsLeft();
-    void clearAndRetranslateKeepTheLayout();
+    void rowsAreOrderedByIdUntilTheUserSorts()
+    {
+        Overview table;
+        table.pollAll({kNine, kOne, kFive});
+        QCOMPARE(table.column(overview::IdColumn).join(' '), "01 05 09");
+        QHeaderView* header = table.view.horizontalHeader();
+        QVERIFY(header->isSortIndicatorShown());
+        const QPoint idCell(header->sectionViewportPosition(overview::IdColumn) + 10, 10);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, idCell);
+        QCOMPARE(table.column(overview::IdColumn).join(' '), "09 05 01");
+        table.pollAll({kOne, "07", kNine});
+        QCOMPARE(table.column(overview::IdColumn).join(' '), "09 07 05 01");
+        QCOMPARE(table.ticked(), QStringList(kNine));
+    }
+
+    void tickIsExclusive()
+    {
+        Overview table;
+        QVERIFY(!table.object->selectLdb(kOne));
+        // The first LDB is selected, whatever comes next.
+        table.pollAll({kFive, kOne});
+        QCOMPARE(table.takeSelected(), QStringList(kFive));
+        QCOMPARE(table.object->selectedHexId(), kFive);
+
+        QVERIFY(table.setTick(0, Qt::Checked));
+        QCOMPARE(table.ticked(), QStringList(kOne));
+        QVERIFY(table.object->selectLdb(kFive));
+        QVERIFY(table.object->selectLdb(kFive));
+        QCOMPARE(table.takeSelected(), (QStringList{kOne, kFive}));
+        // It can be replaced, but not taken away.
+        table.setTick(1, Qt::Unchecked);
+        QVERIFY(!table.object->selectLdb(kNine));
+        table.object->setSelectionEnabled(false);
+        QVERIFY(!table.object->selectLdb(kOne));
+        QCOMPARE(table.ticked(), QStringList(kFive));
+        QCOMPARE(table.takeSelected(), QStringList());
+    }
+
+    void userTicksARow()
+    {
+        Overview table;
+        table.pollAll({kNine, kOne, kFive});
+        table.view.showColumn(overview::TickColumn);
+        table.takeSelected();
+        const auto press = [&table](Qt::Key key) {
+            table.view.setCurrentIndex(table.cell(1, overview::NameColumn));
+            QTest::keyClick(&table.view, key);
+        };
+        const std::function<void()> ways[] = {
+            [&] { clickCell(table.view, 1, overview::EarthColumn); },
+            [&] { clickCell(table.view, 1, overview::TickColumn); }, [&] { press(Qt::Key_Space); },
+            [&] { press(Qt::Key_Enter); },
+            [&] {
+                press(Qt::Key_Return);
+            }};
+        for (const auto& act : ways) {
+            table.object->setSelectionEnabled(false);
+            act();
+            QCOMPARE(table.ticked(), QStringList(kNine));
+            table.object->setSelectionEnabled(true);
+            press(Qt::Key_Shift);
+            QCOMPARE(table.ticked(), QStringList(kNine));
+            act();
+            act();
+            QCOMPARE(table.ticked(), QStringList(kFive));
+            QCOMPARE(table.takeSelected(), QStringList(kFive));
+            table.object->selectLdb(kNine);
+            table.takeSelected();
+        }
+    }
+
+    void tickedRowIsMarked()
+    {
+        Overview table;
+        table.pollAll({kOne, kFive, kNine}); // of the same values, the last one never ticked
+        const auto rowPicture = [&](int row) {
+            const QRect first = table.view.visualRect(table.cell(row, overview::NameColumn));
+            const QRect last = table.view.visualRect(table.cell(row, overview::AmplifierColumn));
+            return table.picture().copy(first.united(last));
+        };
+        const auto spoken = [&](int row) {
+            return table.cell(row, overview::IdColumn).data(Qt::AccessibleTextRole).toString();
+        };
+        QVERIFY(rowPicture(0) != rowPicture(2));
+        QCOMPARE(rowPicture(1), rowPicture(2));
+        QCOMPARE(spoken(0), "01, selected");
+
+        table.object->selectLdb(kFive);
+        table.pollAll({kOne, kFive, kNine});
+        QCOMPARE(rowPicture(0), rowPicture(2));
+        QVERIFY(rowPicture(1) != rowPicture(2));
+        QCOMPARE(spoken(0), QString());
+        QCOMPARE(spoken(1), "05, selected");
+
+        // When the mark cannot be moved, it looks like that, and so does the tick where it is
+        // shown.
+        table.view.showColumn(overview::TickColumn);
+        const auto tickPicture = [&] {
+            return table.picture().copy(table.view.visualRect(table.cell(1, overview::TickColumn)));
+        };
+        const QImage enabledRow = rowPicture(1);
+        const QImage enabledTick = tickPicture();
+        table.object->setSelectionEnabled(false);
+        QVERIFY(rowPicture(1) != enabledRow);
+        QVERIFY(tickPicture() != enabledTick);
+    }
+
+    void clearTicksTheSameLdbAgain_data()
+    {
+        // Ids joined by blanks; "ticked": before; "isAnother": and announced.
+        const Table<QString, QString, QString, bool> row("ticked", "polls", "tickedAfter",
+                                                         "isAnother");
+        row("it comes first", "05", "05 01", "05", false);
+        row("it comes later", "09", "01 05 09 01", "09", false);
+        row("it is still to come", "09", "01 05", "", false);
+        row("it does not come", "09", "05 01 05", "05", true);
+        row("it comes too late", "09", "01 05 01 09", "01", true);
+    }
+
+    void clearTicksTheSameLdbAgain()
+    {
+        QFETCH(QString, ticked);
+        QFETCH(QString, polls);
+        QFETCH(QString, tickedAfter);
+        QFETCH(bool, isAnother);
+        Overview table;
+        table.pollAll({kOne, kFive, kNine});
+        table.object->selectLdb(ticked);
+        table.takeSelected();
+        table.object->keepOnly({});
+        table.object->keepOnly({});
+        QCOMPARE(table.view.model()->rowCount(), 0);
+        QCOMPARE(table.object->selectedHexId(), ticked);
+        table.pollAll(polls.split(' '));
+        QCOMPARE(table.ticked().join(' '), tickedAfter);
+        QCOMPARE(table.takeSelected().join(' '), isAnother ? tickedAfter : QString());
+
+        // Whatever came, the user's own choice counts at once, and once.
+        const bool isNews = table.object->selectedHexId() != kOne;
+        table.object->selectLdb(kOne);
+        table.pollAll({kOne, kFive, kNine});
+        QCOMPARE(table.ticked(), QStringList(kOne));
+        QCOMPARE(table.takeSelected(), isNews ? QStringList(kOne) : QStringList());
+    }
+
+    void layoutComesBack()
+    {
+        {
+            Overview table;
+            QCOMPARE(table.shownColumns(), kNamedColumns);
+            table.object->saveTableState(); // nothing was shown yet
+            QVERIFY(!userSettings().contains(kStateKey));
+            table.pollAll({kOne, kFive});
+            QHeaderView* header = table.view.horizontalHeader();
+            header->resizeSection(overview::LoopColumn, 222);
+            // The columns of a port move together.
+            header->moveSection(header->visualIndex(overview::PrimaryCurrentColumn),
+                                header->visualIndex(overview::NameColumn));
+            table.view.sortByColumn(overview::IdColumn, Qt::DescendingOrder);
+            // What a layout shows that is to be hidden, and hides that is to be shown.
+            table.view.setColumnHidden(overview::TickColumn, false);
+            table.view.setColumnHidden(overview::NameColumn, true);
+            table.object->keepOnly({});
+            table.object->saveTableState();
+        }
+        Overview table;
+        table.pollAll({kOne, kFive});
+        const QHeaderView* header = table.view.horizontalHeader();
+        QCOMPARE(header->sectionSize(overview::LoopColumn), 222);
+        QCOMPARE(header->visualIndex(overview::PrimaryVoltageColumn), 2);
+        QCOMPARE(header->visualIndex(overview::PrimaryCurrentColumn), 3);
+        QCOMPARE(table.column(overview::IdColumn), (QStringList{kFive, kOne}));
+        QCOMPARE(table.shownColumns(), kNamedColumns);
+    }
+
+    void unusableLayoutIsLeft_data()
+    {
+        const Table<QByteArray, bool> row("state", "warns");
+        const auto layoutOf = [](int columns) {
+            QStandardItemModel model(1, columns);
+            QTableView view;
+            view.setModel(&model);
+            view.sortByColumn(columns - 1, Qt::DescendingOrder);
+            return view.horizontalHeader()->saveState();
+        };
+        row("empty", {}, true);
+        row("garbage", QByteArray(300, 'x'), true);
+        const QByteArray whole = layoutOf(overview::ColumnCount);
+        row("cut off", whole.left(whole.size() / 2), true);
+        // These the header takes, as far as they fit.
+        row("sorted by a hidden column", whole, false);
+        row("of fewer columns", layoutOf(1), false);
+        row("of more columns", layoutOf(40), false);
+    }
+
+    void unusableLayoutIsLeft()
+    {
+        QFETCH(QByteArray, state);
+        QFETCH(bool, warns);
+        userSettings().setValue(kStateKey, state);
+        const auto expected =
+            warns ? std::make_unique<ExpectWarning>("layout of the overview table") : nullptr;
+        Overview table;
+        table.pollAll({kFive, kOne});
+        QCOMPARE(table.view.horizontalHeader()->count(), int(overview::ColumnCount));
+        QCOMPARE(table.shownColumns(), kNamedColumns);
+        for (const int column : kNamedColumns) {
+            QVERIFY(table.view.columnWidth(column) > 10);
+        }
+        QCOMPARE(table.column(overview::IdColumn), (QStringList{kOne, kFive}));
+        table.picture();
+    }
+
+    void clearAndRetranslateKeepTheLayout()
+    {
+        Overview table;
+        table.pollAll({kOne, kFive});
+        QHeaderView* header = table.view.horizontalHeader();
+        header->resizeSection(overview::NameColumn, 177);
+        header->moveSection(header->visualIndex(overview::AmplifierColumn), 1);
+        table.view.sortByColumn(overview::ModeColumn, Qt::DescendingOrder);
+        const QByteArray layout = header->saveState();
+        const BracketingTranslator translator;
+        table.object->retranslate();
+        QCOMPARE(header->saveState(), layout);
+        const auto* tree = qobject_cast<QAbstractItemModel*>(
+            table.cell(0, 0).data(Qt::UserRole).value<QObject*>());
+        QVERIFY(tree != nullptr);
+        QStringList texts;
+        for (int column = 0; column < tree->columnCount(); ++column) {
+            texts << tree->index(0, column).data().toString();
+        }
+        QCOMPARE(texts.join('|'),
+                 "|[ID]|[Name]|[Mode]|[Loop]|[Primary Port]|[Secondary Port]|[Earth]|"
+                 "[Amplifier]");
+        table.object->keepOnly({});
+        QCOMPARE(header->saveState(), layout);
+        table.view.resize(500, 300);
+        table.poll(kFive);
+        QCOMPARE(header->saveState(), layout);
+    }
 
 private:
     std::unique_ptr<Sandbox> m_sandbox;
 };
-
-void TestDeviceOverviewTable::init()
-{
-    m_sandbox = std::make_unique<Sandbox>();
-    TestCase::init();
-}
-
-void TestDeviceOverviewTable::cleanup()
-{
-    m_sandbox.reset();
-    TestCase::cleanup();
-}
-
-void TestDeviceOverviewTable::refreshChangesInPlace()
-{
-    Overview table;
-    table.pollAll({kOne, kFive, kNine});
-    table.object->selectLdb(kFive);
-    LdbStatus status = healthy(LdbState::ServiceMode);
-    status.secondaryPortShort = 2;
-    status.primaryVoltage = 12345;
-    status.earthByte1 = 1;
-    table.object->processData(kFive, record(kFive, status, QStringLiteral("Platform")));
-
-    QStringList texts;
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        texts << table.text(1, column);
-        QCOMPARE(table.cell(1, column).flags() & Qt::ItemIsEditable, Qt::ItemFlags());
-    }
-    QCOMPARE(texts.join('|'), "|05|Platform|Service mode|Ok|12.3 V|12.3 mA|Short(memory)|"
-                              "Short(memory)|Leakage|Ok|2026-03-04: 10:00:00");
-    QCOMPARE(table.view.model()->rowCount(), 3);
-    QCOMPARE(table.ticked(), QStringList(kFive));
-}
-
-void TestDeviceOverviewTable::coloursFollowTheRules()
-{
-    m_sandbox->writeTuning("[TableSettings]\ncolumn\\size=10\ncolumn\\3\\value2=30\n"
-                           "column\\3\\color2=darkblue\n");
-    Overview table;
-    const auto colour = [&](int column, int role) {
-        return table.cell(0, column).data(role).value<QBrush>().color();
-    };
-    // A new row is coloured as a refreshed one is.
-    for (int round = 0; round < 2; ++round) {
-        table.poll(kOne, healthy(LdbState::ServiceMode));
-        QCOMPARE(colour(overview::ModeColumn, Qt::BackgroundRole), QColor("darkblue"));
-        QCOMPARE(colour(overview::ModeColumn, Qt::ForegroundRole), QColor(Qt::white));
-        QVERIFY(!table.cell(0, overview::LoopColumn).data(Qt::BackgroundRole).isValid());
-    }
-    table.poll(kOne);
-    for (const int column : kNamedColumns) {
-        QVERIFY(!table.cell(0, column).data(Qt::BackgroundRole).isValid());
-        QVERIFY(!table.cell(0, column).data(Qt::ForegroundRole).isValid());
-    }
-}
-
-void TestDeviceOverviewTable::rowsAreOrderedByIdUntilTheUserSorts()
-{
-    Overview table;
-    table.pollAll({kNine, kOne, kFive});
-    QCOMPARE(table.column(overview::IdColumn), (QStringList{kOne, kFive, kNine}));
-    QVERIFY(table.view.horizontalHeader()->isSortIndicatorShown());
-
-    QHeaderView* header = table.view.horizontalHeader();
-    const QPoint idCell(header->sectionViewportPosition(overview::IdColumn) + 10, 10);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, idCell);
-    QCOMPARE(table.column(overview::IdColumn), (QStringList{kNine, kFive, kOne}));
-    table.pollAll({kOne, QStringLiteral("07"), kNine});
-    QCOMPARE(table.column(overview::IdColumn),
-             (QStringList{kNine, QStringLiteral("07"), kFive, kOne}));
-    QCOMPARE(table.ticked(), QStringList(kNine));
-}
-
-void TestDeviceOverviewTable::tickIsExclusive()
-{
-    Overview table;
-    QVERIFY(!table.object->selectLdb(kOne));
-    // The first LDB is selected, whatever comes next.
-    table.pollAll({kFive, kOne});
-    QCOMPARE(table.takeSelected(), QStringList(kFive));
-    QCOMPARE(table.object->selectedHexId(), kFive);
-
-    QVERIFY(table.setTick(0, Qt::Checked));
-    QCOMPARE(table.ticked(), QStringList(kOne));
-    QVERIFY(table.object->selectLdb(kFive));
-    QVERIFY(table.object->selectLdb(kFive));
-    QCOMPARE(table.takeSelected(), (QStringList{kOne, kFive}));
-    // It can be replaced, but not taken away.
-    table.setTick(1, Qt::Unchecked);
-    QVERIFY(!table.object->selectLdb(kNine));
-    table.object->setSelectionEnabled(false);
-    QVERIFY(!table.object->selectLdb(kOne));
-    QCOMPARE(table.ticked(), QStringList(kFive));
-    QCOMPARE(table.takeSelected(), QStringList());
-}
-
-void TestDeviceOverviewTable::userTicksARow_data()
-{
-    // "column": of a click
-    // "key": or a key
-    addColumns<int, int, bool>("column", "key", "ticks");
-    QTest::newRow("click") << int(overview::EarthColumn) << 0 << true;
-    QTest::newRow("click on the tick") << int(overview::TickColumn) << 0 << true;
-    QTest::newRow("space") << -1 << int(Qt::Key_Space) << true;
-    QTest::newRow("enter") << -1 << int(Qt::Key_Enter) << true;
-    QTest::newRow("return") << -1 << int(Qt::Key_Return) << true;
-    QTest::newRow("another key") << -1 << int(Qt::Key_Shift) << false;
-}
-
-void TestDeviceOverviewTable::userTicksARow()
-{
-    QFETCH(int, column);
-    QFETCH(int, key);
-    QFETCH(bool, ticks);
-    Overview table;
-    table.pollAll({kNine, kOne, kFive});
-    table.view.showColumn(overview::TickColumn);
-    table.takeSelected();
-    const auto act = [&] {
-        if (key == 0) {
-            QTest::mouseClick(table.view.viewport(), Qt::LeftButton, Qt::NoModifier,
-                              table.view.visualRect(table.cell(1, column)).center());
-        } else {
-            table.view.setCurrentIndex(table.cell(1, overview::NameColumn));
-            QTest::keyClick(&table.view, static_cast<Qt::Key>(key));
-        }
-    };
-    table.object->setSelectionEnabled(false);
-    act();
-    QCOMPARE(table.ticked(), QStringList(kNine));
-    table.object->setSelectionEnabled(true);
-    for (int repetition = 0; repetition < 2; ++repetition) {
-        act();
-        QCOMPARE(table.ticked(), QStringList(ticks ? kFive : kNine));
-    }
-    QCOMPARE(table.takeSelected(), ticks ? QStringList(kFive) : QStringList());
-}
-
-void TestDeviceOverviewTable::tickedRowIsMarked()
-{
-    Overview table;
-    table.pollAll({kOne, kFive, kNine}); // of the same values, the last one never ticked
-    const auto rowPicture = [&](int row) {
-        const QRect first = table.view.visualRect(table.cell(row, overview::NameColumn));
-        const QRect last = table.view.visualRect(table.cell(row, overview::AmplifierColumn));
-        return table.picture().copy(first.united(last));
-    };
-    const auto spoken = [&](int row) {
-        return table.cell(row, overview::IdColumn).data(Qt::AccessibleTextRole).toString();
-    };
-    QVERIFY(rowPicture(0) != rowPicture(2));
-    QCOMPARE(rowPicture(1), rowPicture(2));
-    QCOMPARE(spoken(0), "01, selected");
-
-    table.object->selectLdb(kFive);
-    table.pollAll({kOne, kFive, kNine});
-    QCOMPARE(rowPicture(0), rowPicture(2));
-    QVERIFY(rowPicture(1) != rowPicture(2));
-    QCOMPARE(spoken(0), QString());
-    QCOMPARE(spoken(1), "05, selected");
-
-    // When the mark cannot be moved, it looks like that, and so does the tick where it is shown.
-    table.view.showColumn(overview::TickColumn);
-    const auto tickPicture = [&] {
-        return table.picture().copy(table.view.visualRect(table.cell(1, overview::TickColumn)));
-    };
-    const QImage enabledRow = rowPicture(1);
-    const QImage enabledTick = tickPicture();
-    table.object->setSelectionEnabled(false);
-    QVERIFY(rowPicture(1) != enabledRow);
-    QVERIFY(tickPicture() != enabledTick);
-}
-
-void TestDeviceOverviewTable::clearTicksTheSameLdbAgain_data()
-{
-    // "ticked": before
-    // "isAnother": and announced
-    addColumns<QString, QStringList, QStringList, bool>("ticked", "polls", "tickedAfter",
-                                                        "isAnother");
-
-    const auto row = [](const char* tag, const QString& ticked, const QStringList& polls,
-                        const QStringList& tickedAfter, bool isAnother) {
-        QTest::newRow(tag) << ticked << polls << tickedAfter << isAnother;
-    };
-    row("it comes first", kFive, {kFive, kOne}, {kFive}, false);
-    row("it comes later", kNine, {kOne, kFive, kNine, kOne}, {kNine}, false);
-    row("it is still to come", kNine, {kOne, kFive}, {}, false);
-    row("it does not come", kNine, {kFive, kOne, kFive}, {kFive}, true);
-    row("it comes too late", kNine, {kOne, kFive, kOne, kNine}, {kOne}, true);
-}
-
-void TestDeviceOverviewTable::clearTicksTheSameLdbAgain()
-{
-    QFETCH(QString, ticked);
-    QFETCH(QStringList, polls);
-    QFETCH(QStringList, tickedAfter);
-    QFETCH(bool, isAnother);
-    Overview table;
-    table.pollAll({kOne, kFive, kNine});
-    table.object->selectLdb(ticked);
-    table.takeSelected();
-    table.object->keepOnly({});
-    table.object->keepOnly({});
-    QCOMPARE(table.view.model()->rowCount(), 0);
-    QCOMPARE(table.object->selectedHexId(), ticked);
-    table.pollAll(polls);
-    QCOMPARE(table.ticked(), tickedAfter);
-    QCOMPARE(table.takeSelected(), isAnother ? tickedAfter : QStringList());
-
-    // Whatever came, the user's own choice counts at once, and once.
-    const bool isNews = table.object->selectedHexId() != kOne;
-    table.object->selectLdb(kOne);
-    table.pollAll({kOne, kFive, kNine});
-    QCOMPARE(table.ticked(), QStringList(kOne));
-    QCOMPARE(table.takeSelected(), isNews ? QStringList(kOne) : QStringList());
-}
-
-void TestDeviceOverviewTable::layoutComesBack()
-{
-    {
-        Overview table;
-        QCOMPARE(table.shownColumns(), kNamedColumns);
-        table.object->saveTableState(); // nothing was shown yet
-        QVERIFY(!userSettings().contains(kStateKey));
-        table.pollAll({kOne, kFive});
-        QHeaderView* header = table.view.horizontalHeader();
-        header->resizeSection(overview::LoopColumn, 222);
-        // The columns of a port move together.
-        header->moveSection(header->visualIndex(overview::PrimaryCurrentColumn),
-                            header->visualIndex(overview::NameColumn));
-        table.view.sortByColumn(overview::IdColumn, Qt::DescendingOrder);
-        // What a layout shows that is to be hidden, and hides that is to be shown.
-        table.view.setColumnHidden(overview::TickColumn, false);
-        table.view.setColumnHidden(overview::NameColumn, true);
-        table.object->keepOnly({});
-        table.object->saveTableState();
-    }
-    Overview table;
-    table.pollAll({kOne, kFive});
-    const QHeaderView* header = table.view.horizontalHeader();
-    QCOMPARE(header->sectionSize(overview::LoopColumn), 222);
-    QCOMPARE(header->visualIndex(overview::PrimaryVoltageColumn), 2);
-    QCOMPARE(header->visualIndex(overview::PrimaryCurrentColumn), 3);
-    QCOMPARE(table.column(overview::IdColumn), (QStringList{kFive, kOne}));
-    QCOMPARE(table.shownColumns(), kNamedColumns);
-}
-
-void TestDeviceOverviewTable::unusableLayoutIsLeft_data()
-{
-    addColumns<QByteArray, bool>("state", "warns");
-    const auto layoutOf = [](int columns) {
-        QStandardItemModel model(1, columns);
-        QTableView view;
-        view.setModel(&model);
-        view.sortByColumn(columns - 1, Qt::DescendingOrder);
-        return view.horizontalHeader()->saveState();
-    };
-    QTest::newRow("empty") << QByteArray() << true;
-    QTest::newRow("garbage") << QByteArray(300, 'x') << true;
-    const QByteArray whole = layoutOf(overview::ColumnCount);
-    QTest::newRow("cut off") << whole.left(whole.size() / 2) << true;
-    // These the header takes, as far as they fit.
-    QTest::newRow("sorted by a hidden column") << whole << false;
-    QTest::newRow("of fewer columns") << layoutOf(1) << false;
-    QTest::newRow("of more columns") << layoutOf(40) << false;
-}
-
-void TestDeviceOverviewTable::unusableLayoutIsLeft()
-{
-    QFETCH(QByteArray, state);
-    QFETCH(bool, warns);
-    userSettings().setValue(kStateKey, state);
-    const auto expected =
-        warns ? std::make_unique<ExpectWarning>("layout of the overview table") : nullptr;
-    Overview table;
-    table.pollAll({kFive, kOne});
-    QCOMPARE(table.view.horizontalHeader()->count(), int(overview::ColumnCount));
-    QCOMPARE(table.shownColumns(), kNamedColumns);
-    for (const int column : kNamedColumns) {
-        QVERIFY(table.view.columnWidth(column) > 10);
-    }
-    QCOMPARE(table.column(overview::IdColumn), (QStringList{kOne, kFive}));
-    table.picture();
-}
-
-void TestDeviceOverviewTable::clearAndRetranslateKeepTheLayout()
-{
-    Overview table;
-    table.pollAll({kOne, kFive});
-    QHeaderView* header = table.view.horizontalHeader();
-    header->resizeSection(overview::NameColumn, 177);
-    header->moveSection(header->visualIndex(overview::AmplifierColumn), 1);
-    table.view.sortByColumn(overview::ModeColumn, Qt::DescendingOrder);
-    const QByteArray layout = header->saveState();
-    const BracketingTranslator translator;
-    table.object->retranslate();
-    QCOMPARE(header->saveState(), layout);
-    const auto* tree =
-        qobject_cast<QAbstractItemModel*>(table.cell(0, 0).data(Qt::UserRole).value<QObject*>());
-    QVERIFY(tree != nullptr);
-    QStringList texts;
-    for (int column = 0; column < tree->columnCount(); ++column) {
-        texts << tree->index(0, column).data().toString();
-    }
-    QCOMPARE(texts.join('|'), "|[ID]|[Name]|[Mode]|[Loop]|[Primary Port]|[Secondary Port]|[Earth]|"
-                              "[Amplifier]");
-    table.object->keepOnly({});
-    QCOMPARE(header->saveState(), layout);
-    table.view.resize(500, 300);
-    table.poll(kFive);
-    QCOMPARE(header->saveState(), layout);
-}
 
 REGISTER_TEST(TestDeviceOverviewTable, QApplication)
 #include "tst_deviceoverviewtable.moc"

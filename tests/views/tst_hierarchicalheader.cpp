@@ -26,7 +26,7 @@ void fillTree(QStandardItemModel& tree, const QString& text)
 }
 
 /// A table of `columns` columns under a header of the given tree.
-struct Table
+struct HeadedTable
 {
     std::unique_ptr<QStandardItemModel> tree = std::make_unique<QStandardItemModel>();
     QStandardItemModel source;
@@ -34,7 +34,7 @@ struct Table
     QTableView view;
     HierarchicalHeaderView* header;
 
-    explicit Table(const QString& text, int columns)
+    explicit HeadedTable(const QString& text, int columns)
         : source(3, columns)
         , header(new HierarchicalHeaderView(Qt::Horizontal, &view))
     {
@@ -78,7 +78,7 @@ struct Table
     }
 };
 
-const QString kGrouped = QStringLiteral("A G:BC D H:EF I");
+const QString kGrouped = "A G:BC D H:EF I";
 constexpr int kGroupedColumns = 7;
 
 } // namespace
@@ -87,108 +87,102 @@ class TestHierarchicalHeader : public TestCase
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void sorting_data();
-    void sorting();
-    void topCellJoinsItsSections();
-    void groupsStayTogether_data();
-    void groupsStayTogether();
-};
-
-void TestHierarchicalHeader::initTestCase()
-{
-    // Texts are compared as the locale orders them: not the machine's here.
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-}
-
-void TestHierarchicalHeader::sorting_data()
-{
-    // "codes": one a row, invalid for none
-    // "sorted": rows are "b", "a", "C"
-    addColumns<int, QVariantList, QString>("column", "codes", "sorted");
-    const QVariant none;
-    const int mode = kCodeColumn;
-    const int name = kCodeColumn - 1;
-    QTest::newRow("by number") << mode << QVariantList{20, 30, 10} << "Cba";
-    QTest::newRow("equal numbers by text") << mode << QVariantList{0, 0, 0} << "abC";
-    QTest::newRow("one number alone") << mode << QVariantList{5, none, none} << "abC";
-    QTest::newRow("fractions, below zero") << mode << QVariantList{-9.5, 10.0, -10.5} << "Cba";
-    QTest::newRow("every column") << name << QVariantList{20, 30, 10} << "Cba";
-}
-
-void TestHierarchicalHeader::sorting()
-{
-    QFETCH(int, column);
-    QFETCH(QVariantList, codes);
-    QFETCH(QString, sorted);
-    const QString texts = QStringLiteral("baC");
-    QStandardItemModel source(3, kCodeColumn + 1);
-    for (int row = 0; row < 3; ++row) {
-        source.setData(source.index(row, column), QString(texts.at(row)));
-        source.setData(source.index(row, column), codes.at(row), Qt::UserRole);
+    void initTestCase()
+    {
+        // Texts are compared as the locale orders them: not the machine's here.
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     }
-    ProxyModelHierachicalHeader proxy;
-    proxy.setSourceModel(&source);
-    const auto shown = [&](int row) {
-        return proxy.index(row, column).data().toString();
-    };
-    proxy.sort(column, Qt::AscendingOrder);
-    QCOMPARE(shown(0) + shown(1) + shown(2), sorted);
-    proxy.sort(column, Qt::DescendingOrder);
-    QCOMPARE(shown(2) + shown(1) + shown(0), sorted);
-}
 
-void TestHierarchicalHeader::topCellJoinsItsSections()
-{
-    const Table table(QStringLiteral("A G:CD E"), 4);
-    const QImage image = table.picture();
-    const int height = image.height();
-    const int middle = table.header->sectionPosition(2); // between the two children
-    const auto hasEdge = [&](int top, int bottom) {
-        for (int y = top; y < bottom; ++y) {
-            const int left = qGray(image.pixel(middle - 4, y));
-            const int edge = qMin(qGray(image.pixel(middle - 1, y)), qGray(image.pixel(middle, y)));
-            if (left - edge < 8) {
-                return false;
-            }
+    void sorting_data()
+    {
+        // "codes": one a row, invalid for none
+        // "sorted": rows are "b", "a", "C"
+        addColumns<int, QVariantList, QString>("column", "codes", "sorted");
+        const QVariant none;
+        const int mode = kCodeColumn;
+        const int name = kCodeColumn - 1;
+        QTest::newRow("by number") << mode << QVariantList{20, 30, 10} << "Cba";
+        QTest::newRow("equal numbers by text") << mode << QVariantList{0, 0, 0} << "abC";
+        QTest::newRow("one number alone") << mode << QVariantList{5, none, none} << "abC";
+        QTest::newRow("fractions, below zero") << mode << QVariantList{-9.5, 10.0, -10.5} << "Cba";
+        QTest::newRow("every column") << name << QVariantList{20, 30, 10} << "Cba";
+    }
+
+    void sorting()
+    {
+        QFETCH(int, column);
+        QFETCH(QVariantList, codes);
+        QFETCH(QString, sorted);
+        const QString texts = "baC";
+        QStandardItemModel source(3, kCodeColumn + 1);
+        for (int row = 0; row < 3; ++row) {
+            source.setData(source.index(row, column), QString(texts.at(row)));
+            source.setData(source.index(row, column), codes.at(row), Qt::UserRole);
         }
-        return true;
-    };
-    // The children are parted by a line, the cell above them is not (its text may cross there).
-    QVERIFY(hasEdge(height * 3 / 4, height - 4));
-    QVERIFY(!hasEdge(2, height / 4));
-    // A group has an edge half-way up, a single cell fills the height.
-    QVERIFY(!Table::isSeamless(image, middle - 8, height / 4, height * 3 / 4));
-    QVERIFY(Table::isSeamless(image, 6, 4, height - 4));
-    // The arrow of the sorting stands at the child.
-    table.header->setSortIndicatorShown(true);
-    table.header->setSortIndicator(2, Qt::AscendingOrder);
-    const QRect top(0, 0, image.width(), height / 2 - 2);
-    QCOMPARE(table.picture().copy(top), image.copy(top));
-}
+        ProxyModelHierachicalHeader proxy;
+        proxy.setSourceModel(&source);
+        const auto shown = [&](int row) {
+            return proxy.index(row, column).data().toString();
+        };
+        proxy.sort(column, Qt::AscendingOrder);
+        QCOMPARE(shown(0) + shown(1) + shown(2), sorted);
+        proxy.sort(column, Qt::DescendingOrder);
+        QCOMPARE(shown(2) + shown(1) + shown(0), sorted);
+    }
 
-void TestHierarchicalHeader::groupsStayTogether_data()
-{
-    // "order": groups 1+2 and 4+5 of seven sections
-    addColumns<int, int, QString>("from", "to", "order");
-    QTest::newRow("first of a group goes right") << 1 << 6 << "0345612";
-    QTest::newRow("second of a group goes left") << 2 << 0 << "1203456";
-    QTest::newRow("second goes right") << 2 << 6 << "0345612";
-    QTest::newRow("another one dropped inside") << 0 << 1 << "1203456";
-    QTest::newRow("one group dropped into another") << 4 << 2 << "0124536";
-    QTest::newRow("no group touched") << 3 << 6 << "0124563";
-}
+    void topCellJoinsItsSections()
+    {
+        const HeadedTable table("A G:CD E", 4);
+        const QImage image = table.picture();
+        const int height = image.height();
+        const int middle = table.header->sectionPosition(2); // between the two children
+        const auto hasEdge = [&](int top, int bottom) {
+            for (int y = top; y < bottom; ++y) {
+                const int left = qGray(image.pixel(middle - 4, y));
+                const int edge =
+                    qMin(qGray(image.pixel(middle - 1, y)), qGray(image.pixel(middle, y)));
+                if (left - edge < 8) {
+                    return false;
+                }
+            }
+            return true;
+        };
+        // The children are parted by a line, the cell above them is not (its text may cross there).
+        QVERIFY(hasEdge(height * 3 / 4, height - 4));
+        QVERIFY(!hasEdge(2, height / 4));
+        // A group has an edge half-way up, a single cell fills the height.
+        QVERIFY(!HeadedTable::isSeamless(image, middle - 8, height / 4, height * 3 / 4));
+        QVERIFY(HeadedTable::isSeamless(image, 6, 4, height - 4));
+        // The arrow of the sorting stands at the child.
+        table.header->setSortIndicatorShown(true);
+        table.header->setSortIndicator(2, Qt::AscendingOrder);
+        const QRect top(0, 0, image.width(), height / 2 - 2);
+        QCOMPARE(table.picture().copy(top), image.copy(top));
+    }
 
-void TestHierarchicalHeader::groupsStayTogether()
-{
-    QFETCH(int, from);
-    QFETCH(int, to);
-    QFETCH(QString, order);
-    const Table table(kGrouped, kGroupedColumns);
-    table.header->setGroupStarts({{1, 1}, {4, 1}});
-    table.header->moveSection(from, to);
-    QCOMPARE(table.order(), order);
-}
+    void groupsStayTogether_data()
+    {
+        // "order": groups 1+2 and 4+5 of seven sections
+        const Table<int, int, QString> row("from", "to", "order");
+        row("first of a group goes right", 1, 6, "0345612");
+        row("second of a group goes left", 2, 0, "1203456");
+        row("second goes right", 2, 6, "0345612");
+        row("another one dropped inside", 0, 1, "1203456");
+        row("one group dropped into another", 4, 2, "0124536");
+        row("no group touched", 3, 6, "0124563");
+    }
+
+    void groupsStayTogether()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(QString, order);
+        const HeadedTable table(kGrouped, kGroupedColumns);
+        table.header->setGroupStarts({{1, 1}, {4, 1}});
+        table.header->moveSection(from, to);
+        QCOMPARE(table.order(), order);
+    }
+};
 
 REGISTER_TEST(TestHierarchicalHeader, QApplication)
 #include "tst_hierarchicalheader.moc"

@@ -24,87 +24,78 @@ class TestLampLevels : public TestCase
 {
     Q_OBJECT
 private slots:
-    void everyCode();
-    void combinations_data();
-    void combinations();
-    void rounds_data();
-    void rounds();
+    void everyCode()
+    {
+        // Worked out from the meaning of the codes, from code 0, the rest 0: a present fault is
+        // major, a remembered one minor, and codes that read "Unknown" raise nothing (but 3, which
+        // is counted as remembered).
+        const QString loop("0211202012100000222020202220000012102020121");
+        const QString earth("0210222212110210");
+        const QString amplifier("0021");
+        const auto levelOf = [](const QString& levels, int code) {
+            return code < levels.size() ? QString(levels.at(code)) : "0";
+        };
+        const auto found = [](const Codes& codes) {
+            return digits(lampLevels(withCodes("01", codes)));
+        };
+        for (int code = 0; code < 256; ++code) {
+            const QString tag = QString::number(code) + ": ";
+            QCOMPARE(tag + found({code}), tag + (code == 30    ? "1000"
+                                                 : code == 253 ? "0001"
+                                                               : "0000"));
+            QCOMPARE(tag + found({10, code}), tag + "00" + levelOf(loop, code) + "0");
+            QCOMPARE(tag + found({10, 0, code}), tag + "0" + levelOf(earth, code) + "00");
+            QCOMPARE(tag + found({10, 0, 0, code}), tag + "00" + levelOf(amplifier, code) + "0");
+        }
+    }
+
+    void combinations_data()
+    {
+        const Table<Codes, QString> row("codes", "levels");
+        row("remembered open, amplifier gone", {10, 2, 0, 2}, "0020");
+        row("open, amplifier back", {10, 1, 0, 3}, "0020");
+        row("loop unknown, amplifier gone", {10, 5, 0, 2}, "0020");
+        row("everything at once, service", {30, 4, 4, 2}, "1220");
+        row("everything at once, settings", {253, 8, 8, 3}, "0111");
+        row("disconnected", {255, 64, 16, 255}, "0000");
+    }
+
+    void combinations()
+    {
+        QFETCH(Codes, codes);
+        QTEST(digits(lampLevels(withCodes("01", codes))), "levels");
+    }
+
+    void rounds_data()
+    {
+        // "records": "<hexId>:<earth code>"
+        // "shown": lamp B's level, "-" within a round
+        const Table<QString, QString> row("records", "shown");
+        row("a single LDB ends a round each time", "01:4 01:2 01:0", "2 1 0");
+        row("the fault of another shows when the first comes again",
+            "01:0 02:4 03:0 01:0 02:0 01:0", "0 - - 2 - 0");
+        row("the record that ends a round counts for that round only", "01:0 02:2 01:4 02:0 01:0",
+            "0 - 2 - 0");
+        row("a level does not fall within a round", "01:0 02:4 02:0 03:2 01:0", "0 - - - 2");
+        row("no round ends without the first LDB", "03:0 01:4 02:0 01:0 02:0", "0 - - - -");
+    }
+
+    void rounds()
+    {
+        QFETCH(QString, records);
+
+        BusCondition condition;
+        QStringList found;
+        const QStringList each = records.split(' ');
+        for (const QString& record : each) {
+            const QString hexId = record.section(':', 0, 0);
+            const int earth = record.section(':', 1).toInt();
+            const auto levels = condition.add(hexId, withCodes(hexId, {10, 0, earth}));
+            found << (levels ? digits(*levels).mid(1, 1) : "-");
+        }
+        QTEST(found.join(' '), "shown");
+    }
 };
-
-void TestLampLevels::everyCode()
-{
-    // Worked out from the meaning of the codes, from code 0, the rest 0: a present fault is major,
-    // a remembered one minor, and codes that read "Unknown" raise nothing (but 3, which is counted
-    // as remembered).
-    const QString loop("0211202012100000222020202220000012102020121");
-    const QString earth("0210222212110210");
-    const QString amplifier("0021");
-    const auto levelOf = [](const QString& levels, int code) {
-        return code < levels.size() ? QString(levels.at(code)) : "0";
-    };
-    const auto found = [](const Codes& codes) {
-        return digits(lampLevels(withCodes(QStringLiteral("01"), codes)));
-    };
-    for (int code = 0; code < 256; ++code) {
-        const QString tag = QString::number(code) + ": ";
-        QCOMPARE(tag + found({code}), tag + (code == 30 ? "1000" : code == 253 ? "0001" : "0000"));
-        QCOMPARE(tag + found({10, code}), tag + "00" + levelOf(loop, code) + "0");
-        QCOMPARE(tag + found({10, 0, code}), tag + "0" + levelOf(earth, code) + "00");
-        QCOMPARE(tag + found({10, 0, 0, code}), tag + "00" + levelOf(amplifier, code) + "0");
-    }
-}
-
-void TestLampLevels::combinations_data()
-{
-    addColumns<Codes, QString>("codes", "levels");
-
-    QTest::newRow("remembered open, amplifier gone") << Codes{10, 2, 0, 2} << "0020";
-    QTest::newRow("open, amplifier back") << Codes{10, 1, 0, 3} << "0020";
-    QTest::newRow("loop unknown, amplifier gone") << Codes{10, 5, 0, 2} << "0020";
-    QTest::newRow("everything at once, service") << Codes{30, 4, 4, 2} << "1220";
-    QTest::newRow("everything at once, settings") << Codes{253, 8, 8, 3} << "0111";
-    QTest::newRow("disconnected") << Codes{255, 64, 16, 255} << "0000";
-}
-
-void TestLampLevels::combinations()
-{
-    QFETCH(Codes, codes);
-    QTEST(digits(lampLevels(withCodes(QStringLiteral("01"), codes))), "levels");
-}
-
-void TestLampLevels::rounds_data()
-{
-    // "records": "<hexId>:<earth code>"
-    // "shown": lamp B's level, "-" within a round
-    addColumns<QString, QString>("records", "shown");
-
-    const auto row = [](const char* tag, const char* records, const char* shown) {
-        QTest::newRow(tag) << records << shown;
-    };
-    row("a single LDB ends a round each time", "01:4 01:2 01:0", "2 1 0");
-    row("the fault of another shows when the first comes again", "01:0 02:4 03:0 01:0 02:0 01:0",
-        "0 - - 2 - 0");
-    row("the record that ends a round counts for that round only", "01:0 02:2 01:4 02:0 01:0",
-        "0 - 2 - 0");
-    row("a level does not fall within a round", "01:0 02:4 02:0 03:2 01:0", "0 - - - 2");
-    row("no round ends without the first LDB", "03:0 01:4 02:0 01:0 02:0", "0 - - - -");
-}
-
-void TestLampLevels::rounds()
-{
-    QFETCH(QString, records);
-
-    BusCondition condition;
-    QStringList found;
-    const QStringList each = records.split(QLatin1Char(' '));
-    for (const QString& record : each) {
-        const QString hexId = record.section(QLatin1Char(':'), 0, 0);
-        const int earth = record.section(QLatin1Char(':'), 1).toInt();
-        const auto levels = condition.add(hexId, withCodes(hexId, {10, 0, earth}));
-        found << (levels ? digits(*levels).mid(1, 1) : QStringLiteral("-"));
-    }
-    QTEST(found.join(QLatin1Char(' ')), "shown");
-}
 
 REGISTER_TEST(TestLampLevels, QCoreApplication)
 #include "tst_lamplevels.moc"

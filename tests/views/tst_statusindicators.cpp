@@ -35,12 +35,115 @@ class TestStatusIndicators : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override;
+    void init() override
+    {
+        TestCase::init();
+        m_panel = std::make_unique<Panel>();
+    }
 
-    void patterns_data();
-    void patterns();
-    void hatchedWhileNotKnown();
-    void statesInWords();
+    void patterns_data()
+    {
+        // "period": ms lit, and as many dark
+        const Table<Codes, int, uint, int> row("codes", "lamp", "colour", "period");
+        row("service mode", {30}, int(A), kBlue, 125);
+        row("earth fault", {10, 0, 4}, int(B), kAmber, 125);
+        row("earth fault remembered", {10, 0, 2}, int(B), kAmber, 500);
+        row("loop fault", {10, 4}, int(C), kAmber, 125);
+        row("loop fault remembered", {10, 2}, int(C), kAmber, 500);
+        row("check settings", {253}, int(D), kOrangered, 125);
+        row("fault mode lights none", {254}, int(D), kOff, 1000);
+    }
+
+    void patterns()
+    {
+        QFETCH(Codes, codes);
+        QFETCH(int, lamp);
+        QFETCH(uint, colour);
+        QFETCH(int, period);
+
+        QVERIFY(!anyIsLit());
+        m_panel->show(codes);
+        // Past the first phase, wherever the timers stand, and to the end of a dark one.
+        do {
+            untilChange(lamp);
+        } while (isLit(lamp) != (colour != kOff));
+        for (int blink = 0; blink < 5; ++blink) {
+            QCOMPARE(colourOf(lamp), colour);
+            QCOMPARE(untilChange(lamp), period);
+            QCOMPARE(colourOf(lamp), kOff);
+            QCOMPARE(untilChange(lamp), period);
+        }
+        for (int other = A; other <= D; ++other) {
+            QVERIFY(other == lamp || !isLit(other));
+        }
+    }
+
+    void hatchedWhileNotKnown()
+    {
+        VirtualTime& time = *VirtualTime::current();
+        StatusIndicators& indicators = m_panel->indicators;
+        const auto process = [&indicators](const QString& hexId, const Codes& codes) {
+            indicators.processData(hexId, withCodes(hexId, codes));
+        };
+        QVERIFY(m_panel->areHatched()); // nothing is known yet
+        process("01", {30});
+        time.advance(1000);
+        // What is wrong is known at once; that all else is well, when everybody has been asked.
+        QVERIFY(!m_panel->isHatched(A));
+        QVERIFY(m_panel->isHatched(B));
+        process("02", {});
+        QVERIFY(m_panel->isHatched(B));
+        process("01", {30});
+        QVERIFY(!m_panel->isHatched(B));
+
+        // Not monitored, only one LDB polled, and nobody heard for long: none of it looks like
+        // rest.
+        Monitoring alone = records::monitored();
+        alone.polledAlone = "01";
+        for (const Monitoring& monitoring : {records::stopped(), alone, records::monitored(16)}) {
+            indicators.setMonitoring(monitoring);
+            QVERIFY(m_panel->areHatched());
+            time.advance(1000);
+            QVERIFY(m_panel->areHatched());
+            indicators.setMonitoring(records::monitored());
+            m_panel->show({30});
+            QVERIFY(!m_panel->isHatched(B));
+        }
+
+        // The rounds go on when the LDB that marked them has gone for good.
+        indicators.keepOnly({"02"});
+        QVERIFY(m_panel->isHatched(B));
+        process("02", {});
+        process("02", {});
+        QVERIFY(!m_panel->isHatched(A) && !isLit(A));
+    }
+
+    void statesInWords()
+    {
+        const QString before = m_panel->lamps[A].toolTip();
+        m_panel->show({253, 2, 1});
+        // An unlit lamp says something else before a round has been seen.
+        QVERIFY(m_panel->lamps[A].toolTip() != before);
+        QStringList found;
+        for (const QLabel& lamp : m_panel->lamps) {
+            found << lamp.accessibleName();
+            QCOMPARE(lamp.toolTip(), lamp.accessibleName() + '\n' + lamp.accessibleDescription());
+        }
+        QCOMPARE(found.join('|'), "SERVICE MODE: off|EARTH FAULT: blinking fast|"
+                                  "OPEN/SHORT/LEAK: blinking slowly|SETTINGS: blinking fast");
+
+        // In another language the state is kept, its words change, in every lamp.
+        const BracketingTranslator translator;
+        m_panel->indicators.retranslate();
+        QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: blinking fast]");
+        for (const QLabel& lamp : m_panel->lamps) {
+            QVERIFY(lamp.toolTip().startsWith("[["));
+            QVERIFY(lamp.accessibleDescription().startsWith('['));
+        }
+        m_panel->indicators.setMonitoring(records::stopped());
+        QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: not known]");
+        QCOMPARE(m_panel->lamps[B].accessibleDescription(), "[Not all LDBs are monitored.]");
+    }
 
 private:
     struct Panel
@@ -54,8 +157,7 @@ private:
         void show(const Codes& codes)
         {
             for (int round = 0; round < 2; ++round) {
-                indicators.processData(QStringLiteral("01"),
-                                       withCodes(QStringLiteral("01"), codes));
+                indicators.processData("01", withCodes("01", codes));
             }
         }
         bool isHatched(int lamp) const
@@ -99,117 +201,6 @@ private:
 
     std::unique_ptr<Panel> m_panel;
 };
-
-void TestStatusIndicators::init()
-{
-    TestCase::init();
-    m_panel = std::make_unique<Panel>();
-}
-
-void TestStatusIndicators::patterns_data()
-{
-    // "period": ms lit, and as many dark
-    addColumns<Codes, int, uint, int>("codes", "lamp", "colour", "period");
-
-    QTest::newRow("service mode") << Codes{30} << int(A) << kBlue << 125;
-    QTest::newRow("earth fault") << Codes{10, 0, 4} << int(B) << kAmber << 125;
-    QTest::newRow("earth fault remembered") << Codes{10, 0, 2} << int(B) << kAmber << 500;
-    QTest::newRow("loop fault") << Codes{10, 4} << int(C) << kAmber << 125;
-    QTest::newRow("loop fault remembered") << Codes{10, 2} << int(C) << kAmber << 500;
-    QTest::newRow("check settings") << Codes{253} << int(D) << kOrangered << 125;
-    QTest::newRow("fault mode lights none") << Codes{254} << int(D) << kOff << 1000;
-}
-
-void TestStatusIndicators::patterns()
-{
-    QFETCH(Codes, codes);
-    QFETCH(int, lamp);
-    QFETCH(uint, colour);
-    QFETCH(int, period);
-
-    QVERIFY(!anyIsLit());
-    m_panel->show(codes);
-    // Past the first phase, wherever the timers stand, and to the end of a dark one.
-    do {
-        untilChange(lamp);
-    } while (isLit(lamp) != (colour != kOff));
-    for (int blink = 0; blink < 5; ++blink) {
-        QCOMPARE(colourOf(lamp), colour);
-        QCOMPARE(untilChange(lamp), period);
-        QCOMPARE(colourOf(lamp), kOff);
-        QCOMPARE(untilChange(lamp), period);
-    }
-    for (int other = A; other <= D; ++other) {
-        QVERIFY(other == lamp || !isLit(other));
-    }
-}
-
-void TestStatusIndicators::hatchedWhileNotKnown()
-{
-    VirtualTime& time = *VirtualTime::current();
-    StatusIndicators& indicators = m_panel->indicators;
-    const auto process = [&indicators](const char* hexId, const Codes& codes) {
-        const QString id = QString::fromLatin1(hexId);
-        indicators.processData(id, withCodes(id, codes));
-    };
-    QVERIFY(m_panel->areHatched()); // nothing is known yet
-    process("01", {30});
-    time.advance(1000);
-    // What is wrong is known at once; that all else is well, when everybody has been asked.
-    QVERIFY(!m_panel->isHatched(A));
-    QVERIFY(m_panel->isHatched(B));
-    process("02", {});
-    QVERIFY(m_panel->isHatched(B));
-    process("01", {30});
-    QVERIFY(!m_panel->isHatched(B));
-
-    // Not monitored, only one LDB polled, and nobody heard for long: none of it looks like rest.
-    Monitoring alone = records::monitored();
-    alone.polledAlone = QStringLiteral("01");
-    for (const Monitoring& monitoring : {records::stopped(), alone, records::monitored(16)}) {
-        indicators.setMonitoring(monitoring);
-        QVERIFY(m_panel->areHatched());
-        time.advance(1000);
-        QVERIFY(m_panel->areHatched());
-        indicators.setMonitoring(records::monitored());
-        m_panel->show({30});
-        QVERIFY(!m_panel->isHatched(B));
-    }
-
-    // The rounds go on when the LDB that marked them has gone for good.
-    indicators.keepOnly({QStringLiteral("02")});
-    QVERIFY(m_panel->isHatched(B));
-    process("02", {});
-    process("02", {});
-    QVERIFY(!m_panel->isHatched(A) && !isLit(A));
-}
-
-void TestStatusIndicators::statesInWords()
-{
-    const QString before = m_panel->lamps[A].toolTip();
-    m_panel->show({253, 2, 1});
-    // An unlit lamp says something else before a round has been seen.
-    QVERIFY(m_panel->lamps[A].toolTip() != before);
-    QStringList found;
-    for (const QLabel& lamp : m_panel->lamps) {
-        found << lamp.accessibleName();
-        QCOMPARE(lamp.toolTip(), lamp.accessibleName() + '\n' + lamp.accessibleDescription());
-    }
-    QCOMPARE(found.join('|'), "SERVICE MODE: off|EARTH FAULT: blinking fast|"
-                              "OPEN/SHORT/LEAK: blinking slowly|SETTINGS: blinking fast");
-
-    // In another language the state is kept, its words change, in every lamp.
-    const BracketingTranslator translator;
-    m_panel->indicators.retranslate();
-    QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: blinking fast]");
-    for (const QLabel& lamp : m_panel->lamps) {
-        QVERIFY(lamp.toolTip().startsWith("[["));
-        QVERIFY(lamp.accessibleDescription().startsWith('['));
-    }
-    m_panel->indicators.setMonitoring(records::stopped());
-    QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: not known]");
-    QCOMPARE(m_panel->lamps[B].accessibleDescription(), "[Not all LDBs are monitored.]");
-}
 
 REGISTER_TEST(TestStatusIndicators, InVirtualTime<QApplication>)
 
