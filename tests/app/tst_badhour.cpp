@@ -188,7 +188,7 @@ void TestBadHour::check()
 
 bool TestBadHour::isMonitored() const
 {
-    return child<QLabel>("monitoringLabel")->text().startsWith(QStringLiteral("Monitored"));
+    return child<QLabel>("monitoringLabel")->text().startsWith("Monitored");
 }
 
 void TestBadHour::checkRow(const QModelIndex& idCell)
@@ -245,7 +245,7 @@ void TestBadHour::checkLamps()
 {
     const auto isDark = [this](const char* lamp) {
         const auto* label = child<QLabel>(lamp);
-        return label->accessibleName().endsWith(QStringLiteral(": off"));
+        return label->accessibleName().endsWith(": off");
     };
     const QImage hatched = lampimage::drawUnknown().toImage();
     for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
@@ -311,7 +311,7 @@ void TestBadHour::nothingOldLooksLive()
     m_bus.reset();
     QVERIFY2(m_differences.isEmpty(), qPrintable(m_differences.join(QLatin1Char('\n'))));
     // It was a bad time, and there was something to compare.
-    QVERIFY(happened.contains(QStringLiteral("cut")) && happened.size() > 5);
+    QVERIFY(happened.contains("cut") && happened.size() > 5);
     QVERIFY2(m_live > seconds && m_notLive > seconds / 2 && m_lost > seconds / 10,
              qPrintable(QStringLiteral("%1 live, %2 not live, %3 lost")
                             .arg(m_live)

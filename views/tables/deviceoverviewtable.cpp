@@ -188,6 +188,7 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
         refreshRow(row, dataList);
     }
     showLiveness(m_rowOfLdb.value(hexId));
+    colourRow(m_rowOfLdb.value(hexId));
     settleSelection(hexId, isNewRow);
 }
 
@@ -342,17 +343,29 @@ void DeviceOverviewTable::showLiveness(int row)
     const QString hexId = hexIdOf(row);
     const std::optional<qint64> time = m_times.value(hexId);
     const bool isLive = m_monitoring.isLive(hexId, time);
-    cellcolours::update(*m_model.item(row, overview::TickColumn), overview::LiveRole, isLive);
+    QStandardItem& tickItem = *m_model.item(row, overview::TickColumn);
+    if (cellcolours::update(tickItem, overview::LiveRole, isLive)) {
+        colourRow(row);
+    }
+    showAge(row, isLive ? QString() : m_monitoring.ageText(time));
+}
+
+void DeviceOverviewTable::colourRow(int row)
+{
+    const bool isLive = m_model.item(row, overview::TickColumn)->data(overview::LiveRole).toBool();
     for (int column = overview::IdColumn; column < overview::ColumnCount; ++column) {
         if (QStandardItem* item = m_model.item(row, column)) {
             colourCell(*item, isLive);
         }
     }
-    if (QStandardItem* mode = m_model.item(row, overview::ModeColumn)) {
-        const QString age = isLive ? QString() : m_monitoring.ageText(time);
-        if (cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
-            fitRow(row);
-        }
+}
+
+void DeviceOverviewTable::showAge(int row, const QString& age)
+{
+    QStandardItem* mode = m_model.item(row, overview::ModeColumn);
+    if (mode != nullptr &&
+        cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
+        fitRow(row);
     }
 }
 

@@ -91,6 +91,8 @@ private:
     void refreshRow(int row, const QList<QStringList>& dataList);
 
     void showLiveness(int row);
+    void showAge(int row, const QString& age);
+    void colourRow(int row);
     void colourCell(QStandardItem& item, bool isLive) const;
     void fitRow(int row);
     void openMenu(const QPoint& position);
