@@ -28,7 +28,9 @@ void OverviewRowDelegate::initStyleOption(QStyleOptionViewItem* option,
                                           const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    const QString age = index.data(overview::AgeRole).toString();
+    // A number and its unit stay in one line.
+    const QString age =
+        index.data(overview::AgeRole).toString().replace(QLatin1Char(' '), QChar::Nbsp);
     if (!age.isEmpty()) {
         option->text += QStringLiteral(" (%1)").arg(age);
     }
