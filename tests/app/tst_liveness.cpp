@@ -1,28 +1,16 @@
 #include "app/log/logpanel.h"
-#include "app/notices/messagebox.h"
 #include "app/shared/colours.h"
-#include "app/shared/usersettings.h"
 #include "app/window/attention.h"
-#include "app/window/mainwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/app/livewindow.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tests/tracking/plotinspection.h"
 #include "tracking/faultfinding/alarmsound.h"
-#include "tracking/faultfinding/fimtracking.h"
-#include "views/lamps/statusindicators.h"
 #include "views/tables/overviewcolumns.h"
 
-#include <QtWidgets>
-#include <qwt_plot_curve.h>
-
 #include <cmath>
-#include <memory>
 
 namespace {
 
-const QStringList kLdbs{QStringLiteral("03"), QStringLiteral("0A"), QStringLiteral("FD")};
 const QString kDash = QString::fromUtf8("–");
 constexpr int kEarthLeakage = 1;
 constexpr qint64 kSilence = 25000; // ms, longer than any value of a small bus is live
@@ -38,24 +26,10 @@ QByteArray withLeakage(int state = 10)
 } // namespace
 
 /// The whole window on the bus: what it shows as live is so, and what is not live looks so.
-class TestLiveness : public TestCase
+class TestLiveness : public LiveWindow
 {
     Q_OBJECT
 private slots:
-    void init() override
-    {
-        TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
-    }
-
-    void cleanup() override
-    {
-        m_window.reset();
-        m_bus.reset();
-        m_sandbox.reset();
-        TestCase::cleanup();
-    }
-
     void stripSaysWhatIsMonitored()
     {
         open(kLdbs);
@@ -114,7 +88,7 @@ private slots:
         start();
         QCOMPARE(liveRows(), kLdbs);
         QCOMPARE(age(kLdbs.at(1)), QString());
-        const QColor former = textColour(kLdbs.at(1), overview::LoopColumn);
+        const QColor former = loopTextColour();
         QCOMPARE(curveColour("VPri"), QColor("red"));
 
         const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
@@ -135,7 +109,7 @@ private slots:
         VirtualTime::current()->advance(kSilence);
         QCOMPARE(liveRows(), live);
         QVERIFY(text(kLdbs.at(1), overview::PrimaryVoltageColumn).endsWith(" V"));
-        QVERIFY(textColour(kLdbs.at(1), overview::LoopColumn) != former);
+        QVERIFY(loopTextColour() != former);
         QVERIFY2(QRegularExpression("^2\\d s$").match(age(kLdbs.at(1))).hasMatch(),
                  qPrintable(age(kLdbs.at(1))));
         QVERIFY(areLampsHatched());
@@ -154,7 +128,7 @@ private slots:
         if (event == "silence") {
             m_bus->setPresent(kLdbs);
             WAIT_COMPARE(liveRows(), kLdbs);
-            QCOMPARE(textColour(kLdbs.at(1), overview::LoopColumn), former);
+            QCOMPARE(loopTextColour(), former);
             QCOMPARE(curveColour("VPri"), QColor("red"));
             const auto* curve = plotinspection::curveOf(*child<QWidget>("plotContainer"), "VPri");
             int gaps = 0;
@@ -172,8 +146,7 @@ private slots:
     {
         const QString lost = kLdbs.first(); // the one in detail and plot
         start();
-        const QString path = m_sandbox->path("log.csv");
-        child<QLineEdit>("logFilePathText")->setText(path);
+        const QString path = setLogPath();
         click("logStartStopButton");
         m_bus->setPresent(kLdbs.mid(1));
         WAIT_COMPARE(text(lost, overview::NameColumn), "Disconnected (LDB 03)");
@@ -273,8 +246,7 @@ private slots:
                 child<QTabWidget>("controlTabs")->tabIcon(2).pixmap(18, 18).toImage();
             return image.pixelColor(image.width() / 2, image.height() / 2);
         };
-        const QString path = m_sandbox->path("log.csv");
-        child<QLineEdit>("logFilePathText")->setText(path);
+        const QString path = setLogPath();
         click("logStartStopButton");
         WAIT_COMPARE(panel->status(), LogPanel::Status::Logging);
         QCOMPARE(dot(), QColor(colours::kOrangered));
@@ -306,8 +278,7 @@ private slots:
     void logStaysWithItsLdb()
     {
         start();
-        const QString path = m_sandbox->path("log.csv");
-        child<QLineEdit>("logFilePathText")->setText(path);
+        const QString path = setLogPath();
         child<QRadioButton>("logSelectedRadioButton")->click();
         click("logStartStopButton");
         QCOMPARE(label("logSubjectLabel"), "LDB 03 (LDB 03)");
@@ -385,120 +356,6 @@ private slots:
         m_bus->setPresent({kLdbs.at(1)});
         WAIT_COMPARE(called.size(), 3); // another one is lost
     }
-
-private:
-    void open(const QStringList& ldbs)
-    {
-        m_bus = std::make_unique<TestBus>(ldbs);
-        userSettings().setValue(constants::kComPortKey, m_bus->portName());
-        m_window = std::make_unique<MainWindow>(m_bus->ports());
-        m_window->show();
-    }
-    void start(const QStringList& ldbs = kLdbs)
-    {
-        open(ldbs);
-        click("startButton");
-        WAIT_VERIFY(overview()->model()->rowCount() == ldbs.size());
-        // With their names, and after a whole round.
-        VirtualTime::current()->advance(4000);
-        QVERIFY(!areLampsHatched());
-    }
-    template <typename T>
-    T* child(const char* name) const
-    {
-        T* found = m_window->findChild<T*>(QLatin1String(name));
-        Q_ASSERT(found != nullptr);
-        return found;
-    }
-    void click(const char* name) const { child<QPushButton>(name)->click(); }
-    QString label(const char* name) const { return child<QLabel>(name)->text(); }
-    QString strip() const { return label("monitoringLabel"); }
-    QTableView* overview() const { return child<QTableView>("deviceOverviewTableView"); }
-    QModelIndex cell(const QString& hexId, int column) const
-    {
-        const QAbstractItemModel* model = overview()->model();
-        for (int row = 0; row < model->rowCount(); ++row) {
-            if (model->index(row, overview::IdColumn).data().toString() == hexId) {
-                return model->index(row, column);
-            }
-        }
-        return {};
-    }
-    QString text(const QString& hexId, int column) const
-    {
-        return cell(hexId, column).data().toString();
-    }
-    bool isLive(const QString& hexId) const
-    {
-        return cell(hexId, overview::TickColumn).data(overview::LiveRole).toBool();
-    }
-    QStringList liveRows() const
-    {
-        QStringList live;
-        for (const QString& hexId : kLdbs) {
-            if (isLive(hexId)) {
-                live.append(hexId);
-            }
-        }
-        return live;
-    }
-    QString age(const QString& hexId) const
-    {
-        return cell(hexId, overview::ModeColumn).data(overview::AgeRole).toString();
-    }
-    QColor textColour(const QString& hexId, int column) const
-    {
-        return cell(hexId, column).data(Qt::ForegroundRole).value<QBrush>().color();
-    }
-    bool areLampsHatched() const
-    {
-        for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
-            if (child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() !=
-                lampimage::drawUnknown().toImage()) {
-                return false;
-            }
-        }
-        return true;
-    }
-    QString detailTime() const
-    {
-        return child<QTableView>("deviceDetailTableView")->model()->index(10, 1).data().toString();
-    }
-    QColor curveColour(const char* name) const
-    {
-        return plotinspection::curveOf(*child<QWidget>("plotContainer"), name)->pen().color();
-    }
-    QString clock() const
-    {
-        return QDateTime::fromMSecsSinceEpoch(VirtualTime::kWallStart +
-                                              VirtualTime::current()->now())
-            .toString(QStringLiteral("hh:mm:ss"));
-    }
-    void clickRow(const QString& hexId) const
-    {
-        QTest::mouseClick(overview()->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          overview()->visualRect(cell(hexId, overview::NameColumn)).center());
-    }
-    void closeBoxes() const
-    {
-        for (MessageBox* box : m_window->findChildren<MessageBox*>()) {
-            box->close();
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    QStringList causes() const
-    {
-        QStringList texts;
-        const auto* list = child<QListWidget>("lampCausesOut");
-        for (int row = 0; row < list->count(); ++row) {
-            texts.append(list->item(row)->text());
-        }
-        return texts;
-    }
-
-    std::unique_ptr<Sandbox> m_sandbox;
-    std::unique_ptr<TestBus> m_bus;
-    std::unique_ptr<MainWindow> m_window;
 };
 
 REGISTER_TEST(TestLiveness, InVirtualTime<QApplication>)
