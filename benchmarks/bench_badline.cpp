@@ -23,6 +23,7 @@
 #include "benchmarks/badline/windowoperator.h"
 #include "benchmarks/support/report.h"
 #include "benchmarks/support/simulatorprocess.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -261,7 +262,13 @@ QString missedFaults(const Traces& traces, const LogFindings& unspoilt)
     expect(doubled.wrong.size() > unspoilt.wrong.size(), "a line twice");
     const LogFindings lost = findingsOf([&text](Log& log, Log::iterator at) {
         LoggedLine line = *at;
-        line.text = text.left(2) + ";Disconnected" + text.mid(text.indexOf(';', 3));
+        QByteArrayList values = text.split(';');
+        values[generalinformation::ModeRow] = "Disconnected";
+        for (int row = generalinformation::LoopRow; row <= generalinformation::AmplifierRow;
+             ++row) {
+            values[row].clear();
+        }
+        line.text = values.join(';');
         log.insert(at, line);
     });
     expect(lost.falseLosses > unspoilt.falseLosses, "a false loss");

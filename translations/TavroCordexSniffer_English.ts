@@ -127,4 +127,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>MonitoringStrip</name>
+    <message numerus="yes">
+        <source>Monitored: %n LDBs answer.</source>
+        <translation>
+            <numerusform>Monitored: %n LDB answers.</numerusform>
+            <numerusform>Monitored: %n LDBs answer.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

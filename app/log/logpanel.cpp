@@ -3,6 +3,7 @@
 #include "app/notices/filedialog.h"
 #include "app/notices/notices.h"
 #include "app/shared/usersettings.h"
+#include "serial/ldb/generalinformation.h"
 #include "ui_logpanel.h"
 #include "views/log/filelogger.h"
 
@@ -10,6 +11,13 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+
+namespace {
+
+/// A wait that is no more than that for the first record, ms, is not worth a word.
+constexpr qint64 kShortestGap = 2000;
+
+} // namespace
 
 LogPanel::LogPanel(QWidget* parent)
     : QWidget(parent)
@@ -53,6 +61,7 @@ void LogPanel::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         m_ui->retranslateUi(this);
         updateButtonText();
+        updateTexts();
     }
 }
 
@@ -87,14 +96,107 @@ void LogPanel::on_logStartStopButton_toggled(bool checked)
              m_ui->logSelectedRadioButton, m_ui->logAllRadioButton}) {
         widget->setEnabled(!checked);
     }
+    if (checked) {
+        beginLog();
+    }
     if (m_logger->startStop(checked)) {
-        emit loggingChanged(checked);
+        updateStatus();
         return;
     }
     m_notices->say([fileName, reason = m_logger->errorString()] {
         return tr("The log file %1 cannot be opened: %2").arg(fileName, reason);
     });
     m_ui->logStartStopButton->click();
+}
+
+void LogPanel::beginLog()
+{
+    m_loggedLdb = m_selectedLdb;
+    m_logger->setSelectedHexId(m_loggedLdb);
+    m_lastRecord.reset();
+    m_gap.reset();
+}
+
+void LogPanel::setSelectedLdb(const QString& hexId)
+{
+    m_selectedLdb = hexId;
+    if (!m_logger->isLogging()) {
+        m_logger->setSelectedHexId(hexId);
+    } else if (m_loggedLdb.isEmpty()) {
+        // The log was begun before there was any LDB.
+        m_loggedLdb = hexId;
+        m_logger->setSelectedHexId(hexId);
+        updateTexts();
+    }
+}
+
+bool LogPanel::isWanted(const QString& hexId) const
+{
+    return m_ui->logAllRadioButton->isChecked() || hexId == m_loggedLdb;
+}
+
+void LogPanel::processData(const QString& hexId, const QList<QStringList>& dataList)
+{
+    m_names.insert(hexId, generalinformation::ownName(dataList));
+    if (isWanted(hexId)) {
+        m_lastRecord = generalinformation::clockTime(dataList);
+        updateStatus();
+    }
+    m_logger->processData(hexId, dataList);
+}
+
+void LogPanel::setMonitoring(const Monitoring& monitoring)
+{
+    m_monitoring = monitoring;
+    updateStatus();
+}
+
+void LogPanel::updateStatus()
+{
+    const bool isAll = m_ui->logAllRadioButton->isChecked();
+    const QString& hexId = isAll ? m_monitoring.polledAlone : m_loggedLdb;
+    Status status = Status::Off;
+    if (m_logger->isLogging()) {
+        status = m_monitoring.isLive(hexId, m_lastRecord) ? Status::Logging : Status::Waiting;
+    }
+    if (status != m_status) {
+        if (status == Status::Waiting) {
+            m_waitingSince = m_lastRecord.value_or(m_monitoring.now);
+        } else if (m_status == Status::Waiting && m_lastRecord &&
+                   *m_lastRecord - m_waitingSince >= kShortestGap) {
+            m_gap = std::make_pair(m_waitingSince, *m_lastRecord);
+        }
+        m_status = status;
+        emit statusChanged(status);
+    }
+    updateTexts();
+}
+
+void LogPanel::updateTexts()
+{
+    m_ui->logSubjectLabel->setText(subjectText());
+    m_ui->logStatusLabel->setText(statusText());
+}
+
+QString LogPanel::subjectText() const
+{
+    if (!m_logger->isLogging() || m_ui->logAllRadioButton->isChecked() || m_loggedLdb.isEmpty()) {
+        return {};
+    }
+    const QString name = m_names.value(m_loggedLdb).simplified();
+    return name.isEmpty() ? tr("LDB %1").arg(m_loggedLdb)
+                          : tr("LDB %1 (%2)").arg(m_loggedLdb, name);
+}
+
+QString LogPanel::statusText() const
+{
+    if (m_status == Status::Waiting) {
+        return tr("Waiting for the bus since %1.").arg(m_monitoring.clockText(m_waitingSince));
+    }
+    return m_gap ? tr("No record came from %1 to %2.")
+                       .arg(m_monitoring.clockText(m_gap->first),
+                            m_monitoring.clockText(m_gap->second))
+                 : QString();
 }
 
 void LogPanel::processLoggingFailed(const QString& fileName, const QString& reason)

@@ -128,7 +128,8 @@ LinkNotices::LinkNotices(Notices* notices, QObject* parent)
 
 void LinkNotices::follow(const SerialLink* link)
 {
-    connect(link, &SerialLink::ldbDisconnected, this, &LinkNotices::tellLoss);
+    connect(link, &SerialLink::ldbDisconnected, this,
+            [this, link](const QString& hexId) { tellLoss(hexId, link->nameOf(hexId)); });
     connect(link, &SerialLink::portFailed, this,
             [this](const QString& portName, int error, const QString& description) {
                 m_failure = {portName, error, description};
@@ -142,16 +143,19 @@ void LinkNotices::follow(const SerialLink* link)
     });
 }
 
-void LinkNotices::tellLoss(const QString& hexId)
+void LinkNotices::tellLoss(const QString& hexId, const QString& name)
 {
-    const QString name = QStringLiteral("lossBox");
-    if (!m_notices->isOpen(name)) {
+    const QString boxName = QStringLiteral("lossBox");
+    const QString ldb = name.simplified().isEmpty()
+                            ? hexId
+                            : QStringLiteral("%1 (%2)").arg(hexId, name.simplified());
+    if (!m_notices->isOpen(boxName)) {
         m_lostLdbs.clear();
     }
     // An LDB that comes and goes while the user is away must not fill the box with itself.
-    if (!m_lostLdbs.contains(hexId)) {
-        m_lostLdbs.append(hexId);
+    if (!m_lostLdbs.contains(ldb)) {
+        m_lostLdbs.append(ldb);
     }
     m_notices->box(
-        QMessageBox::Critical, [lost = m_lostLdbs] { return lossText(lost); }, name);
+        QMessageBox::Critical, [lost = m_lostLdbs] { return lossText(lost); }, boxName);
 }

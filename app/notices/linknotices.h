@@ -56,7 +56,8 @@ public:
     void follow(const SerialLink* link);
 
     /// An LDB was lost: one box at a time, to which every LDB lost while it is open adds a line.
-    void tellLoss(const QString& hexId);
+    /// `name`: the LDB's own, may be empty.
+    void tellLoss(const QString& hexId, const QString& name);
 
 private:
     Notices* m_notices;

@@ -19,7 +19,6 @@ constexpr int kProgressBarWidth = 160;
 StatusBarDisplay::StatusBarDisplay(QStatusBar* bar, Notices* notices)
     : m_notices(notices)
     , m_progress(new QProgressBar)
-    , m_polledAlone(new QLabel)
     , m_count(new QLabel)
     , m_queue(new QLabel)
 {
@@ -29,18 +28,21 @@ StatusBarDisplay::StatusBarDisplay(QStatusBar* bar, Notices* notices)
         bar->addPermanentWidget(widget);
     };
     add(m_progress, "progressBar");
-    add(m_polledAlone, "polledAloneLabel");
     add(m_count, "countLabel");
     add(m_queue, "queueLabel");
     m_progress->hide();
-    m_polledAlone->hide();
     showAvailable(0);
 }
 
-void StatusBarDisplay::showAvailable(int ldbCount)
+void StatusBarDisplay::showAvailable(int ldbCount, int lost)
 {
     m_ldbs = ldbCount;
-    showCount([ldbCount] { return tr("Available LDB's: %n.", nullptr, ldbCount); });
+    m_lost = lost;
+    showCount([ldbCount, lost] {
+        return lost == 0
+                   ? tr("Available LDB's: %n.", nullptr, ldbCount)
+                   : tr("%1 of %2 answer, %3 lost.").arg(ldbCount - lost).arg(ldbCount).arg(lost);
+    });
 }
 
 void StatusBarDisplay::showLoading()
@@ -57,7 +59,7 @@ void StatusBarDisplay::showFailure()
 void StatusBarDisplay::clearFailure()
 {
     if (std::exchange(m_hasFailed, false)) {
-        showAvailable(m_ldbs);
+        showAvailable(m_ldbs, m_lost);
     }
 }
 
@@ -106,17 +108,9 @@ void StatusBarDisplay::hideProgress()
     m_progress->reset();
 }
 
-void StatusBarDisplay::showPolledAlone(const QString& hexId)
-{
-    m_hexIdPolledAlone = hexId;
-    m_polledAlone->setVisible(!hexId.isEmpty());
-    m_polledAlone->setText(tr("Only LDB %1 is polled.").arg(hexId));
-}
-
 void StatusBarDisplay::retranslate()
 {
     m_progress->setAccessibleName(tr("Progress"));
     m_count->setText(m_countText());
     showQueueLength(m_commands);
-    showPolledAlone(m_hexIdPolledAlone);
 }

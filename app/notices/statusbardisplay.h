@@ -22,7 +22,8 @@ public:
     StatusBarDisplay(QStatusBar* bar, Notices* notices);
 
     // What the count label says.
-    void showAvailable(int ldbCount);
+    /// `ldbCount`: those known, `lost` of which do not answer.
+    void showAvailable(int ldbCount, int lost = 0);
     void showLoading();
     /// Stays, whatever `showAvailable()` says, until `clearFailure()`.
     void showFailure();
@@ -37,9 +38,6 @@ public:
     /// With the message of a scan, but with no other: what became of an action stays.
     void hideProgress();
 
-    /// Says that only this LDB is polled; nothing for an empty id.
-    void showPolledAlone(const QString& hexId);
-
     void retranslate();
 
 private:
@@ -47,13 +45,12 @@ private:
 
     Notices* m_notices;
     QProgressBar* m_progress;
-    QLabel* m_polledAlone;
     QLabel* m_count;
     QLabel* m_queue;
     Text m_countText;
     bool m_hasFailed = false;
     bool m_isScanning = false;
     int m_ldbs = 0;
+    int m_lost = 0;
     int m_commands = 0;
-    QString m_hexIdPolledAlone;
 };

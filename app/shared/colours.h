@@ -7,6 +7,7 @@ namespace colours {
 
 // Lamps.
 inline const QString kLampOff = QStringLiteral("#f0f0f0");
+inline const QString kLampUnknown = QStringLiteral("#5a5a5a"); // its hatching
 inline const QString kAmber = QStringLiteral("#fbbf00");
 inline const QString kBlue = QStringLiteral("#42b5e1");
 inline const QString kOrangered = QStringLiteral("orangered");
@@ -18,6 +19,11 @@ inline const QString kShort = QStringLiteral("#b3261e");
 inline const QString kTrackingButton = QStringLiteral("#dfe6ee");
 inline const QString kTrackingGround = QStringLiteral("#f1f5f9");
 
+// What the window says of the monitoring stands on these, dark on light.
+inline const QString kMonitored = QStringLiteral("#d6ecd6");
+inline const QString kPartlyMonitored = QStringLiteral("#ffeca0");
+inline const QString kNotMonitored = QStringLiteral("#ffcd78");
+
 // Plots. The canvas is dark in every palette: the bright named colours of the curves are told apart
 // on it; on white, lime and orange are not.
 inline const QString kPlotCanvas = QStringLiteral("#181a1e");
@@ -25,6 +31,8 @@ inline const QString kPlotGrid = QStringLiteral("#3e424a");
 inline const QString kPlotCurve = QStringLiteral("#dcdcdc"); // of no known name
 inline const QString kPlotText = QStringLiteral("#ebebeb");
 inline const QString kPlotTextHidden = QStringLiteral("#82868e");
+inline const QString kPlotPast = QStringLiteral("#70747c");
+inline const QString kPlotPastText = QStringLiteral("#ffcd78");
 inline const QString kPlotFrameLight = QStringLiteral("#6e727a");
 inline const QString kPlotFrameDark = QStringLiteral("#08090a");
 

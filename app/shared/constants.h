@@ -63,6 +63,7 @@ inline const QString kPrimaryFimStartupCurrentKey =
     QStringLiteral("FimTracking/PRIMARY_FIM_STARTUP_CURRENT");
 inline const QString kSecondaryFimStartupCurrentKey =
     QStringLiteral("FimTracking/SECONDARY_FIM_STARTUP_CURRENT");
+inline const QString kPlotRowsInOrderKey = QStringLiteral("MainWindowPlot/ROWS_IN_ORDER");
 
 // Resources compiled into the program.
 inline const QString kWarningSoundResource = QStringLiteral(":/music/resources/bleep.wav");

@@ -10,6 +10,9 @@
 #include "app/shared/colours.h"
 #include "app/shared/constants.h"
 #include "app/transfer/settingstransfer.h"
+#include "app/window/attention.h"
+#include "app/window/monitor.h"
+#include "app/window/monitoringstrip.h"
 #include "app/window/runcontrol.h"
 #include "app/window/windowlook.h"
 #include "resources/resources.h"
@@ -18,7 +21,6 @@
 #include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"
 #include "views/lamps/lamppanel.h"
-#include "views/log/filelogger.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
 #include "views/tables/mutemarks.h"
@@ -50,6 +52,19 @@ bool isUnderWay(TrackingRun::Phase phase)
     return false;
 }
 
+QIcon logMark(LogPanel::Status status)
+{
+    switch (status) {
+    case LogPanel::Status::Off:
+        break;
+    case LogPanel::Status::Logging:
+        return lampimage::draw(colours::kOrangered);
+    case LogPanel::Status::Waiting:
+        return lampimage::draw(colours::kAmber);
+    }
+    return {};
+}
+
 } // namespace
 
 MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
@@ -62,7 +77,7 @@ MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
     windowlook::setLogo(m_ui->logoLabel);
     windowlook::makeGrey(m_ui->globalStatusPanel);
     windowlook::makeGrey(m_ui->ldbActionToolBox);
-    init();
+    init(ports);
     windowlook::load(this);
     retranslate();
 }
@@ -78,20 +93,24 @@ MainWindow::~MainWindow()
     m_link.reset();
 }
 
-void MainWindow::init()
+void MainWindow::init(const PortSource& ports)
 {
     setWindowTitle(QStringLiteral("%1 Version %2")
                        .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
-    initLink();
+    initLink(ports);
     initViews();
     initPanels();
     setLdbActionButtonsState();
 }
 
-void MainWindow::initLink()
+void MainWindow::initLink(const PortSource& ports)
 {
     const SerialLink* link = m_link.get();
     (new LinkNotices(m_notices.get(), this))->follow(link);
+    m_monitor = new Monitor(link, ports.wallTime, this);
+    connect(m_monitor, &Monitor::changed, this, &MainWindow::showMonitoring);
+    connect(m_ui->monitoringStrip, &MonitoringStrip::dismissLost, this,
+            [this] { dismiss(m_overviewTable->lostLdbs()); });
     m_run = new RunControl(m_link.get(), this);
     connect(m_run, &RunControl::begun, this, &MainWindow::processRunBegun);
     connect(m_run, &RunControl::scanning, this,
@@ -101,6 +120,12 @@ void MainWindow::initLink()
     connect(m_run, &RunControl::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
     connect(link, &SerialLink::ldbListInitializationProgress, this,
             [this](int checked, int found) { m_status->showScanProgress(checked, found); });
+    connect(link, &SerialLink::ldbListChanged, this, [this] {
+        // While a scan is on, the list is not complete.
+        if (!m_run->isScanning()) {
+            dropUnknownLdbs();
+        }
+    });
     connect(link, &SerialLink::externalCommandsInQueueUpdated, this,
             [this](int commands) { m_status->showQueueLength(commands); });
 }
@@ -118,16 +143,18 @@ void MainWindow::initViews()
         {m_ui->lampALabel, m_ui->lampATextLabel, m_ui->lampCausesA, m_ui->serviceModePage},
         {m_ui->lampBLabel, m_ui->lampBTextLabel, m_ui->lampCausesB, m_ui->earthFaultPage},
         {m_ui->lampCLabel, m_ui->lampCTextLabel, m_ui->lampCausesC, m_ui->openShortLeakPage},
-        {m_ui->lampDLabel, nullptr, m_ui->lampCausesD, m_ui->settingsPage}, m_ui->ldbActionToolBox,
-        this);
+        {m_ui->lampDLabel, nullptr, m_ui->lampCausesD, m_ui->settingsPage}, m_ui->lampCausesOut,
+        m_ui->ldbActionToolBox, this);
     const auto feed = [this](auto* view, auto process) {
         connect(m_link.get(), &SerialLink::generalInformationUpdated, view, process);
     };
     feed(m_detailTable, &DeviceDetailTable::processData);
     feed(m_overviewTable, &DeviceOverviewTable::processData);
-    feed(m_ui->logTab->logger(), &FileLogger::processData);
+    feed(m_ui->logTab, &LogPanel::processData);
     feed(m_plot, &MainWindowPlot::processData);
     feed(m_lamps, &LampPanel::processData);
+    feed(new Attention(this), &Attention::processData);
+    connect(m_overviewTable, &DeviceOverviewTable::dismissed, this, &MainWindow::dismiss);
     connect(m_overviewTable, &DeviceOverviewTable::selectedLDBChanged, this,
             &MainWindow::processSelectedLdbChanged);
     connect(m_plot, &MainWindowPlot::zoomEnabledChanged, m_ui->zoomButton,
@@ -140,9 +167,8 @@ void MainWindow::initViews()
 void MainWindow::initPanels()
 {
     m_ui->logTab->setNotices(m_notices.get());
-    connect(m_ui->logTab, &LogPanel::loggingChanged, this, [this](bool logging) {
-        const QIcon mark = logging ? lampimage::draw(colours::kOrangered) : QPixmap();
-        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), mark);
+    connect(m_ui->logTab, &LogPanel::statusChanged, this, [this](LogPanel::Status status) {
+        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), logMark(status));
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
     m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
@@ -225,7 +251,6 @@ void MainWindow::processComPortUpdated(const QString& comPort)
 void MainWindow::processRunBegun()
 {
     m_ui->startButton->setChecked(true);
-    m_status->showAvailable(m_link->knownLdbs().size());
     m_notices->hush();
     m_plot->clearPlot();
     if (!m_run->selectedLdb().isEmpty()) {
@@ -236,22 +261,52 @@ void MainWindow::processRunBegun()
 void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization)
 {
     if (initialization) {
-        m_overviewTable->clear();
-        m_lamps->resetPages();
         // The port is open: the start was a success.
         m_status->clearFailure();
-    } else {
-        m_status->showAvailable(m_link->knownLdbs().size());
-        m_status->hideProgress();
-        showPolledAlone();
+        return;
+    }
+    // Those that a scan was cut short before it came to them are still there.
+    if (m_link->isRunning()) {
+        dropUnknownLdbs();
+    }
+    m_status->hideProgress();
+    showMonitoring(m_monitor->monitoring());
+}
+
+void MainWindow::dropUnknownLdbs()
+{
+    const QStringList known = m_link->knownLdbs();
+    m_overviewTable->keepOnly(known);
+    m_lamps->keepOnly(known);
+}
+
+void MainWindow::dismiss(const QStringList& hexIds)
+{
+    m_link->dismiss(hexIds);
+    QStringList kept = m_overviewTable->shownLdbs();
+    for (const QString& hexId : hexIds) {
+        kept.removeAll(hexId);
+    }
+    m_overviewTable->keepOnly(kept);
+    m_lamps->keepOnly(kept);
+}
+
+void MainWindow::showMonitoring(const Monitoring& monitoring)
+{
+    m_ui->monitoringStrip->setMonitoring(monitoring);
+    m_overviewTable->setMonitoring(monitoring);
+    m_detailTable->setMonitoring(monitoring);
+    m_plot->setMonitoring(monitoring);
+    m_lamps->setMonitoring(monitoring);
+    m_ui->logTab->setMonitoring(monitoring);
+    if (!m_run->isScanning()) {
+        m_status->showAvailable(monitoring.known, monitoring.lost);
     }
 }
 
 void MainWindow::serialProcessorStopped()
 {
-    m_lamps->reset();
     m_status->showQueueLength(0);
-    showPolledAlone();
     m_ui->startButton->setChecked(false);
 }
 
@@ -259,7 +314,7 @@ void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 {
     m_detailTable->setCurrentHexId(deviceId);
     m_muteMarks->setSelectedLdb(deviceId);
-    m_ui->logTab->logger()->setSelectedHexId(deviceId);
+    m_ui->logTab->setSelectedLdb(deviceId);
     m_plot->setSelectedDevice(deviceId);
     m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
     m_ui->ldbSettingsEditor->requestSettings();
@@ -288,15 +343,7 @@ void MainWindow::on_fimTrackingButton_clicked()
     m_putBack->follow(m_tracking);
     connect(m_tracking, &QObject::destroyed, this, [this] {
         m_tracking.clear(); // a widget tells of its end before it is known to be gone
-        showPolledAlone();
     });
-    showPolledAlone();
-}
-
-void MainWindow::showPolledAlone()
-{
-    const bool isAlone = m_tracking && m_link->isRunning();
-    m_status->showPolledAlone(isAlone ? m_tracking->hexId() : QString());
 }
 
 void MainWindow::processTransfer(bool isOn)

@@ -18,9 +18,11 @@ class DeviceOverviewTable;
 class FimTracking;
 class LampPanel;
 class MainWindowPlot;
+class Monitor;
 class MuteMarks;
 class Notices;
 class PutBack;
+struct Monitoring;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
@@ -44,7 +46,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private slots:
-    void init();
+    void init(const PortSource& ports);
     /// Shows in the language in force what the code, not the form, has set.
     void retranslate();
 
@@ -53,6 +55,8 @@ private slots:
     void on_zoomButton_toggled(bool checked);
     void on_fimTrackingButton_clicked();
 
+    /// Shows everywhere what is live.
+    void showMonitoring(const Monitoring& monitoring);
     void processComPortUpdated(const QString& comPort);
     void processSelectedLdbChanged(const QString& deviceId);
     void processTransfer(bool isOn);
@@ -64,13 +68,13 @@ private slots:
     void setLdbActionButtonsState();
 
 private:
-    void initLink();
+    void initLink(const PortSource& ports);
     void initViews();
     void initPanels();
     void processRunBegun();
+    void dropUnknownLdbs();
+    void dismiss(const QStringList& hexIds);
     void updateButtonTexts();
-    /// Says that one LDB alone is polled, while that is so.
-    void showPolledAlone();
     /// What a closing of the window would break off, a sentence each; empty when nothing is under
     /// way.
     std::vector<Text> workUnderWay() const;
@@ -82,6 +86,7 @@ private:
     std::unique_ptr<StatusBarDisplay> m_status;
     std::unique_ptr<SerialLink> m_link;
     RunControl* m_run = nullptr;
+    Monitor* m_monitor = nullptr;
     DeviceDetailTable* m_detailTable = nullptr;
     DeviceOverviewTable* m_overviewTable = nullptr;
     LampPanel* m_lamps = nullptr;

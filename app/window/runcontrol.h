@@ -45,6 +45,8 @@ public:
     void setTransferring(bool transferring);
 
     EnabledControls enabled() const;
+    /// Whether a scan is on, or has been asked for.
+    bool isScanning() const { return m_situation.initialising; }
 
 signals:
     void begun();

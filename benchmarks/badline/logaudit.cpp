@@ -23,8 +23,9 @@ QByteArray logFields(const QList<QStringList>& rows)
     QByteArrayList values;
     for (int row = ModeRow; row < TimestampRow; ++row) {
         const bool isMeasurement = row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
-        values.append(
-            field(rows, static_cast<Row>(row), isMeasurement ? ValueColumn : TextColumn).toUtf8());
+        const QString value =
+            field(rows, static_cast<Row>(row), isMeasurement ? ValueColumn : TextColumn);
+        values.append(value == kNoValue ? QByteArray() : value.toUtf8());
     }
     return values.join(';');
 }
@@ -102,7 +103,7 @@ void Audit::takeLine(const LoggedLine& line)
     }
     const QByteArray fields = values.mid(ModeRow, TimestampRow - ModeRow).join(';');
     const QString name = QString::fromUtf8(values.at(NameRow));
-    if (name == ldbStateText(LdbState::Disconnected)) {
+    if (QString::fromUtf8(values.at(ModeRow)) == ldbStateText(LdbState::Disconnected)) {
         takeLoss(hexId, fields, line.seenAt);
         return;
     }

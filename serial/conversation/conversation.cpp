@@ -41,6 +41,7 @@ Conversation::Conversation(int answerWaitTime, int forgivenMisses)
 
 void Conversation::start(const Moment& moment)
 {
+    rememberLdbs();
     m_inquiry.reset();
     m_scan.clear();
     m_schedule.clear();
@@ -113,6 +114,7 @@ void Conversation::settle(const Moment& moment)
 
 void Conversation::dispatch(const Moment& moment)
 {
+    dropDismissed();
     if (m_scan.isDue()) {
         scanNext(moment);
     } else if (m_schedule.isEmpty()) {
@@ -129,6 +131,7 @@ void Conversation::scanNext(const Moment& moment)
         m_events.emplace_back(event::ScanProgress{m_scan.address(), m_schedule.found().size()});
     } else {
         m_scan.begin();
+        rememberLdbs();
         m_schedule.clear();
         m_memory.clear();
         m_events.emplace_back(event::ListChange{});
@@ -139,6 +142,7 @@ void Conversation::scanNext(const Moment& moment)
         ask(Step::Scan, requests::poll(m_hexId), Inquiry::Role::Probe, moment);
         return;
     }
+    tellMissing(moment);
     m_hexId.clear();
     m_schedule.restart();
     m_events.emplace_back(event::ScanState{false});
@@ -360,6 +364,57 @@ void Conversation::found(const QString& hexId)
     m_events.emplace_back(event::ListChange{m_schedule.found()});
 }
 
+/// Before the list is cleared. One that has never answered a poll may never have been there.
+void Conversation::rememberLdbs()
+{
+    for (const QString& hexId : m_schedule.found()) {
+        if (m_memory.isProven(hexId)) {
+            m_expected.insert(hexId, {m_memory.name(hexId), m_schedule.isLost(hexId)});
+        }
+    }
+}
+
+/// Those that were there before and did not answer the scan: lost, and probed like every lost one.
+void Conversation::tellMissing(const Moment& moment)
+{
+    dropDismissed();
+    for (const QString& hexId : m_schedule.found()) {
+        m_expected.remove(hexId);
+    }
+    m_roundTime = moment.wall;
+    const auto expected = std::exchange(m_expected, {});
+    for (auto ldb = expected.begin(); ldb != expected.end(); ++ldb) {
+        m_hexId = ldb.key();
+        m_schedule.add(m_hexId);
+        m_schedule.markLost(m_hexId);
+        m_memory.recall(m_hexId, ldb->name);
+        m_events.emplace_back(event::ListChange{m_schedule.found()});
+        tellLost();
+        if (!ldb->wasLost) {
+            m_events.emplace_back(event::Loss{m_hexId});
+        }
+    }
+}
+
+void Conversation::dropDismissed()
+{
+    for (const QString& hexId : std::exchange(m_dismissed, {})) {
+        m_expected.remove(hexId);
+        if (m_schedule.isLost(hexId)) {
+            m_schedule.remove(hexId);
+            m_memory.forget(hexId);
+            m_events.emplace_back(event::ListChange{m_schedule.found()});
+        }
+    }
+}
+
+void Conversation::forgetLdbs()
+{
+    m_schedule.clear();
+    m_memory.clear();
+    m_expected.clear();
+}
+
 /// Every failure of a polling answer, but for a sound one that is not believed.
 void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
 {
@@ -376,14 +431,15 @@ void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
         moment);
     if (misses > m_forgivenMisses) {
         m_schedule.markLost(m_hexId);
-        m_events.emplace_back(event::Loss{m_hexId});
+        // Behind the record: who is told of the loss knows of whom.
         tellLost();
+        m_events.emplace_back(event::Loss{m_hexId});
     }
 }
 
 void Conversation::tellLost()
 {
-    tellRecord(ldbStateText(LdbState::Disconnected), LdbStatus::disconnected());
+    tellRecord(m_memory.name(m_hexId), LdbStatus::disconnected());
 }
 
 void Conversation::tellRecord(const QString& name, const LdbStatus& status)

@@ -9,6 +9,8 @@
 #include "serial/conversation/pollschedule.h"
 
 #include <QByteArray>
+#include <QMap>
+#include <QSet>
 #include <QString>
 
 #include <vector>
@@ -19,6 +21,9 @@
 /// each entrance does what the exits say: transmits, tells the events, and waits until the
 /// deadline. Bytes that wait at the port are handed over before a deadline is told, so that a host
 /// that was held up loses no answer. Bounded memory, whatever the line sends.
+///
+/// An LDB that was there before a scan and does not answer it stays in the list as a lost one,
+/// until it is dismissed.
 ///
 /// A turn of an LDB: status, name, firmware, then one queued command.
 class Conversation
@@ -37,7 +42,7 @@ public:
 
     // Entrances.
 
-    /// Forgets everything and scans.
+    /// Forgets everything but which LDBs there were, and scans.
     void start(const Moment& moment);
     void bytesCame(const QByteArray& bytes, const Moment& moment);
     /// Does nothing before `deadline()`.
@@ -48,6 +53,11 @@ public:
     void requestScan() { m_scan.request(); }
     /// Polls one LDB alone, or all again for an empty id; an LDB not found changes nothing.
     void pollAlone(const QString& hexId) { m_schedule.setAlone(hexId); }
+    /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
+    /// stays.
+    void dismiss(const QString& hexId) { m_dismissed.insert(hexId); }
+    /// What comes is another bus: no LDB of before is expected there. While stopped.
+    void forgetLdbs();
     /// The line is gone: a command that has been transmitted is done without an answer, those
     /// behind it are forgotten.
     void lineGone();
@@ -99,6 +109,9 @@ private:
     void hearOrMiss(const InquiryEnd& end, const Moment& moment);
     void finishCommand(const QByteArray& answer);
     void found(const QString& hexId);
+    void rememberLdbs();
+    void tellMissing(const Moment& moment);
+    void dropDismissed();
     bool dropGhost(const InquiryEnd& end, const Moment& moment);
     void countMiss(const InquiryEnd& end, const Moment& moment);
     void tellRecord(const QString& name, const LdbStatus& status);
@@ -119,4 +132,13 @@ private:
     CommandQueue m_queue;
     LimitedLog m_log;
     std::vector<Event> m_events;
+
+    /// What is kept of an LDB over a scan.
+    struct Expected
+    {
+        QString name;
+        bool wasLost = false;
+    };
+    QMap<QString, Expected> m_expected; ///< LDBs there were before the scan that is due or on
+    QSet<QString> m_dismissed;          ///< to be dropped
 };

@@ -25,7 +25,7 @@ struct StateChange
     QString hexId;
     LdbState state = LdbState::Booting;
 };
-/// Too many misses in a row; once a loss.
+/// Too many misses in a row, or not found any more by a scan; once a loss.
 struct Loss
 {
     QString hexId;

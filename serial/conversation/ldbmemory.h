@@ -20,6 +20,12 @@ public:
     {
         return m_ldbs.value(hexId).name.known.value_or(QString());
     }
+    /// Takes back what was known of an LDB before the last `clear()`.
+    void recall(const QString& hexId, const QString& name)
+    {
+        m_ldbs[hexId].name.known = name;
+        setProven(hexId);
+    }
     /// A name that the LDB told: the first is taken over, another one when it is told twice in a
     /// row. Gives whether it is the known one now.
     bool hearName(const QString& hexId, const QString& name)

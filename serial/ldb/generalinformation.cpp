@@ -6,6 +6,7 @@
 
 namespace generalinformation {
 
+const QString kNoValue = QStringLiteral("–");
 const QString kSecondsFormat = QStringLiteral("yyyy-MM-dd: hh:mm:ss");
 const QString kMillisecondsFormat = QStringLiteral("yyyy-MM-dd: hh:mm:ss:zzz");
 
@@ -66,6 +67,25 @@ QList<QStringList> portRows(quint8 portShort, quint16 millivolts, quint16 auxili
     return {voltageRow(millivolts, auxiliary), currentRow(rawCurrent)};
 }
 
+/// "Disconnected", and of whom.
+QString lostName(const QString& name)
+{
+    const QString state = ldbStateText(LdbState::Disconnected);
+    return name.trimmed().isEmpty() ? state : QStringLiteral("%1 (%2)").arg(state, name);
+}
+
+/// What cannot be known of an LDB that does not answer. The codes stay: colours go by them.
+void takeValuesOut(QList<QStringList>& rows)
+{
+    for (const Row row :
+         {PrimaryVoltageRow, PrimaryCurrentRow, SecondaryVoltageRow, SecondaryCurrentRow}) {
+        rows[row] = QStringList{kNoValue};
+    }
+    for (const Row row : {LoopRow, EarthRow, AmplifierRow}) {
+        rows[row][TextColumn] = kNoValue;
+    }
+}
+
 } // namespace
 
 QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
@@ -74,7 +94,9 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
 {
     QList<QStringList> rows;
     rows.reserve(RowCount);
-    rows << codeRow(hexId, busaddress::fromHexId(hexId)) << QStringList{deviceName, kNameValue}
+    const bool isLost = status.state == LdbState::Disconnected;
+    rows << codeRow(hexId, busaddress::fromHexId(hexId))
+         << QStringList{isLost ? lostName(deviceName) : deviceName, kNameValue, deviceName}
          << codeRow(ldbStateText(status.state), static_cast<int>(status.state))
          << codeRow(ldbLoopStateText(status.loopState()), static_cast<int>(status.loopState()))
          << portRows(status.primaryPortShort, status.primaryVoltage, status.primaryAuxiliary,
@@ -84,6 +106,9 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
          << codeRow(ldbEarthStateText(status.earthState()), static_cast<int>(status.earthState()))
          << codeRow(ldbAmplifierText(status.amplifier), status.amplifier)
          << QStringList{timestampSeconds, timestampMilliseconds};
+    if (isLost) {
+        takeValuesOut(rows);
+    }
     return rows;
 }
 
@@ -107,10 +132,49 @@ double number(const QList<QStringList>& rows, Row row, Column column)
     return field(rows, row, column).toDouble();
 }
 
+QString ownName(const QList<QStringList>& rows)
+{
+    const QStringList row = rows.value(NameRow);
+    return row.value(row.size() > OwnNameColumn ? OwnNameColumn : TextColumn);
+}
+
+bool hasValue(const QList<QStringList>& rows, Row row)
+{
+    return text(rows, row) != kNoValue;
+}
+
+bool isLost(const QList<QStringList>& rows)
+{
+    return static_cast<LdbState>(integer(rows, ModeRow)) == LdbState::Disconnected;
+}
+
 QDateTime timestamp(const QList<QStringList>& rows)
 {
     return QDateTime::fromString(field(rows, TimestampRow, MillisecondsColumn),
                                  kMillisecondsFormat);
+}
+
+namespace {
+
+/// Without the offset to UTC: a record does not tell whether it is of summer time, and an hour that
+/// the clock shows twice must not make its age an hour wrong.
+qint64 asShown(QDateTime time)
+{
+    time.setTimeSpec(Qt::UTC);
+    return time.toMSecsSinceEpoch();
+}
+
+} // namespace
+
+qint64 clockTime(qint64 moment)
+{
+    return asShown(QDateTime::fromMSecsSinceEpoch(moment));
+}
+
+std::optional<qint64> clockTime(const QList<QStringList>& rows)
+{
+    const QDateTime time = timestamp(rows);
+    return time.isValid() ? std::make_optional(asShown(time)) : std::nullopt;
 }
 
 } // namespace generalinformation

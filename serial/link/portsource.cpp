@@ -5,5 +5,5 @@
 PortSource PortSource::serialPorts()
 {
     return {[](const QString& portName) { return std::make_unique<SerialBusPort>(portName); },
-            Thread::Worker};
+            Thread::Worker, QDateTime::currentMSecsSinceEpoch};
 }

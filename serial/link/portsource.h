@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include <functional>
@@ -20,6 +21,9 @@ struct PortSource
 
     Make make;
     Thread thread = Thread::Worker;
+    /// The clock of those ports, for whoever compares times with those of the records: ms since
+    /// 1970 UTC. Any thread.
+    std::function<qint64()> wallTime = QDateTime::currentMSecsSinceEpoch;
 
     /// The system's serial ports.
     static PortSource serialPorts();

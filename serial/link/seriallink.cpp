@@ -1,5 +1,6 @@
 #include "serial/link/seriallink.h"
 
+#include "serial/ldb/generalinformation.h"
 #include "serial/link/serialprocessor.h"
 
 #include <QCoreApplication>
@@ -43,6 +44,11 @@ void SerialLink::setPortName(const QString& portName)
 {
     Q_ASSERT(!m_running && (!m_thread || !m_thread->isRunning()));
     m_processor->setPortName(portName);
+    if (std::exchange(m_portName, portName) != portName) {
+        forgetLdbs();
+        m_names.clear();
+        emit ldbListChanged({});
+    }
 }
 
 void SerialLink::start()
@@ -59,12 +65,16 @@ void SerialLink::start()
     ++m_run;
     m_running = true;
     forgetLdbs();
+    const QStringList dismissed = std::exchange(m_dismissed, {});
     dropPosted();
     followRun();
     if (m_thread) {
         m_thread->start();
     } else {
         postToRun([](SerialProcessor& processor) { processor.start(); });
+    }
+    if (!dismissed.isEmpty()) {
+        dismiss(dismissed);
     }
     emit started();
 }
@@ -77,6 +87,7 @@ void SerialLink::stop()
     }
     m_running = false;
     m_processor->disconnect(this);
+    setPolledAlone(QString());
     if (m_thread) {
         m_thread->quit();
     } else {
@@ -162,7 +173,31 @@ void SerialLink::pollOnly(const QString& hexId)
     if (!m_running || !(hexId.isEmpty() || m_ldbs.contains(hexId))) {
         return;
     }
+    setPolledAlone(hexId);
     postToRun([hexId](SerialProcessor& processor) { processor.pollOnly(hexId); });
+}
+
+void SerialLink::setPolledAlone(const QString& hexId)
+{
+    if (std::exchange(m_polledAlone, hexId) != hexId) {
+        emit polledAloneChanged();
+    }
+}
+
+void SerialLink::dismiss(const QStringList& hexIds)
+{
+    for (const QString& hexId : hexIds) {
+        if (m_ldbs.contains(hexId) && !isConnected(hexId)) {
+            m_ldbs.removeAll(hexId);
+            m_states.remove(hexId);
+        }
+    }
+    if (m_running) {
+        postToRun([hexIds](SerialProcessor& processor) { processor.dismiss(hexIds); });
+    } else {
+        m_dismissed += hexIds;
+    }
+    emit ldbListChanged(m_ldbs);
 }
 
 template <typename Task>
@@ -206,7 +241,7 @@ void SerialLink::followRun()
     follow(&Processor::ldbListInitializationStateChange,
            &SerialLink::ldbListInitializationStateChange);
     follow(&Processor::ldbListInitializationProgress, &SerialLink::ldbListInitializationProgress);
-    follow(&Processor::generalInformationUpdated, &SerialLink::generalInformationUpdated);
+    follow(&Processor::generalInformationUpdated, &SerialLink::processRecord);
     follow(&Processor::externalCommandsInQueueUpdated, &SerialLink::externalCommandsInQueueUpdated);
     follow(&Processor::portFailed, &SerialLink::portFailed);
     follow(&Processor::communicationFailed, &SerialLink::communicationFailed);
@@ -232,6 +267,7 @@ void SerialLink::forgetLdbs()
 {
     m_ldbs.clear();
     m_states.clear();
+    setPolledAlone(QString());
 }
 
 void SerialLink::processListChanged(const QStringList& hexIds)
@@ -248,6 +284,19 @@ void SerialLink::processLoss(const QString& hexId)
     // Whoever is told asks for the state at once.
     m_states.insert(hexId, LdbState::Disconnected);
     emit ldbDisconnected(hexId);
+}
+
+void SerialLink::processRecord(const QString& hexId, const QList<QStringList>& dataList)
+{
+    // One that has just been dismissed may still be told of.
+    if (!m_ldbs.contains(hexId)) {
+        return;
+    }
+    const QString name = generalinformation::ownName(dataList);
+    if (!name.isEmpty()) {
+        m_names.insert(hexId, name);
+    }
+    emit generalInformationUpdated(hexId, dataList);
 }
 
 void SerialLink::processStateUpdated(const QString& hexId, LdbState state)

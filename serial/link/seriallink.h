@@ -31,7 +31,8 @@ public:
 
     bool isRunning() const { return m_running; }
 
-    /// The port of the next run. Only while no run is on.
+    /// The port of the next run. Only while no run is on. With another one than before, the LDBs
+    /// known are forgotten.
     void setPortName(const QString& portName);
 
     /// Begins a run: opens the port, scans, polls. Does nothing while one is on.
@@ -54,14 +55,22 @@ public:
     /// Polls this LDB alone, with no probes of lost ones; an empty id polls all again. An id that
     /// is not in the list changes nothing.
     void pollOnly(const QString& hexId);
+    QString polledAlone() const { return m_polledAlone; }
 
-    /// Every LDB of the last scan, in the order found, lost ones included.
+    /// Takes these out of the list where they are lost; one that is there stays. Also without a
+    /// run. A dismissed LDB comes back when a scan finds it.
+    void dismiss(const QStringList& hexIds);
+
+    /// Every LDB of the last scan, in the order found, then those that were there before it and
+    /// did not answer it; lost ones included.
     QStringList knownLdbs() const { return m_ldbs; }
     /// The known LDBs less those lost now.
     QStringList connectedLdbs() const;
     bool isConnected(const QString& hexId) const;
     /// The last state told; `Disconnected` for an id that is not known.
     LdbState stateOf(const QString& hexId) const;
+    /// The name that the LDB told last; empty until it has, stays when the LDB is lost.
+    QString nameOf(const QString& hexId) const { return m_names.value(hexId); }
 
 signals:
     void started();
@@ -79,6 +88,7 @@ signals:
     /// `QSerialPort::SerialPortError`.
     void portFailed(const QString& portName, int error, const QString& description);
     void ldbDisconnected(QString hexId);
+    void polledAloneChanged();
 
 private:
     template <typename Task>
@@ -93,11 +103,17 @@ private:
     void processListChanged(const QStringList& hexIds);
     void processLoss(const QString& hexId);
     void processStateUpdated(const QString& hexId, LdbState state);
+    void processRecord(const QString& hexId, const QList<QStringList>& dataList);
+    void setPolledAlone(const QString& hexId);
 
     std::unique_ptr<QThread> m_thread; ///< none if the processor lives in this one
     std::unique_ptr<SerialProcessor> m_processor;
     bool m_running = false;
     int m_run = 0;
+    QString m_portName;
+    QString m_polledAlone;
     QStringList m_ldbs;
     QHash<QString, LdbState> m_states;
+    QHash<QString, QString> m_names;
+    QStringList m_dismissed; ///< without a run: for the next one
 };

@@ -39,6 +39,14 @@ SerialProcessor::SerialProcessor(PortSource::Make makePort, QObject* parent)
 
 SerialProcessor::~SerialProcessor() = default;
 
+void SerialProcessor::setPortName(const QString& portName)
+{
+    if (portName != m_portName) {
+        m_portName = portName;
+        m_conversation.forgetLdbs();
+    }
+}
+
 bool SerialProcessor::start()
 {
     Q_ASSERT(QThread::currentThread() == thread());
@@ -92,6 +100,14 @@ void SerialProcessor::pollOnly(const QString& hexId)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_conversation.pollAlone(hexId);
+}
+
+void SerialProcessor::dismiss(const QStringList& hexIds)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    for (const QString& hexId : hexIds) {
+        m_conversation.dismiss(hexId);
+    }
 }
 
 void SerialProcessor::appendCommand(std::unique_ptr<ISerialCommand> command)

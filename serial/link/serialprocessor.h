@@ -35,8 +35,8 @@ public:
                              QObject* parent = nullptr);
     ~SerialProcessor() override;
 
-    /// Only while no run is on.
-    void setPortName(const QString& portName) { m_portName = portName; }
+    /// Only while no run is on. Another port is another bus, with LDBs of its own.
+    void setPortName(const QString& portName);
 
     // The frame format (see `framecodec`, `hextext`).
     Q_INVOKABLE static quint8 crc8(quint8* buf, uint16_t len) { return framecodec::crc8(buf, len); }
@@ -67,6 +67,8 @@ public slots:
     void requestRescan();
     /// Polls one LDB alone, or all again for an empty id; an LDB not found changes nothing.
     void pollOnly(const QString& hexId);
+    /// Takes these out of the list where they are lost.
+    void dismiss(const QStringList& hexIds);
 
 public:
     /// Queues a command and takes it over. It is notified once it has been transmitted: with the

@@ -3,6 +3,7 @@
 #include "app/actions/actionspanel.h"
 #include "app/help/manualwindow.h"
 #include "app/ldbsettings/ldbsettingseditor.h"
+#include "app/log/logpanel.h"
 #include "app/notices/linknotices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
@@ -10,6 +11,7 @@
 #include "app/transfer/importpreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
+#include "app/window/monitoringstrip.h"
 #include "serial/ldb/serialcommand.h"
 #include "tests/support/testbus.h"
 #include "tests/support/virtualtime.h"
@@ -28,17 +30,17 @@
 
 namespace {
 
-/// The main window's own width, and the height that a 1366 x 768 screen has below a panel and a
-/// title bar.
-constexpr QSize kRoom(1360, 700);
+/// What a screen of 1280 x 720 has below a panel and a title bar.
+constexpr QSize kRoom(1280, 660);
+constexpr qint64 kRowsFit = 200;     // ms until rows are as high as their texts
 constexpr qint64 kStep = 250;        // ms
 constexpr qint64 kLongest = 3600000; // ms
 constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
 const QString kTicked = "0A";
 
-const QStringList kMainWindows{"main-openShortLeakPage", "main-serviceModePage",
-                               "main-earthFaultPage",    "main-settingsPage",
-                               "main-ldbSettingsTab",    "main-logTab"};
+const QStringList kMainWindows{
+    "main-openShortLeakPage", "main-serviceModePage", "main-earthFaultPage", "main-settingsPage",
+    "main-outPage",           "main-notMonitored",    "main-ldbSettingsTab", "main-logTab"};
 const QStringList kBoxes{"box-loss", "box-port", "box-import", "box-restore", "box-same"};
 const QStringList kTrackingWindows{"tracking-question", "tracking-mode",     "tracking-port",
                                    "tracking-waiting",  "tracking-counting", "tracking-finished",
@@ -49,7 +51,7 @@ QList<QList<QStringList>> records()
 {
     const QList<records::Codes> codes{
         {254, 42, 10, 2}, {10, 0, 0, 0},  {50, 21, 5, 254}, {51, 2, 1, 3}, {253, 4, 15, 1},
-        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2},    {40, 8, 3, 0}, {255, 64, 16, 255}};
+        {30, 16, 8, 255}, {20, 32, 4, 0}, {52, 1, 2, 2},    {40, 8, 3, 0}, {254, 64, 16, 255}};
     QList<QList<QStringList>> all;
     for (int i = 0; i < codes.size(); ++i) {
         all.append(
@@ -60,7 +62,18 @@ QList<QList<QStringList>> records()
         all.last()[PrimaryCurrentRow][TextColumn] = "140.0 mA";
         all.last()[SecondaryCurrentRow][TextColumn] = "-30.0 mA";
     }
+    all.append(records::record("FD", LdbStatus::disconnected(), "Control room E"));
     return all;
+}
+
+void setMonitoring(MainWindow& window, const Monitoring& monitoring)
+{
+    window.findChild<MonitoringStrip*>()->setMonitoring(monitoring);
+    window.findChild<DeviceOverviewTable*>()->setMonitoring(monitoring);
+    window.findChild<DeviceDetailTable*>()->setMonitoring(monitoring);
+    window.findChild<MainWindowPlot*>()->setMonitoring(monitoring);
+    window.findChild<LampPanel*>()->setMonitoring(monitoring);
+    window.findChild<LogPanel*>()->setMonitoring(monitoring);
 }
 
 void fillViews(MainWindow& window)
@@ -70,6 +83,10 @@ void fillViews(MainWindow& window)
     auto* lamps = window.findChild<LampPanel*>();
     auto* plot = window.findChild<MainWindowPlot*>();
     const QList<QList<QStringList>> all = records();
+    Monitoring monitoring = records::monitored();
+    monitoring.known = all.size();
+    monitoring.lost = 1;
+    setMonitoring(window, monitoring);
     // Twice: the lamps tell of rounds that are over.
     for (int round = 0; round < 2; ++round) {
         for (const QList<QStringList>& record : all) {
@@ -171,6 +188,7 @@ QWidget* ScreenSet::open(const QString& name)
     for (int turn = 0; turn < 12; ++turn) {
         m_time->advance(0);
     }
+    m_time->advance(kRowsFit);
     return window;
 }
 
@@ -189,7 +207,12 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
     auto* toolBox = window->findChild<QToolBox*>("ldbActionToolBox");
     auto* tabs = window->findChild<QTabWidget*>("controlTabs");
     auto* page = window->findChild<QWidget*>(tab);
-    if (toolBox->indexOf(page) >= 0) {
+    if (tab == "notMonitored") {
+        Monitoring lost = records::stopped(59 * 60);
+        lost.state = Monitoring::State::ConnectionLost;
+        lost.portName = "/dev/ttyUSB0";
+        setMonitoring(*window, lost);
+    } else if (toolBox->indexOf(page) >= 0) {
         toolBox->setCurrentWidget(page);
     } else {
         tabs->setCurrentWidget(page);
@@ -215,7 +238,7 @@ QWidget* ScreenSet::openBox(const QString& name)
         static const QStringList lost{"03", "0A"};
         LinkNotices losses(&m_notices);
         for (const QString& hexId : lost) {
-            losses.tellLoss(hexId);
+            losses.tellLoss(hexId, "Control room E");
         }
         return lastOpen<MessageBox>(&m_desk);
     }
@@ -320,8 +343,7 @@ QWidget* ScreenSet::openStatusBar()
     window->resize(kRoom);
     Notices notices(window->statusBar(), window);
     StatusBarDisplay display(window->statusBar(), &notices);
-    display.showPolledAlone(kTicked);
-    display.showAvailable(busaddress::kLast);
+    display.showAvailable(busaddress::kLast, busaddress::kLast / 2);
     display.showQueueLength(kManyCommands);
     display.showScanProgress(busaddress::kLast, busaddress::kLast);
     return window;

@@ -41,7 +41,7 @@ struct Group
     }
     void process(const QString& hexId, const QString& time)
     {
-        logger.processData(hexId, record(hexId, time));
+        panel.processData(hexId, record(hexId, time));
     }
 
     MainWindow window;
@@ -65,7 +65,6 @@ private slots:
     {
         const Sandbox sandbox;
         Group group;
-        const QSignalSpy changed(&group.panel, &LogPanel::loggingChanged);
         group.path.setText(sandbox.path("log.csv"));
         group.interval.setValue(5);
 
@@ -79,7 +78,7 @@ private slots:
         group.startStop.click();
         QCOMPARE(group.startStop.text(), "Start");
         QVERIFY(group.editableIs(true));
-        QCOMPARE(changed, (QList<QList<QVariant>>{{true}, {false}}));
+        QCOMPARE(group.panel.status(), LogPanel::Status::Off);
         const QByteArray log = Sandbox::readFile(group.path.text());
         QCOMPARE(log.count("10:00:0"), 2); // the interval reached the logger
         QVERIFY(!log.contains("10:00:04"));
@@ -121,7 +120,7 @@ private slots:
         QCOMPARE(group.interval.value(), 3600);
         QVERIFY(group.selected.isChecked());
         // The mode remembered is in force before anything is clicked.
-        group.logger.setSelectedHexId("02");
+        group.panel.setSelectedLdb("02");
         group.startStop.click();
         group.process("01", "10:00:00");
         group.process("02", "10:00:01");

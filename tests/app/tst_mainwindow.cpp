@@ -21,6 +21,7 @@ namespace {
 
 const QStringList kLdbs{"03", "0A", "FD"};
 constexpr int kIdColumn = 1;
+const QString kAllAnswer = "Monitored: 3 LDBs answer.";
 const QString kFailed = "Serial communication failed.";
 
 } // namespace
@@ -88,8 +89,8 @@ private slots:
         button("reloadDevicesButton")->click();
         QCOMPARE(label("countLabel"), "Loading LDB device list...");
         QVERIFY(!button("ldbResetButton")->isEnabled());
-        WAIT_COMPARE(label("countLabel"), "Available LDB's: 2.");
-        WAIT_COMPARE(rows(), 2);
+        WAIT_COMPARE(label("countLabel"), "2 of 3 answer, 1 lost.");
+        QCOMPARE(rows(), 3);
         WAIT_VERIFY(button("ldbResetButton")->isEnabled());
         m_bus->clearRequests();
         button("ldbResetButton")->click();
@@ -172,7 +173,7 @@ private slots:
         m_bus->setPresent(others);
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(),
-                 QStringLiteral("The LDB with ID: %1 is disconnected!").arg(lost));
+                 QStringLiteral("The LDB with ID: %1 (LDB %1) is disconnected!").arg(lost));
         QCOMPARE(button("ldbResetButton")->isEnabled(), actionsStay);
         QCOMPARE(button("allLdbResetButton")->isEnabled(), actionsStay);
 
@@ -475,14 +476,13 @@ private slots:
         clickRow("0A");
         WAIT_COMPARE(detail(0), "0A");
         button("fimTrackingButton")->click();
-        WAIT_VERIFY(child<QLabel>("polledAloneLabel")->isVisible());
-        QCOMPARE(label("polledAloneLabel"), "Only LDB 0A is polled.");
+        WAIT_COMPARE(label("monitoringLabel"), "Only LDB 0A is polled.");
         auto* tracking = m_window->findChild<FimTracking*>();
         QVERIFY(tracking != nullptr);
         QVERIFY(tracking->isVisible());
 
         tracking->close();
-        WAIT_VERIFY(!child<QLabel>("polledAloneLabel")->isVisible());
+        WAIT_COMPARE(label("monitoringLabel"), kAllAnswer);
         m_bus->clearRequests();
         WAIT_VERIFY(m_bus->requests().contains("FEFD737803"));
     }

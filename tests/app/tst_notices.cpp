@@ -59,7 +59,7 @@ private slots:
         LinkNotices losses(&notices);
         constexpr int kLost = 60;
         for (int i = 1; i <= kLost; ++i) {
-            losses.tellLoss(QString::number(i));
+            losses.tellLoss(QString::number(i), {});
         }
         const MessageBox* box = openBoxes(window).value(0);
         QCoreApplication::processEvents();
@@ -77,21 +77,23 @@ private slots:
         QStatusBar bar;
         Notices notices(&bar, &window);
         LinkNotices losses(&notices);
-        losses.tellLoss("0A");
-        losses.tellLoss("FD");
-        losses.tellLoss("0A"); // came back and went again: it stands there already
+        losses.tellLoss("0A", "Control  room ");
+        losses.tellLoss("FD", {});
+        losses.tellLoss("0A",
+                        "Control  room "); // came back and went again: it stands there already
         QCOMPARE(openBoxes(window).size(), 1);
         MessageBox* box = openBoxes(window).constFirst();
         QCOMPARE(box->windowTitle(), "Error");
-        QCOMPARE(box->text(), "The LDB with ID: 0A is disconnected!\n"
+        QCOMPARE(box->text(), "The LDB with ID: 0A (Control room) is disconnected!\n"
                               "The LDB with ID: FD is disconnected!");
         QVERIFY(box->isModal());
 
         box->accept();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(openBoxes(window).isEmpty());
-        losses.tellLoss("0A");
-        QCOMPARE(openBoxes(window).constFirst()->text(), "The LDB with ID: 0A is disconnected!");
+        losses.tellLoss("0A", "Control  room ");
+        QCOMPARE(openBoxes(window).constFirst()->text(),
+                 "The LDB with ID: 0A (Control room) is disconnected!");
     }
 
     void portFailureDetails_data()

@@ -13,9 +13,7 @@ namespace {
 
 /// The usual text of 10 points at 96 dots an inch.
 constexpr int kTextPixels = 13;
-constexpr QSize kRoom(1366, 700);
-/// Between what follows each other in a sum of faults.
-const QString kSumSign = " + ";
+constexpr QSize kRoom(1280, 660);
 
 QString nameOf(const QWidget* widget)
 {
@@ -173,11 +171,8 @@ QStringList cutCells(const QWidget* window)
                     option.features |= QStyleOptionViewItem::WrapText;
                 }
                 const QSize need = delegate->sizeHint(option, index);
-                // Of a sum that is cut in one line the tool tip and the details show the rest.
-                const bool isCut = view->wordWrap()
-                                       ? need.height() > view->rowHeight(row)
-                                       : need.width() > view->columnWidth(column) - 1 &&
-                                             !index.data().toString().contains(kSumSign);
+                const bool isCut = need.width() > view->columnWidth(column) ||
+                                   (view->wordWrap() && need.height() > view->rowHeight(row));
                 if (isCut) {
                     faults.append(QStringLiteral("%1: \"%2\" needs %3x%4, has %5x%6")
                                       .arg(nameOf(view), index.data().toString())

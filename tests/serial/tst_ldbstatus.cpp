@@ -72,7 +72,7 @@ private slots:
             QTest::newRow(tag) << withField(position, digits) << int(index) << expected;
         };
         row("id", 0, "", DeviceIdRow, "0A|10");
-        row("name", 0, "", NameRow, "Hall|0");
+        row("name", 0, "", NameRow, "Hall|0|Hall");
         row("state", 10, "14", ModeRow, "Measuring|20");
         row("primary volts", 26, "34120300", PrimaryVoltageRow, "4.7 V|4.66|4660|3");
         row("primary current", 0, "", PrimaryCurrentRow, "12.3 mA|12.34|1234");
@@ -170,16 +170,26 @@ private slots:
 
     void disconnectedSaysNothingGood()
     {
-        const auto rows = buildRows(QStringLiteral("FD"), QStringLiteral("Disconnected"),
-                                    LdbStatus::disconnected(), {}, {});
+        const auto rows = buildRows("FD", "Hall", LdbStatus::disconnected(), {}, {});
         QCOMPARE(rows.at(DeviceIdRow), (QStringList{"FD", "253"}));
         QCOMPARE(rows.at(ModeRow), (QStringList{"Disconnected", "255"}));
-        for (const Row row : {LoopRow, EarthRow, AmplifierRow}) {
-            QCOMPARE(text(rows, row), QStringLiteral("Unknown"));
+        QCOMPARE(text(rows, NameRow), "Disconnected (Hall)");
+        QCOMPARE(ownName(rows), "Hall");
+        QVERIFY(isLost(rows));
+        for (int row = LoopRow; row <= AmplifierRow; ++row) {
+            QVERIFY(!hasValue(rows, static_cast<Row>(row)));
+            QCOMPARE(text(rows, static_cast<Row>(row)), QString::fromUtf8("–"));
         }
+        // The codes stay for the colours; of a measurement there is no number that could be taken
+        // for one.
+        QCOMPARE(integer(rows, LoopRow), 64);
+        QCOMPARE(integer(rows, EarthRow), 16);
+        QCOMPARE(integer(rows, AmplifierRow), 255);
         for (int row = PrimaryVoltageRow; row <= SecondaryCurrentRow; ++row) {
-            QCOMPARE(rows.at(row).at(ValueColumn), QStringLiteral("0"));
+            QCOMPARE(field(rows, static_cast<Row>(row), ValueColumn), QString());
         }
+        const auto nameless = buildRows("FD", {}, LdbStatus::disconnected(), {}, {});
+        QCOMPARE(text(nameless, NameRow), "Disconnected");
     }
 
     void numbersKeepThePointInEveryLocale()

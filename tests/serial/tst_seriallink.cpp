@@ -77,6 +77,7 @@ private slots:
             if (!std::exchange(isRestarted, true)) {
                 m_link->stop();
                 m_bus->setPresent({"FD"});
+                m_link->dismiss({"03"}); // the new run would tell of its loss
                 rows.clear();
                 states.clear();
                 m_link->start();

@@ -143,7 +143,10 @@ TestBus::TestBus(const QStringList& presentHexIds, const LineOptions& options,
 PortSource TestBus::ports()
 {
     return {[this](const QString& portName) { return std::make_unique<Port>(this, portName); },
-            PortSource::Thread::OfLink};
+            PortSource::Thread::OfLink,
+            [this] {
+                return VirtualTime::kWallStart + m_clock->milliseconds();
+            }};
 }
 
 void TestBus::cut()

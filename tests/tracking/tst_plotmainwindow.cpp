@@ -1,5 +1,7 @@
 #include "serial/ldb/generalinformation.h"
 #include "tests/support/bracketingtranslator.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/mainwindowplot.h"
@@ -54,21 +56,28 @@ class TestPlotMainWindow : public TestCase
 {
     Q_OBJECT
 private slots:
-    void plotsTheRowsInTheirOrder_data()
+    void curvesShowWhatTheirNamesSay_data()
     {
-        const Table<QList<QStringList>, QList<double>> row("record", "values");
-        row("measurements", recordAt(kTime), {24.5, 12.34, 22.0, -1.0});
-        row("primary port shorted", recordAt(kTime, 1), {-40000.0, -40000.0, 22.0, -1.0});
+        // "values": VPri, VSec, IPri, ISec
+        const Table<QByteArray, QList<QStringList>, QList<double>> row("tuning", "record",
+                                                                       "values");
+        row("measurements", {}, recordAt(kTime), {24.5, 22.0, 12.34, -1.0});
+        row("rows in their order", "[MainWindowPlot]\nROWS_IN_ORDER=1\n", recordAt(kTime),
+            {24.5, 12.34, 22.0, -1.0});
+        row("primary port shorted", {}, recordAt(kTime, 1), {-40000.0, 22.0, -40000.0, -1.0});
         QList<QStringList> broken = recordAt(kTime);
         broken[4][1] = "n/a";
         broken[7] = QStringList{"only text"};
-        row("no numbers", broken, {0.0, 12.34, 22.0, 0.0});
+        row("no numbers", {}, broken, {0.0, 22.0, 12.34, 0.0});
     }
 
-    void plotsTheRowsInTheirOrder()
+    void curvesShowWhatTheirNamesSay()
     {
+        QFETCH(QByteArray, tuning);
         QFETCH(QList<QStringList>, record);
         QFETCH(QList<double>, values);
+        const Sandbox sandbox;
+        sandbox.writeTuning(tuning);
         Bench bench;
         bench.add("0A", record);
         QCOMPARE(bench.samples(), 1);

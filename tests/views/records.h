@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/monitoring.h"
 
 #include <QList>
 #include <QMetaType>
@@ -37,6 +38,24 @@ inline QList<QStringList> record(const QString& hexId, const LdbStatus& status =
     return generalinformation::buildRows(hexId, name, status,
                                          QStringLiteral("2026-03-04: 10:00:00"),
                                          QStringLiteral("2026-03-04: 10:00:00:250"));
+}
+
+/// The whole bus is polled, so many seconds after the records' time.
+inline Monitoring monitored(int seconds = 0)
+{
+    Monitoring monitoring;
+    monitoring.state = Monitoring::State::Polling;
+    monitoring.now = *generalinformation::clockTime(record(QStringLiteral("01"))) + seconds * 1000;
+    monitoring.lifetime = 15000;
+    return monitoring;
+}
+/// The same, after Stop.
+inline Monitoring stopped(int seconds = 0)
+{
+    Monitoring monitoring = monitored(seconds);
+    monitoring.state = Monitoring::State::Stopped;
+    monitoring.since = monitoring.now;
+    return monitoring;
 }
 
 /// A healthy LDB's record with `codes` and their texts put in.

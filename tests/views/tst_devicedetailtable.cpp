@@ -27,6 +27,7 @@ struct Detail
         , tester(view.model(), QAbstractItemModelTester::FailureReportingMode::QtTest)
     {
         table.setCurrentHexId(kLdb);
+        table.setMonitoring(records::monitored());
     }
 
     void poll(const LdbStatus& status = healthy())
@@ -79,6 +80,7 @@ private slots:
     void coloursByRuleAndBack()
     {
         Detail detail(kModeRedAtService);
+        detail.poll();
         const QColor shade = detail.background(ModeRow);
         const QColor text = detail.colour(ModeRow, Qt::ForegroundRole);
         detail.poll(healthy(LdbState::ServiceMode));

@@ -32,6 +32,7 @@ struct Overview
 
     Overview()
     {
+        object->setMonitoring(records::monitored());
         view.resize(900, 300);
         view.show();
     }
@@ -283,8 +284,8 @@ private slots:
         table.pollAll({kOne, kFive, kNine});
         table.object->selectLdb(ticked);
         table.takeSelected();
-        table.object->clear();
-        table.object->clear();
+        table.object->keepOnly({});
+        table.object->keepOnly({});
         QCOMPARE(table.view.model()->rowCount(), 0);
         QCOMPARE(table.object->selectedHexId(), ticked);
         table.pollAll(polls.split(' '));
@@ -316,7 +317,7 @@ private slots:
             // What a layout shows that is to be hidden, and hides that is to be shown.
             table.view.setColumnHidden(overview::TickColumn, false);
             table.view.setColumnHidden(overview::NameColumn, true);
-            table.object->clear();
+            table.object->keepOnly({});
             table.object->saveTableState();
         }
         Overview table;
@@ -389,7 +390,7 @@ private slots:
         QCOMPARE(texts.join('|'),
                  "|[ID]|[Name]|[Mode]|[Loop]|[Primary Port]|[Secondary Port]|[Earth]|"
                  "[Amplifier]");
-        table.object->clear();
+        table.object->keepOnly({});
         QCOMPARE(header->saveState(), layout);
         table.view.resize(500, 300);
         table.poll(kFive);

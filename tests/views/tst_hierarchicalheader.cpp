@@ -99,10 +99,11 @@ private slots:
         const QVariant none;
         const int mode = kCodeColumn;
         const int name = kCodeColumn - 1;
-        QTest::newRow("mode by code") << mode << QVariantList{20, 30, 10} << "Cba";
-        QTest::newRow("equal codes by text") << mode << QVariantList{0, 0, 0} << "abC";
-        QTest::newRow("one code missing") << mode << QVariantList{5, none, none} << "abC";
-        QTest::newRow("other columns by text") << name << QVariantList{20, 30, 10} << "abC";
+        QTest::newRow("by number") << mode << QVariantList{20, 30, 10} << "Cba";
+        QTest::newRow("equal numbers by text") << mode << QVariantList{0, 0, 0} << "abC";
+        QTest::newRow("one number alone") << mode << QVariantList{5, none, none} << "abC";
+        QTest::newRow("fractions, below zero") << mode << QVariantList{-9.5, 10.0, -10.5} << "Cba";
+        QTest::newRow("every column") << name << QVariantList{20, 30, 10} << "Cba";
     }
 
     void sorting()
@@ -118,7 +119,6 @@ private slots:
         }
         ProxyModelHierachicalHeader proxy;
         proxy.setSourceModel(&source);
-        proxy.setCodeColumn(kCodeColumn);
         const auto shown = [&](int row) {
             return proxy.index(row, column).data().toString();
         };

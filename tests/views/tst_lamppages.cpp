@@ -23,17 +23,22 @@ private slots:
 
     void causes_data()
     {
-        // "causes": of A, B, C and D
+        // "causes": of A, B, C, D and the page of those that are out
         const Table<Codes, QStringList> row("codes", "causes");
         const QString none = "No LDB";
-        row("healthy", {}, {none, none, none, none});
-        row("service mode", {30}, {"2A  Hall – Service mode", none, none, none});
-        row("check settings", {253}, {none, none, none, "2A  Hall – Check Settings"});
-        row("earth", {10, 0, 6}, {none, "2A  Hall – Leakage + Open(memory)", none, none});
-        row("loop", {10, 16, 0, 1}, {none, none, "2A  Hall – DC Leakage", none});
+        row("healthy", {}, {none, none, none, none, none});
+        row("service mode", {30}, {"2A  Hall – Service mode", none, none, none, none});
+        row("check settings", {253}, {none, none, none, "2A  Hall – Check Settings", none});
+        row("earth", {10, 0, 6}, {none, "2A  Hall – Leakage + Open(memory)", none, none, none});
+        row("loop", {10, 16, 0, 1}, {none, none, "2A  Hall – DC Leakage", none, none});
         row("loop and amplifier", {10, 2, 0, 2},
-            {none, none, "2A  Hall – Open(memory), Amplifier: Disconnected", none});
-        row("disconnected", {255, 64, 16, 255}, {none, none, none, none});
+            {none, none, "2A  Hall – Open(memory), Amplifier: Disconnected", none, none});
+        row("disconnected", {255, 64, 16, 255},
+            {none, none, none, none, "2A  Hall – Disconnected"});
+        row("in fault, with a leak", {254, 16},
+            {none, none, "2A  Hall – DC Leakage", none, "2A  Hall – Fault"});
+        row("failed factory reset", {51},
+            {none, none, none, none, "2A  Hall – Factory reset failed"});
     }
 
     void causes()
@@ -58,12 +63,16 @@ private slots:
         process("1F", {});
         QCOMPARE(texts(m_pages->c), "No LDB");
 
-        // What was known before a reset is forgotten, and comes again.
+        // What was known before the bus was no longer monitored is forgotten, and comes again.
         process("01", {30, 4, 4});
         process("02", {253});
-        m_pages->pages.resetPages();
-        QCOMPARE(allTexts().count("No LDB"), 4);
+        m_pages->pages.setMonitoring(records::stopped());
+        QCOMPARE(allTexts().count("Not monitored"), 5);
+        m_pages->pages.setMonitoring(records::monitored());
+        QCOMPARE(allTexts().count("No LDB"), 5);
         process("01", {30});
+        process("02", {30});
+        m_pages->pages.keepOnly({"01"});
         QCOMPARE(texts(m_pages->a), "01  Hall – Service mode");
     }
 
@@ -123,14 +132,17 @@ private:
     struct Pages
     {
         ClickableLabel lamps[4];
-        QListWidget a, b, c, d;
+        QListWidget a, b, c, d, out;
         QToolBox toolBox;
         LampPanel pages{{&lamps[0], nullptr, &a, nullptr},
                         {&lamps[1], nullptr, &b, nullptr},
                         {&lamps[2], nullptr, &c, nullptr},
                         {&lamps[3], nullptr, &d, nullptr},
+                        &out,
                         &toolBox,
                         nullptr};
+
+        Pages() { pages.setMonitoring(records::monitored()); }
     };
 
     void process(const char* hexId, const Codes& codes, const QString& name = "Hall")
@@ -141,7 +153,8 @@ private:
     static QString texts(const QListWidget& list) { return columnTexts(*list.model()).join('|'); }
     QStringList allTexts() const
     {
-        return {texts(m_pages->a), texts(m_pages->b), texts(m_pages->c), texts(m_pages->d)};
+        return {texts(m_pages->a), texts(m_pages->b), texts(m_pages->c), texts(m_pages->d),
+                texts(m_pages->out)};
     }
 
     std::unique_ptr<Pages> m_pages;

@@ -76,17 +76,44 @@ private slots:
         }
     }
 
-    void resetDarkensUntilTheNextRound()
+    void hatchedWhileNotKnown()
     {
-        m_panel->show({30, 4, 4});
-        QVERIFY(anyIsLit());
-        m_panel->indicators.resetIndicators();
-        QVERIFY(!anyIsLit());
-        // Another LDB's record ends no round.
-        m_panel->indicators.processData("02", withCodes("02", {10, 4}));
-        QVERIFY(!anyIsLit());
-        m_panel->show({});
-        QVERIFY(anyIsLit());
+        VirtualTime& time = *VirtualTime::current();
+        StatusIndicators& indicators = m_panel->indicators;
+        const auto process = [&indicators](const QString& hexId, const Codes& codes) {
+            indicators.processData(hexId, withCodes(hexId, codes));
+        };
+        QVERIFY(m_panel->areHatched()); // nothing is known yet
+        process("01", {30});
+        time.advance(1000);
+        // What is wrong is known at once; that all else is well, when everybody has been asked.
+        QVERIFY(!m_panel->isHatched(A));
+        QVERIFY(m_panel->isHatched(B));
+        process("02", {});
+        QVERIFY(m_panel->isHatched(B));
+        process("01", {30});
+        QVERIFY(!m_panel->isHatched(B));
+
+        // Not monitored, only one LDB polled, and nobody heard for long: none of it looks like
+        // rest.
+        Monitoring alone = records::monitored();
+        alone.polledAlone = "01";
+        for (const Monitoring& monitoring : {records::stopped(), alone, records::monitored(16)}) {
+            indicators.setMonitoring(monitoring);
+            QVERIFY(m_panel->areHatched());
+            time.advance(1000);
+            QVERIFY(m_panel->areHatched());
+            indicators.setMonitoring(records::monitored());
+            m_panel->show({30});
+            QVERIFY(!m_panel->isHatched(B));
+        }
+
+        // The rounds go on when the LDB that marked them has gone for good.
+        indicators.keepOnly({"02"});
+        QVERIFY(m_panel->isHatched(B));
+        process("02", {});
+        process("02", {});
+        QVERIFY(!m_panel->isHatched(A) && !isLit(A));
     }
 
     void statesInWords()
@@ -111,8 +138,9 @@ private slots:
             QVERIFY(lamp.toolTip().startsWith("[["));
             QVERIFY(lamp.accessibleDescription().startsWith('['));
         }
-        m_panel->indicators.resetIndicators();
-        QCOMPARE(m_panel->lamps[A].accessibleDescription(), '[' + before.section('\n', 1) + ']');
+        m_panel->indicators.setMonitoring(records::stopped());
+        QCOMPARE(m_panel->lamps[B].accessibleName(), "[[EARTH FAULT]: not known]");
+        QCOMPARE(m_panel->lamps[B].accessibleDescription(), "[Not all LDBs are monitored.]");
     }
 
 private:
@@ -121,7 +149,24 @@ private:
         std::array<QLabel, 4> lamps;
         StatusIndicators indicators{&lamps[A], &lamps[C], &lamps[B], &lamps[D]};
 
-        void show(const Codes& codes) { indicators.processData("01", withCodes("01", codes)); }
+        Panel() { indicators.setMonitoring(records::monitored()); }
+
+        /// Two rounds of a bus of one LDB: before the second it is not known to be the only one.
+        void show(const Codes& codes)
+        {
+            for (int round = 0; round < 2; ++round) {
+                indicators.processData("01", withCodes("01", codes));
+            }
+        }
+        bool isHatched(int lamp) const
+        {
+            return lamps[static_cast<std::size_t>(lamp)].pixmap(Qt::ReturnByValue).toImage() ==
+                   lampimage::drawUnknown().toImage();
+        }
+        bool areHatched() const
+        {
+            return isHatched(A) && isHatched(B) && isHatched(C) && isHatched(D);
+        }
     };
 
     QRgb colourOf(int lamp) const

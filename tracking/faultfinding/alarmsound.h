@@ -8,8 +8,8 @@
 class QDialog;
 class QSoundEffect;
 
-/// The warning sound, once a second while an alarm's box is open, if the user wants to hear it. A
-/// computer that cannot play it beeps instead, and warns of that once. GUI thread.
+/// The warning sound, once or once a second while an alarm's box is open, if the user wants to hear
+/// it. A computer that cannot play it beeps instead, and warns of that once. GUI thread.
 class AlarmSound : public QObject
 {
     Q_OBJECT
@@ -19,6 +19,8 @@ public:
 
     /// Sounds until all boxes that were given are closed.
     void soundWhileOpen(const QDialog* box);
+    /// Sounds a single time.
+    void soundOnce() { play(); }
     /// Silence, until the next box.
     void stop() { m_timer.stop(); }
 

@@ -1,5 +1,6 @@
 #include "tracking/plot/historycurve.h"
 
+#include "tracking/plot/plotappearance.h"
 #include "tracking/plot/polylinebuilder.h"
 
 #include <QPainter>
@@ -86,10 +87,16 @@ HistoryCurve::HistoryCurve(const QString& name, const QColor& color, const PlotH
                            int number)
     : QwtPlotCurve(name)
     , m_series(new HistorySeries(history, number))
+    , m_color(color)
 {
     setSamples(m_series);
     setPen(color, kPenWidth, Qt::SolidLine);
     setRenderHint(QwtPlotItem::RenderAntialiased, true);
+}
+
+void HistoryCurve::setPast(bool isPast)
+{
+    setPen(isPast ? plotappearance::pastColor() : m_color, kPenWidth, Qt::SolidLine);
 }
 
 void HistoryCurve::drawLines(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,

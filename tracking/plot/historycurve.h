@@ -57,10 +57,14 @@ public:
 
     HistorySeries* series() const { return m_series; }
 
+    /// Draws it grey, as something that is over, or in its colour.
+    void setPast(bool isPast);
+
 protected:
     void drawLines(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                    const QRectF& canvasRect, int from, int to) const override;
 
 private:
     HistorySeries* m_series; // owned by the base class
+    QColor m_color;
 };

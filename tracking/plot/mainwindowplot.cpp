@@ -1,5 +1,6 @@
 #include "tracking/plot/mainwindowplot.h"
 
+#include "app/shared/tuningfile.h"
 #include "serial/ldb/generalinformation.h"
 #include "tracking/plot/plot.h"
 
@@ -8,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -19,14 +21,14 @@ struct CurveDescription
     generalinformation::Row row;
 };
 
-// The curves take the rows in the order of the record. This assignment is fixed, whatever the names
-// of the curves suggest.
 constexpr std::array<CurveDescription, 4> kCurves = {{
     {"VPri", "red", QwtPlot::yLeft, generalinformation::PrimaryVoltageRow},
-    {"VSec", "orange", QwtPlot::yLeft, generalinformation::PrimaryCurrentRow},
-    {"IPri", "magenta", QwtPlot::yRight, generalinformation::SecondaryVoltageRow},
+    {"VSec", "orange", QwtPlot::yLeft, generalinformation::SecondaryVoltageRow},
+    {"IPri", "magenta", QwtPlot::yRight, generalinformation::PrimaryCurrentRow},
     {"ISec", "lime", QwtPlot::yRight, generalinformation::SecondaryCurrentRow},
 }};
+
+constexpr double kNoSample = std::numeric_limits<double>::quiet_NaN();
 
 constexpr double kVoltageMinimum = 0.0;
 constexpr double kVoltageMaximum = 32.0;
@@ -55,6 +57,7 @@ void MainWindowPlot::initVariables()
 {
     m_hexId.clear();
     m_zoomEnabled = false;
+    m_rowsInOrder = tuningFile().value(constants::kPlotRowsInOrderKey).toInt() == 1;
 }
 
 void MainWindowPlot::initPlot()
@@ -93,10 +96,48 @@ void MainWindowPlot::processData(const QString& hexId, const QList<QStringList>&
         return;
     }
     const auto timeMs = static_cast<double>(time.toMSecsSinceEpoch());
-    for (std::size_t i = 0; i < kCurves.size(); ++i) {
-        m_plot->addData(m_curveNumbers.at(static_cast<int>(i)),
-                        generalinformation::number(dataList, kCurves.at(i).row), timeMs);
+    if (!m_isLive && m_newest && timeMs > m_newestSample) {
+        // No line over the time in which nothing was known.
+        addSamples({}, m_newestSample + 1.0);
     }
+    addSamples(dataList, timeMs);
+    m_newest = generalinformation::clockTime(dataList);
+    m_newestSample = timeMs;
+    showLiveness();
+}
+
+/// One value a curve; a gap where the record has none.
+void MainWindowPlot::addSamples(const QList<QStringList>& dataList, double timeMs)
+{
+    using namespace generalinformation;
+    for (std::size_t i = 0; i < kCurves.size(); ++i) {
+        const Row row = m_rowsInOrder ? static_cast<Row>(PrimaryVoltageRow + static_cast<int>(i))
+                                      : kCurves.at(i).row;
+        const bool isKnown = !dataList.isEmpty() && hasValue(dataList, row);
+        m_plot->addData(m_curveNumbers.at(static_cast<int>(i)),
+                        isKnown ? number(dataList, row) : kNoSample, timeMs);
+    }
+}
+
+void MainWindowPlot::setMonitoring(const Monitoring& monitoring)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_monitoring = monitoring;
+    showLiveness();
+}
+
+void MainWindowPlot::showLiveness()
+{
+    m_isLive = m_monitoring.isLive(m_hexId, m_newest);
+    m_plot->setPast(m_isLive || !m_newest ? QString()
+                                          : tr("%1 ago").arg(m_monitoring.ageText(m_newest)));
+}
+
+void MainWindowPlot::forgetSamples()
+{
+    m_plot->clear();
+    m_newest.reset();
+    showLiveness();
 }
 
 void MainWindowPlot::setSelectedDevice(const QString& hexId)
@@ -105,7 +146,7 @@ void MainWindowPlot::setSelectedDevice(const QString& hexId)
         return;
     }
     m_hexId = hexId;
-    m_plot->clear();
+    forgetSamples();
     m_plot->setZoom(m_zoomEnabled);
 }
 
@@ -121,7 +162,7 @@ void MainWindowPlot::setZoomEnabled(bool enabled)
 
 void MainWindowPlot::clearPlot()
 {
-    m_plot->clear();
+    forgetSamples();
     setZoomEnabled(false);
 }
 
@@ -129,4 +170,5 @@ void MainWindowPlot::retranslate()
 {
     m_plot->setAxisTitle(QwtPlot::yLeft, tr("V"));
     m_plot->setAxisTitle(QwtPlot::yRight, tr("mA"));
+    showLiveness();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serial/ldb/monitoring.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -8,8 +10,11 @@ class Plot;
 class QWidget;
 
 /// Feeds the main window's live chart with the port voltages (V, left axis) and currents (mA, right
-/// axis) of the selected LDB. Lives in the GUI thread. A link that stops leaves the picture as it
-/// is.
+/// axis) of the selected LDB. While these are not live the curves are grey and the chart says how
+/// old its newest values are; what was not measured is a gap. GUI thread.
+///
+/// With `MainWindowPlot/ROWS_IN_ORDER=1` in the tuning file the curves take the rows of the record
+/// in their order instead, whatever their names say.
 class MainWindowPlot : public QObject
 {
     Q_OBJECT
@@ -29,6 +34,9 @@ public slots:
     /// be read is left out and said so in the diagnostics.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
 
+    /// What is live.
+    void setMonitoring(const Monitoring& monitoring);
+
     /// Starts an empty chart for another LDB; the one already selected keeps its history.
     void setSelectedDevice(const QString& hexId);
     /// While on, wheel and drag move the view; switching off brings the rolling view back.
@@ -43,9 +51,18 @@ signals:
     void zoomEnabledChanged(bool enabled);
 
 private:
+    void showLiveness();
+    void forgetSamples();
+    void addSamples(const QList<QStringList>& dataList, double timeMs);
+
     QWidget* m_container;
     QPointer<Plot> m_plot; // owned by the container
     QString m_hexId;
     QList<int> m_curveNumbers; // in the order of the curves
     bool m_zoomEnabled = false;
+    bool m_rowsInOrder = false;
+    Monitoring m_monitoring;
+    std::optional<qint64> m_newest; ///< clock time of the newest record
+    double m_newestSample = 0.0;    ///< the same, ms since 1970 UTC
+    bool m_isLive = false;
 };

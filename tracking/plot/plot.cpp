@@ -14,6 +14,7 @@
 #include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
 #include <qwt_plot_panner.h>
+#include <qwt_plot_textlabel.h>
 
 #include <algorithm>
 
@@ -72,6 +73,8 @@ void Plot::init()
     m_plot->plotLayout()->setAlignCanvasToScales(true);
     m_plot->setCanvas(plotappearance::createCanvas());
     plotappearance::createGrid()->attach(m_plot.get());
+    m_past = std::make_unique<QwtPlotTextLabel>();
+    m_past->attach(m_plot.get());
 
     // Until samples come, the axis shows the last minutes instead of the beginning of 1970.
     const auto now = static_cast<double>(QDateTime::currentMSecsSinceEpoch());
@@ -197,6 +200,18 @@ void Plot::clear()
     m_viewHeld = false;
     restoreAxisScale();
     redrawCurves();
+}
+
+void Plot::setPast(const QString& text)
+{
+    if (text == m_past->text().text()) {
+        return;
+    }
+    m_past->setText(plotappearance::pastText(text));
+    for (const auto& [number, curve] : m_curves) {
+        curve->setPast(!text.isEmpty());
+    }
+    scheduleRedraw();
 }
 
 void Plot::setSkipData(double skipMsFromStart)

@@ -16,6 +16,7 @@ class ClockScaleEngine;
 class HistoryCurve;
 class MyQwtPlotMagnifier;
 class QwtPlotPanner;
+class QwtPlotTextLabel;
 
 /// A rolling time chart of up to ten named curves over one clock axis. It shows the last
 /// `maxWindowTime` milliseconds; the user may hide curves by the legend and, while zoom is on, look
@@ -54,6 +55,10 @@ public slots:
     void restoreAxisScale();
     /// Drops all samples; the curves, their legend state and the zoom switch stay.
     void clear();
+
+    /// With a text, says it over the curves and draws them grey: they are of the past. Empty ends
+    /// that.
+    void setPast(const QString& text);
 
     void setAxisTitle(QwtPlot::Axis axis, const QString& title);
     void setAxisTitleVisible(QwtPlot::Axis axis, bool visible);
@@ -127,6 +132,7 @@ private:
     MyQwtPlotMagnifier* m_magnifier = nullptr; // owned by the canvas, as is the panner
     QwtPlotPanner* m_panner = nullptr;
 
+    std::unique_ptr<QwtPlotTextLabel> m_past; // gone before the plot
     int m_maxWindowTime = 0;
     int m_windowIntervalTime = 0;
     int m_skipMsFromStart = 0;

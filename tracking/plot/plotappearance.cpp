@@ -52,3 +52,17 @@ QColor plotappearance::curveColor(const QString& name)
     }
     return color;
 }
+
+QColor plotappearance::pastColor()
+{
+    return QColor(colours::kPlotPast);
+}
+
+QwtText plotappearance::pastText(const QString& text)
+{
+    QwtText shown(text, QwtText::PlainText);
+    shown.setRenderFlags(Qt::AlignHCenter | Qt::AlignTop);
+    shown.setColor(QColor(colours::kPlotPastText));
+    shown.setBackgroundBrush(QColor(colours::kPlotCanvas));
+    return shown;
+}

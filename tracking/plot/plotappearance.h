@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QPalette>
 #include <QString>
+#include <qwt_text.h>
 
 class QwtPlotCanvas;
 class QwtPlotGrid;
@@ -20,5 +21,10 @@ QPalette legendPalette(const QPalette& base, bool isCurveVisible = true);
 
 /// A colour by its name; an unknown name gives one that shows on the canvas, and a warning.
 QColor curveColor(const QString& name);
+
+/// Of a curve that is of the past.
+QColor pastColor();
+/// What says how long past, as it stands at the top of the canvas.
+QwtText pastText(const QString& text);
 
 } // namespace plotappearance

@@ -13,14 +13,12 @@ QVariant ProxyModelHierachicalHeader::data(const QModelIndex& index, int role) c
 
 bool ProxyModelHierachicalHeader::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
-    if (left.column() == m_codeColumn && right.column() == m_codeColumn) {
-        bool leftIsCode = false;
-        bool rightIsCode = false;
-        const int leftCode = left.data(Qt::UserRole).toInt(&leftIsCode);
-        const int rightCode = right.data(Qt::UserRole).toInt(&rightIsCode);
-        if (leftIsCode && rightIsCode && leftCode != rightCode) {
-            return leftCode < rightCode;
-        }
+    bool leftIsNumber = false;
+    bool rightIsNumber = false;
+    const double leftNumber = left.data(Qt::UserRole).toDouble(&leftIsNumber);
+    const double rightNumber = right.data(Qt::UserRole).toDouble(&rightIsNumber);
+    if (leftIsNumber && rightIsNumber && leftNumber != rightNumber) {
+        return leftNumber < rightNumber;
     }
     return QString::localeAwareCompare(left.data().toString(), right.data().toString()) < 0;
 }

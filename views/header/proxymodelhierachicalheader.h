@@ -30,19 +30,15 @@ public:
     /// Keys: the columns at which a group of two begins.
     QMap<int, int> groupStartColumns() const { return m_groupStartColumns; }
 
-    /// The source column that is sorted by its codes rather than by its texts. None at the start.
-    void setCodeColumn(int column) { m_codeColumn = column; }
-
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 protected:
-    /// The code column by its codes (source role `Qt::UserRole`) where both cells have one and they
+    /// By the numbers of the cells (source role `Qt::UserRole`) where both have one and they
     /// differ; everything else by its text, as the locale orders it.
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:
     QMap<int, int> m_groupStartColumns;
-    int m_codeColumn = -1;
     QPointer<QAbstractItemModel> m_horizontalHeaderModel;
     QPointer<QAbstractItemModel> m_verticalHeaderModel;
 };

@@ -5,22 +5,24 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
 
-/// The record's text for a lamp that it raises.
-QString condition(Lamp lamp, const QList<QStringList>& dataList)
+/// The record's text for a page on which it belongs.
+QString condition(CausePage page, const QList<QStringList>& dataList)
 {
     using namespace generalinformation;
 
-    switch (lamp) {
-    case Lamp::A:
-    case Lamp::D:
+    switch (page) {
+    case CausePage::A:
+    case CausePage::D:
+    case CausePage::Out:
         return text(dataList, ModeRow);
-    case Lamp::B:
+    case CausePage::B:
         return text(dataList, EarthRow);
-    case Lamp::C:
+    case CausePage::C:
         break;
     }
     QStringList parts;
@@ -83,26 +85,46 @@ std::optional<LampLevels> BusCondition::add(const QString& hexId,
     return std::exchange(m_levels, LampLevels());
 }
 
-QList<Lamp> LampCauses::update(const QString& hexId, const QList<QStringList>& dataList)
+bool isOut(const QList<QStringList>& dataList)
+{
+    using namespace generalinformation;
+
+    const auto state = static_cast<LdbState>(integer(dataList, ModeRow));
+    return state == LdbState::Disconnected || state == LdbState::Fault ||
+           state == LdbState::FactoryResetFailed;
+}
+
+QList<CausePage> LampCauses::update(const QString& hexId, const QList<QStringList>& dataList)
 {
     const LampLevels levels = lampLevels(dataList);
-    QList<Lamp> changed;
-    for (const Lamp lamp : kLamps) {
-        ByHexId& causes = m_causes[static_cast<std::size_t>(lamp)];
-        if (levels.of(lamp) == FaultLevel::None) {
+    QList<CausePage> changed;
+    for (const CausePage page : kCausePages) {
+        ByHexId& causes = m_causes[static_cast<std::size_t>(page)];
+        const bool belongs = page == CausePage::Out
+                                 ? isOut(dataList)
+                                 : levels.of(static_cast<Lamp>(page)) != FaultLevel::None;
+        if (!belongs) {
             if (causes.remove(hexId) > 0) {
-                changed << lamp;
+                changed << page;
             }
             continue;
         }
-        const LampCause cause{
-            generalinformation::text(dataList, generalinformation::NameRow).simplified(),
-            condition(lamp, dataList)};
+        const LampCause cause{generalinformation::ownName(dataList).simplified(),
+                              condition(page, dataList)};
         const auto known = causes.constFind(hexId);
         if (known == causes.constEnd() || !(*known == cause)) {
             causes.insert(hexId, cause);
-            changed << lamp;
+            changed << page;
         }
     }
     return changed;
+}
+
+void LampCauses::keepOnly(const QStringList& hexIds)
+{
+    for (ByHexId& causes : m_causes) {
+        for (auto cause = causes.begin(); cause != causes.end();) {
+            cause = hexIds.contains(cause.key()) ? std::next(cause) : causes.erase(cause);
+        }
+    }
 }

@@ -68,10 +68,10 @@ void ClickableLabel::paintEvent(QPaintEvent* event)
 }
 
 LampPanel::LampPanel(const LampWidgets& a, const LampWidgets& b, const LampWidgets& c,
-                     const LampWidgets& d, QToolBox* toolBox, QObject* parent)
+                     const LampWidgets& d, QListWidget* out, QToolBox* toolBox, QObject* parent)
     : QObject(parent)
     , m_indicators(a.lamp, c.lamp, b.lamp, d.lamp)
-    , m_lists{a.causes, b.causes, c.causes, d.causes}
+    , m_lists{a.causes, b.causes, c.causes, d.causes, out}
 {
     for (const LampWidgets& widgets : {a, b, c, d}) {
         for (const ClickableLabel* label : {widgets.lamp, widgets.text}) {
@@ -83,7 +83,8 @@ LampPanel::LampPanel(const LampWidgets& a, const LampWidgets& b, const LampWidge
                         });
             }
         }
-        QListWidget* causes = widgets.causes;
+    }
+    for (QListWidget* causes : m_lists) {
         // The page is narrow, and a condition must be readable to its end.
         causes->setWordWrap(true);
         causes->setAlternatingRowColors(true);
@@ -105,35 +106,43 @@ void LampPanel::processData(const QString& hexId, const QList<QStringList>& data
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_indicators.processData(hexId, dataList);
-    const QList<Lamp> changed = m_causes.update(hexId, dataList);
-    for (const Lamp lamp : changed) {
-        fill(lamp);
+    const QList<CausePage> changed = m_causes.update(hexId, dataList);
+    for (const CausePage page : changed) {
+        fill(page);
     }
 }
 
-void LampPanel::resetPages()
+void LampPanel::setMonitoring(const Monitoring& monitoring)
 {
-    m_causes.clear();
+    m_indicators.setMonitoring(monitoring);
+    if (m_isMonitored == monitoring.isWhole()) {
+        return;
+    }
+    m_isMonitored = monitoring.isWhole();
+    if (!m_isMonitored) {
+        m_causes.clear();
+    }
     fillAll();
 }
 
-void LampPanel::reset()
+void LampPanel::keepOnly(const QStringList& hexIds)
 {
-    m_indicators.resetIndicators();
-    resetPages();
+    m_indicators.keepOnly(hexIds);
+    m_causes.keepOnly(hexIds);
+    fillAll();
 }
 
 void LampPanel::fillAll()
 {
-    for (const Lamp lamp : kLamps) {
-        fill(lamp);
+    for (const CausePage page : kCausePages) {
+        fill(page);
     }
 }
 
-void LampPanel::fill(Lamp lamp)
+void LampPanel::fill(CausePage causePage)
 {
-    QListWidget* page = list(lamp);
-    const LampCauses::ByHexId& causes = m_causes.of(lamp);
+    QListWidget* page = list(causePage);
+    const LampCauses::ByHexId& causes = m_causes.of(causePage);
     // Both are in the order of the addresses, after the empty id of the entry "No LDB": one walk
     // does it, and leaves the entries that stay untouched.
     int row = 0;
@@ -152,7 +161,8 @@ void LampPanel::fill(Lamp lamp)
         removeRow(page, row);
     }
     if (causes.isEmpty()) {
-        auto none = std::make_unique<QListWidgetItem>(tr("No LDB"));
+        auto none =
+            std::make_unique<QListWidgetItem>(m_isMonitored ? tr("No LDB") : tr("Not monitored"));
         none->setFlags(Qt::NoItemFlags);
         page->addItem(none.release());
     }

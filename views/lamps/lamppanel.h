@@ -37,15 +37,15 @@ struct LampWidgets
 
 /// The front panel: four lamps that sum up the bus, and a tool box page for each that names the
 /// LDBs behind it: one entry an LDB with id, name and condition, in the order of the addresses. A
-/// click on a lamp opens its page. The pages follow every record at once, where the lamps wait for
-/// the end of a round. GUI thread.
+/// page without a lamp names those that are lost or in fault. A click on a lamp opens its page. The
+/// pages follow every record at once, where the lamps wait for the end of a round. GUI thread.
 class LampPanel : public QObject
 {
     Q_OBJECT
 public:
     /// The widgets outlive this object.
     LampPanel(const LampWidgets& a, const LampWidgets& b, const LampWidgets& c,
-              const LampWidgets& d, QToolBox* toolBox, QObject* parent);
+              const LampWidgets& d, QListWidget* out, QToolBox* toolBox, QObject* parent);
 
     /// The entries themselves follow with the LDBs' next records.
     void retranslate();
@@ -54,10 +54,11 @@ public slots:
     /// Takes an LDB's record. Entries change where they stand: the entry that
     /// the user is on stays current and selected as long as its LDB raises the lamp.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
-    /// Empties the pages, as when the bus is scanned anew; the lamps follow with the next round.
-    void resetPages();
-    /// Lamps off, pages empty.
-    void reset();
+    /// What of the bus is monitored. When it is no longer the whole, the pages are emptied and say
+    /// so.
+    void setMonitoring(const Monitoring& monitoring);
+    /// No other LDB is on the bus any more.
+    void keepOnly(const QStringList& hexIds);
 
 signals:
     /// A lamp was clicked: the tool box shows its page.
@@ -67,12 +68,13 @@ signals:
     void ldbActivated(const QString& hexId);
 
 private:
-    QListWidget* list(Lamp lamp) const { return m_lists[static_cast<std::size_t>(lamp)]; }
-    void fill(Lamp lamp);
+    QListWidget* list(CausePage page) const { return m_lists[static_cast<std::size_t>(page)]; }
+    void fill(CausePage page);
     void fillAll();
     void activate(const QListWidgetItem* item);
 
     StatusIndicators m_indicators;
     LampCauses m_causes;
-    std::array<QListWidget*, kLamps.size()> m_lists{};
+    bool m_isMonitored = false;
+    std::array<QListWidget*, kCausePages.size()> m_lists{};
 };

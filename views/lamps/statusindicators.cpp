@@ -1,6 +1,7 @@
 #include "views/lamps/statusindicators.h"
 
 #include "app/shared/colours.h"
+#include "serial/ldb/generalinformation.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -63,10 +64,23 @@ QPixmap lampimage::draw(const QString& colour)
     return pixmap;
 }
 
+QPixmap lampimage::drawUnknown()
+{
+    QPixmap pixmap = draw(colours::kLampOff);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor line(colours::kLampUnknown);
+    painter.setPen(line);
+    painter.setBrush(QBrush(line, Qt::BDiagPattern));
+    painter.drawEllipse(QRectF(kEllipse).adjusted(0.5, 0.5, -0.5, -0.5));
+    return pixmap;
+}
+
 StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, QLabel* lampD,
                                    QObject* parent)
     : QObject(parent)
     , m_off(lampimage::draw(colours::kLampOff))
+    , m_unknown(lampimage::drawUnknown())
 {
     const QPixmap amber = lampimage::draw(colours::kAmber);
     indicator(Lamp::A) = {lampA, lampimage::draw(colours::kBlue)};
@@ -76,7 +90,7 @@ StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, 
     for (const Indicator& each : m_indicators) {
         // Without a fixed size, each blink would cause a new layout of the window.
         each.label->setFixedSize(lampimage::kSize, lampimage::kSize);
-        each.label->setPixmap(m_off);
+        each.label->setPixmap(m_unknown);
     }
     retranslate();
 
@@ -90,18 +104,62 @@ void StatusIndicators::processData(const QString& hexId, const QList<QStringList
 {
     Q_ASSERT(QThread::currentThread() == thread());
     if (const std::optional<LampLevels> levels = m_condition.add(hexId, dataList)) {
+        m_roundSeen = m_roundTime.has_value(); // the first record ends none over all LDBs
+        m_roundTime = generalinformation::clockTime(dataList);
         show(*levels);
+        updateLiveness();
     }
 }
 
-void StatusIndicators::resetIndicators()
+void StatusIndicators::setMonitoring(const Monitoring& monitoring)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    for (const Lamp lamp : kLamps) {
-        setBlink(lamp, Blink::Off);
+    if (monitoring.isWhole() != m_monitoring.isWhole()) {
+        beginAnew();
     }
+    m_monitoring = monitoring;
+    updateLiveness();
+}
+
+void StatusIndicators::keepOnly(const QStringList& hexIds)
+{
+    // Without the one that marks them, no round would ever end.
+    if (m_condition.marker() && !hexIds.contains(*m_condition.marker())) {
+        beginAnew();
+        updateLiveness();
+    }
+}
+
+void StatusIndicators::beginAnew()
+{
+    m_condition = BusCondition();
+    m_roundTime.reset();
     m_roundSeen = false;
-    retranslate();
+}
+
+void StatusIndicators::updateLiveness()
+{
+    m_isLive = m_monitoring.isLive(m_roundTime);
+    refresh();
+}
+
+bool StatusIndicators::isKnown(const Indicator& each) const
+{
+    return m_isLive && (m_roundSeen || each.blink != Blink::Off);
+}
+
+void StatusIndicators::refresh()
+{
+    for (const Lamp lamp : kLamps) {
+        const Indicator& each = indicator(lamp);
+        if (!isKnown(each)) {
+            each.label->setPixmap(m_unknown);
+        } else if (each.blink == Blink::Off) {
+            each.label->setPixmap(m_off);
+        }
+        // The timers paint the others.
+        describe(lamp);
+    }
 }
 
 void StatusIndicators::retranslate()
@@ -130,32 +188,16 @@ void StatusIndicators::show(const LampLevels& levels)
         const bool knowsSlow = kTexts[static_cast<std::size_t>(lamp)].slow != nullptr;
         const FaultLevel level = levels.of(lamp);
         const bool isSlow = level == FaultLevel::Minor && knowsSlow;
-        setBlink(lamp, level == FaultLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast);
+        indicator(lamp).blink = level == FaultLevel::None ? Blink::Off
+                                : isSlow                  ? Blink::Slow
+                                                          : Blink::Fast;
     }
-    if (!m_roundSeen) {
-        m_roundSeen = true;
-        retranslate();
-    }
-}
-
-void StatusIndicators::setBlink(Lamp lamp, Blink blink)
-{
-    Indicator& changing = indicator(lamp);
-    if (changing.blink == blink) {
-        return;
-    }
-    changing.blink = blink;
-    if (blink == Blink::Off) {
-        // The timers do not touch unlit lamps.
-        changing.label->setPixmap(m_off);
-    }
-    describe(lamp);
 }
 
 void StatusIndicators::paint(Blink blink, bool lit)
 {
     for (const Indicator& each : m_indicators) {
-        if (each.blink == blink) {
+        if (each.blink == blink && isKnown(each)) {
             each.label->setPixmap(lit ? each.lit : m_off);
         }
     }
@@ -171,8 +213,7 @@ void StatusIndicators::describe(Lamp lamp)
     switch (described.blink) {
     case Blink::Off:
         state = tr("%1: off").arg(name);
-        meaning =
-            m_roundSeen ? tr(texts.off) : tr("No round over all LDBs has been completed yet.");
+        meaning = tr(texts.off);
         break;
     case Blink::Slow:
         state = tr("%1: blinking slowly").arg(name);
@@ -182,6 +223,11 @@ void StatusIndicators::describe(Lamp lamp)
         state = tr("%1: blinking fast").arg(name);
         meaning = tr(texts.fast);
         break;
+    }
+    if (!isKnown(described)) {
+        state = tr("%1: not known").arg(name);
+        meaning = m_monitoring.isWhole() ? tr("No round over all LDBs has been completed yet.")
+                                         : tr("Not all LDBs are monitored.");
     }
     described.label->setToolTip(state + QLatin1Char('\n') + meaning);
     described.label->setAccessibleName(state);

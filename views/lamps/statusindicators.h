@@ -1,5 +1,6 @@
 #pragma once
 
+#include "serial/ldb/monitoring.h"
 #include "views/lamps/lampcondition.h"
 
 #include <QObject>
@@ -18,11 +19,16 @@ constexpr int kSize = 18;
 /// application object; GUI thread only.
 QPixmap draw(const QString& colour);
 
+/// The hatched lamp of which nobody knows whether it should be lit; as `draw`.
+QPixmap drawUnknown();
+
 } // namespace lampimage
 
 /// Drives the four round lamps that sum up the whole bus: each is off, blinks slowly (1 Hz) or
-/// blinks fast (4 Hz) after the worst condition of the last complete polling round. Every lamp also
-/// says its state in words, by tool tip and accessible text. GUI thread only.
+/// blinks fast (4 Hz) after the worst condition of the last complete polling round. While the bus
+/// is not monitored all are hatched, and so is an unlit one until a whole round has found nothing:
+/// a dark lamp says that all is well. Every lamp also says its state in words, by tool tip and
+/// accessible text. GUI thread only.
 class StatusIndicators : public QObject
 {
     Q_OBJECT
@@ -35,9 +41,10 @@ public:
 public slots:
     /// Takes an LDB's record; the lamps change when a round is complete.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
-    /// All lamps off. What the round under way has seen so far is kept, and so is the LDB that
-    /// marks the rounds.
-    void resetIndicators();
+    /// What of the bus is monitored; the rounds begin anew when the whole bus is again.
+    void setMonitoring(const Monitoring& monitoring);
+    /// No other LDB is on the bus any more.
+    void keepOnly(const QStringList& hexIds);
     /// Says the lamps' states in the language in force.
     void retranslate();
 
@@ -61,9 +68,12 @@ private:
 
     Indicator& indicator(Lamp lamp) { return m_indicators[static_cast<std::size_t>(lamp)]; }
     void show(const LampLevels& levels);
-    void setBlink(Lamp lamp, Blink blink);
     void paint(Blink blink, bool lit);
     void describe(Lamp lamp);
+    void beginAnew();
+    void updateLiveness();
+    bool isKnown(const Indicator& each) const;
+    void refresh();
 
     BusCondition m_condition;
     std::array<Indicator, kLamps.size()> m_indicators;
@@ -72,5 +82,9 @@ private:
     QTimer m_fastTimer;
     bool m_slowPhase = false; ///< the next slow tick lights
     bool m_fastPhase = false; ///< the next fast tick lights
-    bool m_roundSeen = false; ///< an unlit lamp means that all is well
+    QPixmap m_unknown;
+    Monitoring m_monitoring;
+    std::optional<qint64> m_roundTime; ///< clock time of the round that was shown last
+    bool m_isLive = false;             ///< that round still counts
+    bool m_roundSeen = false;          ///< a whole one: an unlit lamp means that all is well
 };

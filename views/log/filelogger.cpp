@@ -40,6 +40,15 @@ bool isMeasurement(int row)
     return row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
 }
 
+/// What stands in the file for a row.
+QString fieldText(int row, const QStringList& entry)
+{
+    if (entry.value(TextColumn) == kNoValue) {
+        return {};
+    }
+    return entry.value(isMeasurement(row) ? ValueColumn : TextColumn);
+}
+
 /// Whether the file ends in the middle of a line. Moves the position.
 bool endsWithinLine(QFile& file)
 {
@@ -206,9 +215,9 @@ QString FileLogger::dataLine(const QList<QStringList>& dataList)
 {
     QString line;
     for (int row = 0; row < dataList.size(); ++row) {
-        const Column column = isMeasurement(row) ? ValueColumn : TextColumn;
         // Unlike the header, a data line ends with a separator: readers of these files expect it.
-        line += dataList.at(row).value(column).simplified() + kSeparator;
+        const QString text = row == NameRow ? ownName(dataList) : fieldText(row, dataList.at(row));
+        line += text.simplified() + kSeparator;
     }
     return line + kLineEnd;
 }

@@ -43,6 +43,20 @@ double luminance(const QColor& colour)
 // Where black and white give the same contrast ratio: (L + 0.05) / 0.05 = 1.05 / (L + 0.05).
 constexpr double kEqualContrastLuminance = 0.179;
 
+// How much of its colour a cell keeps that is not live, and how much of its contrast a text.
+constexpr double kFadedColour = 0.3;
+constexpr double kFadedText = 0.55;
+
+QColor mixed(const QColor& colour, const QColor& ground, double share)
+{
+    const auto mix = [share](double a, double b) {
+        return share * a + (1.0 - share) * b;
+    };
+    return QColor::fromRgbF(mix(colour.redF(), ground.redF()),
+                            mix(colour.greenF(), ground.greenF()),
+                            mix(colour.blueF(), ground.blueF()));
+}
+
 bool isSame(const QVariant& left, const QVariant& right)
 {
     return left.isValid() == right.isValid() && left == right;
@@ -97,19 +111,34 @@ QColor readableTextOn(const QColor& background)
     return luminance(background) > kEqualContrastLuminance ? Qt::black : Qt::white;
 }
 
-void update(QStandardItem& item, int role, const QVariant& value)
+bool update(QStandardItem& item, int role, const QVariant& value)
 {
-    if (!isSame(item.data(role), value)) {
+    const bool differs = !isSame(item.data(role), value);
+    if (differs) {
         item.setData(value, role);
     }
+    return differs;
 }
 
 QColor ruleColour(const CellColourRules& rules, int row, const QStringList& rowData)
 {
-    const int value = rowData.value(generalinformation::ValueColumn).toInt();
+    if (rowData.size() <= generalinformation::ValueColumn) {
+        return {}; // what has no value has no colour
+    }
+    const int value = rowData.at(generalinformation::ValueColumn).toInt();
     const std::optional<QString> name = rules.colourName(row, value);
     // A name that means nothing is not handed to QColor, which would warn at every record.
     return name && QColor::isValidColor(*name) ? QColor(*name) : QColor();
+}
+
+QColor faded(const QColor& colour, const QColor& ground)
+{
+    return colour.isValid() ? mixed(colour, ground, kFadedColour) : QColor();
+}
+
+QColor fadedText(const QColor& text, const QColor& ground)
+{
+    return mixed(text, ground, kFadedText);
 }
 
 void setColour(QStandardItem& item, const QColor& background)

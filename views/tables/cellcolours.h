@@ -56,12 +56,18 @@ namespace cellcolours {
 QColor readableTextOn(const QColor& background);
 
 /// Writes an item's value only where it differs, so that an unchanged cell is not repainted. An
-/// invalid value clears the role.
-void update(QStandardItem& item, int role, const QVariant& value);
+/// invalid value clears the role. Gives whether it differed.
+bool update(QStandardItem& item, int role, const QVariant& value);
 
 /// The colour that the rules give a record's row, taken from its machine value (0 where that is no
 /// whole number); invalid where no rule applies or the rule's colour means nothing.
 QColor ruleColour(const CellColourRules& rules, int row, const QStringList& rowData);
+
+/// The colour that `colour` has on `ground` in a cell whose value is not live: pale, so that nobody
+/// takes it for the present, and still to be told from others. An invalid one stays so.
+QColor faded(const QColor& colour, const QColor& ground);
+/// The colour of texts that are not live.
+QColor fadedText(const QColor& text, const QColor& ground);
 
 /// Gives a cell a background with a text colour that reads on it; an invalid colour clears both.
 void setColour(QStandardItem& item, const QColor& background);

@@ -87,7 +87,7 @@ void DeviceDetailTable::setCurrentHexId(const QString& hexId)
 {
     if (hexId != m_currentHexId) {
         m_currentHexId = hexId;
-        showRecord({});
+        setRecord({});
     }
 }
 
@@ -95,25 +95,53 @@ void DeviceDetailTable::processData(const QString& hexId, const QList<QStringLis
 {
     Q_ASSERT(QThread::currentThread() == thread());
     if (hexId == m_currentHexId) {
-        showRecord(dataList.size() < kMinimumEntries ? QList<QStringList>() : dataList);
+        setRecord(dataList.size() < kMinimumEntries ? QList<QStringList>() : dataList);
     }
 }
 
-void DeviceDetailTable::showRecord(const QList<QStringList>& dataList)
+void DeviceDetailTable::setRecord(const QList<QStringList>& dataList)
 {
-    const int rows = std::max<int>(m_model.rowCount(), dataList.size());
+    m_record = dataList;
+    m_time = generalinformation::clockTime(dataList);
+    showRecord();
+}
+
+void DeviceDetailTable::setMonitoring(const Monitoring& monitoring)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_monitoring = monitoring;
+    showRecord();
+}
+
+/// What the record says in that row; in that of its time also how long ago that was.
+QString DeviceDetailTable::textOf(int row) const
+{
+    const QString text = m_record.value(row).value(generalinformation::TextColumn);
+    const bool tellsAge = row == generalinformation::TimestampRow && m_time && !m_isLive;
+    return tellsAge ? text + QLatin1Char('\n') + tr("%1 ago").arg(m_monitoring.ageText(m_time))
+                    : text;
+}
+
+void DeviceDetailTable::showRecord()
+{
+    m_isLive = m_monitoring.isLive(m_currentHexId, m_time);
+    const int rows = std::max<int>(m_model.rowCount(), m_record.size());
     for (int row = 0; row < rows; ++row) {
         cell(row, LabelColumn);
         QStandardItem& value = cell(row, ValueColumn);
-        const bool hasEntry = row < dataList.size();
-        const QStringList entry = dataList.value(row);
-        cellcolours::update(value, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
-        const QColor colour =
-            hasEntry ? cellcolours::ruleColour(*m_colourRules, row, entry) : QColor();
-        if (colour.isValid()) {
+        cellcolours::update(value, Qt::DisplayRole, textOf(row));
+        const QColor colour = row < m_record.size()
+                                  ? cellcolours::ruleColour(*m_colourRules, row, m_record.at(row))
+                                  : QColor();
+        const QColor shade = shadeOf(row);
+        if (!m_isLive) {
+            const QColor pale = cellcolours::faded(colour, shade);
+            cellcolours::setColours(value, pale.isValid() ? pale : shade,
+                                    cellcolours::fadedText(m_textColour, shade));
+        } else if (colour.isValid()) {
             cellcolours::setColour(value, colour);
         } else {
-            cellcolours::setColours(value, shadeOf(row), m_textColour);
+            cellcolours::setColours(value, shade, m_textColour);
         }
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serial/ldb/monitoring.h"
+
 #include <QColor>
 #include <QObject>
 #include <QPointer>
@@ -32,6 +34,9 @@ public:
     /// Sets the LDB to show. Another one than before empties the values until its record comes.
     void setCurrentHexId(const QString& hexId);
 
+    /// Greys the values while they are not live, and says how old they are.
+    void setMonitoring(const Monitoring& monitoring);
+
 public slots:
     /// Shows the record if it is the current LDB's. A record of fewer than two entries empties the
     /// values.
@@ -43,10 +48,16 @@ public slots:
 private:
     void setupTable();
     QColor shadeOf(int row) const;
-    void showRecord(const QList<QStringList>& dataList);
+    void setRecord(const QList<QStringList>& dataList);
+    void showRecord();
+    QString textOf(int row) const;
     QStandardItem& cell(int row, Column column);
 
     QString m_currentHexId;
+    QList<QStringList> m_record;  ///< the one shown
+    std::optional<qint64> m_time; ///< its time
+    Monitoring m_monitoring;
+    bool m_isLive = false;
     QStandardItemModel m_model;
     QPointer<QTableView> m_view;
     QColor m_baseColour;

@@ -1,33 +1,44 @@
 #include "views/tables/deviceoverviewtable.h"
 
-#include "app/shared/usersettings.h"
 #include "views/header/hierarchicalheaderview.h"
 #include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolours.h"
 #include "views/tables/overviewcolumns.h"
 #include "views/tables/overviewdelegates.h"
+#include "views/tables/overviewlayout.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMap>
-#include <QResizeEvent>
+#include <QMenu>
 #include <QStandardItem>
 #include <QTableView>
 #include <QThread>
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
-
-// On the tick cell: the LDB of the row. The id column is no key, as a short record may lack it.
-constexpr int kHexIdRole = Qt::UserRole + 1;
 
 // A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
 
-// Sort key of a cell. The records carry none, so sorting goes by the shown text.
-constexpr int kNoSortKey = 0;
+constexpr int kFitDelay = 100; // ms
+
+/// What a cell is sorted by; the rows without a value stand together at one end.
+QVariant sortNumber(int recordRow, const QStringList& entry)
+{
+    using namespace generalinformation;
+    if (recordRow == NameRow || recordRow == TimestampRow) {
+        return {};
+    }
+    if (entry.value(TextColumn) == kNoValue) {
+        return -std::numeric_limits<double>::infinity();
+    }
+    bool isNumber = false;
+    const double number = entry.value(ValueColumn).toDouble(&isNumber);
+    return isNumber ? number : QVariant();
+}
 
 QStandardItem* newItem()
 {
@@ -43,19 +54,18 @@ QStandardItem* newDataItem()
     return item;
 }
 
+/// Whether a text of that row may take more than one line. A measurement does not: only what stands
+/// in its place.
+bool takesLines(int recordRow, const QString& text)
+{
+    using namespace generalinformation;
+    const bool isMeasurement = recordRow >= PrimaryVoltageRow && recordRow <= SecondaryCurrentRow;
+    return isMeasurement ? text.contains(QLatin1Char('(')) : recordRow != TimestampRow;
+}
+
 bool isTickKey(int key)
 {
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-// Relative widths of the columns. On a small screen, every single fault and mode and a ticked name
-// then fit, in every language; sums of faults do not.
-int widthShareOf(int column)
-{
-    // Tick, ID, Name, Mode, Loop, Vpri, Ipri, Vsec, Isec, Earth, Amplifier, Timestamp.
-    constexpr std::array kShares{52, 57, 120, 161, 151, 52, 72, 52, 72, 128, 113, 52};
-    static_assert(kShares.size() == overview::ColumnCount);
-    return kShares.at(static_cast<std::size_t>(column));
 }
 
 } // namespace
@@ -82,7 +92,6 @@ void DeviceOverviewTable::setupTable()
     m_proxy->setVerticalHeaderModel(&m_headerModel);
     m_proxy->addGroupStartColumn(overview::PrimaryVoltageColumn);
     m_proxy->addGroupStartColumn(overview::SecondaryVoltageColumn);
-    m_proxy->setCodeColumn(overview::ModeColumn);
     m_view->setModel(m_proxy.get());
 
     m_checkBoxDelegate = new CheckBoxDelegate(this);
@@ -93,7 +102,11 @@ void DeviceOverviewTable::setupTable()
     // A highlight would cover the colour of a fault; the ticked row is marked by its delegate.
     m_view->setSelectionMode(QAbstractItemView::NoSelection);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_view->setWordWrap(false);
+    // A sum of faults takes more than one line.
+    m_view->setWordWrap(true);
+    m_view->verticalHeader()->setMinimumSectionSize(m_view->verticalHeader()->defaultSectionSize());
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &DeviceOverviewTable::openMenu);
     connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
         selectLdb(hexIdOf(m_proxy->mapToSource(index).row()));
     });
@@ -109,10 +122,7 @@ void DeviceOverviewTable::setupHeader()
     m_view->verticalHeader()->hide();
     header->show();
 
-    hideServiceColumns();
-    header->setSectionResizeMode(QHeaderView::Interactive);
-    header->setSectionsMovable(true);
-    fillWidth();
+    m_layout = new OverviewLayout(m_view, header, this);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Interactive);
 
     header->setSortIndicatorShown(true);
@@ -120,55 +130,14 @@ void DeviceOverviewTable::setupHeader()
     header->setSectionsClickable(true);
     header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
     m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    m_headerViewport = header->viewport();
-    m_headerViewport->installEventFilter(this);
-}
-
-/// Shows exactly the columns that the header names.
-void DeviceOverviewTable::hideServiceColumns()
-{
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        m_view->setColumnHidden(column, column == overview::TickColumn ||
-                                            column == overview::TimestampColumn);
-    }
-}
-
-/// Stretches the shown columns over the table's width.
-void DeviceOverviewTable::fillWidth()
-{
-    header()->resizeSections(QHeaderView::Stretch);
-    shareWidth(header()->length(), widthShareOf);
-}
-
-/// Gives each shown column its share of the width.
-void DeviceOverviewTable::shareWidth(int width, const std::function<int(int column)>& shareOf)
-{
-    int shares = 0;
-    QMap<int, int> sharesBefore; // by column
-    for (int column = 0; column < overview::ColumnCount; ++column) {
-        if (!header()->isSectionHidden(column)) {
-            sharesBefore.insert(column, shares);
-            shares += shareOf(column);
+    m_fitTimer.setSingleShot(true);
+    m_fitTimer.setInterval(kFitDelay);
+    connect(header, &QHeaderView::sectionResized, &m_fitTimer, qOverload<>(&QTimer::start));
+    connect(&m_fitTimer, &QTimer::timeout, this, [this] {
+        if (m_view) {
+            m_view->resizeRowsToContents();
         }
-    }
-    if (shares == 0) {
-        return;
-    }
-    // Positions are rounded, not widths, so that no gap is left at the right. All are worked out
-    // before the first one changes.
-    QMap<int, int> widths;
-    for (auto it = sharesBefore.cbegin(); it != sharesBefore.cend(); ++it) {
-        const int begin = width * it.value() / shares;
-        widths.insert(it.key(), width * (it.value() + shareOf(it.key())) / shares - begin);
-    }
-    for (auto it = widths.cbegin(); it != widths.cend(); ++it) {
-        header()->resizeSection(it.key(), it.value());
-    }
-}
-
-QHeaderView* DeviceOverviewTable::header() const
-{
-    return m_view->horizontalHeader();
+    });
 }
 
 void DeviceOverviewTable::retranslate()
@@ -201,6 +170,7 @@ void DeviceOverviewTable::retranslate()
     m_headerModel.clear();
     m_headerModel.appendRow(cells);
     m_model.setHorizontalHeaderLabels(names);
+    m_layout->retranslate();
     if (m_selectedRow != kNoRow) {
         announceRow(m_selectedRow, true);
     }
@@ -209,6 +179,7 @@ void DeviceOverviewTable::retranslate()
 void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringList>& dataList)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    m_times.insert(hexId, generalinformation::clockTime(dataList));
     const int row = m_rowOfLdb.value(hexId, kNoRow);
     const bool isNewRow = row == kNoRow;
     if (isNewRow) {
@@ -216,6 +187,8 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
     } else {
         refreshRow(row, dataList);
     }
+    showLiveness(m_rowOfLdb.value(hexId));
+    colourRow(m_rowOfLdb.value(hexId));
     settleSelection(hexId, isNewRow);
 }
 
@@ -224,13 +197,12 @@ void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringLis
     QStandardItem* tickItem = newItem();
     tickItem->setCheckable(true);
     tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
-    tickItem->setData(hexId, kHexIdRole);
+    tickItem->setData(hexId, overview::HexIdRole);
     m_rowOfLdb.insert(hexId, m_model.rowCount());
     m_model.appendRow(tickItem);
     refreshRow(m_model.rowCount() - 1, dataList);
-    if (!m_hadRows) {
-        loadTableState();
-        m_hadRows = true;
+    if (!m_layout->isLoaded()) {
+        m_layout->load();
     }
 }
 
@@ -240,21 +212,28 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
         return;
     }
     const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
+    bool isFitDue = false;
     for (int recordRow = 0; recordRow < entries; ++recordRow) {
         const int column = overview::columnOf(recordRow);
         QStandardItem* item = m_model.item(row, column);
         const bool isNew = item == nullptr;
         if (isNew) {
             item = newDataItem();
-        } else {
-            cellcolours::update(*item, Qt::UserRole, kNoSortKey);
         }
         const QStringList& entry = dataList.at(recordRow);
-        cellcolours::update(*item, Qt::DisplayRole, entry.value(generalinformation::TextColumn));
-        cellcolours::setColour(*item, cellcolours::ruleColour(*m_colourRules, recordRow, entry));
+        const QString text = entry.value(generalinformation::TextColumn);
+        const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item->text());
+        isFitDue = (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
+        cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
+        const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
+        cellcolours::update(*item, overview::RuleColourRole,
+                            colour.isValid() ? QVariant(colour) : QVariant());
         if (isNew) {
             m_model.setItem(row, column, item);
         }
+    }
+    if (isFitDue) {
+        fitRow(row);
     }
     if (row == m_selectedRow) {
         announceRow(row, true);
@@ -281,6 +260,9 @@ bool DeviceOverviewTable::selectLdb(const QString& hexId)
         return false;
     }
     tick(*row);
+    if (m_view) {
+        m_view->scrollTo(m_proxy->mapFromSource(m_model.index(*row, overview::IdColumn)));
+    }
     return true;
 }
 
@@ -335,7 +317,7 @@ void DeviceOverviewTable::announceRow(int row, bool isTicked)
 
 QString DeviceOverviewTable::hexIdOf(int row) const
 {
-    return m_model.index(row, overview::TickColumn).data(kHexIdRole).toString();
+    return m_model.index(row, overview::TickColumn).data(overview::HexIdRole).toString();
 }
 
 void DeviceOverviewTable::setSelectionEnabled(bool enabled)
@@ -347,35 +329,123 @@ void DeviceOverviewTable::setSelectionEnabled(bool enabled)
     }
 }
 
-void DeviceOverviewTable::clear()
+void DeviceOverviewTable::setMonitoring(const Monitoring& monitoring)
 {
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_monitoring = monitoring;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        showLiveness(row);
+    }
+}
+
+void DeviceOverviewTable::showLiveness(int row)
+{
+    const QString hexId = hexIdOf(row);
+    const std::optional<qint64> time = m_times.value(hexId);
+    const bool isLive = m_monitoring.isLive(hexId, time);
+    QStandardItem& tickItem = *m_model.item(row, overview::TickColumn);
+    if (cellcolours::update(tickItem, overview::LiveRole, isLive)) {
+        colourRow(row);
+    }
+    showAge(row, isLive ? QString() : m_monitoring.ageText(time));
+}
+
+void DeviceOverviewTable::colourRow(int row)
+{
+    const bool isLive = m_model.item(row, overview::TickColumn)->data(overview::LiveRole).toBool();
+    for (int column = overview::IdColumn; column < overview::ColumnCount; ++column) {
+        if (QStandardItem* item = m_model.item(row, column)) {
+            colourCell(*item, isLive);
+        }
+    }
+}
+
+void DeviceOverviewTable::showAge(int row, const QString& age)
+{
+    QStandardItem* mode = m_model.item(row, overview::ModeColumn);
+    if (mode != nullptr &&
+        cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
+        fitRow(row);
+    }
+}
+
+void DeviceOverviewTable::colourCell(QStandardItem& item, bool isLive) const
+{
+    const QColor colour = item.data(overview::RuleColourRole).value<QColor>();
+    if (isLive) {
+        cellcolours::setColour(item, colour);
+    } else {
+        const QPalette palette = m_view ? m_view->palette() : QPalette();
+        const QColor ground = palette.color(QPalette::Base);
+        cellcolours::setColours(item, cellcolours::faded(colour, ground),
+                                cellcolours::fadedText(palette.color(QPalette::Text), ground));
+    }
+}
+
+/// Makes a row as high as its texts are, which may take more than one line.
+void DeviceOverviewTable::fitRow(int row)
+{
+    if (m_view) {
+        m_view->resizeRowToContents(m_proxy->mapFromSource(m_model.index(row, 0)).row());
+    }
+}
+
+void DeviceOverviewTable::openMenu(const QPoint& position)
+{
+    const QStringList lost = lostLdbs();
+    const QModelIndex cell = m_view->indexAt(position);
+    if (!cell.isValid() || lost.isEmpty()) {
+        return;
+    }
+    auto* menu = new QMenu(m_view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString hexId = hexIdOf(m_proxy->mapToSource(cell).row());
+    if (lost.contains(hexId)) {
+        connect(menu->addAction(tr("Dismiss LDB %1").arg(hexId)), &QAction::triggered, this,
+                [this, hexId] { emit dismissed({hexId}); });
+    }
+    connect(menu->addAction(tr("Dismiss all lost LDBs")), &QAction::triggered, this,
+            [this] { emit dismissed(lostLdbs()); });
+    menu->popup(m_view->viewport()->mapToGlobal(position));
+}
+
+QStringList DeviceOverviewTable::lostLdbs() const
+{
+    QStringList lost;
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        const QVariant mode = m_model.index(row, overview::ModeColumn).data(overview::NumberRole);
+        if (mode.toInt() == static_cast<int>(LdbState::Disconnected)) {
+            lost.append(hexIdOf(row));
+        }
+    }
+    return lost;
+}
+
+void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+{
+    const QString ticked = m_selectedRow == kNoRow ? QString() : hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
+    for (int row = m_model.rowCount() - 1; row >= 0; --row) {
+        const QString hexId = hexIdOf(row);
+        if (!hexIds.contains(hexId)) {
+            m_model.removeRow(row);
+            m_times.remove(hexId);
+        }
+    }
     m_rowOfLdb.clear();
-    m_model.removeRows(0, m_model.rowCount());
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        m_rowOfLdb.insert(hexIdOf(row), row);
+    }
+    if (m_rowOfLdb.contains(ticked)) {
+        m_selectedRow = m_rowOfLdb.value(ticked);
+    } else if (!ticked.isEmpty() && m_model.rowCount() > 0) {
+        tick(m_proxy->mapToSource(m_proxy->index(0, overview::TickColumn)).row());
+    }
 }
 
 void DeviceOverviewTable::saveTableState() const
 {
-    if (m_view && m_hadRows) {
-        userSettings().setValue(constants::kOverviewTableStateKey, header()->saveState());
-    }
-}
-
-void DeviceOverviewTable::loadTableState()
-{
-    const QVariant state = userSettings().value(constants::kOverviewTableStateKey);
-    if (!m_view || !state.isValid()) {
-        return;
-    }
-    if (!header()->restoreState(state.toByteArray())) {
-        qWarning("The stored layout of the overview table cannot be read");
-    }
-    hideServiceColumns();
-    // A layout of another version may sort by what is not shown here.
-    const int sortedBy = header()->sortIndicatorSection();
-    if (sortedBy >= header()->count() || header()->isSectionHidden(sortedBy)) {
-        m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    }
+    m_layout->save();
 }
 
 bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
@@ -385,22 +455,7 @@ bool DeviceOverviewTable::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress && watched == m_view) {
         return tickByKey(*static_cast<QKeyEvent*>(event));
     }
-    if (event->type() == QEvent::Resize && watched == m_headerViewport) {
-        followWidth(*static_cast<QResizeEvent*>(event));
-    }
     return QObject::eventFilter(watched, event);
-}
-
-/// Columns that fill the table go on doing so, in the proportions that the user gave them; columns
-/// that the user made wider or narrower than the table stay as they are.
-void DeviceOverviewTable::followWidth(const QResizeEvent& resize)
-{
-    if (!m_hadRows) {
-        fillWidth();
-    } else if (header()->length() == resize.oldSize().width()) {
-        shareWidth(resize.size().width(),
-                   [this](int column) { return header()->sectionSize(column); });
-    }
 }
 
 /// Whether the key was one that ticks the current row.

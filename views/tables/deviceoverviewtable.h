@@ -1,21 +1,23 @@
 #pragma once
 
+#include "serial/ldb/monitoring.h"
+
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QStringList>
+#include <QTimer>
 
-#include <functional>
 #include <memory>
+#include <optional>
 
-class QHeaderView;
 class QKeyEvent;
-class QResizeEvent;
 class QTableView;
 
 class CellColourRules;
 class CheckBoxDelegate;
+class OverviewLayout;
 class OverviewRowDelegate;
 class ProxyModelHierachicalHeader;
 
@@ -42,17 +44,22 @@ public:
     /// Whether the user may tick another row. True at the start.
     void setSelectionEnabled(bool enabled);
 
-    /// Drops all rows for a new scan; columns, widths, order and sorting stay. The selected LDB
-    /// stays selected, and is ticked again, without a signal, when its next record comes. Until
-    /// then no row is ticked. If it has not come by the time that another LDB's second record
-    /// arrives (a whole round without it), the first row is ticked and announced instead.
-    void clear();
+    /// What of the bus is monitored. Rows that are not live are grey and say how old they are.
+    void setMonitoring(const Monitoring& monitoring);
 
-    /// Stores the header's layout in the per-user settings. Does nothing before the first row: what
-    /// stands there until then is not the user's layout, which has yet to be restored.
+    /// Drops the rows of all other LDBs; columns, widths, order and sorting stay. Without the row
+    /// of the selected LDB the first one left is ticked and announced. Where none is left, the
+    /// selected LDB is ticked again, without a signal, when its next record comes; if it has not
+    /// come by the time that another LDB's second record arrives (a whole round without it), the
+    /// first row is ticked and announced instead.
+    void keepOnly(const QStringList& hexIds);
+    /// The LDBs that the table shows as lost.
+    QStringList lostLdbs() const;
+    /// Every LDB that has a row.
+    QStringList shownLdbs() const { return m_rowOfLdb.keys(); }
+
+    /// Stores the header's layout in the per-user settings, once it has been restored from there.
     void saveTableState() const;
-    /// Restores the header's layout, where one is stored. Runs by itself at the first row.
-    void loadTableState();
 
 public slots:
     /// Adds or refreshes the row of an LDB. The first LDB ever is ticked. An entry that the record
@@ -65,6 +72,8 @@ public slots:
 signals:
     /// Another LDB is ticked; also emitted for the first one.
     void selectedLDBChanged(QString hexid);
+    /// The user gives up these lost LDBs.
+    void dismissed(const QStringList& hexIds);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -77,14 +86,16 @@ private:
 
     void setupTable();
     void setupHeader();
-    void hideServiceColumns();
-    void fillWidth();
-    void shareWidth(int width, const std::function<int(int column)>& shareOf);
-    void followWidth(const QResizeEvent& resize);
-    QHeaderView* header() const;
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
+
+    void showLiveness(int row);
+    void showAge(int row, const QString& age);
+    void colourRow(int row);
+    void colourCell(QStandardItem& item, bool isLive) const;
+    void fitRow(int row);
+    void openMenu(const QPoint& position);
 
     void settleSelection(const QString& hexId, bool isNewRow);
     bool tickByKey(const QKeyEvent& key);
@@ -94,15 +105,17 @@ private:
     QString hexIdOf(int row) const;
 
     QPointer<QTableView> m_view;
-    QPointer<QWidget> m_headerViewport;
     QStandardItemModel m_model;
     QStandardItemModel m_headerModel;
     std::unique_ptr<ProxyModelHierachicalHeader> m_proxy;
     std::unique_ptr<const CellColourRules> m_colourRules;
+    OverviewLayout* m_layout = nullptr;             // owned as a child
     CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
-    QHash<QString, int> m_rowOfLdb;                 // source rows; they are only ever appended
+    QHash<QString, int> m_rowOfLdb;                 // source rows
     int m_selectedRow = kNoRow;                     // source row of the tick
     QString m_selectedHexId;
-    bool m_hadRows = false; // the stored layout has been applied
+    QHash<QString, std::optional<qint64>> m_times; ///< clock times of the records shown
+    Monitoring m_monitoring;
+    QTimer m_fitTimer; ///< rows are made to fit after columns have been resized
 };

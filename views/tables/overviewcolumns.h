@@ -2,6 +2,8 @@
 
 #include "serial/ldb/generalinformation.h"
 
+#include <Qt>
+
 /// Columns of the overview table's source model. Column 0 carries the tick; every further column
 /// shows one row of the LDB's record.
 namespace overview {
@@ -21,6 +23,16 @@ enum Column : int
     AmplifierColumn,
     TimestampColumn,
     ColumnCount
+};
+
+/// Data roles of the source model's cells, beside Qt's own.
+enum Role : int
+{
+    NumberRole = Qt::UserRole, ///< what the cell is sorted by; none for those sorted by their text
+    HexIdRole,                 ///< tick cell: the LDB of the row
+    LiveRole,                  ///< tick cell: whether the row shows what the LDB says now
+    AgeRole,                   ///< mode cell of a row that is not live: its age, as text
+    RuleColourRole,            ///< the colour that the rules of the tuning file give
 };
 
 /// The column that shows a row of the record.

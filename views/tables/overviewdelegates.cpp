@@ -1,6 +1,7 @@
 #include "views/tables/overviewdelegates.h"
 
 #include "views/tables/overviewcolumns.h"
+#include "views/tables/overviewlayout.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -27,6 +28,13 @@ void OverviewRowDelegate::initStyleOption(QStyleOptionViewItem* option,
                                           const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    // A number and its unit stay in one line.
+    const QString age =
+        index.data(overview::AgeRole).toString().replace(QLatin1Char(' '), QChar::Nbsp);
+    if (!age.isEmpty()) {
+        option->text += QStringLiteral(" (%1)").arg(age);
+    }
+    option->text = OverviewLayout::breakable(option->text);
     // Bold is wider: a measurement must not be cut because its row is ticked.
     const bool isLabel =
         index.column() == overview::IdColumn || index.column() == overview::NameColumn;

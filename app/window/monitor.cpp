@@ -1,0 +1,134 @@
+#include "app/window/monitor.h"
+
+#include "serial/ldb/generalinformation.h"
+#include "serial/link/seriallink.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+using State = Monitoring::State;
+
+constexpr int kTick = 1000; // ms
+/// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
+/// again, and one may be slow.
+constexpr int kRounds = 3;
+/// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
+constexpr qint64 kTurn = 200;
+/// On a small bus one LDB that does not answer holds the others up for longer than three rounds.
+constexpr qint64 kShortestLife = 15000; // ms
+
+} // namespace
+
+Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObject* parent)
+    : QObject(parent)
+    , m_link(link)
+    , m_wallTime(std::move(wallTime))
+{
+    connect(link, &SerialLink::started, this, &Monitor::begin);
+    connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
+    connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
+    connect(link, &SerialLink::stopped, this, &Monitor::end);
+    connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
+    connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
+    connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
+    connect(
+        link, &SerialLink::generalInformationUpdated, this,
+        [this](const QString&, const QList<QStringList>& dataList) { processRecord(dataList); });
+    connect(&m_timer, &QTimer::timeout, this, &Monitor::tell);
+    m_timer.start(kTick);
+}
+
+qint64 Monitor::now() const
+{
+    return generalinformation::clockTime(m_wallTime());
+}
+
+Monitoring Monitor::monitoring() const
+{
+    Monitoring result;
+    result.state = m_state;
+    result.now = now();
+    result.since = m_since;
+    result.portName = m_failedPort;
+    result.polledAlone = m_link->polledAlone();
+    result.from = m_from;
+    result.lifetime = lifetime();
+    result.known = m_link->knownLdbs().size();
+    result.lost = result.known - m_link->connectedLdbs().size();
+    if (m_state == State::Polling) {
+        const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
+        if (result.now - heard > result.lifetime) {
+            result.state = State::NoAnswer;
+            result.since = heard;
+        }
+    }
+    return result;
+}
+
+qint64 Monitor::lifetime() const
+{
+    return std::clamp(kRounds * kTurn * m_link->knownLdbs().size(), kShortestLife,
+                      Monitoring::kLongestLife);
+}
+
+void Monitor::begin()
+{
+    m_failedPort.clear();
+    m_isOpen = false;
+    m_from = now();
+    pause(State::Scanning);
+}
+
+void Monitor::processScan(bool isOn)
+{
+    m_isOpen = true;
+    if (isOn) {
+        m_from = now();
+        pause(State::Scanning);
+        return;
+    }
+    m_state = State::Polling;
+    m_since.reset();
+    m_polledSince = now();
+    tell();
+}
+
+void Monitor::processFailure(const QString& portName)
+{
+    m_failedPort = portName;
+    pause(m_isOpen ? State::ConnectionLost : State::PortNotOpened);
+}
+
+void Monitor::end()
+{
+    switch (m_state) {
+    case State::ConnectionLost:
+    case State::PortNotOpened:
+        tell(); // the reason has been told already
+        return;
+    case State::Polling:
+        pause(m_link->knownLdbs().isEmpty() ? State::NothingFound : State::Stopped);
+        return;
+    default:
+        pause(State::Stopped);
+        return;
+    }
+}
+
+void Monitor::pause(State state)
+{
+    if (m_state == State::Polling) {
+        m_since = now();
+    }
+    m_state = state;
+    tell();
+}
+
+void Monitor::processRecord(const QList<QStringList>& dataList)
+{
+    if (!generalinformation::isLost(dataList)) {
+        m_lastAnswer = now();
+    }
+}

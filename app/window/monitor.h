@@ -1,0 +1,49 @@
+#pragma once
+
+#include "serial/ldb/monitoring.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+class SerialLink;
+
+/// Composes what is monitored, from what the link tells: the one place that decides it. Knows no
+/// widgets. GUI thread.
+class Monitor : public QObject
+{
+    Q_OBJECT
+public:
+    /// `wallTime`: ms since 1970 UTC, the clock of the link's ports. Both outlive this object.
+    Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObject* parent = nullptr);
+
+    /// As it is now.
+    Monitoring monitoring() const;
+
+signals:
+    /// Also once a second, as values get older.
+    void changed(const Monitoring& monitoring);
+
+private:
+    void begin();
+    void processScan(bool isOn);
+    void processFailure(const QString& portName);
+    void end();
+    void pause(Monitoring::State state);
+    void processRecord(const QList<QStringList>& dataList);
+    qint64 now() const;
+    qint64 lifetime() const;
+    void tell() { emit changed(monitoring()); }
+
+    const SerialLink* m_link;
+    const std::function<qint64()> m_wallTime;
+    QTimer m_timer;
+    Monitoring::State m_state = Monitoring::State::NotStarted;
+    std::optional<qint64> m_since; ///< not monitored since
+    qint64 m_from = 0;             ///< the last scan began
+    qint64 m_polledSince = 0;      ///< the last scan ended
+    std::optional<qint64> m_lastAnswer;
+    QString m_failedPort;
+    bool m_isOpen = false; ///< the port, in this run
+};
