@@ -50,7 +50,7 @@ reset</translation>
     </message>
     <message>
         <source>Reset the FIMs of the ticked LDB</source>
-        <translation>Reset de FIM's van de aangevinkte LDB</translation>
+        <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
     </message>
     <message>
         <source>FIM reset of the selected LDB</source>
@@ -92,15 +92,15 @@ modus</translation>
     </message>
     <message>
         <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
-        <translation>Tel de FIM's van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
+        <translation>Tel de FIM&apos;s van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
     </message>
     <message>
         <source>FIM tracking of the selected LDB</source>
         <translation>FIM-tracking van de geselecteerde LDB</translation>
     </message>
     <message>
-        <source>All LDB's</source>
-        <translation>Alle LDB's</translation>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
     </message>
     <message>
         <source>FIM
@@ -110,11 +110,11 @@ reset</translation>
     </message>
     <message>
         <source>Reset the FIMs of every LDB on the bus, at once</source>
-        <translation>Reset de FIM's van alle LDB's op de bus tegelijk</translation>
+        <translation>Reset de FIM&apos;s van alle LDB&apos;s op de bus tegelijk</translation>
     </message>
     <message>
-        <source>FIM reset of all LDB's</source>
-        <translation>FIM-reset van alle LDB's</translation>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>FIM-reset van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>LDB
@@ -124,11 +124,11 @@ reset</translation>
     </message>
     <message>
         <source>Restart every LDB on the bus, at once</source>
-        <translation>Herstart alle LDB's op de bus tegelijk</translation>
+        <translation>Herstart alle LDB&apos;s op de bus tegelijk</translation>
     </message>
     <message>
-        <source>LDB reset of all LDB's</source>
-        <translation>LDB-reset van alle LDB's</translation>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>LDB-reset van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Service
@@ -138,11 +138,11 @@ modus</translation>
     </message>
     <message>
         <source>Put every LDB on the bus into service mode, at once</source>
-        <translation>Zet alle LDB's op de bus tegelijk in servicemodus</translation>
+        <translation>Zet alle LDB&apos;s op de bus tegelijk in servicemodus</translation>
     </message>
     <message>
-        <source>Service mode of all LDB's</source>
-        <translation>Servicemodus van alle LDB's</translation>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Servicemodus van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>FIM reset</source>
@@ -161,12 +161,12 @@ modus</translation>
         <translation>Servicemodus</translation>
     </message>
     <message>
-        <source>The connection ended. Not sent to the LDB's: %1.</source>
-        <translation>De verbinding werd beëindigd. Niet naar de LDB's verzonden: %1.</translation>
+        <source>The connection ended. Not sent to the LDB&apos;s: %1.</source>
+        <translation>De verbinding werd beëindigd. Niet naar de LDB&apos;s verzonden: %1.</translation>
     </message>
     <message>
-        <source>Sent to all LDB's: %1.</source>
-        <translation>Naar alle LDB's verzonden: %1.</translation>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Naar alle LDB&apos;s verzonden: %1.</translation>
     </message>
     <message>
         <source>The connection ended. Not sent to LDB %1: %2.</source>
@@ -189,32 +189,32 @@ modus</translation>
         <translation>Let op</translation>
     </message>
     <message numerus="yes">
-        <source>Reset the FIM's of all %n LDB(s)?</source>
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
         <translation>
-            <numerusform>De FIM's van %n LDB resetten?</numerusform>
-            <numerusform>De FIM's van alle %n LDB's resetten?</numerusform>
+            <numerusform>De FIM&apos;s van %n LDB resetten?</numerusform>
+            <numerusform>De FIM&apos;s van alle %n LDB&apos;s resetten?</numerusform>
         </translation>
     </message>
     <message>
-        <source>The loops are without sound while their FIM's are reset. Remembered faults are forgotten.</source>
-        <translation>De lussen zijn zonder geluid terwijl hun FIM's worden gereset. Onthouden fouten worden vergeten.</translation>
+        <source>The loops are without sound while their FIM&apos;s are reset. Remembered faults are forgotten.</source>
+        <translation>De lussen zijn zonder geluid terwijl hun FIM&apos;s worden gereset. Onthouden fouten worden vergeten.</translation>
     </message>
     <message numerus="yes">
         <source>Restart all %n LDB(s)?</source>
         <translation>
             <numerusform>%n LDB opnieuw starten?</numerusform>
-            <numerusform>Alle %n LDB's opnieuw starten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s opnieuw starten?</numerusform>
         </translation>
     </message>
     <message>
-        <source>All loops are without sound until their LDB's have booted and measured. Service mode ends.</source>
-        <translation>Alle lussen zijn zonder geluid tot hun LDB's zijn opgestart en hebben gemeten. De servicemodus eindigt.</translation>
+        <source>All loops are without sound until their LDB&apos;s have booted and measured. Service mode ends.</source>
+        <translation>Alle lussen zijn zonder geluid tot hun LDB&apos;s zijn opgestart en hebben gemeten. De servicemodus eindigt.</translation>
     </message>
     <message numerus="yes">
         <source>Put all %n LDB(s) into service mode?</source>
         <translation>
             <numerusform>%n LDB in servicemodus zetten?</numerusform>
-            <numerusform>Alle %n LDB's in servicemodus zetten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s in servicemodus zetten?</numerusform>
         </translation>
     </message>
     <message>
@@ -250,16 +250,16 @@ modus</translation>
         <translation>Antwoorden nu niet: %1.</translation>
     </message>
     <message>
-        <source>In service mode: %1 of %2 LDB's.</source>
-        <translation>In servicemodus: %1 van %2 LDB's.</translation>
+        <source>In service mode: %1 of %2 LDB&apos;s.</source>
+        <translation>In servicemodus: %1 van %2 LDB&apos;s.</translation>
     </message>
     <message>
-        <source>Seen in a FIM reset: %1 of %2 LDB's.</source>
-        <translation>Gezien in een FIM-reset: %1 van %2 LDB's.</translation>
+        <source>Seen in a FIM reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Gezien in een FIM-reset: %1 van %2 LDB&apos;s.</translation>
     </message>
     <message>
-        <source>Answered since the LDB reset: %1 of %2 LDB's.</source>
-        <translation>Geantwoord sinds de LDB-reset: %1 van %2 LDB's.</translation>
+        <source>Answered since the LDB reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Geantwoord sinds de LDB-reset: %1 van %2 LDB&apos;s.</translation>
     </message>
 </context>
 <context>
@@ -296,7 +296,7 @@ modus</translation>
         <source>Amplifier</source>
         <translation>Versterker</translation>
     </message>
-<message>
+    <message>
         <source>%1 ago</source>
         <translation>%1 geleden</translation>
     </message>
@@ -339,13 +339,13 @@ modus</translation>
         <source>%1, selected</source>
         <translation>%1, geselecteerd</translation>
     </message>
-<message>
+    <message>
         <source>Dismiss LDB %1</source>
         <translation>LDB %1 verwijderen</translation>
     </message>
     <message>
         <source>Dismiss all lost LDBs</source>
-        <translation>Alle verloren LDB's verwijderen</translation>
+        <translation>Alle verloren LDB&apos;s verwijderen</translation>
     </message>
 </context>
 <context>
@@ -362,16 +362,16 @@ modus</translation>
         <translation>Het is niet duidelijk welke velden bij de naam horen</translation>
     </message>
     <message>
-        <source>"%1" is neither 0 nor 1</source>
-        <translation>"%1" is geen 0 en geen 1</translation>
+        <source>&quot;%1&quot; is neither 0 nor 1</source>
+        <translation>&quot;%1&quot; is geen 0 en geen 1</translation>
     </message>
     <message>
-        <source>"%1" is no number from 0 to %2</source>
-        <translation>"%1" is geen getal van 0 tot en met %2</translation>
+        <source>&quot;%1&quot; is no number from 0 to %2</source>
+        <translation>&quot;%1&quot; is geen getal van 0 tot en met %2</translation>
     </message>
     <message>
-        <source>"%1" is 1, but "%2" is 0</source>
-        <translation>"%1" is 1, maar "%2" is 0</translation>
+        <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
+        <translation>&quot;%1&quot; is 1, maar &quot;%2&quot; is 0</translation>
     </message>
     <message>
         <source>The name stands in quotation marks</source>
@@ -429,8 +429,8 @@ modus</translation>
         <translation>Versterkerdetectie</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
-        <translation>Aantal FIM's</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
     </message>
     <message>
         <source>Firmware Id</source>
@@ -628,8 +628,8 @@ modus</translation>
     <message numerus="yes">
         <source>Total FIM Count: %n</source>
         <translation>
-            <numerusform>Totaal aantal FIM's: %n</numerusform>
-            <numerusform>Totaal aantal FIM's: %n</numerusform>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
         </translation>
     </message>
     <message>
@@ -818,7 +818,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>FIM count %1</source>
-        <translation>Aantal FIM's %1</translation>
+        <translation>Aantal FIM&apos;s %1</translation>
     </message>
     <message>
         <source>FIM tracking report</source>
@@ -845,8 +845,8 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Resultaat: %1</translation>
     </message>
     <message>
-        <source>Writes the FIM's counted as the number of FIM's into the LDB</source>
-        <translation>Schrijft de getelde FIM's als aantal FIM's in de LDB</translation>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
+        <translation>Schrijft de getelde FIM&apos;s als aantal FIM&apos;s in de LDB</translation>
     </message>
     <message>
         <source>&amp;Take Over</source>
@@ -861,16 +861,16 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>De instellingen van de LDB worden gelezen, om ze te bewaren</translation>
     </message>
     <message>
-        <source>Writing the number of FIM's</source>
-        <translation>Het aantal FIM's wordt geschreven</translation>
+        <source>Writing the number of FIM&apos;s</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven</translation>
     </message>
     <message>
-        <source>The number of FIM's in the LDB is now %1.</source>
-        <translation>Het aantal FIM's in de LDB is nu %1.</translation>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
+        <translation>Het aantal FIM&apos;s in de LDB is nu %1.</translation>
     </message>
     <message>
-        <source>The number of FIM's: %1</source>
-        <translation>Het aantal FIM's: %1</translation>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation>Het aantal FIM&apos;s: %1</translation>
     </message>
     <message>
         <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
@@ -895,20 +895,14 @@ If the program or the computer stops during the run, the settings of the LDB are
 Als het programma of de computer tijdens de meting stopt, zijn de instellingen van de LDB verloren, en blijft zij gedempt.</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: %2</source>
-        <translation>FIM's geteld: %1   ingesteld: %2</translation>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: %2</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: not known</source>
-        <translation>FIM's geteld: %1   ingesteld: niet bekend</translation>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: niet bekend</translation>
     </message>
-<message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>De audiodemping van LDB %1 kon niet worden beëindigd: de LDB is niet bereikbaar.
-De audio van deze LDB blijft gedempt.</translation>
-    </message>
-    </context>
+</context>
 <context>
     <name>GeneralInformation</name>
     <message>
@@ -933,7 +927,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>Done: %1 of %n LDB(s)</source>
         <translation>
             <numerusform>Klaar: %1 van %n LDB</numerusform>
-            <numerusform>Klaar: %1 van %n LDB's</numerusform>
+            <numerusform>Klaar: %1 van %n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -975,8 +969,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Instellingen importeren</translation>
     </message>
     <message>
-        <source>Nothing has been written yet. From "%1": %2 in %3.</source>
-        <translation>Er is nog niets geschreven. Uit "%1": %2 in %3.</translation>
+        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
+        <translation>Er is nog niets geschreven. Uit &quot;%1&quot;: %2 in %3.</translation>
     </message>
     <message numerus="yes">
         <source>%n change(s)</source>
@@ -989,14 +983,14 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>%n LDB(s)</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Write %n LDB(s)</source>
         <translation>
             <numerusform>%n LDB schrijven</numerusform>
-            <numerusform>%n LDB's schrijven</numerusform>
+            <numerusform>%n LDB&apos;s schrijven</numerusform>
         </translation>
     </message>
     <message>
@@ -1005,19 +999,19 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>The IDs of the file are read as decimal.</source>
-        <translation>De ID's van het bestand worden decimaal gelezen.</translation>
+        <translation>De ID&apos;s van het bestand worden decimaal gelezen.</translation>
     </message>
     <message>
         <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>De ID's van het bestand worden hexadecimaal gelezen.</translation>
+        <translation>De ID&apos;s van het bestand worden hexadecimaal gelezen.</translation>
     </message>
     <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB's, nu %2.</translation>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
     </message>
     <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB's, nu %2.</translation>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
     </message>
     <message>
         <source>Read as hexadecimal</source>
@@ -1048,8 +1042,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Niet geschreven: %1</translation>
     </message>
     <message>
-        <source>LDB's of the file</source>
-        <translation>LDB's van het bestand</translation>
+        <source>LDB&apos;s of the file</source>
+        <translation>LDB&apos;s van het bestand</translation>
     </message>
     <message>
         <source>What is not written, and why</source>
@@ -1084,7 +1078,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>No LDB</source>
         <translation>Geen LDB</translation>
     </message>
-<message>
+    <message>
         <source>Not monitored</source>
         <translation>Niet bewaakt</translation>
     </message>
@@ -1108,8 +1102,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Naam</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
-        <translation>Aantal FIM's</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
     </message>
     <message>
         <source>Open Detection Delay</source>
@@ -1155,8 +1149,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>&amp;Naam:</translation>
     </message>
     <message>
-        <source>Nu&amp;mber of FIM's:</source>
-        <translation>Aantal FI&amp;M's:</translation>
+        <source>Nu&amp;mber of FIM&apos;s:</source>
+        <translation>Aantal FI&amp;M&apos;s:</translation>
     </message>
     <message>
         <source>Enable Open Detection</source>
@@ -1443,8 +1437,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>LDB %1 (adres %2): %3</translation>
     </message>
     <message>
-        <source>No LDB's are connected.</source>
-        <translation>Er zijn geen LDB's verbonden.</translation>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
     </message>
     <message>
         <source>The file cannot be opened: %1</source>
@@ -1526,8 +1520,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Een ander programma gebruikt deze poort.</translation>
     </message>
     <message>
-        <source>To use this port, you must be in the group "%1"; a new membership counts from the next login.</source>
-        <translation>Om deze poort te gebruiken moet u lid zijn van de groep "%1"; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
     </message>
     <message>
         <source>The LDB with ID: %1 is disconnected!</source>
@@ -1598,7 +1592,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Log all LDBs</source>
-        <translation>Alle LDB's loggen</translation>
+        <translation>Alle LDB&apos;s loggen</translation>
     </message>
     <message>
         <source>&amp;All</source>
@@ -1636,7 +1630,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>Logging has stopped!</source>
         <translation>Het loggen is gestopt!</translation>
     </message>
-<message>
+    <message>
         <source>LDB %1</source>
         <translation>LDB %1</translation>
     </message>
@@ -1673,7 +1667,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Search the bus for LDBs again</source>
-        <translation>Doorzoek de bus opnieuw naar LDB's</translation>
+        <translation>Doorzoek de bus opnieuw naar LDB&apos;s</translation>
     </message>
     <message>
         <source>&amp;Reload Devices</source>
@@ -1681,7 +1675,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Write the settings of all LDBs to a file</source>
-        <translation>Schrijf de instellingen van alle LDB's naar een bestand</translation>
+        <translation>Schrijf de instellingen van alle LDB&apos;s naar een bestand</translation>
     </message>
     <message>
         <source>&amp;Export Settings</source>
@@ -1689,7 +1683,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Write the settings in a file to the LDBs</source>
-        <translation>Schrijf de instellingen uit een bestand naar de LDB's</translation>
+        <translation>Schrijf de instellingen uit een bestand naar de LDB&apos;s</translation>
     </message>
     <message>
         <source>&amp;Import Settings</source>
@@ -1709,7 +1703,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>LDBs with a loop or amplifier fault</source>
-        <translation>LDB's met een lus- of versterkerfout</translation>
+        <translation>LDB&apos;s met een lus- of versterkerfout</translation>
     </message>
     <message>
         <source>SERVICE MODE</source>
@@ -1721,7 +1715,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>LDBs in service mode</source>
-        <translation>LDB's in servicemodus</translation>
+        <translation>LDB&apos;s in servicemodus</translation>
     </message>
     <message>
         <source>EARTH FAULT</source>
@@ -1733,7 +1727,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>LDBs with an earth fault</source>
-        <translation>LDB's met een aardfout</translation>
+        <translation>LDB&apos;s met een aardfout</translation>
     </message>
     <message>
         <source>SETTIN&amp;GS</source>
@@ -1741,7 +1735,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>LDBs whose settings need a check</source>
-        <translation>LDB's waarvan de instellingen gecontroleerd moeten worden</translation>
+        <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden</translation>
     </message>
     <message>
         <source>L&amp;DB Settings</source>
@@ -1757,7 +1751,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Overview of all LDBs</source>
-        <translation>Overzicht van alle LDB's</translation>
+        <translation>Overzicht van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Plot</source>
@@ -1784,10 +1778,10 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Uitzoomen</translation>
     </message>
     <message numerus="yes">
-        <source>Available LDB's: %n.</source>
+        <source>Available LDB&apos;s: %n.</source>
         <translation>
-            <numerusform>Beschikbare LDB's: %n.</numerusform>
-            <numerusform>Beschikbare LDB's: %n.</numerusform>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
         </translation>
     </message>
     <message>
@@ -1803,12 +1797,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Seriële opdrachten in wachtrij: </translation>
     </message>
     <message>
-        <source>Scanning for connected LDB's...  LDB's Checked %1, LDB's Found %2</source>
-        <translation>Zoeken naar verbonden LDB's...  LDB's gecontroleerd %1, LDB's gevonden %2</translation>
-    </message>
-    <message>
-        <source>Only LDB %1 is polled.</source>
-        <translation>Alleen LDB %1 wordt gepolld.</translation>
+        <source>Scanning for connected LDB&apos;s...  LDB&apos;s Checked %1, LDB&apos;s Found %2</source>
+        <translation>Zoeken naar verbonden LDB&apos;s...  LDB&apos;s gecontroleerd %1, LDB&apos;s gevonden %2</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -1854,13 +1844,13 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>Stay</source>
         <translation>Blijven</translation>
     </message>
-<message>
+    <message>
         <source>LOST/FA&amp;ULT</source>
         <translation>VERLOREN/FO&amp;UT</translation>
     </message>
     <message>
         <source>LDBs that are lost, in fault, or whose factory reset has failed</source>
-        <translation>LDB's die verloren of in storing zijn, of waarvan de fabrieksreset is mislukt</translation>
+        <translation>LDB&apos;s die verloren of in storing zijn, of waarvan de fabrieksreset is mislukt</translation>
     </message>
     <message>
         <source>%1 of %2 answer, %3 lost.</source>
@@ -1877,7 +1867,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>mA</source>
         <translation>mA</translation>
     </message>
-<message>
+    <message>
         <source>%1 ago</source>
         <translation>%1 geleden</translation>
     </message>
@@ -1911,6 +1901,87 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>&amp;Forward</source>
         <translation>&amp;Vooruit</translation>
+    </message>
+</context>
+<context>
+    <name>Monitoring</name>
+    <message>
+        <source>%1 d</source>
+        <translation>%1 d</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 u</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+</context>
+<context>
+    <name>MonitoringStrip</name>
+    <message>
+        <source>Dismiss Lost LDBs</source>
+        <translation>Verloren LDB&apos;s verwijderen</translation>
+    </message>
+    <message>
+        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
+        <translation>Haal de verloren LDB&apos;s uit de lijst; een scan die er een vindt, brengt die terug</translation>
+    </message>
+    <message>
+        <source>Only LDB %1 is polled.</source>
+        <translation>Alleen LDB %1 wordt gepolld.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Monitored: %n LDBs answer.</source>
+        <translation>
+            <numerusform>Bewaakt: %n LDB antwoordt.</numerusform>
+            <numerusform>Bewaakt: %n LDB&apos;s antwoorden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost.</source>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren.</translation>
+    </message>
+    <message>
+        <source>Not monitored: click Start.</source>
+        <translation>Niet bewaakt: klik op Start.</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>gestopt</translation>
+    </message>
+    <message>
+        <source>no LDB was found</source>
+        <translation>er is geen LDB gevonden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened</source>
+        <translation>%1 kan niet worden geopend</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation>de verbinding met %1 is verbroken</translation>
+    </message>
+    <message>
+        <source>the bus is being scanned</source>
+        <translation>de bus wordt gescand</translation>
+    </message>
+    <message>
+        <source>no LDB answers</source>
+        <translation>geen LDB antwoordt</translation>
+    </message>
+    <message>
+        <source>Not monitored since %1: %2</source>
+        <translation>Niet bewaakt sinds %1: %2</translation>
+    </message>
+    <message>
+        <source>Not monitored: %1</source>
+        <translation>Niet bewaakt: %1</translation>
     </message>
 </context>
 <context>
@@ -2133,12 +2204,12 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Importeren van LDB-instellingen mislukt</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's are connected</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB's zijn verbonden</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB's</source>
-        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB's ontbreken</translation>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken</translation>
     </message>
     <message>
         <source>Information</source>
@@ -2153,8 +2224,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>%1!</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's' are connected!</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB's zijn verbonden!</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
     </message>
     <message>
         <source>The transfer stops behind the LDB under way.</source>
@@ -2181,8 +2252,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Er is een import bezig. De LDB die wordt geschreven kan met een deel van haar instellingen achterblijven.</translation>
     </message>
     <message>
-        <source>An export is under way. LDB's not read yet will be missing in the file.</source>
-        <translation>Er is een export bezig. LDB's die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
+        <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
+        <translation>Er is een export bezig. LDB&apos;s die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
     </message>
 </context>
 <context>
@@ -2260,7 +2331,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>No round over all LDBs has been completed yet.</source>
-        <translation>Er is nog geen volledige ronde langs alle LDB's geweest.</translation>
+        <translation>Er is nog geen volledige ronde langs alle LDB&apos;s geweest.</translation>
     </message>
     <message>
         <source>No LDB is in service mode.</source>
@@ -2302,94 +2373,13 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>At least one LDB asks for its settings to be checked.</source>
         <translation>Ten minste één LDB vraagt om controle van de instellingen.</translation>
     </message>
-<message>
+    <message>
         <source>%1: not known</source>
         <translation>%1: onbekend</translation>
     </message>
     <message>
         <source>Not all LDBs are monitored.</source>
-        <translation>Niet alle LDB's worden bewaakt.</translation>
-    </message>
-</context>
-<context>
-    <name>Monitoring</name>
-    <message>
-        <source>%1 d</source>
-        <translation>%1 d</translation>
-    </message>
-    <message>
-        <source>%1 h</source>
-        <translation>%1 u</translation>
-    </message>
-    <message>
-        <source>%1 min</source>
-        <translation>%1 min</translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation>%1 s</translation>
-    </message>
-</context>
-<context>
-    <name>MonitoringStrip</name>
-    <message>
-        <source>Dismiss Lost LDBs</source>
-        <translation>Verloren LDB's verwijderen</translation>
-    </message>
-    <message>
-        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
-        <translation>Haal de verloren LDB's uit de lijst; een scan die er een vindt, brengt die terug</translation>
-    </message>
-    <message>
-        <source>Only LDB %1 is polled.</source>
-        <translation>Alleen LDB %1 wordt gepolld.</translation>
-    </message>
-    <message numerus="yes">
-        <source>Monitored: %n LDBs answer.</source>
-        <translation>
-            <numerusform>Bewaakt: %n LDB antwoordt.</numerusform>
-            <numerusform>Bewaakt: %n LDB's antwoorden.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Monitored: %1 of %2 LDBs answer, %3 lost.</source>
-        <translation>Bewaakt: %1 van %2 LDB's antwoorden, %3 verloren.</translation>
-    </message>
-    <message>
-        <source>Not monitored: click Start.</source>
-        <translation>Niet bewaakt: klik op Start.</translation>
-    </message>
-    <message>
-        <source>stopped</source>
-        <translation>gestopt</translation>
-    </message>
-    <message>
-        <source>no LDB was found</source>
-        <translation>er is geen LDB gevonden</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened</source>
-        <translation>%1 kan niet worden geopend</translation>
-    </message>
-    <message>
-        <source>the connection to %1 was lost</source>
-        <translation>de verbinding met %1 is verbroken</translation>
-    </message>
-    <message>
-        <source>the bus is being scanned</source>
-        <translation>de bus wordt gescand</translation>
-    </message>
-    <message>
-        <source>no LDB answers</source>
-        <translation>geen LDB antwoordt</translation>
-    </message>
-    <message>
-        <source>Not monitored since %1: %2</source>
-        <translation>Niet bewaakt sinds %1: %2</translation>
-    </message>
-    <message>
-        <source>Not monitored: %1</source>
-        <translation>Niet bewaakt: %1</translation>
+        <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
     </message>
 </context>
 </TS>
