@@ -349,6 +349,9 @@ void MainWindow::on_fimTrackingButton_clicked()
 void MainWindow::processTransfer(bool isOn)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    // It stands in their place: the window has no room for both.
+    m_ui->exportDeviceSettingsButton->setVisible(!isOn);
+    m_ui->importDeviceSettingsButton->setVisible(!isOn);
     m_ui->stopTransferButton->setVisible(isOn);
     m_ui->stopTransferButton->setEnabled(isOn);
     m_run->setTransferring(isOn);

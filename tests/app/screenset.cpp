@@ -352,6 +352,8 @@ QWidget* ScreenSet::openStatusBar()
 QWidget* ScreenSet::openTransfer()
 {
     QWidget* window = openMainWindow("openShortLeakPage");
+    window->findChild<QPushButton*>("exportDeviceSettingsButton")->hide();
+    window->findChild<QPushButton*>("importDeviceSettingsButton")->hide();
     window->findChild<QPushButton*>("stopTransferButton")->show();
     return window;
 }

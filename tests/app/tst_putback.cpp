@@ -222,7 +222,10 @@ private slots:
         const auto* startRun = tracking()->findChild<QPushButton*>("startButton");
         QVERIFY(!startRun->isEnabled());
         QVERIFY(!startRun->toolTip().isEmpty());
-        QVERIFY(!m_window->findChild<QLabel*>("polledAloneLabel")->isVisible());
+        QVERIFY(!m_window->findChild<QWidget*>("monitoringStrip")
+                     ->findChild<QLabel*>()
+                     ->text()
+                     .contains("Only"));
         WAIT_VERIFY(dialog("stillMutedBox") != nullptr);
         QVERIFY(inLdb().audioMute);
         tracking()->close();
