@@ -14,6 +14,11 @@ constexpr int kCommandsAnLdb = 5;
 // A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
 constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
 
+/// A file does not carry the audio mute.
+const std::vector<LdbParameter> kParametersOfAFile = {LdbParameter::Name, LdbParameter::Flags,
+                                                      LdbParameter::OpenDetectionDelay,
+                                                      LdbParameter::NumberOfFims};
+
 } // namespace
 
 bool SettingsImport::begin(const QString& filePath)
@@ -92,9 +97,8 @@ void SettingsImport::writeNext()
 
 void SettingsImport::processImportDeviceSettings(const DeviceSettingsLine& line)
 {
-    auto* writer =
-        new SettingsWriter(m_link, line.hexId, *line.settings, SettingsWriter::AudioMute::LeftAlone,
-                           SettingsWriter::ReadBack::WhenSilent, this);
+    auto* writer = new SettingsWriter(m_link, line.hexId, *line.settings, kParametersOfAFile,
+                                      SettingsWriter::ReadBack::WhenSilent, this);
     connect(writer, &SettingsWriter::replied, this, [this] {
         --m_repliesLeft;
         tellProgress();

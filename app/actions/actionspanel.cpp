@@ -1,6 +1,7 @@
 #include "app/actions/actionspanel.h"
 
 #include "app/notices/notices.h"
+#include "app/shared/whynot.h"
 #include "serial/link/seriallink.h"
 #include "ui_actionspanel.h"
 
@@ -44,6 +45,13 @@ QString outcome(const QString& hexId, const QString& action, Reply::Kind reply)
     return ActionsPanel::tr("LDB %1 accepted: %2.").arg(hexId, action);
 }
 
+/// Nobody answers a broadcast, so its silence is none.
+bool isFailure(const QString& hexId, Reply::Kind reply)
+{
+    return reply == Reply::Kind::Unsent || reply == Reply::Kind::Refused ||
+           (reply == Reply::Kind::Silent && hexId != busaddress::kBroadcast);
+}
+
 } // namespace
 
 ActionsPanel::ActionsPanel(QWidget* parent)
@@ -51,6 +59,7 @@ ActionsPanel::ActionsPanel(QWidget* parent)
     , m_ui(std::make_unique<Ui::ActionsPanel>())
 {
     m_ui->setupUi(this);
+    showFailure({});
     const auto let = [this](const QPushButton* button, LdbControl control, bool isForAll) {
         connect(button, &QPushButton::clicked, this, [this, control, isForAll] {
             send(control, isForAll ? busaddress::kBroadcast : m_hexId);
@@ -76,12 +85,14 @@ void ActionsPanel::apply(const EnabledControls& controls)
 {
     for (QWidget* button :
          {m_ui->allFimResetButton, m_ui->allLdbResetButton, m_ui->allServiceModeButton}) {
-        button->setEnabled(controls.allActions);
+        WhyNot::permit(button, controls.allActions);
     }
-    m_ui->fimResetButton->setEnabled(controls.singleActions);
-    m_ui->ldbResetButton->setEnabled(controls.singleActions);
-    m_ui->serviceModeButton->setEnabled(controls.outsideService);
-    m_ui->fimTrackingButton->setEnabled(controls.outsideService);
+    for (QWidget* button : {m_ui->fimResetButton, m_ui->ldbResetButton}) {
+        WhyNot::permit(button, controls.singleActions);
+    }
+    for (QWidget* button : {m_ui->serviceModeButton, m_ui->fimTrackingButton}) {
+        WhyNot::permit(button, controls.outsideService);
+    }
 }
 
 void ActionsPanel::send(LdbControl control, const QString& hexId)
@@ -89,6 +100,7 @@ void ActionsPanel::send(LdbControl control, const QString& hexId)
     if (hexId.isEmpty()) {
         return;
     }
+    showFailure({});
     m_link->ask(std::make_unique<ExecuteCommand>(hexId, control), this,
                 [this, control, hexId](const Reply& reply) {
                     const auto text = [control, hexId, kind = reply.kind()] {
@@ -97,7 +109,17 @@ void ActionsPanel::send(LdbControl control, const QString& hexId)
                                                                : outcome(hexId, action, kind);
                     };
                     m_notices->say(text, kOutcomeMs);
+                    if (isFailure(hexId, reply.kind())) {
+                        showFailure(text);
+                    }
                 });
+}
+
+void ActionsPanel::showFailure(const Text& text)
+{
+    m_failure = text;
+    m_ui->actionFailureLabel->setText(text ? text() : QString());
+    m_ui->actionFailureLabel->setVisible(bool(text));
 }
 
 void ActionsPanel::changeEvent(QEvent* event)
@@ -105,5 +127,6 @@ void ActionsPanel::changeEvent(QEvent* event)
     QGroupBox::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         m_ui->retranslateUi(this);
+        showFailure(m_failure);
     }
 }

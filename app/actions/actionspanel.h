@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/shared/enabledcontrols.h"
+#include "app/shared/text.h"
 #include "serial/ldb/ldbsettings.h"
 
 #include <QGroupBox>
@@ -37,8 +38,12 @@ private:
     /// Does nothing without an LDB. The broadcast address is for all; none of them answers.
     void send(LdbControl control, const QString& hexId);
 
+    /// What became of an action in vain stays in sight until the next one is sent.
+    void showFailure(const Text& text);
+
     std::unique_ptr<Ui::ActionsPanel> m_ui;
     SerialLink* m_link = nullptr;
     Notices* m_notices = nullptr;
     QString m_hexId;
+    Text m_failure;
 };

@@ -7,6 +7,8 @@
 #include "app/preferences/settingsmenu.h"
 #include "app/shared/colours.h"
 #include "app/shared/constants.h"
+#include "app/shared/usersettings.h"
+#include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
 #include "app/window/windowlook.h"
@@ -128,7 +130,8 @@ void MainWindow::initPanels()
     connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
             &RunControl::setSaving);
     m_settingsMenu = new SettingsMenu(this);
-    m_link->setPortName(m_settingsMenu->getComPort());
+    m_portName = m_settingsMenu->getComPort();
+    m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
     m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
@@ -183,8 +186,14 @@ void MainWindow::on_reloadDevicesButton_clicked()
 
 void MainWindow::processComPortUpdated(const QString& comPort)
 {
-    m_run->changePort(comPort);
-    m_status->showLoading();
+    const auto change = [this, comPort] {
+        m_portName = comPort;
+        m_ui->ldbSettingsEditor->forget();
+        m_run->changePort(comPort);
+        m_status->showLoading();
+    };
+    m_ui->ldbSettingsEditor->leave(
+        change, [this] { userSettings().setValue(constants::kComPortKey, m_portName); });
 }
 
 void MainWindow::processRunBegun()
@@ -194,7 +203,7 @@ void MainWindow::processRunBegun()
     m_notices->hush();
     m_plot->clearPlot();
     if (!m_run->selectedLdb().isEmpty()) {
-        processSelectedLdbChanged(m_run->selectedLdb());
+        showLdb(m_run->selectedLdb());
     }
 }
 
@@ -220,22 +229,41 @@ void MainWindow::serialProcessorStopped()
 
 void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 {
+    const QString former = m_run->selectedLdb();
+    if (deviceId == former) {
+        return; // the tick is back where it was
+    }
+    LdbSettingsEditor* editor = m_ui->ldbSettingsEditor;
+    if (editor->hasUnsavedChanges()) {
+        if (m_overviewTable->selectLdb(former)) {
+            editor->leave([this, deviceId] { m_overviewTable->selectLdb(deviceId); });
+            return;
+        }
+        editor->drop();
+    }
+    showLdb(deviceId);
+}
+
+void MainWindow::showLdb(const QString& deviceId)
+{
+    m_run->setSelectedLdb(deviceId);
     m_detailTable->setCurrentHexId(deviceId);
     m_ui->logTab->logger()->setSelectedHexId(deviceId);
     m_plot->setSelectedDevice(deviceId);
-    m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
-    m_ui->ldbSettingsEditor->requestSettings();
     m_ui->ldbActionsGroup->setSelectedLdb(deviceId);
-    m_run->setSelectedLdb(deviceId);
+    if (!m_ui->ldbSettingsEditor->hasUnsavedChanges()) {
+        m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
+    }
+    m_ui->ldbSettingsEditor->requestSettings();
 }
 
 void MainWindow::setLdbActionButtonsState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
-    m_ui->reloadDevicesButton->setEnabled(controls.reload);
-    m_ui->exportDeviceSettingsButton->setEnabled(controls.transfer);
-    m_ui->importDeviceSettingsButton->setEnabled(controls.transfer);
+    WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
+    WhyNot::permit(m_ui->exportDeviceSettingsButton, controls.transfer);
+    WhyNot::permit(m_ui->importDeviceSettingsButton, controls.transfer);
     m_overviewTable->setSelectionEnabled(controls.selection);
     m_ui->ldbSettingsEditor->apply(controls);
     m_ui->ldbActionsGroup->apply(controls);
@@ -258,7 +286,7 @@ void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExp
     m_run->setTransferring(SettingsTransfer::isRunning(state));
     // The editor shows what is in the LDB now, also when only a part was written.
     if (m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
-        processSelectedLdbChanged(m_run->selectedLdb());
+        showLdb(m_run->selectedLdb());
     }
 }
 
@@ -270,6 +298,11 @@ void MainWindow::on_zoomButton_toggled(bool checked)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_ui->ldbSettingsEditor->hasUnsavedChanges()) {
+        event->ignore();
+        m_ui->ldbSettingsEditor->leave([this] { close(); });
+        return;
+    }
     windowlook::save(this);
     m_overviewTable->saveTableState();
     m_ui->logTab->save();

@@ -51,6 +51,7 @@ private slots:
     void on_fimTrackingButton_clicked();
 
     void processComPortUpdated(const QString& comPort);
+    /// Shows that LDB, or keeps the former one while the user is asked about its unsaved settings.
     void processSelectedLdbChanged(const QString& deviceId);
     void processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state);
 
@@ -65,12 +66,15 @@ private:
     void initViews();
     void initPanels();
     void processRunBegun();
+    /// Makes the LDB the selected one; unsaved edits of the settings stay.
+    void showLdb(const QString& deviceId);
     void updateButtonTexts();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
     std::unique_ptr<StatusBarDisplay> m_status;
     std::unique_ptr<SerialLink> m_link;
+    QString m_portName; ///< in force
     RunControl* m_run = nullptr;
     DeviceDetailTable* m_detailTable = nullptr;
     DeviceOverviewTable* m_overviewTable = nullptr;

@@ -19,6 +19,20 @@ inline const QByteArray kNak("\x15");
 /// Where the mute stands in a settings record.
 inline constexpr int kMutePosition = 12;
 
+inline constexpr Permission kAllowed{Hindrance::None};
+inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed,
+                                             kAllowed, kAllowed, kAllowed, kAllowed};
+
+/// What is shown when the mouse rests on a widget; empty for nothing.
+inline QString shownTip(QWidget* widget)
+{
+    QToolTip::hideText();
+    const QPoint middle = widget->rect().center();
+    QHelpEvent event(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+    QCoreApplication::sendEvent(widget, &event);
+    return QToolTip::text();
+}
+
 /// An editor on a bus of two LDBs.
 class Desk
 {
@@ -26,7 +40,7 @@ public:
     Desk()
     {
         editor->init(&link, &notices);
-        editor->apply({true, true, true, true, true, true});
+        editor->apply(kAllAllowed);
     }
 
     bool connectLink() { return bus.scan(link); }

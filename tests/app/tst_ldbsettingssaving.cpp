@@ -185,8 +185,9 @@ private slots:
     {
         Desk desk;
         QVERIFY(desk.connectLink());
-        SettingsWriter writer(&desk.link, kLdb, *decodeLdbSettings(TestBus::record(kLdb)),
-                              SettingsWriter::AudioMute::Written, SettingsWriter::ReadBack::Always);
+        SettingsWriter writer(&desk.link, kLdb,
+                              {*decodeLdbSettings(TestBus::record(kLdb)), {LdbField::Name}},
+                              SettingsWriter::ReadBack::Always);
         QSignalSpy finished(&writer, &SettingsWriter::finished);
         auto* limit = writer.findChild<QTimer*>();
         desk.bus.answerTo(kLdb, "737201", kSilence);

@@ -30,6 +30,7 @@ QString letters(const EnabledControls& controls)
     text += controls.selection ? "S" : QString();
     text += controls.allActions ? "A" : QString();
     text += controls.singleActions ? "1" : QString();
+    text += controls.settings ? "E" : QString();
     text += controls.outsideService ? "M" : QString();
     return text;
 }
