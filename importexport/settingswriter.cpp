@@ -43,9 +43,8 @@ QString howText(Reply::Kind how)
         return SettingsWriter::tr("no answer");
     case Reply::Kind::Unsent:
         return SettingsWriter::tr("not sent");
-    case Reply::Kind::Answered:
-        return SettingsWriter::tr("wrong answer");
     case Reply::Kind::Refused:
+    case Reply::Kind::Answered:
     case Reply::Kind::Accepted:
         break;
     }

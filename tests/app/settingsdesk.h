@@ -6,6 +6,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/views.h"
 
 #include <QtWidgets>
 
@@ -22,16 +23,6 @@ inline constexpr int kMutePosition = 12;
 inline constexpr Permission kAllowed{Hindrance::None};
 inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed,
                                              kAllowed, kAllowed, kAllowed, kAllowed};
-
-/// What is shown when the mouse rests on a widget; empty for nothing.
-inline QString shownTip(QWidget* widget)
-{
-    QToolTip::hideText();
-    const QPoint middle = widget->rect().center();
-    QHelpEvent event(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
-    QCoreApplication::sendEvent(widget, &event);
-    return QToolTip::text();
-}
 
 /// An editor on a bus of two LDBs.
 class Desk
@@ -86,6 +77,15 @@ public:
     QString state() const { return ui<QLabel>("settingsStateLabel")->text(); }
 
     QString lastMessage() const { return bar.currentMessage(); }
+    /// What the boxes over the window say, with their details.
+    QStringList boxes() const
+    {
+        QStringList texts;
+        for (const auto* box : window.findChildren<MessageBox*>()) {
+            texts.append(box->text() + "\n" + box->informativeText());
+        }
+        return texts;
+    }
     int saves(bool begun) const { return saving.count({begun}); }
 
     Sandbox sandbox;
