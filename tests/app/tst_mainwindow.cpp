@@ -201,7 +201,7 @@ private slots:
         m_bus->setPresent({"03"});
         WAIT_VERIFY(!boxes().isEmpty() && boxes().constFirst()->text().contains("0A") &&
                     boxes().constFirst()->text().contains("FD"));
-        m_bus->change("0A", "02", QByteArray("Roof").toHex());
+        m_bus->change("0A", "02", QByteArray("Roof").toHex().toUpper());
         auto* name = child<QLineEdit>("settingsNameLineEdit");
         clickRow("0A");
         QCOMPARE(name->text(), "LDB 0A");
@@ -215,7 +215,7 @@ private slots:
         clickRow("0A");
         m_bus->setPresent(kLdbs);
         WAIT_COMPARE(name->text(), "Roof");
-        QVERIFY(name->isEnabled());
+        WAIT_VERIFY(name->isEnabled());
         QCOMPARE(settingsState(), QString());
     }
 
@@ -302,7 +302,7 @@ private slots:
         button("startButton")->click();
         QCOMPARE(shownTip(button("settingsSaveButton")),
                  "Nothing is monitored: click Start first.");
-        m_bus->change("03", "02", QByteArray("Shed").toHex());
+        m_bus->change("03", "02", QByteArray("Shed").toHex().toUpper());
         button("startButton")->click();
         WAIT_VERIFY(settingsState().contains("Changed by somebody else meanwhile: Name (Shed)"));
         QCOMPARE(name->text(), "Roof");
