@@ -1,5 +1,6 @@
 #include "tests/app/screenset.h"
 
+#include "app/actions/actionspanel.h"
 #include "app/help/manualwindow.h"
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/notices/linknotices.h"
@@ -79,9 +80,16 @@ void fillViews(MainWindow& window)
     }
 }
 
-/// Every value changed, as changes stand out in bold.
+EnabledControls allAllowed()
+{
+    constexpr Permission kAllowed{Hindrance::None};
+    return {kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed};
+}
+
+/// Every value changed, as changes stand out in bold, and not saved.
 void fillEditor(LdbSettingsEditor& editor)
 {
+    editor.apply(allAllowed());
     editor.setSelectedLdb(kTicked);
     editor.processLdbSettings(kTicked, TestBus::record(kTicked));
     editor.processFirmwareId(kTicked, QByteArray("TC-LDB V02.14.003").toHex());
@@ -94,6 +102,16 @@ void fillEditor(LdbSettingsEditor& editor)
             box->click();
         }
     }
+    // No run is on, which is not to disable what this set is about.
+    editor.blockSignals(true);
+    editor.findChild<QPushButton*>("settingsSaveButton")->click();
+}
+
+void fillActions(ActionsPanel& actions)
+{
+    actions.setSelectedLdb(kTicked);
+    actions.apply(allAllowed());
+    actions.findChild<QPushButton*>("serviceModeButton")->click(); // no run is on
 }
 
 QAbstractButton* buttonWith(const QWidget* box, QMessageBox::ButtonRole role, int index)
@@ -183,6 +201,7 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
     } else {
         tabs->setCurrentWidget(page);
         fillEditor(*window->findChild<LdbSettingsEditor*>());
+        fillActions(*window->findChild<ActionsPanel*>());
     }
     return window;
 }
