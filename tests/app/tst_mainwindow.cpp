@@ -293,6 +293,32 @@ private slots:
         QCOMPARE(m_bus->writes().isEmpty(), choice != "Save");
     }
 
+    void changesOfALostLdbAreAskedFor()
+    {
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n");
+        start();
+        auto* name = child<QLineEdit>("settingsNameLineEdit");
+        WAIT_COMPARE(name->text(), "LDB 03");
+        WAIT_VERIFY(m_bus->requests().contains("FEFD737804"));
+        name->setText("Roof");
+        m_bus->setPresent({"0A", "FD"});
+        WAIT_VERIFY(!name->isEnabled());
+        QCOMPARE(name->text(), "Roof");
+        delete boxes().constFirst(); // which tells of the loss
+        for (const QString& choice : {QString("Stay"), QString("Discard")}) {
+            clickRow("0A");
+            QCOMPARE(boxes().size(), 1);
+            MessageBox* box = boxes().constFirst();
+            QCOMPARE(box->informativeText(),
+                     "They cannot be saved now. The selected LDB is not connected.");
+            QCOMPARE(box->buttons().size(), 2);
+            answer(box, choice);
+            QCOMPARE(name->text(), choice == "Stay" ? "Roof" : "");
+            delete box;
+        }
+        WAIT_COMPARE(name->text(), "LDB 0A");
+    }
+
     void editsOutliveARun()
     {
         start();
