@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <iterator>
 #include <variant>
 
 namespace {
@@ -63,6 +65,14 @@ QString valueText(bool flag)
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
 {
     return std::visit([&](auto member) { return a.*member == b.*member; }, entryOf(field).member);
+}
+
+std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b)
+{
+    std::vector<LdbField> fields;
+    std::copy_if(kLdbFields.begin(), kLdbFields.end(), std::back_inserter(fields),
+                 [&](LdbField field) { return !isSameField(field, a, b); });
+    return fields;
 }
 
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to)

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 /// The settings that a user can change, one by one.
 enum class LdbField
@@ -31,6 +32,8 @@ constexpr std::array<LdbField, 9> kLdbFields = {LdbField::Name,
                                                 LdbField::AudioMute};
 
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b);
+/// The fields in which the two differ.
+std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b);
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to);
 
 /// The field's name, and its value as words, in the language in force.

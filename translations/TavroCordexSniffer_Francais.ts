@@ -425,12 +425,6 @@ maintenance</translation>
         <translation>Attention</translation>
     </message>
     <message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée&#xa0;: le LDB est injoignable.
-Le son de ce LDB reste coupé.</translation>
-    </message>
-    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Fuite à la terre détectée&#xa0;!
@@ -757,6 +751,64 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <source>Result: %1</source>
         <translation>Résultat&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
+        <translation>Écrit les FIM comptés comme nombre de FIM dans le LDB</translation>
+    </message>
+    <message>
+        <source>&amp;Take Over</source>
+        <translation>&amp;Reprendre</translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB.</source>
+        <translation>Il n&apos;y a pas de liaison avec le LDB.</translation>
+    </message>
+    <message>
+        <source>Reading the settings of the LDB, to keep them</source>
+        <translation>Lecture des réglages du LDB, pour les conserver</translation>
+    </message>
+    <message>
+        <source>Writing the number of FIM&apos;s</source>
+        <translation>Écriture du nombre de FIM</translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
+        <translation>Le nombre de FIM dans le LDB est maintenant %1.</translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation>Le nombre de FIM&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
+        <translation>Les réglages dans le LDB reviennent aux valeurs par défaut, et la boucle est sans son pendant environ deux minutes. Les réglages sont d&apos;abord conservés, et peuvent être rétablis après la mesure.</translation>
+    </message>
+    <message>
+        <source>Start all the same</source>
+        <translation>Démarrer quand même</translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB. Close this window, and start the connection again.</source>
+        <translation>Il n&apos;y a pas de liaison avec le LDB. Fermez cette fenêtre, et redémarrez la liaison.</translation>
+    </message>
+    <message>
+        <source>The settings of the LDB cannot be read. After the run they will be the defaults, and the former ones are lost.</source>
+        <translation>Les réglages du LDB ne peuvent pas être lus. Après la mesure, ce seront les valeurs par défaut, et les anciens seront perdus.</translation>
+    </message>
+    <message>
+        <source>What the run changes cannot be kept on the disk: %1
+If the program or the computer stops during the run, the settings of the LDB are lost, and it stays muted.</source>
+        <translation>Ce que la mesure modifie ne peut pas être conservé sur le disque&#xa0;: %1
+Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les réglages du LDB sont perdus, et son audio reste coupé.</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: inconnu</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -815,6 +867,21 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
             <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
             <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>KeptLdbs</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Le dossier %1 ne peut pas être créé.</translation>
+    </message>
+    <message>
+        <source>The file %1 is in use.</source>
+        <translation>Le fichier %1 est utilisé.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Le fichier %1 ne peut pas être écrit&#xa0;: %2.</translation>
     </message>
 </context>
 <context>
@@ -1626,10 +1693,110 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>MuteMarks</name>
+    <message>
+        <source>The audio of this LDB is muted.</source>
+        <translation>L&apos;audio de ce LDB est coupé.</translation>
+    </message>
+</context>
+<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>PutBack</name>
+    <message>
+        <source>no name</source>
+        <translation>sans nom</translation>
+    </message>
+    <message>
+        <source>%1: before %2, now %3</source>
+        <translation>%1&#xa0;: avant %2, maintenant %3</translation>
+    </message>
+    <message>
+        <source>LDB %1 (%2) has other settings than before the fault finding of %3.</source>
+        <translation>Le LDB %1 (%2) a d&apos;autres réglages qu&apos;avant la recherche de défaut du %3.</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 are not restored: %2</source>
+        <translation>Les anciens réglages du LDB %1 ne sont pas rétablis&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Restore the former settings</source>
+        <translation>Rétablir les anciens réglages</translation>
+    </message>
+    <message>
+        <source>Leave them</source>
+        <translation>Laisser ainsi</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now it is called %4. Is it the same LDB?</source>
+        <translation>Avant la recherche de défaut, le %1, le LDB %2 s&apos;appelait %3. Maintenant il s&apos;appelle %4. Est-ce le même LDB&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now LDB %4 has this name. Is it the same LDB?</source>
+        <translation>Avant la recherche de défaut, le %1, le LDB %2 s&apos;appelait %3. Maintenant le LDB %4 porte ce nom. Est-ce le même LDB&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>If it is, its audio mute becomes what it was, and its settings are compared.</source>
+        <translation>Si oui, sa coupure du son redevient ce qu&apos;elle était, et ses réglages sont comparés.</translation>
+    </message>
+    <message>
+        <source>The same LDB</source>
+        <translation>Le même LDB</translation>
+    </message>
+    <message>
+        <source>Forget it</source>
+        <translation>Oublier</translation>
+    </message>
+    <message>
+        <source>Another LDB</source>
+        <translation>Un autre LDB</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended.
+The audio of this LDB stays muted.</source>
+        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée.
+L&apos;audio de ce LDB reste coupé.</translation>
+    </message>
+    <message>
+        <source>The program remembers it, and ends the mute as soon as the LDB takes it.</source>
+        <translation>Le programme s&apos;en souvient, et lève la coupure dès que le LDB l&apos;accepte.</translation>
+    </message>
+    <message>
+        <source>LDB %1 is muted again, as it was before the fault finding.</source>
+        <translation>L&apos;audio du LDB %1 est de nouveau coupé, comme avant la recherche de défaut.</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 from the fault finding has ended.</source>
+        <translation>La coupure du son du LDB %1 due à la recherche de défaut est levée.</translation>
+    </message>
+    <message>
+        <source>LDB %1 has its former settings again.</source>
+        <translation>Le LDB %1 a de nouveau ses anciens réglages.</translation>
+    </message>
+    <message>
+        <source>LDB %1 keeps its settings; the former ones are forgotten.</source>
+        <translation>Le LDB %1 garde ses réglages&#xa0;; les anciens sont oubliés.</translation>
+    </message>
+    <message>
+        <source>What was put back into LDB %1 will be put back again: %2</source>
+        <translation>Ce qui a été remis dans le LDB %1 le sera de nouveau&#xa0;: %2</translation>
     </message>
 </context>
 <context>

@@ -425,12 +425,6 @@ modus</translation>
         <translation>Let op</translation>
     </message>
     <message>
-        <source>The audio mute of LDB %1 could not be ended: the LDB cannot be reached.
-The audio of this LDB stays muted.</source>
-        <translation>De audiodemping van LDB %1 kon niet worden beëindigd: de LDB is niet bereikbaar.
-De audio van deze LDB blijft gedempt.</translation>
-    </message>
-    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Aardlek gedetecteerd!
@@ -757,6 +751,64 @@ Weet u zeker dat u dit wilt doen?</translation>
         <source>Result: %1</source>
         <translation>Resultaat: %1</translation>
     </message>
+    <message>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
+        <translation>Schrijft de getelde FIM&apos;s als aantal FIM&apos;s in de LDB</translation>
+    </message>
+    <message>
+        <source>&amp;Take Over</source>
+        <translation>&amp;Overnemen</translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB.</source>
+        <translation>Er is geen verbinding met de LDB.</translation>
+    </message>
+    <message>
+        <source>Reading the settings of the LDB, to keep them</source>
+        <translation>De instellingen van de LDB worden gelezen, om ze te bewaren</translation>
+    </message>
+    <message>
+        <source>Writing the number of FIM&apos;s</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven</translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
+        <translation>Het aantal FIM&apos;s in de LDB is nu %1.</translation>
+    </message>
+    <message>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation>Het aantal FIM&apos;s: %1</translation>
+    </message>
+    <message>
+        <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
+        <translation>De instellingen in de LDB gaan terug naar de standaardwaarden, en de lus is ongeveer twee minuten zonder geluid. De instellingen worden eerst bewaard, en kunnen na de meting worden hersteld.</translation>
+    </message>
+    <message>
+        <source>Start all the same</source>
+        <translation>Toch starten</translation>
+    </message>
+    <message>
+        <source>There is no connection to the LDB. Close this window, and start the connection again.</source>
+        <translation>Er is geen verbinding met de LDB. Sluit dit venster, en start de verbinding opnieuw.</translation>
+    </message>
+    <message>
+        <source>The settings of the LDB cannot be read. After the run they will be the defaults, and the former ones are lost.</source>
+        <translation>De instellingen van de LDB kunnen niet worden gelezen. Na de meting zijn het de standaardwaarden, en de vorige zijn verloren.</translation>
+    </message>
+    <message>
+        <source>What the run changes cannot be kept on the disk: %1
+If the program or the computer stops during the run, the settings of the LDB are lost, and it stays muted.</source>
+        <translation>Wat de meting verandert, kan niet op de schijf worden bewaard: %1
+Als het programma of de computer tijdens de meting stopt, zijn de instellingen van de LDB verloren, en blijft zij gedempt.</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: %2</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: niet bekend</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -815,6 +867,21 @@ Weet u zeker dat u dit wilt doen?</translation>
             <numerusform>Klaar: %1 van %n LDB</numerusform>
             <numerusform>Klaar: %1 van %n LDB&apos;s</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>KeptLdbs</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>De map %1 kan niet worden gemaakt.</translation>
+    </message>
+    <message>
+        <source>The file %1 is in use.</source>
+        <translation>Het bestand %1 is in gebruik.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
     </message>
 </context>
 <context>
@@ -1626,10 +1693,110 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
 </context>
 <context>
+    <name>MuteMarks</name>
+    <message>
+        <source>The audio of this LDB is muted.</source>
+        <translation>De audio van deze LDB is gedempt.</translation>
+    </message>
+</context>
+<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>
         <translation>mA</translation>
+    </message>
+</context>
+<context>
+    <name>PutBack</name>
+    <message>
+        <source>no name</source>
+        <translation>geen naam</translation>
+    </message>
+    <message>
+        <source>%1: before %2, now %3</source>
+        <translation>%1: eerst %2, nu %3</translation>
+    </message>
+    <message>
+        <source>LDB %1 (%2) has other settings than before the fault finding of %3.</source>
+        <translation>LDB %1 (%2) heeft andere instellingen dan vóór het fout zoeken van %3.</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 are not restored: %2</source>
+        <translation>De vorige instellingen van LDB %1 zijn niet hersteld: %2</translation>
+    </message>
+    <message>
+        <source>Restore the former settings</source>
+        <translation>Vorige instellingen herstellen</translation>
+    </message>
+    <message>
+        <source>Leave them</source>
+        <translation>Zo laten</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Later</translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now it is called %4. Is it the same LDB?</source>
+        <translation>Vóór het fout zoeken, op %1, heette LDB %2 %3. Nu heet zij %4. Is het dezelfde LDB?</translation>
+    </message>
+    <message>
+        <source>Before fault finding, on %1, LDB %2 was called %3. Now LDB %4 has this name. Is it the same LDB?</source>
+        <translation>Vóór het fout zoeken, op %1, heette LDB %2 %3. Nu heeft LDB %4 deze naam. Is het dezelfde LDB?</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>If it is, its audio mute becomes what it was, and its settings are compared.</source>
+        <translation>Zo ja, dan wordt haar audiodemping wat die was, en worden haar instellingen vergeleken.</translation>
+    </message>
+    <message>
+        <source>The same LDB</source>
+        <translation>Dezelfde LDB</translation>
+    </message>
+    <message>
+        <source>Forget it</source>
+        <translation>Vergeten</translation>
+    </message>
+    <message>
+        <source>Another LDB</source>
+        <translation>Een andere LDB</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 could not be ended.
+The audio of this LDB stays muted.</source>
+        <translation>De audiodemping van LDB %1 kon niet worden beëindigd.
+De audio van deze LDB blijft gedempt.</translation>
+    </message>
+    <message>
+        <source>The program remembers it, and ends the mute as soon as the LDB takes it.</source>
+        <translation>Het programma onthoudt het, en beëindigt de demping zodra de LDB het aanneemt.</translation>
+    </message>
+    <message>
+        <source>LDB %1 is muted again, as it was before the fault finding.</source>
+        <translation>LDB %1 is weer gedempt, zoals vóór het fout zoeken.</translation>
+    </message>
+    <message>
+        <source>The audio mute of LDB %1 from the fault finding has ended.</source>
+        <translation>De audiodemping van LDB %1 door het fout zoeken is beëindigd.</translation>
+    </message>
+    <message>
+        <source>LDB %1 has its former settings again.</source>
+        <translation>LDB %1 heeft haar vorige instellingen weer.</translation>
+    </message>
+    <message>
+        <source>LDB %1 keeps its settings; the former ones are forgotten.</source>
+        <translation>LDB %1 houdt haar instellingen; de vorige zijn vergeten.</translation>
+    </message>
+    <message>
+        <source>What was put back into LDB %1 will be put back again: %2</source>
+        <translation>Wat in LDB %1 is teruggezet, wordt opnieuw teruggezet: %2</translation>
     </message>
 </context>
 <context>

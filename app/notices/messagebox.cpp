@@ -44,6 +44,11 @@ MessageBox::MessageBox(QMessageBox::Icon icon, BoxTexts compose, QWidget* parent
     refresh();
 }
 
+void MessageBox::setDefaultChoice(int choice)
+{
+    setDefaultButton(qobject_cast<QPushButton*>(m_choices.value(choice)));
+}
+
 MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
                              const QString& name)
 {

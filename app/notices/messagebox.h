@@ -31,6 +31,9 @@ public:
     /// The position of the choice that closed it; -1 for another button.
     int choice() const { return m_choices.indexOf(clickedButton()); }
 
+    /// The choice that Enter takes; the last one unless told otherwise.
+    void setDefaultChoice(int choice);
+
     /// Opens a box over `parent`. Of one name at most one is open at a time: it takes new texts.
     static MessageBox* tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
                             const QString& name = {});

@@ -28,6 +28,9 @@ QString hindranceText(Hindrance hindrance)
         return Texts::tr("Settings are being exported or imported: wait for the end.");
     case Hindrance::ServiceMode:
         return Texts::tr("The selected LDB is in service mode: end it with LDB Reset first.");
+    case Hindrance::PuttingBack:
+        return Texts::tr(
+            "What fault finding has changed is being put back: wait until it is done.");
     case Hindrance::None:
         break;
     }

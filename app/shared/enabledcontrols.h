@@ -12,7 +12,8 @@ enum class Hindrance
     LdbLost, ///< the selected one
     Saving,
     Transferring,
-    ServiceMode ///< the selected LDB is in it
+    ServiceMode, ///< the selected LDB is in it
+    PuttingBack  ///< what fault finding changed in the selected LDB
 };
 
 /// The hindrance as a sentence, in the language in force; empty for none.

@@ -5,6 +5,8 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/putback/mutewatch.h"
+#include "app/putback/putback.h"
 #include "app/shared/colours.h"
 #include "app/shared/constants.h"
 #include "app/shared/usersettings.h"
@@ -21,6 +23,7 @@
 #include "views/log/filelogger.h"
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/deviceoverviewtable.h"
+#include "views/tables/mutemarks.h"
 
 #include <QCloseEvent>
 
@@ -55,6 +58,7 @@ MainWindow::~MainWindow()
 {
     // What these say while they end must not reach a window half gone.
     delete m_transfer;
+    delete m_putBack;
     delete m_tracking;
     delete m_ui->ldbSettingsEditor;
     m_link->disconnect();
@@ -92,6 +96,10 @@ void MainWindow::initViews()
 {
     m_detailTable = new DeviceDetailTable(m_ui->deviceDetailTableView, this);
     m_overviewTable = new DeviceOverviewTable(m_ui->deviceOverviewTableView, this);
+    m_muteMarks = new MuteMarks(m_ui->deviceOverviewTableView->model(),
+                                m_ui->deviceDetailTableView->model(), this);
+    connect(new MuteWatch(m_link.get(), this), &MuteWatch::changed, m_muteMarks,
+            &MuteMarks::setMuted);
     m_plot = new MainWindowPlot(m_ui->plotContainer, this);
     m_lamps = new LampPanel(
         {m_ui->lampALabel, m_ui->lampATextLabel, m_ui->lampCausesA, m_ui->serviceModePage},
@@ -125,8 +133,18 @@ void MainWindow::initPanels()
     });
     m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
     m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
-    connect(m_run, &RunControl::settingsStale, m_ui->ldbSettingsEditor,
-            &LdbSettingsEditor::requestSettings);
+    connect(m_run, &RunControl::settingsStale, this, [this] {
+        if (!m_putBack->isPending(m_run->selectedLdb())) {
+            m_ui->ldbSettingsEditor->requestSettings();
+        }
+    });
+    m_putBack = new PutBack(m_link.get(), m_notices.get(), this, KeptLdbs(), this);
+    connect(m_putBack, &PutBack::pendingChanged, this, &MainWindow::setLdbActionButtonsState);
+    connect(m_putBack, &PutBack::settingsChanged, this, [this](const QString& hexId) {
+        if (hexId == m_run->selectedLdb()) {
+            m_ui->ldbSettingsEditor->requestSettings();
+        }
+    });
     connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
             &RunControl::setSaving);
     m_settingsMenu = new SettingsMenu(this);
@@ -152,6 +170,7 @@ void MainWindow::retranslate()
     m_notices->retranslate();
     m_status->retranslate();
     m_overviewTable->retranslate();
+    m_muteMarks->retranslate();
     m_detailTable->retranslate();
     m_plot->retranslate();
     m_lamps->retranslate();
@@ -217,6 +236,7 @@ void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization
     } else {
         m_status->showAvailable(m_link->knownLdbs().size());
         m_status->hideProgress();
+        showPolledAlone();
     }
 }
 
@@ -224,6 +244,7 @@ void MainWindow::serialProcessorStopped()
 {
     m_lamps->reset();
     m_status->showQueueLength(0);
+    showPolledAlone();
     m_ui->startButton->setChecked(false);
 }
 
@@ -248,6 +269,7 @@ void MainWindow::showLdb(const QString& deviceId)
 {
     m_run->setSelectedLdb(deviceId);
     m_detailTable->setCurrentHexId(deviceId);
+    m_muteMarks->setSelectedLdb(deviceId);
     m_ui->logTab->logger()->setSelectedHexId(deviceId);
     m_plot->setSelectedDevice(deviceId);
     m_ui->ldbActionsGroup->setSelectedLdb(deviceId);
@@ -265,19 +287,29 @@ void MainWindow::setLdbActionButtonsState()
     WhyNot::permit(m_ui->exportDeviceSettingsButton, controls.transfer);
     WhyNot::permit(m_ui->importDeviceSettingsButton, controls.transfer);
     m_overviewTable->setSelectionEnabled(controls.selection);
-    m_ui->ldbSettingsEditor->apply(controls);
+    EnabledControls ofEditor = controls;
+    if (controls.settings && m_putBack->isPending(m_run->selectedLdb())) {
+        ofEditor.settings.hindrance = Hindrance::PuttingBack;
+    }
+    m_ui->ldbSettingsEditor->apply(ofEditor);
     m_ui->ldbActionsGroup->apply(controls);
 }
 
 void MainWindow::on_fimTrackingButton_clicked()
 {
     m_tracking = new FimTracking(m_run->selectedLdb(), m_link.get(), this);
-    m_status->showPolledAlone(m_run->selectedLdb());
+    m_putBack->follow(m_tracking);
     connect(m_tracking, &QObject::destroyed, this, [this] {
-        m_status->showPolledAlone(QString());
-        // A factory reset has changed much, and the end of the mute more.
-        m_ui->ldbSettingsEditor->requestSettings();
+        m_tracking.clear(); // a widget tells of its end before it is known to be gone
+        showPolledAlone();
     });
+    showPolledAlone();
+}
+
+void MainWindow::showPolledAlone()
+{
+    const bool isAlone = m_tracking && m_link->isRunning();
+    m_status->showPolledAlone(isAlone ? m_tracking->hexId() : QString());
 }
 
 void MainWindow::processExportImportStatus(ImportExportDeviceSettings::ImportExportStatus state)

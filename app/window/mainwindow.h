@@ -17,7 +17,9 @@ class DeviceOverviewTable;
 class FimTracking;
 class LampPanel;
 class MainWindowPlot;
+class MuteMarks;
 class Notices;
+class PutBack;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
@@ -69,6 +71,8 @@ private:
     /// Makes the LDB the selected one; unsaved edits of the settings stay.
     void showLdb(const QString& deviceId);
     void updateButtonTexts();
+    /// Says that one LDB alone is polled, while that is so.
+    void showPolledAlone();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
@@ -82,5 +86,7 @@ private:
     MainWindowPlot* m_plot = nullptr;
     SettingsMenu* m_settingsMenu = nullptr;
     SettingsTransfer* m_transfer = nullptr;
+    PutBack* m_putBack = nullptr;
+    MuteMarks* m_muteMarks = nullptr;
     QPointer<FimTracking> m_tracking; // deletes itself when closed
 };

@@ -42,6 +42,7 @@ Stage::~Stage() = default;
 void Stage::writeSettings() const
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit()); // what a run keeps of its LDB
     QSettings settings = userSettings();
     settings.setValue(constants::kComPortKey, path(QStringLiteral("bus")));
     settings.setValue(constants::kLogPathKey, QStringLiteral("ldb-log.csv"));

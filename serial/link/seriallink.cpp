@@ -125,9 +125,36 @@ void SerialLink::post(std::unique_ptr<ISerialCommand> command)
     if (!m_running || !command) {
         return;
     }
+    listenForMute(*command);
     postToRun([owned = std::move(command)](SerialProcessor& processor) mutable {
         processor.appendCommand(std::move(owned));
     });
+}
+
+void SerialLink::listenForMute(ISerialCommand& command)
+{
+    const QString hexId = command.request().hexId;
+    const QByteArray body = command.commandData();
+    const auto listen = [&](auto heard) {
+        command.addObserver(std::make_unique<ISerialCommand::ReplyObserver>(this, heard));
+    };
+    if (body == RequestCommand(hexId, LdbParameter::Settings).commandData()) {
+        listen([this, hexId](const Reply& reply) {
+            if (const auto settings = decodeLdbSettings(reply.answer(), hexId)) {
+                emit audioMuteTold(hexId, settings->audioMute);
+            }
+        });
+    }
+    for (const bool isMuted : {false, true}) {
+        const ChangeCommand mute(hexId, LdbParameter::AudioMute, encodeAudioMute(isMuted));
+        if (body == mute.commandData()) {
+            listen([this, hexId, isMuted](const Reply& reply) {
+                if (reply.isAccepted()) {
+                    emit audioMuteTold(hexId, isMuted);
+                }
+            });
+        }
+    }
 }
 
 void SerialLink::pollOnly(const QString& hexId)

@@ -72,6 +72,8 @@ signals:
     void ldbStateUpdated(QString hexId, LdbState state);
     void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
     void externalCommandsInQueueUpdated(int commandsInQueue);
+    /// An LDB's settings were read, or a mute was written and accepted, whoever asked for it.
+    void audioMuteTold(const QString& hexId, bool isMuted);
     void communicationFailed();
     /// Comes before `communicationFailed()`: what the port said. `error` is a
     /// `QSerialPort::SerialPortError`.
@@ -86,6 +88,7 @@ private:
     void followRun();
     template <typename Signal, typename Handler>
     void follow(Signal signal, Handler handler);
+    void listenForMute(ISerialCommand& command);
     void forgetLdbs();
     void processListChanged(const QStringList& hexIds);
     void processLoss(const QString& hexId);

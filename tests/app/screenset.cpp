@@ -6,6 +6,7 @@
 #include "app/notices/linknotices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/putback/putbacktexts.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "serial/ldb/serialcommand.h"
@@ -37,7 +38,7 @@ const QString kTicked = "0A";
 const QStringList kMainWindows{"main-openShortLeakPage", "main-serviceModePage",
                                "main-earthFaultPage",    "main-settingsPage",
                                "main-ldbSettingsTab",    "main-logTab"};
-const QStringList kBoxes{"box-loss", "box-port", "box-import"};
+const QStringList kBoxes{"box-loss", "box-port", "box-import", "box-restore", "box-same"};
 const QStringList kTrackingWindows{"tracking-question", "tracking-mode",     "tracking-port",
                                    "tracking-waiting",  "tracking-counting", "tracking-finished",
                                    "tracking-stopped"};
@@ -233,6 +234,24 @@ QWidget* ScreenSet::openBox(const QString& name)
             [] {
                 return portFailureText(
                     {"/dev/ttyUSB0", QSerialPort::PermissionError, "Permission denied"});
+            },
+            nullptr));
+    }
+    if (name == "restore" || name == "same") {
+        LdbSettings before;
+        before.name = "Control room E";
+        LdbSettings now = before;
+        now.openDetectionDelay = 10;
+        now.amplifierDetection = true;
+        now.generalFaultOutput = true;
+        const KeptLdb kept{kTicked, before.name, QDateTime(QDate(2026, 12, 24), QTime(18, 30)),
+                           false, before};
+        return keep(std::make_unique<MessageBox>(
+            QMessageBox::Question,
+            [=] {
+                return name == "restore"
+                           ? putbacktexts::offer(kept, kTicked, now, QString())
+                           : putbacktexts::whetherSame(kept, kTicked, "Control room W");
             },
             nullptr));
     }

@@ -34,23 +34,12 @@ LdbSettings otherRecord()
     return record;
 }
 
-QList<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b)
+std::vector<LdbField> changedFields(const LdbSettingsEdit& edit)
 {
-    QList<LdbField> fields;
-    for (const LdbField field : kLdbFields) {
-        if (!isSameField(field, a, b)) {
-            fields.append(field);
-        }
-    }
-    return fields;
-}
-
-QList<LdbField> changedFields(const LdbSettingsEdit& edit)
-{
-    QList<LdbField> fields;
+    std::vector<LdbField> fields;
     for (const LdbField field : kLdbFields) {
         if (edit.isChanged(field)) {
-            fields.append(field);
+            fields.push_back(field);
         }
     }
     return fields;
@@ -91,7 +80,7 @@ private slots:
         edit.receive(someRecord());
         QCOMPARE(edit.changeCount(), 0);
         edit.edit(field, otherRecord());
-        QCOMPARE(changedFields(edit), QList<LdbField>{field});
+        QCOMPARE(changedFields(edit), std::vector<LdbField>{field});
         QCOMPARE(edit.changeCount(), 1);
         QVERIFY(isSameField(field, edit.values(), otherRecord()));
         QVERIFY(isSameField(field, edit.record(), someRecord()));
@@ -99,20 +88,20 @@ private slots:
         // The LDB comes to have the same: no change any more, but an edit that the next one leaves.
         edit.receive(otherRecord());
         QCOMPARE(edit.changeCount(), 0);
-        QCOMPARE(differingFields(edit.values(), otherRecord()), QList<LdbField>());
+        QCOMPARE(differingFields(edit.values(), otherRecord()), std::vector<LdbField>());
         LdbSettings third = someRecord();
         third.name = "Roof";
         third.openDetectionDelay = 7;
         third.numberOfFims = 8;
         edit.receive(third);
-        QCOMPARE(changedFields(edit), QList<LdbField>{field});
+        QCOMPARE(changedFields(edit), std::vector<LdbField>{field});
         QVERIFY(isSameField(field, edit.values(), otherRecord()));
 
         edit.undo();
         QCOMPARE(edit.changeCount(), 0);
-        QCOMPARE(differingFields(edit.values(), third), QList<LdbField>());
+        QCOMPARE(differingFields(edit.values(), third), std::vector<LdbField>());
         edit.receive(otherRecord());
-        QCOMPARE(differingFields(edit.values(), otherRecord()), QList<LdbField>());
+        QCOMPARE(differingFields(edit.values(), otherRecord()), std::vector<LdbField>());
     }
 
     void defaultsSurviveARecord()
@@ -125,7 +114,7 @@ private slots:
         const LdbSettings defaults = edit.values();
         edit.receive(someRecord());
         QCOMPARE(differingFields(edit.values(), defaults),
-                 (QList<LdbField>{LdbField::Name, LdbField::NumberOfFims}));
+                 (std::vector<LdbField>{LdbField::Name, LdbField::NumberOfFims}));
         QCOMPARE(edit.values().name, someRecord().name);
         QCOMPARE(edit.values().numberOfFims, someRecord().numberOfFims);
         QCOMPARE(edit.changeCount(), static_cast<int>(kLdbFields.size()) - 2);

@@ -452,6 +452,49 @@ private slots:
         WAIT_VERIFY(m_bus->requests().contains("FEFD737803"));
     }
 
+    void mutedLdbIsMarked()
+    {
+        m_bus->change("0A", "16", "01");
+        start();
+        const auto* details = child<QTableView>("deviceDetailTableView");
+        const auto isMarked = [](const QModelIndex& name) {
+            return !name.data(Qt::DecorationRole).isNull() &&
+                   name.data(Qt::ToolTipRole).toString().contains("muted");
+        };
+        const auto nameOf = [&](const QString& hexId) {
+            const QAbstractItemModel* model = overview()->model();
+            for (int row = 0; row < model->rowCount(); ++row) {
+                if (model->index(row, 1).data().toString() == hexId) {
+                    return model->index(row, 2);
+                }
+            }
+            return QModelIndex();
+        };
+        WAIT_VERIFY(nameOf("0A").isValid());
+        clickRow("0A");
+        WAIT_VERIFY(isMarked(nameOf("0A")));
+        QVERIFY(isMarked(details->model()->index(1, 1)));
+        QVERIFY(!isMarked(nameOf("03")));
+
+        // A new scan makes new rows; what an LDB tells now counts.
+        button("reloadDevicesButton")->click();
+        WAIT_VERIFY(!nameOf("0A").isValid());
+        WAIT_VERIFY(isMarked(nameOf("0A")));
+        child<QCheckBox>("settingsAudioMuteCheckBox")->click();
+        button("settingsSaveButton")->click();
+        WAIT_VERIFY(!isMarked(nameOf("0A")));
+        QVERIFY(!isMarked(details->model()->index(1, 1)));
+
+        // A mute that nobody has stored does not outlive the LDB's reset.
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        child<QCheckBox>("settingsAudioMuteCheckBox")->click();
+        button("settingsSaveButton")->click();
+        WAIT_VERIFY(isMarked(nameOf("0A")));
+        button("ldbResetButton")->click();
+        m_bus->change("0A", "16", "00");
+        WAIT_VERIFY(!isMarked(nameOf("0A")));
+    }
+
     void lampIsTwoClicksFromItsCause()
     {
         constexpr int kServiceMode = 30;

@@ -6,7 +6,9 @@
 
 Sandbox::Sandbox()
     : m_formerDirectory(QDir::currentPath())
+    , m_formerDataFolder(qgetenv("XDG_DATA_HOME"))
 {
+    qputenv("XDG_DATA_HOME", m_directory.path().toLocal8Bit());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_directory.path());
     QDir::setCurrent(m_directory.path());
 }
@@ -14,6 +16,11 @@ Sandbox::Sandbox()
 Sandbox::~Sandbox()
 {
     QDir::setCurrent(m_formerDirectory);
+    if (m_formerDataFolder.isEmpty()) {
+        qunsetenv("XDG_DATA_HOME");
+    } else {
+        qputenv("XDG_DATA_HOME", m_formerDataFolder);
+    }
 }
 
 void Sandbox::writeFile(const QString& fileName, const QByteArray& content) const

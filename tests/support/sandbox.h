@@ -4,8 +4,9 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A temporary working directory for a test: the per-user settings go there, and so does the
-/// tuning file, which the program looks for in the working directory. Both are put back at the end.
+/// A temporary working directory for a test: the per-user settings and data go there, and so does
+/// the tuning file, which the program looks for in the working directory. All is put back at the
+/// end.
 class Sandbox
 {
 public:
@@ -27,4 +28,5 @@ public:
 private:
     QTemporaryDir m_directory;
     QString m_formerDirectory;
+    QByteArray m_formerDataFolder;
 };

@@ -5,8 +5,6 @@
 #include "simulator/board/ldbresponder.h"
 #include "simulator/bus/scenario.h"
 
-#include <limits>
-
 namespace {
 
 LdbSpec boardWith(int fims)
@@ -32,8 +30,6 @@ ModelLdb::ModelLdb(const LoopPlan& plan)
     plant(LoopFaultKind::EarthLeakage, plan.earthLeakageAfter);
     plant(LoopFaultKind::DcLeakage, plan.dcLeakageAfter);
     m_board.setSecondaryConnected(plan.secondaryConnected, 0);
-    m_clock.setSingleShot(true);
-    m_clock.start(std::numeric_limits<int>::max());
     m_reportTimer.setTimerType(Qt::PreciseTimer);
     m_reportTimer.setInterval(plan.reportPeriod);
     connect(&m_reportTimer, &QTimer::timeout, this, &ModelLdb::report);
@@ -45,6 +41,22 @@ void ModelLdb::loseConnection()
     m_reachable = false;
     m_reportTimer.stop();
     emit connectionLost();
+    emit reachableChanged();
+}
+
+void ModelLdb::restoreConnection()
+{
+    m_reachable = true;
+    m_reportTimer.start();
+    emit reachableChanged();
+}
+
+void ModelLdb::answerHeld()
+{
+    m_holding = false;
+    for (const auto& [command, answer] : std::exchange(m_held, {})) {
+        command->notify(answer);
+    }
 }
 
 void ModelLdb::setReporting(bool reporting)
@@ -60,11 +72,6 @@ void ModelLdb::setHoldingCommands(bool holding)
 {
     m_holding = holding;
     m_held.clear();
-}
-
-qint64 ModelLdb::now() const
-{
-    return m_clock.interval() - m_clock.remainingTime();
 }
 
 void ModelLdb::report()
@@ -86,12 +93,17 @@ void ModelLdb::post(std::unique_ptr<ISerialCommand> command)
     }
     const QByteArray body = command->commandData();
     m_commands.append(body);
+    if (m_told) {
+        m_told(body);
+    }
     const BusRequest request = parseBusRequest(body).value_or(BusRequest());
-    QByteArray own = m_obeys ? respond(m_board, request, now()) : QByteArray();
+    const bool isHeard = request.kind == BusRequest::Kind::Read ? m_readable : m_obeys;
+    QByteArray own = isHeard ? respond(m_board, request, now()) : QByteArray();
     framecodec::responseValidation(own); // strips the frame
+    const QByteArray answer = request.kind == BusRequest::Kind::Read ? own : m_answer;
     if (m_holding) {
-        m_held.push_back(std::move(command));
+        m_held.emplace_back(std::move(command), answer);
     } else {
-        command->notify(request.kind == BusRequest::Kind::Read ? own : m_answer);
+        command->notify(answer);
     }
 }

@@ -5,7 +5,9 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// What stands in a model loop: FIMs numbered from the primary end, faults each behind a FIM.
@@ -38,7 +40,7 @@ constexpr qint64 kHour = 3600 * kSecond;
 const QByteArray kFactoryReset("FE0A73780002");
 const QByteArray kLdbReset("FE0A73780001");
 const QByteArray kMute("FE0A73631601");
-const QByteArray kEndMute("FE0A73631600");
+const QByteArray kReadSettings("FE0A737201");
 
 } // namespace modelldb
 
@@ -52,7 +54,6 @@ public:
 
     static QString address() { return QStringLiteral("0A"); }
 
-    qint64 now() const override;
     bool isReachable() const override { return m_reachable; }
     void setPolledAlone(bool alone) override { m_polledAlone = alone; }
     bool isPolledAlone() const { return m_polledAlone; }
@@ -66,10 +67,21 @@ public:
         m_answer = answer;
         m_obeys = obeys;
     }
+    /// Whether it answers when it is read.
+    void setReadable(bool readable) { m_readable = readable; }
+    SimulatedLdb& board() { return m_board; }
     /// Keeps commands unanswered; letting go destroys them.
     void setHoldingCommands(bool holding);
+    /// Answers those held, and holds no more.
+    void answerHeld();
+    /// Told of every command before it is obeyed.
+    void setAtCommand(std::function<void(const QByteArray& body)> told)
+    {
+        m_told = std::move(told);
+    }
     /// Cuts the connection: commands are destroyed unsent.
     void loseConnection();
+    void restoreConnection();
 
     /// Whether it reports by itself.
     void setReporting(bool reporting);
@@ -82,13 +94,14 @@ protected:
 
 private:
     SimulatedLdb m_board;
-    QTimer m_clock;
     QTimer m_reportTimer;
     QList<QByteArray> m_commands;
-    std::vector<std::unique_ptr<ISerialCommand>> m_held;
+    std::vector<std::pair<std::unique_ptr<ISerialCommand>, QByteArray>> m_held;
+    std::function<void(const QByteArray& body)> m_told;
     bool m_holding = false;
     QByteArray m_answer = QByteArray("\x06");
     bool m_obeys = true;
+    bool m_readable = true;
     std::optional<LdbState> m_forcedState;
     bool m_reachable = true;
     bool m_polledAlone = false;

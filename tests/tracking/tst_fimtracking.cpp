@@ -62,6 +62,10 @@ struct Bench
         mainWindow.setGeometry(0, 0, 1366, 768);
         mainWindow.show();
         window = new FimTracking(ldb, &mainWindow);
+        QObject::connect(window, &FimTracking::runEnds, &mainWindow,
+                         [this](const KeptLdb& former, bool isMuted) {
+                             ends.append({former, isMuted});
+                         });
         // Painting hours of curves would be most of the tests' time.
         setPlotsVisible(false);
     }
@@ -88,6 +92,15 @@ struct Bench
         pass(1);
         const QList<QMessageBox*> boxes = openBoxes(window);
         return boxes.size() == 1 ? boxes.first() : nullptr;
+    }
+    QDialog* anyQuestion() const
+    {
+        for (auto* dialog : window->findChildren<QDialog*>()) {
+            if (dialog->isVisible()) {
+                return dialog;
+            }
+        }
+        return nullptr;
     }
     /// Answers the questions.
     void choose(const QString& mode)
@@ -145,6 +158,7 @@ struct Bench
     QPushButton* startButton() const { return find<QPushButton>("startButton"); }
 
     Sandbox sandbox;
+    QList<std::pair<KeptLdb, bool>> ends; ///< of runs, as the window told them
     QWidget mainWindow;
     std::shared_ptr<ModelLdb> ldb;
     QPointer<FimTracking> window; // the main window's child, deletes itself when closed
@@ -179,17 +193,20 @@ private slots:
     void sayingNoSendsNothing()
     {
         // Nothing in an answer's place: the box is closed.
-        for (const char* answers : {"No", "", "Yes Cancel", "Yes "}) {
+        for (const char* answers :
+             {"No", "", "Yes Cancel", "Yes ", "Yes Fault_Finding Cancel", "Yes Fault_Finding "}) {
             const Bench bench;
-            for (const QString& answer : QString(answers).split(' ')) {
-                QVERIFY2(bench.question(), answers);
+            for (QString answer : QString(answers).split(' ')) {
+                pass(1);
+                QDialog* question = bench.anyQuestion();
+                QVERIFY2(question, answers);
                 if (answer.isEmpty()) {
-                    bench.question()->close();
+                    QTest::keyClick(question, Qt::Key_Escape);
                 } else {
-                    Bench::press(bench.question(), answer);
+                    Bench::press(question, answer.replace('_', ' '));
                 }
             }
-            QVERIFY2(!bench.question(), answers);
+            QVERIFY2(!bench.anyQuestion(), answers);
             QCOMPARE(bench.startButton()->text(), "Start");
             QCOMPARE(bench.label("phaseLabel"), "idle");
             pass(kLongerThanAnyTimer);
@@ -333,8 +350,6 @@ private slots:
         const QMap<QString, QString> notices{{"lost", "The connection is lost."},
                                              {"failed", "The factory reset failed."},
                                              {"silent", "The LDB is disconnected."}};
-        // At the end of the test the window goes, and with a lost LDB it cannot end the mute.
-        const ExpectWarning muted("audio mute of LDB", ExpectWarning::Need::MayCome);
         auto bench = std::make_unique<Bench>();
         QVERIFY(bench->question());
         if (phase != Phase::Confirmation) {
@@ -343,9 +358,9 @@ private slots:
             pass(2 * kSecond);
         }
         const std::shared_ptr<ModelLdb> ldb = bench->ldb;
-        QList<QByteArray> sent = ldb->commands();
+        const QList<QByteArray> sent = ldb->commands();
         if (by == "parent") {
-            bench.reset();
+            delete bench->window;
         } else if (by == "close") {
             bench->window->close();
             deletePending();
@@ -357,15 +372,21 @@ private slots:
         } else {
             bench->reportState(by == "failed" ? 51 : 255);
         }
-        const bool isWindowThere = bench && bench->window;
+        const bool isWindowThere = bench->window;
         if (isWindowThere) {
             QCOMPARE(bench->startButton()->text(), "Start");
             QCOMPARE(bench->label("noticeLabel"), notices.value(by));
             QCOMPARE(bench->window->run().phase(), phase == Phase::Finished ? phase : Phase::Idle);
             QCOMPARE(bench->window->reportText().isEmpty(), phase != Phase::Finished);
             bench->closeBoxes();
-        } else {
-            sent.append(kEndMute);
+        }
+        // Whoever puts back is told once, and what.
+        QCOMPARE(bench->ends.size(), phase == Phase::Confirmation ? 0 : 1);
+        for (const auto& [former, isMuted] : bench->ends) {
+            QCOMPARE(former.hexId, ModelLdb::address());
+            QVERIFY(former.audioMute == false && former.settings);
+            QCOMPARE(isMuted, phase == Phase::Counting || phase == Phase::Finished);
+            QVERIFY(KeptLdbs().find(former.hexId, former.name));
         }
         ldb->setState(std::nullopt);
         pass(kLongerThanAnyTimer);
@@ -438,64 +459,142 @@ private slots:
             bench.choose();
             pass(5 * kSecond);
             QVERIFY(bench.window->run().isCountingDown());
-            QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kFactoryReset});
+            QCOMPARE(bench.ldb->commands(), (QList<QByteArray>{kReadSettings, kFactoryReset}));
         }
 
-        // A mute that is in force is ended, and found ended.
+        // A mute is looked for where it was not acknowledged, and found.
         Bench bench;
         bench.choose();
+        pass(5 * kSecond);
         bench.ldb->setAnswer(QByteArray(), true);
         QVERIFY(bench.reach(Phase::Counting));
-        bench.window->close();
         pass(kSecond);
-        QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
         QCOMPARE(bench.ldb->commands().mid(bench.ldb->commands().size() - 2),
-                 (QList<QByteArray>{kEndMute, "FE0A737201"}));
+                 (QList<QByteArray>{kMute, kReadSettings}));
+        QCOMPARE(bench.label("noticeLabel"), "The LDB did not answer the command: LDB reset");
     }
 
-    void closingTellsOfAnLdbThatStaysMuted_data()
+    void keepsWhatItChangesBeforeItSendsAnything()
     {
-        const Table<bool, QString, bool> row("muted", "failure", "tells");
-        row("obeyed", true, {}, false);
-        row("refused", true, "refused", true);
-        row("silent", true, "silent", true);
-        row("no connection", true, "lost", true);
-        row("no answer until the connection goes", true, "held", true);
-        row("never muted, no connection", false, "lost", false);
-    }
-
-    void closingTellsOfAnLdbThatStaysMuted()
-    {
-        QFETCH(bool, muted);
-        QFETCH(QString, failure);
-        QFETCH(bool, tells);
-        const ExpectWarning logged("audio mute of LDB \"0A\"", tells
-                                                                   ? ExpectWarning::Need::MustCome
-                                                                   : ExpectWarning::Need::MayCome);
         Bench bench;
+        SimulatedLdb& board = bench.ldb->board();
+        QVERIFY(board.change(LdbParameter::OpenDetectionDelay, "1900", bench.ldb->now()));
+        QVERIFY(board.change(LdbParameter::AudioMute, "01", bench.ldb->now()));
+        bench.ldb->setHoldingCommands(true);
         bench.choose();
-        QVERIFY(bench.reach(muted ? Phase::Counting : Phase::Rebooting));
-        if (failure == "lost") {
-            bench.ldb->loseConnection();
-        } else if (!failure.isEmpty()) {
-            bench.ldb->setAnswer(failure == "refused" ? "\x15" : "");
-        }
-        bench.ldb->setHoldingCommands(failure == "held");
-        bench.window->close();
-        deletePending();
+        pass(10 * kSecond);
+        QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kReadSettings});
+        QVERIFY(KeptLdbs().all().empty());
+
+        // Read at last: on the disk first, then the reset.
+        bench.ldb->setAtCommand([](const QByteArray& body) {
+            QCOMPARE(body, kFactoryReset);
+            QCOMPARE(KeptLdbs().all().size(), std::size_t(1));
+        });
+        bench.ldb->answerHeld();
         pass(kSecond);
-        if (failure == "held") {
-            pass(kSecond);
-            QVERIFY(boxTexts(&bench.mainWindow).isEmpty());
-            bench.ldb->loseConnection();
-            bench.ldb->setHoldingCommands(false); // destroyed now: told once all the same
-            pass(1);
+        QCOMPARE(bench.ldb->commands().size(), 2);
+
+        // A further run finds the defaults; what was there before anybody ran anything stays kept.
+        bench.ldb->setAtCommand({});
+        QVERIFY(bench.reach(Phase::Rebooting));
+        bench.startButton()->click();
+        bench.startButton()->click();
+        bench.choose();
+        pass(kSecond);
+        const std::vector<KeptLdb> kept = KeptLdbs().all();
+        QCOMPARE(kept.size(), std::size_t(1));
+        QCOMPARE(kept.front().settings->openDetectionDelay, quint16(25));
+        QCOMPARE(kept.front().audioMute, std::optional<bool>(true));
+    }
+
+    void startsWithoutWayBackOnlyWhenToldTo_data()
+    {
+        addColumns<bool, QString, bool>("isRead", "answer", "starts");
+        for (const bool isRead : {true, false}) {
+            const char* why = isRead ? "not kept" : "not read";
+            QTest::addRow("%s, yes", why) << isRead << QString("Start all the same") << true;
+            QTest::addRow("%s, cancel", why) << isRead << QString("Cancel") << false;
+            QTest::addRow("%s, closed", why) << isRead << QString() << false;
+            QTest::addRow("%s, stop", why) << isRead << QString("stop") << false;
         }
-        QVERIFY(!bench.window);
-        QVERIFY(!bench.ldb->isPolledAlone());
-        const QStringList texts = boxTexts(&bench.mainWindow);
-        QCOMPARE(texts.size(), tells ? 1 : 0);
-        QCOMPARE(texts.filter("LDB 0A").filter("stays muted").size(), tells ? 1 : 0);
+    }
+
+    void startsWithoutWayBackOnlyWhenToldTo()
+    {
+        QFETCH(bool, isRead);
+        QFETCH(QString, answer);
+        QFETCH(bool, starts);
+        Bench bench;
+        bench.ldb->setReadable(isRead);
+        if (isRead) {
+            QFile inTheWay(KeptLdbs::standardFolder());
+            QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        }
+        bench.choose();
+        QMessageBox* box = bench.question();
+        QVERIFY(box);
+        QVERIFY2(box->text().contains(isRead ? "cannot be made" : "cannot be read"),
+                 qPrintable(box->text()));
+        QCOMPARE(bench.ldb->commands(), QList<QByteArray>{kReadSettings});
+        if (answer == "stop") {
+            bench.startButton()->click();
+        } else if (answer.isEmpty()) {
+            QTest::keyClick(box, Qt::Key_Escape);
+        } else {
+            Bench::press(box, answer);
+        }
+        pass(kSecond);
+        QCOMPARE(bench.ldb->commands().contains(kFactoryReset), starts);
+        QCOMPARE(bench.startButton()->isChecked(), starts);
+        // Of a run that was not wanted nothing stays; of the other one at least the mute.
+        QCOMPARE(KeptLdbs().all().size(), std::size_t(starts && !isRead ? 1 : 0));
+        bench.window->close();
+        QCOMPARE(bench.ends.size(), 1);
+        QCOMPARE(bench.ends.first().first.isEmpty(), !starts);
+    }
+
+    void comparesTheFimsCounted()
+    {
+        Bench bench(healthyLoop(6));
+        QVERIFY(bench.ldb->board().change(LdbParameter::NumberOfFims, "1400", bench.ldb->now()));
+        const QSignalSpy wanted(bench.window, &FimTracking::takeOverWanted);
+        auto* takeOver = bench.find<QPushButton>("takeOverButton");
+        auto* counts = bench.find<QLabel>("fimCountsLabel");
+        bench.choose();
+        QVERIFY(bench.reach(Phase::Finished));
+        pass(1);
+        bench.closeBoxes();
+        QCOMPARE(counts->text(), "FIM's counted: 6   configured: 20");
+        QVERIFY(!counts->styleSheet().isEmpty());
+        takeOver->click();
+        QCOMPARE(wanted.size(), 1);
+        QCOMPARE(wanted.first().first().toInt(), 6);
+        QVERIFY(!takeOver->isEnabled());
+        bench.window->processTakenOver(6, "refused");
+        QVERIFY(takeOver->isEnabled() && takeOver->isVisible());
+        QVERIFY(bench.label("noticeLabel").contains("refused"));
+        bench.window->processTakenOver(6, QString());
+        QCOMPARE(counts->text(), "FIM's counted: 6   configured: 6");
+        QVERIFY(counts->styleSheet().isEmpty());
+        QVERIFY(!takeOver->isVisible());
+    }
+
+    void startFollowsTheLink()
+    {
+        Bench bench;
+        QVERIFY(bench.question());
+        bench.ldb->loseConnection();
+        QVERIFY(!bench.startButton()->isEnabled());
+        QCOMPARE(bench.startButton()->toolTip(), "There is no connection to the LDB.");
+        QVERIFY(bench.label("hintLabel").startsWith("There is no connection"));
+        bench.ldb->setPolledAlone(false);
+        bench.ldb->restoreConnection();
+        QVERIFY(bench.startButton()->isEnabled() && bench.startButton()->toolTip().isEmpty());
+        QVERIFY(bench.ldb->isPolledAlone());
+        bench.startButton()->click();
+        bench.choose();
+        QVERIFY(bench.reach(Phase::Rebooting));
     }
 
     void runsAgain()

@@ -65,7 +65,6 @@ enum class TrackingCommand
 {
     FactoryReset,
     LdbReset,
-    MuteAudio,
-    EndAudioMute
+    MuteAudio
 };
 Q_DECLARE_METATYPE(TrackingCommand)

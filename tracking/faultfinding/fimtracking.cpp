@@ -4,6 +4,7 @@
 #include "app/shared/colours.h"
 #include "serial/ldb/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
+#include "tracking/faultfinding/formerstate.h"
 #include "tracking/faultfinding/sidepanel.h"
 #include "tracking/faultfinding/startquestions.h"
 #include "tracking/faultfinding/trackedldb.h"
@@ -42,7 +43,7 @@ FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent
 {
 }
 
-FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
+FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent, const KeptLdbs& kept)
     : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                           Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
                           Qt::WindowCloseButtonHint)
@@ -52,6 +53,7 @@ FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
     , m_report(std::make_unique<TrackingReport>())
     , m_questions(new StartQuestions(this))
     , m_alarmSound(new AlarmSound(this))
+    , m_former(new FormerState(m_ldb.get(), kept, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
@@ -67,7 +69,13 @@ FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent)
 FimTracking::~FimTracking()
 {
     // The window may be deleted with its parent without having been closed.
-    releaseLdb(nullptr);
+    endRun();
+    releaseLdb();
+}
+
+QString FimTracking::hexId() const
+{
+    return m_ldb->hexId();
 }
 
 void FimTracking::init()
@@ -85,7 +93,16 @@ void FimTracking::initConnections()
 {
     connect(m_ldb.get(), &TrackedLdb::connectionLost, this,
             [this] { m_run.stop(TrackingRun::StopReason::ConnectionLost); });
-    connect(m_questions, &StartQuestions::answered, this, &FimTracking::begin);
+    connect(m_ui->fimCountsPanel, &FimCountsPanel::takeOverWanted, this, [this](int fimCount) {
+        showNotice(tr("Writing the number of FIM's"));
+        emit takeOverWanted(fimCount);
+    });
+    connect(m_ldb.get(), &TrackedLdb::reachableChanged, this, &FimTracking::followLink);
+    connect(m_questions, &StartQuestions::answered, this, &FimTracking::prepare);
+    connect(m_questions, &StartQuestions::answeredWithoutWayBack, this,
+            [this](bool isWanted) { isWanted ? begin() : m_ui->startButton->setChecked(false); });
+    connect(m_former, &FormerState::kept, this, &FimTracking::begin);
+    connect(m_former, &FormerState::incomplete, m_questions, &StartQuestions::askWithoutWayBack);
     connect(&m_run, &TrackingRun::phaseChanged, this, &FimTracking::showPhase);
     connect(&m_run, &TrackingRun::countdownChanged, this, &FimTracking::showCountdown);
     connect(&m_run, &TrackingRun::commandDue, this, &FimTracking::sendCommand);
@@ -105,6 +122,7 @@ void FimTracking::initGui()
     m_ui->primarySidePanel->reset();
     m_ui->secondarySidePanel->reset();
     m_ui->resultLabel->hide();
+    m_ui->fimCountsPanel->reset();
     m_ui->copyReportButton->setEnabled(false);
     m_ui->zoomButton->setEnabled(false);
     m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
@@ -151,18 +169,41 @@ void FimTracking::showEvent(QShowEvent* event)
 void FimTracking::closeEvent(QCloseEvent* event)
 {
     stop();
-    releaseLdb(parentWidget());
+    releaseLdb();
     QWidget::closeEvent(event);
 }
 
-void FimTracking::releaseLdb(QWidget* boxParent)
+void FimTracking::releaseLdb()
 {
-    if (!m_ldbHeld) {
-        return;
+    if (std::exchange(m_ldbHeld, false)) {
+        m_ldb->setPolledAlone(false);
     }
-    m_ldbHeld = false;
-    endAudioMute(m_ldb, m_audioMuted, boxParent);
-    m_ldb->setPolledAlone(false);
+}
+
+/// What was kept for a run that sent nothing is forgotten; of another one it is told.
+void FimTracking::endRun()
+{
+    m_former->withdraw();
+    if (m_stage == Stage::Preparing) {
+        m_former->drop();
+    }
+    if (std::exchange(m_stage, Stage::Idle) != Stage::Idle) {
+        emit runEnds(m_former->state(), std::exchange(m_audioMuted, false));
+    }
+}
+
+void FimTracking::followLink()
+{
+    const bool isReachable = m_ldb->isReachable();
+    if (isReachable && m_ldbHeld) {
+        m_ldb->setPolledAlone(true); // a link that was started anew polls all
+    }
+    const bool isStop = m_ui->startButton->isChecked();
+    m_ui->startButton->setEnabled(isReachable || isStop);
+    m_ui->startButton->setToolTip(isReachable || isStop ? QString()
+                                                        : tr("There is no connection to the LDB."));
+    m_ui->fimCountsPanel->setReachable(isReachable);
+    m_ui->hintLabel->setText(trackingtexts::hint(m_run.phase(), isReachable));
 }
 
 void FimTracking::on_startButton_toggled(bool checked)
@@ -193,6 +234,7 @@ void FimTracking::stop()
 {
     disconnect(m_records);
     m_questions->withdraw();
+    endRun();
     m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
     setFactoryResetCountdownVisible(false);
     m_alarmSound->stop();
@@ -208,19 +250,32 @@ void FimTracking::resetPlots()
     }
 }
 
-void FimTracking::begin(TrackingMode mode)
+void FimTracking::prepare(TrackingMode mode)
 {
     if (mode == TrackingMode::Cancelled) {
         m_ui->startButton->setChecked(false);
-        return;
+    } else if (!m_ldb->isReachable()) {
+        m_run.stop(TrackingRun::StopReason::ConnectionLost);
+    } else {
+        m_mode = mode;
+        m_stage = Stage::Preparing;
+        showNotice(tr("Reading the settings of the LDB, to keep them"));
+        emit runBegins();
+        m_former->take();
     }
+}
+
+void FimTracking::begin()
+{
+    m_stage = Stage::Running;
+    const std::optional<LdbSettings>& settings = m_former->state().settings;
+    m_ui->fimCountsPanel->setConfigured(settings ? std::make_optional<int>(settings->numberOfFims)
+                                                 : std::nullopt);
+    showNotice(QString());
     m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
                         &FimTracking::processData);
-    m_run.begin(mode, m_ldb->now());
+    m_run.begin(m_mode, m_ldb->now());
     showTimes();
-    if (!m_ldb->isReachable()) {
-        m_run.stop(TrackingRun::StopReason::ConnectionLost);
-    }
 }
 
 void FimTracking::processData(const QString& hexId, const QList<QStringList>& dataList)
@@ -261,7 +316,6 @@ void FimTracking::showPhase()
 {
     const Phase phase = m_run.phase();
     m_ui->phaseLabel->setText(trackingtexts::phase(phase, m_run.stopReason()));
-    m_ui->hintLabel->setText(trackingtexts::hint(phase));
     setFactoryResetCountdownVisible(m_run.isCountingDown());
     if (phase == Phase::Rebooting || phase == Phase::Counting) {
         m_ui->contentStack->setCurrentWidget(m_ui->countingPage);
@@ -273,6 +327,7 @@ void FimTracking::showPhase()
     if (phase == Phase::Idle || phase == Phase::Finished) {
         m_ui->startButton->setChecked(false);
     }
+    followLink();
     showTimes();
 }
 
@@ -363,7 +418,19 @@ void FimTracking::showResults(int totalFimCount, LoopResult result)
             .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
     m_ui->resultLabel->show();
     m_ui->copyReportButton->setEnabled(true);
+    m_ui->fimCountsPanel->showCounted(totalFimCount);
     showTimes();
+}
+
+void FimTracking::processTakenOver(int fimCount, const QString& failure)
+{
+    if (failure.isEmpty()) {
+        m_ui->fimCountsPanel->setConfigured(fimCount);
+        showNotice(tr("The number of FIM's in the LDB is now %1.").arg(fimCount));
+    } else {
+        showNotice(tr("The number of FIM's: %1").arg(failure));
+    }
+    followLink();
 }
 
 QString FimTracking::reportText() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/shared/text.h"
+#include "history/keptldbs.h"
 #include "tracking/counting/trackingrun.h"
 
 #include <QTimer>
@@ -9,6 +10,7 @@
 #include <memory>
 
 class AlarmSound;
+class FormerState;
 class MessageBox;
 class SerialLink;
 class SidePanel;
@@ -23,6 +25,9 @@ class FimTracking;
 /// The fault-finding window of one LDB: asks what to do, then shows a `TrackingRun` from the
 /// factory reset to the result. While it is open, this LDB alone is polled. GUI thread only.
 ///
+/// Before a run sends anything, what it will change is read and kept on disk. Putting it back is
+/// left to whoever hears `runEnds()`.
+///
 /// It shows itself, begins with the question whether to start, and deletes itself when closed. All
 /// its boxes are opened without blocking.
 class FimTracking : public QWidget
@@ -30,9 +35,11 @@ class FimTracking : public QWidget
     Q_OBJECT
 public:
     FimTracking(const QString& hexId, SerialLink* link, QWidget* parent = nullptr);
-    explicit FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent = nullptr);
+    explicit FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent = nullptr,
+                         const KeptLdbs& kept = KeptLdbs());
     ~FimTracking() override;
 
+    QString hexId() const;
     const TrackingRun& run() const { return m_run; }
     /// The last finished run; empty before there is one.
     QString reportText() const;
@@ -40,6 +47,17 @@ public:
 public slots:
     /// Takes a record of any LDB; only those of the tracked one count.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
+    /// What became of `takeOverWanted()`: an empty `failure` is success.
+    void processTakenOver(int fimCount, const QString& failure);
+
+signals:
+    /// A run is being prepared: nothing may be put back into this LDB until `runEnds()`.
+    void runBegins();
+    /// Whatever ended it. `former` is what the LDB was like before, empty if nothing was sent;
+    /// `isMuted`: the run has muted it, so that no reset can still be under way.
+    void runEnds(const KeptLdb& former, bool isMuted);
+    /// The user wants the counted FIMs written as the LDB's number of FIMs.
+    void takeOverWanted(int fimCount);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -51,6 +69,14 @@ private slots:
     void on_copyReportButton_clicked();
 
 private:
+    /// Of what stands behind the Start button.
+    enum class Stage
+    {
+        Idle,      ///< or the user is asked
+        Preparing, ///< what the run will change is read and kept
+        Running
+    };
+
     void init();
     void initConnections();
     void initGui();
@@ -60,7 +86,10 @@ private:
     void start();
     void stop();
     void resetPlots();
-    void begin(TrackingMode mode);
+    void prepare(TrackingMode mode);
+    void begin();
+    void endRun();
+    void followLink();
 
     void showPhase();
     void advance();
@@ -80,7 +109,7 @@ private:
     void sendCommand(TrackingCommand command);
     void processFailure(int runNumber, TrackingCommand command, bool isRefused);
     void showNotice(const QString& text);
-    void releaseLdb(QWidget* boxParent);
+    void releaseLdb();
     SidePanel* panel(int ldbPort) const;
 
     std::unique_ptr<Ui::FimTracking> m_ui;
@@ -91,6 +120,9 @@ private:
     AlarmSound* m_alarmSound;
     QTimer m_clock;                    ///< wakes the run when something is due, and the times shown
     QMetaObject::Connection m_records; ///< there while a run takes records
+    FormerState* m_former;             // owned as a child
+    Stage m_stage = Stage::Idle;
+    TrackingMode m_mode = TrackingMode::Cancelled;
     QString m_deviceName;
     int m_runNumber = 0;
     bool m_ldbHeld = false;

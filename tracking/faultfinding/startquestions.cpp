@@ -35,7 +35,10 @@ void StartQuestions::ask()
         return BoxText{
             FimTracking::tr("Attention"),
             FimTracking::tr("This action will start a factory reset. \nAre you sure you want "
-                            "to do this?")};
+                            "to do this?"),
+            FimTracking::tr("The settings in the LDB go back to defaults, and the loop is without "
+                            "sound for about two minutes. The settings are kept before, and can be "
+                            "restored after the run.")};
     };
     auto* box =
         new MessageBox(QMessageBox::Question, texts, m_window, QMessageBox::Yes | QMessageBox::No);
@@ -95,7 +98,23 @@ void StartQuestions::showTrackingModeSelectionDialog()
 void StartQuestions::showDisconnectSecondaryPortDialog()
 {
     auto* dialog = new DisconnectSecondaryPortDialog(m_window);
-    connect(dialog, &QDialog::finished, this,
-            [this] { emit answered(TrackingMode::FaultFinding); });
+    connect(dialog, &QDialog::finished, this, [this](int result) {
+        emit answered(result == QDialog::Accepted ? TrackingMode::FaultFinding
+                                                  : TrackingMode::Cancelled);
+    });
     openQuestion(dialog, "disconnectSecondaryPortDialog");
+}
+
+void StartQuestions::askWithoutWayBack(FormerState::Lack lack, const QString& reason)
+{
+    const auto texts = [lack, reason] {
+        return BoxText{FimTracking::tr("Attention"),
+                       trackingtexts::noWayBack(lack, reason),
+                       QString(),
+                       {FimTracking::tr("Start all the same"), FimTracking::tr("Cancel")}};
+    };
+    auto* box = new MessageBox(QMessageBox::Warning, texts, m_window);
+    connect(box, &QDialog::finished, this,
+            [this, box] { emit answeredWithoutWayBack(box->choice() == 0); });
+    openQuestion(box, "noWayBackBox");
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tracking/counting/trackingresult.h"
+#include "tracking/faultfinding/formerstate.h"
 
 #include <QDialog>
 #include <QObject>
@@ -25,7 +26,8 @@ private:
 };
 
 /// The questions before a tracking run, one after another over a window, none of them blocking:
-/// whether to start, what for, and, for fault finding, to disconnect the secondary port.
+/// whether to start, what for, and, for fault finding, to disconnect the secondary port. Whatever
+/// else than an explicit yes ends a question, closing it included, starts nothing.
 class StartQuestions : public QObject
 {
     Q_OBJECT
@@ -38,12 +40,16 @@ public:
     }
 
     void ask();
+    /// Asks whether to start although not all can be put back afterwards.
+    void askWithoutWayBack(FormerState::Lack lack, const QString& reason);
     /// Closes the question that is open; no answer comes then.
     void withdraw();
 
 signals:
     /// What the user has chosen; `TrackingMode::Cancelled` if to do nothing.
     void answered(TrackingMode mode);
+    /// Only a plain yes starts.
+    void answeredWithoutWayBack(bool isWanted);
 
 private:
     void showTrackingModeSelectionDialog();

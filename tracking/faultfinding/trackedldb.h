@@ -1,17 +1,18 @@
 #pragma once
 
+#include "serial/ldb/ldbsettings.h"
 #include "serial/ldb/serialcommand.h"
 #include "tracking/counting/trackingresult.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
-class QWidget;
 class SerialLink;
 
 /// The one LDB that a tracking run works on, as the run sees it: its records and its commands. GUI
@@ -32,9 +33,13 @@ public:
     /// counts as accepted where the LDB has it. This object lives as long as `context`.
     void send(TrackingCommand command, QObject* context, ReplyFunction replied);
 
+    /// Reads the LDB's settings; `read` is called as above, with nothing if the LDB did not tell.
+    using SettingsFunction = std::function<void(const std::optional<LdbSettings>&)>;
+    void readSettings(QObject* context, SettingsFunction read);
+
     /// The time for the run: ms on a clock that never goes back.
-    virtual qint64 now() const { return m_clock.elapsed(); }
-    /// Whether there is a connection to send on.
+    qint64 now() const;
+    /// Whether there is a connection to send on, with this LDB on it.
     virtual bool isReachable() const;
     /// Polls this LDB and no other, or all again.
     virtual void setPolledAlone(bool alone);
@@ -44,20 +49,18 @@ signals:
     void generalInformationUpdated(const QString& hexId, const QList<QStringList>& dataList);
     /// No record comes any more, and no command goes out.
     void connectionLost();
+    /// `isReachable()` may differ from before.
+    void reachableChanged();
 
 protected:
     virtual void post(std::unique_ptr<ISerialCommand> command);
 
 private:
-    void readMute(bool wanted, QObject* context, const ReplyFunction& replied);
+    void readMute(QObject* context, const ReplyFunction& replied);
     void ask(std::unique_ptr<ISerialCommand> command, QObject* context, ReplyFunction function);
 
     const QString m_hexId;
     const QPointer<SerialLink> m_link;
-    QElapsedTimer m_clock;
+    QTimer m_clock;     ///< of the event loop: the run's time goes with that of its timers
+    qint64 m_hands = 0; ///< ms at the clock's last full turn
 };
-
-/// Ends an LDB's audio mute when its tracking window closes, and lives on until the LDB has obeyed:
-/// an LDB that nobody can hear must not be forgotten. If `wasMuted` and the LDB does not take the
-/// command, a box over `boxParent` says that the LDB stays muted.
-void endAudioMute(const std::shared_ptr<TrackedLdb>& ldb, bool wasMuted, QWidget* boxParent);

@@ -73,7 +73,7 @@ QString time(const TrackingRun& run)
     return left ? Texts::tr("%1 s left").arg(*left) : Texts::tr("%1 s gone").arg(run.secondsGone());
 }
 
-QString hint(Phase phase)
+QString hint(Phase phase, bool isReachable)
 {
     switch (phase) {
     case Phase::Confirmation:
@@ -81,7 +81,9 @@ QString hint(Phase phase)
     case Phase::FactoryReset:
         return Texts::tr("The LDB has been asked for a factory reset.");
     default:
-        return Texts::tr("Press Start to begin a run.");
+        return isReachable ? Texts::tr("Press Start to begin a run.")
+                           : Texts::tr("There is no connection to the LDB. Close this window, and "
+                                       "start the connection again.");
     }
 }
 
@@ -105,11 +107,23 @@ QString commandFailure(TrackingCommand command, bool isRefused)
     return text.arg(commandName(command));
 }
 
-QString staysMuted(const QString& hexId)
+QString noWayBack(FormerState::Lack lack, const QString& reason)
 {
-    return Texts::tr("The audio mute of LDB %1 could not be ended: the LDB cannot be reached.\n"
-                     "The audio of this LDB stays muted.")
-        .arg(hexId);
+    if (lack == FormerState::Lack::Unread) {
+        return Texts::tr("The settings of the LDB cannot be read. After the run they will be the "
+                         "defaults, and the former ones are lost.");
+    }
+    return Texts::tr("What the run changes cannot be kept on the disk: %1\nIf the program or the "
+                     "computer stops during the run, the settings of the LDB are lost, and it "
+                     "stays muted.")
+        .arg(reason);
+}
+
+QString fimCounts(int counted, std::optional<int> configured)
+{
+    return configured
+               ? Texts::tr("FIM's counted: %1   configured: %2").arg(counted).arg(*configured)
+               : Texts::tr("FIM's counted: %1   configured: not known").arg(counted);
 }
 
 QString mode(TrackingMode mode)

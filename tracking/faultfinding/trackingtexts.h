@@ -1,10 +1,13 @@
 #pragma once
 
 #include "tracking/counting/trackingrun.h"
+#include "tracking/faultfinding/formerstate.h"
 
 #include <QDateTime>
 #include <QList>
 #include <QString>
+
+#include <optional>
 
 /// A finished run, to be kept by the user as text.
 struct TrackingReport
@@ -39,7 +42,7 @@ QString stopReason(TrackingRun::StopReason stopReason);
 /// waited for.
 QString time(const TrackingRun& run);
 /// What the user may do or expect.
-QString hint(TrackingRun::Phase phase);
+QString hint(TrackingRun::Phase phase, bool isReachable);
 /// When a side ends; empty once it has.
 QString timeToSideEnd(const FimCounter& counter, int ldbPort);
 
@@ -47,8 +50,8 @@ QString timeToSideEnd(const FimCounter& counter, int ldbPort);
 
 /// That a command was not obeyed; `isRefused` if the LDB said so.
 QString commandFailure(TrackingCommand command, bool isRefused);
-/// That nobody can hear an LDB any more.
-QString staysMuted(const QString& hexId);
+/// Why not all can be put back after a run, and what will be lost.
+QString noWayBack(FormerState::Lack lack, const QString& reason);
 
 // Of results.
 
@@ -60,6 +63,8 @@ QString sideAlarm(int ldbPort, SideEnd end);
 QString loopResult(LoopResult result);
 /// The total of FIMs and the loop result in one line.
 QString summary(int totalFimCount, LoopResult result);
+/// The FIMs that a run has counted beside those that the LDB is told to have.
+QString fimCounts(int counted, std::optional<int> configured);
 /// The message box's text.
 QString fault(const FaultReport& report);
 /// The label of one side.

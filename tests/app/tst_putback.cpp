@@ -1,0 +1,475 @@
+#include "app/notices/messagebox.h"
+#include "app/shared/usersettings.h"
+#include "app/window/mainwindow.h"
+#include "history/keptldbs.h"
+#include "importexport/ldbfields.h"
+#include "serial/ldb/ldbsettings.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testbus.h"
+#include "tests/support/testcase.h"
+#include "tests/support/testprogram.h"
+#include "tracking/faultfinding/fimtracking.h"
+
+#include <QtWidgets>
+
+#include <memory>
+#include <random>
+
+using Phase = TrackingRun::Phase;
+
+Q_DECLARE_METATYPE(Phase)
+
+namespace {
+
+const QStringList kLdbs{"03", "0A"};
+const QString kLdb = "03"; // the one that is ticked at first
+constexpr qint64 kSecond = 1000;
+constexpr int kWholeRun = 1500000; // ms
+
+// Parameters as TestBus changes them.
+const QByteArray kFlags("14");
+const QByteArray kMute("16");
+const QByteArray kDelay("17");
+
+const QString kRestore = "Restore the former settings";
+
+} // namespace
+
+/// What fault finding leaves in an LDB: nothing, whatever ends the run, the window or the program.
+class TestPutBack : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void init() override
+    {
+        TestCase::init();
+        m_sandbox = std::make_unique<Sandbox>();
+        m_bus = std::make_unique<TestBus>(kLdbs);
+        userSettings().setValue(constants::kComPortKey, m_bus->portName());
+        m_bus->change(kLdb, kDelay, "1900");
+        m_bus->change(kLdb, kFlags, "06");
+        m_before = inLdb();
+    }
+
+    void cleanup() override
+    {
+        m_window.reset();
+        m_bus.reset();
+        m_sandbox.reset();
+        TestCase::cleanup();
+    }
+
+    void runLeavesTheLdbAsItWas_data()
+    {
+        addColumns<Phase, QString, bool>("phase", "by", "wasMuted");
+        const auto rows = [](const char* name, Phase phase) {
+            for (const char* by : {"stop", "close"}) {
+                for (const bool wasMuted : {false, true}) {
+                    QTest::addRow("%s, %s%s", name, by, wasMuted ? ", muted on purpose" : "")
+                        << phase << QString::fromLatin1(by) << wasMuted;
+                }
+            }
+        };
+        rows("factory reset", Phase::FactoryReset);
+        rows("rebooting", Phase::Rebooting);
+        rows("counting", Phase::Counting);
+        QTest::newRow("result") << Phase::Finished << QString() << false;
+        QTest::newRow("result, muted on purpose") << Phase::Finished << QString() << true;
+    }
+
+    void runLeavesTheLdbAsItWas()
+    {
+        QFETCH(Phase, phase);
+        QFETCH(QString, by);
+        QFETCH(bool, wasMuted);
+        m_bus->change(kLdb, kMute, wasMuted ? "01" : "00");
+        m_before = inLdb();
+        start();
+        openRun();
+        QVERIFY(reach(phase));
+        WAIT_VERIFY(m_bus->requests().contains("FE0373780002"));
+        if (phase == Phase::Counting) {
+            WAIT_VERIFY(m_bus->requests().contains("FE0373631601"));
+        }
+        QVERIFY(!isForgotten());
+        if (by == QLatin1String("stop")) {
+            tracking()->findChild<QPushButton*>("startButton")->click();
+        } else if (by == QLatin1String("close")) {
+            tracking()->close();
+        }
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        closeAlarms();
+        // The mute has ended before anybody is asked.
+        QCOMPARE(inLdb().audioMute, wasMuted);
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+        QCOMPARE(message(), "LDB 03 has its former settings again.");
+        QCOMPARE(m_bus->writes().constLast(), QByteArray("FE03737806"));
+    }
+
+    void resetThatShowsLate()
+    {
+        // Between the command and the first record that shows it, all settings are as before.
+        constexpr int kRecords = 8;
+        int left = -1;
+        m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+            if (body == "FE0373780002") {
+                left = kRecords;
+            }
+            const bool isLate = body == "FE03737803" && left > 0;
+            left -= isLate ? 1 : 0;
+            return isLate ? std::make_optional(TestBus::framed(TestBus::status())) : std::nullopt;
+        });
+        start();
+        openRun();
+        WAIT_VERIFY(left > 0);
+        tracking()->close();
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+    }
+
+    void leavingForgets()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        const auto* box = qobject_cast<MessageBox*>(dialog("formerSettingsBox"));
+        QVERIFY2(box->informativeText().contains("before 25, now 10"),
+                 qPrintable(box->informativeText()));
+        QCOMPARE(box->defaultButton()->text(), kRestore);
+        QVERIFY(answer("formerSettingsBox", "Leave them"));
+        QVERIFY(isForgotten());
+        QVERIFY(message().contains("forgotten"));
+        QCOMPARE(inLdb().openDetectionDelay, quint16(10));
+    }
+
+    void laterIsAskedAtTheNextStart()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        QTest::keyClick(dialog("formerSettingsBox"), Qt::Key_Escape);
+        QVERIFY(!isForgotten());
+        VirtualTime::current()->advance(60 * kSecond);
+        QVERIFY2(!dialog("formerSettingsBox"), "once a run of the link is enough");
+        button("startButton")->click();
+        button("startButton")->click();
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+    }
+
+    void programDiesAtAnyMoment_data()
+    {
+        addColumns<int, bool>("afterMs", "wasMuted");
+        constexpr int kLongest = 260000; // into the counting
+        std::mt19937 random(14);
+        for (int i = 0; i < 12; ++i) {
+            const auto after = static_cast<int>(random() % kLongest);
+            QTest::addRow("%d ms%s", after, i % 3 == 0 ? ", muted on purpose" : "")
+                << after << (i % 3 == 0);
+        }
+        // While the first commands are under way.
+        for (const int after : {0, 60, 150, 400}) {
+            QTest::addRow("%d ms, early", after) << after << false;
+        }
+    }
+
+    void programDiesAtAnyMoment()
+    {
+        QFETCH(int, afterMs);
+        QFETCH(bool, wasMuted);
+        m_bus->change(kLdb, kMute, wasMuted ? "01" : "00");
+        m_before = inLdb();
+        start();
+        openRun();
+        VirtualTime::current()->advance(afterMs);
+        m_window.reset();
+
+        // Nobody has ended the mute, and the LDB goes on with what it was told.
+        start();
+        for (qint64 gone = 0; !isForgotten() && gone < kWholeRun; gone += kSecond) {
+            VirtualTime::current()->advance(kSecond);
+            if (dialog("formerSettingsBox")) {
+                // Its mute is back by then, without anybody having been asked.
+                QCOMPARE(inLdb().audioMute, m_before.audioMute);
+                press(dialog("formerSettingsBox"), kRestore);
+            }
+        }
+        QVERIFY(isForgotten());
+        QVERIFY(isAsBefore());
+        VirtualTime::current()->advance(150 * kSecond);
+        QVERIFY(isAsBefore());
+    }
+
+    void lineIsCut()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+        {
+            const ExpectWarning warning("^Port ");
+            m_bus->cut();
+            WAIT_VERIFY(!button("startButton")->isChecked());
+        }
+        // The window says so: nothing can be started there, and nobody is polled.
+        const auto* startRun = tracking()->findChild<QPushButton*>("startButton");
+        QVERIFY(!startRun->isEnabled());
+        QVERIFY(!startRun->toolTip().isEmpty());
+        QVERIFY(!m_window->findChild<QLabel*>("polledAloneLabel")->isVisible());
+        WAIT_VERIFY(dialog("stillMutedBox") != nullptr);
+        QVERIFY(inLdb().audioMute);
+        tracking()->close();
+
+        m_bus->restore();
+        button("startButton")->click();
+        WAIT_VERIFY(!inLdb().audioMute);
+        WAIT_COMPARE(message(), "The audio mute of LDB 03 from the fault finding has ended.");
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+    }
+
+    void muteThatIsRefused()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+        m_bus->answerTo(kLdb, "73631600", "\x15");
+        const ExpectWarning warning("audio mute of LDB \"03\"");
+        tracking()->close();
+        WAIT_VERIFY(dialog("stillMutedBox") != nullptr);
+        QVERIFY(!isForgotten());
+        // It can be ended by hand, so Save must not wait.
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        VirtualTime::current()->advance(30 * kSecond);
+        QVERIFY(inLdb().audioMute);
+        m_bus->setScript({});
+        WAIT_VERIFY(!inLdb().audioMute);
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+    }
+
+    void diskThatCannotBeWritten()
+    {
+        start();
+        // In the way of the folder.
+        QVERIFY(QDir().mkpath(QFileInfo(KeptLdbs::standardFolder()).path()));
+        QFile inTheWay(KeptLdbs::standardFolder());
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        openRun();
+        QVERIFY(answer("noWayBackBox", "Start all the same"));
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+        tracking()->close();
+        // This program still knows it.
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        WAIT_VERIFY(isAsBefore());
+        WAIT_COMPARE(message(), "LDB 03 has its former settings again.");
+        VirtualTime::current()->advance(30 * kSecond);
+        QVERIFY(!dialog("formerSettingsBox"));
+    }
+
+    void onlyOneOfThemAgrees_data()
+    {
+        addColumns<QString, QString, QString, bool, bool>("keptId", "keptName", "answer", "isMuted",
+                                                          "isForgotten");
+        const auto rows = [](const char* tag, const char* id, const char* name) {
+            const auto row = [=](const char* answer, bool isMuted, bool isForgotten) {
+                QTest::addRow("%s, %s", tag, answer)
+                    << QString::fromLatin1(id) << QString::fromLatin1(name)
+                    << QString::fromLatin1(answer) << isMuted << isForgotten;
+            };
+            row("The same LDB", false, true);
+            row("Forget it", true, true);
+            row("Another LDB", true, false);
+        };
+        rows("address", "03", "Hall");
+        rows("name", "77", "LDB 03");
+        // Neither: nobody is asked.
+        QTest::newRow("none") << "77"
+                              << "Hall" << QString() << true << false;
+        // The LDB at the address is there: one that merely has the same name is none of it.
+        QTest::newRow("both, of another") << "0A"
+                                          << "LDB 0A" << QString() << true << true;
+    }
+
+    void onlyOneOfThemAgrees()
+    {
+        QFETCH(QString, keptId);
+        QFETCH(QString, keptName);
+        QFETCH(QString, answer);
+        m_bus->change(kLdb, kMute, "01");
+        KeptLdbs().keep({keptId, keptName, QDateTime::currentDateTimeUtc(), false, std::nullopt});
+        start();
+        VirtualTime::current()->advance(10 * kSecond);
+        QVERIFY(inLdb().audioMute);
+        QCOMPARE(dialog("sameLdbBox") != nullptr, !answer.isEmpty());
+        if (!answer.isEmpty()) {
+            press(dialog("sameLdbBox"), answer);
+        }
+        VirtualTime::current()->advance(10 * kSecond);
+        QTEST(inLdb().audioMute, "isMuted");
+        QTEST(isForgotten(), "isForgotten");
+        QVERIFY(!dialog("sameLdbBox"));
+    }
+
+    void saveAfterwardsCannotMute()
+    {
+        start();
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        openRun();
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+        VirtualTime::current()->advance(20 * kSecond); // the editor would have read it by now
+        QVERIFY(!button("settingsSaveButton")->isEnabled());
+        // The end of the mute takes its time.
+        int refusals = 0;
+        m_bus->setScript([&](const QByteArray& body) -> std::optional<QByteArray> {
+            const bool isHeldUp = body == "FE0373631600" && ++refusals < 3;
+            return isHeldUp ? std::make_optional(QByteArray()) : std::nullopt;
+        });
+        tracking()->close();
+        const auto saveOrAnswer = [this] {
+            return button("settingsSaveButton")->isEnabled() && !inLdb().audioMute;
+        };
+        while (!saveOrAnswer()) {
+            QVERIFY2(!button("settingsSaveButton")->isEnabled(), "muted, and Save would write it");
+            VirtualTime::current()->advance(10);
+        }
+        m_window->findChild<QSpinBox*>("settingsNumberOfFimsSpinBox")->setValue(7);
+        button("settingsSaveButton")->click();
+        WAIT_COMPARE(inLdb().numberOfFims, quint16(7));
+        VirtualTime::current()->advance(5 * kSecond);
+        QVERIFY(!inLdb().audioMute);
+        QVERIFY(dialog("formerSettingsBox"));
+    }
+
+    void takesTheCountOver()
+    {
+        m_bus->change(kLdb, "03", "0900"); // 9 of the 20 that are there
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Finished));
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        closeAlarms();
+        const auto* counts = tracking()->findChild<QLabel*>("fimCountsLabel");
+        QCOMPARE(counts->text(), "FIM's counted: 20   configured: 9");
+        m_bus->clearRequests();
+        tracking()->findChild<QPushButton*>("takeOverButton")->click();
+        WAIT_COMPARE(counts->text(), "FIM's counted: 20   configured: 20");
+        QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE037363031400", "FE03737806"}));
+        QCOMPARE(inLdb().numberOfFims, quint16(20));
+        // What was taken over is not put back.
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QCOMPARE(inLdb().numberOfFims, quint16(20));
+        QCOMPARE(inLdb().openDetectionDelay, quint16(25));
+    }
+
+private:
+    void makeWindow()
+    {
+        m_window = std::make_unique<MainWindow>(m_bus->ports());
+        m_window->show();
+    }
+
+    void start()
+    {
+        makeWindow();
+        button("startButton")->click();
+        WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
+    }
+
+    /// Opens the window for the ticked LDB, and has a run begun.
+    void openRun()
+    {
+        button("fimTrackingButton")->click();
+        QVERIFY(answer("startConfirmationBox", "Yes"));
+        QVERIFY(answer("trackingModeBox", "Commissioning"));
+    }
+
+    bool reach(Phase phase)
+    {
+        return waitUntil([&] { return tracking() && tracking()->run().phase() == phase; },
+                         kWholeRun);
+    }
+
+    /// The dialog of that name that is open, over whichever window.
+    QDialog* dialog(const QString& name) const
+    {
+        const auto dialogs = m_window->findChildren<QDialog*>(name);
+        for (QDialog* open : dialogs) {
+            if (open->isVisible()) {
+                return open;
+            }
+        }
+        return nullptr;
+    }
+
+    static void press(const QDialog* dialog, const QString& text)
+    {
+        for (auto* candidate : dialog->findChildren<QPushButton*>()) {
+            if (candidate->text().remove(QLatin1Char('&')) == text) {
+                candidate->click();
+                return;
+            }
+        }
+        QFAIL(qPrintable("no button " + text));
+    }
+
+    bool answer(const QString& name, const QString& text)
+    {
+        if (!waitUntil([&] { return dialog(name) != nullptr; }, kWholeRun)) {
+            return false;
+        }
+        press(dialog(name), text);
+        return true;
+    }
+
+    /// Those of the sides and of leakages.
+    void closeAlarms()
+    {
+        const auto boxes = m_window->findChildren<QMessageBox*>(QString());
+        for (QMessageBox* box : boxes) {
+            if (box->objectName().isEmpty()) {
+                box->close();
+            }
+        }
+    }
+
+    LdbSettings inLdb() const { return *decodeLdbSettings(m_bus->settingsOf(kLdb)); }
+    bool isAsBefore() const { return differingFields(m_before, inLdb()).empty(); }
+    /// Reads the file once a quarter of a second only.
+    static bool waitUntilForgotten()
+    {
+        for (qint64 gone = 0; !isForgotten() && gone < kWholeRun; gone += kSecond / 4) {
+            VirtualTime::current()->advance(kSecond / 4);
+        }
+        return isForgotten();
+    }
+
+    static bool isForgotten() { return KeptLdbs().all().empty(); }
+    FimTracking* tracking() const { return m_window->findChild<FimTracking*>(); }
+    QPushButton* button(const char* name) const
+    {
+        return m_window->findChild<QPushButton*>(QLatin1String(name));
+    }
+    QString message() const { return m_window->statusBar()->currentMessage(); }
+
+    std::unique_ptr<Sandbox> m_sandbox;
+    std::unique_ptr<TestBus> m_bus;
+    std::unique_ptr<MainWindow> m_window;
+    LdbSettings m_before;
+};
+
+REGISTER_TEST(TestPutBack, InVirtualTime<QApplication>)
+
+#include "tst_putback.moc"
