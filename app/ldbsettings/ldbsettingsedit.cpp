@@ -33,6 +33,15 @@ void LdbSettingsEdit::receiveBeforeSave(const LdbSettings& record)
     take(record);
 }
 
+void LdbSettingsEdit::noteWritten(const SettingsOutcome& outcome)
+{
+    for (const LdbField field : outcome.fields) {
+        if (outcome.reasonOf(field).isEmpty()) {
+            copyField(field, outcome.written, m_basis);
+        }
+    }
+}
+
 void LdbSettingsEdit::receiveAfterSave(const LdbSettings& record, const LdbSettings& written,
                                        bool isComplete)
 {
@@ -52,7 +61,7 @@ void LdbSettingsEdit::markOvertaken(const LdbSettings& record)
     for (const LdbField field : m_touched) {
         if (isSameField(field, record, m_values)) {
             m_overtaken.erase(field); // both want the same
-        } else if (m_hasRecord && !isSameField(field, record, m_record)) {
+        } else if (m_hasRecord && !isSameField(field, record, m_basis)) {
             m_overtaken.insert(field);
         }
     }
@@ -62,6 +71,7 @@ void LdbSettingsEdit::take(const LdbSettings& record)
 {
     m_hasRecord = true;
     m_record = record;
+    m_basis = record;
     LdbSettings values = record;
     for (const LdbField field : m_touched) {
         copyField(field, m_values, values);
@@ -118,7 +128,7 @@ void LdbSettingsEdit::setDefaults()
 
 SettingsChange LdbSettingsEdit::change() const
 {
-    return {m_values, {m_touched.begin(), m_touched.end()}, m_record};
+    return {m_values, {m_touched.begin(), m_touched.end()}, m_basis};
 }
 
 bool LdbSettingsEdit::isChanged(LdbField field) const

@@ -37,6 +37,10 @@ public:
     /// The record that a Save has read before it writes: overtaken is now what it leaves alone.
     void receiveBeforeSave(const LdbSettings& record);
 
+    /// What a Save has written has its replies. Until the record is read again, what the LDB has
+    /// accepted counts as known: a further Save must not take it for somebody else's.
+    void noteWritten(const SettingsOutcome& outcome);
+
     /// The record read after a Save. A complete Save ends the edits that it wrote, whatever the
     /// LDB made of them; what an incomplete one did not bring into the LDB stays an edit. Values
     /// edited after the Save stay in both cases.
@@ -70,6 +74,7 @@ private:
 
     bool m_hasRecord = false;
     LdbSettings m_record;
+    LdbSettings m_basis; ///< the record, with what the LDB has accepted since
     LdbSettings m_values;
     std::set<LdbField> m_touched;
     std::set<LdbField> m_overtaken; ///< some of those

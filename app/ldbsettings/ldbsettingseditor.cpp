@@ -189,6 +189,9 @@ void LdbSettingsEditor::processCompared()
 
 void LdbSettingsEditor::processWritten()
 {
+    if (m_writer->outcome().hexId == m_hexId) {
+        m_edit.noteWritten(m_writer->outcome());
+    }
     refresh();
     if (!m_writer->outcome().isComplete()) {
         tellOutcome();
@@ -456,13 +459,10 @@ void LdbSettingsEditor::updateEnabled()
     };
     permitField(ui->settingsOpenDetectionDelayLabel, noDelay);
     permitField(ui->settingsOpenDetectionDelaySpinBox, noDelay);
+    const Permission use = isSaving() ? Permission{Hindrance::Saving} : m_allowed.settings;
     for (QWidget* button :
          {ui->settingsSaveButton, ui->settingsUndoButton, ui->settingsDefaultButton}) {
-        if (isSaving() || !m_allowed.settings) {
-            WhyNot::permit(button, isSaving() ? Permission{Hindrance::Saving} : m_allowed.settings);
-        } else {
-            permitField(button);
-        }
+        use ? permitField(button) : WhyNot::permit(button, use);
     }
 }
 

@@ -187,6 +187,27 @@ private slots:
         QCOMPARE(desk.state(), QString());
     }
 
+    void secondSaveKnowsTheFirst()
+    {
+        // The record is not read again yet when the user has thought better of it.
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.bus.clearRequests();
+        desk.mute()->click();
+        desk.save()->click();
+        WAIT_COMPARE(desk.saves(false), 1);
+        desk.mute()->click();
+        desk.save()->click();
+        WAIT_COMPARE(desk.saves(false), 2);
+        QVERIFY(desk.settle());
+        QCOMPARE(desk.lastMessage(), "The settings of LDB 0A are saved.");
+        QCOMPARE(desk.boxes(), QStringList());
+        QCOMPARE(desk.state(), QString());
+        QCOMPARE(withoutRepetitions(desk.bus.writes()),
+                 (QList<QByteArray>{"FE0A73631601", "FE0A737806", "FE0A73631600", "FE0A737806"}));
+        QCOMPARE(desk.bus.settingsOf(kLdb), TestBus::record(kLdb));
+    }
+
     void writesNothingWhereOthersHaveChangedAll()
     {
         Desk desk;
