@@ -851,6 +851,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
         <translation>Le LDB sélectionné est en mode maintenance&#xa0;: quittez-le d’abord avec Réinit. LDB.</translation>
     </message>
+    <message>
+        <source>What fault finding has changed is being put back: wait until it is done.</source>
+        <translation>Ce que la recherche de défauts a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>

@@ -851,6 +851,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
         <translation>De geselecteerde LDB is in servicemodus: beëindig die eerst met LDB-reset.</translation>
     </message>
+    <message>
+        <source>What fault finding has changed is being put back: wait until it is done.</source>
+        <translation>Wat het storingzoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>
