@@ -853,7 +853,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
-        <translation>Ce que la recherche de défauts a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
+        <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
     </message>
 </context>
 <context>

@@ -853,7 +853,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
-        <translation>Wat het storingzoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
+        <translation>Wat het fout zoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
     </message>
 </context>
 <context>
