@@ -161,7 +161,7 @@ int main(int argc, char* argv[])
     const double hours = parser.isSet("short") ? 0.1 : parser.value("hours").toDouble();
     const quint64 firstSeed = parser.value("first-seed").toULongLong();
     const quint64 seeds = parser.isSet("short") ? 1 : parser.value("seeds").toULongLong();
-    const Way way{hours, parser.isSet("commands"), parser.value("adapter").toInt() * 1000};
+    const Way way{hours, parser.isSet("commands"), parser.value("adapter").toLongLong() * 1000};
 
     QTextStream out(stdout);
     if (parser.isSet("memory")) {

@@ -91,17 +91,6 @@ QString fieldValue(LdbField field, const LdbSettings& settings)
                       entryOf(field).member);
 }
 
-QString parameterName(LdbParameter parameter)
-{
-    if (parameter == LdbParameter::Flags) {
-        return Texts::tr("fault output, detection and service mode switches");
-    }
-    const auto* carried =
-        std::find_if(std::begin(kFields), std::end(kFields),
-                     [parameter](const Field& field) { return field.parameter == parameter; });
-    return carried == std::end(kFields) ? QString() : Texts::tr(carried->name);
-}
-
 LdbParameter parameterOf(LdbField field)
 {
     return entryOf(field).parameter;

@@ -40,6 +40,5 @@ void copyField(LdbField field, const LdbSettings& from, LdbSettings& to);
 QString fieldName(LdbField field);
 QString fieldValue(LdbField field, const LdbSettings& settings);
 
-/// What one written parameter holds; the flags travel together.
-QString parameterName(LdbParameter parameter);
+/// The parameter that carries the field; the flags travel together.
 LdbParameter parameterOf(LdbField field);

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -34,30 +36,25 @@ QByteArray encoded(LdbParameter parameter, const LdbSettings& settings)
     return {};
 }
 
-std::vector<LdbParameter> parametersWith(SettingsWriter::AudioMute audioMute)
+QString howText(Reply::Kind how)
 {
-    std::vector<LdbParameter> parameters;
-    for (const LdbParameter parameter : kWritableParameters) {
-        if (parameter != LdbParameter::AudioMute ||
-            audioMute == SettingsWriter::AudioMute::Written) {
-            parameters.push_back(parameter);
-        }
+    switch (how) {
+    case Reply::Kind::Silent:
+        return SettingsWriter::tr("no answer");
+    case Reply::Kind::Unsent:
+        return SettingsWriter::tr("not sent");
+    case Reply::Kind::Refused:
+    case Reply::Kind::Answered:
+    case Reply::Kind::Accepted:
+        break;
     }
-    return parameters;
+    return SettingsWriter::tr("refused");
 }
 
-QString failureText(const SettingsOutcome::Failure& failure)
+/// A thing, and in brackets what there is to say about it.
+QString withNote(const QString& thing, const QString& note)
 {
-    const QString name =
-        failure.parameter ? parameterName(*failure.parameter) : SettingsWriter::tr("storing");
-    switch (failure.how) {
-    case Reply::Kind::Silent:
-        return SettingsWriter::tr("%1 (no answer)").arg(name);
-    case Reply::Kind::Unsent:
-        return SettingsWriter::tr("%1 (not sent)").arg(name);
-    default:
-        return SettingsWriter::tr("%1 (refused)").arg(name);
-    }
+    return SettingsWriter::tr("%1 (%2)").arg(thing, note);
 }
 
 bool isUnsent(const SettingsOutcome::Failure& failure)
@@ -65,88 +62,148 @@ bool isUnsent(const SettingsOutcome::Failure& failure)
     return failure.how == Reply::Kind::Unsent;
 }
 
+bool contains(const std::vector<LdbField>& fields, LdbField field)
+{
+    return std::find(fields.begin(), fields.end(), field) != fields.end();
+}
+
+bool holdsOneOf(LdbParameter parameter, const std::vector<LdbField>& fields)
+{
+    return std::any_of(fields.begin(), fields.end(),
+                       [parameter](LdbField field) { return parameterOf(field) == parameter; });
+}
+
+/// All that these parameters hold.
+std::vector<LdbField> fieldsOf(const std::vector<LdbParameter>& parameters)
+{
+    std::vector<LdbField> fields;
+    std::copy_if(kLdbFields.begin(), kLdbFields.end(), std::back_inserter(fields),
+                 [&parameters](LdbField field) {
+                     return std::find(parameters.begin(), parameters.end(), parameterOf(field)) !=
+                            parameters.end();
+                 });
+    return fields;
+}
+
+QStringList valuesOf(const std::vector<LdbField>& fields, const LdbSettings& settings)
+{
+    QStringList texts;
+    for (const LdbField field : fields) {
+        texts.append(withNote(fieldName(field), fieldValue(field, settings)));
+    }
+    return texts;
+}
+
 } // namespace
 
 bool SettingsOutcome::isGood() const
 {
-    return isComplete() && (!isReadBack || (record && differences().empty()));
+    return isComplete() && overtaken.empty() && (!isReadBack || (record && differences().empty()));
+}
+
+bool SettingsOutcome::isStored() const
+{
+    return isHandedOver && std::none_of(failures.begin(), failures.end(),
+                                        [](const auto& failure) { return !failure.parameter; });
 }
 
 bool SettingsOutcome::isUntouched() const
 {
-    return failures.size() > parameters.size() &&
-           std::all_of(failures.begin(), failures.end(), isUnsent);
+    return !isHandedOver || (failures.size() > parameters.size() &&
+                             std::all_of(failures.begin(), failures.end(), isUnsent));
 }
 
 bool SettingsOutcome::isCut() const
 {
-    return std::any_of(failures.begin(), failures.end(), isUnsent);
+    return unread == Reply::Kind::Unsent || std::any_of(failures.begin(), failures.end(), isUnsent);
 }
 
 std::vector<LdbField> SettingsOutcome::differences() const
 {
-    std::vector<LdbField> fields;
+    std::vector<LdbField> found;
     for (const LdbField field : kLdbFields) {
-        const bool isWritten =
-            std::find(parameters.begin(), parameters.end(), parameterOf(field)) != parameters.end();
-        if (record && isWritten && !isSameField(field, written, *record)) {
-            fields.push_back(field);
+        if (record && contains(fields, field) && !isSameField(field, written, *record)) {
+            found.push_back(field);
         }
     }
-    return fields;
+    return found;
 }
 
-QString SettingsOutcome::text() const
+QString SettingsOutcome::reasonOf(LdbField field) const
+{
+    if (contains(overtaken, field)) {
+        return SettingsWriter::tr("changed by somebody else meanwhile");
+    }
+    if (!contains(fields, field)) {
+        return {};
+    }
+    if (unread) {
+        return howText(*unread);
+    }
+    for (const Failure& failure : failures) {
+        if (failure.parameter == parameterOf(field)) {
+            return howText(failure.how);
+        }
+    }
+    return contains(differences(), field)
+               ? SettingsWriter::tr("the LDB reports another value than written")
+               : QString();
+}
+
+QStringList SettingsOutcome::texts() const
 {
     const QString separator = QStringLiteral(", ");
-    if (isUntouched()) {
-        return SettingsWriter::tr("the connection ended before it was written");
+    if (isCut() && isUntouched()) {
+        return {SettingsWriter::tr("the connection ended before it was written")};
+    }
+    if (unread) {
+        return {SettingsWriter::tr(
+                    "nothing was written, as the settings could not be read just before (%1)")
+                    .arg(howText(*unread))};
     }
     QStringList parts;
     QStringList notWritten;
     for (const Failure& failure : failures) {
-        notWritten.append(failureText(failure));
+        if (!failure.parameter) {
+            notWritten.append(withNote(SettingsWriter::tr("storing"), howText(failure.how)));
+            continue;
+        }
+        for (const LdbField field : fields) {
+            if (parameterOf(field) == *failure.parameter) {
+                notWritten.append(withNote(fieldName(field), howText(failure.how)));
+            }
+        }
     }
     if (!notWritten.isEmpty()) {
         parts.append(SettingsWriter::tr("not written: %1").arg(notWritten.join(separator)));
     }
-    QStringList different;
-    for (const LdbField field : differences()) {
-        different.append(
-            SettingsWriter::tr("%1 (%2)").arg(fieldName(field), fieldValue(field, *record)));
+    if (!overtaken.empty()) {
+        parts.append(
+            SettingsWriter::tr("not written, as somebody else has changed it meanwhile: %1")
+                .arg(valuesOf(overtaken, *fresh).join(separator)));
     }
     if (isCut()) {
         parts.append(SettingsWriter::tr("the connection ended before everything was written"));
     } else if (isReadBack && !record) {
         parts.append(SettingsWriter::tr("the settings could not be read again"));
-    } else if (!different.isEmpty()) {
+    } else if (record && !differences().empty()) {
         parts.append(SettingsWriter::tr("the LDB reports other values than written: %1")
-                         .arg(different.join(separator)));
+                         .arg(valuesOf(differences(), *record).join(separator)));
     }
-    return parts.join(QStringLiteral("; "));
+    return parts;
 }
 
-SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
-                               AudioMute audioMute, ReadBack readBack, QObject* parent)
-    : SettingsWriter(link, hexId, settings, parametersWith(audioMute), readBack, parent)
-{
-}
-
-SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
-                               const std::vector<LdbParameter>& parameters, ReadBack readBack,
-                               QObject* parent)
+SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, SettingsChange change,
+                               ReadBack readBack, QObject* parent)
     : QObject(parent)
     , m_link(link)
+    , m_change(std::move(change))
     , m_readBack(readBack)
     , m_rebootTimer(this)
 {
     m_outcome.hexId = hexId;
-    m_outcome.written = settings;
-    for (const LdbParameter parameter : kWritableParameters) {
-        if (std::find(parameters.begin(), parameters.end(), parameter) != parameters.end()) {
-            m_outcome.parameters.push_back(parameter);
-        }
-    }
+    m_outcome.written = m_change.values;
+    m_outcome.fields = m_change.fields;
     m_rebootTimer.setSingleShot(true);
     connect(&m_rebootTimer, &QTimer::timeout, this, &SettingsWriter::readAgain);
     connect(link, &SerialLink::stopped, this, &SettingsWriter::endRebootWait);
@@ -158,10 +215,88 @@ SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const Ldb
     });
 }
 
+SettingsWriter::SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
+                               const std::vector<LdbParameter>& parameters, ReadBack readBack,
+                               QObject* parent)
+    : SettingsWriter(link, hexId, SettingsChange{settings, fieldsOf(parameters)}, readBack, parent)
+{
+}
+
 void SettingsWriter::start()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    m_left = commandCount();
+    m_isWriting = true;
+    if (isReadFirst()) {
+        m_link->ask(std::make_unique<RequestCommand>(m_outcome.hexId, LdbParameter::Settings), this,
+                    [this](const Reply& reply) { processFresh(reply); });
+        return;
+    }
+    handOver();
+}
+
+bool SettingsWriter::isReadFirst() const
+{
+    const auto flags =
+        std::count_if(m_change.fields.begin(), m_change.fields.end(),
+                      [](LdbField field) { return parameterOf(field) == LdbParameter::Flags; });
+    const auto allFlags = std::count_if(kLdbFields.begin(), kLdbFields.end(), [](LdbField field) {
+        return parameterOf(field) == LdbParameter::Flags;
+    });
+    return m_change.basis || (flags > 0 && flags < allFlags);
+}
+
+void SettingsWriter::processFresh(const Reply& reply)
+{
+    const std::optional<LdbSettings> fresh = decodeLdbSettings(reply.answer(), m_outcome.hexId);
+    if (!fresh) {
+        m_outcome.unread = reply.kind();
+        processWritten();
+        return;
+    }
+    compare(*fresh);
+    const QPointer<SettingsWriter> alive(this);
+    emit compared();
+    if (!alive) {
+        return;
+    }
+    if (m_outcome.fields.empty() && !m_outcome.overtaken.empty()) {
+        processWritten(); // there is nothing that the user would want stored
+    } else {
+        handOver();
+    }
+}
+
+void SettingsWriter::compare(const LdbSettings& fresh)
+{
+    m_outcome.fresh = fresh;
+    m_outcome.written = fresh;
+    m_outcome.fields.clear();
+    for (const LdbField field : m_change.fields) {
+        const bool isThere = isSameField(field, m_change.values, fresh);
+        if (!isThere && m_change.basis && !isSameField(field, *m_change.basis, fresh)) {
+            m_outcome.overtaken.push_back(field);
+            continue;
+        }
+        m_outcome.fields.push_back(field);
+        copyField(field, m_change.values, m_outcome.written);
+    }
+}
+
+void SettingsWriter::handOver()
+{
+    std::vector<LdbField> toWrite;
+    for (const LdbField field : m_outcome.fields) {
+        if (!m_outcome.fresh || !isSameField(field, m_outcome.written, *m_outcome.fresh)) {
+            toWrite.push_back(field);
+        }
+    }
+    for (const LdbParameter parameter : kWritableParameters) {
+        if (holdsOneOf(parameter, toWrite)) {
+            m_outcome.parameters.push_back(parameter);
+        }
+    }
+    m_outcome.isHandedOver = true;
+    m_left = static_cast<int>(m_outcome.parameters.size()) + 1;
     const QString& hexId = m_outcome.hexId;
     for (const LdbParameter parameter : m_outcome.parameters) {
         m_link->ask(std::make_unique<ChangeCommand>(hexId, parameter,
@@ -192,7 +327,9 @@ void SettingsWriter::processWritten()
         std::any_of(m_outcome.failures.begin(), m_outcome.failures.end(), [](const auto& failure) {
             return failure.parameter && failure.how == Reply::Kind::Silent;
         });
-    const bool isToBeRead = !m_outcome.isCut() && (isUnsure || m_readBack == ReadBack::Always);
+    const bool isToBeRead = m_outcome.isHandedOver && !m_outcome.isCut() &&
+                            (isUnsure || m_readBack == ReadBack::Always);
+    m_isWriting = false;
     if (isToBeRead) {
         readRecord();
     }
@@ -241,9 +378,7 @@ void SettingsWriter::processRecord(const Reply& reply)
         auto& failures = m_outcome.failures;
         const auto isThere = [&different](const SettingsOutcome::Failure& failure) {
             return failure.parameter && failure.how == Reply::Kind::Silent &&
-                   std::none_of(different.begin(), different.end(), [&failure](LdbField field) {
-                       return parameterOf(field) == *failure.parameter;
-                   });
+                   !holdsOneOf(*failure.parameter, different);
         };
         failures.erase(std::remove_if(failures.begin(), failures.end(), isThere), failures.end());
     }

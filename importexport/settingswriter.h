@@ -12,6 +12,16 @@
 
 class SerialLink;
 
+/// What is to be written into one LDB.
+struct SettingsChange
+{
+    LdbSettings values;
+    std::vector<LdbField> fields; ///< those of the values that are written
+    /// The record on which the user decided. With it, the LDB is read just before, and a field that
+    /// somebody else has changed since is left alone.
+    std::optional<LdbSettings> basis = {};
+};
+
 /// What became of settings that were written into one LDB.
 struct SettingsOutcome
 {
@@ -22,39 +32,49 @@ struct SettingsOutcome
     };
 
     QString hexId;
-    LdbSettings written;
+    LdbSettings
+        written; ///< with what the LDB had just before in the fields that were not asked for
+    std::vector<LdbField> fields;         ///< those that the LDB is to have as in `written`
+    std::vector<LdbField> overtaken;      ///< asked for, but changed by somebody else meanwhile
     std::vector<LdbParameter> parameters; ///< those written, in order
+    std::optional<LdbSettings> fresh;     ///< what the LDB had just before, where it was read
+    std::optional<Reply::Kind> unread;    ///< why it could not be read; then nothing is written
+    bool isHandedOver = false;            ///< commands that change the LDB were given to the link
     /// What is not in the LDB, or not known to be.
     std::vector<Failure> failures;
     bool isReadBack = false;           ///< the LDB was asked for its record at the end
     std::optional<LdbSettings> record; ///< what the LDB has now, where it was read back
 
-    /// The LDB has accepted everything, or the record shows that it has it.
-    bool isComplete() const { return failures.empty(); }
+    /// The LDB has accepted everything that was sent, or the record shows that it has it.
+    bool isComplete() const { return !unread && failures.empty(); }
+    /// The LDB has all that was asked for.
     bool isGood() const;
-    /// Not one command went out.
+    /// The LDB keeps what it has accepted.
+    bool isStored() const;
+    /// Not one command that changes the LDB went out.
     bool isUntouched() const;
     /// The run ended before all was sent.
     bool isCut() const;
     /// The written fields of which the LDB has another value.
     std::vector<LdbField> differences() const;
-    /// What was not written and why; empty for a good outcome.
-    QString text() const;
+    /// Why the LDB does not have this field as it was asked for; empty when it has.
+    QString reasonOf(LdbField field) const;
+    /// What was not written and why, each a line or all in one; empty for a good outcome.
+    QStringList texts() const;
+    QString text() const { return texts().join(QStringLiteral("; ")); }
 };
 
-/// Writes settings into one LDB: its parameters in order, then the action that stores them, without
-/// which the LDB loses them at its next reset. Then it reads the record back where that is wanted
-/// or a parameter was met with silence. All commands are handed over together: destroying the
-/// writer leaves no LDB half written. GUI thread; receivers may destroy it from any of its signals.
+/// Writes settings into one LDB: the parameters that hold the changed fields, in order, then the
+/// action that stores them, without which the LDB loses them at its next reset. Where a basis is
+/// given, or only some of the flags that share a parameter, the record is read first; if that
+/// fails, nothing is written. At the end the record is read back where that is wanted or a
+/// parameter was met with silence. All commands that change the LDB are handed over together:
+/// destroying the writer leaves no LDB half written. GUI thread; receivers may destroy it from any
+/// of its signals.
 class SettingsWriter : public QObject
 {
     Q_OBJECT
 public:
-    enum class AudioMute
-    {
-        Written,
-        LeftAlone ///< for settings out of a file, which does not carry it
-    };
     enum class ReadBack
     {
         Always,
@@ -65,24 +85,27 @@ public:
     static constexpr int kRebootLimitMs = 15000;
 
     /// `link` outlives the writer.
-    SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
-                   AudioMute audioMute, ReadBack readBack, QObject* parent = nullptr);
+    SettingsWriter(SerialLink* link, const QString& hexId, SettingsChange change, ReadBack readBack,
+                   QObject* parent = nullptr);
 
-    /// Writes these parameters alone, in their usual order whatever the order here.
+    /// Writes these parameters as the settings have them, in their usual order whatever the order
+    /// here, and without reading the LDB before.
     SettingsWriter(SerialLink* link, const QString& hexId, const LdbSettings& settings,
                    const std::vector<LdbParameter>& parameters, ReadBack readBack,
                    QObject* parent = nullptr);
 
-    /// Hands the commands over; once.
+    /// Begins; once.
     void start();
 
-    int commandCount() const { return static_cast<int>(m_outcome.parameters.size()) + 1; }
-    bool isWriting() const { return m_left > 0; }
+    /// From the start until `written()`.
+    bool isWriting() const { return m_isWriting; }
     /// Complete once `finished()` is told.
     const SettingsOutcome& outcome() const { return m_outcome; }
 
 signals:
-    /// One more command has its reply.
+    /// The record was read before the writing: `outcome().fresh`.
+    void compared();
+    /// One more command that changes the LDB has its reply.
     void replied();
     /// The last one has; the outcome is known but for the record.
     void written();
@@ -90,6 +113,10 @@ signals:
     void finished();
 
 private:
+    bool isReadFirst() const;
+    void processFresh(const Reply& reply);
+    void compare(const LdbSettings& fresh);
+    void handOver();
     void processReply(std::optional<LdbParameter> parameter, const Reply& reply);
     void processWritten();
     void readRecord();
@@ -98,9 +125,11 @@ private:
     void processRecord(const Reply& reply);
 
     SerialLink* m_link;
+    const SettingsChange m_change;
     const ReadBack m_readBack;
     SettingsOutcome m_outcome;
     QTimer m_rebootTimer;
     int m_left = 0;
+    bool m_isWriting = false;
     bool m_isSecondReading = false;
 };

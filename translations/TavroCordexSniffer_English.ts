@@ -118,6 +118,16 @@
     </message>
 </context>
 <context>
+    <name>LeaveQuestion</name>
+    <message numerus="yes">
+        <source>LDB %1 has %n unsaved change(s).</source>
+        <translation>
+            <numerusform>LDB %1 has %n unsaved change.</numerusform>
+            <numerusform>LDB %1 has %n unsaved changes.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message numerus="yes">
         <source>Available LDB&apos;s: %n.</source>

@@ -915,6 +915,41 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>Hindrance</name>
+    <message>
+        <source>Nothing is monitored: click Start first.</source>
+        <translation>Rien n’est surveillé&#xa0;: cliquez d’abord sur Démarrer.</translation>
+    </message>
+    <message>
+        <source>The bus is being scanned: wait until all LDB&apos;s are found.</source>
+        <translation>Le bus est en cours d’exploration&#xa0;: attendez que tous les LDB soient trouvés.</translation>
+    </message>
+    <message>
+        <source>No LDB is selected.</source>
+        <translation>Aucun LDB n’est sélectionné.</translation>
+    </message>
+    <message>
+        <source>The selected LDB is not connected.</source>
+        <translation>Le LDB sélectionné n’est pas connecté.</translation>
+    </message>
+    <message>
+        <source>Settings are being saved: wait until the LDB has them.</source>
+        <translation>Des réglages sont en cours d’enregistrement&#xa0;: attendez que le LDB les ait reçus.</translation>
+    </message>
+    <message>
+        <source>Settings are being exported or imported: wait for the end.</source>
+        <translation>Des réglages sont en cours d’exportation ou d’importation&#xa0;: attendez la fin.</translation>
+    </message>
+    <message>
+        <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
+        <translation>Le LDB sélectionné est en mode maintenance&#xa0;: quittez-le d’abord avec Réinit. LDB.</translation>
+    </message>
+    <message>
+        <source>What fault finding has changed is being put back: wait until it is done.</source>
+        <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
+    </message>
+</context>
+<context>
     <name>ImportExportDeviceSettings</name>
     <message numerus="yes">
         <source>and %n more</source>
@@ -1133,10 +1168,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Audio Mute</source>
         <translation>Audio coupé</translation>
     </message>
-    <message>
-        <source>fault output, detection and service mode switches</source>
-        <translation>commutateurs de sortie de défaut, de détection et de mode maintenance</translation>
-    </message>
 </context>
 <context>
     <name>LdbSettingsEditor</name>
@@ -1237,6 +1268,54 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
         <translation>Le LDB %1 n’a pas répondu&#xa0;: ses réglages ne sont pas connus</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Not all settings of LDB %1 are saved.</source>
+        <translation>Les réglages du LDB %1 ne sont pas tous enregistrés.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>LDB %1 is gone. These changes were not saved:</source>
+        <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation>Les réglages n’ont pas encore été lus.</translation>
+    </message>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation>Cochez d’abord Activer la détection de coupure.</translation>
+    </message>
+    <message>
+        <source>LDB %1 is not connected: this was read last</source>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: voici les derniers réglages lus</translation>
+    </message>
+    <message>
+        <source>LDB %1 is not connected: its settings are not known</source>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: ses réglages ne sont pas connus</translation>
+    </message>
+    <message>
+        <source>Changed by somebody else meanwhile. The LDB has: %1</source>
+        <translation>Modifié entre-temps par quelqu’un d’autre. Le LDB a&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Changed by somebody else meanwhile: %1 (%2)</source>
+        <translation>Modifié entre-temps par quelqu’un d’autre&#xa0;: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -1511,6 +1590,36 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>its settings have changed since they were shown</source>
         <translation>ses paramètres ont changé depuis leur affichage</translation>
+    </message>
+</context>
+<context>
+    <name>LeaveQuestion</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message numerus="yes">
+        <source>LDB %1 has %n unsaved change(s).</source>
+        <translation>
+            <numerusform>Le LDB %1 a %n modification non enregistrée.</numerusform>
+            <numerusform>Le LDB %1 a %n modifications non enregistrées.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>They cannot be saved now. %1</source>
+        <translation>Elles ne peuvent pas être enregistrées maintenant. %1</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
     </message>
 </context>
 <context>
@@ -2263,18 +2372,6 @@ L&apos;audio de ce LDB reste coupé.</translation>
         <translation>mémorisation</translation>
     </message>
     <message>
-        <source>%1 (no answer)</source>
-        <translation>%1 (pas de réponse)</translation>
-    </message>
-    <message>
-        <source>%1 (not sent)</source>
-        <translation>%1 (non envoyé)</translation>
-    </message>
-    <message>
-        <source>%1 (refused)</source>
-        <translation>%1 (refusé)</translation>
-    </message>
-    <message>
         <source>the connection ended before it was written</source>
         <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
     </message>
@@ -2297,6 +2394,34 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>the LDB reports other values than written: %1</source>
         <translation>le LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>pas de réponse</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>non envoyé</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>refusé</translation>
+    </message>
+    <message>
+        <source>changed by somebody else meanwhile</source>
+        <translation>modifié entre-temps par quelqu’un d’autre</translation>
+    </message>
+    <message>
+        <source>the LDB reports another value than written</source>
+        <translation>le LDB indique une autre valeur que celle écrite</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the settings could not be read just before (%1)</source>
+        <translation>rien n’a été écrit, car les réglages n’ont pas pu être lus juste avant (%1)</translation>
+    </message>
+    <message>
+        <source>not written, as somebody else has changed it meanwhile: %1</source>
+        <translation>non écrit, car quelqu’un d’autre l’a modifié entre-temps&#xa0;: %1</translation>
     </message>
 </context>
 <context>

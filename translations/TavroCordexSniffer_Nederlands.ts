@@ -915,6 +915,41 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>Hindrance</name>
+    <message>
+        <source>Nothing is monitored: click Start first.</source>
+        <translation>Er wordt niets bewaakt: klik eerst op Start.</translation>
+    </message>
+    <message>
+        <source>The bus is being scanned: wait until all LDB&apos;s are found.</source>
+        <translation>De bus wordt doorzocht: wacht tot alle LDB&apos;s zijn gevonden.</translation>
+    </message>
+    <message>
+        <source>No LDB is selected.</source>
+        <translation>Er is geen LDB geselecteerd.</translation>
+    </message>
+    <message>
+        <source>The selected LDB is not connected.</source>
+        <translation>De geselecteerde LDB is niet verbonden.</translation>
+    </message>
+    <message>
+        <source>Settings are being saved: wait until the LDB has them.</source>
+        <translation>Er worden instellingen opgeslagen: wacht tot de LDB ze heeft.</translation>
+    </message>
+    <message>
+        <source>Settings are being exported or imported: wait for the end.</source>
+        <translation>Er worden instellingen geëxporteerd of geïmporteerd: wacht tot dat klaar is.</translation>
+    </message>
+    <message>
+        <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
+        <translation>De geselecteerde LDB is in servicemodus: beëindig die eerst met LDB-reset.</translation>
+    </message>
+    <message>
+        <source>What fault finding has changed is being put back: wait until it is done.</source>
+        <translation>Wat het fout zoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
+    </message>
+</context>
+<context>
     <name>ImportExportDeviceSettings</name>
     <message numerus="yes">
         <source>and %n more</source>
@@ -1133,10 +1168,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Audio Mute</source>
         <translation>Audio dempen</translation>
     </message>
-    <message>
-        <source>fault output, detection and service mode switches</source>
-        <translation>schakelaars voor storingsuitgang, detectie en servicemodus</translation>
-    </message>
 </context>
 <context>
     <name>LdbSettingsEditor</name>
@@ -1237,6 +1268,54 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
         <translation>LDB %1 heeft niet geantwoord: de instellingen zijn niet bekend</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Not all settings of LDB %1 are saved.</source>
+        <translation>Niet alle instellingen van LDB %1 zijn opgeslagen.</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>LDB %1 is gone. These changes were not saved:</source>
+        <translation>LDB %1 is weg. Deze wijzigingen zijn niet opgeslagen:</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation>De instellingen zijn nog niet gelezen.</translation>
+    </message>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation>Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
+    </message>
+    <message>
+        <source>LDB %1 is not connected: this was read last</source>
+        <translation>LDB %1 is niet verbonden: dit is het laatst gelezen</translation>
+    </message>
+    <message>
+        <source>LDB %1 is not connected: its settings are not known</source>
+        <translation>LDB %1 is niet verbonden: de instellingen zijn niet bekend</translation>
+    </message>
+    <message>
+        <source>Changed by somebody else meanwhile. The LDB has: %1</source>
+        <translation>Intussen door iemand anders gewijzigd. De LDB heeft: %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Changed by somebody else meanwhile: %1 (%2)</source>
+        <translation>Intussen door iemand anders gewijzigd: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -1511,6 +1590,36 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>its settings have changed since they were shown</source>
         <translation>haar instellingen zijn veranderd sinds ze werden getoond</translation>
+    </message>
+</context>
+<context>
+    <name>LeaveQuestion</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message numerus="yes">
+        <source>LDB %1 has %n unsaved change(s).</source>
+        <translation>
+            <numerusform>LDB %1 heeft %n niet-opgeslagen wijziging.</numerusform>
+            <numerusform>LDB %1 heeft %n niet-opgeslagen wijzigingen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Opslaan</translation>
+    </message>
+    <message>
+        <source>They cannot be saved now. %1</source>
+        <translation>Ze kunnen nu niet worden opgeslagen. %1</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Niet opslaan</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Blijven</translation>
     </message>
 </context>
 <context>
@@ -2263,18 +2372,6 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>opslaan in de LDB</translation>
     </message>
     <message>
-        <source>%1 (no answer)</source>
-        <translation>%1 (geen antwoord)</translation>
-    </message>
-    <message>
-        <source>%1 (not sent)</source>
-        <translation>%1 (niet verzonden)</translation>
-    </message>
-    <message>
-        <source>%1 (refused)</source>
-        <translation>%1 (geweigerd)</translation>
-    </message>
-    <message>
         <source>the connection ended before it was written</source>
         <translation>de verbinding werd beëindigd voordat het geschreven was</translation>
     </message>
@@ -2297,6 +2394,34 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>the LDB reports other values than written: %1</source>
         <translation>de LDB meldt andere waarden dan geschreven: %1</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>geen antwoord</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>niet verzonden</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>geweigerd</translation>
+    </message>
+    <message>
+        <source>changed by somebody else meanwhile</source>
+        <translation>intussen door iemand anders gewijzigd</translation>
+    </message>
+    <message>
+        <source>the LDB reports another value than written</source>
+        <translation>de LDB meldt een andere waarde dan geschreven</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the settings could not be read just before (%1)</source>
+        <translation>er is niets geschreven, omdat de instellingen vlak daarvoor niet konden worden gelezen (%1)</translation>
+    </message>
+    <message>
+        <source>not written, as somebody else has changed it meanwhile: %1</source>
+        <translation>niet geschreven, omdat iemand anders het intussen heeft gewijzigd: %1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "app/actions/broadcastwatch.h"
 #include "app/notices/notices.h"
+#include "app/shared/whynot.h"
 #include "serial/link/seriallink.h"
 #include "ui_actionspanel.h"
 
@@ -124,6 +125,13 @@ QString outcome(const QString& hexId, const QString& action, Reply::Kind reply)
     return ActionsPanel::tr("LDB %1 accepted: %2.").arg(hexId, action);
 }
 
+/// Nobody answers a broadcast, so its silence is none.
+bool isFailure(Reply::Kind reply)
+{
+    return reply == Reply::Kind::Unsent || reply == Reply::Kind::Refused ||
+           reply == Reply::Kind::Silent;
+}
+
 } // namespace
 
 ActionsPanel::ActionsPanel(QWidget* parent)
@@ -131,6 +139,7 @@ ActionsPanel::ActionsPanel(QWidget* parent)
     , m_ui(std::make_unique<Ui::ActionsPanel>())
 {
     m_ui->setupUi(this);
+    showFailure({});
     const auto let = [this](const QPushButton* button, LdbControl control, bool isForAll) {
         connect(button, &QPushButton::clicked, this, [this, control, isForAll] {
             isForAll ? askForAll(control) : send(control, m_hexId);
@@ -162,12 +171,14 @@ void ActionsPanel::apply(const EnabledControls& controls)
 {
     for (QWidget* button :
          {m_ui->allFimResetButton, m_ui->allLdbResetButton, m_ui->allServiceModeButton}) {
-        button->setEnabled(controls.allActions);
+        WhyNot::permit(button, controls.allActions);
     }
-    m_ui->fimResetButton->setEnabled(controls.singleActions);
-    m_ui->ldbResetButton->setEnabled(controls.singleActions);
-    m_ui->serviceModeButton->setEnabled(controls.outsideService);
-    m_ui->fimTrackingButton->setEnabled(controls.outsideService);
+    for (QWidget* button : {m_ui->fimResetButton, m_ui->ldbResetButton}) {
+        WhyNot::permit(button, controls.singleActions);
+    }
+    for (QWidget* button : {m_ui->serviceModeButton, m_ui->fimTrackingButton}) {
+        WhyNot::permit(button, controls.outsideService);
+    }
 }
 
 void ActionsPanel::send(LdbControl control, const QString& hexId)
@@ -175,12 +186,16 @@ void ActionsPanel::send(LdbControl control, const QString& hexId)
     if (hexId.isEmpty()) {
         return;
     }
+    showFailure({});
     m_link->ask(std::make_unique<ExecuteCommand>(hexId, control), this,
                 [this, control, hexId](const Reply& reply) {
                     const auto text = [control, hexId, kind = reply.kind()] {
                         return outcome(hexId, controlName(control), kind);
                     };
                     m_notices->say(text, kOutcomeMs);
+                    if (isFailure(reply.kind())) {
+                        showFailure(text);
+                    }
                 });
 }
 
@@ -203,18 +218,20 @@ void ActionsPanel::askForAll(LdbControl control)
 void ActionsPanel::sendToAll(LdbControl control)
 {
     m_watch.reset(); // what it looks for is over
+    showFailure({});
     m_link->ask(std::make_unique<ExecuteCommand>(busaddress::kBroadcast, control), this,
                 [this, control](const Reply& reply) {
-                    m_notices->say(
-                        [control, kind = reply.kind()] {
-                            return outcomeForAll(controlName(control), kind);
-                        },
-                        kOutcomeMs);
-                    if (reply.kind() != Reply::Kind::Unsent) {
-                        m_watch = std::make_unique<BroadcastWatch>(m_link, control);
-                        connect(m_watch.get(), &BroadcastWatch::finished, this,
-                                &ActionsPanel::tellSight);
+                    const auto text = [control, kind = reply.kind()] {
+                        return outcomeForAll(controlName(control), kind);
+                    };
+                    m_notices->say(text, kOutcomeMs);
+                    if (reply.kind() == Reply::Kind::Unsent) {
+                        showFailure(text);
+                        return;
                     }
+                    m_watch = std::make_unique<BroadcastWatch>(m_link, control);
+                    connect(m_watch.get(), &BroadcastWatch::finished, this,
+                            &ActionsPanel::tellSight);
                 });
 }
 
@@ -226,10 +243,18 @@ void ActionsPanel::tellSight()
                    [sight] { return sightBox(sight); });
 }
 
+void ActionsPanel::showFailure(const Text& text)
+{
+    m_failure = text;
+    m_ui->actionFailureLabel->setText(text ? text() : QString());
+    m_ui->actionFailureLabel->setVisible(bool(text));
+}
+
 void ActionsPanel::changeEvent(QEvent* event)
 {
     QGroupBox::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         m_ui->retranslateUi(this);
+        showFailure(m_failure);
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/shared/enabledcontrols.h"
+#include "app/shared/text.h"
 #include "serial/ldb/ldbsettings.h"
 
 #include <QGroupBox>
@@ -44,10 +45,14 @@ private:
     void sendToAll(LdbControl control);
     void tellSight();
 
+    /// What became of an action in vain stays in sight until the next one is sent.
+    void showFailure(const Text& text);
+
     std::unique_ptr<Ui::ActionsPanel> m_ui;
     SerialLink* m_link = nullptr;
     Notices* m_notices = nullptr;
     QString m_hexId;
     QPointer<MessageBox> m_question;         ///< the one that is open
     std::unique_ptr<BroadcastWatch> m_watch; ///< of the last action for all
+    Text m_failure;
 };

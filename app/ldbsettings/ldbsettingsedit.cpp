@@ -20,15 +20,25 @@ LdbSettings factoryDefaults()
 
 void LdbSettingsEdit::receive(const LdbSettings& record)
 {
-    m_hasRecord = true;
-    m_record = record;
-    LdbSettings values = record;
-    for (const LdbField field : m_touched) {
-        copyField(field, m_values, values);
+    if (!m_isSaving) { // what a Save brings into the LDB is nobody else's
+        markOvertaken(record);
     }
-    m_values = values;
-    if (m_touched.count(LdbField::OpenDetectionDelay) == 0) {
-        takeDelay();
+    take(record);
+}
+
+void LdbSettingsEdit::receiveBeforeSave(const LdbSettings& record)
+{
+    m_overtaken.clear();
+    markOvertaken(record);
+    take(record);
+}
+
+void LdbSettingsEdit::noteWritten(const SettingsOutcome& outcome)
+{
+    for (const LdbField field : outcome.fields) {
+        if (outcome.reasonOf(field).isEmpty()) {
+            copyField(field, outcome.written, m_basis);
+        }
     }
 }
 
@@ -40,9 +50,36 @@ void LdbSettingsEdit::receiveAfterSave(const LdbSettings& record, const LdbSetti
         if (isSameField(field, m_values, record) ||
             (isComplete && isSameField(field, m_values, written))) {
             m_touched.erase(field);
+            m_overtaken.erase(field);
         }
     }
-    receive(record);
+    take(record);
+}
+
+void LdbSettingsEdit::markOvertaken(const LdbSettings& record)
+{
+    for (const LdbField field : m_touched) {
+        if (isSameField(field, record, m_values)) {
+            m_overtaken.erase(field); // both want the same
+        } else if (m_hasRecord && !isSameField(field, record, m_basis)) {
+            m_overtaken.insert(field);
+        }
+    }
+}
+
+void LdbSettingsEdit::take(const LdbSettings& record)
+{
+    m_hasRecord = true;
+    m_record = record;
+    m_basis = record;
+    LdbSettings values = record;
+    for (const LdbField field : m_touched) {
+        copyField(field, m_values, values);
+    }
+    m_values = values;
+    if (m_touched.count(LdbField::OpenDetectionDelay) == 0) {
+        takeDelay();
+    }
 }
 
 void LdbSettingsEdit::edit(LdbField field, const LdbSettings& values)
@@ -69,8 +106,9 @@ void LdbSettingsEdit::setOpenDetection(bool on)
 void LdbSettingsEdit::undo()
 {
     m_touched.clear();
+    m_overtaken.clear();
     if (m_hasRecord) {
-        receive(m_record);
+        take(m_record);
     }
 }
 
@@ -78,13 +116,19 @@ void LdbSettingsEdit::setDefaults()
 {
     const LdbSettings defaults = factoryDefaults();
     for (const LdbField field : kLdbFields) {
-        if (field != LdbField::NumberOfFims) {
+        // What tells one LDB from another is no matter of defaults.
+        if (field != LdbField::Name && field != LdbField::NumberOfFims) {
             copyField(field, defaults, m_values);
             // Also where it makes no difference now: the user wants the default there.
             m_touched.insert(field);
         }
     }
     takeDelay();
+}
+
+SettingsChange LdbSettingsEdit::change() const
+{
+    return {m_values, {m_touched.begin(), m_touched.end()}, m_basis};
 }
 
 bool LdbSettingsEdit::isChanged(LdbField field) const
@@ -100,6 +144,7 @@ int LdbSettingsEdit::changeCount() const
 
 void LdbSettingsEdit::touchIfChanged(LdbField field)
 {
+    m_overtaken.erase(field); // the user has seen it and decided anew
     if (m_isSaving || isChanged(field)) {
         m_touched.insert(field);
     } else {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "importexport/ldbfields.h"
-#include "serial/ldb/ldbsettings.h"
+#include "importexport/settingswriter.h"
 
 #include <set>
 
@@ -15,14 +14,17 @@ public:
 
     bool hasRecord() const { return m_hasRecord; }
     const LdbSettings& record() const { return m_record; }
-    /// What the editor shows and Save writes.
+    /// What the editor shows.
     const LdbSettings& values() const { return m_values; }
+    /// What Save writes: the edits, made on the record.
+    SettingsChange change() const;
 
     /// Whether "Enable Open Detection" is ticked. It is so by the record's delay, and by the user
     /// also with a delay of 0.
     bool openDetection() const { return m_openDetection; }
 
-    /// A record of the LDB has come: it becomes the undo copy and fills what was not touched.
+    /// A record of the LDB has come: it becomes the undo copy and fills what was not touched. A
+    /// touched field that it has otherwise than the record before is overtaken.
     void receive(const LdbSettings& record);
 
     /// `values()` are being written. Until the record has been read again, a field that is put back
@@ -31,6 +33,13 @@ public:
     /// Records from here on were read after the writing, also when the one read for the Save never
     /// comes.
     void endSave() { m_isSaving = false; }
+
+    /// The record that a Save has read before it writes: overtaken is now what it leaves alone.
+    void receiveBeforeSave(const LdbSettings& record);
+
+    /// What a Save has written has its replies. Until the record is read again, what the LDB has
+    /// accepted counts as known: a further Save must not take it for somebody else's.
+    void noteWritten(const SettingsOutcome& outcome);
 
     /// The record read after a Save. A complete Save ends the edits that it wrote, whatever the
     /// LDB made of them; what an incomplete one did not bring into the LDB stays an edit. Values
@@ -48,21 +57,27 @@ public:
     /// Back to the record; nothing without one.
     void undo();
 
-    /// Factory defaults, as edits; the number of FIMs keeps its value.
+    /// Factory defaults, as edits; name and number of FIMs keep their values.
     void setDefaults();
 
     /// Whether the field differs from the LDB's record.
     bool isChanged(LdbField field) const;
     int changeCount() const;
+    /// Whether somebody else has changed this edited field in the LDB since the edit.
+    bool isOvertaken(LdbField field) const { return m_overtaken.count(field) > 0; }
 
 private:
+    void markOvertaken(const LdbSettings& record);
+    void take(const LdbSettings& record);
     void touchIfChanged(LdbField field);
     void takeDelay();
 
     bool m_hasRecord = false;
     LdbSettings m_record;
+    LdbSettings m_basis; ///< the record, with what the LDB has accepted since
     LdbSettings m_values;
     std::set<LdbField> m_touched;
+    std::set<LdbField> m_overtaken; ///< some of those
     bool m_isSaving = false;
     bool m_openDetection = false;
     quint16 m_formerDelay = 0; ///< for when open detection is switched on again

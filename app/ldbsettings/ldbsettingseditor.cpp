@@ -1,6 +1,9 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
+#include "app/ldbsettings/leavequestion.h"
+#include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
+#include "app/shared/whynot.h"
 #include "serial/link/seriallink.h"
 #include "ui_ldbsettingseditor.h"
 
@@ -9,9 +12,13 @@
 #include <QThread>
 #include <QValidator>
 
+#include <utility>
+
 namespace {
 
 constexpr int kSavedMessageMs = 5000;
+
+const QString kFailureBox = QStringLiteral("failedSaveBox");
 
 /// Lets a name be typed only as far as an LDB can store it.
 class LdbNameValidator : public QValidator
@@ -94,9 +101,27 @@ void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
 {
     m_hexId = hexId;
     m_isUnanswered = false;
+    m_hasFailed = false;
+    m_afterSave = nullptr;
+    m_afterFailedSave = nullptr;
     m_edit.clear();
     showFirmwareId({});
+    showLastRead();
     refresh();
+}
+
+void LdbSettingsEditor::showLastRead()
+{
+    const auto read = m_lastRead.constFind(m_hexId);
+    if (!m_allowed.editing && !m_edit.hasRecord() && read != m_lastRead.constEnd()) {
+        m_edit.receive(*read);
+    }
+}
+
+void LdbSettingsEditor::forget()
+{
+    m_lastRead.clear();
+    setSelectedLdb(m_hexId);
 }
 
 void LdbSettingsEditor::requestSettings()
@@ -106,29 +131,21 @@ void LdbSettingsEditor::requestSettings()
     }
     m_isUnanswered = false;
     refresh();
-    m_link->ask(std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
-                [this, hexId = m_hexId, request = ++m_requests](const Reply& reply) {
-                    if (decodeLdbSettings(reply.answer(), hexId)) {
-                        m_answeredRequest = request;
-                    }
-                    processLdbSettings(hexId, reply.answer());
-                });
+    m_link->ask(
+        std::make_unique<RequestCommand>(m_hexId, LdbParameter::Settings), this,
+        [this, hexId = m_hexId](const Reply& reply) { processLdbSettings(hexId, reply.answer()); });
     m_link->ask(
         std::make_unique<ExecuteCommand>(m_hexId, LdbAction::FirmwareId), this,
         [this, hexId = m_hexId](const Reply& reply) { processFirmwareId(hexId, reply.answer()); });
 }
 
-void LdbSettingsEditor::requestFreshSettings()
-{
-    m_awaitedRequest = m_requests + 1;
-    requestSettings();
-    updateEnabled();
-}
-
 void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArray& answer)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    const std::optional<LdbSettings> record = decodeLdbSettings(answer, m_hexId);
+    const std::optional<LdbSettings> record = decodeLdbSettings(answer, hexId);
+    if (record) {
+        m_lastRead.insert(hexId, *record);
+    }
     if (hexId != m_hexId) {
         return;
     }
@@ -138,6 +155,7 @@ void LdbSettingsEditor::processLdbSettings(const QString& hexId, const QByteArra
         if (!isSaving()) {
             // Answers come in the order of the requests: this one was read after what was written.
             m_edit.endSave();
+            m_hasFailed = m_hasFailed && (hasUnsavedChanges() || !m_writer->outcome().isStored());
         }
     }
     refresh();
@@ -159,9 +177,22 @@ void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
     ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
 }
 
+void LdbSettingsEditor::processCompared()
+{
+    const SettingsOutcome& outcome = m_writer->outcome();
+    m_lastRead.insert(outcome.hexId, *outcome.fresh);
+    if (outcome.hexId == m_hexId && m_edit.hasRecord()) {
+        m_edit.receiveBeforeSave(*outcome.fresh);
+        refresh();
+    }
+}
+
 void LdbSettingsEditor::processWritten()
 {
-    updateEnabled();
+    if (m_writer->outcome().hexId == m_hexId) {
+        m_edit.noteWritten(m_writer->outcome());
+    }
+    refresh();
     if (!m_writer->outcome().isComplete()) {
         tellOutcome();
     }
@@ -172,9 +203,41 @@ void LdbSettingsEditor::processSaved()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     tellOutcome();
-    if (outcome.record && outcome.hexId == m_hexId && m_edit.hasRecord()) {
+    if (!outcome.isGood()) {
+        m_notices->box(
+            QMessageBox::Warning,
+            [outcome] {
+                return BoxText{tr("Error"),
+                               tr("Not all settings of LDB %1 are saved.").arg(outcome.hexId),
+                               outcome.text()};
+            },
+            kFailureBox);
+    }
+    if (outcome.record) {
+        m_lastRead.insert(outcome.hexId, *outcome.record);
+    }
+    if (outcome.hexId != m_hexId || !m_edit.hasRecord()) {
+        return;
+    }
+    m_hasFailed = !outcome.isGood();
+    if (outcome.isUntouched()) {
+        m_edit.endSave();
+    }
+    if (outcome.record) {
         m_edit.receiveAfterSave(*outcome.record, outcome.written, outcome.isComplete());
-        refresh();
+    }
+    refresh();
+    endLeaving(outcome.isGood());
+}
+
+void LdbSettingsEditor::endLeaving(bool isSaved)
+{
+    const std::function<void()> goOn = std::exchange(m_afterSave, nullptr);
+    const std::function<void()> stay = std::exchange(m_afterFailedSave, nullptr);
+    if (goOn && isSaved) {
+        leave(goOn, stay); // there may be new edits
+    } else if (stay) {
+        stay();
     }
 }
 
@@ -190,13 +253,59 @@ void LdbSettingsEditor::tellOutcome()
     }
 }
 
+void LdbSettingsEditor::leave(const std::function<void()>& goOn, const std::function<void()>& stay)
+{
+    if (!hasUnsavedChanges()) {
+        goOn();
+        return;
+    }
+    using leavequestion::Answer;
+    const auto answered = [this, goOn, stay](Answer answer) {
+        if (answer == Answer::Save) {
+            m_afterSave = goOn;
+            m_afterFailedSave = stay;
+            save();
+        } else if (answer == Answer::Discard) {
+            m_edit.undo();
+            refresh();
+            goOn();
+        } else if (stay) {
+            stay();
+        }
+    };
+    // A Save under way is what the answer Save waits for.
+    leavequestion::ask(m_notices, this, m_hexId, m_edit.changeCount(),
+                       isSaving() ? Hindrance::None : m_allowed.settings.hindrance, answered);
+}
+
+void LdbSettingsEditor::drop()
+{
+    m_notices->box(
+        QMessageBox::Warning, [hexId = m_hexId, changes = settingstexts::changes(m_edit)] {
+            return BoxText{tr("Attention"),
+                           tr("LDB %1 is gone. These changes were not saved:").arg(hexId),
+                           changes.join(QLatin1Char('\n'))};
+        });
+    m_edit.undo();
+}
+
 void LdbSettingsEditor::apply(const EnabledControls& controls)
 {
+    const bool hadRecord = m_edit.hasRecord();
     m_allowed = controls;
-    updateEnabled();
+    showLastRead();
+    if (!hadRecord && m_edit.hasRecord()) {
+        showValues();
+    }
+    showState(); // the values as they are: the user may be typing one
 }
 
 void LdbSettingsEditor::on_settingsSaveButton_clicked()
+{
+    save();
+}
+
+void LdbSettingsEditor::save()
 {
     if (isSaving() || !m_edit.hasRecord()) {
         return;
@@ -204,23 +313,26 @@ void LdbSettingsEditor::on_settingsSaveButton_clicked()
     if (m_edit.isChanged(LdbField::Name) && !isStorableName(m_edit.values().name)) {
         m_notices->say(
             [] { return tr("The name does not fit into %n byte(s).", nullptr, kMaxNameBytes); });
+        endLeaving(false);
         return;
     }
     emit savingChanged(true);
     m_notices->say([hexId = m_hexId] { return tr("Saving the settings of LDB %1").arg(hexId); });
     m_edit.beginSave();
-    m_writer = std::make_unique<SettingsWriter>(m_link, m_hexId, m_edit.values(),
-                                                SettingsWriter::AudioMute::Written,
+    m_hasFailed = false;
+    m_writer = std::make_unique<SettingsWriter>(m_link, m_hexId, m_edit.change(),
                                                 SettingsWriter::ReadBack::Always);
+    connect(m_writer.get(), &SettingsWriter::compared, this, &LdbSettingsEditor::processCompared);
     connect(m_writer.get(), &SettingsWriter::written, this, &LdbSettingsEditor::processWritten);
     connect(m_writer.get(), &SettingsWriter::finished, this, &LdbSettingsEditor::processSaved);
     m_writer->start();
-    updateEnabled();
+    refresh();
 }
 
 void LdbSettingsEditor::on_settingsUndoButton_clicked()
 {
     m_edit.undo();
+    m_hasFailed = false;
     refresh();
 }
 
@@ -255,9 +367,17 @@ void LdbSettingsEditor::on_settingsNameLineEdit_textChanged(const QString& name)
 void LdbSettingsEditor::refresh()
 {
     showValues();
+    showState();
+}
+
+void LdbSettingsEditor::showState()
+{
     markChanges();
     updateEnabled();
-    ui->settingsStateLabel->setText(stateText());
+    QStringList lines{recordText()};
+    lines.append(settingstexts::ofAll(m_edit, failedSave()));
+    lines.removeAll(QString());
+    ui->settingsStateLabel->setText(lines.join(QLatin1Char('\n')));
 }
 
 void LdbSettingsEditor::showValues()
@@ -301,8 +421,7 @@ void LdbSettingsEditor::markChanges()
 void LdbSettingsEditor::mark(QWidget* widget, bool isChanged, LdbField field) const
 {
     const QString words =
-        isChanged ? tr("Changed. The LDB has: %1").arg(fieldValue(field, m_edit.record()))
-                  : QString();
+        isChanged ? settingstexts::ofField(m_edit, field, failedSave()) : QString();
     widget->setAccessibleDescription(words);
     widget->setToolTip(words);
     QFont font = widget->font();
@@ -310,39 +429,59 @@ void LdbSettingsEditor::mark(QWidget* widget, bool isChanged, LdbField field) co
     widget->setFont(font);
 }
 
+const SettingsOutcome* LdbSettingsEditor::failedSave() const
+{
+    return m_hasFailed ? &m_writer->outcome() : nullptr;
+}
+
 void LdbSettingsEditor::updateEnabled()
 {
     const bool hasRecord = m_edit.hasRecord();
-    const bool isIdle = hasRecord && !isSaving();
+    const auto permitField = [this, hasRecord](QWidget* widget, const Text& whyNot = {}) {
+        if (!m_allowed.editing) {
+            WhyNot::permit(widget, m_allowed.editing);
+        } else if (!hasRecord) {
+            WhyNot::permit(widget, [] { return tr("The settings have not been read yet."); });
+        } else {
+            WhyNot::permit(widget, whyNot);
+        }
+    };
     for (QWidget* widget : std::initializer_list<QWidget*>{
              ui->settingsNameLabel, ui->settingsNameLineEdit, ui->settingsNumberOfFimsLabel,
              ui->settingsNumberOfFimsSpinBox, ui->settingsOpenDetectionDelayCheckBox}) {
-        widget->setEnabled(hasRecord);
+        permitField(widget);
     }
     for (const FlagBox& entry : m_flagBoxes) {
-        entry.box->setEnabled(hasRecord);
+        permitField(entry.box);
     }
-    const bool hasDelay = hasRecord && m_edit.openDetection();
-    ui->settingsOpenDetectionDelayLabel->setEnabled(hasDelay);
-    ui->settingsOpenDetectionDelaySpinBox->setEnabled(hasDelay);
-    ui->settingsUndoButton->setEnabled(isIdle && m_allowed.singleActions);
-    const bool isFresh = m_answeredRequest >= m_awaitedRequest;
-    ui->settingsSaveButton->setEnabled(isIdle && isFresh && m_allowed.outsideService);
-    ui->settingsDefaultButton->setEnabled(isIdle && m_allowed.outsideService);
+    const Text noDelay = m_edit.openDetection() ? Text() : [] {
+        return tr("Tick Enable Open Detection first.");
+    };
+    permitField(ui->settingsOpenDetectionDelayLabel, noDelay);
+    permitField(ui->settingsOpenDetectionDelaySpinBox, noDelay);
+    const Permission use = isSaving() ? Permission{Hindrance::Saving} : m_allowed.settings;
+    for (QWidget* button :
+         {ui->settingsSaveButton, ui->settingsUndoButton, ui->settingsDefaultButton}) {
+        use ? permitField(button) : WhyNot::permit(button, use);
+    }
 }
 
-QString LdbSettingsEditor::stateText() const
+QString LdbSettingsEditor::recordText() const
 {
     if (m_hexId.isEmpty()) {
         return tr("No LDB selected");
+    }
+    if (!m_allowed.editing) {
+        return (m_edit.hasRecord() ? tr("LDB %1 is not connected: this was read last")
+                                   : tr("LDB %1 is not connected: its settings are not known"))
+            .arg(m_hexId);
     }
     if (!m_edit.hasRecord()) {
         return (m_isUnanswered ? tr("LDB %1 did not answer: its settings are not known")
                                : tr("Waiting for the settings of LDB %1"))
             .arg(m_hexId);
     }
-    const int changes = m_edit.changeCount();
-    return changes > 0 ? tr("%n unsaved change(s), in bold", nullptr, changes) : QString();
+    return {};
 }
 
 void LdbSettingsEditor::changeEvent(QEvent* event)

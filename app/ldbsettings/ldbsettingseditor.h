@@ -4,9 +4,11 @@
 #include "app/shared/enabledcontrols.h"
 #include "importexport/settingswriter.h"
 
+#include <QHash>
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -20,7 +22,8 @@ class LdbSettingsEditor;
 
 /// Shows the stored settings of the selected LDB and writes them back. Save and Default stay off
 /// until that LDB's own record has come; answers of other LDBs change nothing. Fields that differ
-/// from the record are marked, in bold and in words.
+/// from the record are marked, in bold and in words. What a Save has not brought into the LDB stays
+/// in sight until the next one.
 class LdbSettingsEditor : public QWidget
 {
     Q_OBJECT
@@ -33,13 +36,22 @@ public:
     void init(SerialLink* link, Notices* notices);
 
     /// Ends the edits and empties the editor until this LDB's record comes, also when it is the one
-    /// that was selected already. An empty id selects none. A Save under way goes on.
+    /// that was selected already. One that is not connected shows what was read last. An empty id
+    /// selects none. A Save under way goes on.
     void setSelectedLdb(const QString& hexId);
+
+    bool hasUnsavedChanges() const { return m_edit.changeCount() > 0; }
+    /// Goes on at once where nothing is lost by it. Otherwise the user is asked, and it goes on
+    /// after Discard or a good Save; or `stay` runs.
+    void leave(const std::function<void()>& goOn, const std::function<void()>& stay = {});
+    /// Ends the edits and says which they were, where the user cannot be asked.
+    void drop();
+
+    /// Forgets what was read so far: another bus has other LDBs at the same addresses.
+    void forget();
 
     /// Asks the selected LDB for its record and its firmware id.
     void requestSettings();
-    /// The same, because the LDB has other settings than those shown: Save waits for them.
-    void requestFreshSettings();
 
     /// The buttons also need a record, and no Save under way.
     void apply(const EnabledControls& controls);
@@ -78,20 +90,27 @@ private:
 
     void initFlagBoxes();
     bool isSaving() const { return m_writer && m_writer->isWriting(); }
+    void save();
+    void processCompared();
     void processWritten();
     void processSaved();
     void tellOutcome();
+    void showLastRead();
+    /// Null while none is shown.
+    const SettingsOutcome* failedSave() const;
+    void endLeaving(bool isSaved);
     void showFirmwareId(const QString& firmwareId);
     /// So that the form keeps its width when a change turns a text bold.
     void reserveBoldWidths();
     void refresh();
     void showValues();
+    void showState();
     void markChanges();
     void mark(QWidget* widget, bool isChanged, LdbField field) const;
     template <typename Value>
     void change(LdbField field, Value LdbSettings::*member, const Value& value);
     void updateEnabled();
-    QString stateText() const;
+    QString recordText() const;
 
     std::unique_ptr<Ui::LdbSettingsEditor> ui;
     std::vector<FlagBox> m_flagBoxes;
@@ -100,9 +119,10 @@ private:
     std::unique_ptr<SettingsWriter> m_writer; ///< of the last Save
     LdbSettingsEdit m_edit;
     QString m_hexId;
-    int m_requests = 0;       ///< for its settings, so far
-    int m_awaitedRequest = 0; ///< the one whose answer Save waits for, and those after it
-    int m_answeredRequest = 0;
     bool m_isUnanswered = false; ///< the settings were asked for, and nothing came
+    bool m_hasFailed = false;    ///< the last Save of this LDB, and it is still shown
+    QHash<QString, LdbSettings> m_lastRead;
+    std::function<void()> m_afterSave; ///< when all is saved
+    std::function<void()> m_afterFailedSave;
     EnabledControls m_allowed;
 };

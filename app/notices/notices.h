@@ -19,9 +19,9 @@ public:
     void hush();
 
     /// Opens a box over the window; see `MessageBox::tell`.
-    void box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {})
+    MessageBox* box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {})
     {
-        MessageBox::tell(m_window, icon, texts, name);
+        return MessageBox::tell(m_window, icon, texts, name);
     }
     /// Whether the box of that name is open.
     bool isOpen(const QString& name) const { return MessageBox::find(m_window, name) != nullptr; }

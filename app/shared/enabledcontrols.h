@@ -1,13 +1,42 @@
 #pragma once
 
+#include <QString>
+
+/// What keeps a control from being used.
+enum class Hindrance
+{
+    None,
+    NotMonitored, ///< no run is on
+    Scanning,
+    NoLdb,   ///< none is selected
+    LdbLost, ///< the selected one
+    Saving,
+    Transferring,
+    ServiceMode, ///< the selected LDB is in it
+    PuttingBack  ///< what fault finding changed in the selected LDB
+};
+
+/// The hindrance as a sentence, in the language in force; empty for none.
+QString hindranceText(Hindrance hindrance);
+
+/// Whether a control can be used and, if not, why.
+struct Permission
+{
+    Hindrance hindrance = Hindrance::NotMonitored;
+
+    operator bool() const { return hindrance == Hindrance::None; }
+};
+
 /// Which controls can be used. Each panel takes it with `apply()`.
 struct EnabledControls
 {
-    bool reload = false;
-    bool transfer = false;       ///< export and import
-    bool selection = false;      ///< selecting another LDB
-    bool allActions = false;     ///< the three actions for all LDBs
-    bool singleActions = false;  ///< FIM and LDB reset of the selected LDB, and Undo
-    bool outsideService = false; ///< service mode, FIM tracking, Save, Default: what an LDB in
-                                 ///< service mode ignores
+    Permission reload;
+    Permission transfer;       ///< export and import
+    Permission selection;      ///< selecting another LDB
+    Permission allActions;     ///< the three actions for all LDBs
+    Permission singleActions;  ///< FIM and LDB reset of the selected LDB
+    Permission settings;       ///< Save, Undo and Default
+    Permission editing;        ///< the fields of the settings: the selected LDB is connected
+    Permission outsideService; ///< service mode and FIM tracking: what an LDB in service mode
+                               ///< ignores
 };

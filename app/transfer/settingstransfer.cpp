@@ -23,6 +23,9 @@ bool isRunning(Status status)
 
 QString statusText(Status status)
 {
+    constexpr const char* kSettingsMissing =
+        QT_TRANSLATE_NOOP("SettingsTransfer", "Importing LDB settings failed, settings are missing "
+                                              "for connected LDB's");
     constexpr const char* kTexts[] = {
         QT_TRANSLATE_NOOP("SettingsTransfer", "Exporting LDB settings"),
         QT_TRANSLATE_NOOP("SettingsTransfer", "Exporting LDB settings finished"),
@@ -32,9 +35,7 @@ QString statusText(Status status)
         QT_TRANSLATE_NOOP("SettingsTransfer", "Importing LDB settings failed"),
         QT_TRANSLATE_NOOP("SettingsTransfer",
                           "Importing LDB settings failed, not all LDB's are connected"),
-        QT_TRANSLATE_NOOP("SettingsTransfer",
-                          "Importing LDB settings failed, settings are missing for connected "
-                          "LDB's")}; // in the order of the enumerators
+        kSettingsMissing}; // in the order of the enumerators
     return SettingsTransfer::tr(kTexts[status]);
 }
 

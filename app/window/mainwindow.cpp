@@ -9,6 +9,8 @@
 #include "app/putback/putback.h"
 #include "app/shared/colours.h"
 #include "app/shared/constants.h"
+#include "app/shared/usersettings.h"
+#include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/attention.h"
 #include "app/window/monitor.h"
@@ -181,13 +183,14 @@ void MainWindow::initPanels()
     connect(m_putBack, &PutBack::pendingChanged, this, &MainWindow::setLdbActionButtonsState);
     connect(m_putBack, &PutBack::settingsChanged, this, [this](const QString& hexId) {
         if (hexId == m_run->selectedLdb()) {
-            m_ui->ldbSettingsEditor->requestFreshSettings();
+            m_ui->ldbSettingsEditor->requestSettings();
         }
     });
     connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
             &RunControl::setSaving);
     m_settingsMenu = new SettingsMenu(this);
-    m_link->setPortName(m_settingsMenu->getComPort());
+    m_portName = m_settingsMenu->getComPort();
+    m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
     m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
@@ -244,8 +247,14 @@ void MainWindow::on_reloadDevicesButton_clicked()
 
 void MainWindow::processComPortUpdated(const QString& comPort)
 {
-    m_run->changePort(comPort);
-    m_status->showLoading();
+    const auto change = [this, comPort] {
+        m_portName = comPort;
+        m_ui->ldbSettingsEditor->forget();
+        m_run->changePort(comPort);
+        m_status->showLoading();
+    };
+    m_ui->ldbSettingsEditor->leave(
+        change, [this] { userSettings().setValue(constants::kComPortKey, m_portName); });
 }
 
 void MainWindow::processRunBegun()
@@ -254,7 +263,7 @@ void MainWindow::processRunBegun()
     m_notices->hush();
     m_plot->clearPlot();
     if (!m_run->selectedLdb().isEmpty()) {
-        processSelectedLdbChanged(m_run->selectedLdb());
+        showLdb(m_run->selectedLdb());
     }
 }
 
@@ -312,27 +321,47 @@ void MainWindow::serialProcessorStopped()
 
 void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 {
+    const QString former = m_run->selectedLdb();
+    if (deviceId == former) {
+        return; // the tick is back where it was
+    }
+    LdbSettingsEditor* editor = m_ui->ldbSettingsEditor;
+    if (editor->hasUnsavedChanges()) {
+        if (m_overviewTable->selectLdb(former)) {
+            editor->leave([this, deviceId] { m_overviewTable->selectLdb(deviceId); });
+            return;
+        }
+        editor->drop();
+    }
+    showLdb(deviceId);
+}
+
+void MainWindow::showLdb(const QString& deviceId)
+{
+    m_run->setSelectedLdb(deviceId);
     m_detailTable->setCurrentHexId(deviceId);
     m_muteMarks->setSelectedLdb(deviceId);
     m_ui->logTab->setSelectedLdb(deviceId);
     m_plot->setSelectedDevice(deviceId);
-    m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
-    m_ui->ldbSettingsEditor->requestSettings();
     m_ui->ldbActionsGroup->setSelectedLdb(deviceId);
-    m_run->setSelectedLdb(deviceId);
+    if (!m_ui->ldbSettingsEditor->hasUnsavedChanges()) {
+        m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
+    }
+    m_ui->ldbSettingsEditor->requestSettings();
 }
 
 void MainWindow::setLdbActionButtonsState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
-    m_ui->reloadDevicesButton->setEnabled(controls.reload);
-    m_ui->exportDeviceSettingsButton->setEnabled(controls.transfer);
-    m_ui->importDeviceSettingsButton->setEnabled(controls.transfer);
+    WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
+    WhyNot::permit(m_ui->exportDeviceSettingsButton, controls.transfer);
+    WhyNot::permit(m_ui->importDeviceSettingsButton, controls.transfer);
     m_overviewTable->setSelectionEnabled(controls.selection);
     EnabledControls ofEditor = controls;
-    ofEditor.outsideService =
-        controls.outsideService && !m_putBack->isPending(m_run->selectedLdb());
+    if (controls.settings && m_putBack->isPending(m_run->selectedLdb())) {
+        ofEditor.settings.hindrance = Hindrance::PuttingBack;
+    }
     m_ui->ldbSettingsEditor->apply(ofEditor);
     m_ui->ldbActionsGroup->apply(controls);
 }
@@ -357,7 +386,7 @@ void MainWindow::processTransfer(bool isOn)
     m_run->setTransferring(isOn);
     // The editor shows what is in the LDB now, also when only a part was written.
     if (!isOn && m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
-        processSelectedLdbChanged(m_run->selectedLdb());
+        showLdb(m_run->selectedLdb());
     }
 }
 
@@ -416,6 +445,11 @@ void MainWindow::askToClose(const std::vector<Text>& reasons)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_ui->ldbSettingsEditor->hasUnsavedChanges()) {
+        event->ignore();
+        m_ui->ldbSettingsEditor->leave([this] { close(); });
+        return;
+    }
     const std::vector<Text> reasons = m_mayClose ? std::vector<Text>() : workUnderWay();
     if (!reasons.empty()) {
         event->ignore();

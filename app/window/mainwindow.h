@@ -58,6 +58,7 @@ private slots:
     /// Shows everywhere what is live.
     void showMonitoring(const Monitoring& monitoring);
     void processComPortUpdated(const QString& comPort);
+    /// Shows that LDB, or keeps the former one while the user is asked about its unsaved settings.
     void processSelectedLdbChanged(const QString& deviceId);
     void processTransfer(bool isOn);
 
@@ -74,6 +75,8 @@ private:
     void processRunBegun();
     void dropUnknownLdbs();
     void dismiss(const QStringList& hexIds);
+    /// Makes the LDB the selected one; unsaved edits of the settings stay.
+    void showLdb(const QString& deviceId);
     void updateButtonTexts();
     /// What a closing of the window would break off, a sentence each; empty when nothing is under
     /// way.
@@ -85,6 +88,7 @@ private:
     std::unique_ptr<Notices> m_notices;
     std::unique_ptr<StatusBarDisplay> m_status;
     std::unique_ptr<SerialLink> m_link;
+    QString m_portName; ///< in force
     RunControl* m_run = nullptr;
     Monitor* m_monitor = nullptr;
     DeviceDetailTable* m_detailTable = nullptr;

@@ -2,21 +2,49 @@
 
 #include "serial/link/seriallink.h"
 
+#include <algorithm>
+#include <initializer_list>
+
+namespace {
+
+/// The first of them that there is.
+Permission unless(std::initializer_list<Hindrance> hindrances)
+{
+    const auto* found = std::find_if(hindrances.begin(), hindrances.end(),
+                                     [](Hindrance one) { return one != Hindrance::None; });
+    return {found == hindrances.end() ? Hindrance::None : *found};
+}
+
+} // namespace
+
 EnabledControls enabledControls(const LinkSituation& situation)
 {
-    const bool polling = situation.running && !situation.initialising;
-    const bool lost = situation.selected && situation.state == LdbState::Disconnected;
-    const bool acting = polling && !lost && !situation.saving && !situation.transferring;
+    const auto when = [](bool is, Hindrance hindrance) {
+        return is ? hindrance : Hindrance::None;
+    };
+    const Hindrance stopped = when(!situation.running, Hindrance::NotMonitored);
+    const Hindrance scanning = when(situation.initialising, Hindrance::Scanning);
+    const Hindrance none = when(!situation.selected, Hindrance::NoLdb);
+    // During a scan nothing is known about the selected LDB.
+    const Hindrance lost = when(
+        situation.state == LdbState::Disconnected && !situation.initialising, Hindrance::LdbLost);
+    const Hindrance saving = when(situation.saving, Hindrance::Saving);
+    const Hindrance transferring = when(situation.transferring, Hindrance::Transferring);
+    const Hindrance service =
+        when(situation.state == LdbState::ServiceMode, Hindrance::ServiceMode);
 
     EnabledControls controls;
     // A scan would take the LDBs away from under a transfer, and a second one the bus.
-    controls.reload = !situation.initialising && !situation.transferring;
-    controls.transfer = polling && !situation.transferring;
+    controls.reload = unless({scanning, transferring});
+    controls.transfer = unless({stopped, scanning, transferring});
     // A lost LDB must not hold the selection.
-    controls.selection = polling && !situation.saving;
-    controls.allActions = acting;
-    controls.singleActions = acting && situation.selected;
-    controls.outsideService = controls.singleActions && situation.state != LdbState::ServiceMode;
+    controls.selection = unless({stopped, scanning, saving});
+    controls.allActions = unless({stopped, scanning, saving, transferring});
+    controls.singleActions = unless({stopped, scanning, none, lost, saving, transferring});
+    // Also in service mode: without, an LDB that starts in it could never be told not to.
+    controls.settings = controls.singleActions;
+    controls.editing = unless({stopped, none, lost});
+    controls.outsideService = unless({controls.singleActions.hindrance, service});
     return controls;
 }
 
@@ -113,7 +141,7 @@ void RunControl::processState(const QString& hexId, LdbState state)
         return;
     }
     emit enabledChanged();
-    if (state != LdbState::ServiceMode && state != LdbState::Disconnected) {
+    if (state != LdbState::Disconnected) {
         emit settingsStale();
     }
 }

@@ -19,7 +19,7 @@ struct LinkSituation
     bool transferring = false;               ///< an export or import is on
 };
 
-/// The one place that knows which situation enables what.
+/// The one place that knows which situation enables what, and what hinders the rest.
 EnabledControls enabledControls(const LinkSituation& situation);
 
 /// Decides about run and scan: what begins and ends them, and which controls they leave. Knows no

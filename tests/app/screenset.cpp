@@ -99,9 +99,16 @@ void fillViews(MainWindow& window)
     }
 }
 
-/// Every value changed, as changes stand out in bold.
+EnabledControls allAllowed()
+{
+    constexpr Permission kAllowed{Hindrance::None};
+    return {kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed};
+}
+
+/// Every value changed, as changes stand out in bold, and not saved.
 void fillEditor(LdbSettingsEditor& editor)
 {
+    editor.apply(allAllowed());
     editor.setSelectedLdb(kTicked);
     editor.processLdbSettings(kTicked, TestBus::record(kTicked));
     editor.processFirmwareId(kTicked, QByteArray("TC-LDB V02.14.003").toHex());
@@ -114,6 +121,16 @@ void fillEditor(LdbSettingsEditor& editor)
             box->click();
         }
     }
+    // No run is on, which is not to disable what this set is about.
+    editor.blockSignals(true);
+    editor.findChild<QPushButton*>("settingsSaveButton")->click();
+}
+
+void fillActions(ActionsPanel& actions)
+{
+    actions.setSelectedLdb(kTicked);
+    actions.apply(allAllowed());
+    actions.findChild<QPushButton*>("serviceModeButton")->click(); // no run is on
 }
 
 QAbstractButton* buttonWith(const QWidget* box, QMessageBox::ButtonRole role, int index)
@@ -217,6 +234,7 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
     } else {
         tabs->setCurrentWidget(page);
         fillEditor(*window->findChild<LdbSettingsEditor*>());
+        fillActions(*window->findChild<ActionsPanel*>());
     }
     return window;
 }
@@ -384,9 +402,7 @@ QWidget* ScreenSet::openQuestion()
 {
     QWidget* window = openMainWindow("openShortLeakPage");
     auto* panel = window->findChild<ActionsPanel*>();
-    EnabledControls controls;
-    controls.allActions = true;
-    panel->apply(controls);
+    panel->apply(allAllowed());
     panel->findChild<QPushButton*>("allServiceModeButton")->click();
     return lastOpen<MessageBox>(window);
 }

@@ -6,6 +6,7 @@
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testcase.h"
+#include "tests/support/views.h"
 
 #include <QtWidgets>
 
@@ -19,6 +20,10 @@ inline const QByteArray kNak("\x15");
 /// Where the mute stands in a settings record.
 inline constexpr int kMutePosition = 12;
 
+inline constexpr Permission kAllowed{Hindrance::None};
+inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed,
+                                             kAllowed, kAllowed, kAllowed, kAllowed};
+
 /// An editor on a bus of two LDBs.
 class Desk
 {
@@ -26,7 +31,7 @@ public:
     Desk()
     {
         editor->init(&link, &notices);
-        editor->apply({true, true, true, true, true, true});
+        editor->apply(kAllAllowed);
     }
 
     bool connectLink() { return bus.scan(link); }
@@ -72,6 +77,15 @@ public:
     QString state() const { return ui<QLabel>("settingsStateLabel")->text(); }
 
     QString lastMessage() const { return bar.currentMessage(); }
+    /// What the boxes over the window say, with their details.
+    QStringList boxes() const
+    {
+        QStringList texts;
+        for (const auto* box : window.findChildren<MessageBox*>()) {
+            texts.append(box->text() + "\n" + box->informativeText());
+        }
+        return texts;
+    }
     int saves(bool begun) const { return saving.count({begun}); }
 
     Sandbox sandbox;

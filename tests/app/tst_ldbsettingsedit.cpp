@@ -114,11 +114,45 @@ private slots:
         const LdbSettings defaults = edit.values();
         edit.receive(someRecord());
         QCOMPARE(differingFields(edit.values(), defaults),
-                 std::vector<LdbField>{LdbField::NumberOfFims});
+                 (std::vector<LdbField>{LdbField::Name, LdbField::NumberOfFims}));
+        QCOMPARE(edit.values().name, someRecord().name);
         QCOMPARE(edit.values().numberOfFims, someRecord().numberOfFims);
-        QCOMPARE(edit.changeCount(), static_cast<int>(kLdbFields.size()) - 1);
+        QCOMPARE(edit.changeCount(), static_cast<int>(kLdbFields.size()) - 2);
         edit.undo();
         QCOMPARE(edit.changeCount(), 0);
+    }
+
+    void overtakenByAnother_data()
+    {
+        // What the records that come after the edit have as the name, in order.
+        const Table<QStringList, bool> row("names", "isOvertaken");
+        row("as before", {"Hall"}, false);
+        row("another", {"Shed"}, true);
+        row("the wanted one", {"Roof"}, false);
+        row("another, then the wanted one", {"Shed", "Roof"}, false);
+        row("another, which stays", {"Shed", "Shed"}, true);
+    }
+
+    void overtakenByAnother()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(bool, isOvertaken);
+        LdbSettingsEdit edit;
+        edit.receive(someRecord());
+        edit.edit(LdbField::Name, named("Roof"));
+        LdbSettings record = otherRecord();
+        for (const QString& name : names) {
+            record.name = name;
+            edit.receive(record);
+        }
+        for (const LdbField field : kLdbFields) {
+            QCOMPARE(edit.isOvertaken(field), isOvertaken && field == LdbField::Name);
+        }
+        // The user decides anew.
+        edit.edit(LdbField::Name, named("Roof 2"));
+        QVERIFY(!edit.isOvertaken(LdbField::Name));
+        QCOMPARE(edit.change().fields, std::vector<LdbField>{LdbField::Name});
+        QCOMPARE(edit.change().basis->name, names.constLast());
     }
 
     void openDetectionBringsTheDelayBack_data()

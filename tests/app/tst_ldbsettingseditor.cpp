@@ -92,12 +92,13 @@ private slots:
         desk.editor->processLdbSettings(kLdb, TestBus::record(kLdb));
         for (const bool saveAllowed : {false, true}) {
             EnabledControls controls;
-            controls.outsideService = saveAllowed;
-            controls.singleActions = !saveAllowed;
+            controls.editing = kAllowed;
+            controls.settings.hindrance = saveAllowed ? Hindrance::None : Hindrance::Transferring;
             desk.editor->apply(controls);
-            QCOMPARE(desk.save()->isEnabled(), saveAllowed);
-            QCOMPARE(desk.defaults()->isEnabled(), saveAllowed);
-            QCOMPARE(desk.undo()->isEnabled(), !saveAllowed);
+            QVERIFY(desk.buttonsAre(saveAllowed));
+            QVERIFY(desk.name()->isEnabled());
+            QCOMPARE(shownTip(desk.save()),
+                     saveAllowed ? QString() : hindranceText(Hindrance::Transferring));
         }
     }
 

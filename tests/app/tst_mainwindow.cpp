@@ -175,7 +175,17 @@ private slots:
         QCOMPARE(boxes().constFirst()->text(),
                  QStringLiteral("The LDB with ID: %1 (LDB %1) is disconnected!").arg(lost));
         QCOMPARE(button("ldbResetButton")->isEnabled(), actionsStay);
-        QCOMPARE(button("allLdbResetButton")->isEnabled(), actionsStay);
+        // Those for all are for the others.
+        QVERIFY(button("allLdbResetButton")->isEnabled());
+        QCOMPARE(shownTip(button("ldbResetButton")), actionsStay
+                                                         ? button("ldbResetButton")->toolTip()
+                                                         : "The selected LDB is not connected.");
+        // Its settings are shown as they were read last, and rest.
+        QCOMPARE(settingsState(),
+                 actionsStay ? QString() : "LDB 03 is not connected: this was read last");
+        QCOMPARE(child<QLineEdit>("settingsNameLineEdit")->text(), "LDB 03");
+        QCOMPARE(child<QLineEdit>("settingsNameLineEdit")->isEnabled(), actionsStay);
+        QCOMPARE(button("settingsSaveButton")->isEnabled(), actionsStay);
 
         // It comes back by itself, and with it what can be done with it.
         m_bus->setPresent(kLdbs);
@@ -183,6 +193,186 @@ private slots:
         WAIT_VERIFY(m_bus->requests().contains("FE" + lost.toLatin1() + "737803"));
         WAIT_VERIFY(button("ldbResetButton")->isEnabled());
         QCOMPARE(boxes().size(), 1);
+    }
+
+    void lostLdbShowsWhatWasReadLast()
+    {
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n");
+        start();
+        for (const QString& hexId : {QString("0A"), QString("03")}) {
+            clickRow(hexId);
+            WAIT_COMPARE(child<QLineEdit>("settingsNameLineEdit")->text(), "LDB " + hexId);
+        }
+        m_bus->setPresent({"03"});
+        WAIT_VERIFY(!boxes().isEmpty() && boxes().constFirst()->text().contains("0A") &&
+                    boxes().constFirst()->text().contains("FD"));
+        m_bus->change("0A", "02", QByteArray("Roof").toHex().toUpper());
+        auto* name = child<QLineEdit>("settingsNameLineEdit");
+        clickRow("0A");
+        QCOMPARE(name->text(), "LDB 0A");
+        QVERIFY(!name->isEnabled());
+        QCOMPARE(settingsState(), "LDB 0A is not connected: this was read last");
+        QCOMPARE(shownTip(button("settingsSaveButton")), "The selected LDB is not connected.");
+        clickRow("FD"); // of which nothing was read
+        QCOMPARE(name->text(), QString());
+        QCOMPARE(settingsState(), "LDB FD is not connected: its settings are not known");
+
+        clickRow("0A");
+        m_bus->setPresent(kLdbs);
+        WAIT_COMPARE(name->text(), "Roof");
+        WAIT_VERIFY(name->isEnabled());
+        QCOMPARE(settingsState(), QString());
+    }
+
+    void unsavedChangesAreAskedFor_data()
+    {
+        // "choice": of the question; empty: Escape
+        const Table<QString, QString, bool, bool> row("leave", "choice", "goesOn", "isSaved");
+        for (const char* leave : {"0A", "close", "port"}) {
+            const auto named = [leave](const char* what) {
+                return QString("%1: %2").arg(leave, what).toLatin1();
+            };
+            row(named("Save").constData(), leave, "Save", true, true);
+            row(named("refused Save").constData(), leave, "Save", false, false);
+            row(named("Discard").constData(), leave, "Discard", true, false);
+            row(named("Stay").constData(), leave, "Stay", false, false);
+            row(named("Escape").constData(), leave, {}, false, false);
+        }
+    }
+
+    void unsavedChangesAreAskedFor()
+    {
+        QFETCH(QString, leave);
+        QFETCH(QString, choice);
+        QFETCH(bool, goesOn);
+        QFETCH(bool, isSaved);
+        start();
+        auto* name = child<QLineEdit>("settingsNameLineEdit");
+        WAIT_COMPARE(name->text(), "LDB 03");
+        WAIT_COMPARE(detail(0), "03");
+        name->setText("Roof");
+        if (choice == "Save" && !isSaved) {
+            m_bus->answerTo("03", "736302", "\x15");
+        }
+        if (leave == "close") {
+            QVERIFY(!m_window->close());
+        } else if (leave == "port") {
+            m_bus->setPortName("another port");
+            userSettings().setValue(constants::kComPortKey, "another port");
+            emit m_window->findChild<SettingsMenu*>()->comPortUpdated("another port");
+        } else {
+            clickRow(leave);
+        }
+        QCOMPARE(boxes().size(), 1);
+        MessageBox* box = boxes().constFirst();
+        QCOMPARE(box->text(), "LDB 03 has 1 unsaved change(s).");
+        QVERIFY(m_window->isVisible());
+        QCOMPARE(detail(0), "03");
+        QCOMPARE(name->text(), "Roof");
+        m_bus->clearRequests();
+        if (choice.isEmpty()) {
+            QTest::keyClick(box, Qt::Key_Escape);
+        } else {
+            answer(box, choice);
+        }
+
+        const auto hasGoneOn = [this, &leave] {
+            return leave == "close"  ? !m_window->isVisible()
+                   : leave == "port" ? label("countLabel") == "Loading LDB device list..."
+                                     : detail(0) == leave;
+        };
+        if (choice == "Save" && !isSaved) {
+            WAIT_VERIFY(settingsState().contains("not written: Name (refused)"));
+        }
+        if (goesOn) {
+            WAIT_VERIFY(hasGoneOn());
+        } else {
+            QCoreApplication::processEvents();
+            QVERIFY(!hasGoneOn());
+            QCOMPARE(name->text(), "Roof");
+            QVERIFY(settingsState().startsWith("1 unsaved change(s), in bold"));
+            QCOMPARE(userSettings().value(constants::kComPortKey).toString(), "test bus");
+        }
+        const QByteArray record = m_bus->settingsOf("03");
+        QCOMPARE(decodeLdbSettings(record)->name, isSaved ? "Roof" : "LDB 03");
+        QCOMPARE(m_bus->writes().isEmpty(), choice != "Save");
+    }
+
+    void changesOfALostLdbAreAskedFor()
+    {
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=0\n");
+        start();
+        auto* name = child<QLineEdit>("settingsNameLineEdit");
+        WAIT_COMPARE(name->text(), "LDB 03");
+        WAIT_VERIFY(m_bus->requests().contains("FEFD737804"));
+        name->setText("Roof");
+        m_bus->setPresent({"0A", "FD"});
+        WAIT_VERIFY(!name->isEnabled());
+        QCOMPARE(name->text(), "Roof");
+        delete boxes().constFirst(); // which tells of the loss
+        for (const QString& choice : {QString("Stay"), QString("Discard")}) {
+            clickRow("0A");
+            QCOMPARE(boxes().size(), 1);
+            MessageBox* box = boxes().constFirst();
+            QCOMPARE(box->informativeText(),
+                     "They cannot be saved now. The selected LDB is not connected.");
+            QCOMPARE(box->buttons().size(), 2);
+            answer(box, choice);
+            QCOMPARE(name->text(), choice == "Stay" ? "Roof" : "");
+            delete box;
+        }
+        WAIT_COMPARE(name->text(), "LDB 0A");
+    }
+
+    void editsOutliveARun()
+    {
+        start();
+        auto* name = child<QLineEdit>("settingsNameLineEdit");
+        WAIT_COMPARE(name->text(), "LDB 03");
+        name->setText("Roof");
+        button("startButton")->click();
+        QCOMPARE(shownTip(button("settingsSaveButton")),
+                 "Nothing is monitored: click Start first.");
+        m_bus->change("03", "02", QByteArray("Shed").toHex().toUpper());
+        button("startButton")->click();
+        WAIT_VERIFY(settingsState().contains("Changed by somebody else meanwhile: Name (Shed)"));
+        QCOMPARE(name->text(), "Roof");
+
+        // Where a scan does not find the LDB any more, it is told what is lost.
+        m_bus->setPresent({"0A"});
+        button("reloadDevicesButton")->click();
+        WAIT_COMPARE(detail(0), "0A");
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "LDB 03 is gone. These changes were not saved:");
+        QCOMPARE(boxes().constFirst()->informativeText(), "Name: Roof");
+        WAIT_COMPARE(name->text(), "LDB 0A");
+    }
+
+    void startInServiceModeCanBeTakenBack()
+    {
+        constexpr int kServiceMode = 30;
+        m_bus->setScript([](const QByteArray& body) -> std::optional<QByteArray> {
+            return body == "FE03737803"
+                       ? std::make_optional(TestBus::framed(TestBus::status(kServiceMode)))
+                       : std::nullopt;
+        });
+        m_bus->change("03", "14", "0B");
+        start();
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        QVERIFY(!button("serviceModeButton")->isEnabled());
+        QCOMPARE(shownTip(button("serviceModeButton")),
+                 "The selected LDB is in service mode: end it with LDB Reset first.");
+        {
+            const BracketingTranslator language;
+            QVERIFY(shownTip(button("serviceModeButton")).startsWith("[The selected LDB"));
+        }
+        auto* box = child<QCheckBox>("settingsStartInServiceModeCheckBox");
+        QVERIFY(box->isChecked());
+        box->click();
+        m_bus->clearRequests();
+        button("settingsSaveButton")->click();
+        WAIT_COMPARE(m_window->statusBar()->currentMessage(), "The settings of LDB 03 are saved.");
+        QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE0373631403", "FE03737806"}));
     }
 
     void serviceModeSendsNothing()
@@ -232,6 +422,17 @@ private slots:
         button(buttonName.constData())->click();
         WAIT_COMPARE(m_window->statusBar()->currentMessage(), QTest::currentDataTag());
         QVERIFY(m_bus->requests().contains(body));
+
+        // What was in vain stays in sight until the next action.
+        const bool isInVain = answer != "\x06" && !body.startsWith("FEFF");
+        const QString inVain = isInVain ? QTest::currentDataTag() : QString();
+        m_window->statusBar()->clearMessage();
+        QCOMPARE(label("actionFailureLabel"), inVain);
+        QCOMPARE(child<QLabel>("actionFailureLabel")->isVisible(), isInVain);
+        m_bus->setScript(nullptr);
+        button("fimResetButton")->click();
+        WAIT_COMPARE(m_window->statusBar()->currentMessage(), "LDB 03 accepted: FIM reset.");
+        QCOMPARE(label("actionFailureLabel"), QString());
     }
 
     void actionsForAllAreAsked_data()
@@ -732,6 +933,17 @@ private:
         return found;
     }
     QList<MessageBox*> boxes() const { return m_window->findChildren<MessageBox*>(); }
+    QString settingsState() const { return label("settingsStateLabel"); }
+    static void answer(const MessageBox* box, const QString& choice)
+    {
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text() == choice) {
+                button->click();
+                return;
+            }
+        }
+        QFAIL(qPrintable("There is no answer " + choice));
+    }
     QString detail(int row) const
     {
         return child<QTableView>("deviceDetailTableView")->model()->index(row, 1).data().toString();

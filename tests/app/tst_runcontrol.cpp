@@ -30,6 +30,7 @@ QString letters(const EnabledControls& controls)
     text += controls.selection ? "S" : QString();
     text += controls.allActions ? "A" : QString();
     text += controls.singleActions ? "1" : QString();
+    text += controls.settings ? "E" : QString();
     text += controls.outsideService ? "M" : QString();
     return text;
 }
@@ -42,7 +43,7 @@ class TestRunControl : public TestCase
 private slots:
     void situations_data()
     {
-        // Reload, Transfer, Selection, All, 1 = single, M = what service mode forbids
+        // Reload, Transfer, Selection, All, 1 = single, E = settings, M = what service mode forbids
         const Table<LinkSituation, QString> row("situation", "enabled");
         using S = LinkSituation;
         row("stopped", S(), "R");
@@ -50,11 +51,11 @@ private slots:
         row("scanning", with(polling(), &S::initialising), {});
         row("nothing ticked yet", with(polling(LdbState::Disconnected), &S::selected, false),
             "RTSA");
-        row("resting", polling(), "RTSA1M");
-        row("booting", polling(LdbState::Booting), "RTSA1M");
-        row("fault", polling(LdbState::Fault), "RTSA1M");
-        row("service mode", polling(LdbState::ServiceMode), "RTSA1");
-        row("ticked LDB lost", polling(LdbState::Disconnected), "RTS");
+        row("resting", polling(), "RTSA1EM");
+        row("booting", polling(LdbState::Booting), "RTSA1EM");
+        row("fault", polling(LdbState::Fault), "RTSA1EM");
+        row("service mode", polling(LdbState::ServiceMode), "RTSA1E");
+        row("ticked LDB lost", polling(LdbState::Disconnected), "RTSA");
         row("saving", with(polling(), &S::saving), "RT");
         row("exporting", with(polling(), &S::transferring), "S");
         row("exporting in service mode", with(polling(LdbState::ServiceMode), &S::transferring),
@@ -67,6 +68,36 @@ private slots:
     {
         QFETCH(LinkSituation, situation);
         QTEST(letters(enabledControls(situation)), "enabled");
+    }
+
+    void reasons_data()
+    {
+        // Of FIM tracking, which needs most, and of the actions for all
+        const Table<LinkSituation, QString, QString> row("situation", "tracking", "all");
+        using S = LinkSituation;
+        const QString stopped = "Nothing is monitored: click Start first.";
+        const QString scanning = "The bus is being scanned: wait until all LDB's are found.";
+        const QString saving = "Settings are being saved: wait until the LDB has them.";
+        const QString transferring = "Settings are being exported or imported: wait for the end.";
+        row("stopped", S(), stopped, stopped);
+        row("scanning", with(polling(LdbState::Disconnected), &S::initialising), scanning,
+            scanning);
+        row("nothing ticked", with(polling(LdbState::Disconnected), &S::selected, false),
+            "No LDB is selected.", {});
+        row("lost", polling(LdbState::Disconnected), "The selected LDB is not connected.", {});
+        row("saving", with(polling(), &S::saving), saving, saving);
+        row("importing", with(polling(), &S::transferring), transferring, transferring);
+        row("service mode", polling(LdbState::ServiceMode),
+            "The selected LDB is in service mode: end it with LDB Reset first.", {});
+        row("resting", polling(), {}, {});
+    }
+
+    void reasons()
+    {
+        QFETCH(LinkSituation, situation);
+        const EnabledControls controls = enabledControls(situation);
+        QTEST(hindranceText(controls.outsideService.hindrance), "tracking");
+        QTEST(hindranceText(controls.allActions.hindrance), "all");
     }
 };
 

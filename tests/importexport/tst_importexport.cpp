@@ -323,7 +323,9 @@ private slots:
         const Table<QByteArray, QByteArray, QString> row("request", "answer", "failure");
         row("settings unanswered", "737201", kSilence, "its present settings could not be read");
         row("flags refused", "736314", kNak,
-            "not written: fault output, detection and service mode switches (refused)");
+            "not written: General Fault Output (refused), Earth Leakage Detection (refused), "
+            "Earth Wire Open Detection (refused), Start in Service Mode (refused), "
+            "Amplifier Detection (refused)");
         row("name answered with a status", "736302", TestBus::framed(TestBus::status()),
             "not written: Name (no answer); "
             "the LDB reports other values than written: Name (LDB 01)");
