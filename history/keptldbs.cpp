@@ -201,7 +201,7 @@ std::vector<KeptLdb> KeptLdbs::read() const
         return {};
     }
     std::vector<KeptLdb> ldbs;
-    for (const QJsonValue& value : document.object()[kLdbs].toArray()) {
+    for (const auto& value : document.object()[kLdbs].toArray()) {
         const KeptLdb ldb = ldbFrom(value.toObject());
         if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
             ldbs.push_back(ldb);
