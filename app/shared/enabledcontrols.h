@@ -24,6 +24,8 @@ struct Permission
 {
     Hindrance hindrance = Hindrance::NotMonitored;
 
+    // It stands wherever whether is asked, and why only in tooltips.
+    // NOLINTNEXTLINE(google-explicit-constructor)
     operator bool() const { return hindrance == Hindrance::None; }
 };
 

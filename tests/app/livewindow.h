@@ -40,7 +40,7 @@ protected:
 
     QString setLogPath() const
     {
-        const QString path = m_sandbox->path("log.csv");
+        QString path = m_sandbox->path("log.csv");
         child<QLineEdit>("logFilePathText")->setText(path);
         return path;
     }

@@ -893,7 +893,7 @@ private:
     QString exported()
     {
         start();
-        const QString path = m_sandbox->path("out.csv");
+        QString path = m_sandbox->path("out.csv");
         m_window->findChild<SettingsTransfer*>()->exportTo(path);
         waitUntil([this] { return boxes().size() == 1; });
         boxes().constFirst()->accept();

@@ -73,9 +73,9 @@ public:
     {
         for (const QString& step : steps.split(QStringLiteral(", "), Qt::SkipEmptyParts)) {
             const bool isRequest = step.startsWith(QLatin1Char('7'));
-            const QString error = !isRequest ? command(qPrintable(step))
-                                  : ask("FE0A" + step.toLatin1()) != "\x06" ? step
-                                                                            : QString();
+            QString error = !isRequest                                ? command(qPrintable(step))
+                            : ask("FE0A" + step.toLatin1()) != "\x06" ? step
+                                                                      : QString();
             if (!error.isEmpty()) {
                 return error;
             }

@@ -253,7 +253,7 @@ private slots:
         int both = 0;
         bool wasAway = false;
         for (int i = 0; i < kRounds; ++i) {
-            bool isAway[2];
+            bool isAway[2] = {false, false};
             for (const int board : {0, 1}) {
                 run.send(polls[board]);
                 run.run(kSecond / 2);

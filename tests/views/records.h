@@ -45,7 +45,8 @@ inline Monitoring monitored(int seconds = 0)
 {
     Monitoring monitoring;
     monitoring.state = Monitoring::State::Polling;
-    monitoring.now = *generalinformation::clockTime(record(QStringLiteral("01"))) + seconds * 1000;
+    monitoring.now =
+        *generalinformation::clockTime(record(QStringLiteral("01"))) + seconds * 1000LL;
     monitoring.lifetime = 15000;
     return monitoring;
 }
