@@ -376,7 +376,7 @@ void DeviceOverviewTable::colourCell(QStandardItem& item, bool isLive) const
         cellcolours::setColour(item, colour);
     } else {
         const QPalette palette = m_view ? m_view->palette() : QPalette();
-        const QColor ground = palette.color(QPalette::Base);
+        const QColor& ground = palette.color(QPalette::Base);
         cellcolours::setColours(item, cellcolours::faded(colour, ground),
                                 cellcolours::fadedText(palette.color(QPalette::Text), ground));
     }
