@@ -79,11 +79,17 @@ void checkRows(const LdbStatus& status)
                                               QStringLiteral("2026-11-14: 21:15:30"),
                                               QStringLiteral("2026-11-14: 21:15:30:123"));
     require(rows.size() == RowCount, "there are all rows");
+    require(integer(rows, ModeRow) == static_cast<int>(status.state), "the mode is the state");
+    if (isLost(rows)) {
+        for (int row = LoopRow; row <= AmplifierRow; ++row) {
+            require(rows[row].constFirst() == kNoValue, "a lost LDB shows no value");
+        }
+        return;
+    }
     for (const QStringList& row : rows) {
         require(row.size() > ValueColumn && !row.constFirst().isEmpty(),
                 "every row has a text and a value");
     }
-    require(integer(rows, ModeRow) == static_cast<int>(status.state), "the mode is the state");
     const int loop = integer(rows, LoopRow);
     const int earth = integer(rows, EarthRow);
     require(loop >= 0 && loop <= kMaxLoopState, "loop code in range");
