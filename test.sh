@@ -20,7 +20,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 source scripts/packages.sh
 
 fuzz_seconds=60 # each target
-source_folders=(app benchmarks docs fuzz importexport resources serial simulator tests tracking
+source_folders=(app benchmarks docs fuzz history importexport resources serial simulator tests tracking
     views)
 
 # stage NAME COMMAND...: runs it and prints the time it took.
