@@ -139,7 +139,7 @@ void TestBadHour::setPresent(const QStringList& hexIds, bool isPresent)
 QString TestBadHour::happen()
 {
     auto* startButton = child<QPushButton>("startButton");
-    const QString hexId = kLdbs.at(below(kLdbs.size()));
+    const QString& hexId = kLdbs.at(below(kLdbs.size()));
     Ldb& ldb = m_ldbs[hexId];
     const int what = below(20);
     if (what < 9) {
