@@ -1,11 +1,12 @@
 #include "views/tables/deviceoverviewtable.h"
 
 #include "views/header/hierarchicalheaderview.h"
-#include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolours.h"
 #include "views/tables/overviewcolumns.h"
 #include "views/tables/overviewdelegates.h"
+#include "views/tables/overviewfilter.h"
 #include "views/tables/overviewlayout.h"
+#include "views/tables/overviewrows.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -22,8 +23,6 @@ namespace {
 
 // A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
-
-constexpr int kFitDelay = 100; // ms
 
 /// What a cell is sorted by; the rows without a value stand together at one end.
 QVariant sortNumber(int recordRow, const QStringList& entry)
@@ -86,7 +85,7 @@ void DeviceOverviewTable::setupTable()
 {
     // The columns are there before the first row, so that an empty table shows what it will hold.
     m_model.setColumnCount(overview::ColumnCount);
-    m_proxy = std::make_unique<ProxyModelHierachicalHeader>();
+    m_proxy = std::make_unique<OverviewFilter>();
     m_proxy->setSourceModel(&m_model);
     m_proxy->setHorizontalHeaderModel(&m_headerModel);
     m_proxy->setVerticalHeaderModel(&m_headerModel);
@@ -130,14 +129,7 @@ void DeviceOverviewTable::setupHeader()
     header->setSectionsClickable(true);
     header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
     m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    m_fitTimer.setSingleShot(true);
-    m_fitTimer.setInterval(kFitDelay);
-    connect(header, &QHeaderView::sectionResized, &m_fitTimer, qOverload<>(&QTimer::start));
-    connect(&m_fitTimer, &QTimer::timeout, this, [this] {
-        if (m_view) {
-            m_view->resizeRowsToContents();
-        }
-    });
+    m_rows = new OverviewRows(m_view, m_proxy.get(), this);
 }
 
 void DeviceOverviewTable::retranslate()
@@ -181,15 +173,14 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
     Q_ASSERT(QThread::currentThread() == thread());
     m_times.insert(hexId, generalinformation::clockTime(dataList));
     const int row = m_rowOfLdb.value(hexId, kNoRow);
-    const bool isNewRow = row == kNoRow;
-    if (isNewRow) {
+    if (row == kNoRow) {
         appendRow(hexId, dataList);
     } else {
         refreshRow(row, dataList);
     }
     showLiveness(m_rowOfLdb.value(hexId));
     colourRow(m_rowOfLdb.value(hexId));
-    settleSelection(hexId, isNewRow);
+    settleSelection(hexId);
 }
 
 void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringList>& dataList)
@@ -211,6 +202,7 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
     if (dataList.size() < kMinimumEntries) {
         return;
     }
+    OverviewFilter::note(*m_model.item(row, overview::TickColumn), dataList);
     const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
     bool isFitDue = false;
     for (int recordRow = 0; recordRow < entries; ++recordRow) {
@@ -233,24 +225,40 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
         }
     }
     if (isFitDue) {
-        fitRow(row);
+        m_rows->fit(row);
     }
     if (row == m_selectedRow) {
         announceRow(row, true);
     }
 }
 
-void DeviceOverviewTable::settleSelection(const QString& hexId, bool isNewRow)
+void DeviceOverviewTable::settleSelection(const QString& hexId)
 {
-    if (m_selectedRow != kNoRow) {
-        return;
-    }
     const bool isAwaited = m_selectedHexId.isEmpty() || hexId == m_selectedHexId;
-    if (isAwaited) {
+    if (m_selectedRow == kNoRow && isAwaited) {
         tick(m_rowOfLdb.value(hexId));
-    } else if (!isNewRow) {
-        tick(0);
     }
+}
+
+void DeviceOverviewTable::beginRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_isRoundWhole = true;
+}
+
+void DeviceOverviewTable::endRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_selectedRow == kNoRow && m_isRoundWhole && m_model.rowCount() > 0) {
+        tickFirst();
+    }
+}
+
+/// The first one shown, where one is.
+void DeviceOverviewTable::tickFirst()
+{
+    const QModelIndex first = m_proxy->index(0, overview::TickColumn);
+    tick(first.isValid() ? m_proxy->mapToSource(first).row() : 0);
 }
 
 bool DeviceOverviewTable::selectLdb(const QString& hexId)
@@ -365,7 +373,7 @@ void DeviceOverviewTable::showAge(int row, const QString& age)
     QStandardItem* mode = m_model.item(row, overview::ModeColumn);
     if (mode != nullptr &&
         cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
-        fitRow(row);
+        m_rows->fit(row);
     }
 }
 
@@ -379,14 +387,6 @@ void DeviceOverviewTable::colourCell(QStandardItem& item, bool isLive) const
         const QColor& ground = palette.color(QPalette::Base);
         cellcolours::setColours(item, cellcolours::faded(colour, ground),
                                 cellcolours::fadedText(palette.color(QPalette::Text), ground));
-    }
-}
-
-/// Makes a row as high as its texts are, which may take more than one line.
-void DeviceOverviewTable::fitRow(int row)
-{
-    if (m_view) {
-        m_view->resizeRowToContents(m_proxy->mapFromSource(m_model.index(row, 0)).row());
     }
 }
 
@@ -423,6 +423,7 @@ QStringList DeviceOverviewTable::lostLdbs() const
 
 void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
 {
+    m_isRoundWhole = false;
     const QString ticked = m_selectedRow == kNoRow ? QString() : hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
     for (int row = m_model.rowCount() - 1; row >= 0; --row) {
@@ -439,7 +440,7 @@ void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
     if (m_rowOfLdb.contains(ticked)) {
         m_selectedRow = m_rowOfLdb.value(ticked);
     } else if (!ticked.isEmpty() && m_model.rowCount() > 0) {
-        tick(m_proxy->mapToSource(m_proxy->index(0, overview::TickColumn)).row());
+        tickFirst();
     }
 }
 
