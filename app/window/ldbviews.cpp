@@ -45,6 +45,7 @@ void LdbViews::makeViews()
 {
     m_details = new DeviceDetailTable(m_ui.deviceDetailTableView, this);
     m_overview = new DeviceOverviewTable(m_ui.deviceOverviewTableView, this);
+    m_ui.overviewBar->setView(m_ui.deviceOverviewTableView);
     m_muteMarks = new MuteMarks(m_ui.deviceOverviewTableView->model(),
                                 m_ui.deviceDetailTableView->model(), this);
     m_plot = new MainWindowPlot(m_ui.plotContainer, this);
@@ -158,5 +159,6 @@ void LdbViews::retranslate()
 void LdbViews::save() const
 {
     m_overview->saveTableState();
+    m_ui.overviewBar->save();
     m_ui.logTab->save();
 }

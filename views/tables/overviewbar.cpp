@@ -179,14 +179,12 @@ bool OverviewBar::eventFilter(QObject* watched, QEvent* event)
         return QWidget::eventFilter(watched, event);
     }
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Escape) {
-        if (m_text->text().isEmpty() && watched == m_text) {
-            goToTable();
-        }
+    if (key == Qt::Key_Escape && !m_text->text().isEmpty()) {
         m_text->clear();
         return true;
     }
-    const bool isWayDown = key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool isWayDown = key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter ||
+                           key == Qt::Key_Escape;
     if (watched == m_text && isWayDown) {
         goToTable();
         return true;
