@@ -80,7 +80,7 @@ private slots:
         row("one that has missed its turn still counts", "01:0 02:4 | 01:0 | 01:0 02:0 |",
             "0 2 2 2 2 2 2 0");
         row("one that is lost does not", "01:4 | 01:16 |", "2 2 2 0");
-        row("one that has gone for good does not", "01:0 02:4 | x | 01:0 |", "0 2 2 2 2 2 0");
+        row("one that has gone for good does not", "01:0 02:4 | x | 01:0 |", "0 2 2 2 0 0 0");
     }
 
     void rounds()
