@@ -36,9 +36,9 @@ private:
 /// never disagree.
 LampLevels lampLevels(const QList<QStringList>& dataList);
 
-/// Folds the records of all LDBs into what the lamps show. A lamp lights with the record that raises
-/// it and goes dark at a round's end only, which is told: one that was raised in the round stays
-/// lit, and so does one whose LDB has missed its turn.
+/// Folds the records of all LDBs into what the lamps show. A lamp lights with the record that
+/// raises it and goes dark at a round's end only, which is told: one that was raised in the round
+/// stays lit, and so does one whose LDB has missed its turn.
 class BusCondition
 {
 public:

@@ -38,7 +38,8 @@ struct LampWidgets
 /// The front panel: four lamps that sum up the bus, and a tool box page for each that names the
 /// LDBs behind it: one entry an LDB with id, name and condition, in the order of the addresses. A
 /// page without a lamp names those that are lost or in fault. A click on a lamp opens its page. The
-/// pages follow every record at once, where the lamps wait for a round's end to go dark. GUI thread.
+/// pages follow every record at once, where the lamps wait for a round's end to go dark. GUI
+/// thread.
 class LampPanel : public QObject
 {
     Q_OBJECT

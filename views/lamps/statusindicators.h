@@ -26,9 +26,9 @@ QPixmap drawUnknown();
 
 /// Drives the four round lamps that sum up the whole bus: each is off, blinks slowly (1 Hz) or
 /// blinks fast (4 Hz). A lamp lights at once with the record that raises it and goes dark at a
-/// round's end. While the bus is not monitored all are hatched, and so is an unlit one until a whole
-/// round has found nothing: a dark lamp says that all is well. Every lamp also says its state in
-/// words, by tool tip and accessible text. GUI thread only.
+/// round's end. While the bus is not monitored all are hatched, and so is an unlit one until a
+/// whole round has found nothing: a dark lamp says that all is well. Every lamp also says its state
+/// in words, by tool tip and accessible text. GUI thread only.
 class StatusIndicators : public QObject
 {
     Q_OBJECT

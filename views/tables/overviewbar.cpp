@@ -112,7 +112,8 @@ void OverviewBar::choose()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     if (m_filter != nullptr) {
-        m_filter->setChoice({m_text->text(), m_onlyFaults->isChecked(), m_faultsFirst->isChecked()});
+        m_filter->setChoice(
+            {m_text->text(), m_onlyFaults->isChecked(), m_faultsFirst->isChecked()});
     }
 }
 

@@ -18,8 +18,8 @@ class OverviewBar : public QWidget
 public:
     explicit OverviewBar(QWidget* parent = nullptr);
 
-    /// Filters what `view` shows, which a `DeviceOverviewTable` has set up, as the user has left it;
-    /// makes type-ahead work there. The view outlives this widget. To be called once.
+    /// Filters what `view` shows, which a `DeviceOverviewTable` has set up, as the user has left
+    /// it; makes type-ahead work there. The view outlives this widget. To be called once.
     void setView(QTableView* view);
 
     /// Stores the user's choice in the per-user settings.
