@@ -24,6 +24,8 @@ namespace {
 // A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
 
+constexpr int kRowMargin = 4; // above and below a line of text, pixels
+
 /// What a cell is sorted by; the rows without a value stand together at one end.
 QVariant sortNumber(int recordRow, const QStringList& entry)
 {
@@ -103,7 +105,10 @@ void DeviceOverviewTable::setupTable()
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     // A sum of faults takes more than one line.
     m_view->setWordWrap(true);
-    m_view->verticalHeader()->setMinimumSectionSize(m_view->verticalHeader()->defaultSectionSize());
+    // As many rows as can be read: a large site has 253.
+    const int height = m_view->fontMetrics().height() + 2 * kRowMargin;
+    m_view->verticalHeader()->setMinimumSectionSize(height);
+    m_view->verticalHeader()->setDefaultSectionSize(height);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_view, &QWidget::customContextMenuRequested, this, &DeviceOverviewTable::openMenu);
     connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
