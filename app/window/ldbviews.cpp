@@ -65,8 +65,9 @@ void LdbViews::feed(Attention* attention)
         follow(view, process);
         connect(m_link, &SerialLink::extraInformationUpdated, view, process);
     };
-    followAll(m_details, &DeviceDetailTable::processData);
+    // First: the record that makes an LDB the selected one is shown by the others, too.
     followAll(m_overview, &DeviceOverviewTable::processData);
+    followAll(m_details, &DeviceDetailTable::processData);
     follow(m_ui.logTab, &LogPanel::processData);
     follow(m_plot, &MainWindowPlot::processData);
     connect(m_link, &SerialLink::extraInformationUpdated, m_plot, &MainWindowPlot::processExtra);

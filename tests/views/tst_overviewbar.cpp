@@ -153,6 +153,13 @@ private slots:
         QCOMPARE(overview.counts(), "2 of 3");
 
         overview.onlyFaults->click();
+        // Those that are known and have not been heard yet are missing as well.
+        Monitoring monitoring = records::monitored();
+        monitoring.known = 4;
+        overview.table->setMonitoring(monitoring);
+        QCOMPARE(overview.counts(), "3 of 4");
+        monitoring.known = 3;
+        overview.table->setMonitoring(monitoring);
         overview.text->setText("none such");
         QCOMPARE(overview.counts(), "1 of 3, 1 faults hidden");
         overview.poll("01", kLost);
@@ -160,6 +167,8 @@ private slots:
         overview.poll("02");
         QCOMPARE(overview.counts(), "1 of 3, 1 faults hidden");
         overview.table->keepOnly({"02", "FD"});
+        monitoring.known = 2;
+        overview.table->setMonitoring(monitoring);
         QCOMPARE(overview.counts(), "1 of 2");
         // Another one is ticked, though none that is left is shown.
         overview.table->keepOnly({"02"});

@@ -346,6 +346,7 @@ void DeviceOverviewTable::setMonitoring(const Monitoring& monitoring)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_monitoring = monitoring;
+    m_proxy->setKnown(monitoring.known);
     for (int row = 0; row < m_model.rowCount(); ++row) {
         showLiveness(row);
     }

@@ -8,6 +8,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -78,13 +79,21 @@ void OverviewFilter::setChoice(const Choice& choice)
     emit countsChanged();
 }
 
+void OverviewFilter::setKnown(int ldbs)
+{
+    if (std::exchange(m_known, ldbs) != ldbs) {
+        emit countsChanged();
+    }
+}
+
 OverviewFilter::Counts OverviewFilter::counts() const
 {
     const QAbstractItemModel& source = *sourceModel();
     Counts counts;
     counts.shown = rowCount();
-    counts.all = source.rowCount();
-    for (int row = 0; row < counts.all; ++row) {
+    const int rows = source.rowCount();
+    counts.all = std::max(rows, m_known);
+    for (int row = 0; row < rows; ++row) {
         const QModelIndex tickCell = source.index(row, overview::TickColumn);
         if (isFaultyRow(tickCell) && !mapFromSource(tickCell).isValid()) {
             ++counts.hiddenFaults;

@@ -24,7 +24,7 @@ public:
     struct Counts
     {
         int shown = 0;
-        int all = 0;
+        int all = 0;          ///< known LDBs; some may not have a row yet
         int hiddenFaults = 0; ///< rows of faulty LDBs that are not shown
     };
 
@@ -34,6 +34,9 @@ public:
 
     const Choice& choice() const { return m_choice; }
     void setChoice(const Choice& choice);
+
+    /// How many LDBs are known.
+    void setKnown(int ldbs);
 
     Counts counts() const;
     /// The ticked row as shown; invalid where none is ticked.
@@ -58,4 +61,5 @@ private:
 
     Choice m_choice;
     QStringList m_words; ///< of the text chosen
+    int m_known = 0;
 };
