@@ -41,6 +41,12 @@ QVariant sortNumber(int recordRow, const QStringList& entry)
     return isNumber ? number : QVariant();
 }
 
+/// How many cells a record fills; what is beyond the known ones is ignored.
+int entriesOf(const QList<QStringList>& dataList)
+{
+    return std::min<int>(dataList.size(), generalinformation::RowCount);
+}
+
 QStandardItem* newItem()
 {
     auto* item = new QStandardItem;
@@ -188,15 +194,24 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
     settleSelection(hexId);
 }
 
+/// The row comes with all its cells: each that came later would be filtered, sorted and laid out
+/// again.
 void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringList>& dataList)
 {
     QStandardItem* tickItem = newItem();
     tickItem->setCheckable(true);
     tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
     tickItem->setData(hexId, overview::HexIdRole);
+    QList<QStandardItem*> cells{tickItem};
+    if (dataList.size() >= kMinimumEntries) {
+        OverviewFilter::note(*tickItem, dataList);
+        for (int recordRow = 0; recordRow < entriesOf(dataList); ++recordRow) {
+            cells.append(newDataItem());
+            fillCell(*cells.last(), recordRow, dataList.at(recordRow));
+        }
+    }
     m_rowOfLdb.insert(hexId, m_model.rowCount());
-    m_model.appendRow(tickItem);
-    refreshRow(m_model.rowCount() - 1, dataList);
+    m_model.appendRow(cells);
     if (!m_layout->isLoaded()) {
         m_layout->load();
     }
@@ -208,23 +223,15 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
         return;
     }
     OverviewFilter::note(*m_model.item(row, overview::TickColumn), dataList);
-    const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
     bool isFitDue = false;
-    for (int recordRow = 0; recordRow < entries; ++recordRow) {
+    for (int recordRow = 0; recordRow < entriesOf(dataList); ++recordRow) {
         const int column = overview::columnOf(recordRow);
         QStandardItem* item = m_model.item(row, column);
-        const bool isNew = item == nullptr;
+        const bool isNew = item == nullptr; // the record before was a short one
         if (isNew) {
             item = newDataItem();
         }
-        const QStringList& entry = dataList.at(recordRow);
-        const QString text = entry.value(generalinformation::TextColumn);
-        const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item->text());
-        isFitDue = (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
-        cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
-        const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
-        cellcolours::update(*item, overview::RuleColourRole,
-                            colour.isValid() ? QVariant(colour) : QVariant());
+        isFitDue = fillCell(*item, recordRow, dataList.at(recordRow)) || isFitDue;
         if (isNew) {
             m_model.setItem(row, column, item);
         }
@@ -235,6 +242,20 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
     if (row == m_selectedRow) {
         announceRow(row, true);
     }
+}
+
+/// Whether the cell may need another height.
+bool DeviceOverviewTable::fillCell(QStandardItem& item, int recordRow,
+                                   const QStringList& entry) const
+{
+    const QString text = entry.value(generalinformation::TextColumn);
+    const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item.text());
+    const bool isOther = cellcolours::update(item, Qt::DisplayRole, text);
+    cellcolours::update(item, overview::NumberRole, sortNumber(recordRow, entry));
+    const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
+    cellcolours::update(item, overview::RuleColourRole,
+                        colour.isValid() ? QVariant(colour) : QVariant());
+    return isOther && mayNeedRoom;
 }
 
 void DeviceOverviewTable::settleSelection(const QString& hexId)

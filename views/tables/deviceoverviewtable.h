@@ -92,6 +92,7 @@ private:
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
+    bool fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
 
     void showLiveness(int row);
     void showAge(int row, const QString& age);

@@ -130,16 +130,16 @@ bool OverviewFilter::filterAcceptsRow(int sourceRow, const QModelIndex& sourcePa
 
 bool OverviewFilter::hasWords(int sourceRow) const
 {
-    if (m_words.isEmpty()) {
-        return true;
-    }
-    QString text;
-    for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
-        text += searchedText(sourceModel()->index(sourceRow, column)) + QLatin1Char('\n');
-    }
-    return std::all_of(m_words.begin(), m_words.end(), [&text](const QString& word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    });
+    const auto isSomewhere = [this, sourceRow](const QString& word) {
+        for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
+            const QModelIndex cell = sourceModel()->index(sourceRow, column);
+            if (searchedText(cell).contains(word, Qt::CaseInsensitive)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    return std::all_of(m_words.begin(), m_words.end(), isSomewhere);
 }
 
 bool OverviewFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const
