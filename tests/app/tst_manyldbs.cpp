@@ -27,7 +27,7 @@ QStringList manyLdbs()
 
 /// The whole window on a large site: what is different where a round takes long, and where more
 /// rows are there than fit.
-class TestLargeSite : public LiveWindow
+class TestManyLdbs : public LiveWindow
 {
     Q_OBJECT
 private slots:
@@ -135,5 +135,5 @@ private:
     QString lamp() const { return child<QLabel>("lampBLabel")->accessibleName(); }
 };
 
-REGISTER_TEST(TestLargeSite, InVirtualTime<QApplication>)
-#include "tst_largesite.moc"
+REGISTER_TEST(TestManyLdbs, InVirtualTime<QApplication>)
+#include "tst_manyldbs.moc"
