@@ -47,6 +47,7 @@ void OverviewFilter::setSourceModel(QAbstractItemModel* model)
             [this](const QModelIndex& first, const QModelIndex&, const QVector<int>& roles) {
                 processChange(first, roles);
             });
+    connect(model, &QAbstractItemModel::rowsInserted, this, &OverviewFilter::countsChanged);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &OverviewFilter::countsChanged);
     connect(this, &QAbstractItemModel::rowsInserted, this, &OverviewFilter::countsChanged);
     connect(this, &QAbstractItemModel::rowsRemoved, this, &OverviewFilter::countsChanged);
