@@ -111,14 +111,12 @@ void OverviewRows::fitSome()
     }
 }
 
-/// Whether the row had to be measured.
-bool OverviewRows::fitRow(int row)
+/// Measures a row where that is due.
+void OverviewRows::fitRow(int row)
 {
-    const bool isDue = m_unfit.remove(m_rows->mapToSource(m_rows->index(row, 0)).row());
-    if (isDue) {
+    if (m_unfit.remove(m_rows->mapToSource(m_rows->index(row, 0)).row())) {
         m_view->resizeRowToContents(row);
     }
-    return isDue;
 }
 
 bool OverviewRows::isTickedInSight() const

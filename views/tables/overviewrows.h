@@ -30,7 +30,7 @@ public:
 private:
     void work();
     void fitSome();
-    bool fitRow(int row);
+    void fitRow(int row);
     bool isTickedInSight() const;
     void beginChange();
     void endChange();
