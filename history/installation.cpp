@@ -6,6 +6,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -161,6 +162,18 @@ QString Installations::save(const Installation& installation) const
         return Texts::tr("The folder %1 cannot be made.").arg(QDir::toNativeSeparators(folder));
     }
     return write(filePathIn(folder), installationfile::encode(installation, true));
+}
+
+void Installations::removeBare(const QString& id) const
+{
+    const QString folder = folderOf(id);
+    const QString path = filePathIn(folder);
+    const QStringList entries =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    if (entries == QStringList{QFileInfo(path).fileName()}) {
+        QFile::remove(path);
+        QDir().rmdir(folder);
+    }
 }
 
 QString Installations::freeId() const

@@ -56,6 +56,8 @@ public:
     /// What is written on disk under its id, which must not be empty. Gives an empty text, or why
     /// it could not be written: what was there before is there still.
     QString save(const Installation& installation) const;
+    /// Takes its file away, with its folder, unless something else of it is kept there.
+    void removeBare(const QString& id) const;
     /// An id whose folder is not there yet.
     QString freeId() const;
     /// Where what belongs to an installation lies: created with the first that is kept there.
