@@ -163,35 +163,58 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     emit changed();
 }
 
-void InstallationControl::edit(Installation edited)
+QString InstallationControl::add(Installation installation)
 {
-    if (edited.id.isEmpty()) {
-        edited.id = m_store.freeId();
+    installation.id = m_store.freeId();
+    if (installation.id == m_current.id) {
+        save(); // its folder is not there yet
+        installation.id = m_store.freeId();
     }
-    if (edited.id == m_current.id) {
-        m_current.name = edited.name;
-        m_current.place = edited.place;
-        m_current.notes = edited.notes;
-        m_current.ldbs = edited.ldbs;
-        save();
-    } else {
-        const QString reason = m_store.save(edited);
-        if (!reason.isEmpty()) {
-            emit failed(reason);
-        }
-    }
-    emit changed();
+    store(installation);
+    return installation.id;
 }
 
-void InstallationControl::forget(const QStringList& hexIds)
+void InstallationControl::describe(const Installation& described)
 {
-    bool isChanged = false;
-    for (const QString& hexId : hexIds) {
-        isChanged = m_current.forget(hexId) || isChanged;
-    }
-    if (isChanged) {
-        m_saving.start(kSaveAfter);
+    change(described.id, [&](Installation& installation) {
+        installation.name = described.name;
+        installation.place = described.place;
+        installation.notes = described.notes;
+    });
+}
+
+void InstallationControl::forget(const QString& id, const QStringList& hexIds)
+{
+    change(id, [&](Installation& installation) {
+        for (const QString& hexId : hexIds) {
+            installation.forget(hexId);
+        }
+    });
+}
+
+void InstallationControl::change(const QString& id,
+                                 const std::function<void(Installation&)>& change)
+{
+    if (id == m_current.id) {
+        change(m_current);
+        save();
         emit changed();
+        return;
+    }
+    std::vector<Installation> installations = all();
+    for (Installation& installation : installations) {
+        if (installation.id == id) {
+            change(installation);
+            store(installation);
+        }
+    }
+}
+
+void InstallationControl::store(const Installation& installation)
+{
+    const QString reason = m_store.save(installation);
+    if (!reason.isEmpty() && std::exchange(m_failure, reason) != reason) {
+        emit failed(reason);
     }
 }
 
@@ -307,7 +330,8 @@ void InstallationControl::recognise()
     m_isCompared = true;
     int most = 0;
     QString id;
-    for (const Installation& installation : all()) {
+    const std::vector<Installation> installations = all();
+    for (const Installation& installation : installations) {
         SiteCheck check(installation.ldbs);
         for (const KnownLdb& ldb : m_current.ldbs) {
             check.processName(ldb.hexId, ldb.name);
@@ -330,8 +354,5 @@ void InstallationControl::save()
     if (m_current.id.isEmpty() || !isKept) {
         return;
     }
-    const QString reason = m_store.save(m_current);
-    if (!reason.isEmpty() && std::exchange(m_failure, reason) != reason) {
-        emit failed(reason);
-    }
+    store(m_current);
 }

@@ -44,10 +44,13 @@ public:
     /// The user says that the bus at that port is this one; empty for one that is not known yet.
     void choose(const QString& id, const PortIdentity& port);
 
-    /// Replaces name, place, notes and LDBs of the one of that id; makes one of an empty id.
-    void edit(Installation edited);
-    /// The user has given these up.
-    void forget(const QStringList& hexIds);
+    // The user changes what is remembered:
+    /// Keeps a new one, under an id of its own, which it gives; it is not in force.
+    QString add(Installation installation);
+    /// Takes name, place and notes for the one of the same id.
+    void describe(const Installation& described);
+    /// The one of that id has these no more.
+    void forget(const QString& id, const QStringList& hexIds);
 
 signals:
     /// Another one is in force, or something of it has changed.
@@ -81,6 +84,8 @@ private:
     void processStop();
     void decide(SiteCheck::Verdict verdict);
     void recognise();
+    void change(const QString& id, const std::function<void(Installation&)>& change);
+    void store(const Installation& installation);
     void save();
 
     SerialLink* m_link;

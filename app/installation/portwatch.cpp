@@ -51,7 +51,9 @@ PortWatch::Verdict PortWatch::look(const std::vector<PortIdentity>& ports, bool 
         return isNew ? Verdict{Verdict::Kind::Ask, names} : Verdict();
     }
     m_asked.clear();
-    return names.isEmpty() || now < m_nextTry ? Verdict() : Verdict{Verdict::Kind::Try, names};
+    // A clock that was set back must not make the pause longer.
+    const bool isPause = now < m_nextTry && m_nextTry - now <= kLongestPause;
+    return names.isEmpty() || isPause ? Verdict() : Verdict{Verdict::Kind::Try, names};
 }
 
 void PortWatch::processFailure(qint64 now)

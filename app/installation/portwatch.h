@@ -28,7 +28,7 @@ public:
     static constexpr qint64 kLongAway = 600000;
 
     PortWatch() = default;
-    /// `lost` died at `now` (ms, of any clock that does not jump); `before`: the ports that there
+    /// `lost` died at `now` (ms since 1970 UTC); `before`: the ports that there
     /// were while it lived.
     PortWatch(PortIdentity lost, const std::vector<PortIdentity>& before, qint64 now);
 
