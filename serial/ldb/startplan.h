@@ -4,23 +4,22 @@
 
 #include <vector>
 
-/// An LDB as it is remembered.
+/// An LDB that is remembered from an earlier run. `name` may be empty.
 struct KnownLdb
 {
     QString hexId;
-    QString name; ///< may be empty
+    QString name;
 };
 
-/// How a run begins.
+/// How a run finds its LDBs. A plain value.
 struct StartPlan
 {
     enum class Kind
     {
-        Scan,  ///< probes every address
-        Known, ///< lists `ldbs` as awaited and probes them first
-        Resume ///< polls at once whom the conversation knows
+        Scan,   ///< all addresses are probed before anything is polled
+        Known,  ///< `ldbs` are listed at once and probed first, the other addresses behind them
+        Resume, ///< goes on with the LDBs of the run before, without a search
     };
-
     Kind kind = Kind::Scan;
-    std::vector<KnownLdb> ldbs = {}; ///< for `Kind::Known`, in the order of addresses
+    std::vector<KnownLdb> ldbs; ///< only for `Known`; with none of them it is a `Scan`
 };
