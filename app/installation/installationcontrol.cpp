@@ -51,7 +51,7 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
         if (m_state == State::Checking) {
             decide(m_check.lastVerdict());
         }
-        m_check = {};
+        m_check = SiteCheck();
     });
     m_saving.setSingleShot(true);
     connect(&m_saving, &QTimer::timeout, this, &InstallationControl::save);
@@ -81,12 +81,9 @@ StartPlan InstallationControl::planFor(const PortIdentity& port)
     beginRun(port);
     m_isNew = last == nullptr;
     m_isCompared = false;
+    setCurrent(m_isNew ? Installation() : *last);
     if (m_isNew) {
-        m_current = {};
-        m_current.id = m_store.freeId();
         useOn(port);
-    } else {
-        m_current = *last;
     }
     return checkCurrent();
 }
@@ -104,7 +101,7 @@ StartPlan InstallationControl::planAgain(const PortIdentity& port, bool isLongAw
     setState(State::Settled);
     m_check = SiteCheck(m_current.ldbs);
     m_patience.start(kPatience);
-    return {StartPlan::Kind::Resume};
+    return {StartPlan::Kind::Resume, {}};
 }
 
 void InstallationControl::beginRun(const PortIdentity& port)
@@ -138,19 +135,15 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
         return;
     }
     const Installation former = m_current;
-    if (id.isEmpty()) {
+    if (id.isEmpty() || id != m_current.id) {
         save();
-        m_current = {};
-        m_current.id = m_store.freeId();
-    } else if (id != m_current.id) {
-        save();
-        m_current = *chosen;
+        setCurrent(id.isEmpty() ? Installation() : *chosen);
     }
     if (m_isNew && former.id != m_current.id && former.title() == former.id) {
         m_store.removeBare(former.id); // made at this start, for the one that is chosen now
     }
     m_isNew = false;
-    m_check = {};
+    m_check = SiteCheck();
     m_port = port;
     useOn(port);
     if (m_link->isRunning()) {
@@ -218,6 +211,19 @@ void InstallationControl::store(const Installation& installation)
     }
 }
 
+/// One without an id gets one.
+void InstallationControl::setCurrent(const Installation& installation)
+{
+    const QString former = m_current.id;
+    m_current = installation;
+    if (m_current.id.isEmpty()) {
+        m_current.id = m_store.freeId();
+    }
+    if (m_current.id != former) {
+        emit replaced();
+    }
+}
+
 void InstallationControl::setState(State state)
 {
     m_patience.stop();
@@ -268,7 +274,8 @@ void InstallationControl::processRecord(const QString& hexId, const QList<QStrin
         m_saving.start(kSaveAfter);
         emit changed();
     }
-    if (m_isNew && !m_isCompared && m_hasScanned && m_told.size() >= m_link->connectedLdbs().size()) {
+    if (m_isNew && !m_isCompared && m_hasScanned &&
+        m_told.size() >= m_link->connectedLdbs().size()) {
         recognise();
     }
 }
@@ -309,12 +316,12 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
     case SiteCheck::Verdict::Open:
         break;
     case SiteCheck::Verdict::Same:
-        m_check = {};
+        m_check = SiteCheck();
         useOn(m_port);
         setState(State::Settled);
         break;
     case SiteCheck::Verdict::Another:
-        m_check = {};
+        m_check = SiteCheck();
         setState(State::Asking);
         if (!m_hasScanned) {
             m_link->rescan();

@@ -53,6 +53,8 @@ public:
     void forget(const QString& id, const QStringList& hexIds);
 
 signals:
+    /// Another one is in force; comes before `changed()`.
+    void replaced();
     /// Another one is in force, or something of it has changed.
     void changed();
     /// `isSettled()` has changed.
@@ -73,6 +75,7 @@ private:
         Settled
     };
 
+    void setCurrent(const Installation& installation);
     void setState(State state);
     void useOn(const PortIdentity& port);
     void beginRun(const PortIdentity& port);
@@ -95,11 +98,11 @@ private:
     PortIdentity m_port; ///< of the run, or of the last one
     State m_state = State::Idle;
     bool m_isScanning = false;
-    bool m_hasScanned = false; ///< in this run
-    bool m_mayResume = false;  ///< the last run ended settled, and not in a scan
-    bool m_isNew = false;      ///< made at this start: the bus may be that of one remembered
-    bool m_isCompared = false; ///< a new one, with all that are remembered
-    SiteCheck m_check;         ///< against nothing, once it has been decided
+    bool m_hasScanned = false;  ///< in this run
+    bool m_mayResume = false;   ///< the last run ended settled, and not in a scan
+    bool m_isNew = false;       ///< made at this start: the bus may be that of one remembered
+    bool m_isCompared = false;  ///< a new one, with all that are remembered
+    SiteCheck m_check;          ///< against nothing, once it has been decided
     QHash<QString, int> m_told; ///< how often each LDB has told its name in this run
     QTimer m_patience;
     QTimer m_saving;

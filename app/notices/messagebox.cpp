@@ -50,7 +50,7 @@ void MessageBox::setDefaultChoice(int choice)
 }
 
 MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
-                             const QString& name)
+                             const QString& name, Qt::WindowModality modality)
 {
     MessageBox* box = name.isEmpty() ? nullptr : find(parent, name);
     if (box == nullptr) {
@@ -60,7 +60,11 @@ MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxT
         box->m_compose = compose;
         box->refresh();
     }
-    box->open();
+    if (modality == Qt::NonModal) {
+        box->show();
+    } else {
+        box->open();
+    }
     return box;
 }
 

@@ -109,9 +109,20 @@ void LdbWork::setSelectedLdb(const QString& hexId)
     m_ui.ldbSettingsEditor->requestSettings();
 }
 
+void LdbWork::setKept(const KeptLdbs& kept)
+{
+    m_putBack->setKept(kept);
+}
+
+void LdbWork::holdPutBack(bool isHeld)
+{
+    m_putBack->hold(isHeld);
+}
+
 void LdbWork::startFaultFinding()
 {
-    m_tracking = new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window);
+    m_tracking =
+        new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window, m_putBack->kept());
     m_putBack->follow(m_tracking);
     connect(m_tracking, &QObject::destroyed, this, [this] {
         m_tracking.clear(); // a widget tells of its end before it is known to be gone
