@@ -149,7 +149,7 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     if (m_link->isRunning()) {
         setState(State::Settled);
         if (!m_hasScanned && !m_isScanning) {
-            m_link->rescan();
+            emit scanWanted();
         }
     }
     save();
@@ -324,7 +324,7 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
         m_check = SiteCheck();
         setState(State::Asking);
         if (!m_hasScanned) {
-            m_link->rescan();
+            emit scanWanted();
         }
         emit anotherFound();
         break;

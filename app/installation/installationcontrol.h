@@ -59,8 +59,10 @@ signals:
     void changed();
     /// `isSettled()` has changed.
     void settledChanged();
-    /// What answers is not what is remembered: the user has to say what it is; the bus is scanned.
+    /// What answers is not what is remembered: the user has to say what it is.
     void anotherFound();
+    /// The whole bus is to be scanned.
+    void scanWanted();
     /// What answers on a port that was never used is remembered by that id.
     void recognised(const QString& id);
     /// Something could not be written or read.

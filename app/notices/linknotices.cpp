@@ -36,7 +36,13 @@ QString portSaid(const PortFailure& failure)
                    : LinkNotices::tr("Port %1: %2").arg(failure.portName, failure.description);
 }
 
-QString reasonText(const PortFailure& failure, const PortDevice& device)
+QString waitingText()
+{
+    return LinkNotices::tr(
+        "The program waits for the port, and goes on by itself when it is back.");
+}
+
+QString reasonText(const PortFailure& failure, const PortDevice& device, bool isWaited)
 {
     switch (portTrouble(failure, device)) {
     case PortTrouble::NotThere:
@@ -45,10 +51,21 @@ QString reasonText(const PortFailure& failure, const PortDevice& device)
                    "the settings dialog.")
             .arg(failure.portName);
     case PortTrouble::Unplugged:
+        if (isWaited) {
+            return LinkNotices::tr("Port %1 is gone: the adapter was unplugged. Plug it in.")
+                       .arg(failure.portName) +
+                   QLatin1Char('\n') + waitingText();
+        }
         return LinkNotices::tr("Port %1 is gone: the adapter was unplugged. Plug it in and start "
                                "again.")
             .arg(failure.portName);
     case PortTrouble::BrokenOff:
+        if (isWaited) {
+            return LinkNotices::tr("The connection to port %1 broke off. Check the adapter and its "
+                                   "cable.")
+                       .arg(failure.portName) +
+                   QLatin1Char('\n') + waitingText();
+        }
         return LinkNotices::tr("The connection to port %1 broke off. Check the adapter and its "
                                "cable, and start again.")
             .arg(failure.portName);
@@ -66,7 +83,7 @@ QString reasonText(const PortFailure& failure, const PortDevice& device)
     case PortTrouble::Other:
         break;
     }
-    return portSaid(failure);
+    return isWaited ? portSaid(failure) + QLatin1Char('\n') + waitingText() : portSaid(failure);
 }
 
 BoxText lossText(const QStringList& hexIds)
@@ -117,16 +134,10 @@ PortTrouble portTrouble(const PortFailure& failure, const PortDevice& device)
 
 BoxText portFailureText(const PortFailure& failure, const PortDevice& device, bool isWaited)
 {
-    QString reason = reasonText(failure, device);
-    if (isWaited) {
-        reason += QLatin1Char('\n') +
-                  LinkNotices::tr("The program waits for the port, and goes on by itself when it "
-                                  "is back.");
-    }
     return {LinkNotices::tr("Error"),
             LinkNotices::tr(
                 "Cannot establish the serial communication, check the serial port settings!"),
-            reason};
+            reasonText(failure, device, isWaited)};
 }
 
 LinkNotices::LinkNotices(Notices* notices, QObject* parent)

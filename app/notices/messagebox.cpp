@@ -61,6 +61,7 @@ MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxT
         box->refresh();
     }
     if (modality == Qt::NonModal) {
+        box->setWindowModality(modality); // as it is made, it blocks the whole program
         box->show();
     } else {
         box->open();

@@ -14,6 +14,7 @@ void wire(InstallationDesk* desk, RunControl* run, LdbViews* views, LdbWork* wor
     QObject::connect(waiter, &PortWaiter::waitingChanged, views, &LdbViews::setWaiting);
     QObject::connect(views, &LdbViews::waitingEnded, waiter, &PortWaiter::end);
     QObject::connect(views, &LdbViews::dismissed, desk, &InstallationDesk::forget);
+    QObject::connect(control, &InstallationControl::scanWanted, run, &RunControl::reload);
     QObject::connect(control, &InstallationControl::settledChanged, run, [=] {
         run->setUnsettled(!control->isSettled());
         work->holdPutBack(!control->isSettled());

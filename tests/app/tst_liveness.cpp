@@ -55,9 +55,11 @@ private slots:
         since = clock();
         const ExpectWarning warning("^Port ");
         m_bus->cut();
-        WAIT_COMPARE(strip(),
-                     QStringLiteral("Not monitored since %1: the connection to test bus was lost")
-                         .arg(since));
+        WAIT_COMPARE(
+            strip(),
+            QStringLiteral("Not monitored since %1: the connection to test bus was lost; waiting "
+                           "for it to come back")
+                .arg(since));
         click("startButton");
         WAIT_COMPARE(
             strip(),
