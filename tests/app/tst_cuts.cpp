@@ -113,6 +113,7 @@ private slots:
         m_bus->clearRequests();
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         // At once, without a probe.
+        WAIT_VERIFY(!m_bus->requests().isEmpty());
         QCOMPARE(m_bus->requests().first().mid(4), QByteArray("737803"));
         QVERIFY(!hasProbed());
 
@@ -120,8 +121,8 @@ private slots:
         VirtualTime::current()->advance(11 * kMinute);
         m_bus->restore();
         m_bus->clearRequests();
+        WAIT_VERIFY(hasProbed());
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
-        QVERIFY(hasProbed());
         VirtualTime::current()->advance(10 * kSecond);
         QVERIFY(!question());
         QVERIFY(child<QPushButton>("ldbResetButton")->isEnabled());
@@ -317,8 +318,8 @@ private:
             }
         }
         closeBoxes();
-        if (!waitUntil([this] { return isFree(); }, 40 * kSecond)) {
-            return "something stays disabled";
+        if (!waitUntil([this] { return disabled().isEmpty(); }, 40 * kSecond)) {
+            return "stays disabled: " + disabled();
         }
         return {};
     }
@@ -354,18 +355,21 @@ private:
                !child<QPushButton>("importDeviceSettingsButton")->isEnabled();
     }
 
-    /// All that can be used on a bus at rest can be used.
-    bool isFree() const
+    /// What cannot be used, though it could on a bus at rest; empty for nothing.
+    QString disabled() const
     {
         for (const char* name :
              {"startButton", "reloadDevicesButton", "importDeviceSettingsButton",
               "exportDeviceSettingsButton", "ldbResetButton", "fimTrackingButton",
               "settingsSaveButton", "allServiceModeButton"}) {
             if (!child<QPushButton>(name)->isEnabled()) {
-                return false;
+                return name;
             }
         }
-        return m_window->isEnabled() && QApplication::activeModalWidget() == nullptr;
+        if (const QWidget* modal = QApplication::activeModalWidget()) {
+            return "all behind " + modal->objectName();
+        }
+        return m_window->isEnabled() ? QString() : "the window";
     }
 
     int below(int end) { return static_cast<int>(m_chance() % static_cast<unsigned>(end)); }
