@@ -51,7 +51,7 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
         if (m_state == State::Checking) {
             decide(m_check.lastVerdict());
         }
-        m_check = SiteCheck();
+        endCheck();
     });
     m_saving.setSingleShot(true);
     connect(&m_saving, &QTimer::timeout, this, &InstallationControl::save);
@@ -98,8 +98,9 @@ StartPlan InstallationControl::planAgain(const PortIdentity& port, bool isLongAw
         return checkCurrent();
     }
     useOn(port);
-    setState(State::Settled);
     m_check = SiteCheck(m_current.ldbs);
+    m_check.processProbed(m_check.remembered()); // all of them, unless they are lost
+    setState(State::Settled);
     m_patience.start(kPatience);
     return {StartPlan::Kind::Resume, {}};
 }
@@ -227,11 +228,8 @@ void InstallationControl::setCurrent(const Installation& installation)
 void InstallationControl::setState(State state)
 {
     m_patience.stop();
-    const bool wasSettled = isSettled();
     m_state = state;
-    if (wasSettled != isSettled()) {
-        emit settledChanged();
-    }
+    emit settledChanged();
 }
 
 void InstallationControl::useOn(const PortIdentity& port)
@@ -264,8 +262,8 @@ void InstallationControl::processRecord(const QString& hexId, const QList<QStrin
     }
     if (m_state == State::Checking) {
         decide(m_check.verdict());
-    } else if (isSettled() && m_check.verdict() == SiteCheck::Verdict::Another) {
-        decide(SiteCheck::Verdict::Another);
+    } else if (isSettled() && m_check.remembered() > 0) {
+        decide(m_check.verdict());
     }
     if (!isSettled() || m_check.remembered() > 0) {
         return; // it may be another bus: nothing of it is remembered
@@ -275,7 +273,7 @@ void InstallationControl::processRecord(const QString& hexId, const QList<QStrin
         emit changed();
     }
     if (m_isNew && !m_isCompared && m_hasScanned &&
-        m_told.size() >= m_link->connectedLdbs().size()) {
+        static_cast<int>(m_current.ldbs.size()) >= m_link->connectedLdbs().size()) {
         recognise();
     }
 }
@@ -316,9 +314,9 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
     case SiteCheck::Verdict::Open:
         break;
     case SiteCheck::Verdict::Same:
-        m_check = SiteCheck();
         useOn(m_port);
         setState(State::Settled);
+        endCheck();
         break;
     case SiteCheck::Verdict::Another:
         m_check = SiteCheck();
@@ -328,6 +326,14 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
         }
         emit anotherFound();
         break;
+    }
+}
+
+void InstallationControl::endCheck()
+{
+    if (m_check.remembered() > 0) {
+        m_check = SiteCheck();
+        emit settledChanged();
     }
 }
 

@@ -31,6 +31,8 @@ public:
     const Installations& store() const { return m_store; }
     /// False from a start on until what answers has shown, or the user has said, which one it is.
     bool isSettled() const { return m_state == State::Settled; }
+    /// Whether the names, too, have shown it: after a cut, a moment later than that it is settled.
+    bool isCertain() const { return isSettled() && m_check.remembered() == 0; }
 
     /// What the user chooses from; says it where one was damaged.
     std::vector<Installation> all();
@@ -57,7 +59,7 @@ signals:
     void replaced();
     /// Another one is in force, or something of it has changed.
     void changed();
-    /// `isSettled()` has changed.
+    /// `isSettled()` or `isCertain()` may differ from before.
     void settledChanged();
     /// What answers is not what is remembered: the user has to say what it is.
     void anotherFound();
@@ -88,6 +90,7 @@ private:
     void processProbed(int answered);
     void processStop();
     void decide(SiteCheck::Verdict verdict);
+    void endCheck();
     void recognise();
     void change(const QString& id, const std::function<void(Installation&)>& change);
     void store(const Installation& installation);

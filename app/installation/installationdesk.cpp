@@ -24,15 +24,17 @@ InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource&
     connect(m_control, &InstallationControl::changed, this, &InstallationDesk::showTitle);
     connect(m_control, &InstallationControl::failed, this, [this](const QString& reason) {
         m_around.notices->box(
-            QMessageBox::Warning, [reason] { return BoxText{tr("Installation"), reason}; },
+            QMessageBox::Warning,
+            [reason] {
+                return BoxText{tr("Installation"), reason};
+            },
             QStringLiteral("installationBox"));
     });
     connect(m_control, &InstallationControl::settledChanged, this, [this] {
         m_around.linkNotices->holdLosses(m_around.link->isRunning() && !m_control->isSettled());
     });
     connect(m_around.link, &SerialLink::stopped, this, &InstallationDesk::closeQuestion);
-    connect(m_waiter, &PortWaiter::waitingChanged, m_around.linkNotices,
-            &LinkNotices::setWaiting);
+    connect(m_waiter, &PortWaiter::waitingChanged, m_around.linkNotices, &LinkNotices::setWaiting);
     connect(m_waiter, &PortWaiter::found, this, [this](const PortIdentity& found) {
         emit resumable(found.name, m_control->planAgain(found, m_waiter->isLongAway()));
     });
@@ -59,7 +61,8 @@ StartPlan InstallationDesk::planForStart()
 void InstallationDesk::showForm()
 {
     if (!m_form) {
-        m_form = new InstallationForm(m_control, [this] { return port(); }, m_window);
+        m_form = new InstallationForm(
+            m_control, [this] { return port(); }, m_window);
     }
     m_form->open();
 }

@@ -39,8 +39,8 @@ void tellFailure(QWidget* parent, const QString& reason)
 
 } // namespace
 
-InstallationForm::InstallationForm(InstallationControl* control,
-                                   std::function<PortIdentity()> port, QWidget* parent)
+InstallationForm::InstallationForm(InstallationControl* control, std::function<PortIdentity()> port,
+                                   QWidget* parent)
     : QDialog(parent)
     , m_control(control)
     , m_port(std::move(port))
@@ -83,7 +83,8 @@ void InstallationForm::build()
     m_close->setObjectName(QStringLiteral("closeInstallationButton"));
     m_notes->setTabChangesFocus(true);
     m_notes->setMaximumHeight(kNotesLines * fontMetrics().lineSpacing() +
-                              2 * m_notes->frameWidth() + 2 * static_cast<int>(m_notes->document()->documentMargin()));
+                              2 * m_notes->frameWidth() +
+                              2 * static_cast<int>(m_notes->document()->documentMargin()));
     m_ldbs->setColumnCount(ColumnCount);
     m_ldbs->setRootIsDecorated(false);
     m_ldbs->setAlternatingRowColors(true);
@@ -125,13 +126,12 @@ void InstallationForm::build()
 
 void InstallationForm::connectAll()
 {
-    connect(m_list, &QListWidget::currentItemChanged, this,
-            [this](const QListWidgetItem* item) {
-                if (item != nullptr) {
-                    keep();
-                    show(item->data(Qt::UserRole).toString());
-                }
-            });
+    connect(m_list, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
+        if (item != nullptr) {
+            keep();
+            show(item->data(Qt::UserRole).toString());
+        }
+    });
     connect(m_name, &QLineEdit::editingFinished, this, &InstallationForm::keep);
     connect(m_place, &QLineEdit::editingFinished, this, &InstallationForm::keep);
     connect(m_ldbs, &QTreeWidget::itemSelectionChanged, this,
@@ -164,7 +164,9 @@ void InstallationForm::load(const QString& id)
 {
     m_installations = m_control->all();
     const Installation& current = m_control->current();
-    const auto isCurrent = [&](const Installation& one) { return one.id == current.id; };
+    const auto isCurrent = [&](const Installation& one) {
+        return one.id == current.id;
+    };
     const auto stored = std::find_if(m_installations.begin(), m_installations.end(), isCurrent);
     if (stored != m_installations.end()) {
         *stored = current; // it may know more than its file
@@ -175,9 +177,8 @@ void InstallationForm::load(const QString& id)
     m_list->clear();
     for (const Installation& installation : m_installations) {
         const bool isInForce = isCurrent(installation);
-        auto* item = new QListWidgetItem(isInForce ? tr("%1 (in use)").arg(installation.title())
-                                                   : installation.title(),
-                                         m_list);
+        auto* item = new QListWidgetItem(
+            isInForce ? tr("%1 (in use)").arg(installation.title()) : installation.title(), m_list);
         item->setData(Qt::UserRole, installation.id);
         if (installation.id == id || m_list->currentItem() == nullptr) {
             m_list->setCurrentItem(item);
@@ -196,8 +197,8 @@ void InstallationForm::show(const QString& id)
     m_name->setText(m_shown.name);
     m_place->setText(m_shown.place);
     m_notes->setPlainText(m_shown.notes);
-    for (QWidget* field : std::initializer_list<QWidget*>{m_name, m_place, m_notes, m_ldbs,
-                                                          m_export}) {
+    for (QWidget* field :
+         std::initializer_list<QWidget*>{m_name, m_place, m_notes, m_ldbs, m_export}) {
         field->setEnabled(isAny);
     }
     m_use->setEnabled(isAny && (m_shown.id != m_control->current().id || !m_control->isSettled()));
@@ -211,8 +212,7 @@ void InstallationForm::showLdbs()
         new QTreeWidgetItem(m_ldbs, {ldb.hexId, ldb.name});
     }
     m_forget->setEnabled(false);
-    m_ldbsLabel->setText(
-        tr("LDBs remembered: %n", nullptr, static_cast<int>(m_shown.ldbs.size())));
+    m_ldbsLabel->setText(tr("LDBs remembered: %n", nullptr, static_cast<int>(m_shown.ldbs.size())));
 }
 
 /// What is heard of the one in force shows at once; what is being typed stays.
@@ -222,9 +222,8 @@ void InstallationForm::processChange()
     if (!isVisible() || m_shown.id != current.id) {
         return;
     }
-    const auto shown =
-        std::find_if(m_installations.begin(), m_installations.end(),
-                     [&](const Installation& one) { return one.id == current.id; });
+    const auto shown = std::find_if(m_installations.begin(), m_installations.end(),
+                                    [&](const Installation& one) { return one.id == current.id; });
     if (shown != m_installations.end()) {
         *shown = current;
     }
@@ -238,9 +237,9 @@ void InstallationForm::keep()
     described.name = m_name->text().simplified();
     described.place = m_place->text().simplified();
     described.notes = m_notes->toPlainText();
-    if (m_shown.id.isEmpty() || (described.name == m_shown.name &&
-                                 described.place == m_shown.place &&
-                                 described.notes == m_shown.notes)) {
+    if (m_shown.id.isEmpty() ||
+        (described.name == m_shown.name && described.place == m_shown.place &&
+         described.notes == m_shown.notes)) {
         return;
     }
     m_shown = described;
@@ -328,8 +327,7 @@ void InstallationForm::retranslate()
     m_use->setToolTip(tr("This is the installation at the port; while it is monitored, it is "
                          "scanned anew"));
     m_close->setText(tr("Close"));
-    m_ldbsLabel->setText(
-        tr("LDBs remembered: %n", nullptr, static_cast<int>(m_shown.ldbs.size())));
+    m_ldbsLabel->setText(tr("LDBs remembered: %n", nullptr, static_cast<int>(m_shown.ldbs.size())));
 }
 
 void InstallationForm::changeEvent(QEvent* event)

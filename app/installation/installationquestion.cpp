@@ -14,12 +14,12 @@ constexpr int kWidth = 520; // pixels
 
 QString lineOf(const Installation& installation)
 {
-    const QString count = InstallationQuestion::tr("%n LDBs", nullptr,
-                                                   static_cast<int>(installation.ldbs.size()));
+    const QString count =
+        InstallationQuestion::tr("%n LDBs", nullptr, static_cast<int>(installation.ldbs.size()));
     const bool hasPlace = !installation.place.isEmpty() && !installation.name.isEmpty();
-    return hasPlace ? QStringLiteral("%1, %2 (%3)").arg(installation.title(), installation.place,
-                                                        count)
-                    : QStringLiteral("%1 (%2)").arg(installation.title(), count);
+    return hasPlace
+               ? QStringLiteral("%1, %2 (%3)").arg(installation.title(), installation.place, count)
+               : QStringLiteral("%1 (%2)").arg(installation.title(), count);
 }
 
 } // namespace

@@ -68,8 +68,7 @@ void PutBack::setKept(const KeptLdbs& kept)
 
 void PutBack::hold(bool isHeld)
 {
-    m_isHeld = isHeld;
-    if (isHeld) {
+    if (std::exchange(m_isHeld, isHeld) != isHeld && isHeld) {
         dropAll();
         emit pendingChanged();
     }

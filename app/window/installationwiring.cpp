@@ -17,7 +17,7 @@ void wire(InstallationDesk* desk, RunControl* run, LdbViews* views, LdbWork* wor
     QObject::connect(control, &InstallationControl::scanWanted, run, &RunControl::reload);
     QObject::connect(control, &InstallationControl::settledChanged, run, [=] {
         run->setUnsettled(!control->isSettled());
-        work->holdPutBack(!control->isSettled());
+        work->holdPutBack(!control->isCertain());
     });
     QObject::connect(control, &InstallationControl::replaced, work,
                      [=] { work->setKept(control->store().keptLdbsOf(control->current().id)); });
