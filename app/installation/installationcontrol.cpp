@@ -40,6 +40,9 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
     connect(link, &SerialLink::knownProbed, this,
             [this](int answered, int) { processProbed(answered); });
     connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isOn) {
+        if (isOn) {
+            m_told.clear(); // the names are asked for anew
+        }
         // A run that begins without a scan says, too, that none is on.
         if (std::exchange(m_isScanning, isOn) && !isOn && m_link->isRunning()) {
             processScanEnd();
