@@ -2514,7 +2514,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Start with the LDBs &amp;remembered</source>
-        <translation>Starten Starten met de &amp;onthouden LDB&apos;samp;met de onthouden LDB&apos;s</translation>
+        <translation>Starten &amp;met de onthouden LDB&apos;s</translation>
     </message>
     <message>
         <source>Name, place, notes and LDBs of the installations that are remembered</source>
