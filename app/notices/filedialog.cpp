@@ -13,8 +13,7 @@ namespace {
 QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
                   const QString& suffix)
 {
-    auto* dialog =
-        new QFileDialog(parent, title, QString(), QStringLiteral("(*.%1)").arg(suffix));
+    auto* dialog = new QFileDialog(parent, title, QString(), QStringLiteral("(*.%1)").arg(suffix));
     // Where no folder has been chosen yet it would open in the working directory: of an installed
     // program one that only holds the tuning file and does not let users write.
     if (dialog->directory() == QDir::current()) {

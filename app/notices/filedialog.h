@@ -7,7 +7,8 @@
 class QWidget;
 
 /// Asks for one file without blocking; `chosen` gets its path, and nothing is called when the
-/// user changes his mind. `suffix`: of the file's name, without the dot. The dialog is a child of `parent` and deletes itself when closed.
+/// user changes his mind. `suffix`: of the file's name, without the dot. The dialog is a child of
+/// `parent` and deletes itself when closed.
 namespace filedialog {
 
 /// A file to write. `mayExist` leaves out the question about overwriting, for files that are

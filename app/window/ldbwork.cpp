@@ -4,6 +4,7 @@
 #include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "ui_mainwindow.h"
 
@@ -94,6 +95,7 @@ void LdbWork::showTransfer(bool isOn)
     m_ui.stopTransferButton->setVisible(isOn);
     m_ui.stopTransferButton->setEnabled(isOn);
     m_around.run->setTransferring(isOn);
+    m_around.link->setBackgroundSearchHeld(isOn); // the transfer goes before
     // The editor shows what is in the LDB now, also when only a part was written.
     if (!isOn && m_transfer->touchedLdbs().contains(m_around.run->selectedLdb())) {
         setSelectedLdb(m_around.run->selectedLdb());
