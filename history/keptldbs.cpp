@@ -110,6 +110,98 @@ KeptLdb ldbFrom(const QJsonObject& object)
     return ldb;
 }
 
+QString filePathIn(const QString& folder)
+{
+    return QDir(folder).filePath(QStringLiteral("kept-ldbs.json"));
+}
+
+std::vector<KeptLdb> read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    file.close();
+    if (!document.isObject()) {
+        const QString aside = path + QStringLiteral(".damaged");
+        QFile::remove(aside);
+        qWarning() << path << "cannot be understood; moved to" << aside
+                   << QFile::rename(path, aside);
+        return {};
+    }
+    std::vector<KeptLdb> ldbs;
+    for (const auto& value : document.object()[kLdbs].toArray()) {
+        const KeptLdb ldb = ldbFrom(value.toObject());
+        if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
+            ldbs.push_back(ldb);
+        }
+    }
+    return ldbs;
+}
+
+QString write(const QString& path, const std::vector<KeptLdb>& ldbs)
+{
+    QJsonArray array;
+    for (const KeptLdb& ldb : ldbs) {
+        array.append(toJson(ldb));
+    }
+    // Its commit puts the bytes onto the disk before it takes the old file's place.
+    QSaveFile file(path);
+    const QByteArray bytes = QJsonDocument(QJsonObject{{kLdbs, array}}).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
+            .arg(QDir::toNativeSeparators(path), file.errorString());
+    }
+    return {};
+}
+
+auto findIn(std::vector<KeptLdb>& ldbs, const KeptLdb& ldb)
+{
+    return std::find_if(ldbs.begin(), ldbs.end(), [&](const KeptLdb& other) {
+        return match(other, ldb.hexId, ldb.name) == KeptMatch::Both;
+    });
+}
+
+/// Puts it into the file, in the place of the one that is there, or takes that out.
+QString keepIn(const QString& folder, const KeptLdb& ldb)
+{
+    const QString path = filePathIn(folder);
+    if (ldb.isEmpty() && !QFile::exists(path)) {
+        return {}; // nothing to forget
+    }
+    if (!QDir().mkpath(folder)) {
+        return QCoreApplication::translate("KeptLdbs", "The folder %1 cannot be made.")
+            .arg(QDir::toNativeSeparators(folder));
+    }
+    QLockFile lock(path + QStringLiteral(".lock"));
+    if (!lock.tryLock(kLockMs)) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
+            .arg(QDir::toNativeSeparators(path));
+    }
+    std::vector<KeptLdb> ldbs = read(path);
+    const auto same = findIn(ldbs, ldb);
+    if (same != ldbs.end()) {
+        *same = ldb;
+    } else {
+        ldbs.push_back(ldb);
+    }
+    ldbs.erase(std::remove_if(ldbs.begin(), ldbs.end(),
+                              [](const KeptLdb& other) { return other.isEmpty(); }),
+               ldbs.end());
+    return write(path, ldbs);
+}
+
+std::vector<KeptLdb> allIn(const QString& folder)
+{
+    const QString path = filePathIn(folder);
+    QLockFile lock(path + QStringLiteral(".lock"));
+    if (QFile::exists(path) && !lock.tryLock(kLockMs)) {
+        qWarning() << path << "is in use; read all the same";
+    }
+    return read(path);
+}
+
 } // namespace
 
 KeptMatch match(const KeptLdb& kept, const QString& hexId, const QString& name)
@@ -125,8 +217,9 @@ KeptMatch match(const KeptLdb& kept, const QString& hexId, const QString& name)
     return kept.name == name && !name.isEmpty() ? KeptMatch::NameOnly : KeptMatch::None;
 }
 
-KeptLdbs::KeptLdbs(QString folder)
+KeptLdbs::KeptLdbs(QString folder, QString formerFolder)
     : m_folder(std::move(folder))
+    , m_formerFolder(std::move(formerFolder))
 {
 }
 
@@ -137,42 +230,30 @@ QString KeptLdbs::standardFolder()
 
 QString KeptLdbs::filePath() const
 {
-    return QDir(m_folder).filePath(QStringLiteral("kept-ldbs.json"));
+    return filePathIn(m_folder);
 }
 
 QString KeptLdbs::keep(const KeptLdb& ldb) const
 {
-    if (!QDir().mkpath(m_folder)) {
-        return QCoreApplication::translate("KeptLdbs", "The folder %1 cannot be made.")
-            .arg(QDir::toNativeSeparators(m_folder));
+    const QString reason = keepIn(m_folder, ldb);
+    if (!reason.isEmpty() || m_formerFolder.isEmpty() ||
+        !QFile::exists(filePathIn(m_formerFolder))) {
+        return reason;
     }
-    QLockFile lock(filePath() + QStringLiteral(".lock"));
-    if (!lock.tryLock(kLockMs)) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
-            .arg(QDir::toNativeSeparators(filePath()));
-    }
-    std::vector<KeptLdb> ldbs = read();
-    const auto same = std::find_if(ldbs.begin(), ldbs.end(), [&](const KeptLdb& other) {
-        return match(other, ldb.hexId, ldb.name) == KeptMatch::Both;
-    });
-    if (same != ldbs.end()) {
-        *same = ldb;
-    } else {
-        ldbs.push_back(ldb);
-    }
-    ldbs.erase(std::remove_if(ldbs.begin(), ldbs.end(),
-                              [](const KeptLdb& other) { return other.isEmpty(); }),
-               ldbs.end());
-    return write(ldbs);
+    return keepIn(m_formerFolder, {ldb.hexId, ldb.name, {}, std::nullopt, std::nullopt});
 }
 
 std::vector<KeptLdb> KeptLdbs::all() const
 {
-    QLockFile lock(filePath() + QStringLiteral(".lock"));
-    if (QFile::exists(filePath()) && !lock.tryLock(kLockMs)) {
-        qWarning() << filePath() << "is in use; read all the same";
+    std::vector<KeptLdb> ldbs = allIn(m_folder);
+    if (!m_formerFolder.isEmpty()) {
+        for (const KeptLdb& ldb : allIn(m_formerFolder)) {
+            if (findIn(ldbs, ldb) == ldbs.end()) {
+                ldbs.push_back(ldb);
+            }
+        }
     }
-    return read();
+    return ldbs;
 }
 
 std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name) const
@@ -183,45 +264,4 @@ std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name)
         }
     }
     return std::nullopt;
-}
-
-std::vector<KeptLdb> KeptLdbs::read() const
-{
-    QFile file(filePath());
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
-    file.close();
-    if (!document.isObject()) {
-        const QString aside = filePath() + QStringLiteral(".damaged");
-        QFile::remove(aside);
-        qWarning() << filePath() << "cannot be understood; moved to" << aside
-                   << QFile::rename(filePath(), aside);
-        return {};
-    }
-    std::vector<KeptLdb> ldbs;
-    for (const auto& value : document.object()[kLdbs].toArray()) {
-        const KeptLdb ldb = ldbFrom(value.toObject());
-        if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
-            ldbs.push_back(ldb);
-        }
-    }
-    return ldbs;
-}
-
-QString KeptLdbs::write(const std::vector<KeptLdb>& ldbs) const
-{
-    QJsonArray array;
-    for (const KeptLdb& ldb : ldbs) {
-        array.append(toJson(ldb));
-    }
-    // Its commit puts the bytes onto the disk before it takes the old file's place.
-    QSaveFile file(filePath());
-    const QByteArray bytes = QJsonDocument(QJsonObject{{kLdbs, array}}).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
-            .arg(QDir::toNativeSeparators(filePath()), file.errorString());
-    }
-    return {};
 }

@@ -101,6 +101,26 @@
     </message>
 </context>
 <context>
+    <name>InstallationForm</name>
+    <message numerus="yes">
+        <source>LDBs remembered: %n</source>
+        <translation>
+            <numerusform>LDBs remembered: %n</numerusform>
+            <numerusform>LDBs remembered: %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
+    <message numerus="yes">
+        <source>%n LDBs</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDBs</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>LdbSettingsEditor</name>
     <message numerus="yes">
         <source>The name does not fit into %n byte(s).</source>

@@ -932,6 +932,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Short(memory)</source>
         <translation>Court-circuit(mém.)</translation>
     </message>
+    <message>
+        <source>Not heard yet</source>
+        <translation>Pas encore entendu</translation>
+    </message>
 </context>
 <context>
     <name>Hindrance</name>
@@ -966,6 +970,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
+    </message>
+    <message>
+        <source>It is not certain yet which installation answers.</source>
+        <translation>Il n&apos;est pas encore certain quelle installation répond.</translation>
     </message>
 </context>
 <context>
@@ -1102,6 +1110,187 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>What is not written, and why</source>
         <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationControl</name>
+    <message>
+        <source>A damaged file of an installation was moved aside: %1</source>
+        <translation>Un fichier d&apos;installation endommagé a été mis de côté : %1</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationDesk</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>The connection to %1 is back.</source>
+        <translation>La connexion à %1 est rétablie.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Ce qui répond sur %1 n&apos;est pas l&apos;installation « %2 » : ses LDB se taisent ou portent d&apos;autres noms. De quelle installation s&apos;agit-il ? Tant que vous ne l&apos;avez pas dit, rien n&apos;est écrit dans les LDB.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Ce qui répond sur %1 a les LDB de l&apos;installation « %2 ». Est-ce celle-là ?</translation>
+    </message>
+    <message>
+        <source>Which port?</source>
+        <translation>Quel port ?</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost. Several adapters of its kind are there now. Which one is it?</source>
+        <translation>La connexion à %1 a été perdue. Plusieurs adaptateurs du même type sont présents. Lequel est-ce ?</translation>
+    </message>
+    <message>
+        <source>Wait On</source>
+        <translation>Attendre encore</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationForm</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <translation>%1 (utilisée)</translation>
+    </message>
+    <message numerus="yes">
+        <source>LDBs remembered: %n</source>
+        <translation>
+            <numerusform>LDB mémorisés : %n</numerusform>
+            <numerusform>LDB mémorisés : %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export Installation</source>
+        <translation>Exporter l&apos;installation</translation>
+    </message>
+    <message>
+        <source>Import Installation</source>
+        <translation>Importer une installation</translation>
+    </message>
+    <message>
+        <source>Installations</source>
+        <translation>Installations</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nom :</translation>
+    </message>
+    <message>
+        <source>&amp;Place:</source>
+        <translation>&amp;Lieu :</translation>
+    </message>
+    <message>
+        <source>N&amp;otes:</source>
+        <translation>N&amp;otes :</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>LDBs remembered</source>
+        <translation>LDB mémorisés</translation>
+    </message>
+    <message>
+        <source>Forget LDB</source>
+        <translation>Oublier le LDB</translation>
+    </message>
+    <message>
+        <source>Take the selected LDBs out of what is remembered; one that answers is remembered again</source>
+        <translation>Retirer les LDB sélectionnés de ce qui est mémorisé ; un LDB qui répond est mémorisé de nouveau</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nouvelle</translation>
+    </message>
+    <message>
+        <source>Make an installation, to be used later</source>
+        <translation>Créer une installation pour plus tard</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importer...</translation>
+    </message>
+    <message>
+        <source>Take an installation from a colleague&apos;s file</source>
+        <translation>Prendre une installation du fichier d&apos;un collègue</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
+    </message>
+    <message>
+        <source>Write this installation into a file for a colleague</source>
+        <translation>Écrire cette installation dans un fichier pour un collègue</translation>
+    </message>
+    <message>
+        <source>Use This One</source>
+        <translation>Utiliser celle-ci</translation>
+    </message>
+    <message>
+        <source>This is the installation at the port; while it is monitored, it is scanned anew</source>
+        <translation>C&apos;est l&apos;installation au port ; si elle est surveillée, elle est parcourue de nouveau</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
+    <message numerus="yes">
+        <source>%n LDBs</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Another installation?</source>
+        <translation>Une autre installation ?</translation>
+    </message>
+    <message>
+        <source>Installations</source>
+        <translation>Installations</translation>
+    </message>
+    <message>
+        <source>Use the Selected One</source>
+        <translation>Utiliser la sélection</translation>
+    </message>
+    <message>
+        <source>New Installation</source>
+        <translation>Nouvelle installation</translation>
+    </message>
+</context>
+<context>
+    <name>Installations</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Le fichier %1 ne peut pas être écrit : %2.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Le dossier %1 ne peut pas être créé.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Le fichier %1 ne peut pas être lu : %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 holds no installation.</source>
+        <translation>Le fichier %1 ne contient pas d&apos;installation.</translation>
     </message>
 </context>
 <context>
@@ -1694,6 +1883,18 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>La connexion au port %1 a été rompue. Vérifiez l&apos;adaptateur et son câble, et démarrez à nouveau.</translation>
     </message>
+    <message>
+        <source>The program waits for the port, and goes on by itself when it is back.</source>
+        <translation>Le programme attend le port et continue de lui-même dès son retour.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in.</source>
+        <translation>Le port %1 a disparu : l&apos;adaptateur a été débranché. Rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
+        <translation>La connexion au port %1 s&apos;est interrompue. Vérifiez l&apos;adaptateur et son câble.</translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
@@ -2098,6 +2299,22 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Not monitored: %1</source>
         <translation>Non surveillé : %1</translation>
     </message>
+    <message>
+        <source>%1; waiting for it to come back</source>
+        <translation>%1 ; en attente de son retour</translation>
+    </message>
+    <message>
+        <source>End Waiting</source>
+        <translation>Ne plus attendre</translation>
+    </message>
+    <message>
+        <source>Do not go on by itself when the port is back</source>
+        <translation>Ne pas continuer de lui-même au retour du port</translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
+        <translation>Surveillance : %1 LDB sur %2 répondent, %3 perdus, %4 pas encore entendus.</translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2336,6 +2553,26 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>Product Identifier: %1</source>
         <translation>Identifiant du produit&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>Begin with the LDBs that are remembered; without it, each start scans the whole bus</source>
+        <translation>Commencer avec les LDB mémorisés ; sinon, chaque démarrage parcourt tout le bus</translation>
+    </message>
+    <message>
+        <source>Start with the LDBs &amp;remembered</source>
+        <translation>Démarrer avec les LDB &amp;mémorisés</translation>
+    </message>
+    <message>
+        <source>Name, place, notes and LDBs of the installations that are remembered</source>
+        <translation>Nom, lieu, notes et LDB des installations mémorisées</translation>
+    </message>
+    <message>
+        <source>&amp;Installation...</source>
+        <translation>&amp;Installation...</translation>
     </message>
 </context>
 <context>

@@ -932,6 +932,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Short(memory)</source>
         <translation>Kortsluiting(geh.)</translation>
     </message>
+    <message>
+        <source>Not heard yet</source>
+        <translation>Nog niet gehoord</translation>
+    </message>
 </context>
 <context>
     <name>Hindrance</name>
@@ -966,6 +970,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Wat het fout zoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
+    </message>
+    <message>
+        <source>It is not certain yet which installation answers.</source>
+        <translation>Het is nog niet zeker welke installatie antwoordt.</translation>
     </message>
 </context>
 <context>
@@ -1102,6 +1110,187 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>What is not written, and why</source>
         <translation>Wat niet wordt geschreven, en waarom</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationControl</name>
+    <message>
+        <source>A damaged file of an installation was moved aside: %1</source>
+        <translation>Een beschadigd bestand van een installatie is opzijgezet: %1</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationDesk</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>The connection to %1 is back.</source>
+        <translation>De verbinding met %1 is terug.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Wat aan %1 antwoordt, is niet de installatie &quot;%2&quot;: haar LDB&apos;s zwijgen of hebben andere namen. Welke installatie is het? Zolang u dat niet hebt gezegd, wordt niets naar de LDB&apos;s geschreven.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Wat aan %1 antwoordt, heeft de LDB&apos;s van de installatie &quot;%2&quot;. Is het die?</translation>
+    </message>
+    <message>
+        <source>Which port?</source>
+        <translation>Welke poort?</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost. Several adapters of its kind are there now. Which one is it?</source>
+        <translation>De verbinding met %1 ging verloren. Er zijn nu meerdere adapters van dat type. Welke is het?</translation>
+    </message>
+    <message>
+        <source>Wait On</source>
+        <translation>Blijven wachten</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationForm</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <translation>%1 (in gebruik)</translation>
+    </message>
+    <message numerus="yes">
+        <source>LDBs remembered: %n</source>
+        <translation>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export Installation</source>
+        <translation>Installatie exporteren</translation>
+    </message>
+    <message>
+        <source>Import Installation</source>
+        <translation>Installatie importeren</translation>
+    </message>
+    <message>
+        <source>Installations</source>
+        <translation>Installaties</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Naam:</translation>
+    </message>
+    <message>
+        <source>&amp;Place:</source>
+        <translation>&amp;Plaats:</translation>
+    </message>
+    <message>
+        <source>N&amp;otes:</source>
+        <translation>N&amp;otities:</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adres</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>LDBs remembered</source>
+        <translation>Onthouden LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Forget LDB</source>
+        <translation>LDB vergeten</translation>
+    </message>
+    <message>
+        <source>Take the selected LDBs out of what is remembered; one that answers is remembered again</source>
+        <translation>Haal de geselecteerde LDB&apos;s uit wat onthouden is; een die antwoordt, wordt weer onthouden</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nieuw</translation>
+    </message>
+    <message>
+        <source>Make an installation, to be used later</source>
+        <translation>Maak een installatie voor later</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importeren...</translation>
+    </message>
+    <message>
+        <source>Take an installation from a colleague&apos;s file</source>
+        <translation>Neem een installatie uit het bestand van een collega over</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
+    </message>
+    <message>
+        <source>Write this installation into a file for a colleague</source>
+        <translation>Schrijf deze installatie in een bestand voor een collega</translation>
+    </message>
+    <message>
+        <source>Use This One</source>
+        <translation>Deze gebruiken</translation>
+    </message>
+    <message>
+        <source>This is the installation at the port; while it is monitored, it is scanned anew</source>
+        <translation>Dit is de installatie aan de poort; terwijl ze bewaakt wordt, wordt ze opnieuw afgezocht</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
+    <message numerus="yes">
+        <source>%n LDBs</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Another installation?</source>
+        <translation>Een andere installatie?</translation>
+    </message>
+    <message>
+        <source>Installations</source>
+        <translation>Installaties</translation>
+    </message>
+    <message>
+        <source>Use the Selected One</source>
+        <translation>De geselecteerde gebruiken</translation>
+    </message>
+    <message>
+        <source>New Installation</source>
+        <translation>Nieuwe installatie</translation>
+    </message>
+</context>
+<context>
+    <name>Installations</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>De map %1 kan niet worden gemaakt.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Het bestand %1 kan niet worden gelezen: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 holds no installation.</source>
+        <translation>Het bestand %1 bevat geen installatie.</translation>
     </message>
 </context>
 <context>
@@ -1694,6 +1883,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>De verbinding met poort %1 is verbroken. Controleer de adapter en zijn kabel, en start opnieuw.</translation>
     </message>
+    <message>
+        <source>The program waits for the port, and goes on by itself when it is back.</source>
+        <translation>Het programma wacht op de poort en gaat vanzelf verder als ze terug is.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in.</source>
+        <translation>Poort %1 is weg: de adapter is losgetrokken. Steek hem weer in.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
+        <translation>De verbinding met poort %1 brak af. Controleer de adapter en zijn kabel.</translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
@@ -2098,6 +2299,22 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Not monitored: %1</source>
         <translation>Niet bewaakt: %1</translation>
     </message>
+    <message>
+        <source>%1; waiting for it to come back</source>
+        <translation>%1; wachten tot ze terug is</translation>
+    </message>
+    <message>
+        <source>End Waiting</source>
+        <translation>Niet meer wachten</translation>
+    </message>
+    <message>
+        <source>Do not go on by itself when the port is back</source>
+        <translation>Niet vanzelf verdergaan als de poort terug is</translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren, %4 nog niet gehoord.</translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2336,6 +2553,26 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>Product Identifier: %1</source>
         <translation>Product-ID: %1</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>Begin with the LDBs that are remembered; without it, each start scans the whole bus</source>
+        <translation>Begin met de LDB&apos;s die onthouden zijn; zonder dit zoekt elke start de hele bus af</translation>
+    </message>
+    <message>
+        <source>Start with the LDBs &amp;remembered</source>
+        <translation>Starten &amp;met de onthouden LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Name, place, notes and LDBs of the installations that are remembered</source>
+        <translation>Naam, plaats, notities en LDB&apos;s van de onthouden installaties</translation>
+    </message>
+    <message>
+        <source>&amp;Installation...</source>
+        <translation>&amp;Installatie...</translation>
     </message>
 </context>
 <context>

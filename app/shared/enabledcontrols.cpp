@@ -18,6 +18,8 @@ QString hindranceText(Hindrance hindrance)
         return Texts::tr("Nothing is monitored: click Start first.");
     case Hindrance::Scanning:
         return Texts::tr("The bus is being scanned: wait until all LDB's are found.");
+    case Hindrance::Unsettled:
+        return Texts::tr("It is not certain yet which installation answers.");
     case Hindrance::NoLdb:
         return Texts::tr("No LDB is selected.");
     case Hindrance::LdbLost:

@@ -8,8 +8,9 @@ enum class Hindrance
     None,
     NotMonitored, ///< no run is on
     Scanning,
-    NoLdb,   ///< none is selected
-    LdbLost, ///< the selected one
+    Unsettled, ///< which installation answers is not known
+    NoLdb,     ///< none is selected
+    LdbLost,   ///< the selected one
     Saving,
     Transferring,
     ServiceMode, ///< the selected LDB is in it

@@ -4,6 +4,7 @@
 #include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "ui_mainwindow.h"
 
@@ -94,6 +95,7 @@ void LdbWork::showTransfer(bool isOn)
     m_ui.stopTransferButton->setVisible(isOn);
     m_ui.stopTransferButton->setEnabled(isOn);
     m_around.run->setTransferring(isOn);
+    m_around.link->setBackgroundSearchHeld(isOn); // the transfer goes before
     // The editor shows what is in the LDB now, also when only a part was written.
     if (!isOn && m_transfer->touchedLdbs().contains(m_around.run->selectedLdb())) {
         setSelectedLdb(m_around.run->selectedLdb());
@@ -109,9 +111,20 @@ void LdbWork::setSelectedLdb(const QString& hexId)
     m_ui.ldbSettingsEditor->requestSettings();
 }
 
+void LdbWork::setKept(const KeptLdbs& kept)
+{
+    m_putBack->setKept(kept);
+}
+
+void LdbWork::holdPutBack(bool isHeld)
+{
+    m_putBack->hold(isHeld);
+}
+
 void LdbWork::startFaultFinding()
 {
-    m_tracking = new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window);
+    m_tracking =
+        new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window, m_putBack->kept());
     m_putBack->follow(m_tracking);
     connect(m_tracking, &QObject::destroyed, this, [this] {
         m_tracking.clear(); // a widget tells of its end before it is known to be gone

@@ -13,6 +13,7 @@ class MainWindow;
 }
 
 class FimTracking;
+class KeptLdbs;
 class Notices;
 class PutBack;
 class RunControl;
@@ -42,6 +43,10 @@ public:
 
     /// Turns to this LDB and reads its settings; unsaved edits of them stay.
     void setSelectedLdb(const QString& hexId);
+    /// What fault finding keeps, and puts back, is that of another installation from now on.
+    void setKept(const KeptLdbs& kept);
+    /// While held, nothing is put back.
+    void holdPutBack(bool isHeld);
     /// Opens the window of fault finding for the selected LDB.
     void startFaultFinding();
 

@@ -28,6 +28,9 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
 {
     connect(link, &SerialLink::started, this, &Monitor::begin);
     connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
+    connect(link, &SerialLink::opened, this, [this] { m_isOpen = true; });
+    connect(link, &SerialLink::roundBegun, this, &Monitor::poll);
+    connect(link, &SerialLink::awaitedChanged, this, &Monitor::tell);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
@@ -56,7 +59,8 @@ Monitoring Monitor::monitoring() const
     result.from = m_from;
     result.lifetime = lifetime();
     result.known = m_link->knownLdbs().size();
-    result.lost = result.known - m_link->connectedLdbs().size();
+    result.awaited = awaitedLdbs();
+    result.lost = result.known - result.awaited - m_link->connectedLdbs().size();
     if (m_state == State::Polling) {
         const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
         if (result.now - heard > result.lifetime) {
@@ -65,6 +69,14 @@ Monitoring Monitor::monitoring() const
         }
     }
     return result;
+}
+
+int Monitor::awaitedLdbs() const
+{
+    const QStringList known = m_link->knownLdbs();
+    return static_cast<int>(std::count_if(known.begin(), known.end(), [this](const QString& hexId) {
+        return m_link->isAwaited(hexId);
+    }));
 }
 
 qint64 Monitor::lifetime() const
@@ -77,16 +89,26 @@ void Monitor::begin()
 {
     m_failedPort.clear();
     m_isOpen = false;
+    m_isScanning = false;
     m_from = now();
     pause(State::Scanning);
 }
 
 void Monitor::processScan(bool isOn)
 {
-    m_isOpen = true;
+    m_isScanning = isOn;
     if (isOn) {
         m_from = now();
         pause(State::Scanning);
+    } else {
+        poll();
+    }
+}
+
+/// Also where a run begins without a scan.
+void Monitor::poll()
+{
+    if (m_isScanning || m_state == State::Polling || !m_isOpen) {
         return;
     }
     m_state = State::Polling;

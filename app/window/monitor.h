@@ -28,12 +28,14 @@ signals:
 private:
     void begin();
     void processScan(bool isOn);
+    void poll();
     void processFailure(const QString& portName);
     void end();
     void pause(Monitoring::State state);
     void processRecord(const QList<QStringList>& dataList);
     qint64 now() const;
     qint64 lifetime() const;
+    int awaitedLdbs() const;
     void tell() { emit changed(monitoring()); }
 
     const SerialLink* m_link;
@@ -46,4 +48,5 @@ private:
     std::optional<qint64> m_lastAnswer;
     QString m_failedPort;
     bool m_isOpen = false; ///< the port, in this run
+    bool m_isScanning = false;
 };

@@ -55,9 +55,11 @@ private slots:
         since = clock();
         const ExpectWarning warning("^Port ");
         m_bus->cut();
-        WAIT_COMPARE(strip(),
-                     QStringLiteral("Not monitored since %1: the connection to test bus was lost")
-                         .arg(since));
+        WAIT_COMPARE(
+            strip(),
+            QStringLiteral("Not monitored since %1: the connection to test bus was lost; waiting "
+                           "for it to come back")
+                .arg(since));
         click("startButton");
         WAIT_COMPARE(
             strip(),
@@ -186,17 +188,13 @@ private slots:
         QCOMPARE(label("countLabel"), "2 of 3 answer, 1 lost.");
         WAIT_COMPARE(m_window->findChildren<MessageBox*>().size(), 1);
         closeBoxes();
-        for (const char* button : {"reloadDevicesButton", "startButton"}) {
-            click(button);
-            if (!child<QPushButton>("startButton")->isChecked()) {
-                click(button);
-            }
-            WAIT_VERIFY(strip().contains("scanned"));
-            QCOMPARE(overview()->model()->rowCount(), 3);
-            WAIT_COMPARE(strip(), "Monitored: 2 of 3 LDBs answer, 1 lost.");
-            QCOMPARE(text(lost, overview::PrimaryVoltageColumn), kDash);
-            QCOMPARE(causes().size(), 1);
-        }
+        click("reloadDevicesButton");
+        WAIT_VERIFY(strip().contains("scanned"));
+        QCOMPARE(overview()->model()->rowCount(), 3);
+        WAIT_COMPARE(strip(), "Monitored: 2 of 3 LDBs answer, 1 lost.");
+        QCOMPARE(text(lost, overview::PrimaryVoltageColumn), kDash);
+        QCOMPARE(causes().size(), 1);
+
         VirtualTime::current()->advance(5000);
         QVERIFY(m_window->findChildren<MessageBox*>().isEmpty());
 
@@ -233,7 +231,7 @@ private slots:
         QCOMPARE(cell(kLdbs.at(1), overview::TickColumn).data(Qt::CheckStateRole).toInt(),
                  int(Qt::Checked));
         click("startButton");
-        WAIT_COMPARE(strip(), "Monitored: 1 of 2 LDBs answer, 1 lost.");
+        WAIT_COMPARE(strip(), "Monitored: 1 of 2 LDBs answer, 0 lost, 1 not heard yet.");
         QCOMPARE(overview()->model()->rowCount(), 2);
     }
 

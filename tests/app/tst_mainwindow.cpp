@@ -113,7 +113,11 @@ private slots:
         button("ldbResetButton")->click();
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->informativeText(),
-                 "Port test bus is gone: the adapter was unplugged. Plug it in and start again.");
+                 "Port test bus is gone: the adapter was unplugged. Plug it in.\n"
+                 "The program waits for the port, and goes on by itself when it is back.");
+        // All behind the box can be used.
+        QCOMPARE(boxes().constFirst()->windowModality(), Qt::NonModal);
+        QVERIFY(button("endWaitingButton")->isVisible());
         QCOMPARE(m_window->statusBar()->currentMessage(), "LDB 03 did not answer: LDB reset.");
         QVERIFY(!button("startButton")->isChecked());
         QCOMPARE(label("countLabel"), kFailed);
@@ -121,10 +125,16 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(boxes().size(), 1);
 
-        // And works again when the line does.
+        // And works again when the line does, by itself; what was asked before is not sent again.
+        m_bus->setScript({});
+        m_bus->clearRequests();
         m_bus->restore();
-        button("startButton")->click();
         WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        VirtualTime::current()->advance(60000);
+        QVERIFY(button("startButton")->isChecked());
+        QVERIFY(boxes().isEmpty() && !button("endWaitingButton")->isVisible());
+        QCOMPARE(m_bus->writes(), QList<QByteArray>());
+        QVERIFY(!m_bus->requests().contains("FE0373780001"));
         QCOMPARE(label("countLabel"), "Available LDB's: 3.");
     }
 

@@ -1,7 +1,7 @@
 #include "app/notices/messagebox.h"
 #include "app/shared/usersettings.h"
 #include "app/window/mainwindow.h"
-#include "history/keptldbs.h"
+#include "history/installation.h"
 #include "importexport/ldbfields.h"
 #include "serial/ldb/ldbsettings.h"
 #include "tests/support/sandbox.h"
@@ -263,10 +263,9 @@ private slots:
     void diskThatCannotBeWritten()
     {
         start();
-        // In the way of the folder.
-        QVERIFY(QDir().mkpath(QFileInfo(KeptLdbs::standardFolder()).path()));
-        QFile inTheWay(KeptLdbs::standardFolder());
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        // In the way of the file.
+        const QString folder = Installations().folderOf("installation-1");
+        QVERIFY(QDir().mkpath(folder + "/kept-ldbs.json"));
         openRun();
         QVERIFY(answer("noWayBackBox", "Start all the same"));
         QVERIFY(reach(Phase::Counting));
@@ -459,7 +458,7 @@ private:
         return isForgotten();
     }
 
-    static bool isForgotten() { return KeptLdbs().all().empty(); }
+    static bool isForgotten() { return Installations().keptLdbsOf("installation-1").all().empty(); }
     FimTracking* tracking() const { return m_window->findChild<FimTracking*>(); }
     QPushButton* button(const char* name) const
     {

@@ -60,6 +60,7 @@ private slots:
         row("exporting", with(polling(), &S::transferring), "S");
         row("exporting in service mode", with(polling(LdbState::ServiceMode), &S::transferring),
             "S");
+        row("site not certain", with(polling(), &S::unsettled), "RS");
         row("scanning while exporting", with(with(polling(), &S::transferring), &S::initialising),
             {});
     }

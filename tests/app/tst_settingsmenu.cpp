@@ -227,7 +227,8 @@ private slots:
         m_sandbox->writeFile("Velmark", QByteArray());
         const auto menu = makeMenu();
         const QSignalSpy updates(menu.get(), &SettingsMenu::comPortUpdated);
-        const ExpectWarning expected("serial/comPort cannot be stored|audio/audioWarnings cannot");
+        const ExpectWarning expected(
+            "(serial/comPort|serial/knownStart|audio/audioWarnings) cannot");
         menu->on_okButton_clicked();
         // For this run the choice holds.
         QCOMPARE(updates.count(), 1);

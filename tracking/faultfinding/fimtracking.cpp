@@ -38,8 +38,9 @@ void setDigitColour(QWidget* display, const QColor& colour)
 
 } // namespace
 
-FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
-    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent)
+FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent,
+                         const KeptLdbs& kept)
+    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent, kept)
 {
 }
 
