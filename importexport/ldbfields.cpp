@@ -64,6 +64,9 @@ QString valueText(bool flag)
 
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
 {
+    if (field == LdbField::Name && !a.nameBytes.isEmpty() && !b.nameBytes.isEmpty()) {
+        return encodeName(a) == encodeName(b);
+    }
     return std::visit([&](auto member) { return a.*member == b.*member; }, entryOf(field).member);
 }
 
@@ -78,6 +81,25 @@ std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to)
 {
     std::visit([&](auto member) { to.*member = from.*member; }, entryOf(field).member);
+    if (field == LdbField::Name) {
+        to.nameBytes = from.nameBytes;
+    }
+}
+
+LdbSettings factoryDefaults()
+{
+    constexpr quint16 kDefaultDelay = 10;
+    LdbSettings settings;
+    settings.generalFaultOutput = true;
+    settings.openDetectionDelay = kDefaultDelay;
+    settings.earthLeakageDetection = true;
+    settings.amplifierDetection = true;
+    return settings;
+}
+
+bool hasDefault(LdbField field)
+{
+    return field != LdbField::Name && field != LdbField::NumberOfFims;
 }
 
 QString fieldName(LdbField field)
