@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <variant>
 
 namespace {
@@ -60,6 +61,26 @@ QString valueText(bool flag)
     return flag ? Texts::tr("on") : Texts::tr("off");
 }
 
+bool take(const QVariant& value, QString& name)
+{
+    const bool isGood = isStorableName(value.toString());
+    name = isGood ? value.toString() : name;
+    return isGood;
+}
+bool take(const QVariant& value, quint16& number)
+{
+    bool isNumber = false;
+    const uint given = value.toUInt(&isNumber);
+    const bool isGood = isNumber && given <= std::numeric_limits<quint16>::max();
+    number = isGood ? static_cast<quint16>(given) : number;
+    return isGood;
+}
+bool take(const QVariant& value, bool& flag)
+{
+    flag = value.toBool();
+    return true;
+}
+
 } // namespace
 
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
@@ -100,6 +121,27 @@ LdbSettings factoryDefaults()
 bool hasDefault(LdbField field)
 {
     return field != LdbField::Name && field != LdbField::NumberOfFims;
+}
+
+FieldKind kindOf(LdbField field)
+{
+    return static_cast<FieldKind>(entryOf(field).member.index());
+}
+
+QVariant fieldVariant(LdbField field, const LdbSettings& settings)
+{
+    return std::visit([&](auto member) { return QVariant::fromValue(settings.*member); },
+                      entryOf(field).member);
+}
+
+bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& settings)
+{
+    const bool isTaken = std::visit([&](auto member) { return take(value, settings.*member); },
+                                    entryOf(field).member);
+    if (isTaken && field == LdbField::Name) {
+        settings.nameBytes.clear(); // it was typed
+    }
+    return isTaken;
 }
 
 QString fieldName(LdbField field)

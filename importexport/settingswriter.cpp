@@ -150,6 +150,14 @@ QString SettingsOutcome::reasonOf(LdbField field) const
                : QString();
 }
 
+bool SettingsOutcome::isSent(LdbParameter parameter) const
+{
+    return std::find(parameters.begin(), parameters.end(), parameter) != parameters.end() &&
+           std::none_of(failures.begin(), failures.end(), [parameter](const Failure& failure) {
+               return failure.parameter == parameter && isUnsent(failure);
+           });
+}
+
 FieldOutcome SettingsOutcome::outcomeOf(LdbField field) const
 {
     const auto ofReply = [](Reply::Kind how) {
@@ -173,8 +181,15 @@ FieldOutcome SettingsOutcome::outcomeOf(LdbField field) const
     }
     const bool isThere = record && isSameField(field, written, *record);
     for (const Failure& failure : failures) {
-        // What is there but not stored is lost at the LDB's next reset.
-        if (failure.parameter == parameterOf(field) ? !isThere : !failure.parameter) {
+        if (failure.parameter == parameterOf(field) && !isThere) {
+            return ofReply(failure.how);
+        }
+        if (!failure.parameter && isSent(parameterOf(field))) {
+            // What is there but not stored is lost at the LDB's next reset.
+            return failure.how == Reply::Kind::Refused ? FieldOutcome::Refused
+                                                       : FieldOutcome::NotAnswered;
+        }
+        if (!failure.parameter) {
             return ofReply(failure.how);
         }
     }

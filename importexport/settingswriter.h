@@ -71,6 +71,8 @@ struct SettingsOutcome
     bool isCut() const;
     /// The written fields of which the LDB has another value.
     std::vector<LdbField> differences() const;
+    /// The parameter was sent to the LDB, whatever came of it.
+    bool isSent(LdbParameter parameter) const;
     /// Of a field that was asked for. Only what was read back is `Written`.
     FieldOutcome outcomeOf(LdbField field) const;
     /// Why the LDB does not have this field as it was asked for; empty when it has.

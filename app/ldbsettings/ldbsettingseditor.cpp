@@ -1,5 +1,6 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
+#include "app/ldbsettings/fieldcontrols.h"
 #include "app/ldbsettings/leavequestion.h"
 #include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
@@ -10,7 +11,6 @@
 #include <QEvent>
 #include <QSignalBlocker>
 #include <QThread>
-#include <QValidator>
 
 #include <utility>
 
@@ -20,18 +20,6 @@ constexpr int kSavedMessageMs = 5000;
 
 const QString kFailureBox = QStringLiteral("failedSaveBox");
 
-/// Lets a name be typed only as far as an LDB can store it.
-class LdbNameValidator : public QValidator
-{
-public:
-    using QValidator::QValidator;
-    State validate(QString& input, int& position) const override
-    {
-        Q_UNUSED(position)
-        return isStorableName(input) ? Acceptable : Invalid;
-    }
-};
-
 } // namespace
 
 LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
@@ -39,7 +27,9 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
     , ui(std::make_unique<Ui::LdbSettingsEditor>())
 {
     ui->setupUi(this);
-    ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
+    fieldcontrols::limit(ui->settingsNameLineEdit);
+    fieldcontrols::limit(ui->settingsNumberOfFimsSpinBox);
+    fieldcontrols::limit(ui->settingsOpenDetectionDelaySpinBox);
     initFlagBoxes();
     reserveBoldWidths();
     refresh();
@@ -95,6 +85,19 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
     Q_ASSERT(!m_link);
     m_link = link;
     m_notices = notices;
+}
+
+void LdbSettingsEditor::keepFormer(const LdbSettings& fresh)
+{
+    const QString error = m_formerSettings.keep(
+        {QDateTime::currentDateTimeUtc(), FormerSettings::Occasion::Save, {}, {fresh}});
+    if (!error.isEmpty()) {
+        m_notices->box(QMessageBox::Warning, [hexId = m_writer->outcome().hexId, error] {
+            return BoxText{tr("Attention"),
+                           tr("The former settings of LDB %1 could not be kept.").arg(hexId),
+                           error};
+        });
+    }
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
@@ -181,6 +184,7 @@ void LdbSettingsEditor::processCompared()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     m_lastRead.insert(outcome.hexId, *outcome.fresh);
+    keepFormer(*outcome.fresh);
     if (outcome.hexId == m_hexId && m_edit.hasRecord()) {
         m_edit.receiveBeforeSave(*outcome.fresh);
         refresh();

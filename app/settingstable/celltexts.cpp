@@ -1,0 +1,141 @@
+#include "app/settingstable/celltexts.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(SettingsTable)
+};
+
+QString arrow(const QString& from, const QString& to)
+{
+    return QStringLiteral("%1 \u2192 %2").arg(from, to);
+}
+
+QString presentValue(const TableRow& row, LdbField field)
+{
+    if (!row.read || row.doubtful.count(field) > 0) {
+        return QStringLiteral("?");
+    }
+    return fieldValue(field, *row.read);
+}
+
+} // namespace
+
+QString celltexts::ofOutcome(FieldOutcome outcome)
+{
+    switch (outcome) {
+    case FieldOutcome::Written:
+        return Texts::tr("written");
+    case FieldOutcome::Refused:
+        return Texts::tr("refused");
+    case FieldOutcome::NotAnswered:
+        return Texts::tr("not answered");
+    case FieldOutcome::Differs:
+        return Texts::tr("differs");
+    case FieldOutcome::Overtaken:
+        return Texts::tr("left alone");
+    case FieldOutcome::Unsent:
+        break;
+    }
+    return Texts::tr("not sent");
+}
+
+QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
+{
+    if (!row.isKnown(field)) {
+        return {};
+    }
+    QString text = row.isEdited(field)
+                       ? arrow(presentValue(row, field), fieldValue(field, row.wanted))
+                       : presentValue(row, field);
+    if (differs) {
+        text.prepend(QStringLiteral("\u2260 "));
+    }
+    const auto outcome = row.outcomes.find(field);
+    return outcome == row.outcomes.end()
+               ? text
+               : QStringLiteral("%1 (%2)").arg(text, ofOutcome(outcome->second));
+}
+
+QString celltexts::tip(const TableRow& row, LdbField field, const TableComparison& comparison)
+{
+    QStringList lines{fieldName(field)};
+    if (row.isEdited(field)) {
+        lines.append(Texts::tr("To be written: %1").arg(fieldValue(field, row.wanted)));
+    }
+    if (row.doubtful.count(field) > 0) {
+        lines.append(Texts::tr("What the LDB has is not known: it was not read back."));
+    } else if (row.read) {
+        lines.append(Texts::tr("The LDB has: %1").arg(fieldValue(field, *row.read)));
+    }
+    const LdbSettings* expected = comparison.expected(row.hexId, field);
+    if (expected != nullptr) {
+        const QString value = fieldValue(field, *expected);
+        switch (comparison.with()) {
+        case TableComparison::With::Most:
+            lines.append(Texts::tr("Most LDB's have: %1").arg(value));
+            break;
+        case TableComparison::With::Defaults:
+            lines.append(Texts::tr("Factory default: %1").arg(value));
+            break;
+        case TableComparison::With::Other:
+            lines.append(QStringLiteral("%1: %2").arg(comparison.other().name(), value));
+            break;
+        }
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString celltexts::ofRow(const TableRow& row)
+{
+    QStringList parts;
+    const auto has = [&row](FieldOutcome wanted) {
+        return std::any_of(row.outcomes.begin(), row.outcomes.end(),
+                           [wanted](const auto& entry) { return entry.second == wanted; });
+    };
+    if (!row.isConnected) {
+        parts.append(Texts::tr("not connected"));
+    }
+    switch (row.reading) {
+    case TableRow::Reading::Never:
+        parts.append(Texts::tr("not read"));
+        break;
+    case TableRow::Reading::Awaited:
+        parts.append(Texts::tr("waits to be read"));
+        break;
+    case TableRow::Reading::Unanswered:
+        parts.append(Texts::tr("did not answer"));
+        break;
+    case TableRow::Reading::Unsent:
+        parts.append(Texts::tr("the connection ended before it was read"));
+        break;
+    case TableRow::Reading::Read:
+        break;
+    }
+    if (has(FieldOutcome::Overtaken)) {
+        parts.append(Texts::tr("changed since it was shown: nothing was written"));
+    }
+    for (const FieldOutcome outcome :
+         {FieldOutcome::Refused, FieldOutcome::NotAnswered, FieldOutcome::Differs,
+          FieldOutcome::Unsent, FieldOutcome::Written}) {
+        if (has(outcome)) {
+            parts.append(ofOutcome(outcome));
+        }
+    }
+    if (!row.edits.empty()) {
+        parts.append(Texts::tr("%n to write", nullptr, static_cast<int>(row.edits.size())));
+    }
+    return parts.join(QStringLiteral("; "));
+}
+
+QString celltexts::ofChange(LdbField field, const std::optional<LdbSettings>& present,
+                            const LdbSettings& wanted)
+{
+    const QString from = present ? fieldValue(field, *present) : QStringLiteral("?");
+    return QStringLiteral("%1: %2").arg(fieldName(field), arrow(from, fieldValue(field, wanted)));
+}
