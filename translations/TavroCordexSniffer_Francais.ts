@@ -263,6 +263,25 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>ClosingQuestion</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>Close the program all the same?</source>
+        <translation>Fermer le programme malgré tout&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -1593,6 +1612,17 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>LdbWork</name>
+    <message>
+        <source>Settings are being saved. The LDB may be left with a part of them.</source>
+        <translation>Des paramètres sont en cours d&apos;enregistrement. Le LDB peut n&apos;en garder qu&apos;une partie.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way. The loop may be left without sound.</source>
+        <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
+    </message>
+</context>
+<context>
     <name>LeaveQuestion</name>
     <message>
         <source>Attention</source>
@@ -1928,30 +1958,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Stop Export or Import</source>
         <translation>Arrêter l&apos;export ou l&apos;import</translation>
-    </message>
-    <message>
-        <source>Settings are being saved. The LDB may be left with a part of them.</source>
-        <translation>Des paramètres sont en cours d&apos;enregistrement. Le LDB peut n&apos;en garder qu&apos;une partie.</translation>
-    </message>
-    <message>
-        <source>Fault finding is under way. The loop may be left without sound.</source>
-        <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
-    </message>
-    <message>
-        <source>Attention</source>
-        <translation>Attention</translation>
-    </message>
-    <message>
-        <source>Close the program all the same?</source>
-        <translation>Fermer le programme malgré tout&#xa0;?</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Fermer</translation>
-    </message>
-    <message>
-        <source>Stay</source>
-        <translation>Rester</translation>
     </message>
     <message>
         <source>LOST/FA&amp;ULT</source>

@@ -263,6 +263,25 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>ClosingQuestion</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>Close the program all the same?</source>
+        <translation>Het programma toch sluiten?</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Blijven</translation>
+    </message>
+</context>
+<context>
     <name>DeviceDetailTable</name>
     <message>
         <source>ID</source>
@@ -1593,6 +1612,17 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>LdbWork</name>
+    <message>
+        <source>Settings are being saved. The LDB may be left with a part of them.</source>
+        <translation>Instellingen worden opgeslagen. De LDB kan met een deel ervan achterblijven.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way. The loop may be left without sound.</source>
+        <translation>Er wordt naar fouten gezocht. De lus kan zonder geluid achterblijven.</translation>
+    </message>
+</context>
+<context>
     <name>LeaveQuestion</name>
     <message>
         <source>Attention</source>
@@ -1928,30 +1958,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Stop Export or Import</source>
         <translation>Export of import stoppen</translation>
-    </message>
-    <message>
-        <source>Settings are being saved. The LDB may be left with a part of them.</source>
-        <translation>Instellingen worden opgeslagen. De LDB kan met een deel ervan achterblijven.</translation>
-    </message>
-    <message>
-        <source>Fault finding is under way. The loop may be left without sound.</source>
-        <translation>Er wordt naar fouten gezocht. De lus kan zonder geluid achterblijven.</translation>
-    </message>
-    <message>
-        <source>Attention</source>
-        <translation>Let op</translation>
-    </message>
-    <message>
-        <source>Close the program all the same?</source>
-        <translation>Het programma toch sluiten?</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Sluiten</translation>
-    </message>
-    <message>
-        <source>Stay</source>
-        <translation>Blijven</translation>
     </message>
     <message>
         <source>LOST/FA&amp;ULT</source>

@@ -5,27 +5,18 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
-#include "app/putback/mutewatch.h"
-#include "app/putback/putback.h"
-#include "app/shared/colours.h"
 #include "app/shared/constants.h"
 #include "app/shared/usersettings.h"
 #include "app/shared/whynot.h"
-#include "app/transfer/settingstransfer.h"
-#include "app/window/attention.h"
+#include "app/window/closingquestion.h"
+#include "app/window/ldbviews.h"
+#include "app/window/ldbwork.h"
 #include "app/window/monitor.h"
-#include "app/window/monitoringstrip.h"
 #include "app/window/runcontrol.h"
 #include "app/window/windowlook.h"
 #include "resources/resources.h"
 #include "serial/link/seriallink.h"
-#include "tracking/faultfinding/fimtracking.h"
-#include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"
-#include "views/lamps/lamppanel.h"
-#include "views/tables/devicedetailtable.h"
-#include "views/tables/deviceoverviewtable.h"
-#include "views/tables/mutemarks.h"
 
 #include <QCloseEvent>
 
@@ -37,34 +28,6 @@ std::unique_ptr<Ui::MainWindow> makeForm(QMainWindow* window)
     auto form = std::make_unique<Ui::MainWindow>();
     form->setupUi(window);
     return form;
-}
-
-bool isUnderWay(TrackingRun::Phase phase)
-{
-    switch (phase) {
-    case TrackingRun::Phase::FactoryReset:
-    case TrackingRun::Phase::Rebooting:
-    case TrackingRun::Phase::Counting:
-        return true;
-    case TrackingRun::Phase::Idle:
-    case TrackingRun::Phase::Confirmation:
-    case TrackingRun::Phase::Finished:
-        break;
-    }
-    return false;
-}
-
-QIcon logMark(LogPanel::Status status)
-{
-    switch (status) {
-    case LogPanel::Status::Off:
-        break;
-    case LogPanel::Status::Logging:
-        return lampimage::draw(colours::kOrangered);
-    case LogPanel::Status::Waiting:
-        return lampimage::draw(colours::kAmber);
-    }
-    return {};
 }
 
 } // namespace
@@ -87,9 +50,7 @@ MainWindow::MainWindow(const PortSource& ports, QWidget* parent)
 MainWindow::~MainWindow()
 {
     // What these say while they end must not reach a window half gone.
-    delete m_transfer;
-    delete m_putBack;
-    delete m_tracking;
+    delete m_work;
     delete m_ui->ldbSettingsEditor;
     m_link->disconnect();
     m_link.reset();
@@ -100,7 +61,6 @@ void MainWindow::init(const PortSource& ports)
     setWindowTitle(QStringLiteral("%1 Version %2")
                        .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
     initLink(ports);
-    initViews();
     initPanels();
     setLdbActionButtonsState();
 }
@@ -111,8 +71,6 @@ void MainWindow::initLink(const PortSource& ports)
     (new LinkNotices(m_notices.get(), this))->follow(link);
     m_monitor = new Monitor(link, ports.wallTime, this);
     connect(m_monitor, &Monitor::changed, this, &MainWindow::showMonitoring);
-    connect(m_ui->monitoringStrip, &MonitoringStrip::dismissLost, this,
-            [this] { dismiss(m_overviewTable->lostLdbs()); });
     m_run = new RunControl(m_link.get(), this);
     connect(m_run, &RunControl::begun, this, &MainWindow::processRunBegun);
     connect(m_run, &RunControl::scanning, this,
@@ -125,85 +83,30 @@ void MainWindow::initLink(const PortSource& ports)
     connect(link, &SerialLink::ldbListChanged, this, [this] {
         // While a scan is on, the list is not complete.
         if (!m_run->isScanning()) {
-            dropUnknownLdbs();
+            m_views->keepKnown();
         }
     });
     connect(link, &SerialLink::externalCommandsInQueueUpdated, this,
             [this](int commands) { m_status->showQueueLength(commands); });
 }
 
-void MainWindow::initViews()
-{
-    m_detailTable = new DeviceDetailTable(m_ui->deviceDetailTableView, this);
-    m_overviewTable = new DeviceOverviewTable(m_ui->deviceOverviewTableView, this);
-    m_muteMarks = new MuteMarks(m_ui->deviceOverviewTableView->model(),
-                                m_ui->deviceDetailTableView->model(), this);
-    connect(new MuteWatch(m_link.get(), this), &MuteWatch::changed, m_muteMarks,
-            &MuteMarks::setMuted);
-    m_plot = new MainWindowPlot(m_ui->plotContainer, this);
-    m_lamps = new LampPanel(
-        {m_ui->lampALabel, m_ui->lampATextLabel, m_ui->lampCausesA, m_ui->serviceModePage},
-        {m_ui->lampBLabel, m_ui->lampBTextLabel, m_ui->lampCausesB, m_ui->earthFaultPage},
-        {m_ui->lampCLabel, m_ui->lampCTextLabel, m_ui->lampCausesC, m_ui->openShortLeakPage},
-        {m_ui->lampDLabel, nullptr, m_ui->lampCausesD, m_ui->settingsPage}, m_ui->lampCausesOut,
-        m_ui->ldbActionToolBox, this);
-    const auto feed = [this](auto* view, auto process) {
-        connect(m_link.get(), &SerialLink::generalInformationUpdated, view, process);
-    };
-    feed(m_detailTable, &DeviceDetailTable::processData);
-    feed(m_overviewTable, &DeviceOverviewTable::processData);
-    feed(m_ui->logTab, &LogPanel::processData);
-    feed(m_plot, &MainWindowPlot::processData);
-    feed(m_lamps, &LampPanel::processData);
-    feed(new Attention(this), &Attention::processData);
-    connect(m_overviewTable, &DeviceOverviewTable::dismissed, this, &MainWindow::dismiss);
-    connect(m_overviewTable, &DeviceOverviewTable::selectedLDBChanged, this,
-            &MainWindow::processSelectedLdbChanged);
-    connect(m_plot, &MainWindowPlot::zoomEnabledChanged, m_ui->zoomButton,
-            &QAbstractButton::setChecked);
-    connect(m_lamps, &LampPanel::ldbActivated, m_overviewTable, &DeviceOverviewTable::selectLdb);
-    connect(m_lamps, &LampPanel::pageOpened, this,
-            [this] { m_ui->controlTabs->setCurrentWidget(m_ui->statusTab); });
-}
-
 void MainWindow::initPanels()
 {
     m_ui->logTab->setNotices(m_notices.get());
-    connect(m_ui->logTab, &LogPanel::statusChanged, this, [this](LogPanel::Status status) {
-        m_ui->controlTabs->setTabIcon(m_ui->controlTabs->indexOf(m_ui->logTab), logMark(status));
-    });
-    m_ui->ldbActionsGroup->init(m_link.get(), m_notices.get());
-    m_ui->ldbSettingsEditor->init(m_link.get(), m_notices.get());
-    connect(m_run, &RunControl::settingsStale, this, [this] {
-        if (!m_putBack->isPending(m_run->selectedLdb())) {
-            m_ui->ldbSettingsEditor->requestSettings();
-        }
-    });
-    m_putBack = new PutBack(m_link.get(), m_notices.get(), this, KeptLdbs(), this);
-    connect(m_putBack, &PutBack::pendingChanged, this, &MainWindow::setLdbActionButtonsState);
-    connect(m_putBack, &PutBack::settingsChanged, this, [this](const QString& hexId) {
-        if (hexId == m_run->selectedLdb()) {
-            m_ui->ldbSettingsEditor->requestSettings();
-        }
-    });
-    connect(m_ui->ldbSettingsEditor, &LdbSettingsEditor::savingChanged, m_run,
-            &RunControl::setSaving);
+    m_views = new LdbViews(*m_ui, m_link.get(), this);
+    connect(m_views, &LdbViews::selectedLdbChanged, this, &MainWindow::processSelectedLdbChanged);
+    m_work = new LdbWork(*m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get()}, this);
+    connect(m_work, &LdbWork::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
+    m_closing = new ClosingQuestion(m_notices.get(), this);
+    m_closing->ask([this] { return m_work->underWay(); });
     m_settingsMenu = new SettingsMenu(this);
     m_portName = m_settingsMenu->getComPort();
     m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
-    m_transfer = new SettingsTransfer(m_link.get(), m_notices.get(), m_status.get(), this);
-    connect(m_transfer, &SettingsTransfer::changed, this, &MainWindow::processTransfer);
-    m_ui->stopTransferButton->hide();
-    const auto let = [](const QAbstractButton* button, auto* receiver, auto slot) {
-        connect(button, &QAbstractButton::clicked, receiver, slot);
-    };
-    let(m_ui->exportDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseExport);
-    let(m_ui->importDeviceSettingsButton, m_transfer, &SettingsTransfer::chooseImport);
-    let(m_ui->stopTransferButton, m_transfer, &SettingsTransfer::stop);
-    let(m_ui->settingsMenuButton, m_settingsMenu, &QWidget::show);
-    let(m_ui->helpButton, this, [this] { ManualWindow::showIndex(this); });
+    connect(m_ui->settingsMenuButton, &QAbstractButton::clicked, m_settingsMenu, &QWidget::show);
+    connect(m_ui->helpButton, &QAbstractButton::clicked, this,
+            [this] { ManualWindow::showIndex(this); });
 }
 
 void MainWindow::retranslate()
@@ -211,11 +114,7 @@ void MainWindow::retranslate()
     updateButtonTexts();
     m_notices->retranslate();
     m_status->retranslate();
-    m_overviewTable->retranslate();
-    m_muteMarks->retranslate();
-    m_detailTable->retranslate();
-    m_plot->retranslate();
-    m_lamps->retranslate();
+    m_views->retranslate();
 }
 
 void MainWindow::updateButtonTexts()
@@ -261,7 +160,7 @@ void MainWindow::processRunBegun()
 {
     m_ui->startButton->setChecked(true);
     m_notices->hush();
-    m_plot->clearPlot();
+    m_views->clearPlot();
     if (!m_run->selectedLdb().isEmpty()) {
         showLdb(m_run->selectedLdb());
     }
@@ -276,38 +175,15 @@ void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization
     }
     // Those that a scan was cut short before it came to them are still there.
     if (m_link->isRunning()) {
-        dropUnknownLdbs();
+        m_views->keepKnown();
     }
     m_status->hideProgress();
     showMonitoring(m_monitor->monitoring());
 }
 
-void MainWindow::dropUnknownLdbs()
-{
-    const QStringList known = m_link->knownLdbs();
-    m_overviewTable->keepOnly(known);
-    m_lamps->keepOnly(known);
-}
-
-void MainWindow::dismiss(const QStringList& hexIds)
-{
-    m_link->dismiss(hexIds);
-    QStringList kept = m_overviewTable->shownLdbs();
-    for (const QString& hexId : hexIds) {
-        kept.removeAll(hexId);
-    }
-    m_overviewTable->keepOnly(kept);
-    m_lamps->keepOnly(kept);
-}
-
 void MainWindow::showMonitoring(const Monitoring& monitoring)
 {
-    m_ui->monitoringStrip->setMonitoring(monitoring);
-    m_overviewTable->setMonitoring(monitoring);
-    m_detailTable->setMonitoring(monitoring);
-    m_plot->setMonitoring(monitoring);
-    m_lamps->setMonitoring(monitoring);
-    m_ui->logTab->setMonitoring(monitoring);
+    m_views->setMonitoring(monitoring);
     if (!m_run->isScanning()) {
         m_status->showAvailable(monitoring.known, monitoring.lost);
     }
@@ -327,8 +203,8 @@ void MainWindow::processSelectedLdbChanged(const QString& deviceId)
     }
     LdbSettingsEditor* editor = m_ui->ldbSettingsEditor;
     if (editor->hasUnsavedChanges()) {
-        if (m_overviewTable->selectLdb(former)) {
-            editor->leave([this, deviceId] { m_overviewTable->selectLdb(deviceId); });
+        if (m_views->select(former)) {
+            editor->leave([this, deviceId] { m_views->select(deviceId); });
             return;
         }
         editor->drop();
@@ -339,15 +215,8 @@ void MainWindow::processSelectedLdbChanged(const QString& deviceId)
 void MainWindow::showLdb(const QString& deviceId)
 {
     m_run->setSelectedLdb(deviceId);
-    m_detailTable->setCurrentHexId(deviceId);
-    m_muteMarks->setSelectedLdb(deviceId);
-    m_ui->logTab->setSelectedLdb(deviceId);
-    m_plot->setSelectedDevice(deviceId);
-    m_ui->ldbActionsGroup->setSelectedLdb(deviceId);
-    if (!m_ui->ldbSettingsEditor->hasUnsavedChanges()) {
-        m_ui->ldbSettingsEditor->setSelectedLdb(deviceId);
-    }
-    m_ui->ldbSettingsEditor->requestSettings();
+    m_views->setSelectedLdb(deviceId);
+    m_work->setSelectedLdb(deviceId);
 }
 
 void MainWindow::setLdbActionButtonsState()
@@ -355,92 +224,19 @@ void MainWindow::setLdbActionButtonsState()
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
     WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
-    WhyNot::permit(m_ui->exportDeviceSettingsButton, controls.transfer);
-    WhyNot::permit(m_ui->importDeviceSettingsButton, controls.transfer);
-    m_overviewTable->setSelectionEnabled(controls.selection);
-    EnabledControls ofEditor = controls;
-    if (controls.settings && m_putBack->isPending(m_run->selectedLdb())) {
-        ofEditor.settings.hindrance = Hindrance::PuttingBack;
-    }
-    m_ui->ldbSettingsEditor->apply(ofEditor);
-    m_ui->ldbActionsGroup->apply(controls);
+    m_views->setSelectionEnabled(controls.selection);
+    m_work->apply(controls);
 }
 
 void MainWindow::on_fimTrackingButton_clicked()
 {
-    m_tracking = new FimTracking(m_run->selectedLdb(), m_link.get(), this);
-    m_putBack->follow(m_tracking);
-    connect(m_tracking, &QObject::destroyed, this, [this] {
-        m_tracking.clear(); // a widget tells of its end before it is known to be gone
-    });
-}
-
-void MainWindow::processTransfer(bool isOn)
-{
-    Q_ASSERT(QThread::currentThread() == thread());
-    // It stands in their place: the window has no room for both.
-    m_ui->exportDeviceSettingsButton->setVisible(!isOn);
-    m_ui->importDeviceSettingsButton->setVisible(!isOn);
-    m_ui->stopTransferButton->setVisible(isOn);
-    m_ui->stopTransferButton->setEnabled(isOn);
-    m_run->setTransferring(isOn);
-    // The editor shows what is in the LDB now, also when only a part was written.
-    if (!isOn && m_transfer->touchedLdbs().contains(m_run->selectedLdb())) {
-        showLdb(m_run->selectedLdb());
-    }
+    m_work->startFaultFinding();
 }
 
 void MainWindow::on_zoomButton_toggled(bool checked)
 {
-    m_plot->setZoomEnabled(checked);
+    m_views->setZoomEnabled(checked);
     updateButtonTexts();
-}
-
-std::vector<Text> MainWindow::workUnderWay() const
-{
-    std::vector<Text> reasons;
-    if (const Text transfer = m_transfer->underWay()) {
-        reasons.push_back(transfer);
-    }
-    if (m_run->isSaving()) {
-        reasons.emplace_back([] {
-            return tr("Settings are being saved. The LDB may be left with a part of them.");
-        });
-    }
-    if (m_tracking && isUnderWay(m_tracking->run().phase())) {
-        reasons.emplace_back(
-            [] { return tr("Fault finding is under way. The loop may be left without sound."); });
-    }
-    return reasons;
-}
-
-void MainWindow::askToClose(const std::vector<Text>& reasons)
-{
-    const QString name = QStringLiteral("closeBox");
-    if (m_notices->isOpen(name)) {
-        return;
-    }
-    auto* box = new MessageBox(
-        QMessageBox::Warning,
-        [reasons] {
-            QStringList lines;
-            for (const Text& reason : reasons) {
-                lines.append(reason());
-            }
-            return BoxText{tr("Attention"),
-                           tr("Close the program all the same?"),
-                           lines.join(QLatin1Char('\n')),
-                           {tr("Close"), tr("Stay")}};
-        },
-        this);
-    box->setObjectName(name);
-    connect(box, &QDialog::finished, this, [this, box] {
-        if (box->choice() == 0) {
-            m_mayClose = true;
-            close();
-        }
-    });
-    box->open();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -450,14 +246,11 @@ void MainWindow::closeEvent(QCloseEvent* event)
         m_ui->ldbSettingsEditor->leave([this] { close(); });
         return;
     }
-    const std::vector<Text> reasons = m_mayClose ? std::vector<Text>() : workUnderWay();
-    if (!reasons.empty()) {
+    if (!m_closing->mayClose()) {
         event->ignore();
-        askToClose(reasons);
         return;
     }
     windowlook::save(this);
-    m_overviewTable->saveTableState();
-    m_ui->logTab->save();
+    m_views->save();
     QMainWindow::closeEvent(event);
 }

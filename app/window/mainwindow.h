@@ -1,36 +1,28 @@
 #pragma once
 
-#include "app/shared/text.h"
 #include "serial/link/portsource.h"
 
 #include <QMainWindow>
-#include <QPointer>
 
 #include <memory>
-#include <vector>
 
 namespace Ui {
 class MainWindow;
 }
 
-class DeviceDetailTable;
-class DeviceOverviewTable;
-class FimTracking;
-class LampPanel;
-class MainWindowPlot;
+class ClosingQuestion;
+class LdbViews;
+class LdbWork;
 class Monitor;
-class MuteMarks;
-class Notices;
-class PutBack;
 struct Monitoring;
+class Notices;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
-class SettingsTransfer;
 class StatusBarDisplay;
 
-/// The program's window: builds the views, wires them to the serial link, and forwards what the
-/// user does. GUI thread.
+/// The program's window: puts together the link, what shows the LDBs (`LdbViews`), what works on
+/// them (`LdbWork`) and the run, and keeps them on the same LDB. GUI thread.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -60,7 +52,6 @@ private slots:
     void processComPortUpdated(const QString& comPort);
     /// Shows that LDB, or keeps the former one while the user is asked about its unsaved settings.
     void processSelectedLdbChanged(const QString& deviceId);
-    void processTransfer(bool isOn);
 
     void serialProcessorStopped();
     void serialProcessorLdbInitializationStateChange(bool initialization);
@@ -70,19 +61,11 @@ private slots:
 
 private:
     void initLink(const PortSource& ports);
-    void initViews();
     void initPanels();
     void processRunBegun();
-    void dropUnknownLdbs();
-    void dismiss(const QStringList& hexIds);
     /// Makes the LDB the selected one; unsaved edits of the settings stay.
     void showLdb(const QString& deviceId);
     void updateButtonTexts();
-    /// What a closing of the window would break off, a sentence each; empty when nothing is under
-    /// way.
-    std::vector<Text> workUnderWay() const;
-    /// Asks whether to close all the same, with staying as the default.
-    void askToClose(const std::vector<Text>& reasons);
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Notices> m_notices;
@@ -91,14 +74,8 @@ private:
     QString m_portName; ///< in force
     RunControl* m_run = nullptr;
     Monitor* m_monitor = nullptr;
-    DeviceDetailTable* m_detailTable = nullptr;
-    DeviceOverviewTable* m_overviewTable = nullptr;
-    LampPanel* m_lamps = nullptr;
-    MainWindowPlot* m_plot = nullptr;
+    LdbViews* m_views = nullptr;
+    LdbWork* m_work = nullptr;
+    ClosingQuestion* m_closing = nullptr;
     SettingsMenu* m_settingsMenu = nullptr;
-    SettingsTransfer* m_transfer = nullptr;
-    PutBack* m_putBack = nullptr;
-    MuteMarks* m_muteMarks = nullptr;
-    QPointer<FimTracking> m_tracking; // deletes itself when closed
-    bool m_mayClose = false;          ///< the user has said so
 };

@@ -1,0 +1,162 @@
+#include "app/window/ldbviews.h"
+
+#include "app/putback/mutewatch.h"
+#include "app/shared/colours.h"
+#include "app/window/attention.h"
+#include "app/window/monitoringstrip.h"
+#include "serial/link/seriallink.h"
+#include "tracking/plot/mainwindowplot.h"
+#include "ui_mainwindow.h"
+#include "views/lamps/lamppanel.h"
+#include "views/tables/devicedetailtable.h"
+#include "views/tables/deviceoverviewtable.h"
+#include "views/tables/mutemarks.h"
+
+namespace {
+
+QIcon logMark(LogPanel::Status status)
+{
+    switch (status) {
+    case LogPanel::Status::Off:
+        break;
+    case LogPanel::Status::Logging:
+        return lampimage::draw(colours::kOrangered);
+    case LogPanel::Status::Waiting:
+        return lampimage::draw(colours::kAmber);
+    }
+    return {};
+}
+
+} // namespace
+
+LdbViews::LdbViews(const Ui::MainWindow& ui, SerialLink* link, QWidget* parent)
+    : QObject(parent)
+    , m_ui(ui)
+    , m_link(link)
+{
+    makeViews();
+    feed();
+    connect(m_link, &SerialLink::generalInformationUpdated, new Attention(parent),
+            &Attention::processData);
+    connectViews();
+}
+
+void LdbViews::makeViews()
+{
+    m_details = new DeviceDetailTable(m_ui.deviceDetailTableView, this);
+    m_overview = new DeviceOverviewTable(m_ui.deviceOverviewTableView, this);
+    m_muteMarks = new MuteMarks(m_ui.deviceOverviewTableView->model(),
+                                m_ui.deviceDetailTableView->model(), this);
+    m_plot = new MainWindowPlot(m_ui.plotContainer, this);
+    m_lamps = new LampPanel(
+        {m_ui.lampALabel, m_ui.lampATextLabel, m_ui.lampCausesA, m_ui.serviceModePage},
+        {m_ui.lampBLabel, m_ui.lampBTextLabel, m_ui.lampCausesB, m_ui.earthFaultPage},
+        {m_ui.lampCLabel, m_ui.lampCTextLabel, m_ui.lampCausesC, m_ui.openShortLeakPage},
+        {m_ui.lampDLabel, nullptr, m_ui.lampCausesD, m_ui.settingsPage}, m_ui.lampCausesOut,
+        m_ui.ldbActionToolBox, this);
+}
+
+void LdbViews::feed()
+{
+    const auto follow = [this](auto* view, auto process) {
+        connect(m_link, &SerialLink::generalInformationUpdated, view, process);
+    };
+    follow(m_details, &DeviceDetailTable::processData);
+    follow(m_overview, &DeviceOverviewTable::processData);
+    follow(m_ui.logTab, &LogPanel::processData);
+    follow(m_plot, &MainWindowPlot::processData);
+    follow(m_lamps, &LampPanel::processData);
+    connect(new MuteWatch(m_link, this), &MuteWatch::changed, m_muteMarks, &MuteMarks::setMuted);
+}
+
+void LdbViews::connectViews()
+{
+    connect(m_overview, &DeviceOverviewTable::selectedLDBChanged, this,
+            &LdbViews::selectedLdbChanged);
+    connect(m_overview, &DeviceOverviewTable::dismissed, this, &LdbViews::dismiss);
+    connect(m_ui.monitoringStrip, &MonitoringStrip::dismissLost, this,
+            [this] { dismiss(m_overview->lostLdbs()); });
+    connect(m_plot, &MainWindowPlot::zoomEnabledChanged, m_ui.zoomButton,
+            &QAbstractButton::setChecked);
+    connect(m_lamps, &LampPanel::ldbActivated, m_overview, &DeviceOverviewTable::selectLdb);
+    connect(m_lamps, &LampPanel::pageOpened, this,
+            [this] { m_ui.controlTabs->setCurrentWidget(m_ui.statusTab); });
+    connect(m_ui.logTab, &LogPanel::statusChanged, this, [this](LogPanel::Status status) {
+        m_ui.controlTabs->setTabIcon(m_ui.controlTabs->indexOf(m_ui.logTab), logMark(status));
+    });
+}
+
+void LdbViews::setMonitoring(const Monitoring& monitoring)
+{
+    m_ui.monitoringStrip->setMonitoring(monitoring);
+    m_overview->setMonitoring(monitoring);
+    m_details->setMonitoring(monitoring);
+    m_plot->setMonitoring(monitoring);
+    m_lamps->setMonitoring(monitoring);
+    m_ui.logTab->setMonitoring(monitoring);
+}
+
+void LdbViews::keepKnown()
+{
+    keepOnly(m_link->knownLdbs());
+}
+
+void LdbViews::dismiss(const QStringList& hexIds)
+{
+    m_link->dismiss(hexIds);
+    // Not the link's list: while a scan is on, that is not complete.
+    QStringList kept = m_overview->shownLdbs();
+    for (const QString& hexId : hexIds) {
+        kept.removeAll(hexId);
+    }
+    keepOnly(kept);
+}
+
+void LdbViews::keepOnly(const QStringList& hexIds)
+{
+    m_overview->keepOnly(hexIds);
+    m_lamps->keepOnly(hexIds);
+}
+
+bool LdbViews::select(const QString& hexId)
+{
+    return m_overview->selectLdb(hexId);
+}
+
+void LdbViews::setSelectionEnabled(bool enabled)
+{
+    m_overview->setSelectionEnabled(enabled);
+}
+
+void LdbViews::setSelectedLdb(const QString& hexId)
+{
+    m_details->setCurrentHexId(hexId);
+    m_muteMarks->setSelectedLdb(hexId);
+    m_ui.logTab->setSelectedLdb(hexId);
+    m_plot->setSelectedDevice(hexId);
+}
+
+void LdbViews::clearPlot()
+{
+    m_plot->clearPlot();
+}
+
+void LdbViews::setZoomEnabled(bool enabled)
+{
+    m_plot->setZoomEnabled(enabled);
+}
+
+void LdbViews::retranslate()
+{
+    m_overview->retranslate();
+    m_muteMarks->retranslate();
+    m_details->retranslate();
+    m_plot->retranslate();
+    m_lamps->retranslate();
+}
+
+void LdbViews::save() const
+{
+    m_overview->saveTableState();
+    m_ui.logTab->save();
+}

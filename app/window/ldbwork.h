@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/shared/enabledcontrols.h"
+#include "app/shared/text.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <vector>
+
+namespace Ui {
+class MainWindow;
+}
+
+class FimTracking;
+class Notices;
+class PutBack;
+class RunControl;
+class SerialLink;
+class SettingsTransfer;
+class StatusBarDisplay;
+
+/// All that asks LDBs for more than their status, or changes them: the editor, the actions, the
+/// transfers, fault finding, and what puts back what that has changed. Wires them, keeps them out
+/// of each other's way, and knows what is under way. GUI thread.
+class LdbWork : public QObject
+{
+    Q_OBJECT
+public:
+    struct Surroundings
+    {
+        SerialLink* link = nullptr;
+        RunControl* run = nullptr;
+        Notices* notices = nullptr;
+        StatusBarDisplay* status = nullptr;
+    };
+
+    /// Takes the panels and buttons of the form. Form, surroundings and window outlive this object.
+    LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWidget* window);
+    /// Ends what is under way, which may still use the link for it.
+    ~LdbWork() override;
+
+    /// Turns to this LDB and reads its settings; unsaved edits of them stay.
+    void setSelectedLdb(const QString& hexId);
+    /// Opens the window of fault finding for the selected LDB.
+    void startFaultFinding();
+
+    /// Enables what the situation allows.
+    void apply(const EnabledControls& controls);
+    /// What an end of the program would break off, a sentence each; empty when nothing is under
+    /// way.
+    std::vector<Text> underWay() const;
+
+signals:
+    /// What can be used may differ from before.
+    void enabledChanged();
+
+private:
+    void initEditor();
+    void initTransfer();
+    void initPutBack();
+    void showTransfer(bool isOn);
+
+    const Ui::MainWindow& m_ui;
+    Surroundings m_around;
+    QWidget* m_window;
+    SettingsTransfer* m_transfer = nullptr; // owned
+    PutBack* m_putBack = nullptr;           // owned
+    QPointer<FimTracking> m_tracking;       // deletes itself when closed
+};
