@@ -4,16 +4,7 @@
 #include "importexport/settingsreader.h"
 #include "serial/link/seriallink.h"
 
-#include <QFile>
-
 #include <algorithm>
-
-namespace {
-
-// A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
-constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
-
-} // namespace
 
 SettingsImport::SettingsImport(SerialLink* link)
     : LdbTransfer(link)
@@ -28,7 +19,10 @@ bool SettingsImport::begin(const QString& filePath)
         fail(QT_TR_NOOP("No LDB's are connected."));
         return false;
     }
-    if (!readFile(filePath)) {
+    Text error;
+    m_content = ImportPlan::load(filePath, error);
+    if (error) {
+        m_failures.push_back(error);
         return false;
     }
     m_bus.known = m_link->knownLdbs();
@@ -38,25 +32,6 @@ bool SettingsImport::begin(const QString& filePath)
             &SettingsImport::progressChanged);
     connect(m_reader.get(), &SettingsReader::finished, this, &SettingsImport::processRead);
     m_reader->start();
-    return true;
-}
-
-bool SettingsImport::readFile(const QString& filePath)
-{
-    QFile file(filePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(QT_TR_NOOP("The file cannot be opened: %1"), file.errorString());
-        return false;
-    }
-    m_content = file.read(kMaxFileSize + 1);
-    if (file.error() != QFileDevice::NoError) {
-        fail(QT_TR_NOOP("The file cannot be read: %1"), file.errorString());
-        return false;
-    }
-    if (m_content.size() > kMaxFileSize) {
-        fail(QT_TR_NOOP("The file is too long for a settings file."));
-        return false;
-    }
     return true;
 }
 
@@ -109,7 +84,9 @@ SettingsBatch* SettingsImport::write(std::vector<LdbChange> changes)
     m_batch = std::make_unique<SettingsBatch>(m_link, std::move(changes));
     connect(m_batch.get(), &SettingsBatch::ldbDone, this, &SettingsImport::processWritten);
     connect(m_batch.get(), &SettingsBatch::progressChanged, this, &SettingsImport::progressChanged);
-    connect(m_batch.get(), &SettingsBatch::finished, this, &SettingsImport::processBatchEnd);
+    // Queued: whoever follows the writing hears of its end before it is gone.
+    connect(m_batch.get(), &SettingsBatch::finished, this, &SettingsImport::processBatchEnd,
+            Qt::QueuedConnection);
     expectReplies(m_batch->count());
     // From the event loop: who said yes may be about to close what he was asked with.
     m_batch->start();

@@ -50,7 +50,6 @@ private:
         Ended
     };
 
-    bool readFile(const QString& filePath);
     void processRead();
     void processWritten(const SettingsOutcome& outcome);
     void processBatchEnd();

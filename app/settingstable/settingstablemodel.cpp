@@ -216,12 +216,17 @@ void SettingsTableModel::setLdbs(const QStringList& known, const QStringList& co
     for (const QString& hexId : known) {
         addRow(hexId);
     }
-    for (TableRow& row : m_rows) {
-        const bool isConnected = connected.contains(row.hexId);
-        if (row.isConnected != isConnected) {
-            row.isConnected = isConnected;
-            tell(row);
-        }
+    for (const TableRow& row : m_rows) {
+        setConnected(row.hexId, connected.contains(row.hexId));
+    }
+}
+
+void SettingsTableModel::setConnected(const QString& hexId, bool isConnected)
+{
+    TableRow* told = row(hexId);
+    if (told != nullptr && told->isConnected != isConnected) {
+        told->isConnected = isConnected;
+        tell(*told);
     }
 }
 

@@ -52,6 +52,7 @@ public:
 
     /// Adds those that are not there yet; of all it is known whether they are connected.
     void setLdbs(const QStringList& known, const QStringList& connected);
+    void setConnected(const QString& hexId, bool isConnected);
     const std::vector<TableRow>& rows() const { return m_rows; }
     /// Null for an LDB that is not there.
     const TableRow* find(const QString& hexId) const;

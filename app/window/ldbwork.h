@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <vector>
 
 namespace Ui {
@@ -17,6 +18,7 @@ class Notices;
 class PutBack;
 class RunControl;
 class SerialLink;
+class SettingsTableWindow;
 class SettingsTransfer;
 class StatusBarDisplay;
 
@@ -33,6 +35,7 @@ public:
         RunControl* run = nullptr;
         Notices* notices = nullptr;
         StatusBarDisplay* status = nullptr;
+        std::function<qint64()> wallTime; ///< ms since 1970 UTC, of the link's ports
     };
 
     /// Takes the panels and buttons of the form. Form, surroundings and window outlive this object.
@@ -58,6 +61,7 @@ signals:
 private:
     void initEditor();
     void initTransfer();
+    void initTable();
     void initPutBack();
     void showTransfer(bool isOn);
 
@@ -65,6 +69,7 @@ private:
     Surroundings m_around;
     QWidget* m_window;
     SettingsTransfer* m_transfer = nullptr; // owned
+    SettingsTableWindow* m_table = nullptr; // owned
     PutBack* m_putBack = nullptr;           // owned
     QPointer<FimTracking> m_tracking;       // deletes itself when closed
 };

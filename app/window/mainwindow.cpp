@@ -61,7 +61,7 @@ void MainWindow::init(const PortSource& ports)
     setWindowTitle(QStringLiteral("%1 Version %2")
                        .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
     initLink(ports);
-    initPanels();
+    initPanels(ports);
     setLdbActionButtonsState();
 }
 
@@ -90,12 +90,13 @@ void MainWindow::initLink(const PortSource& ports)
             [this](int commands) { m_status->showQueueLength(commands); });
 }
 
-void MainWindow::initPanels()
+void MainWindow::initPanels(const PortSource& ports)
 {
     m_ui->logTab->setNotices(m_notices.get());
     m_views = new LdbViews(*m_ui, m_link.get(), this);
     connect(m_views, &LdbViews::selectedLdbChanged, this, &MainWindow::processSelectedLdbChanged);
-    m_work = new LdbWork(*m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get()}, this);
+    m_work = new LdbWork(
+        *m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get(), ports.wallTime}, this);
     connect(m_work, &LdbWork::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
     m_closing = new ClosingQuestion(m_notices.get(), this);
     m_closing->ask([this] { return m_work->underWay(); });

@@ -61,7 +61,7 @@ private slots:
 
 private:
     void initLink(const PortSource& ports);
-    void initPanels();
+    void initPanels(const PortSource& ports);
     void processRunBegun();
     /// Makes the LDB the selected one; unsaved edits of the settings stay.
     void showLdb(const QString& deviceId);
