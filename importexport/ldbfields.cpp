@@ -61,6 +61,19 @@ QString valueText(bool flag)
     return flag ? Texts::tr("on") : Texts::tr("off");
 }
 
+QVariant toVariant(const QString& name)
+{
+    return name;
+}
+QVariant toVariant(quint16 number)
+{
+    return int{number}; // which views sort by size
+}
+QVariant toVariant(bool flag)
+{
+    return flag;
+}
+
 bool take(const QVariant& value, QString& name)
 {
     const bool isGood = isStorableName(value.toString());
@@ -130,7 +143,7 @@ FieldKind kindOf(LdbField field)
 
 QVariant fieldVariant(LdbField field, const LdbSettings& settings)
 {
-    return std::visit([&](auto member) { return QVariant::fromValue(settings.*member); },
+    return std::visit([&](auto member) { return toVariant(settings.*member); },
                       entryOf(field).member);
 }
 

@@ -31,6 +31,22 @@ constexpr int kSearchWidth = 160;
 constexpr int kProgressWidth = 160;
 constexpr int kCellMargin = 6;
 
+constexpr int kHeaderLines = 3;
+
+/// How many letters a column is wide; the last one takes the rest.
+int lettersOf(int column)
+{
+    constexpr int kUsual = 12;
+    constexpr int kId = 5;
+    constexpr int kName = 22;
+    constexpr int kTime = 10;
+    const bool isName = column == SettingsTableModel::columnOf(LdbField::Name);
+    return column == SettingsTableModel::LdbColumn    ? kId
+           : isName                                   ? kName
+           : column == SettingsTableModel::ReadColumn ? kTime
+                                                      : kUsual;
+}
+
 struct ActionText
 {
     const char* name;
@@ -176,15 +192,11 @@ void SettingsTableWindow::buildTable()
                                                     static_cast<Qt::Alignment>(Qt::TextWordWrap));
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->setTabKeyNavigation(false); // Tab leaves the table
+    m_view->horizontalHeader()->setFixedHeight(kHeaderLines * fontMetrics().lineSpacing() +
+                                               kCellMargin);
     const int letter = fontMetrics().averageCharWidth();
-    for (int column = 0; column < SettingsTableModel::ColumnCount; ++column) {
-        constexpr int kUsual = 14;
-        constexpr int kName = 26;
-        constexpr int kShort = 6;
-        const int letters = column == SettingsTableModel::LdbColumn                  ? kShort
-                            : column == SettingsTableModel::columnOf(LdbField::Name) ? kName
-                                                                                     : kUsual;
-        m_view->setColumnWidth(column, letters * letter);
+    for (int column = 0; column < SettingsTableModel::StateColumn; ++column) {
+        m_view->setColumnWidth(column, lettersOf(column) * letter);
     }
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SettingsTableWindow::updateActions);
@@ -286,6 +298,7 @@ void SettingsTableWindow::retranslate()
     for (const ActionText& text : kActionTexts) {
         auto* action = findChild<QAction*>(QLatin1String(text.name));
         action->setText(tr(text.text));
+        action->setIconText(tr(text.text)); // which would lose its dots
         const QString key = action->shortcut().toString(QKeySequence::NativeText);
         action->setToolTip(key.isEmpty() ? tr(text.tip)
                                          : QStringLiteral("%1 (%2)").arg(tr(text.tip), key));

@@ -58,6 +58,7 @@ void SettingsTableWindow::follow()
         m_model->setConnected(hexId, m_around.link->isConnected(hexId));
     });
     takeLdbs();
+    connect(m_model, &SettingsTableModel::rowsInserted, this, &SettingsTableWindow::updateActions);
     connect(m_model, &SettingsTableModel::editsChanged, this, &SettingsTableWindow::updateActions);
     connect(m_reading, &TableReading::changed, this, &SettingsTableWindow::updateActions);
     connect(m_reading, &TableReading::progressChanged, this,
@@ -89,7 +90,15 @@ void SettingsTableWindow::setFormerSettings(const FormerSettingsStore& store)
 void SettingsTableWindow::apply(Permission permission)
 {
     m_permission = permission;
+    readAtFirst();
     updateActions();
+}
+
+void SettingsTableWindow::readAtFirst()
+{
+    if (isVisible() && m_permission && !m_hasRead) {
+        readAll();
+    }
 }
 
 Text SettingsTableWindow::underWay() const
@@ -108,15 +117,12 @@ void SettingsTableWindow::open()
     show();
     raise();
     activateWindow();
-    const auto& rows = m_model->rows();
-    if (m_permission && std::none_of(rows.begin(), rows.end(),
-                                     [](const TableRow& row) { return row.read.has_value(); })) {
-        readAll();
-    }
+    readAtFirst();
 }
 
 void SettingsTableWindow::readAll()
 {
+    m_hasRead = true;
     m_reading->read(m_around.link->connectedLdbs());
 }
 
@@ -216,6 +222,7 @@ void SettingsTableWindow::takeImport(const TableFile& file)
 {
     m_import = file;
     m_isImport = true;
+    m_hasRead = true;
     m_model->edit(file.edits(), tr("Import of %1").arg(file.name()));
     showImport();
 }

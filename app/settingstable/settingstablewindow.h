@@ -51,7 +51,7 @@ public:
     Text underWay() const;
 
 public slots:
-    /// Shows the window, and reads all LDBs where none has been read yet.
+    /// Shows the window, and reads all LDBs the first time that they can be read.
     void open();
 
 protected:
@@ -72,6 +72,7 @@ private:
 
     QModelIndexList selectedCells() const;
     QStringList selectedLdbs() const;
+    void readAtFirst();
     void readAll();
     void copy();
     void paste();
@@ -116,6 +117,7 @@ private:
     FileBar* m_compareBar;
     TableFile m_import; ///< where one is open
     bool m_isImport = false;
+    bool m_hasRead = false;
     TableFile m_compareFile; ///< where the comparison is with one
     bool m_isFileCompared = false;
 };

@@ -8,7 +8,7 @@
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/putback/putbacktexts.h"
-#include "app/transfer/importpreview.h"
+#include "app/settingstable/writepreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "app/window/monitoringstrip.h"
@@ -393,9 +393,17 @@ QWidget* ScreenSet::openPreview(bool isDecimal)
                           "12;Stairs;1;1;5;1;0;0;0;20;F\n"
                           "A4;Hall;1;1;5;1;0;0;0;20;F\n"
                           "233;Roof;1;1;5;1;0;0;0;20;F\n");
-    return keep(std::make_unique<ImportPreview>(
-        ImportPlan::make(file, isDecimal ? IdReading::Decimal : IdReading::Hexadecimal, bus),
-        "/home/site/Device List[14112026_211530].csv", nullptr));
+    const ImportPlan plan =
+        ImportPlan::make(file, isDecimal ? IdReading::Decimal : IdReading::Hexadecimal, bus);
+    std::vector<LdbChange> changes;
+    for (const ImportPlan::Entry& entry : plan.entries) {
+        if (!entry.comparison.isSame()) {
+            changes.push_back(
+                {entry.line.hexId,
+                 {entry.comparison.wanted, entry.comparison.fields, entry.comparison.present}});
+        }
+    }
+    return keep(std::make_unique<WritePreview>(changes, plan.problems, nullptr));
 }
 
 QWidget* ScreenSet::openQuestion()
