@@ -73,6 +73,10 @@ QString celltexts::tip(const TableRow& row, LdbField field, const TableCompariso
     } else if (row.read) {
         lines.append(Texts::tr("The LDB has: %1").arg(fieldValue(field, *row.read)));
     }
+    const auto outcome = row.outcomes.find(field);
+    if (outcome != row.outcomes.end()) {
+        lines.append(Texts::tr("The last Write: %1").arg(ofOutcome(outcome->second)));
+    }
     const LdbSettings* expected = comparison.expected(row.hexId, field);
     if (expected != nullptr) {
         const QString value = fieldValue(field, *expected);

@@ -37,7 +37,7 @@ constexpr int kHeaderLines = 3;
 int lettersOf(int column)
 {
     constexpr int kUsual = 12;
-    constexpr int kId = 5;
+    constexpr int kId = 8;
     constexpr int kName = 22;
     constexpr int kTime = 10;
     const bool isName = column == SettingsTableModel::columnOf(LdbField::Name);
