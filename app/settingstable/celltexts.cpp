@@ -53,13 +53,17 @@ QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
     QString text = row.isEdited(field)
                        ? arrow(presentValue(row, field), fieldValue(field, row.wanted))
                        : presentValue(row, field);
-    if (differs) {
+    if (differs && !row.isEdited(field)) { // an edit has its own mark, and no room for both
         text.prepend(QStringLiteral("\u2260 "));
     }
     const auto outcome = row.outcomes.find(field);
-    return outcome == row.outcomes.end()
-               ? text
-               : QStringLiteral("%1 (%2)").arg(text, ofOutcome(outcome->second));
+    if (outcome == row.outcomes.end()) {
+        return text;
+    }
+    // What went wrong stands first, where a narrow column does not cut it off.
+    return outcome->second == FieldOutcome::Written
+               ? text + QStringLiteral(" \u2713")
+               : QStringLiteral("%1: %2").arg(ofOutcome(outcome->second), text);
 }
 
 QString celltexts::tip(const TableRow& row, LdbField field, const TableComparison& comparison)

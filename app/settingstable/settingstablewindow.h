@@ -53,6 +53,8 @@ public:
 public slots:
     /// Shows the window, and reads all LDBs the first time that they can be read.
     void open();
+    /// Takes the values of a file as edits; on the bus, the LDBs are read first.
+    void importFile(const QString& path);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -79,7 +81,6 @@ private:
     void setForSelected();
 
     void chooseImport();
-    void importFile(const QString& path);
     void takePlanned();
     void takeImport(const TableFile& file);
     void readImportOtherwise();
