@@ -51,6 +51,9 @@ inline const QString kTranslationFileFilter = QStringLiteral("*.qm");
 inline const QString kTuningFileName = QStringLiteral("settings.ini");
 inline const QString kTableSettingsGroup = QStringLiteral("TableSettings");
 inline const QString kDisconnectedCountKey = QStringLiteral("SerialSettings/DISCONNECTED_COUNT");
+inline const QString kIdentityEveryRoundsKey =
+    QStringLiteral("SerialSettings/IDENTITY_EVERY_ROUNDS");
+inline const QString kSelectedWithinKey = QStringLiteral("SerialSettings/SELECTED_WITHIN_MS");
 inline const QString kBytesWrittenWaitTimeKey =
     QStringLiteral("SerialSettings/BYTES_WRITTEN_WAIT_TIME");
 inline const QString kBytesReceivedWaitTimeKey =
