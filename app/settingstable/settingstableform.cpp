@@ -38,7 +38,7 @@ int lettersOf(int column)
 {
     constexpr int kUsual = 12;
     constexpr int kId = 8;
-    constexpr int kName = 22;
+    constexpr int kName = 28;
     constexpr int kTime = 10;
     const bool isName = column == SettingsTableModel::columnOf(LdbField::Name);
     return column == SettingsTableModel::LdbColumn    ? kId
