@@ -16,12 +16,26 @@ QString arrow(const QString& from, const QString& to)
     return QStringLiteral("%1 \u2192 %2").arg(from, to);
 }
 
-QString presentValue(const TableRow& row, LdbField field)
+/// Two words for a switch have no room in a column of every language.
+QString shortValue(LdbField field, const LdbSettings& settings)
 {
-    if (!row.read || row.doubtful.count(field) > 0) {
-        return QStringLiteral("?");
+    if (kindOf(field) != FieldKind::Switch) {
+        return fieldValue(field, settings);
     }
-    return fieldValue(field, *row.read);
+    return fieldVariant(field, settings).toBool() ? QStringLiteral("\u2611")
+                                                  : QStringLiteral("\u2610");
+}
+
+bool isCertain(const TableRow& row, LdbField field)
+{
+    return row.read && row.doubtful.count(field) == 0;
+}
+
+QString changeText(const TableRow& row, LdbField field)
+{
+    const QString present =
+        isCertain(row, field) ? shortValue(field, *row.read) : QStringLiteral("?");
+    return arrow(present, shortValue(field, row.wanted));
 }
 
 } // namespace
@@ -50,11 +64,16 @@ QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
     if (!row.isKnown(field)) {
         return {};
     }
-    QString text = row.isEdited(field)
-                       ? arrow(presentValue(row, field), fieldValue(field, row.wanted))
-                       : presentValue(row, field);
+    QString text;
+    if (row.isEdited(field)) {
+        text = changeText(row, field);
+    } else if (!isCertain(row, field)) {
+        text = QStringLiteral("?");
+    } else if (kindOf(field) != FieldKind::Switch) { // whose box says it
+        text = fieldValue(field, *row.read);
+    }
     if (differs && !row.isEdited(field)) { // an edit has its own mark, and no room for both
-        text.prepend(QStringLiteral("\u2260 "));
+        text = QStringLiteral("\u2260 %1").arg(text).trimmed();
     }
     const auto outcome = row.outcomes.find(field);
     if (outcome == row.outcomes.end()) {
@@ -62,7 +81,7 @@ QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
     }
     // What went wrong stands first, where a narrow column does not cut it off.
     return outcome->second == FieldOutcome::Written
-               ? text + QStringLiteral(" \u2713")
+               ? QStringLiteral("%1 \u2713").arg(text).trimmed()
                : QStringLiteral("%1: %2").arg(ofOutcome(outcome->second), text);
 }
 
@@ -139,11 +158,4 @@ QString celltexts::ofRow(const TableRow& row)
         parts.append(Texts::tr("%n to write", nullptr, static_cast<int>(row.edits.size())));
     }
     return parts.join(QStringLiteral("; "));
-}
-
-QString celltexts::ofChange(LdbField field, const std::optional<LdbSettings>& present,
-                            const LdbSettings& wanted)
-{
-    const QString from = present ? fieldValue(field, *present) : QStringLiteral("?");
-    return QStringLiteral("%1: %2").arg(fieldName(field), arrow(from, fieldValue(field, wanted)));
 }

@@ -13,8 +13,5 @@ QString ofCell(const TableRow& row, LdbField field, bool differs);
 QString tip(const TableRow& row, LdbField field, const TableComparison& comparison);
 /// How the LDB is: lost, not read, what became of its edits.
 QString ofRow(const TableRow& row);
-/// "field: old -> new"; `present` is nothing where it was never read.
-QString ofChange(LdbField field, const std::optional<LdbSettings>& present,
-                 const LdbSettings& wanted);
 
 } // namespace celltexts

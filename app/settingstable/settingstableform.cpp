@@ -26,7 +26,7 @@
 
 namespace {
 
-constexpr QSize kFirstSize(1240, 640);
+constexpr QSize kFirstSize(1270, 640);
 constexpr int kSearchWidth = 160;
 constexpr int kProgressWidth = 160;
 constexpr int kCellMargin = 6;
@@ -40,11 +40,13 @@ int lettersOf(int column)
     constexpr int kId = 8;
     constexpr int kName = 28;
     constexpr int kTime = 10;
+    constexpr int kFirmware = 19;
     const bool isName = column == SettingsTableModel::columnOf(LdbField::Name);
-    return column == SettingsTableModel::LdbColumn    ? kId
-           : isName                                   ? kName
-           : column == SettingsTableModel::ReadColumn ? kTime
-                                                      : kUsual;
+    return column == SettingsTableModel::LdbColumn        ? kId
+           : isName                                       ? kName
+           : column == SettingsTableModel::ReadColumn     ? kTime
+           : column == SettingsTableModel::FirmwareColumn ? kFirmware
+                                                          : kUsual;
 }
 
 struct ActionText
@@ -210,6 +212,7 @@ QAction* SettingsTableWindow::addAction(const char* name, const QKeySequence& sh
     action->setShortcut(shortcut);
     connect(action, &QAction::triggered, this, run);
     m_tools->addAction(action);
+    m_tools->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -218,7 +221,7 @@ void SettingsTableWindow::buildActions()
     addAction("readAll", QKeySequence::Refresh, [this] { readAll(); });
     addAction("readSelected", QStringLiteral("Shift+F5"),
               [this] { m_reading->read(selectedLdbs()); });
-    addAction("stop", {}, [this] {
+    addAction("stop", QStringLiteral("Ctrl+."), [this] {
         m_reading->stop();
         m_writing->stop();
     });

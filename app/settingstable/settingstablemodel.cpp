@@ -123,7 +123,10 @@ QVariant SettingsTableModel::fieldData(const TableRow& row, LdbField field, int 
     case Qt::DisplayRole:
         return celltexts::ofCell(row, field, m_comparison.differs(row, field));
     case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
         return celltexts::tip(row, field, m_comparison);
+    case Qt::AccessibleTextRole:
+        return row.isKnown(field) ? fieldValue(field, row.shown()) : QString();
     case Qt::EditRole:
     case SortRole:
         return row.isKnown(field) ? fieldVariant(field, row.shown()) : QVariant();
