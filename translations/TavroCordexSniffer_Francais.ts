@@ -1304,7 +1304,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>The former settings of LDB %1 could not be kept.</source>
-        <translation>Les anciens paramètres de la LDB %1 n&apos;ont pas pu être conservés.</translation>
+        <translation>Les anciens paramètres du LDB %1 n&apos;ont pas pu être conservés.</translation>
     </message>
 </context>
 <context>
@@ -1943,11 +1943,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Settings of all LDB&apos;s</source>
-        <translation>Paramètres de toutes les LDB</translation>
+        <translation>Paramètres de tous les LDB</translation>
     </message>
     <message>
         <source>Show, compare and change the settings of all LDBs in a table</source>
-        <translation>Afficher, comparer et modifier les paramètres de toutes les LDB dans un tableau</translation>
+        <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
     </message>
     <message>
         <source>Table...</source>
@@ -2320,11 +2320,11 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>What the LDB has is not known: it was not read back.</source>
-        <translation>Ce que la LDB contient n&apos;est pas connu : la valeur n&apos;a pas été relue.</translation>
+        <translation>Ce que le LDB contient n&apos;est pas connu : la valeur n&apos;a pas été relue.</translation>
     </message>
     <message>
         <source>The LDB has: %1</source>
-        <translation>La LDB a : %1</translation>
+        <translation>Le LDB a : %1</translation>
     </message>
     <message>
         <source>The last Write: %1</source>
@@ -2340,11 +2340,11 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>not connected</source>
-        <translation>non connectée</translation>
+        <translation>non connecté</translation>
     </message>
     <message>
         <source>not read</source>
-        <translation>non lue</translation>
+        <translation>non lu</translation>
     </message>
     <message>
         <source>waits to be read</source>
@@ -2360,7 +2360,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>changed since it was shown: nothing was written</source>
-        <translation>modifiée depuis l&apos;affichage : rien n&apos;a été écrit</translation>
+        <translation>modifié depuis l&apos;affichage : rien n&apos;a été écrit</translation>
     </message>
     <message numerus="yes">
         <source>%n to write</source>
@@ -2371,7 +2371,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
-        <translation>« %1 » ne peut pas être la valeur de %2 de la LDB %3. Rien n&apos;a été collé.</translation>
+        <translation>« %1 » ne peut pas être la valeur de %2 du LDB %3. Rien n&apos;a été collé.</translation>
     </message>
     <message>
         <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
@@ -2410,7 +2410,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Read at</source>
-        <translation>Lue à</translation>
+        <translation>Lu à</translation>
     </message>
     <message>
         <source>State</source>
@@ -2418,7 +2418,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>%1 of LDB %2</source>
-        <translation>%1 de la LDB %2</translation>
+        <translation>%1 du LDB %2</translation>
     </message>
 </context>
 <context>
@@ -2429,7 +2429,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Read the settings of all LDB&apos;s</source>
-        <translation>Lire les paramètres de toutes les LDB</translation>
+        <translation>Lire les paramètres de tous les LDB</translation>
     </message>
     <message>
         <source>Read Selected</source>
@@ -2445,7 +2445,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>End the reading, or the writing behind the LDB under way</source>
-        <translation>Terminer la lecture, ou l&apos;écriture après la LDB en cours</translation>
+        <translation>Terminer la lecture, ou l&apos;écriture après le LDB en cours</translation>
     </message>
     <message>
         <source>Undo</source>
@@ -2485,7 +2485,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Give the selected LDB&apos;s one value</source>
-        <translation>Donner une même valeur aux LDB sélectionnées</translation>
+        <translation>Donner une même valeur aux LDB sélectionnés</translation>
     </message>
     <message>
         <source>Import...</source>
@@ -2547,7 +2547,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Settings of all LDB&apos;s</source>
-        <translation>Paramètres de toutes les LDB</translation>
+        <translation>Paramètres de tous les LDB</translation>
     </message>
     <message>
         <source>Tools</source>
@@ -2563,7 +2563,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Compare with most others</source>
-        <translation>Comparer à la plupart des autres</translation>
+        <translation>Comparer à la plupart</translation>
     </message>
     <message>
         <source>Compare with factory defaults</source>
@@ -2575,19 +2575,19 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Which LDB&apos;s are shown</source>
-        <translation>Quelles LDB sont affichées</translation>
+        <translation>Quels LDB sont affichés</translation>
     </message>
     <message>
         <source>All LDB&apos;s</source>
-        <translation>Toutes les LDB</translation>
+        <translation>Tous les LDB</translation>
     </message>
     <message>
         <source>Only differing</source>
-        <translation>Seulement différentes</translation>
+        <translation>Seulement différents</translation>
     </message>
     <message>
         <source>Only changed</source>
-        <translation>Seulement modifiées</translation>
+        <translation>Seulement modifiés</translation>
     </message>
     <message>
         <source>Select File</source>
@@ -2670,7 +2670,7 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>LDB %1 has not been read yet.</source>
-        <translation>La LDB %1 n&apos;a pas encore été lue.</translation>
+        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
     </message>
     <message>
         <source>LDB %1: what fault finding has changed is being put back.</source>
@@ -2813,17 +2813,17 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message numerus="yes">
         <source>Written: %n LDB(s)</source>
         <translation>
-            <numerusform>Écrites : %n LDB</numerusform>
-            <numerusform>Écrites : %n LDB</numerusform>
+            <numerusform>Écrits : %n LDB</numerusform>
+            <numerusform>Écrits : %n LDB</numerusform>
         </translation>
     </message>
     <message>
         <source>Not begun: %1</source>
-        <translation>Non commencées : %1</translation>
+        <translation>Non commencés : %1</translation>
     </message>
     <message>
         <source>Settings are being written. The LDB being written may be left with a part of them.</source>
-        <translation>Des paramètres sont en cours d&apos;écriture. La LDB en cours peut n&apos;en recevoir qu&apos;une partie.</translation>
+        <translation>Des paramètres sont en cours d&apos;écriture. Le LDB en cours peut n&apos;en recevoir qu&apos;une partie.</translation>
     </message>
 </context>
 <context>

@@ -31,22 +31,36 @@ constexpr int kSearchWidth = 160;
 constexpr int kProgressWidth = 160;
 constexpr int kCellMargin = 6;
 
-constexpr int kHeaderLines = 3;
+constexpr int kHeaderLines = 4;
 
 /// How many letters a column is wide; the last one takes the rest.
 int lettersOf(int column)
 {
-    constexpr int kUsual = 12;
-    constexpr int kId = 8;
-    constexpr int kName = 28;
-    constexpr int kTime = 10;
+    constexpr int kNumber = 12;
+    constexpr int kUsual = 13;
+    constexpr int kId = 7;
+    constexpr int kName = 27;
+    constexpr int kTime = 9;
     constexpr int kFirmware = 19;
-    const bool isName = column == SettingsTableModel::columnOf(LdbField::Name);
-    return column == SettingsTableModel::LdbColumn        ? kId
-           : isName                                       ? kName
-           : column == SettingsTableModel::ReadColumn     ? kTime
-           : column == SettingsTableModel::FirmwareColumn ? kFirmware
-                                                          : kUsual;
+    switch (column) {
+    case SettingsTableModel::LdbColumn:
+        return kId;
+    case SettingsTableModel::FirmwareColumn:
+        return kFirmware;
+    case SettingsTableModel::ReadColumn:
+        return kTime;
+    default:
+        break;
+    }
+    switch (kindOf(*SettingsTableModel::fieldOf(column))) {
+    case FieldKind::Text:
+        return kName;
+    case FieldKind::Number:
+        return kNumber;
+    case FieldKind::Switch:
+        break;
+    }
+    return kUsual;
 }
 
 struct ActionText

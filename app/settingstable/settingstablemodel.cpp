@@ -218,6 +218,7 @@ void SettingsTableModel::setLdbs(const QStringList& known, const QStringList& co
     Q_ASSERT(QThread::currentThread() == thread());
     for (const QString& hexId : known) {
         addRow(hexId);
+        row(hexId)->isListed = true;
     }
     for (const TableRow& row : m_rows) {
         setConnected(row.hexId, connected.contains(row.hexId));
@@ -325,7 +326,20 @@ void SettingsTableModel::apply(const std::vector<CellEdit>& edits)
             edited->takeBack(edit.field);
         }
     }
+    dropEmptyRows();
     tellAll();
+}
+
+void SettingsTableModel::dropEmptyRows()
+{
+    for (int number = rowCount() - 1; number >= 0; --number) {
+        const TableRow& row = m_rows[static_cast<std::size_t>(number)];
+        if (!row.isListed && !row.read && row.edits.empty()) {
+            beginRemoveRows({}, number, number);
+            m_rows.erase(m_rows.begin() + number);
+            endRemoveRows();
+        }
+    }
 }
 
 int SettingsTableModel::editCount() const

@@ -97,6 +97,8 @@ private:
     TableRow* row(const QString& hexId);
     void addRow(const QString& hexId);
     void apply(const std::vector<CellEdit>& edits);
+    /// Rows that were there for edits alone, of LDBs that nobody has seen.
+    void dropEmptyRows();
     void tell(const TableRow& row);
     void tellAll();
     void tellValues(const TableRow& row);

@@ -25,6 +25,7 @@ struct TableRow
     QDateTime readAt;
     QString firmwareId;
     Reading reading = Reading::Never;
+    bool isListed = false; ///< an LDB of the bus, lost ones included
     bool isConnected = false;
     LdbSettings wanted;       ///< the values of the edits
     std::set<LdbField> edits; ///< fields that are to become other than they were read

@@ -119,6 +119,13 @@ private slots:
         QCOMPARE(table.undoStack()->count(), 1);
         table.undoStack()->undo();
         QCOMPARE(table.editCount(), 0);
+        table.undoStack()->redo();
+        // A row that is there for its edits alone goes with them.
+        table.edit({{"80", LdbField::NumberOfFims, settings(0)}}, "of a file");
+        QCOMPARE(columnTexts(table).at(3), "80");
+        table.undoStack()->undo();
+        QCOMPARE(table.rowCount(), 4);
+        table.undoStack()->undo();
         // Reading ends an edit that the LDB turns out to have.
         table.undoStack()->redo();
         table.takeReading({"FD", settings(253, "Cellar", 12), {}}, kAt);
