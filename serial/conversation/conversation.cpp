@@ -307,7 +307,7 @@ void Conversation::statusEnded(const InquiryEnd& end, const Moment& moment)
     }
     takeStatus(end, m_turn.kind != PollSchedule::Turn::Kind::Again, moment);
     // Nothing more is asked of an LDB that has been given up, or has not proved that it is back.
-    const bool isGone = m_roster.isLost(m_turn.hexId) || (isSilent && m_plan.isLong());
+    const bool isGone = m_roster.isLost(m_turn.hexId) || (isSilent && m_plan.isSparse());
     if (m_questions.name && !isGone && !isSilent) {
         m_timesAsked = 1;
         proceed(Step::Name, moment);
@@ -366,7 +366,7 @@ bool Conversation::takeIdentity(const InquiryEnd& end, const Moment& moment)
         return false;
     }
     m_roster.heard(asked());
-    return !hear(end) && m_plan.confirmsAtOnce() && ++m_timesAsked <= kTextInquiries;
+    return !hear(end) && m_plan.isSparse() && ++m_timesAsked <= kTextInquiries;
 }
 
 void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)

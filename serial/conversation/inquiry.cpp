@@ -44,7 +44,8 @@ void Inquiry::reset()
 void Inquiry::resume(qint64 now)
 {
     const int outstanding = m_transmissions;
-    const qint64 until = m_lastTransmission + horizon(now);
+    // Nothing is known any more of how late this line is.
+    const qint64 until = m_lastTransmission + m_wait + kLateMargin;
     reset();
     if (outstanding > 0 && now < until) {
         m_outstanding = outstanding;

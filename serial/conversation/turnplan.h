@@ -47,8 +47,9 @@ public:
     void countRound() { ++m_round; }
     /// `position`: of the LDB in the round. An LDB that has not told its name yet is asked for it.
     Questions questions(int position, bool isNameHeard) const;
-    /// Whether a name or firmware that is not confirmed is asked again at once.
-    bool confirmsAtOnce() const { return m_isLong && identityEvery() > 1; }
+    /// Whether most turns of a long round ask the status only. Then a name or firmware that is not
+    /// confirmed is asked again at once, and a silence ends the turn.
+    bool isSparse() const { return m_isLong && identityEvery() > 1; }
 
     /// The LDB to ask in between; none for an empty id.
     void select(const QString& hexId);

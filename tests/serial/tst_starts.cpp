@@ -211,6 +211,7 @@ private slots:
             const int ldbs = seed % 2 == 0 ? 8 : 40;
             LineRig::Setup setup = site(ldbs);
             setup.seed = seed;
+            setup.kind = kLineKinds[seed % 3].kind;
             LineRig rig(setup);
             Chance chance(seed);
             if (seed % 8 == 0) {
@@ -241,7 +242,7 @@ private slots:
             rig.run(chance.between(0, 4 * kSecond));
             rig.cut();
             const QList<QByteArray> before = sent;
-            rig.run(chance.between(0, seed % 3 == 0 ? 12 * kSecond : kSecond));
+            rig.run(chance.between(0, seed % 5 == 0 ? 12 * kSecond : kSecond));
             rig.line().setAdversaries({}, rig.now());
             rig.start(kResume);
             rig.run(12 * kSecond);

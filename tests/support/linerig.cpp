@@ -12,6 +12,7 @@ constexpr int kComplaints = 5;
 constexpr int kExchangesInComplaint = 14;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 constexpr int kLongestDelay = 60;
+constexpr int kKept = 4096; ///< transmissions of which is known what came
 
 int addressOf(const QString& hexId)
 {
@@ -116,6 +117,8 @@ void LineRig::step(qint64 now)
     }
     const QByteArray bytes = takeArrived();
     if (!bytes.isEmpty()) {
+        m_heard[m_transmissions - 1] += bytes;
+        m_heard.remove(m_transmissions - kKept);
         m_conversation.bytesCame(bytes, moment());
     } else {
         m_conversation.deadlinePassed(moment());
@@ -128,6 +131,7 @@ void LineRig::pump()
     const QByteArray transmission = m_conversation.takeTransmission();
     if (!transmission.isEmpty()) {
         m_line.transmit(transmission, m_now);
+        ++m_transmissions;
         m_wire.addData(QByteArray::number(m_now) + transmission);
     }
     for (const Event& event : m_conversation.takeEvents()) {

@@ -81,6 +81,8 @@ public:
     const QSet<QString>& lost() const { return m_lost; }
     bool isScanning() const { return m_isScanning; }
 
+    /// What came between a transmission and the next one; they count from 0.
+    QByteArray heardSince(int transmission) const { return m_heard.value(transmission); }
     /// Of every transmission so far: when it was made, and its bytes.
     QByteArray wireDigest() const { return m_wire.result(); }
 
@@ -122,6 +124,8 @@ private:
     quint64 m_commandNumber = 0;
     QHash<quint64, Command> m_commands;
 
+    QHash<int, QByteArray> m_heard;
+    int m_transmissions = 0;
     QCryptographicHash m_wire{QCryptographicHash::Sha1};
     Tally m_tally;
     QStringList m_complaints;
