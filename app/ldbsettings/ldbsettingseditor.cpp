@@ -91,13 +91,13 @@ void LdbSettingsEditor::keepFormer(const LdbSettings& fresh)
 {
     const QString error = m_formerSettings.keep(
         {QDateTime::currentDateTimeUtc(), FormerSettings::Occasion::Save, {}, {fresh}});
-    if (!error.isEmpty()) {
-        m_notices->box(QMessageBox::Warning, [hexId = m_writer->outcome().hexId, error] {
-            return BoxText{tr("Attention"),
-                           tr("The former settings of LDB %1 could not be kept.").arg(hexId),
-                           error};
-        });
+    if (error.isEmpty()) {
+        return;
     }
+    m_notices->box(QMessageBox::Warning, [hexId = m_writer->outcome().hexId, error] {
+        const QString text = tr("The former settings of LDB %1 could not be kept.").arg(hexId);
+        return BoxText{tr("Attention"), text, error};
+    });
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)

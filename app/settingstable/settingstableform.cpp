@@ -40,7 +40,7 @@ int lettersOf(int column)
     constexpr int kUsual = 13;
     constexpr int kId = 7;
     constexpr int kName = 27;
-    constexpr int kTime = 9;
+    constexpr int kTime = 10;
     constexpr int kFirmware = 19;
     switch (column) {
     case SettingsTableModel::LdbColumn:

@@ -234,6 +234,22 @@ void SettingsTableModel::setConnected(const QString& hexId, bool isConnected)
     }
 }
 
+void SettingsTableModel::forget()
+{
+    m_undo.clear();
+    beginResetModel();
+    m_rows.erase(std::remove_if(m_rows.begin(), m_rows.end(),
+                                [](const TableRow& row) { return row.edits.empty(); }),
+                 m_rows.end());
+    for (TableRow& row : m_rows) {
+        row.isListed = false;
+        row.isConnected = false;
+    }
+    endResetModel();
+    m_comparison.count(m_rows);
+    emit editsChanged();
+}
+
 const TableRow* SettingsTableModel::find(const QString& hexId) const
 {
     const auto found = std::lower_bound(m_rows.begin(), m_rows.end(), hexId, isBefore);

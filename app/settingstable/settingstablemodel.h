@@ -52,6 +52,9 @@ public:
 
     /// Adds those that are not there yet; of all it is known whether they are connected.
     void setLdbs(const QStringList& known, const QStringList& connected);
+    /// Another bus has other LDBs: all rows go but for those with edits, which are not lost
+    /// unasked.
+    void forget();
     void setConnected(const QString& hexId, bool isConnected);
     const std::vector<TableRow>& rows() const { return m_rows; }
     /// Null for an LDB that is not there.

@@ -87,6 +87,12 @@ void SettingsTableWindow::setFormerSettings(const FormerSettingsStore& store)
     m_writing->setFormerSettings(store);
 }
 
+void SettingsTableWindow::forget()
+{
+    m_hasRead = false;
+    m_model->forget();
+}
+
 void SettingsTableWindow::apply(Permission permission)
 {
     m_permission = permission;

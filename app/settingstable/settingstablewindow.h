@@ -45,6 +45,8 @@ public:
 
     /// Where what LDBs had before is kept from now on.
     void setFormerSettings(const FormerSettingsStore& store);
+    /// Another bus is in force.
+    void forget();
     /// Whether the bus can be used.
     void apply(Permission permission);
     /// What an end of the program would lose, as a sentence; null for nothing.

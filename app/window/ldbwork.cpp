@@ -99,6 +99,18 @@ void LdbWork::initTable()
             &SettingsTableWindow::open);
 }
 
+void LdbWork::setFormerSettings(const FormerSettingsStore& store)
+{
+    m_ui.ldbSettingsEditor->setFormerSettings(store);
+    m_table->setFormerSettings(store);
+}
+
+void LdbWork::forget()
+{
+    m_ui.ldbSettingsEditor->forget();
+    m_table->forget();
+}
+
 void LdbWork::showTransfer(bool isOn)
 {
     Q_ASSERT(QThread::currentThread() == thread());

@@ -14,6 +14,7 @@ class MainWindow;
 }
 
 class FimTracking;
+class FormerSettingsStore;
 class Notices;
 class PutBack;
 class RunControl;
@@ -42,6 +43,11 @@ public:
     LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWidget* window);
     /// Ends what is under way, which may still use the link for it.
     ~LdbWork() override;
+
+    /// Where what LDBs had before a write is kept from now on.
+    void setFormerSettings(const FormerSettingsStore& store);
+    /// Another bus is in force: what was read is of other LDBs.
+    void forget();
 
     /// Turns to this LDB and reads its settings; unsaved edits of them stay.
     void setSelectedLdb(const QString& hexId);

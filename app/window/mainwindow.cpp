@@ -149,7 +149,7 @@ void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
         m_portName = comPort;
-        m_ui->ldbSettingsEditor->forget();
+        m_work->forget();
         m_run->changePort(comPort);
         m_status->showLoading();
     };

@@ -132,6 +132,16 @@ private slots:
         QCOMPARE(table.editCount(), 2);
     }
 
+    void anotherBusTakesNoEditsAway()
+    {
+        Table4 table;
+        QVERIFY(table.set(0, LdbField::OpenDetectionDelay, 15));
+        table.forget();
+        QCOMPARE(columnTexts(table), QStringList("01"));
+        QCOMPARE(table.editCount(), 1);
+        QVERIFY(!table.undoStack()->canUndo());
+    }
+
     void compares()
     {
         Table4 table;
