@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int kSavedMessageMs = 5000;
-
 const QString kFailureBox = QStringLiteral("failedSaveBox");
 
 } // namespace
