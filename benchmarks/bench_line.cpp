@@ -149,6 +149,7 @@ struct LargeSite
     qint64 selected = 0; ///< the longest time between two statuses of the selected LDB
     qint64 loss = 0;     ///< from the first missed request to the loss, the longest of five
     LineRig::Tally tally;
+    QStringList complaints;
 };
 
 LargeSite liveLarge(const Adversaries& adversaries, const TurnPlan::Options& turns, double hours)
@@ -208,12 +209,13 @@ LargeSite liveLarge(const Adversaries& adversaries, const TurnPlan::Options& tur
     }
     site.selected = selected;
     site.tally = rig.tally();
+    site.complaints = rig.complaints();
     return site;
 }
 
 /// 253 LDBs on good and bad lines, asked as ever and as long rounds are; whether the limits of the
 /// good line hold.
-bool showLarge(double hours, QTextStream& out)
+bool showLarge(double hours, const QString& named, QTextStream& out)
 {
     constexpr double kRoundLimit = 0.55;
     constexpr qint64 kSelectedLimit = 2 * kSecond;
@@ -238,6 +240,9 @@ bool showLarge(double hours, QTextStream& out)
                        .arg(seconds(site.loss), 7, 'f', 2)
                        .arg(site.tally.wrong, 6)
                        .arg(site.tally.falseLosses, 6);
+            for (const QString& complaint : site.complaints) {
+                out << complaint << "\n";
+            }
             out.flush();
             const bool isKept = isAsEver || !isClean ||
                                 (site.round <= kRoundLimit * before &&
@@ -246,9 +251,11 @@ bool showLarge(double hours, QTextStream& out)
             before = site.round;
         }
     };
-    show("good line", {});
+    if (named.isEmpty()) {
+        show("good line", {});
+    }
     for (const BadLine& trial : badLines()) {
-        if (trial.absent == 0) {
+        if (trial.absent == 0 && QLatin1String(trial.name).startsWith(named)) {
             show(trial.name, trial.adversaries);
         }
     }
@@ -285,7 +292,7 @@ int main(int argc, char* argv[])
         return showMemory(parser.isSet("hours") ? hours : kDay, out) ? 0 : 1;
     }
     if (parser.isSet("large")) {
-        return showLarge(parser.isSet("hours") ? hours : 1, out) ? 0 : 1;
+        return showLarge(parser.isSet("hours") ? hours : 1, parser.value("trial"), out) ? 0 : 1;
     }
     out << "line        adversary                        seed  records  wrong  by the book  losses "
            " "

@@ -18,6 +18,13 @@ bool isAnswered(const InquiryEnd& end)
     return end.outcome == Outcome::Answered;
 }
 
+/// Whether something came that is no answer. The true one may still come: the next question must be
+/// another one to the same LDB, which answers in order, or it would be taken for another LDB's.
+bool mayStillCome(const InquiryEnd& end)
+{
+    return !isAnswered(end) && end.outcome != Outcome::Silent;
+}
+
 /// Whether an LDB said that it is there.
 bool isPresent(const InquiryEnd& end)
 {
@@ -116,6 +123,7 @@ ExchangeKind Conversation::exchangeKind(Step step, const Request& request)
     case Step::Extra:
         return ExchangeKind::Status;
     case Step::Name:
+    case Step::ExtraName:
         return ExchangeKind::Name;
     case Step::Firmware:
         return ExchangeKind::Firmware;
@@ -271,6 +279,10 @@ void Conversation::inquiryEnded(const InquiryEnd& end, const Moment& moment)
     case Step::Extra:
         extraEnded(end, moment);
         break;
+    case Step::ExtraName:
+        takeIdentity(end, moment);
+        goOnBehindExtra(moment);
+        break;
     case Step::Stopped:
     case Step::Background:
     case Step::Dispatch:
@@ -308,7 +320,7 @@ void Conversation::statusEnded(const InquiryEnd& end, const Moment& moment)
     takeStatus(end, m_turn.kind != PollSchedule::Turn::Kind::Again, moment);
     // Nothing more is asked of an LDB that has been given up, or has not proved that it is back.
     const bool isGone = m_roster.isLost(m_turn.hexId) || (isSilent && m_plan.isSparse());
-    if (m_questions.name && !isGone && !isSilent) {
+    if ((m_questions.name || mayStillCome(end)) && !isGone && !isSilent) {
         m_timesAsked = 1;
         proceed(Step::Name, moment);
     } else if (m_questions.firmware && !isGone) {
@@ -336,6 +348,16 @@ void Conversation::takeStatus(const InquiryEnd& end, bool isOwnTurn, const Momen
 void Conversation::extraEnded(const InquiryEnd& end, const Moment& moment)
 {
     takeStatus(end, false, moment);
+    if (mayStillCome(end) && !m_roster.isLost(asked())) {
+        m_timesAsked = 1;
+        ask(Step::ExtraName, requests::name(asked()), Inquiry::Role::Poll, moment);
+    } else {
+        goOnBehindExtra(moment);
+    }
+}
+
+void Conversation::goOnBehindExtra(const Moment& moment)
+{
     const bool isOfTurn = m_behindExtra == Step::Name || m_behindExtra == Step::Firmware;
     const bool isGone = isOfTurn && m_roster.isLost(m_turn.hexId);
     proceed(isGone ? Step::Command : m_behindExtra, moment);
@@ -450,9 +472,9 @@ void Conversation::logEnd(const InquiryEnd& end, const Moment& moment)
 QString Conversation::describe() const
 {
     // In the order of the steps.
-    static const char* const kSteps[] = {"stopped",      "search",  "status",     "name",
-                                         "firmware",     "command", "background", "lost probe",
-                                         "extra status", "dispatch"};
+    static const char* const kSteps[] = {"stopped",      "search",     "status",     "name",
+                                         "firmware",     "command",    "background", "lost probe",
+                                         "extra status", "extra name", "dispatch"};
     return QStringLiteral("%1 of %2; %3; %4 found, %5 commands waiting")
         .arg(QLatin1String(kSteps[static_cast<int>(m_step)]), asked(), m_inquiry.describe())
         .arg(m_roster.all().size())

@@ -88,6 +88,7 @@ private:
         Background, ///< what the search asks behind a turn
         LostProbe,  ///< is a lost LDB back?
         Extra,      ///< the status of the selected LDB, between two other steps
+        ExtraName,  ///< its name, behind a status that was no clean answer
         Dispatch,   ///< the next turn, or what the search asks before it
     };
 
@@ -107,6 +108,7 @@ private:
     void searchEnded(const InquiryEnd& end, const Moment& moment);
     void statusEnded(const InquiryEnd& end, const Moment& moment);
     void extraEnded(const InquiryEnd& end, const Moment& moment);
+    void goOnBehindExtra(const Moment& moment);
     void nameEnded(const InquiryEnd& end, const Moment& moment);
     void firmwareEnded(const InquiryEnd& end, const Moment& moment);
     void commandEnded(const InquiryEnd& end, const Moment& moment);

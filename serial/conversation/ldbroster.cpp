@@ -103,7 +103,9 @@ void LdbRoster::dropDismissed()
         if (isLost(hexId)) {
             m_schedule.remove(hexId);
             m_memory.forget(hexId);
-            m_awaited.remove(hexId);
+            if (isAwaited(hexId)) {
+                tellAwaited(hexId, false);
+            }
             tellList();
         }
     }
@@ -157,20 +159,22 @@ void LdbRoster::endRound()
 void LdbRoster::heardStatus(const QString& hexId, const LdbStatus& status, bool isOwnTurn,
                             const Moment& moment)
 {
+    const bool isOfRound = m_owing.remove(hexId) || isOwnTurn;
     heard(hexId);
     m_schedule.markPresent(hexId);
     if (m_awaited.contains(hexId)) {
         m_memory.setProven(hexId);
         tellAwaited(hexId, false);
     }
-    const bool isOfRound = m_owing.remove(hexId) || isOwnTurn;
     tellRecord(hexId, status, isOfRound ? m_roundTime : moment.wall, !isOfRound);
 }
 
 void LdbRoster::heard(const QString& hexId)
 {
     m_memory.forgetMisses(hexId);
-    m_schedule.dropAgain(hexId);
+    if (!m_owing.contains(hexId)) {
+        m_schedule.dropAgain(hexId);
+    }
 }
 
 /// Every failure of a polling answer, but for a sound one that is not believed.

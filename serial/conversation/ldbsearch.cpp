@@ -117,7 +117,7 @@ LdbSearch::Then LdbSearch::probed(const QString& hexId, bool isPresent, const Mo
     case Way::Background:
         if (isPresent) {
             m_telling.log(LimitedLog::Kind::Lists,
-                          QStringLiteral("%1 was missed by the scan").arg(hexId), moment.now);
+                          QStringLiteral("%1 was found in the background").arg(hexId), moment.now);
         }
         return Then::Dispatch;
     case Way::Scan:

@@ -132,6 +132,7 @@ void SerialLink::rescan()
     if (m_running) {
         postToRun([](SerialProcessor& processor) { processor.requestRescan(); });
     } else {
+        m_plan = {};
         start();
     }
 }

@@ -220,12 +220,16 @@ private slots:
         QVERIFY(exchanges.first().first().value<Exchange>().kind == ExchangeKind::Probe);
         m_link->dismiss({"30"});
         QCOMPARE(m_link->knownLdbs(), (QStringList{"0A", "03"}));
+        // It is there after all, before the search has come to its address.
+        m_bus->setPresent({"03", "0A", "30"});
+        WAIT_COMPARE(m_link->stateOf("30"), LdbState::Quiescent);
+        QVERIFY(m_link->isConnected("30"));
 
         m_link->stop();
         m_bus->clearRequests();
         m_link->start();
         WAIT_COMPARE(m_link->stateOf("03"), LdbState::Quiescent);
-        QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A"}));
+        QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A", "30"}));
         QVERIFY(m_bus->requests().contains("FE0170"));
     }
 
