@@ -5,6 +5,7 @@
 #include "app/transfer/settingstransfer.h"
 #include "docs/screenshots/trackingscene.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
