@@ -1,5 +1,7 @@
 #include "history/keptldbs.h"
 
+#include "history/settingsjson.h"
+
 #include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
@@ -25,62 +27,6 @@ const QString kSince = QStringLiteral("since");
 const QString kAudioMute = QStringLiteral("audioMute");
 const QString kSettings = QStringLiteral("settings");
 
-struct Flag
-{
-    const char* key;
-    bool LdbSettings::*member;
-};
-constexpr Flag kFlags[] = {{"generalFaultOutput", &LdbSettings::generalFaultOutput},
-                           {"earthLeakageDetection", &LdbSettings::earthLeakageDetection},
-                           {"earthWireOpenDetection", &LdbSettings::earthWireOpenDetection},
-                           {"startInServiceMode", &LdbSettings::startInServiceMode},
-                           {"amplifierDetection", &LdbSettings::amplifierDetection},
-                           {"audioMute", &LdbSettings::audioMute}};
-const QString kOpenDetectionDelay = QStringLiteral("openDetectionDelay");
-const QString kNumberOfFims = QStringLiteral("numberOfFims");
-const QString kFurtherByte = QStringLiteral("furtherByte");
-
-QJsonObject toJson(const LdbSettings& settings)
-{
-    QJsonObject object{{kAddress, settings.address},
-                       {kName, settings.name},
-                       {kOpenDetectionDelay, settings.openDetectionDelay},
-                       {kNumberOfFims, settings.numberOfFims},
-                       {kFurtherByte, settings.furtherByte}};
-    for (const Flag& flag : kFlags) {
-        object[QLatin1String(flag.key)] = settings.*flag.member;
-    }
-    return object;
-}
-
-/// Nothing unless every field is there and in its range: half of an LDB's settings are none.
-std::optional<LdbSettings> settingsFrom(const QJsonObject& object)
-{
-    constexpr int kLastAddress = 253;
-    LdbSettings settings;
-    for (const Flag& flag : kFlags) {
-        const QJsonValue value = object[QLatin1String(flag.key)];
-        if (!value.isBool()) {
-            return std::nullopt;
-        }
-        settings.*flag.member = value.toBool();
-    }
-    const int address = object[kAddress].toInt();
-    const int delay = object[kOpenDetectionDelay].toInt(-1);
-    const int fims = object[kNumberOfFims].toInt(-1);
-    const int further = object[kFurtherByte].toInt(-1);
-    if (address < 1 || address > kLastAddress || delay < 0 || delay > UINT16_MAX || fims < 0 ||
-        fims > UINT16_MAX || further < 0 || further > UINT8_MAX || !object[kName].isString()) {
-        return std::nullopt;
-    }
-    settings.address = address;
-    settings.name = object[kName].toString();
-    settings.openDetectionDelay = static_cast<quint16>(delay);
-    settings.numberOfFims = static_cast<quint16>(fims);
-    settings.furtherByte = static_cast<quint8>(further);
-    return settings;
-}
-
 QJsonObject toJson(const KeptLdb& ldb)
 {
     QJsonObject object{{kAddress, ldb.hexId},
@@ -90,7 +36,7 @@ QJsonObject toJson(const KeptLdb& ldb)
         object[kAudioMute] = *ldb.audioMute;
     }
     if (ldb.settings) {
-        object[kSettings] = toJson(*ldb.settings);
+        object[kSettings] = settingsjson::toJson(*ldb.settings);
     }
     return object;
 }
@@ -105,7 +51,7 @@ KeptLdb ldbFrom(const QJsonObject& object)
         ldb.audioMute = object[kAudioMute].toBool();
     }
     if (object[kSettings].isObject()) {
-        ldb.settings = settingsFrom(object[kSettings].toObject());
+        ldb.settings = settingsjson::settingsFrom(object[kSettings].toObject());
     }
     return ldb;
 }

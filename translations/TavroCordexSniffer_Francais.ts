@@ -923,6 +923,75 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>FormerList</name>
+    <message>
+        <source>Before a Save</source>
+        <translation>Avant un enregistrement</translation>
+    </message>
+    <message>
+        <source>Before a Write</source>
+        <translation>Avant une écriture</translation>
+    </message>
+    <message>
+        <source>Before the import of %1</source>
+        <translation>Avant l&apos;importation de %1</translation>
+    </message>
+    <message>
+        <source>Before settings were put back</source>
+        <translation>Avant une remise en place</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Former Settings</source>
+        <translation>Anciens paramètres</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparer</translation>
+    </message>
+    <message>
+        <source>Put Back...</source>
+        <translation>Remettre...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Date et heure</translation>
+    </message>
+    <message>
+        <source>Occasion</source>
+        <translation>Occasion</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Kept in %1</source>
+        <translation>Conservés dans %1</translation>
+    </message>
+</context>
+<context>
+    <name>FormerSettings</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Le dossier %1 ne peut pas être créé.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Le fichier %1 ne peut pas être écrit : %2.</translation>
+    </message>
+</context>
+<context>
     <name>GeneralInformation</name>
     <message>
         <source>Short</source>
@@ -1007,109 +1076,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Not begun: %1</source>
         <translation>Non commencé&#xa0;: %1</translation>
-    </message>
-</context>
-<context>
-    <name>ImportPreview</name>
-    <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adresse %2)</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>rien</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n field(s)</source>
-        <translation>
-            <numerusform>%n champ</numerusform>
-            <numerusform>%n champs</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import Settings</source>
-        <translation>Importer les paramètres</translation>
-    </message>
-    <message>
-        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
-        <translation>Rien n&apos;a encore été écrit. De «&#xa0;%1&#xa0;»&#xa0;: %2 dans %3.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n modification</numerusform>
-            <numerusform>%n modifications</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>Écrire %n LDB</numerusform>
-            <numerusform>Écrire %n LDB</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>Les ID du fichier sont lus en décimal.</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
-    </message>
-    <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>Les noms correspondent mieux en hexadécimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
-    </message>
-    <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>Les noms correspondent mieux en décimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
-    </message>
-    <message>
-        <source>Read as hexadecimal</source>
-        <translation>Lire en hexadécimal</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Lire en décimal</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Nom dans le LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Nom dans le fichier</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Ce qui change</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Non écrit&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s of the file</source>
-        <translation>LDB du fichier</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
     </message>
 </context>
 <context>
@@ -1524,6 +1490,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>%1: %2</source>
         <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 could not be kept.</source>
+        <translation>Les anciens paramètres du LDB %1 n&apos;ont pas pu être conservés.</translation>
     </message>
 </context>
 <context>
@@ -2172,6 +2142,18 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 sur %2 répondent, %3 perdus.</translation>
     </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Show, compare and change the settings of all LDBs in a table</source>
+        <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
+    </message>
+    <message>
+        <source>Table...</source>
+        <translation>Tableau...</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2481,6 +2463,24 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
 </context>
 <context>
+    <name>SetValueDialog</name>
+    <message numerus="yes">
+        <source>Set for %n LDB(s)</source>
+        <translation>
+            <numerusform>Définir pour %n LDB</numerusform>
+            <numerusform>Définir pour %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>SettingsMenu</name>
     <message>
         <source>Settings</source>
@@ -2576,6 +2576,423 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsTable</name>
+    <message>
+        <source>written</source>
+        <translation>écrit</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>refusé</translation>
+    </message>
+    <message>
+        <source>not answered</source>
+        <translation>sans réponse</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>diffère</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>non envoyé</translation>
+    </message>
+    <message>
+        <source>To be written: %1</source>
+        <translation>À écrire : %1</translation>
+    </message>
+    <message>
+        <source>What the LDB has is not known: it was not read back.</source>
+        <translation>Ce que le LDB contient n&apos;est pas connu : la valeur n&apos;a pas été relue.</translation>
+    </message>
+    <message>
+        <source>The LDB has: %1</source>
+        <translation>Le LDB a : %1</translation>
+    </message>
+    <message>
+        <source>The last Write: %1</source>
+        <translation>Dernière écriture : %1</translation>
+    </message>
+    <message>
+        <source>Most LDB&apos;s have: %1</source>
+        <translation>La plupart des LDB ont : %1</translation>
+    </message>
+    <message>
+        <source>Factory default: %1</source>
+        <translation>Valeur d&apos;usine : %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>non lu</translation>
+    </message>
+    <message>
+        <source>waits to be read</source>
+        <translation>en attente de lecture</translation>
+    </message>
+    <message>
+        <source>did not answer</source>
+        <translation>n&apos;a pas répondu</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was read</source>
+        <translation>la connexion s&apos;est terminée avant la lecture</translation>
+    </message>
+    <message>
+        <source>changed since it was shown: nothing was written</source>
+        <translation>modifié depuis l&apos;affichage : rien n&apos;a été écrit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n à écrire</numerusform>
+            <numerusform>%n à écrire</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>« %1 » ne peut pas être la valeur de %2 du LDB %3. Rien n&apos;a été collé.</translation>
+    </message>
+    <message>
+        <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
+        <translation>Ce qui doit être collé dépasse le tableau à partir de la cellule sélectionnée. Rien n&apos;a été collé.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>Les ID du fichier sont lus en décimal.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en hexadécimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en décimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableModel</name>
+    <message>
+        <source>Address %1</source>
+        <translation>Adresse %1</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Firmware ID</source>
+        <translation>ID firmware</translation>
+    </message>
+    <message>
+        <source>Read at</source>
+        <translation>Lu à</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>%1 of LDB %2</source>
+        <translation>%1 du LDB %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableWindow</name>
+    <message>
+        <source>Read All</source>
+        <translation>Tout lire</translation>
+    </message>
+    <message>
+        <source>Read the settings of all LDB&apos;s</source>
+        <translation>Lire les paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Read Selected</source>
+        <translation>Lire la sélection</translation>
+    </message>
+    <message>
+        <source>Read the LDB&apos;s of the selected cells again</source>
+        <translation>Relire les LDB des cellules sélectionnées</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>End the reading, or the writing behind the LDB under way</source>
+        <translation>Terminer la lecture, ou l&apos;écriture après le LDB en cours</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Take the last change of the table back</source>
+        <translation>Annuler la dernière modification du tableau</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Make the change again that was taken back</source>
+        <translation>Refaire la modification annulée</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Copy the selected cells for a spreadsheet</source>
+        <translation>Copier les cellules sélectionnées pour un tableur</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Put cells of a spreadsheet in, from the first selected cell on</source>
+        <translation>Insérer des cellules d&apos;un tableur à partir de la première cellule sélectionnée</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Définir...</translation>
+    </message>
+    <message>
+        <source>Give the selected LDB&apos;s one value</source>
+        <translation>Donner une même valeur aux LDB sélectionnés</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importer...</translation>
+    </message>
+    <message>
+        <source>Take the values of a file as changes</source>
+        <translation>Prendre les valeurs d&apos;un fichier comme modifications</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
+    </message>
+    <message>
+        <source>Write what the table shows, with its changes, into a file</source>
+        <translation>Écrire dans un fichier ce que montre le tableau, avec ses modifications</translation>
+    </message>
+    <message>
+        <source>Former Settings...</source>
+        <translation>Anciens paramètres...</translation>
+    </message>
+    <message>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
+        <translation>Comparer avec ce que les LDB avaient avant, ou le remettre</translation>
+    </message>
+    <message>
+        <source>Go On Writing</source>
+        <translation>Continuer l&apos;écriture</translation>
+    </message>
+    <message>
+        <source>Write what was confirmed before the connection ended</source>
+        <translation>Écrire ce qui était confirmé avant la fin de la connexion</translation>
+    </message>
+    <message>
+        <source>Write...</source>
+        <translation>Écrire...</translation>
+    </message>
+    <message>
+        <source>Show what would be written; nothing is sent before you confirm it</source>
+        <translation>Montrer ce qui serait écrit ; rien n&apos;est envoyé avant votre confirmation</translation>
+    </message>
+    <message>
+        <source>These are left out:</source>
+        <translation>Ceux-ci sont laissés de côté :</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n à écrire</numerusform>
+            <numerusform>%n à écrire</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Outils</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>What the values are compared with</source>
+        <translation>À quoi les valeurs sont comparées</translation>
+    </message>
+    <message>
+        <source>Compare with most others</source>
+        <translation>Comparer à la plupart</translation>
+    </message>
+    <message>
+        <source>Compare with factory defaults</source>
+        <translation>Comparer aux valeurs d&apos;usine</translation>
+    </message>
+    <message>
+        <source>Compare with a file...</source>
+        <translation>Comparer à un fichier...</translation>
+    </message>
+    <message>
+        <source>Which LDB&apos;s are shown</source>
+        <translation>Quels LDB sont affichés</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>Only differing</source>
+        <translation>Seulement différents</translation>
+    </message>
+    <message>
+        <source>Only changed</source>
+        <translation>Seulement modifiés</translation>
+    </message>
+    <message>
+        <source>Select File</source>
+        <translation>Sélectionner un fichier</translation>
+    </message>
+    <message>
+        <source>The file cannot be written.</source>
+        <translation>Le fichier ne peut pas être écrit.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left</source>
+        <translation>
+            <numerusform>Lecture : reste %n</numerusform>
+            <numerusform>Lecture : restent %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left, about %1 s</source>
+        <translation>
+            <numerusform>Lecture : reste %n, environ %1 s</numerusform>
+            <numerusform>Lecture : restent %n, environ %1 s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writing: %n left</source>
+        <translation>
+            <numerusform>Écriture : reste %n</numerusform>
+            <numerusform>Écriture : restent %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The table of settings has %n change(s) that are not written.</source>
+        <translation>
+            <numerusform>Le tableau des paramètres a %n modification non écrite.</numerusform>
+            <numerusform>Le tableau des paramètres a %n modifications non écrites.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select cells of the setting that is to be set.</source>
+        <translation>Sélectionnez des cellules du paramètre à définir.</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Importation de %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Importation de « %1 » : rien n&apos;a encore été écrit. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Lire en hexadécimal</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Lire en décimal</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n laissé de côté...</numerusform>
+            <numerusform>%n laissés de côté...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Abandonner l&apos;importation</translation>
+    </message>
+    <message>
+        <source>Compared with &quot;%1&quot;. %2</source>
+        <translation>Comparé à « %1 ». %2</translation>
+    </message>
+    <message>
+        <source>Compared with: %1</source>
+        <translation>Comparé à : %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the former settings could not be kept.</source>
+        <translation>Rien n&apos;a été écrit, car les anciens paramètres n&apos;ont pas pu être conservés.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Rien n&apos;a été écrit, car il n&apos;est pas possible d&apos;écrire dans les LDB maintenant.</translation>
+    </message>
+    <message>
+        <source>Put back</source>
+        <translation>Remettre</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Garder</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTransfer</name>
     <message>
         <source>Select File</source>
@@ -2656,6 +3073,44 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
         <translation>Une exportation est en cours. Les LDB qui n&apos;ont pas encore été lus manqueront dans le fichier.</translation>
+    </message>
+    <message>
+        <source>Nothing has been imported yet.</source>
+        <translation>Rien n&apos;a encore été importé.</translation>
+    </message>
+    <message>
+        <source>Writing LDB settings</source>
+        <translation>Écriture des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n LDB(s) are written.</source>
+        <translation>
+            <numerusform>Les paramètres de %n LDB sont écrits.</numerusform>
+            <numerusform>Les paramètres de %n LDB sont écrits.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not all settings are written.</source>
+        <translation>Tous les paramètres ne sont pas écrits.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Written: %n LDB(s)</source>
+        <translation>
+            <numerusform>Écrits : %n LDB</numerusform>
+            <numerusform>Écrits : %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Non commencés : %1</translation>
+    </message>
+    <message>
+        <source>Settings are being written. The LDB being written may be left with a part of them.</source>
+        <translation>Des paramètres sont en cours d&apos;écriture. Le LDB en cours peut n&apos;en recevoir qu&apos;une partie.</translation>
     </message>
 </context>
 <context>
@@ -2798,6 +3253,70 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>WritePreview</name>
+    <message>
+        <source>Write Settings</source>
+        <translation>Écrire les paramètres</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. To be written: %1 in %2.</source>
+        <translation>Rien n&apos;a encore été écrit. À écrire : %1 dans %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n modification</numerusform>
+            <numerusform>%n modifications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>Écrire %n LDB</numerusform>
+            <numerusform>Écrire %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Non écrits : %1</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Paramètre</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Modification</translation>
+    </message>
+    <message>
+        <source>What is written</source>
+        <translation>Ce qui est écrit</translation>
     </message>
 </context>
 </TS>

@@ -923,6 +923,75 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>FormerList</name>
+    <message>
+        <source>Before a Save</source>
+        <translation>Vóór opslaan</translation>
+    </message>
+    <message>
+        <source>Before a Write</source>
+        <translation>Vóór schrijven</translation>
+    </message>
+    <message>
+        <source>Before the import of %1</source>
+        <translation>Vóór de import van %1</translation>
+    </message>
+    <message>
+        <source>Before settings were put back</source>
+        <translation>Voordat instellingen werden teruggezet</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Former Settings</source>
+        <translation>Vroegere instellingen</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergelijken</translation>
+    </message>
+    <message>
+        <source>Put Back...</source>
+        <translation>Terugzetten...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum en tijd</translation>
+    </message>
+    <message>
+        <source>Occasion</source>
+        <translation>Aanleiding</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Kept in %1</source>
+        <translation>Bewaard in %1</translation>
+    </message>
+</context>
+<context>
+    <name>FormerSettings</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>De map %1 kan niet worden gemaakt.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
+    </message>
+</context>
+<context>
     <name>GeneralInformation</name>
     <message>
         <source>Short</source>
@@ -1007,109 +1076,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Not begun: %1</source>
         <translation>Niet begonnen: %1</translation>
-    </message>
-</context>
-<context>
-    <name>ImportPreview</name>
-    <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adres %2)</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>niets</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n field(s)</source>
-        <translation>
-            <numerusform>%n veld</numerusform>
-            <numerusform>%n velden</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import Settings</source>
-        <translation>Instellingen importeren</translation>
-    </message>
-    <message>
-        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
-        <translation>Er is nog niets geschreven. Uit &quot;%1&quot;: %2 in %3.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n wijziging</numerusform>
-            <numerusform>%n wijzigingen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB&apos;s</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB schrijven</numerusform>
-            <numerusform>%n LDB&apos;s schrijven</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuleren</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>De ID&apos;s van het bestand worden decimaal gelezen.</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>De ID&apos;s van het bestand worden hexadecimaal gelezen.</translation>
-    </message>
-    <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
-    </message>
-    <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
-    </message>
-    <message>
-        <source>Read as hexadecimal</source>
-        <translation>Hexadecimaal lezen</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Decimaal lezen</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Naam in de LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Naam in het bestand</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Wat verandert</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Niet geschreven: %1</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s of the file</source>
-        <translation>LDB&apos;s van het bestand</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Wat niet wordt geschreven, en waarom</translation>
     </message>
 </context>
 <context>
@@ -1524,6 +1490,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 could not be kept.</source>
+        <translation>De vroegere instellingen van LDB %1 konden niet worden bewaard.</translation>
     </message>
 </context>
 <context>
@@ -2172,6 +2142,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 van %2 antwoorden, %3 verloren.</translation>
     </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Show, compare and change the settings of all LDBs in a table</source>
+        <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
+    </message>
+    <message>
+        <source>Table...</source>
+        <translation>Tabel...</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2481,6 +2463,24 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
 </context>
 <context>
+    <name>SetValueDialog</name>
+    <message numerus="yes">
+        <source>Set for %n LDB(s)</source>
+        <translation>
+            <numerusform>Instellen voor %n LDB</numerusform>
+            <numerusform>Instellen voor %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Instellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
     <name>SettingsMenu</name>
     <message>
         <source>Settings</source>
@@ -2576,6 +2576,423 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
 </context>
 <context>
+    <name>SettingsTable</name>
+    <message>
+        <source>written</source>
+        <translation>geschreven</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>geweigerd</translation>
+    </message>
+    <message>
+        <source>not answered</source>
+        <translation>niet beantwoord</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>wijkt af</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>niet verzonden</translation>
+    </message>
+    <message>
+        <source>To be written: %1</source>
+        <translation>Te schrijven: %1</translation>
+    </message>
+    <message>
+        <source>What the LDB has is not known: it was not read back.</source>
+        <translation>Wat de LDB heeft is niet bekend: het is niet teruggelezen.</translation>
+    </message>
+    <message>
+        <source>The LDB has: %1</source>
+        <translation>De LDB heeft: %1</translation>
+    </message>
+    <message>
+        <source>The last Write: %1</source>
+        <translation>Laatste keer schrijven: %1</translation>
+    </message>
+    <message>
+        <source>Most LDB&apos;s have: %1</source>
+        <translation>De meeste LDB&apos;s hebben: %1</translation>
+    </message>
+    <message>
+        <source>Factory default: %1</source>
+        <translation>Fabriekswaarde: %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>niet verbonden</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>waits to be read</source>
+        <translation>wacht op lezen</translation>
+    </message>
+    <message>
+        <source>did not answer</source>
+        <translation>heeft niet geantwoord</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was read</source>
+        <translation>de verbinding eindigde voordat zij was gelezen</translation>
+    </message>
+    <message>
+        <source>changed since it was shown: nothing was written</source>
+        <translation>gewijzigd sinds het tonen: er is niets geschreven</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n te schrijven</numerusform>
+            <numerusform>%n te schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>&quot;%1&quot; kan niet de waarde van %2 van LDB %3 zijn. Er is niets geplakt.</translation>
+    </message>
+    <message>
+        <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
+        <translation>Wat geplakt moet worden is groter dan de tabel vanaf de geselecteerde cel. Er is niets geplakt.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>De ID&apos;s van het bestand worden als decimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>De ID&apos;s van het bestand worden als hexadecimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als hexadecimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als decimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableModel</name>
+    <message>
+        <source>Address %1</source>
+        <translation>Adres %1</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Firmware ID</source>
+        <translation>Firmware-ID</translation>
+    </message>
+    <message>
+        <source>Read at</source>
+        <translation>Gelezen om</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Toestand</translation>
+    </message>
+    <message>
+        <source>%1 of LDB %2</source>
+        <translation>%1 van LDB %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableWindow</name>
+    <message>
+        <source>Read All</source>
+        <translation>Alles lezen</translation>
+    </message>
+    <message>
+        <source>Read the settings of all LDB&apos;s</source>
+        <translation>Lees de instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Read Selected</source>
+        <translation>Selectie lezen</translation>
+    </message>
+    <message>
+        <source>Read the LDB&apos;s of the selected cells again</source>
+        <translation>Lees de LDB&apos;s van de geselecteerde cellen opnieuw</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>End the reading, or the writing behind the LDB under way</source>
+        <translation>Beëindig het lezen, of het schrijven na de LDB die bezig is</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>Take the last change of the table back</source>
+        <translation>Maak de laatste wijziging van de tabel ongedaan</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Opnieuw</translation>
+    </message>
+    <message>
+        <source>Make the change again that was taken back</source>
+        <translation>Voer de ongedaan gemaakte wijziging opnieuw uit</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiëren</translation>
+    </message>
+    <message>
+        <source>Copy the selected cells for a spreadsheet</source>
+        <translation>Kopieer de geselecteerde cellen voor een rekenblad</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Plakken</translation>
+    </message>
+    <message>
+        <source>Put cells of a spreadsheet in, from the first selected cell on</source>
+        <translation>Voeg cellen van een rekenblad in vanaf de eerste geselecteerde cel</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Instellen...</translation>
+    </message>
+    <message>
+        <source>Give the selected LDB&apos;s one value</source>
+        <translation>Geef de geselecteerde LDB&apos;s één waarde</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importeren...</translation>
+    </message>
+    <message>
+        <source>Take the values of a file as changes</source>
+        <translation>Neem de waarden van een bestand over als wijzigingen</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
+    </message>
+    <message>
+        <source>Write what the table shows, with its changes, into a file</source>
+        <translation>Schrijf wat de tabel toont, met de wijzigingen, in een bestand</translation>
+    </message>
+    <message>
+        <source>Former Settings...</source>
+        <translation>Vroegere instellingen...</translation>
+    </message>
+    <message>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
+        <translation>Vergelijk met wat de LDB&apos;s eerder hadden, of zet dat terug</translation>
+    </message>
+    <message>
+        <source>Go On Writing</source>
+        <translation>Verder schrijven</translation>
+    </message>
+    <message>
+        <source>Write what was confirmed before the connection ended</source>
+        <translation>Schrijf wat bevestigd was voordat de verbinding eindigde</translation>
+    </message>
+    <message>
+        <source>Write...</source>
+        <translation>Schrijven...</translation>
+    </message>
+    <message>
+        <source>Show what would be written; nothing is sent before you confirm it</source>
+        <translation>Toon wat zou worden geschreven; er wordt niets verzonden voordat u het bevestigt</translation>
+    </message>
+    <message>
+        <source>These are left out:</source>
+        <translation>Deze worden weggelaten:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n te schrijven</numerusform>
+            <numerusform>%n te schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Gereedschap</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Zoeken</translation>
+    </message>
+    <message>
+        <source>What the values are compared with</source>
+        <translation>Waarmee de waarden worden vergeleken</translation>
+    </message>
+    <message>
+        <source>Compare with most others</source>
+        <translation>Vergelijken met de meeste andere</translation>
+    </message>
+    <message>
+        <source>Compare with factory defaults</source>
+        <translation>Vergelijken met fabriekswaarden</translation>
+    </message>
+    <message>
+        <source>Compare with a file...</source>
+        <translation>Vergelijken met een bestand...</translation>
+    </message>
+    <message>
+        <source>Which LDB&apos;s are shown</source>
+        <translation>Welke LDB&apos;s worden getoond</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Only differing</source>
+        <translation>Alleen afwijkende</translation>
+    </message>
+    <message>
+        <source>Only changed</source>
+        <translation>Alleen gewijzigde</translation>
+    </message>
+    <message>
+        <source>Select File</source>
+        <translation>Bestand selecteren</translation>
+    </message>
+    <message>
+        <source>The file cannot be written.</source>
+        <translation>Het bestand kan niet worden geschreven.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left</source>
+        <translation>
+            <numerusform>Lezen: nog %n</numerusform>
+            <numerusform>Lezen: nog %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left, about %1 s</source>
+        <translation>
+            <numerusform>Lezen: nog %n, ongeveer %1 s</numerusform>
+            <numerusform>Lezen: nog %n, ongeveer %1 s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writing: %n left</source>
+        <translation>
+            <numerusform>Schrijven: nog %n</numerusform>
+            <numerusform>Schrijven: nog %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The table of settings has %n change(s) that are not written.</source>
+        <translation>
+            <numerusform>De tabel met instellingen heeft %n wijziging die niet is geschreven.</numerusform>
+            <numerusform>De tabel met instellingen heeft %n wijzigingen die niet zijn geschreven.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select cells of the setting that is to be set.</source>
+        <translation>Selecteer cellen van de instelling die moet worden ingesteld.</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Import van %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Import van &quot;%1&quot;: er is nog niets geschreven. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Als hexadecimaal lezen</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Als decimaal lezen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n weggelaten...</numerusform>
+            <numerusform>%n weggelaten...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Import weggooien</translation>
+    </message>
+    <message>
+        <source>Compared with &quot;%1&quot;. %2</source>
+        <translation>Vergeleken met &quot;%1&quot;. %2</translation>
+    </message>
+    <message>
+        <source>Compared with: %1</source>
+        <translation>Vergeleken met: %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>LDB %1 is nog niet gelezen.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the former settings could not be kept.</source>
+        <translation>Er is niets geschreven, omdat de vroegere instellingen niet konden worden bewaard.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Er is niets geschreven, omdat er nu niet naar de LDB&apos;s kan worden geschreven.</translation>
+    </message>
+    <message>
+        <source>Put back</source>
+        <translation>Terugzetten</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Weggooien</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Bewaren</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Blijven</translation>
+    </message>
+</context>
+<context>
     <name>SettingsTransfer</name>
     <message>
         <source>Select File</source>
@@ -2656,6 +3073,44 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
         <translation>Er is een export bezig. LDB&apos;s die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
+    </message>
+    <message>
+        <source>Nothing has been imported yet.</source>
+        <translation>Er is nog niets geïmporteerd.</translation>
+    </message>
+    <message>
+        <source>Writing LDB settings</source>
+        <translation>LDB-instellingen worden geschreven</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n LDB(s) are written.</source>
+        <translation>
+            <numerusform>De instellingen van %n LDB zijn geschreven.</numerusform>
+            <numerusform>De instellingen van %n LDB&apos;s zijn geschreven.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not all settings are written.</source>
+        <translation>Niet alle instellingen zijn geschreven.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Written: %n LDB(s)</source>
+        <translation>
+            <numerusform>Geschreven: %n LDB</numerusform>
+            <numerusform>Geschreven: %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Niet begonnen: %1</translation>
+    </message>
+    <message>
+        <source>Settings are being written. The LDB being written may be left with a part of them.</source>
+        <translation>Er worden instellingen geschreven. De LDB die wordt geschreven kan met een deel ervan achterblijven.</translation>
     </message>
 </context>
 <context>
@@ -2798,6 +3253,70 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>WritePreview</name>
+    <message>
+        <source>Write Settings</source>
+        <translation>Instellingen schrijven</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. To be written: %1 in %2.</source>
+        <translation>Er is nog niets geschreven. Te schrijven: %1 in %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n wijziging</numerusform>
+            <numerusform>%n wijzigingen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB schrijven</numerusform>
+            <numerusform>%n LDB&apos;s schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Niet geschreven: %1</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Wat niet wordt geschreven, en waarom</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Instelling</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Wijziging</translation>
+    </message>
+    <message>
+        <source>What is written</source>
+        <translation>Wat wordt geschreven</translation>
     </message>
 </context>
 </TS>

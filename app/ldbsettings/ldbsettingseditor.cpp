@@ -1,5 +1,6 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
+#include "app/ldbsettings/fieldcontrols.h"
 #include "app/ldbsettings/leavequestion.h"
 #include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
@@ -10,27 +11,13 @@
 #include <QEvent>
 #include <QSignalBlocker>
 #include <QThread>
-#include <QValidator>
 
 #include <utility>
 
 namespace {
 
 constexpr int kSavedMessageMs = 5000;
-
 const QString kFailureBox = QStringLiteral("failedSaveBox");
-
-/// Lets a name be typed only as far as an LDB can store it.
-class LdbNameValidator : public QValidator
-{
-public:
-    using QValidator::QValidator;
-    State validate(QString& input, int& position) const override
-    {
-        Q_UNUSED(position)
-        return isStorableName(input) ? Acceptable : Invalid;
-    }
-};
 
 } // namespace
 
@@ -39,7 +26,9 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
     , ui(std::make_unique<Ui::LdbSettingsEditor>())
 {
     ui->setupUi(this);
-    ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
+    fieldcontrols::limit(ui->settingsNameLineEdit);
+    fieldcontrols::limit(ui->settingsNumberOfFimsSpinBox);
+    fieldcontrols::limit(ui->settingsOpenDetectionDelaySpinBox);
     initFlagBoxes();
     reserveBoldWidths();
     refresh();
@@ -95,6 +84,19 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
     Q_ASSERT(!m_link);
     m_link = link;
     m_notices = notices;
+}
+
+void LdbSettingsEditor::keepFormer(const LdbSettings& fresh)
+{
+    const QString error = m_formerSettings.keep(
+        {QDateTime::currentDateTimeUtc(), FormerSettings::Occasion::Save, {}, {fresh}});
+    if (error.isEmpty()) {
+        return;
+    }
+    m_notices->box(QMessageBox::Warning, [hexId = m_writer->outcome().hexId, error] {
+        const QString text = tr("The former settings of LDB %1 could not be kept.").arg(hexId);
+        return BoxText{tr("Attention"), text, error};
+    });
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
@@ -181,6 +183,7 @@ void LdbSettingsEditor::processCompared()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     m_lastRead.insert(outcome.hexId, *outcome.fresh);
+    keepFormer(*outcome.fresh);
     if (outcome.hexId == m_hexId && m_edit.hasRecord()) {
         m_edit.receiveBeforeSave(*outcome.fresh);
         refresh();

@@ -1,6 +1,7 @@
 #include "app/window/ldbwork.h"
 
 #include "app/putback/putback.h"
+#include "app/settingstable/settingstablewindow.h"
 #include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
@@ -39,12 +40,14 @@ LdbWork::LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWi
     initEditor();
     initPutBack();
     initTransfer();
+    initTable();
 }
 
 LdbWork::~LdbWork()
 {
     // What these say while they end must not reach an object half gone.
     disconnect();
+    delete m_table;
     delete m_transfer;
     delete m_putBack;
     delete m_tracking;
@@ -84,6 +87,29 @@ void LdbWork::initTransfer()
     let(m_ui.exportDeviceSettingsButton, &SettingsTransfer::chooseExport);
     let(m_ui.importDeviceSettingsButton, &SettingsTransfer::chooseImport);
     let(m_ui.stopTransferButton, &SettingsTransfer::stop);
+}
+
+void LdbWork::initTable()
+{
+    m_table = new SettingsTableWindow({m_around.link, m_transfer, m_around.wallTime,
+                                       [this](const QString& hexId) {
+                                           return m_putBack->isPending(hexId);
+                                       }},
+                                      m_window);
+    connect(m_ui.settingsTableButton, &QAbstractButton::clicked, m_table,
+            &SettingsTableWindow::open);
+}
+
+void LdbWork::setFormerSettings(const FormerSettingsStore& store)
+{
+    m_ui.ldbSettingsEditor->setFormerSettings(store);
+    m_table->setFormerSettings(store);
+}
+
+void LdbWork::forget()
+{
+    m_ui.ldbSettingsEditor->forget();
+    m_table->forget();
 }
 
 void LdbWork::showTransfer(bool isOn)
@@ -135,6 +161,7 @@ void LdbWork::apply(const EnabledControls& controls)
 {
     WhyNot::permit(m_ui.exportDeviceSettingsButton, controls.transfer);
     WhyNot::permit(m_ui.importDeviceSettingsButton, controls.transfer);
+    m_table->apply(controls.transfer);
     EnabledControls ofEditor = controls;
     if (controls.settings && m_putBack->isPending(m_around.run->selectedLdb())) {
         ofEditor.settings.hindrance = Hindrance::PuttingBack;
@@ -148,6 +175,9 @@ std::vector<Text> LdbWork::underWay() const
     std::vector<Text> reasons;
     if (const Text transfer = m_transfer->underWay()) {
         reasons.push_back(transfer);
+    }
+    if (const Text edits = m_table->underWay()) {
+        reasons.push_back(edits);
     }
     if (m_around.run->isSaving()) {
         reasons.emplace_back([] {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <vector>
 
 namespace Ui {
@@ -13,11 +14,13 @@ class MainWindow;
 }
 
 class FimTracking;
+class FormerSettingsStore;
 class KeptLdbs;
 class Notices;
 class PutBack;
 class RunControl;
 class SerialLink;
+class SettingsTableWindow;
 class SettingsTransfer;
 class StatusBarDisplay;
 
@@ -34,12 +37,18 @@ public:
         RunControl* run = nullptr;
         Notices* notices = nullptr;
         StatusBarDisplay* status = nullptr;
+        std::function<qint64()> wallTime; ///< ms since 1970 UTC, of the link's ports
     };
 
     /// Takes the panels and buttons of the form. Form, surroundings and window outlive this object.
     LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWidget* window);
     /// Ends what is under way, which may still use the link for it.
     ~LdbWork() override;
+
+    /// Where what LDBs had before a write is kept from now on.
+    void setFormerSettings(const FormerSettingsStore& store);
+    /// Another bus is in force: what was read is of other LDBs.
+    void forget();
 
     /// Turns to this LDB and reads its settings; unsaved edits of them stay.
     void setSelectedLdb(const QString& hexId);
@@ -63,6 +72,7 @@ signals:
 private:
     void initEditor();
     void initTransfer();
+    void initTable();
     void initPutBack();
     void showTransfer(bool isOn);
 
@@ -70,6 +80,7 @@ private:
     Surroundings m_around;
     QWidget* m_window;
     SettingsTransfer* m_transfer = nullptr; // owned
+    SettingsTableWindow* m_table = nullptr; // owned
     PutBack* m_putBack = nullptr;           // owned
     QPointer<FimTracking> m_tracking;       // deletes itself when closed
 };

@@ -63,7 +63,7 @@ void MainWindow::init(const PortSource& ports)
     setWindowTitle(QStringLiteral("%1 Version %2")
                        .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
     initLink(ports);
-    initPanels();
+    initPanels(ports);
     setLdbActionButtonsState();
 }
 
@@ -97,12 +97,13 @@ void MainWindow::initLink(const PortSource& ports)
             [this](int commands) { m_status->showQueueLength(commands); });
 }
 
-void MainWindow::initPanels()
+void MainWindow::initPanels(const PortSource& ports)
 {
     m_ui->logTab->setNotices(m_notices.get());
     m_views = new LdbViews(*m_ui, m_link.get(), this);
     connect(m_views, &LdbViews::selectedLdbChanged, this, &MainWindow::processSelectedLdbChanged);
-    m_work = new LdbWork(*m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get()}, this);
+    m_work = new LdbWork(
+        *m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get(), ports.wallTime}, this);
     wireinstallation::wire(m_desk, m_run, m_views, m_work);
     connect(m_work, &LdbWork::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
     m_closing = new ClosingQuestion(m_notices.get(), this);
@@ -157,7 +158,7 @@ void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
         m_portName = comPort;
-        m_ui->ldbSettingsEditor->forget();
+        m_work->forget();
         m_run->changePort(comPort);
         m_status->showLoading();
     };

@@ -63,7 +63,7 @@ private slots:
 
 private:
     void initLink(const PortSource& ports);
-    void initPanels();
+    void initPanels(const PortSource& ports);
     void processRunBegun(bool isResumed);
     /// Goes on: the port is back, perhaps under another name.
     void resume(const QString& portName, const StartPlan& plan);

@@ -1,7 +1,8 @@
 #include "app/notices/messagebox.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/settingstable/settingstablewindow.h"
+#include "app/settingstable/writepreview.h"
 #include "app/shared/usersettings.h"
-#include "app/transfer/importpreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "app/window/windowlook.h"
@@ -529,41 +530,45 @@ private slots:
         auto* transfer = m_window->findChild<SettingsTransfer*>();
         transfer->importFrom(path);
         QVERIFY(!button("importDeviceSettingsButton")->isEnabled());
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
+        QVERIFY(button("importDeviceSettingsButton")->isEnabled());
         // 3, 10 and 253: read as hexadecimal only the first one is an LDB of this bus.
-        QCOMPARE(preview()->findChild<QTreeWidget*>()->topLevelItemCount(), 1);
-        const QStringList leftOut{"Line 8: ID 10 (read as 10 hexadecimal, address 16): "
-                                  "no LDB with this address is connected",
-                                  "Line 10: ID 253: The ID is no address",
-                                  "LDB 0A (address 10): no line in the file",
-                                  "LDB FD (address 253): no line in the file"};
+        const auto* bar = table()->findChild<QFrame*>("importBar");
+        auto* other = bar->findChild<QPushButton*>("otherReadingButton");
+        QVERIFY(other->isVisible());
+        QCOMPARE(bar->findChild<QLabel*>("barLabel")->text(),
+                 "Import of \"out.csv\": nothing has been written yet. The IDs of the file are "
+                 "read as hexadecimal. The names fit better as decimal: then 3 are those of the "
+                 "LDB's, now 1.");
+        openPreview();
+        const QStringList leftOut{
+            "Line 8: ID 10 (read as 10 hexadecimal, address 16): "
+            "no LDB with this address is connected",
+            "Line 10: ID 253: The ID is no address", "LDB 0A (address 10): no line in the file",
+            "LDB FD (address 253): no line in the file", "LDB 10 has not been read yet."};
         QCOMPARE(problems(), leftOut);
-        QCOMPARE(writeButton()->text(), "Write 0 LDB(s)");
+        QVERIFY(!writeButton()->isEnabled());
 
         // Enter and Escape write nothing.
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
             QTest::keyClick(preview(), key);
             WAIT_VERIFY(preview() == nullptr);
-            QVERIFY(button("importDeviceSettingsButton")->isEnabled());
-            QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
-            transfer->importFrom(path);
-            WAIT_VERIFY(preview() != nullptr);
+            openPreview();
         }
-        QVERIFY(boxes().isEmpty());
+        preview()->close();
+        WAIT_VERIFY(preview() == nullptr);
 
-        auto* other = preview()->findChild<QPushButton*>("otherReadingButton");
-        QVERIFY(other->isVisible());
         other->click();
+        openPreview();
         QCOMPARE(problems(), QStringList());
-        auto* ldbs = preview()->findChild<QTreeWidget*>();
-        QCOMPARE(ldbs->topLevelItemCount(), 3);
-        QCOMPARE(ldbs->topLevelItem(2)->text(ImportPreview::ChangesColumn), "nothing");
-        const QTreeWidgetItem* changed = ldbs->topLevelItem(0); // before all others
-        QCOMPARE(changed->text(ImportPreview::LdbColumn), "0A (address 10)");
-        QCOMPARE(changed->text(ImportPreview::PresentNameColumn), "LDB 0A");
-        QCOMPARE(changed->text(ImportPreview::FileNameColumn), "LDB 0A");
-        QCOMPARE(changed->text(ImportPreview::ChangesColumn),
-                 QString::fromUtf8("1 field(s)\nNumber of FIM's: 30 \xE2\x86\x92 20"));
+        const auto* list = preview()->findChild<QTreeWidget*>();
+        QCOMPARE(list->topLevelItemCount(), 1);
+        const QTreeWidgetItem* changed = list->topLevelItem(0);
+        QCOMPARE(changed->text(WritePreview::LdbColumn), "0A");
+        QCOMPARE(changed->text(WritePreview::NameColumn), "LDB 0A");
+        QCOMPARE(changed->text(WritePreview::FieldColumn), "Number of FIM's");
+        QCOMPARE(changed->text(WritePreview::ChangeColumn),
+                 QString::fromUtf8("30 \xE2\x86\x92 20"));
         QCOMPARE(m_bus->writes(), QList<QByteArray>());
         QCOMPARE(writeButton()->text(), "Write 1 LDB(s)");
 
@@ -572,6 +577,53 @@ private slots:
         QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings finished!");
         QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE0A7363031400", "FE0A737806"}));
         WAIT_COMPARE(child<QSpinBox>("settingsNumberOfFimsSpinBox")->value(), 20);
+        QVERIFY(!bar->isVisible());
+    }
+
+    void importCanBeDiscarded()
+    {
+        const QString path = exported();
+        m_window->findChild<SettingsTransfer*>()->importFrom(path);
+        WAIT_VERIFY(table()->isVisible());
+        QVERIFY(table()->underWay() != nullptr);
+        const auto* bar = table()->findChild<QFrame*>("importBar");
+        bar->findChild<QPushButton*>("barCloseButton")->click();
+        QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
+        QVERIFY(table()->underWay() == nullptr);
+        QVERIFY(boxes().isEmpty());
+    }
+
+    void putsBackWhatAnImportChanged()
+    {
+        start();
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        m_bus->change("0A", "02", "48FC6C"); // no name of this computer's encoding
+        m_bus->change("0A", "16", "01");
+        QHash<QString, QByteArray> former;
+        for (const QString& hexId : kLdbs) {
+            former[hexId] = m_bus->settingsOf(hexId);
+        }
+        const QByteArray rest(";0;0;0;0;1;1;1;200;F\n"); // a wrong file
+        m_sandbox->writeFile("in.csv", "3;A" + rest + "0A;B" + rest + "FD;C" + rest);
+        m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
+        WAIT_VERIFY(table()->isVisible());
+        openPreview();
+        writeButton()->click();
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings finished!");
+        boxes().constFirst()->accept();
+        for (const QString& hexId : kLdbs) {
+            QVERIFY(m_bus->settingsOf(hexId) != former[hexId]);
+        }
+        table()->findChild<QAction*>("former")->trigger();
+        table()->findChild<QPushButton*>("putBackFormerButton")->click();
+        WAIT_VERIFY(preview() != nullptr);
+        writeButton()->click();
+        WAIT_COMPARE(m_window->statusBar()->currentMessage(),
+                     "The settings of 3 LDB(s) are written.");
+        for (const QString& hexId : kLdbs) {
+            QCOMPARE(m_bus->settingsOf(hexId), former[hexId]);
+        }
     }
 
     void oneTransferAtATime()
@@ -587,7 +639,7 @@ private slots:
         // Whatever else asks for one does not break it off.
         transfer->exportTo(m_sandbox->path("other.csv"));
         QVERIFY(!QFile::exists(m_sandbox->path("other.csv")));
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
     }
 
     void stopSaysWhatWasWritten()
@@ -603,7 +655,8 @@ private slots:
             return std::nullopt;
         });
         m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
+        openPreview();
         writeButton()->click();
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings was stopped.");
@@ -613,20 +666,28 @@ private slots:
         QCOMPARE(m_bus->settingsOf("FD"), TestBus::record("FD"));
     }
 
-    void lostPortClosesThePreview()
+    void lostPortLeavesTheImportInTheTable()
     {
         const QString path = exported();
+        m_bus->change("03", "03", "1E00");
         m_window->findChild<SettingsTransfer*>()->importFrom(path);
-        WAIT_VERIFY(preview() != nullptr);
-        const ExpectWarning warning("^Port ");
-        m_bus->cut();
-        WAIT_VERIFY(preview() == nullptr);
-        QStringList texts;
-        for (const MessageBox* box : boxes()) {
-            texts.append(box->text());
+        WAIT_VERIFY(table()->isVisible());
+        {
+            const ExpectWarning warning("^Port ");
+            m_bus->cut();
+            WAIT_VERIFY(!button("importDeviceSettingsButton")->isEnabled());
         }
-        QVERIFY(texts.contains("Importing LDB settings failed, not all LDB's' are connected!"));
-        QVERIFY(!child<QPushButton>("stopTransferButton")->isVisible());
+        auto* write = table()->findChild<QAction*>("write");
+        QVERIFY(!write->isEnabled());
+        m_bus->restore();
+        button("startButton")->click();
+        WAIT_VERIFY(write->isEnabled());
+        for (MessageBox* box : boxes()) {
+            box->close();
+        }
+        openPreview();
+        writeButton()->click();
+        WAIT_COMPARE(m_bus->settingsOf("03"), TestBus::record("03"));
     }
 
     void closingAsksWhatItWouldBreakOff_data()
@@ -910,10 +971,16 @@ private:
         waitUntil([this] { return boxes().isEmpty(); });
         return path;
     }
-    ImportPreview* preview() const { return m_window->findChild<ImportPreview*>(); }
+    SettingsTableWindow* table() const { return m_window->findChild<SettingsTableWindow*>(); }
+    WritePreview* preview() const { return m_window->findChild<WritePreview*>(); }
+    void openPreview()
+    {
+        table()->findChild<QAction*>("write")->trigger();
+        QVERIFY(preview() != nullptr);
+    }
     QPushButton* writeButton() const
     {
-        return preview()->findChild<QPushButton*>("importWriteButton");
+        return preview()->findChild<QPushButton*>("previewWriteButton");
     }
     QStringList problems() const
     {
