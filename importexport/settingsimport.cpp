@@ -136,6 +136,8 @@ void SettingsImport::proceed()
     }
 }
 
+/// Reads the next LDB a second time: between the preview and the writing, which the user may leave
+/// open for long, somebody else may have changed it. So the writer has no need to read it again.
 void SettingsImport::checkNext()
 {
     while (m_linkEnded && m_nextToCheck < m_toWrite.size()) {

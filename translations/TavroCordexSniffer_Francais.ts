@@ -921,6 +921,18 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>FIM&apos;s counted: %1   configured: not known</source>
         <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: inconnu</translation>
     </message>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Le nombre de FIM est en cours d&apos;écriture.</translation>
+    </message>
+    <message>
+        <source>There is no report before a run has come to its end.</source>
+        <translation>Il n&apos;y a pas de rapport avant la fin d&apos;une recherche.</translation>
+    </message>
+    <message>
+        <source>There is nothing to zoom into before the counting begins.</source>
+        <translation>Il n&apos;y a rien à agrandir avant le début du comptage.</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -966,6 +978,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way: wait for its end, or stop it.</source>
+        <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
     </message>
 </context>
 <context>
@@ -1694,6 +1710,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>La connexion au port %1 a été rompue. Vérifiez l&apos;adaptateur et son câble, et démarrez à nouveau.</translation>
     </message>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
+        <translation>Aucun port série n&apos;est choisi. Choisissez-en un dans la fenêtre des réglages&#xa0;: le bouton avec la roue dentée, en haut à gauche.</translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
@@ -1784,6 +1804,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>No record came from %1 to %2.</source>
         <translation>Rien n&apos;est arrivé de %1 à %2.</translation>
+    </message>
+    <message>
+        <source>A log is being written: stop it first.</source>
+        <translation>Un journal est en cours d&apos;écriture&#xa0;: arrêtez-le d&apos;abord.</translation>
     </message>
 </context>
 <context>
@@ -2097,6 +2121,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Not monitored: %1</source>
         <translation>Non surveillé : %1</translation>
+    </message>
+    <message>
+        <source>no serial port is chosen</source>
+        <translation>aucun port série n&apos;est choisi</translation>
     </message>
 </context>
 <context>

@@ -921,6 +921,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>FIM&apos;s counted: %1   configured: not known</source>
         <translation>FIM&apos;s geteld: %1   ingesteld: niet bekend</translation>
     </message>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven.</translation>
+    </message>
+    <message>
+        <source>There is no report before a run has come to its end.</source>
+        <translation>Er is geen rapport voordat een zoekactie is afgelopen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to zoom into before the counting begins.</source>
+        <translation>Er is niets om op in te zoomen voordat het tellen begint.</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -966,6 +978,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Wat het fout zoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way: wait for its end, or stop it.</source>
+        <translation>Er wordt naar fouten gezocht: wacht tot het klaar is, of stop het.</translation>
     </message>
 </context>
 <context>
@@ -1694,6 +1710,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>De verbinding met poort %1 is verbroken. Controleer de adapter en zijn kabel, en start opnieuw.</translation>
     </message>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
+        <translation>Er is geen seriële poort gekozen. Kies er een in het instellingenvenster: de knop met het tandwiel, linksboven.</translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
@@ -1784,6 +1804,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>No record came from %1 to %2.</source>
         <translation>Van %1 tot %2 kwam er niets binnen.</translation>
+    </message>
+    <message>
+        <source>A log is being written: stop it first.</source>
+        <translation>Er wordt een logbestand geschreven: stop dat eerst.</translation>
     </message>
 </context>
 <context>
@@ -2097,6 +2121,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Not monitored: %1</source>
         <translation>Niet bewaakt: %1</translation>
+    </message>
+    <message>
+        <source>no serial port is chosen</source>
+        <translation>er is geen seriële poort gekozen</translation>
     </message>
 </context>
 <context>

@@ -35,6 +35,10 @@ QString portSaid(const PortFailure& failure)
 
 QString reasonText(const PortFailure& failure, const PortDevice& device)
 {
+    if (failure.portName.isEmpty()) {
+        return LinkNotices::tr("No serial port is chosen. Choose one in the settings dialog: the "
+                               "button with the gear, at the top left.");
+    }
     switch (portTrouble(failure, device)) {
     case PortTrouble::NotThere:
         return LinkNotices::tr(

@@ -30,17 +30,19 @@ EnabledControls enabledControls(const LinkSituation& situation)
         situation.state == LdbState::Disconnected && !situation.initialising, Hindrance::LdbLost);
     const Hindrance saving = when(situation.saving, Hindrance::Saving);
     const Hindrance transferring = when(situation.transferring, Hindrance::Transferring);
+    const Hindrance finding = when(situation.faultFinding, Hindrance::FaultFinding);
     const Hindrance service =
         when(situation.state == LdbState::ServiceMode, Hindrance::ServiceMode);
 
     EnabledControls controls;
-    // A scan would take the LDBs away from under a transfer, and a second one the bus.
-    controls.reload = unless({scanning, transferring});
-    controls.transfer = unless({stopped, scanning, transferring});
+    // A scan would take the LDBs away from under a transfer or a fault finding, and a second one
+    // the bus.
+    controls.reload = unless({scanning, transferring, finding});
+    controls.transfer = unless({stopped, scanning, transferring, finding});
     // A lost LDB must not hold the selection.
     controls.selection = unless({stopped, scanning, saving});
-    controls.allActions = unless({stopped, scanning, saving, transferring});
-    controls.singleActions = unless({stopped, scanning, none, lost, saving, transferring});
+    controls.allActions = unless({stopped, scanning, saving, transferring, finding});
+    controls.singleActions = unless({stopped, scanning, none, lost, saving, transferring, finding});
     // Also in service mode: without, an LDB that starts in it could never be told not to.
     controls.settings = controls.singleActions;
     controls.editing = unless({stopped, none, lost});
@@ -110,6 +112,12 @@ void RunControl::setSaving(bool saving)
 void RunControl::setTransferring(bool transferring)
 {
     m_situation.transferring = transferring;
+    emit enabledChanged();
+}
+
+void RunControl::setFaultFinding(bool faultFinding)
+{
+    m_situation.faultFinding = faultFinding;
     emit enabledChanged();
 }
 

@@ -17,6 +17,7 @@ struct LinkSituation
     LdbState state = LdbState::Disconnected; ///< of the selected LDB
     bool saving = false;                     ///< the editor waits for the LDB to store its settings
     bool transferring = false;               ///< an export or import is on
+    bool faultFinding = false;               ///< a run of it is on
 };
 
 /// The one place that knows which situation enables what, and what hinders the rest.
@@ -43,6 +44,7 @@ public:
     void setSaving(bool saving);
     bool isSaving() const { return m_situation.saving; }
     void setTransferring(bool transferring);
+    void setFaultFinding(bool faultFinding);
 
     EnabledControls enabled() const;
     /// Whether a scan is on, or has been asked for.

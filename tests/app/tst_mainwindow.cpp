@@ -8,7 +8,6 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 #include "tracking/faultfinding/fimtracking.h"
@@ -126,6 +125,18 @@ private slots:
         button("startButton")->click();
         WAIT_VERIFY(button("ldbResetButton")->isEnabled());
         QCOMPARE(label("countLabel"), "Available LDB's: 3.");
+    }
+
+    void noPortIsChosen()
+    {
+        userSettings().remove(constants::kComPortKey);
+        m_window = std::make_unique<MainWindow>(); // on the ports of this machine
+        m_window->show();
+        const ExpectWarning warning("^Port ");
+        button("startButton")->click();
+        QTRY_COMPARE(boxes().size(), 1);
+        QVERIFY(boxes().constFirst()->informativeText().startsWith("No serial port is chosen."));
+        QCOMPARE(label("monitoringLabel"), "Not monitored: no serial port is chosen");
     }
 
     void otherPort()
