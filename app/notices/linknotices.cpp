@@ -44,6 +44,10 @@ QString waitingText()
 
 QString reasonText(const PortFailure& failure, const PortDevice& device, bool isWaited)
 {
+    if (failure.portName.isEmpty()) {
+        return LinkNotices::tr("No serial port is chosen. Choose one in the settings dialog: the "
+                               "button with the gear, at the top left.");
+    }
     switch (portTrouble(failure, device)) {
     case PortTrouble::NotThere:
         return LinkNotices::tr(

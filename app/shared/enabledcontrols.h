@@ -13,8 +13,9 @@ enum class Hindrance
     LdbLost,   ///< the selected one
     Saving,
     Transferring,
-    ServiceMode, ///< the selected LDB is in it
-    PuttingBack  ///< what fault finding changed in the selected LDB
+    FaultFinding, ///< a run of it is on
+    ServiceMode,  ///< the selected LDB is in it
+    PuttingBack   ///< what fault finding changed in the selected LDB
 };
 
 /// The hindrance as a sentence, in the language in force; empty for none.

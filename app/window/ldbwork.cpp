@@ -50,6 +50,9 @@ LdbWork::~LdbWork()
     delete m_table;
     delete m_transfer;
     delete m_putBack;
+    if (m_tracking) {
+        m_tracking->disconnect(this);
+    }
     delete m_tracking;
 }
 
@@ -152,6 +155,10 @@ void LdbWork::startFaultFinding()
     m_tracking =
         new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window, m_putBack->kept());
     m_putBack->follow(m_tracking);
+    connect(m_tracking, &FimTracking::runBegins, this,
+            [this] { m_around.run->setFaultFinding(true); });
+    connect(m_tracking, &FimTracking::runEnds, this,
+            [this] { m_around.run->setFaultFinding(false); });
     connect(m_tracking, &QObject::destroyed, this, [this] {
         m_tracking.clear(); // a widget tells of its end before it is known to be gone
     });

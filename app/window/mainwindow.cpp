@@ -109,7 +109,7 @@ void MainWindow::initPanels(const PortSource& ports)
     m_closing = new ClosingQuestion(m_notices.get(), this);
     m_closing->ask([this] { return m_work->underWay(); });
     m_settingsMenu = new SettingsMenu(this);
-    m_portName = m_settingsMenu->getComPort();
+    m_portName = userSettings().value(constants::kComPortKey).toString();
     m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);

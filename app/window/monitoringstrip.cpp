@@ -119,7 +119,8 @@ QString MonitoringStrip::text(const Monitoring& monitoring)
         reason = tr("no LDB was found");
         break;
     case Monitoring::State::PortNotOpened:
-        reason = tr("%1 cannot be opened").arg(monitoring.portName);
+        reason = monitoring.portName.isEmpty() ? tr("no serial port is chosen")
+                                               : tr("%1 cannot be opened").arg(monitoring.portName);
         break;
     case Monitoring::State::ConnectionLost:
         reason = tr("the connection to %1 was lost").arg(monitoring.portName);

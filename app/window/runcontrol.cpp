@@ -31,18 +31,20 @@ EnabledControls enabledControls(const LinkSituation& situation)
     const Hindrance saving = when(situation.saving, Hindrance::Saving);
     const Hindrance transferring = when(situation.transferring, Hindrance::Transferring);
     const Hindrance unsettled = when(situation.unsettled, Hindrance::Unsettled);
+    const Hindrance finding = when(situation.faultFinding, Hindrance::FaultFinding);
     const Hindrance service =
         when(situation.state == LdbState::ServiceMode, Hindrance::ServiceMode);
 
     EnabledControls controls;
-    // A scan would take the LDBs away from under a transfer, and a second one the bus.
-    controls.reload = unless({scanning, transferring});
-    controls.transfer = unless({stopped, scanning, unsettled, transferring});
+    // A scan would take the LDBs away from under a transfer or a fault finding, and a second one
+    // the bus.
+    controls.reload = unless({scanning, transferring, finding});
+    controls.transfer = unless({stopped, scanning, unsettled, transferring, finding});
     // A lost LDB must not hold the selection.
     controls.selection = unless({stopped, scanning, saving});
-    controls.allActions = unless({stopped, scanning, unsettled, saving, transferring});
+    controls.allActions = unless({stopped, scanning, unsettled, saving, transferring, finding});
     controls.singleActions =
-        unless({stopped, scanning, unsettled, none, lost, saving, transferring});
+        unless({stopped, scanning, unsettled, none, lost, saving, transferring, finding});
     // Also in service mode: without, an LDB that starts in it could never be told not to.
     controls.settings = controls.singleActions;
     controls.editing = unless({stopped, none, lost});
@@ -132,6 +134,12 @@ void RunControl::setTransferring(bool transferring)
 void RunControl::setUnsettled(bool unsettled)
 {
     m_situation.unsettled = unsettled;
+    emit enabledChanged();
+}
+
+void RunControl::setFaultFinding(bool faultFinding)
+{
+    m_situation.faultFinding = faultFinding;
     emit enabledChanged();
 }
 

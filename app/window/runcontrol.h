@@ -22,6 +22,7 @@ struct LinkSituation
     bool saving = false;                     ///< the editor waits for the LDB to store its settings
     bool transferring = false;               ///< an export or import is on
     bool unsettled = false;                  ///< which installation answers is not known
+    bool faultFinding = false;               ///< a run of it is on
 };
 
 /// The one place that knows which situation enables what, and what hinders the rest.
@@ -54,6 +55,7 @@ public:
     void setTransferring(bool transferring);
     /// Nothing may be written while it is not known which installation answers.
     void setUnsettled(bool unsettled);
+    void setFaultFinding(bool faultFinding);
 
     EnabledControls enabled() const;
     /// Whether a scan is on, or has been asked for.

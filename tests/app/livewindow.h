@@ -120,9 +120,13 @@ protected:
         }
         return true;
     }
-    QString detailTime() const
+    int detailsHeight() const
     {
-        return child<QTableView>("deviceDetailTableView")->model()->index(10, 1).data().toString();
+        return child<QTableView>("deviceDetailTableView")->verticalHeader()->length();
+    }
+    QString detailAge() const
+    {
+        return child<QTableView>("deviceDetailTableView")->model()->index(10, 0).data().toString();
     }
     QColor curveColour(const char* name) const
     {

@@ -3,7 +3,6 @@
 #include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "views/lamps/statusindicators.h"
 #include "views/tables/overviewcolumns.h"

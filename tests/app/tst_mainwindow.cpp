@@ -9,7 +9,6 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 #include "tracking/faultfinding/fimtracking.h"
@@ -137,6 +136,18 @@ private slots:
         QCOMPARE(m_bus->writes(), QList<QByteArray>());
         QVERIFY(!m_bus->requests().contains("FE0373780001"));
         QCOMPARE(label("countLabel"), "Available LDB's: 3.");
+    }
+
+    void noPortIsChosen()
+    {
+        userSettings().remove(constants::kComPortKey);
+        m_window = std::make_unique<MainWindow>(); // on the ports of this machine
+        m_window->show();
+        const ExpectWarning warning("^Port ");
+        button("startButton")->click();
+        QTRY_COMPARE(boxes().size(), 1);
+        QVERIFY(boxes().constFirst()->informativeText().startsWith("No serial port is chosen."));
+        QCOMPARE(label("monitoringLabel"), "Not monitored: no serial port is chosen");
     }
 
     void otherPort()

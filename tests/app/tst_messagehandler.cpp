@@ -1,5 +1,4 @@
 #include "app/startup.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <csignal>

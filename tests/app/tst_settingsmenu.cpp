@@ -1,7 +1,6 @@
 #include "app/preferences/settingsmenu.h"
 #include "resources/resources.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 

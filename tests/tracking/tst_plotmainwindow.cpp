@@ -1,7 +1,6 @@
 #include "serial/ldb/generalinformation.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/plot/mainwindowplot.h"
