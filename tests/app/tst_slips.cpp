@@ -24,8 +24,11 @@ constexpr int kSeeds = 200;
 constexpr qint64 kStep = 50; // ms between two looks of the user
 constexpr qint64 kSecond = 1000;
 /// Whatever was begun is over by then: a factory reset, the boot after it, the round behind it.
-constexpr qint64 kDust = 400 * kSecond;
-constexpr qint64 kContact = 6 * kSecond; ///< some rounds, and what they cause
+constexpr qint64 kDust = 120 * kSecond;
+/// Shorter than real ones: what matters is what happens in them, and at their ends.
+constexpr qint64 kFactoryReset = 15 * kSecond;
+constexpr qint64 kFactoryResetOutcome = 8 * kSecond;
+constexpr qint64 kContact = 5 * kSecond; ///< some rounds, and what they cause
 /// A flag's byte has these; the rest is reserved.
 constexpr int kFlagValues = 32;
 
@@ -352,7 +355,7 @@ void TestSlips::settle()
         if (FimTracking* run = tracking()) {
             run->close();
         }
-        for (int looks = 0; looks < 60; ++looks) {
+        for (int looks = 0; looks < 40; ++looks) {
             step(false);
         }
         if (child<QPushButton>("startButton")->isChecked()) {
@@ -460,18 +463,22 @@ void TestSlips::nothingIsSilent()
     m_asked.clear();
     m_said.clear();
     m_sandbox = std::make_unique<Sandbox>();
-    m_bus = std::make_unique<TestBus>(kLdbs);
+    LdbTiming timing = TestBus::usualTiming();
+    timing.factoryReset = kFactoryReset;
+    timing.factoryResetOutcome = kFactoryResetOutcome;
+    m_bus = std::make_unique<TestBus>(kLdbs, LineOptions(), nullptr, timing);
     userSettings().setValue(constants::kComPortKey, m_bus->portName());
     prepareBoards();
     openWindow();
     WAIT_VERIFY(child<QPushButton>("settingsSaveButton")->isEnabled());
 
     constexpr int kLongest[] = {2500, 6000, 2500, 5000};
-    constexpr int kCounting = 195000; // from here on the LDB is muted
+    constexpr int kMuted =
+        35000; // ms after the start: from here on the run counts, and the LDB is muted
     // Half of the runs are disturbed at their first steps, the others anywhere.
     const bool isLate = m_work == Work::FaultFinding && below(2) == 0;
-    const int from = isLate && below(2) == 0 ? kCounting : 0;
-    const int moment = from + below(isLate ? kCounting : kLongest[static_cast<int>(m_work)]);
+    const int from = isLate && below(2) == 0 ? kMuted : 0;
+    const int moment = from + below(isLate ? kMuted : kLongest[static_cast<int>(m_work)]);
     begin();
     for (qint64 gone = 0; gone + kStep <= moment; gone += kStep) {
         step(true);
