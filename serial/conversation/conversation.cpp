@@ -9,6 +9,7 @@ namespace {
 
 /// A text that has to be told twice is asked for once more, and again if the two differ.
 constexpr int kCommandInquiries = 3;
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 using Outcome = InquiryEnd::Outcome;
 
@@ -39,7 +40,7 @@ Conversation::Conversation(int answerWaitTime, int forgivenMisses)
 {
 }
 
-void Conversation::start(const Moment& moment)
+void Conversation::start(const Moment& moment, const StartPlan& /*plan*/)
 {
     rememberLdbs();
     m_inquiry.reset();
@@ -49,6 +50,7 @@ void Conversation::start(const Moment& moment)
     m_queue.clear();
     m_hexId.clear();
     m_events.clear();
+    m_clockOffset = moment.wall * kMicrosecondsPerMillisecond - moment.now;
     m_scan.request();
     dispatch(moment);
 }
@@ -86,18 +88,39 @@ void Conversation::lineGone()
         m_queue.clear();
         m_events.emplace_back(event::QueueLength{0});
     }
+    m_inquiry.endExchange();
     m_step = Step::Stopped;
 }
 
 std::vector<Event> Conversation::takeEvents()
 {
+    for (Exchange& exchange : m_inquiry.takeExchanges()) {
+        exchange.sentAt += m_clockOffset;
+        m_events.emplace_back(std::move(exchange));
+    }
     return std::exchange(m_events, {});
+}
+
+ExchangeKind Conversation::exchangeKind(Step step, const Request& request)
+{
+    switch (step) {
+    case Step::Status:
+        return ExchangeKind::Status;
+    case Step::Name:
+        return ExchangeKind::Name;
+    case Step::Firmware:
+        return ExchangeKind::Firmware;
+    case Step::Command:
+        return request.exchangeKind();
+    default:
+        return ExchangeKind::Probe;
+    }
 }
 
 void Conversation::ask(Step step, const Request& request, Inquiry::Role role, const Moment& moment)
 {
     m_step = step;
-    m_inquiry.begin(request, role, moment.now);
+    m_inquiry.begin(request, role, moment.now, exchangeKind(step, request));
 }
 
 /// Goes on when the inquiry has ended.
@@ -118,6 +141,7 @@ void Conversation::dispatch(const Moment& moment)
     if (m_scan.isDue()) {
         scanNext(moment);
     } else if (m_schedule.isEmpty()) {
+        m_inquiry.endExchange();
         m_step = Step::Stopped;
         m_events.emplace_back(event::Stopped{});
     } else {
@@ -152,8 +176,12 @@ void Conversation::scanNext(const Moment& moment)
 void Conversation::pollNext(const Moment& moment)
 {
     const PollSchedule::Turn turn = m_schedule.next();
+    if (turn.endsRound) {
+        m_events.emplace_back(event::RoundEnded{});
+    }
     if (turn.beginsRound) {
         m_roundTime = moment.wall;
+        m_events.emplace_back(event::RoundBegun{m_roundTime});
         m_scan.countRound();
     }
     m_hexId = turn.hexId;
@@ -444,7 +472,7 @@ void Conversation::tellLost()
 
 void Conversation::tellRecord(const QString& name, const LdbStatus& status)
 {
-    m_events.emplace_back(event::Record{m_hexId, name, status, m_roundTime});
+    m_events.emplace_back(event::Record{m_hexId, name, status, m_roundTime, false});
     if (m_memory.updateState(m_hexId, status.state)) {
         m_events.emplace_back(event::StateChange{m_hexId, status.state});
     }

@@ -7,6 +7,7 @@
 #include "serial/conversation/ldbmemory.h"
 #include "serial/conversation/limitedlog.h"
 #include "serial/conversation/pollschedule.h"
+#include "serial/ldb/startplan.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -43,7 +44,7 @@ public:
     // Entrances.
 
     /// Forgets everything but which LDBs there were, and scans.
-    void start(const Moment& moment);
+    void start(const Moment& moment, const StartPlan& plan = {});
     void bytesCame(const QByteArray& bytes, const Moment& moment);
     /// Does nothing before `deadline()`.
     void deadlinePassed(const Moment& moment);
@@ -56,6 +57,10 @@ public:
     /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
     /// stays.
     void dismiss(const QString& hexId) { m_dismissed.insert(hexId); }
+    /// The LDB whose status is asked in between in long rounds; none for an empty id.
+    void select(const QString& hexId) { m_selected = hexId; }
+    /// While held, no address is probed in the background.
+    void holdSearch(bool isHeld) { m_isSearchHeld = isHeld; }
     /// What comes is another bus: no LDB of before is expected there. While stopped.
     void forgetLdbs();
     /// The line is gone: a command that has been transmitted is done without an answer, those
@@ -87,6 +92,7 @@ private:
         BackgroundProbe, ///< was an LDB missed in the scan?
     };
 
+    static ExchangeKind exchangeKind(Step step, const Request& request);
     void ask(Step step, const Request& request, Inquiry::Role role, const Moment& moment);
     void settle(const Moment& moment);
 
@@ -122,8 +128,11 @@ private:
     const int m_forgivenMisses;
     Step m_step = Step::Stopped;
     QString m_hexId; ///< the LDB whose turn it is
+    QString m_selected;
+    bool m_isSearchHeld = false;
     qint64 m_roundTime = 0;
-    int m_commandAsked = 0; ///< inquiries for the command whose turn it is
+    qint64 m_clockOffset = 0; ///< from monotonic µs to UTC µs, of this run
+    int m_commandAsked = 0;   ///< inquiries for the command whose turn it is
 
     Inquiry m_inquiry;
     BusScan m_scan;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "serial/ldb/exchange.h"
 #include "serial/ldb/ldbstatus.h"
 
 #include <QByteArray>
@@ -17,7 +18,17 @@ struct Record
     QString hexId;
     QString name; ///< empty until the LDB has told it
     LdbStatus status;
-    qint64 roundTime = 0; ///< wall time at which its round began, ms since 1970 UTC
+    qint64 time = 0;      ///< at which its round began, an extra one's own; ms since 1970 UTC
+    bool isExtra = false; ///< not part of the round
+};
+/// A round of all LDBs, or of the one polled alone, begins. One that a scan, the end of the run or
+/// a change of who is polled breaks off has no end.
+struct RoundBegun
+{
+    qint64 time = 0; ///< that its records carry, ms since 1970 UTC
+};
+struct RoundEnded
+{
 };
 /// The LDB's state differs from its last one, or is the first since the start or scan.
 struct StateChange
@@ -45,6 +56,17 @@ struct ListChange
 {
     QStringList hexIds;
 };
+/// Those in the list that have not been heard in this run; before the list when both change.
+struct AwaitedChange
+{
+    QStringList hexIds;
+};
+/// Each LDB that was known at the start has been probed.
+struct KnownProbed
+{
+    int answered = 0;
+    int asked = 0;
+};
 /// A command is done. Empty `answer`: it was transmitted, and nothing usable came.
 struct CommandDone
 {
@@ -67,6 +89,7 @@ struct Diagnostic
 
 } // namespace event
 
-using Event = std::variant<event::Record, event::StateChange, event::Loss, event::ScanState,
-                           event::ScanProgress, event::ListChange, event::CommandDone,
-                           event::QueueLength, event::Stopped, event::Diagnostic>;
+using Event = std::variant<event::Record, event::RoundBegun, event::RoundEnded, event::StateChange,
+                           event::Loss, event::ScanState, event::ScanProgress, event::ListChange,
+                           event::AwaitedChange, event::KnownProbed, event::CommandDone,
+                           event::QueueLength, event::Stopped, event::Diagnostic, Exchange>;

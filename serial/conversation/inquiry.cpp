@@ -3,6 +3,7 @@
 #include "serial/wire/framecodec.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -15,6 +16,8 @@ constexpr qint64 kLateMargin = 460000;
 constexpr qint64 kLateMemory = 600000000;
 /// An ACK with something behind it is no acknowledgement.
 constexpr qint64 kAcknowledgeQuiet = 20000;
+/// More than the longest wait has room for.
+constexpr int kMostHeard = 4096;
 constexpr int kPollTransmissions = 2;
 constexpr int kCommandTransmissions = 3;
 
@@ -34,6 +37,8 @@ void Inquiry::reset()
     m_outstanding = 0;
     m_probeUntil = 0;
     m_needsQuiet = false;
+    endExchange();
+    m_exchanges.clear();
     m_toTransmit.clear();
     m_end.reset();
     m_notes.clear();
@@ -58,8 +63,10 @@ int Inquiry::allowedTransmissions() const
     return 1;
 }
 
-void Inquiry::begin(const Request& request, Role role, qint64 now)
+void Inquiry::begin(const Request& request, Role role, qint64 now, ExchangeKind kind, bool isExtra)
 {
+    m_kind = kind;
+    m_isExtra = isExtra;
     m_request = request;
     m_role = role;
     m_frame = framecodec::createCommand(request.body);
@@ -110,6 +117,13 @@ void Inquiry::transmit(qint64 now)
     ++m_transmissions;
     m_lastTransmission = now;
     m_toTransmit = m_frame;
+    endExchange();
+    m_exchange = Exchange();
+    m_exchange.sentAt = now;
+    m_exchange.hexId = m_request.hexId;
+    m_exchange.kind = m_kind;
+    m_exchange.request = m_frame;
+    m_exchange.isExtra = m_isExtra;
     m_hearing.begin(now + m_frame.size() * kByteTime);
     m_windowEnd = now + (m_role == Role::Poll ? horizon(now) : kShortWindow);
     m_windowLimit = m_windowEnd + kLetEnd;
@@ -118,6 +132,7 @@ void Inquiry::transmit(qint64 now)
 
 void Inquiry::bytesCame(const QByteArray& bytes, qint64 now)
 {
+    m_exchange.answer += bytes.left(kMostHeard - m_exchange.answer.size());
     switch (m_state) {
     case State::Idle:
         break;
@@ -189,6 +204,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
     const bool isSettings = m_request.answer == AnswerShape::Settings;
     if (fits && isSettings && !decodeLdbSettings(body, m_request.hexId)) {
         note(QStringLiteral("another LDB's settings dropped"));
+        noteExchange(ExchangeOutcome::Late, now);
         noteLate(now);
         m_hearing.setAside();
         return;
@@ -200,6 +216,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
     switch (m_timing.judgeFrame(m_transmissions, flight(now))) {
     case AnswerTiming::Belief::TooSoon:
         note(QStringLiteral("an answer sooner than usual dropped"));
+        noteExchange(ExchangeOutcome::Late, now);
         noteLate(now);
         m_hearing.setAside();
         if (m_role == Role::Poll) {
@@ -209,6 +226,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
         return;
     case AnswerTiming::Belief::TooLate:
         note(QStringLiteral("an answer later than usual dropped, after a silence"));
+        noteExchange(ExchangeOutcome::Unbelieved, now);
         m_isUnclean = true;
         m_hearing.setAside();
         return;
@@ -228,6 +246,7 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
         return;
     }
     if (m_role == Role::Probe) {
+        noteExchange(ExchangeOutcome::Believed, now);
         end(InquiryEnd::Outcome::Answered, QByteArray(1, byte));
         return;
     }
@@ -237,6 +256,8 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
     if (m_timing.believesAcknowledge(m_transmissions, flight(now))) {
         m_acknowledgedAt = now;
         m_state = State::Confirming;
+    } else {
+        noteExchange(ExchangeOutcome::Late, now);
     }
 }
 
@@ -333,6 +354,9 @@ void Inquiry::windowOver(qint64 now)
 void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 {
     m_isUnclean = true;
+    noteExchange(outcome == InquiryEnd::Outcome::Damaged ? ExchangeOutcome::Damaged
+                                                         : ExchangeOutcome::Unbelieved,
+                 m_hearing.lastByteAt());
     askForQuiet(m_hearing.lastByteAt());
     if (m_state == State::Lingering) {
         m_hearing.setAside();
@@ -352,6 +376,8 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 
 void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
 {
+    noteExchange(ExchangeOutcome::Believed,
+                 m_lastTransmission + m_frame.size() * kByteTime + flight);
     if (flight > m_wait / 2) {
         noteLate(now);
     }
@@ -394,6 +420,25 @@ void Inquiry::end(InquiryEnd::Outcome outcome, const QByteArray& answer)
     m_state = State::Idle;
     const bool isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
     m_end = InquiryEnd{outcome, answer, m_transmissions, isUnclean};
+}
+
+/// `at`: when the answer's last byte came. What is believed is the answer, whatever came before.
+void Inquiry::noteExchange(ExchangeOutcome outcome, qint64 at)
+{
+    m_exchange.outcome = outcome;
+    m_exchange.flight = at - m_exchange.sentAt;
+}
+
+void Inquiry::endExchange()
+{
+    if (!m_exchange.request.isEmpty()) {
+        m_exchanges.push_back(std::exchange(m_exchange, {}));
+    }
+}
+
+std::vector<Exchange> Inquiry::takeExchanges()
+{
+    return std::exchange(m_exchanges, {});
 }
 
 QByteArray Inquiry::takeTransmission()

@@ -2,6 +2,7 @@
 
 #include "serial/conversation/answertiming.h"
 #include "serial/conversation/hearing.h"
+#include "serial/ldb/exchange.h"
 #include "serial/ldb/request.h"
 
 #include <QByteArray>
@@ -10,6 +11,7 @@
 
 #include <limits>
 #include <optional>
+#include <vector>
 
 /// How an inquiry ended.
 struct InquiryEnd
@@ -56,8 +58,10 @@ public:
     /// Forgets everything, usual times included.
     void reset();
 
-    /// Asks. The former inquiry has ended; what it left outstanding is waited out first.
-    void begin(const Request& request, Role role, qint64 now);
+    /// Asks. The former inquiry has ended; what it left outstanding is waited out first. `kind` and
+    /// `isExtra` are for its exchanges.
+    void begin(const Request& request, Role role, qint64 now, ExchangeKind kind,
+               bool isExtra = false);
     void bytesCame(const QByteArray& bytes, qint64 now);
     void deadlinePassed(qint64 now);
 
@@ -65,6 +69,11 @@ public:
     QByteArray takeTransmission();
     /// How it has ended; once.
     std::optional<InquiryEnd> takeEnd();
+    /// The transmissions that are over, with what became of them; once. The last one is over when
+    /// the next is made, for what comes until then belongs to it. `sentAt` is monotonic.
+    std::vector<Exchange> takeExchanges();
+    /// No more is transmitted, and nothing more comes: the last transmission is over.
+    void endExchange();
     /// What happened on the way, in words; once.
     QStringList takeNotes();
     /// When `deadlinePassed` is to be called, unless bytes come first.
@@ -103,6 +112,7 @@ private:
     void end(InquiryEnd::Outcome outcome, const QByteArray& answer = {});
     void leaveOutstanding(qint64 flight, qint64 now);
     void noteLate(qint64 now);
+    void noteExchange(ExchangeOutcome outcome, qint64 at);
     void note(const QString& text);
 
     const qint64 m_wait;
@@ -127,6 +137,11 @@ private:
     bool m_needsQuiet = false;
     qint64 m_quietSince = 0;
     qint64 m_quietBound = 0;
+
+    Exchange m_exchange; ///< of the last transmission; without a request there is none
+    ExchangeKind m_kind = ExchangeKind::Status;
+    bool m_isExtra = false;
+    std::vector<Exchange> m_exchanges;
 
     QByteArray m_toTransmit;
     std::optional<InquiryEnd> m_end;

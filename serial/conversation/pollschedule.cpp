@@ -1,5 +1,7 @@
 #include "serial/conversation/pollschedule.h"
 
+#include <utility>
+
 void PollSchedule::clear()
 {
     m_found.clear();
@@ -28,27 +30,30 @@ void PollSchedule::restart()
 {
     m_index = m_found.size();
     m_probed = true;
+    m_isRoundOn = false;
 }
 
 PollSchedule::Turn PollSchedule::next()
 {
     if (!m_alone.isEmpty()) {
-        return {Turn::Kind::Poll, m_alone, true};
+        return {Turn::Kind::Poll, m_alone, true, std::exchange(m_isRoundOn, true)};
     }
     Q_ASSERT(!m_found.isEmpty());
     bool beginsRound = false;
+    bool endsRound = false;
     for (;;) {
         while (++m_index < m_found.size()) {
             if (!isLost(m_found.at(m_index))) {
-                return {Turn::Kind::Poll, m_found.at(m_index), beginsRound};
+                return {Turn::Kind::Poll, m_found.at(m_index), beginsRound, endsRound};
             }
         }
         if (!m_probed && !m_lost.isEmpty()) {
             m_probed = true;
             m_lost.append(m_lost.takeFirst());
-            return {Turn::Kind::Probe, m_lost.last(), beginsRound};
+            return {Turn::Kind::Probe, m_lost.last(), beginsRound, endsRound};
         }
         beginsRound = true;
+        endsRound = std::exchange(m_isRoundOn, true);
         m_index = -1;
         m_probed = false;
     }

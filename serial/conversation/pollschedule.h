@@ -18,6 +18,7 @@ public:
         Kind kind = Kind::Poll;
         QString hexId;
         bool beginsRound = false; ///< the round's timestamps are to be taken now
+        bool endsRound = false;   ///< one was complete before this turn
     };
 
     /// Forgets all LDBs, for a scan.
@@ -50,4 +51,5 @@ private:
     QString m_alone;
     int m_index = 0;
     bool m_probed = true; ///< this round's probe has been made
+    bool m_isRoundOn = false;
 };

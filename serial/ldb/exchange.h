@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMetaType>
 #include <QString>
 
 /// What a transmission asks for.
@@ -38,3 +39,5 @@ struct Exchange
     QByteArray answer;    ///< everything that came, as on the wire
     bool isExtra = false; ///< a status asked between the turns, not part of the round
 };
+
+Q_DECLARE_METATYPE(Exchange)

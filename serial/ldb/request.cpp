@@ -55,6 +55,18 @@ bool Request::isBroadcast() const
     return hexId == busaddress::kBroadcast;
 }
 
+ExchangeKind Request::exchangeKind() const
+{
+    if (isBroadcast()) {
+        return ExchangeKind::Broadcast;
+    }
+    if (isRead) {
+        return ExchangeKind::Read;
+    }
+    return body.mid(kAddressDigits).startsWith(kChangeCode) ? ExchangeKind::Write
+                                                            : ExchangeKind::Action;
+}
+
 QString Request::text() const
 {
     const QByteArray request = body.mid(kAddressDigits);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serial/ldb/answershape.h"
+#include "serial/ldb/exchange.h"
 #include "serial/ldb/ldbsettings.h"
 
 #include <QByteArray>
@@ -17,6 +18,8 @@ struct Request
     bool isRead = true;
 
     bool isBroadcast() const;
+    /// As a queued command.
+    ExchangeKind exchangeKind() const;
     /// For people: "status of 0A".
     QString text() const;
 };

@@ -43,12 +43,19 @@ SerialLink::~SerialLink()
 void SerialLink::setPortName(const QString& portName)
 {
     Q_ASSERT(!m_running && (!m_thread || !m_thread->isRunning()));
-    m_processor->setPortName(portName);
-    if (std::exchange(m_portName, portName) != portName) {
+    const bool isResumed = m_plan.kind == StartPlan::Kind::Resume;
+    m_processor->setPortName(portName, isResumed);
+    if (std::exchange(m_portName, portName) != portName && !isResumed) {
         forgetLdbs();
         m_names.clear();
         emit ldbListChanged({});
     }
+}
+
+void SerialLink::setStart(const StartPlan& plan)
+{
+    Q_ASSERT(QThread::currentThread() == thread() && !m_running);
+    m_plan = plan;
 }
 
 void SerialLink::start()
@@ -68,6 +75,10 @@ void SerialLink::start()
     const QStringList dismissed = std::exchange(m_dismissed, {});
     dropPosted();
     followRun();
+    for (const KnownLdb& ldb : m_plan.ldbs) {
+        m_names.insert(ldb.hexId, ldb.name);
+    }
+    m_processor->setStart(std::exchange(m_plan, {}));
     if (m_thread) {
         m_thread->start();
     } else {
@@ -76,6 +87,8 @@ void SerialLink::start()
     if (!dismissed.isEmpty()) {
         dismiss(dismissed);
     }
+    setSelectedLdb(m_selected);
+    setBackgroundSearchHeld(m_isSearchHeld);
     emit started();
 }
 
@@ -184,6 +197,25 @@ void SerialLink::setPolledAlone(const QString& hexId)
     }
 }
 
+void SerialLink::setSelectedLdb(const QString& hexId)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_selected = hexId;
+    if (m_running) {
+        postToRun([hexId](SerialProcessor& processor) { processor.setSelectedLdb(hexId); });
+    }
+}
+
+void SerialLink::setBackgroundSearchHeld(bool isHeld)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_isSearchHeld = isHeld;
+    if (m_running) {
+        postToRun(
+            [isHeld](SerialProcessor& processor) { processor.setBackgroundSearchHeld(isHeld); });
+    }
+}
+
 void SerialLink::dismiss(const QStringList& hexIds)
 {
     for (const QString& hexId : hexIds) {
@@ -223,7 +255,7 @@ QStringList SerialLink::connectedLdbs() const
 bool SerialLink::isConnected(const QString& hexId) const
 {
     // Found but not polled yet counts as connected: it has answered the scan.
-    return m_ldbs.contains(hexId) &&
+    return m_ldbs.contains(hexId) && !isAwaited(hexId) &&
            m_states.value(hexId, LdbState::Booting) != LdbState::Disconnected;
 }
 
@@ -236,6 +268,12 @@ void SerialLink::followRun()
 {
     using Processor = SerialProcessor;
     follow(&Processor::stopped, &SerialLink::stop);
+    follow(&Processor::exchanged, &SerialLink::exchanged);
+    follow(&Processor::roundBegun, &SerialLink::roundBegun);
+    follow(&Processor::roundEnded, &SerialLink::roundEnded);
+    follow(&Processor::extraInformationUpdated, &SerialLink::processExtraRecord);
+    follow(&Processor::awaitedLdbsChanged, &SerialLink::processAwaited);
+    follow(&Processor::knownProbed, &SerialLink::knownProbed);
     follow(&Processor::ldbListChanged, &SerialLink::processListChanged);
     follow(&Processor::ldbStateUpdated, &SerialLink::processStateUpdated);
     follow(&Processor::ldbListInitializationStateChange,
@@ -267,6 +305,7 @@ void SerialLink::forgetLdbs()
 {
     m_ldbs.clear();
     m_states.clear();
+    m_awaited.clear();
     setPolledAlone(QString());
 }
 
@@ -286,17 +325,42 @@ void SerialLink::processLoss(const QString& hexId)
     emit ldbDisconnected(hexId);
 }
 
-void SerialLink::processRecord(const QString& hexId, const QList<QStringList>& dataList)
+void SerialLink::processAwaited(const QStringList& hexIds)
+{
+    const QStringList before = std::exchange(m_awaited, hexIds);
+    for (const QString& hexId : before + hexIds) {
+        if (before.contains(hexId) != hexIds.contains(hexId)) {
+            emit awaitedChanged(hexId);
+        }
+    }
+}
+
+/// Whether it is to be told.
+bool SerialLink::takeRecord(const QString& hexId, const QList<QStringList>& dataList)
 {
     // One that has just been dismissed may still be told of.
     if (!m_ldbs.contains(hexId)) {
-        return;
+        return false;
     }
     const QString name = generalinformation::ownName(dataList);
     if (!name.isEmpty()) {
         m_names.insert(hexId, name);
     }
-    emit generalInformationUpdated(hexId, dataList);
+    return true;
+}
+
+void SerialLink::processRecord(const QString& hexId, const QList<QStringList>& dataList)
+{
+    if (takeRecord(hexId, dataList)) {
+        emit generalInformationUpdated(hexId, dataList);
+    }
+}
+
+void SerialLink::processExtraRecord(const QString& hexId, const QList<QStringList>& dataList)
+{
+    if (takeRecord(hexId, dataList)) {
+        emit extraInformationUpdated(hexId, dataList);
+    }
 }
 
 void SerialLink::processStateUpdated(const QString& hexId, LdbState state)

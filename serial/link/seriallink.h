@@ -1,9 +1,12 @@
 #pragma once
 
+#include "serial/ldb/exchange.h"
 #include "serial/ldb/ldbstatus.h"
 #include "serial/ldb/serialcommand.h"
+#include "serial/ldb/startplan.h"
 #include "serial/link/portsource.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QStringList>
@@ -32,10 +35,15 @@ public:
     bool isRunning() const { return m_running; }
 
     /// The port of the next run. Only while no run is on. With another one than before, the LDBs
-    /// known are forgotten.
+    /// known are forgotten, unless the run is to resume the one before: then `setStart` comes
+    /// first.
     void setPortName(const QString& portName);
 
-    /// Begins a run: opens the port, scans, polls. Does nothing while one is on.
+    /// How the next run finds its LDBs; the one behind it scans again. Only while no run is on.
+    void setStart(const StartPlan& plan);
+
+    /// Begins a run: opens the port, finds the LDBs (see `setStart`), polls. Does nothing while one
+    /// is on.
     void start();
     /// Ends the run, waits at most one second for the worker, and emits `stopped()`.
     void stop();
@@ -57,6 +65,12 @@ public:
     void pollOnly(const QString& hexId);
     QString polledAlone() const { return m_polledAlone; }
 
+    /// In long rounds the status of this LDB is asked in between; none for an empty id. Stays over
+    /// runs.
+    void setSelectedLdb(const QString& hexId);
+    /// While held, no address is probed in the background. Stays over runs.
+    void setBackgroundSearchHeld(bool isHeld);
+
     /// Takes these out of the list where they are lost; one that is there stays. Also without a
     /// run. A dismissed LDB comes back when a scan finds it.
     void dismiss(const QStringList& hexIds);
@@ -64,17 +78,34 @@ public:
     /// Every LDB of the last scan, in the order found, then those that were there before it and
     /// did not answer it; lost ones included.
     QStringList knownLdbs() const { return m_ldbs; }
-    /// The known LDBs less those lost now.
+    /// Whether an LDB is listed because it was known before the run, and has not been heard in it.
+    bool isAwaited(const QString& hexId) const { return m_awaited.contains(hexId); }
+    /// The known LDBs less those lost now, and those awaited.
     QStringList connectedLdbs() const;
     bool isConnected(const QString& hexId) const;
     /// The last state told; `Disconnected` for an id that is not known.
     LdbState stateOf(const QString& hexId) const;
-    /// The name that the LDB told last; empty until it has, stays when the LDB is lost.
+    /// The name that the LDB told last; empty until it has, stays when the LDB is lost. Of one that
+    /// is awaited, the remembered name.
     QString nameOf(const QString& hexId) const { return m_names.value(hexId); }
 
 signals:
     void started();
     void stopped();
+    /// A transmission and what became of it; each one, in order.
+    void exchanged(const Exchange& exchange);
+    /// A round of all LDBs, or of the one polled alone, begins; its records carry this time. One
+    /// that a scan, the end of the run or `pollOnly` breaks off has no end.
+    void roundBegun(const QDateTime& wall);
+    void roundEnded();
+    /// A record that came between the turns of a long round, with its own time: for whoever shows
+    /// what is now. The round has its own one of this LDB.
+    void extraInformationUpdated(QString hexId, QList<QStringList> dataList);
+    /// `isAwaited` of this LDB is another.
+    void awaitedChanged(const QString& hexId);
+    /// Each LDB that a `Known` start was given has been probed, and so many of those asked
+    /// answered. Once in such a run, at the earliest before the first round.
+    void knownProbed(int answered, int asked);
     void ldbListInitializationStateChange(bool initializing);
     void ldbListInitializationProgress(int checked, int found);
     void ldbListChanged(const QStringList& hexIds);
@@ -103,7 +134,10 @@ private:
     void processListChanged(const QStringList& hexIds);
     void processLoss(const QString& hexId);
     void processStateUpdated(const QString& hexId, LdbState state);
+    bool takeRecord(const QString& hexId, const QList<QStringList>& dataList);
     void processRecord(const QString& hexId, const QList<QStringList>& dataList);
+    void processExtraRecord(const QString& hexId, const QList<QStringList>& dataList);
+    void processAwaited(const QStringList& hexIds);
     void setPolledAlone(const QString& hexId);
 
     std::unique_ptr<QThread> m_thread; ///< none if the processor lives in this one
@@ -115,5 +149,9 @@ private:
     QStringList m_ldbs;
     QHash<QString, LdbState> m_states;
     QHash<QString, QString> m_names;
+    QStringList m_awaited;
+    StartPlan m_plan;
+    QString m_selected;
+    bool m_isSearchHeld = false;
     QStringList m_dismissed; ///< without a run: for the next one
 };

@@ -35,15 +35,18 @@ SerialProcessor::SerialProcessor(PortSource::Make makePort, QObject* parent)
 {
     qRegisterMetaType<QList<QStringList>>("QList<QStringList>");
     qRegisterMetaType<LdbState>("LdbState");
+    qRegisterMetaType<Exchange>("Exchange");
 }
 
 SerialProcessor::~SerialProcessor() = default;
 
-void SerialProcessor::setPortName(const QString& portName)
+void SerialProcessor::setPortName(const QString& portName, bool isSameBus)
 {
     if (portName != m_portName) {
         m_portName = portName;
-        m_conversation.forgetLdbs();
+        if (!isSameBus) {
+            m_conversation.forgetLdbs();
+        }
     }
 }
 
@@ -64,7 +67,7 @@ bool SerialProcessor::start()
     }
     connect(m_port.get(), &BusPort::readyRead, this, &SerialProcessor::readData);
     connect(m_port.get(), &BusPort::broken, this, &SerialProcessor::failPort);
-    m_conversation.start(moment());
+    m_conversation.start(moment(), std::exchange(m_plan, {}));
     pump();
     return true;
 }
@@ -108,6 +111,18 @@ void SerialProcessor::dismiss(const QStringList& hexIds)
     for (const QString& hexId : hexIds) {
         m_conversation.dismiss(hexId);
     }
+}
+
+void SerialProcessor::setSelectedLdb(const QString& hexId)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_conversation.select(hexId);
+}
+
+void SerialProcessor::setBackgroundSearchHeld(bool isHeld)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_conversation.holdSearch(isHeld);
 }
 
 void SerialProcessor::appendCommand(std::unique_ptr<ISerialCommand> command)
@@ -180,10 +195,16 @@ void SerialProcessor::timeout()
 
 void SerialProcessor::tell(const event::Record& record)
 {
-    const QDateTime round = QDateTime::fromMSecsSinceEpoch(record.roundTime);
-    handleGeneralInformationEmit(record.hexId, record.name, record.status,
-                                 round.toString(generalinformation::kSecondsFormat),
-                                 round.toString(generalinformation::kMillisecondsFormat));
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(record.time);
+    const QString seconds = time.toString(generalinformation::kSecondsFormat);
+    const QString milliseconds = time.toString(generalinformation::kMillisecondsFormat);
+    if (record.isExtra) {
+        emit extraInformationUpdated(
+            record.hexId, generalinformation::buildRows(record.hexId, record.name, record.status,
+                                                        seconds, milliseconds));
+        return;
+    }
+    handleGeneralInformationEmit(record.hexId, record.name, record.status, seconds, milliseconds);
 }
 
 void SerialProcessor::handleGeneralInformationEmit(const QString& hexId, const QString& deviceName,

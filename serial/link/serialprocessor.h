@@ -3,12 +3,14 @@
 #include "serial/conversation/conversation.h"
 #include "serial/ldb/ldbstatus.h"
 #include "serial/ldb/serialcommand.h"
+#include "serial/ldb/startplan.h"
 #include "serial/link/busport.h"
 #include "serial/link/portsource.h"
 #include "serial/link/serialtuning.h"
 #include "serial/wire/framecodec.h"
 #include "serial/wire/hextext.h"
 
+#include <QDateTime>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -16,16 +18,17 @@
 #include <deque>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 /// Host of the conversation with the bus: owns the port, the timer and the queued commands, hands
 /// over what comes, transmits what the conversation wants, and tells its events as signals. It
 /// decides nothing itself.
 ///
 /// Lives in a worker thread, or in its link's own if the ports are made for that. Port and timer
-/// are made, used and deleted there, and every member is touched there only; the one exception is
-/// `setPortName`, called while no run is on. Whoever is told something may call any slot at once,
-/// `stop` and `start` among them.
-/// The rest of the program posts to the slots and listens to the signals (see `SerialLink`).
+/// are made, used and deleted there, and every member is touched there only; the exceptions are
+/// `setPortName` and `setStart`, called while no run is on. Whoever is told something may call any
+/// slot at once, `stop` and `start` among them. The rest of the program posts to the slots and
+/// listens to the signals (see `SerialLink`).
 class SerialProcessor : public QObject
 {
     Q_OBJECT
@@ -35,8 +38,12 @@ public:
                              QObject* parent = nullptr);
     ~SerialProcessor() override;
 
-    /// Only while no run is on. Another port is another bus, with LDBs of its own.
-    void setPortName(const QString& portName);
+    /// Only while no run is on. Another port is another bus, with LDBs of its own, unless it is
+    /// said to be the same one.
+    void setPortName(const QString& portName, bool isSameBus = false);
+
+    /// How the next run finds its LDBs; the one behind it scans again. Only while no run is on.
+    void setStart(StartPlan plan) { m_plan = std::move(plan); }
 
     // The frame format (see `framecodec`, `hextext`).
     Q_INVOKABLE static quint8 crc8(quint8* buf, uint16_t len) { return framecodec::crc8(buf, len); }
@@ -69,6 +76,10 @@ public slots:
     void pollOnly(const QString& hexId);
     /// Takes these out of the list where they are lost.
     void dismiss(const QStringList& hexIds);
+    /// The LDB whose status is asked in between in long rounds; none for an empty id.
+    void setSelectedLdb(const QString& hexId);
+    /// While held, no address is probed in the background.
+    void setBackgroundSearchHeld(bool isHeld);
 
 public:
     /// Queues a command and takes it over. It is notified once it has been transmitted: with the
@@ -84,7 +95,15 @@ signals:
     void ldbListChanged(QStringList hexIds);
     /// The LDB's state differs from its last one, or is the first since the start or scan.
     void ldbStateUpdated(QString hexId, LdbState state);
+    /// The LDBs in the list that have not been heard in this run; before a list that changes too.
+    void awaitedLdbsChanged(QStringList hexIds);
+    void knownProbed(int answered, int asked);
     void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
+    /// A record that is no part of a round.
+    void extraInformationUpdated(QString hexId, QList<QStringList> dataList);
+    void roundBegun(QDateTime wall);
+    void roundEnded();
+    void exchanged(Exchange exchange);
     void externalCommandsInQueueUpdated(int commandsInQueue);
     /// What the port said; comes just before `communicationFailed()`.
     void portFailed(QString portName, int error, QString description);
@@ -107,6 +126,14 @@ private:
     void pump();
     void retirePort();
     void tell(const event::Record& record);
+    void tell(const event::RoundBegun& round)
+    {
+        emit roundBegun(QDateTime::fromMSecsSinceEpoch(round.time));
+    }
+    void tell(const event::RoundEnded&) { emit roundEnded(); }
+    void tell(const event::AwaitedChange& awaited) { emit awaitedLdbsChanged(awaited.hexIds); }
+    void tell(const event::KnownProbed& probed) { emit knownProbed(probed.answered, probed.asked); }
+    void tell(const Exchange& exchange) { emit exchanged(exchange); }
     void tell(const event::StateChange& change)
     {
         emit ldbStateUpdated(change.hexId, change.state);
@@ -132,6 +159,7 @@ private:
     const PortSource::Make m_makePort;
     const SerialTuning m_tuning;
     Conversation m_conversation;
+    StartPlan m_plan;
     QString m_portName;
     std::unique_ptr<BusPort> m_port;
     std::unique_ptr<QTimer> m_timer;

@@ -39,9 +39,9 @@ class LineWatcher
 public:
     virtual ~LineWatcher() = default;
     /// The request's last byte has been on the line; its answers are known, but none has left.
-    virtual void requestEnded(const Exchange& exchange) = 0;
+    virtual void requestEnded(const LineExchange& exchange) = 0;
     /// The answer's last byte has left, or would have, had the answer not been lost.
-    virtual void answerEnded(const Exchange& exchange, const LineAnswer& answer) = 0;
+    virtual void answerEnded(const LineExchange& exchange, const LineAnswer& answer) = 0;
     /// Bytes that nobody sent have come, the last one at `at` (µs).
     virtual void straysEnded(const QByteArray& bytes, qint64 at) = 0;
 };

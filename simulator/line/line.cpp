@@ -72,7 +72,7 @@ void Line::takeByte(char byte, qint64 end, qint64 now)
     if (byte != framecodec::kEot) {
         return;
     }
-    Exchange& exchange = m_book.add();
+    LineExchange& exchange = m_book.add();
     exchange.request = m_collected;
     exchange.address = addressOf(m_collected);
     exchange.handedAt = now;
@@ -233,7 +233,7 @@ void Line::endRequest()
 {
     Request request = m_requests.front();
     m_requests.pop_front();
-    Exchange* exchange = m_book.find(request.number);
+    LineExchange* exchange = m_book.find(request.number);
     if (!exchange) {
         return; // the book is shorter than what waits for the line
     }
@@ -248,7 +248,7 @@ void Line::endRequest()
     }
 }
 
-void Line::hear(Exchange& exchange, const QByteArray& frame, qint64 at)
+void Line::hear(LineExchange& exchange, const QByteArray& frame, qint64 at)
 {
     AbsentBoards absent;
     exchange.harms |= m_mischief.harmRequest(exchange.address, at, absent);
@@ -260,7 +260,7 @@ void Line::hear(Exchange& exchange, const QByteArray& frame, qint64 at)
     }
 }
 
-void Line::addAnswer(Exchange& exchange, const BoardAnswer& answer, qint64 heardAt)
+void Line::addAnswer(LineExchange& exchange, const BoardAnswer& answer, qint64 heardAt)
 {
     LineAnswer entry;
     entry.board = answer.board;
@@ -343,7 +343,7 @@ void Line::endSending(std::size_t index)
             break;
         }
     }
-    if (Exchange* exchange = m_book.find(sending.sender.exchange)) {
+    if (LineExchange* exchange = m_book.find(sending.sender.exchange)) {
         LineAnswer& answer = exchange->answers[static_cast<std::size_t>(sending.sender.answer)];
         answer.leftAt = toMicroseconds(sending.end);
         if (m_watcher) {
@@ -363,7 +363,7 @@ void Line::endByte()
     for (const Request& request : m_requests) {
         if (const auto over = byteOver(request)) {
             m_receiver.spoil(*over, m_book);
-            if (Exchange* exchange = m_book.find(request.number)) {
+            if (LineExchange* exchange = m_book.find(request.number)) {
                 exchange->harms |= Harm::Overlap;
             }
         }

@@ -138,8 +138,8 @@ private:
     void takeByte(char byte, qint64 end, qint64 now);
     void startRequest(qint64 at);
     void endRequest();
-    void hear(Exchange& exchange, const QByteArray& frame, qint64 at);
-    void addAnswer(Exchange& exchange, const BoardAnswer& answer, qint64 heardAt);
+    void hear(LineExchange& exchange, const QByteArray& frame, qint64 at);
+    void addAnswer(LineExchange& exchange, const BoardAnswer& answer, qint64 heardAt);
     void addStrays(qint64 at);
     void startSending(Sending& sending, qint64 at);
     void endSending(std::size_t index);

@@ -26,20 +26,20 @@ QString describe(Harms harms)
     return result.join(QStringLiteral(", "));
 }
 
-bool Exchange::isHarmed() const
+bool LineExchange::isHarmed() const
 {
     return harms || std::all_of(answers.begin(), answers.end(),
                                 [](const LineAnswer& answer) { return bool(answer.harms); });
 }
 
-bool Exchange::isClean() const
+bool LineExchange::isClean() const
 {
     return !isHarmed() && !intrusions &&
            std::all_of(answers.begin(), answers.end(),
                        [](const LineAnswer& answer) { return answer.hasLeft(); });
 }
 
-QString Exchange::describe() const
+QString LineExchange::describe() const
 {
     QString text = QStringLiteral("%1 ms: %2")
                        .arg(handedAt / kMicrosecondsPerMillisecond)
@@ -65,7 +65,7 @@ LineBook::LineBook(int length)
 {
 }
 
-Exchange& LineBook::add()
+LineExchange& LineBook::add()
 {
     if (m_exchanges.size() == m_length) {
         m_exchanges.pop_front();
@@ -75,7 +75,7 @@ Exchange& LineBook::add()
     return m_exchanges.back();
 }
 
-Exchange* LineBook::find(qint64 number)
+LineExchange* LineBook::find(qint64 number)
 {
     const qint64 oldest = m_next - static_cast<qint64>(m_exchanges.size());
     const bool isKnown = number >= oldest && number < m_next;
@@ -84,7 +84,7 @@ Exchange* LineBook::find(qint64 number)
 
 LineAnswer* LineBook::findAnswer(qint64 number, int answer)
 {
-    Exchange* exchange = find(number);
+    LineExchange* exchange = find(number);
     return exchange ? &exchange->answers[static_cast<std::size_t>(answer)] : nullptr;
 }
 

@@ -51,7 +51,7 @@ struct LineAnswer
 };
 
 /// One transmission of the master and what came of it. Times in µs.
-struct Exchange
+struct LineExchange
 {
     qint64 number = 0;                    ///< counts from 0
     int address = 0;                      ///< that the frame names; 0 when it names none
@@ -80,7 +80,7 @@ public:
     explicit LineBook(int length);
 
     /// The exchanges still known, oldest first.
-    const std::deque<Exchange>& exchanges() const { return m_exchanges; }
+    const std::deque<LineExchange>& exchanges() const { return m_exchanges; }
 
     /// Frames that reached the master with right check digits though no board sent them so: the
     /// last ones, as many as there are exchanges known.
@@ -88,9 +88,9 @@ public:
     qint64 exchangeCount() const { return m_next; }
 
     // For the line, which keeps the book.
-    Exchange& add();
+    LineExchange& add();
     /// Null when it has been forgotten.
-    Exchange* find(qint64 number);
+    LineExchange* find(qint64 number);
     LineAnswer* findAnswer(qint64 number, int answer);
     void addFalseFrame(const QByteArray& frame);
     /// Something came that belongs to another exchange than the last one.
@@ -98,7 +98,7 @@ public:
 
 private:
     std::size_t m_length;
-    std::deque<Exchange> m_exchanges;
+    std::deque<LineExchange> m_exchanges;
     std::deque<QByteArray> m_falseFrames;
     qint64 m_next = 0;
 };

@@ -188,7 +188,7 @@ std::vector<BoardAnswer> Simulation::hear(const QByteArray& frame, qint64 at,
     return {answer};
 }
 
-void Simulation::requestEnded(const Exchange& exchange)
+void Simulation::requestEnded(const LineExchange& exchange)
 {
     if (!m_journal.isOpen()) {
         return;
@@ -199,7 +199,7 @@ void Simulation::requestEnded(const Exchange& exchange)
                     hearing.text + harmText(exchange.harms, 0));
 }
 
-void Simulation::answerEnded(const Exchange& exchange, const LineAnswer& answer)
+void Simulation::answerEnded(const LineExchange& exchange, const LineAnswer& answer)
 {
     Q_UNUSED(exchange)
     if (answer.tag != kNoTag) {

@@ -67,8 +67,8 @@ private:
     QString restore();
     std::vector<BoardAnswer> hear(const QByteArray& frame, qint64 at,
                                   const AbsentBoards& absent) override;
-    void requestEnded(const Exchange& exchange) override;
-    void answerEnded(const Exchange& exchange, const LineAnswer& answer) override;
+    void requestEnded(const LineExchange& exchange) override;
+    void answerEnded(const LineExchange& exchange, const LineAnswer& answer) override;
     void straysEnded(const QByteArray& bytes, qint64 at) override;
     void remark(const QString& text);
     void runEvents();

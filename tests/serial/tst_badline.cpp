@@ -67,6 +67,39 @@ private slots:
         QCOMPARE(rig.lost().size(), bad.absent);
     }
 
+    void saysToEightLdbsWhatItAlwaysSaid_data()
+    {
+        // "digest": of every transmission and its moment, as they were when each LDB was asked for
+        // its identity in each round, however long that was
+        const Table<LineKind, int, QByteArray> row("kind", "line", "digest");
+        const int worst = static_cast<int>(badLines().size()) - 1;
+        row("clean", LineKind::FullDuplex, -1, "4e412d08194d8bc50912c264bafd4d0805c5b1bc");
+        row("bad, full duplex", LineKind::FullDuplex, worst,
+            "37ccce4321b1c2e432ccde88e90d3e4619159c8d");
+        row("bad, half duplex", LineKind::HalfDuplex, worst,
+            "afc5b78121dabd0f1acf1c268639298be6984680");
+        row("bad, queue", LineKind::QueuingConverter, worst,
+            "da5c90d40bd9b2022b71645bab963806b702cf3e");
+        row("late", LineKind::FullDuplex, 5, "09ce311b4495a5aeb242246b9df7cd7e1d22dba5");
+        row("lossy", LineKind::FullDuplex, 2, "a73e70aa48df9f3fcce7484cc5923cff7e53af30");
+    }
+
+    void saysToEightLdbsWhatItAlwaysSaid()
+    {
+        QFETCH(LineKind, kind);
+        QFETCH(int, line);
+        LineRig::Setup setup;
+        setup.kind = kind;
+        LineRig rig(setup);
+        rig.scan();
+        if (line >= 0) {
+            badLines()[static_cast<std::size_t>(line)].begin(rig);
+        }
+        rig.queueByChance(20 * kSecond);
+        rig.run(60 * kMinute);
+        QTEST(rig.wireDigest().toHex(), "digest");
+    }
+
     void scansOnALineThatLoses()
     {
         Adversaries losses;

@@ -347,7 +347,7 @@ private slots:
         talk.run(1000);
         const auto records = talk.told<event::Record>();
         for (int i = 1; i < records.size(); ++i) {
-            QVERIFY(records.at(i).roundTime > records.at(i - 1).roundTime);
+            QVERIFY(records.at(i).time > records.at(i - 1).time);
         }
         talk.conversation().pollAlone({});
         talk.nextOf(ask("03", kStatus));

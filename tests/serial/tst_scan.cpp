@@ -37,8 +37,8 @@ private slots:
         QCOMPARE(records.at(3).hexId, QString("0A"));
         QCOMPARE(records.at(3).status.primaryVoltage, quint16(0x0A));
         // All of one round carry one time.
-        QCOMPARE(records.at(0).roundTime, records.at(1).roundTime);
-        QVERIFY(records.at(2).roundTime > records.at(0).roundTime);
+        QCOMPARE(records.at(0).time, records.at(1).time);
+        QVERIFY(records.at(2).time > records.at(0).time);
         QCOMPARE(talk.told<event::StateChange>().size(), 2);
         // On a clean line a question follows its predecessor's answer at once, and nothing is said.
         const auto& sent = talk.sent();

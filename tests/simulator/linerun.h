@@ -76,13 +76,13 @@ public:
         return result;
     }
 
-    const Exchange& exchange(int index) const
+    const LineExchange& exchange(int index) const
     {
         return line.book().exchanges().at(static_cast<std::size_t>(index));
     }
     /// The one answer of an exchange.
     const LineAnswer& answer(int index) const { return exchange(index).answers.front(); }
-    const Exchange& last() const { return line.book().exchanges().back(); }
+    const LineExchange& last() const { return line.book().exchanges().back(); }
 
     LineBoards boards;
     Line line;

@@ -144,7 +144,7 @@ private slots:
             run.runUntil(begin);
             run.send("FE0B70");
             run.run(kSecond);
-            const Exchange& second = run.exchange(1);
+            const LineExchange& second = run.exchange(1);
             const bool isQueued = kind == LineKind::QueuingConverter && begin > answerBegin;
             QCOMPARE(second.harms.testFlag(Harm::Overlap), withRequests);
             QCOMPARE(second.isHeard, !withRequests);
@@ -181,7 +181,7 @@ private slots:
             }
             run.run(20 * kSecond);
             QList<QByteArray> others = soundFrames(run.bytes());
-            for (const Exchange& exchange : run.line.book().exchanges()) {
+            for (const LineExchange& exchange : run.line.book().exchanges()) {
                 for (const LineAnswer& answer : exchange.answers) {
                     if (!answer.harms.testFlag(Harm::Overlap)) {
                         others.removeOne(answer.bytes);

@@ -82,7 +82,7 @@ private slots:
             const qint64 start = run.now;
             run.send(kStatus);
             run.run(kSecond);
-            const Exchange& exchange = run.last();
+            const LineExchange& exchange = run.last();
             const bool isHarmed = exchange.isHarmed();
             harmed += isHarmed ? 1 : 0;
             QCOMPARE(exchange.harms, isHarmed ? request : Harms());
@@ -225,7 +225,7 @@ private slots:
         const auto& exchanges = run.line.book().exchanges();
         const auto hit =
             std::count_if(exchanges.begin(), exchanges.end(),
-                          [](const Exchange& exchange) { return exchange.isHarmed(); });
+                          [](const LineExchange& exchange) { return exchange.isHarmed(); });
         QVERIFY2(hit > 300 && hit < 1200, qPrintable(QString::number(hit)));
         QList<QByteArray> frames = soundFrames(run.bytes());
         // What is left of a frame may pass the check: the book has told.

@@ -118,6 +118,7 @@ void LineRig::pump()
     const QByteArray transmission = m_conversation.takeTransmission();
     if (!transmission.isEmpty()) {
         m_line.transmit(transmission, m_now);
+        m_wire.addData(QByteArray::number(m_now) + transmission);
     }
     for (const Event& event : m_conversation.takeEvents()) {
         std::visit([this](const auto& what) { judge(what); }, event);

@@ -4,6 +4,7 @@
 #include "simulator/bus/lineboards.h"
 #include "simulator/line/line.h"
 
+#include <QCryptographicHash>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -72,6 +73,9 @@ public:
     const QSet<QString>& lost() const { return m_lost; }
     bool isScanning() const { return m_isScanning; }
 
+    /// Of every transmission so far: when it was made, and its bytes.
+    QByteArray wireDigest() const { return m_wire.result(); }
+
 private:
     struct Command
     {
@@ -109,6 +113,7 @@ private:
     quint64 m_commandNumber = 0;
     QHash<quint64, Command> m_commands;
 
+    QCryptographicHash m_wire{QCryptographicHash::Sha1};
     Tally m_tally;
     QStringList m_complaints;
     QStringList m_found;
