@@ -151,7 +151,11 @@ QString KeptLdbs::keep(const KeptLdb& ldb) const
         return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
             .arg(QDir::toNativeSeparators(filePath()));
     }
-    std::vector<KeptLdb> ldbs = read();
+    if (QFile(filePath()).exists() && !QFile(filePath()).open(QIODevice::ReadOnly)) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be read.")
+            .arg(QDir::toNativeSeparators(filePath()));
+    }
+    std::vector<KeptLdb> ldbs = read(nullptr);
     const auto same = std::find_if(ldbs.begin(), ldbs.end(), [&](const KeptLdb& other) {
         return match(other, ldb.hexId, ldb.name) == KeptMatch::Both;
     });
@@ -166,13 +170,13 @@ QString KeptLdbs::keep(const KeptLdb& ldb) const
     return write(ldbs);
 }
 
-std::vector<KeptLdb> KeptLdbs::all() const
+std::vector<KeptLdb> KeptLdbs::all(QString* problem) const
 {
     QLockFile lock(filePath() + QStringLiteral(".lock"));
     if (QFile::exists(filePath()) && !lock.tryLock(kLockMs)) {
         qWarning() << filePath() << "is in use; read all the same";
     }
-    return read();
+    return read(problem);
 }
 
 std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name) const
@@ -185,27 +189,44 @@ std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name)
     return std::nullopt;
 }
 
-std::vector<KeptLdb> KeptLdbs::read() const
+std::vector<KeptLdb> KeptLdbs::read(QString* problem) const
 {
     QFile file(filePath());
+    if (!file.exists()) {
+        return {};
+    }
+    const auto tell = [this, problem](const char* text, const QString& detail) {
+        const QString told =
+            QCoreApplication::translate("KeptLdbs", text)
+                .arg(QDir::toNativeSeparators(filePath()), QDir::toNativeSeparators(detail));
+        qWarning().noquote() << told;
+        if (problem != nullptr) {
+            *problem = told;
+        }
+    };
     if (!file.open(QIODevice::ReadOnly)) {
+        tell(QT_TRANSLATE_NOOP("KeptLdbs", "The file %1 cannot be read: %2."), file.errorString());
         return {};
     }
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
     file.close();
-    if (!document.isObject()) {
-        const QString aside = filePath() + QStringLiteral(".damaged");
-        QFile::remove(aside);
-        qWarning() << filePath() << "cannot be understood; moved to" << aside
-                   << QFile::rename(filePath(), aside);
-        return {};
-    }
+    bool isWhole = document.isObject();
     std::vector<KeptLdb> ldbs;
     for (const auto& value : document.object()[kLdbs].toArray()) {
-        const KeptLdb ldb = ldbFrom(value.toObject());
+        const QJsonObject object = value.toObject();
+        const KeptLdb ldb = ldbFrom(object);
+        isWhole = isWhole && !ldb.hexId.isEmpty() &&
+                  (ldb.settings.has_value() || !object.contains(kSettings));
         if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
             ldbs.push_back(ldb);
         }
+    }
+    if (!isWhole) {
+        const QString aside = filePath() + QStringLiteral(".damaged");
+        QFile::remove(aside);
+        QFile::copy(filePath(), aside);
+        write(ldbs); // so that it is told once
+        tell(QT_TRANSLATE_NOOP("KeptLdbs", "The file %1 is damaged. A copy of it is %2."), aside);
     }
     return ldbs;
 }

@@ -38,6 +38,9 @@ public:
     /// be written as they were read.
     bool isPending(const QString& hexId) const;
 
+    /// The LDBs into which something is being put back just now.
+    QStringList beingPutBack() const;
+
 signals:
     /// `isPending()` may differ from before.
     void pendingChanged();
@@ -57,6 +60,7 @@ private:
     void drop(const QString& hexId);
     void load();
     void tellStillMuted(const QString& hexId);
+    void tellProblem();
     void wait(const QString& hexId, int milliseconds);
     bool isWaiting(const QString& hexId) const;
     bool isMeant(const KeptLdb& kept, const QString& hexId, const QString& name) const;
@@ -67,6 +71,7 @@ private:
     KeptLdbs m_file;
     std::vector<KeptLdb> m_kept;      ///< on disk, and those below
     std::vector<KeptLdb> m_unwritten; ///< that could not be kept on disk
+    QString m_problem;                ///< of the reading; empty once it is told
     QPointer<FimTracking> m_tracking;
     QString m_hexIdOfRun;                ///< empty while none is on
     QHash<QString, LdbPutBack*> m_tasks; ///< by the id of the LDB; owned as children
