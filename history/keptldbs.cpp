@@ -61,31 +61,6 @@ QString filePathIn(const QString& folder)
     return QDir(folder).filePath(QStringLiteral("kept-ldbs.json"));
 }
 
-std::vector<KeptLdb> read(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
-    file.close();
-    if (!document.isObject()) {
-        const QString aside = path + QStringLiteral(".damaged");
-        QFile::remove(aside);
-        qWarning() << path << "cannot be understood; moved to" << aside
-                   << QFile::rename(path, aside);
-        return {};
-    }
-    std::vector<KeptLdb> ldbs;
-    for (const auto& value : document.object()[kLdbs].toArray()) {
-        const KeptLdb ldb = ldbFrom(value.toObject());
-        if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
-            ldbs.push_back(ldb);
-        }
-    }
-    return ldbs;
-}
-
 QString write(const QString& path, const std::vector<KeptLdb>& ldbs)
 {
     QJsonArray array;
@@ -100,6 +75,49 @@ QString write(const QString& path, const std::vector<KeptLdb>& ldbs)
             .arg(QDir::toNativeSeparators(path), file.errorString());
     }
     return {};
+}
+
+/// What can be understood of it. A damaged file is copied aside, and what was understood remains.
+std::vector<KeptLdb> read(const QString& path, QString* problem)
+{
+    QFile file(path);
+    if (!file.exists()) {
+        return {};
+    }
+    const auto tell = [&path, problem](const char* text, const QString& detail) {
+        const QString told =
+            QCoreApplication::translate("KeptLdbs", text)
+                .arg(QDir::toNativeSeparators(path), QDir::toNativeSeparators(detail));
+        qWarning().noquote() << told;
+        if (problem != nullptr) {
+            *problem = told;
+        }
+    };
+    if (!file.open(QIODevice::ReadOnly)) {
+        tell(QT_TRANSLATE_NOOP("KeptLdbs", "The file %1 cannot be read: %2."), file.errorString());
+        return {};
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    file.close();
+    bool isWhole = document.isObject();
+    std::vector<KeptLdb> ldbs;
+    for (const auto& value : document.object()[kLdbs].toArray()) {
+        const QJsonObject object = value.toObject();
+        const KeptLdb ldb = ldbFrom(object);
+        isWhole = isWhole && !ldb.hexId.isEmpty() &&
+                  (ldb.settings.has_value() || !object.contains(kSettings));
+        if (!ldb.hexId.isEmpty() && !ldb.isEmpty()) {
+            ldbs.push_back(ldb);
+        }
+    }
+    if (!isWhole) {
+        const QString aside = path + QStringLiteral(".damaged");
+        QFile::remove(aside);
+        QFile::copy(path, aside);
+        write(path, ldbs); // so that it is told once
+        tell(QT_TRANSLATE_NOOP("KeptLdbs", "The file %1 is damaged. A copy of it is %2."), aside);
+    }
+    return ldbs;
 }
 
 auto findIn(std::vector<KeptLdb>& ldbs, const KeptLdb& ldb)
@@ -125,7 +143,11 @@ QString keepIn(const QString& folder, const KeptLdb& ldb)
         return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
             .arg(QDir::toNativeSeparators(path));
     }
-    std::vector<KeptLdb> ldbs = read(path);
+    if (QFile(path).exists() && !QFile(path).open(QIODevice::ReadOnly)) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be read.")
+            .arg(QDir::toNativeSeparators(path));
+    }
+    std::vector<KeptLdb> ldbs = read(path, nullptr);
     const auto same = findIn(ldbs, ldb);
     if (same != ldbs.end()) {
         *same = ldb;
@@ -138,14 +160,14 @@ QString keepIn(const QString& folder, const KeptLdb& ldb)
     return write(path, ldbs);
 }
 
-std::vector<KeptLdb> allIn(const QString& folder)
+std::vector<KeptLdb> allIn(const QString& folder, QString* problem)
 {
     const QString path = filePathIn(folder);
     QLockFile lock(path + QStringLiteral(".lock"));
     if (QFile::exists(path) && !lock.tryLock(kLockMs)) {
         qWarning() << path << "is in use; read all the same";
     }
-    return read(path);
+    return read(path, problem);
 }
 
 } // namespace
@@ -189,11 +211,11 @@ QString KeptLdbs::keep(const KeptLdb& ldb) const
     return keepIn(m_formerFolder, {ldb.hexId, ldb.name, {}, std::nullopt, std::nullopt});
 }
 
-std::vector<KeptLdb> KeptLdbs::all() const
+std::vector<KeptLdb> KeptLdbs::all(QString* problem) const
 {
-    std::vector<KeptLdb> ldbs = allIn(m_folder);
+    std::vector<KeptLdb> ldbs = allIn(m_folder, problem);
     if (!m_formerFolder.isEmpty()) {
-        for (const KeptLdb& ldb : allIn(m_formerFolder)) {
+        for (const KeptLdb& ldb : allIn(m_formerFolder, problem)) {
             if (findIn(ldbs, ldb) == ldbs.end()) {
                 ldbs.push_back(ldb);
             }

@@ -47,12 +47,14 @@ public:
     static QString standardFolder();
 
     /// Replaces what is kept of an LDB of that address and name; an empty one is forgotten. Gives
-    /// an empty text, or why it could not be written: what was kept before is kept still then.
+    /// an empty text, or why it could not be written: what was kept before is kept still then. A
+    /// file that is there but cannot be read is not replaced.
     QString keep(const KeptLdb& ldb) const;
 
-    /// In the order in which they were kept. A file that cannot be understood is moved aside, and
-    /// gives none.
-    std::vector<KeptLdb> all() const;
+    /// In the order in which they were kept. What cannot be understood of the file is left out of
+    /// it, once it has been copied to one beside it, ".damaged". `problem` becomes a sentence that
+    /// tells of that, or why nothing could be read; otherwise it stays as it is.
+    std::vector<KeptLdb> all(QString* problem = nullptr) const;
     /// What is kept of this address and name.
     std::optional<KeptLdb> find(const QString& hexId, const QString& name) const;
 

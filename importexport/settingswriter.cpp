@@ -131,6 +131,9 @@ std::vector<LdbField> SettingsOutcome::differences() const
 
 QString SettingsOutcome::reasonOf(LdbField field) const
 {
+    if (isRenamed && contains(overtaken, field)) {
+        return SettingsWriter::tr("the LDB has another name than before");
+    }
     if (contains(overtaken, field)) {
         return SettingsWriter::tr("changed by somebody else meanwhile");
     }
@@ -209,6 +212,11 @@ QStringList SettingsOutcome::texts() const
         return {SettingsWriter::tr(
                     "nothing was written, as the settings could not be read just before (%1)")
                     .arg(howText(*unread))};
+    }
+    if (isRenamed) {
+        return {SettingsWriter::tr(
+                    "nothing was written, as the LDB is now called \"%1\": it may be another one")
+                    .arg(fresh->name)};
     }
     QStringList parts;
     QStringList notWritten;
@@ -308,7 +316,7 @@ void SettingsWriter::processFresh(const Reply& reply)
     if (!alive) {
         return;
     }
-    if (m_outcome.fields.empty() && !m_outcome.overtaken.empty()) {
+    if (m_outcome.isRenamed || (m_outcome.fields.empty() && !m_outcome.overtaken.empty())) {
         processWritten(); // there is nothing that the user would want stored
     } else {
         handOver();
@@ -320,6 +328,15 @@ void SettingsWriter::compare(const LdbSettings& fresh)
     m_outcome.fresh = fresh;
     m_outcome.written = fresh;
     m_outcome.fields.clear();
+    const bool isNameAsKnown =
+        !m_change.basis || isSameField(LdbField::Name, *m_change.basis, fresh);
+    const bool isNameAsWanted = contains(m_change.fields, LdbField::Name) &&
+                                isSameField(LdbField::Name, m_change.values, fresh);
+    if (!isNameAsKnown && !isNameAsWanted) {
+        m_outcome.isRenamed = true;
+        m_outcome.overtaken = m_change.fields;
+        return;
+    }
     for (const LdbField field : m_change.fields) {
         const bool isThere = isSameField(field, m_change.values, fresh);
         if (!isThere && m_change.basis && !isSameField(field, *m_change.basis, fresh)) {

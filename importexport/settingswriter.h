@@ -18,7 +18,7 @@ struct SettingsChange
     LdbSettings values;
     std::vector<LdbField> fields; ///< those of the values that are written
     /// The record on which the user decided. With it, the LDB is read just before, and a field that
-    /// somebody else has changed since is left alone.
+    /// somebody else has changed since is left alone; all of them are where its name has changed.
     std::optional<LdbSettings> basis = {};
     /// Nothing is written where any field, also one that is not, is neither as in the basis nor as
     /// wanted: what was shown has changed, or it is another LDB.
@@ -48,8 +48,10 @@ struct SettingsOutcome
     QString hexId;
     LdbSettings
         written; ///< with what the LDB had just before in the fields that were not asked for
-    std::vector<LdbField> fields;         ///< those that the LDB is to have as in `written`
-    std::vector<LdbField> overtaken;      ///< asked for, but changed by somebody else meanwhile
+    std::vector<LdbField> fields;    ///< those that the LDB is to have as in `written`
+    std::vector<LdbField> overtaken; ///< asked for, but changed by somebody else meanwhile
+    /// It has another name than the user saw, so it may be another LDB: nothing is written.
+    bool isRenamed = false;
     std::vector<LdbParameter> parameters; ///< those written, in order
     std::optional<LdbSettings> fresh;     ///< what the LDB had just before, where it was read
     std::optional<Reply::Kind> unread;    ///< why it could not be read; then nothing is written

@@ -32,6 +32,7 @@ void leavequestion::ask(Notices* notices, const QObject* context, const QString&
                         Hindrance hindrance, const std::function<void(Answer)>& answered)
 {
     if (notices->isOpen(kName)) {
+        answered(Answer::Stay); // the question that is open decides of another way to leave
         return;
     }
     const MessageBox* box = notices->box(

@@ -89,44 +89,51 @@ void LdbPutBack::askWhetherSame()
 
 void LdbPutBack::restoreMute()
 {
-    if (!m_kept.audioMute || *m_kept.audioMute == m_now.audioMute) {
-        settleMute();
-        return;
-    }
     LdbSettings settings = m_now;
-    settings.audioMute = *m_kept.audioMute;
-    write({LdbParameter::AudioMute}, settings, &LdbPutBack::processMute);
+    settings.audioMute = m_kept.audioMute.value_or(m_now.audioMute);
+    std::vector<LdbField> fields;
+    if (settings.audioMute != m_now.audioMute) {
+        fields.push_back(LdbField::AudioMute);
+    }
+    // Also where it has everything again: a program that died may have written and not stored it.
+    write({settings, fields}, &LdbPutBack::processMute);
 }
 
 void LdbPutBack::processMute()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
-    if (!outcome.record || outcome.record->audioMute != *m_kept.audioMute) {
+    if (!outcome.record || outcome.record->audioMute != outcome.written.audioMute) {
         qWarning() << "The audio mute of LDB" << m_hexId << "could not be put back";
         emit finished(End::Failed);
         return;
     }
     m_now = *outcome.record;
-    m_tools.notices->say([hexId = m_hexId, isMuted = m_now.audioMute] {
-        return putbacktexts::muteRestored(hexId, isMuted);
-    });
-    settleMute();
+    if (!outcome.parameters.empty()) {
+        m_tools.notices->say([hexId = m_hexId, isMuted = m_now.audioMute] {
+            return putbacktexts::muteRestored(hexId, isMuted);
+        });
+    }
+    settleMute(outcome.isStored());
 }
 
-void LdbPutBack::settleMute()
+void LdbPutBack::settleMute(bool isStored)
 {
     m_kept.audioMute.reset();
     m_isMuteSettled = true;
-    if (m_kept.settings && differingFields(*m_kept.settings, m_now).empty()) {
+    const bool isSame = m_kept.settings && differingFields(*m_kept.settings, m_now).empty();
+    if (isSame && isStored) {
         m_kept.settings.reset();
     }
     forget();
     const QPointer<LdbPutBack> alive(this);
     emit muteSettled();
-    if (alive && m_kept.settings) {
+    if (!alive) {
+        return;
+    }
+    if (m_kept.settings && !isSame) {
         offerSettings({});
-    } else if (alive) {
-        emit finished(End::Done);
+    } else {
+        emit finished(m_kept.settings ? End::Answered : End::Done);
     }
 }
 
@@ -166,23 +173,28 @@ void LdbPutBack::adoptFims(quint16 fimCount)
 
 void LdbPutBack::restoreSettings()
 {
-    std::vector<LdbParameter> parameters;
-    for (const LdbField field : differingFields(*m_kept.settings, m_now)) {
-        parameters.push_back(parameterOf(field));
-    }
-    write(parameters, *m_kept.settings, &LdbPutBack::processSettings);
+    // The question may have been open for long: what the LDB has got meanwhile is not overwritten.
+    write({*m_kept.settings, differingFields(*m_kept.settings, m_now), m_now},
+          &LdbPutBack::processSettings);
 }
 
 void LdbPutBack::processSettings()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
-    if (outcome.record) {
-        m_now = *outcome.record;
-    }
     const QPointer<LdbPutBack> alive(this);
     emit settingsWritten();
     if (!alive) {
         return;
+    }
+    if (outcome.isRenamed) {
+        m_tools.notices->box(QMessageBox::Warning, [hexId = m_hexId, name = outcome.fresh->name] {
+            return putbacktexts::otherLdb(hexId, name);
+        });
+        emit finished(End::Answered);
+        return;
+    }
+    if (outcome.record || outcome.fresh) {
+        m_now = outcome.record ? *outcome.record : *outcome.fresh;
     }
     if (!outcome.isGood()) {
         offerSettings(outcome.text());
@@ -199,10 +211,9 @@ void LdbPutBack::forgetSettings()
     emit finished(End::Done);
 }
 
-void LdbPutBack::write(const std::vector<LdbParameter>& parameters, const LdbSettings& settings,
-                       void (LdbPutBack::*processed)())
+void LdbPutBack::write(const SettingsChange& change, void (LdbPutBack::*processed)())
 {
-    m_writer = std::make_unique<SettingsWriter>(m_tools.link, m_hexId, settings, parameters,
+    m_writer = std::make_unique<SettingsWriter>(m_tools.link, m_hexId, change,
                                                 SettingsWriter::ReadBack::Always);
     connect(m_writer.get(), &SettingsWriter::finished, this, processed);
     m_writer->start();

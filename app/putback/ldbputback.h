@@ -63,13 +63,12 @@ private:
     void askWhetherSame();
     void restoreMute();
     void processMute();
-    void settleMute();
+    void settleMute(bool isStored);
     void offerSettings(const QString& failure);
     void restoreSettings();
     void processSettings();
     void forgetSettings();
-    void write(const std::vector<LdbParameter>& parameters, const LdbSettings& settings,
-               void (LdbPutBack::*processed)());
+    void write(const SettingsChange& change, void (LdbPutBack::*processed)());
     void forget();
     MessageBox* ask(const char* name, const BoxTexts& texts, QMessageBox::Icon icon);
 

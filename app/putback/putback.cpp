@@ -117,12 +117,38 @@ void PutBack::processLink()
     m_answered.clear();
     m_failed.clear();
     load();
+    tellProblem();
     emit pendingChanged();
+}
+
+QStringList PutBack::beingPutBack() const
+{
+    QStringList hexIds;
+    for (const LdbPutBack* task : m_tasks) {
+        if (!task->isAsking()) {
+            hexIds.append(task->hexId());
+        }
+    }
+    return hexIds;
+}
+
+/// Once the LDBs that it may be about are asked: before, nobody may be there to read it.
+void PutBack::tellProblem()
+{
+    if (!m_link->isRunning() || m_problem.isEmpty()) {
+        return;
+    }
+    m_notices->box(
+        QMessageBox::Warning,
+        [problem = std::exchange(m_problem, QString())] {
+            return putbacktexts::unreadable(problem);
+        },
+        QStringLiteral("unreadableKeptBox"));
 }
 
 void PutBack::load()
 {
-    m_kept = m_file.all();
+    m_kept = m_file.all(&m_problem);
     for (const KeptLdb& kept : m_unwritten) {
         const bool isThere = std::any_of(m_kept.begin(), m_kept.end(),
                                          [&](const KeptLdb& other) { return isBoth(other, kept); });

@@ -44,6 +44,9 @@ public:
     /// be written as they were read.
     bool isPending(const QString& hexId) const;
 
+    /// The LDBs into which something is being put back just now.
+    QStringList beingPutBack() const;
+
 signals:
     /// `isPending()` may differ from before.
     void pendingChanged();
@@ -64,6 +67,7 @@ private:
     void dropAll();
     void load();
     void tellStillMuted(const QString& hexId);
+    void tellProblem();
     void wait(const QString& hexId, int milliseconds);
     bool isWaiting(const QString& hexId) const;
     bool isMeant(const KeptLdb& kept, const QString& hexId, const QString& name) const;
@@ -75,6 +79,7 @@ private:
     bool m_isHeld = false;
     std::vector<KeptLdb> m_kept;      ///< on disk, and those below
     std::vector<KeptLdb> m_unwritten; ///< that could not be kept on disk
+    QString m_problem;                ///< of the reading; empty once it is told
     QPointer<FimTracking> m_tracking;
     QString m_hexIdOfRun;                ///< empty while none is on
     QHash<QString, LdbPutBack*> m_tasks; ///< by the id of the LDB; owned as children

@@ -76,6 +76,21 @@ BoxText staysMuted(const QString& hexId)
             Texts::tr("The program remembers it, and ends the mute as soon as the LDB takes it.")};
 }
 
+BoxText unreadable(const QString& problem)
+{
+    return {Texts::tr("Attention"),
+            Texts::tr("What was kept of LDB's before fault finding cannot be read."),
+            Texts::tr("%1\nAn LDB whose fault finding was broken off may still be muted, or have "
+                      "default settings.")
+                .arg(problem)};
+}
+
+BoxText otherLdb(const QString& hexId, const QString& name)
+{
+    return {Texts::tr("Attention"),
+            Texts::tr("Nothing was restored: LDB %1 is now called %2.").arg(hexId, nameOf(name))};
+}
+
 QString muteRestored(const QString& hexId, bool isMuted)
 {
     return isMuted

@@ -32,6 +32,12 @@ enum class Same : int
 /// The mute of a run could not be ended.
 BoxText staysMuted(const QString& hexId);
 
+/// What was kept cannot be read; `problem` says why.
+BoxText unreadable(const QString& problem);
+
+/// The LDB has another name than when it was asked whether its settings shall be restored.
+BoxText otherLdb(const QString& hexId, const QString& name);
+
 QString muteRestored(const QString& hexId, bool isMuted);
 QString settingsRestored(const QString& hexId);
 QString settingsForgotten(const QString& hexId);

@@ -47,6 +47,7 @@ void ClosingQuestion::open(const std::vector<Text>& reasons)
         if (box->choice() == 0) {
             m_isAnswered = true;
             m_window->close();
+            m_isAnswered = false; // if something else has kept it open, it is asked anew
         }
     });
     box->open();

@@ -191,6 +191,13 @@ std::vector<Text> LdbWork::underWay() const
             return tr("Settings are being saved. The LDB may be left with a part of them.");
         });
     }
+    for (const QString& hexId : m_putBack->beingPutBack()) {
+        reasons.emplace_back([hexId] {
+            return tr("What LDB %1 had before the fault finding is being put back. Its loop may be "
+                      "left without sound.")
+                .arg(hexId);
+        });
+    }
     if (m_tracking && isUnderWay(m_tracking->run().phase())) {
         reasons.emplace_back(
             [] { return tr("Fault finding is under way. The loop may be left without sound."); });

@@ -21,11 +21,10 @@ constexpr int kNameDigits = 32;
 constexpr qint64 kDay = 86400000; // ms
 constexpr int kFims = 20;
 
-Scenario installation()
+Scenario installation(const LdbTiming& timing)
 {
     Scenario scenario;
-    scenario.timing.measuring = 1;
-    scenario.timing.quiescent = kDay;
+    scenario.timing = timing;
     for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
         ScenarioLdb ldb;
         ldb.spec.address = address;
@@ -127,10 +126,18 @@ private:
     QByteArray m_received;
 };
 
+LdbTiming TestBus::usualTiming()
+{
+    LdbTiming timing;
+    timing.measuring = 1;
+    timing.quiescent = kDay;
+    return timing;
+}
+
 TestBus::TestBus(const QStringList& presentHexIds, const LineOptions& options,
-                 std::unique_ptr<SimulationClock> clock)
+                 std::unique_ptr<SimulationClock> clock, const LdbTiming& timing)
     : m_clock(clock ? std::move(clock) : std::make_unique<VirtualClock>())
-    , m_boards(installation(), 1, m_clock->milliseconds())
+    , m_boards(installation(timing), 1, m_clock->milliseconds())
     , m_host(Line(options, {}, *this), *m_clock)
 {
     setPresent(presentHexIds);

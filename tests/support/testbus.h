@@ -29,9 +29,13 @@ public:
     /// the boards answer.
     using Script = std::function<std::optional<QByteArray>(const QByteArray& body)>;
 
+    /// How long the boards take for a reset; on a loop of which nothing changes by itself.
+    static LdbTiming usualTiming();
+
     /// `clock`: nothing for virtual time.
     explicit TestBus(const QStringList& presentHexIds, const LineOptions& options = {},
-                     std::unique_ptr<SimulationClock> clock = nullptr);
+                     std::unique_ptr<SimulationClock> clock = nullptr,
+                     const LdbTiming& timing = usualTiming());
 
     /// For links in virtual time. There is no port by another name than the one in force.
     PortSource ports();

@@ -30,6 +30,7 @@ TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
     m_clock.setTimerType(Qt::PreciseTimer);
     connect(&m_clock, &QTimer::timeout, this, [this] { m_hands += kClockTurnMs; });
     m_clock.start(kClockTurnMs);
+    m_wasReachable = isReachable();
     if (link != nullptr) {
         connect(link, &SerialLink::generalInformationUpdated, this,
                 &TrackedLdb::generalInformationUpdated);
@@ -39,6 +40,12 @@ TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
         connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
         connect(link, &SerialLink::stopped, this, &TrackedLdb::reachableChanged);
         connect(link, &SerialLink::ldbListChanged, this, &TrackedLdb::reachableChanged);
+        connect(link, &SerialLink::ldbStateUpdated, this, [this](const QString& told) {
+            const bool is = isReachable();
+            if (told == m_hexId && std::exchange(m_wasReachable, is) != is) {
+                emit reachableChanged();
+            }
+        });
     }
 }
 
@@ -87,7 +94,7 @@ qint64 TrackedLdb::now() const
 
 bool TrackedLdb::isReachable() const
 {
-    return m_link && m_link->isRunning() && m_link->knownLdbs().contains(m_hexId);
+    return m_link && m_link->isRunning() && m_link->isConnected(m_hexId);
 }
 
 void TrackedLdb::setPolledAlone(bool alone)

@@ -61,6 +61,7 @@ private:
 
     const QString m_hexId;
     const QPointer<SerialLink> m_link;
-    QTimer m_clock;     ///< of the event loop: the run's time goes with that of its timers
-    qint64 m_hands = 0; ///< ms at the clock's last full turn
+    bool m_wasReachable = false; ///< at the last state of the LDB that was told
+    QTimer m_clock;              ///< of the event loop: the run's time goes with that of its timers
+    qint64 m_hands = 0;          ///< ms at the clock's last full turn
 };
