@@ -4,6 +4,7 @@
 #include "app/window/ldbviews.h"
 #include "app/window/ldbwork.h"
 #include "app/window/runcontrol.h"
+#include "history/formersettings.h"
 
 namespace wireinstallation {
 
@@ -19,8 +20,11 @@ void wire(InstallationDesk* desk, RunControl* run, LdbViews* views, LdbWork* wor
         run->setUnsettled(!control->isSettled());
         work->holdPutBack(!control->isCertain());
     });
-    QObject::connect(control, &InstallationControl::replaced, work,
-                     [=] { work->setKept(control->store().keptLdbsOf(control->current().id)); });
+    QObject::connect(control, &InstallationControl::replaced, work, [=] {
+        const QString id = control->current().id;
+        work->setKept(control->store().keptLdbsOf(id));
+        work->setFormerSettings(FormerSettingsStore(control->store().folderOf(id)));
+    });
 }
 
 } // namespace wireinstallation

@@ -124,6 +124,10 @@ protected:
     {
         return child<QTableView>("deviceDetailTableView")->verticalHeader()->length();
     }
+    QString detailTime() const
+    {
+        return child<QTableView>("deviceDetailTableView")->model()->index(10, 1).data().toString();
+    }
     QString detailAge() const
     {
         return child<QTableView>("deviceDetailTableView")->model()->index(10, 0).data().toString();

@@ -1,5 +1,6 @@
 #include "app/preferences/settingsmenu.h"
-#include "app/transfer/importpreview.h"
+#include "app/settingstable/settingstablewindow.h"
+#include "app/settingstable/writepreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "serial/ldb/ldbsettings.h"
 #include "tests/app/livewindow.h"
@@ -240,13 +241,15 @@ private:
         }
         m_sandbox->writeFile("in.csv", lines);
         m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
-        const auto preview = [this] {
-            return m_window->findChild<ImportPreview*>();
-        };
-        if (!waitUntil([&] { return preview() != nullptr; })) {
+        const auto* table = m_window->findChild<SettingsTableWindow*>();
+        auto* write = table->findChild<QAction*>("write");
+        if (!waitUntil([&] { return table->isVisible() && write->isEnabled(); })) {
             return false;
         }
-        preview()->findChild<QPushButton*>("importWriteButton")->click();
+        write->trigger();
+        m_window->findChild<WritePreview*>()
+            ->findChild<QPushButton*>("previewWriteButton")
+            ->click();
         return true;
     }
 
