@@ -325,8 +325,10 @@ private:
             return "a loop stays muted";
         }
         for (const QByteArray& body : m_bus->writes()) {
-            const bool isUnmuting = body == "FE0373631600" || body == "FE03737806";
-            if (!isUnmuting || !wasMuted) {
+            // What was put back is stored, also where it was there already.
+            const bool isUnmuting = wasMuted && body == "FE0373631600";
+            const bool isStoring = work == Work::Run && body == "FE03737806";
+            if (!isUnmuting && !isStoring && !(wasMuted && body == "FE03737806")) {
                 return "sent after the cut: " + body;
             }
         }

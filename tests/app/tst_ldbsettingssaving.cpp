@@ -159,32 +159,48 @@ private slots:
         desk.name()->setText("Roof");
         desk.fims()->setValue(7);
         desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->click();
-        // Meanwhile the mute is ended, and somebody else sets another name and another flag.
+        // Meanwhile the mute is ended, and somebody else sets another count and another flag.
         desk.bus.change(kLdb, "16", "00");
-        desk.bus.change(kLdb, "02", hex("Shed"));
+        desk.bus.change(kLdb, "03", "0900");
         desk.bus.change(kLdb, "14", "0B");
         desk.bus.clearRequests();
 
         desk.save()->click();
         WAIT_COMPARE(desk.boxes().size(), 1);
         QCOMPARE(withoutRepetitions(desk.bus.writes()),
-                 (QList<QByteArray>{"FE0A7363140F", "FE0A7363030700", "FE0A737806"}));
+                 (QList<QByteArray>{"FE0A7363140F", "FE0A736302" + hex("Roof"), "FE0A737806"}));
         QVERIFY(!desk.mute()->isChecked());
         QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
         const QString reason =
-            "not written, as somebody else has changed it meanwhile: Name (Shed)";
+            "not written, as somebody else has changed it meanwhile: Number of FIM's (9)";
         QCOMPARE(desk.boxes().constFirst(), "Not all settings of LDB 0A are saved.\n" + reason);
         QCOMPARE(desk.state(), "1 unsaved change(s), in bold\n" + reason);
-        QCOMPARE(desk.name()->text(), "Roof");
-        QCOMPARE(desk.name()->toolTip(), "Changed by somebody else meanwhile. The LDB has: Shed");
+        QCOMPARE(desk.fims()->value(), 7);
+        QCOMPARE(desk.fims()->toolTip(), "Changed by somebody else meanwhile. The LDB has: 9");
 
         // Who has seen it can overwrite it.
         desk.bus.clearRequests();
         desk.save()->click();
         WAIT_COMPARE(desk.lastMessage(), "The settings of LDB 0A are saved.");
         QCOMPARE(withoutRepetitions(desk.bus.writes()),
-                 (QList<QByteArray>{"FE0A736302" + hex("Roof"), "FE0A737806"}));
+                 (QList<QByteArray>{"FE0A7363030700", "FE0A737806"}));
         QCOMPARE(desk.state(), QString());
+    }
+
+    void leavesAloneAnLdbOfAnotherName()
+    {
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.fims()->setValue(7);
+        desk.bus.change(kLdb, "02", hex("Shed")); // perhaps an exchanged board
+        desk.bus.clearRequests();
+        desk.save()->click();
+        WAIT_COMPARE(desk.boxes().size(), 1);
+        QCOMPARE(desk.bus.writes(), QList<QByteArray>());
+        QVERIFY2(desk.boxes().constFirst().contains(
+                     "nothing was written, as the LDB is now called \"Shed\""),
+                 qPrintable(desk.boxes().constFirst()));
+        QCOMPARE(desk.fims()->value(), 7);
     }
 
     void secondSaveKnowsTheFirst()

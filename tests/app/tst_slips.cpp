@@ -403,6 +403,9 @@ void TestSlips::listen()
 {
     QStringList texts{m_window->statusBar()->currentMessage(),
                       child<QLabel>("settingsStateLabel")->text()};
+    if (const Text edits = m_window->findChild<SettingsTableWindow*>()->underWay()) {
+        texts.append(edits()); // the table shows them
+    }
     for (const auto* box : m_window->findChildren<MessageBox*>()) {
         texts.append(box->text() + QLatin1Char('\n') + box->informativeText());
     }
@@ -428,7 +431,7 @@ bool TestSlips::isSaidOfAll() const
 {
     return std::any_of(m_said.begin(), m_said.end(), [](const QString& text) {
         return text.contains("Settings are being saved") || text == "Nothing was imported." ||
-               text.contains("An import is under way") ||
+               text.contains("that are not written") || text.contains("An import is under way") ||
                text.startsWith("Importing LDB settings failed") ||
                text.startsWith("Importing LDB settings was stopped");
     });
