@@ -10,12 +10,12 @@ namespace filedialog {
 
 namespace {
 
-const QString kFilter = QStringLiteral("(*.csv)");
-const QString kSuffix = QStringLiteral("csv");
+const QString kCsv = QStringLiteral("csv");
 
-QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+QFileDialog* make(QWidget* parent, const QString& title, const QString& suffix,
+                  std::function<void(const QString&)> chosen)
 {
-    auto* dialog = new QFileDialog(parent, title, QString(), kFilter);
+    auto* dialog = new QFileDialog(parent, title, QString(), QStringLiteral("(*.%1)").arg(suffix));
     // Where no folder has been chosen yet it would open in the working directory: of an installed
     // program one that only holds the tuning file and does not let users write.
     if (dialog->directory() == QDir::current()) {
@@ -29,15 +29,17 @@ QFileDialog* make(QWidget* parent, const QString& title, std::function<void(cons
 } // namespace
 
 void save(QWidget* parent, const QString& title, const QString& proposedPath, bool mayExist,
-          std::function<void(const QString&)> chosen)
+          std::function<void(const QString&)> chosen, const QString& suffix)
 {
-    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    QFileDialog* dialog = make(parent, title, suffix, std::move(chosen));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(kSuffix);
+    dialog->setDefaultSuffix(suffix);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, mayExist);
     if (!proposedPath.isEmpty()) {
         const QFileInfo proposed(proposedPath);
-        dialog->setDirectory(proposed.absolutePath());
+        if (proposed.isAbsolute()) {
+            dialog->setDirectory(proposed.absolutePath());
+        }
         dialog->selectFile(proposed.fileName());
     }
     dialog->open();
@@ -45,7 +47,7 @@ void save(QWidget* parent, const QString& title, const QString& proposedPath, bo
 
 void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
 {
-    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    QFileDialog* dialog = make(parent, title, kCsv, std::move(chosen));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->open();
