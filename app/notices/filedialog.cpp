@@ -10,8 +10,6 @@ namespace filedialog {
 
 namespace {
 
-const QString kCsv = QStringLiteral("csv");
-
 QFileDialog* make(QWidget* parent, const QString& title, const QString& suffix,
                   std::function<void(const QString&)> chosen)
 {
@@ -45,9 +43,10 @@ void save(QWidget* parent, const QString& title, const QString& proposedPath, bo
     dialog->open();
 }
 
-void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
+          const QString& suffix)
 {
-    QFileDialog* dialog = make(parent, title, kCsv, std::move(chosen));
+    QFileDialog* dialog = make(parent, title, suffix, std::move(chosen));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->open();

@@ -6,18 +6,20 @@
 
 class QWidget;
 
-/// Asks for one file without blocking; `chosen` gets its path, and nothing is called when the
-/// user changes his mind. The dialog is a child of `parent` and deletes itself when closed.
+/// Asks for one file without blocking; `chosen` gets its path, and nothing is called when the user
+/// changes his mind. `suffix`: of the file's name, without the dot. The dialog is a child of
+/// `parent` and deletes itself when closed.
 namespace filedialog {
 
-/// A file to write, a CSV file unless `suffix` says something else. `mayExist` leaves out the
-/// question about overwriting, for files that are appended to. The proposed path may be empty; of a
-/// name alone, the folder is the one that the user chose last.
+/// A file to write. `mayExist` leaves out the question about overwriting, for files that are
+/// appended to. The proposed path may be empty; of a name alone, the folder is the one that the
+/// user chose last.
 void save(QWidget* parent, const QString& title, const QString& proposedPath, bool mayExist,
           std::function<void(const QString&)> chosen,
           const QString& suffix = QStringLiteral("csv"));
 
-/// A CSV file to read.
-void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen);
+/// A file to read.
+void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
+          const QString& suffix = QStringLiteral("csv"));
 
 } // namespace filedialog

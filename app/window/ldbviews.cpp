@@ -65,6 +65,7 @@ void LdbViews::feed()
     follow(m_overview, &DeviceOverviewTable::processData);
     follow(m_ui.logTab, &LogPanel::processData);
     follow(m_plot, &MainWindowPlot::processData);
+    connect(m_link, &SerialLink::extraInformationUpdated, m_plot, &MainWindowPlot::processExtra);
     follow(m_lamps, &LampPanel::processData);
     connect(new MuteWatch(m_link, this), &MuteWatch::changed, m_muteMarks, &MuteMarks::setMuted);
 }

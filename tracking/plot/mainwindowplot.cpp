@@ -127,7 +127,7 @@ void MainWindowPlot::processData(const QString& hexId, const QList<QStringList>&
     take(hexId, dataList, false);
 }
 
-void MainWindowPlot::processExtraData(const QString& hexId, const QList<QStringList>& dataList)
+void MainWindowPlot::processExtra(const QString& hexId, const QList<QStringList>& dataList)
 {
     take(hexId, dataList, true);
 }
@@ -140,48 +140,34 @@ void MainWindowPlot::take(const QString& hexId, const QList<QStringList>& dataLi
         qWarning("MainWindowPlot: a record of LDB %s has no readable time", qPrintable(hexId));
         return;
     }
-    const auto timeMs = static_cast<double>(time.toMSecsSinceEpoch());
-    if (isExtra) {
-        m_newestExtra[hexId] = timeMs;
-    } else if (isSuperseded(hexId, timeMs)) {
-        return;
-    }
     const std::optional<double> newest = newestOf(hexId);
+    auto timeMs = static_cast<double>(time.toMSecsSinceEpoch());
+    if (!isExtra) {
+        const auto round = m_roundTimes.constFind(hexId);
+        const bool isClockSetBack =
+            (round != m_roundTimes.constEnd() && timeMs < *round) ||
+            (newest && *newest - timeMs > static_cast<double>(Monitoring::kLongestLife));
+        m_roundTimes[hexId] = timeMs;
+        // It carries the time at which its round began, which may lie before that of an extra
+        // record, though the clock was not set back: it is newer all the same.
+        if (newest && !isClockSetBack && timeMs < *newest) {
+            timeMs = *newest + 1.0;
+        }
+    }
     if (newest && timeMs > *newest && !m_monitoring.isLive(hexId, clockTimeOf(*newest))) {
         // No line over the time in which nothing was known.
         store(hexId, PlotSample::gap(*newest + 1.0));
     }
-    store(hexId, sampleOf(dataList, timeMs));
-    if (hexId == m_hexId) {
+    store(hexId, PlotSample::ofRecord(dataList, timeMs));
+    if (hexId == m_hexId && m_plot != nullptr) {
         m_newest = timeMs;
         showLiveness();
     }
 }
 
-/// Whether a record of a round was measured after, but is dated before, one asked in between. One
-/// that is much older tells that the clock was set back.
-bool MainWindowPlot::isSuperseded(const QString& hexId, double timeMs) const
-{
-    const auto extra = m_newestExtra.constFind(hexId);
-    return extra != m_newestExtra.constEnd() && timeMs < *extra &&
-           *extra - timeMs < Monitoring::kLongestLife && newestOf(hexId) == *extra;
-}
-
 std::optional<double> MainWindowPlot::newestOf(const QString& hexId) const
 {
     return hexId == m_hexId ? m_newest : m_recent.latest(hexId);
-}
-
-PlotSample MainWindowPlot::sampleOf(const QList<QStringList>& dataList, double timeMs) const
-{
-    using namespace generalinformation;
-    PlotSample sample = PlotSample::gap(timeMs);
-    for (const CurveDescription& curve : kCurves) {
-        if (hasValue(dataList, curve.row)) {
-            sample.values.at(curve.value) = number(dataList, curve.row);
-        }
-    }
-    return sample;
 }
 
 void MainWindowPlot::store(const QString& hexId, const PlotSample& sample)
@@ -279,7 +265,8 @@ void MainWindowPlot::processAnswer(const std::vector<PlotSample>& samples)
     Q_ASSERT(QThread::currentThread() == thread());
     m_isAnswerDue = false;
     const PlotHistory& history = m_plot->history();
-    std::vector<PlotSample> earlier = samples;
+    std::vector<PlotSample> earlier =
+        PlotSample::withGaps(samples, static_cast<double>(Monitoring::kLongestLife));
     if (!history.isEmpty()) {
         while (!earlier.empty() && earlier.back().time >= history.oldestTime()) {
             earlier.pop_back();
@@ -330,7 +317,7 @@ void MainWindowPlot::setZoomEnabled(bool enabled)
 void MainWindowPlot::clearPlot()
 {
     m_recent.clear();
-    m_newestExtra.clear();
+    m_roundTimes.clear();
     beginChart();
     setZoomEnabled(false);
 }

@@ -40,10 +40,8 @@ public slots:
     /// Plots a record of the selected LDB; those of others are kept for when they are selected. A
     /// record whose time cannot be read is left out and said so in the diagnostics.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
-    /// The same for a record of an LDB that was asked in between. It has a time of its own, while
-    /// those of a round have that of its begin: one of these that is told after a later one that
-    /// was asked in between is left out.
-    void processExtraData(const QString& hexId, const QList<QStringList>& dataList);
+    /// The same with a record from between the turns of a long round, which carries its own time.
+    void processExtra(const QString& hexId, const QList<QStringList>& dataList);
 
     /// What is live.
     void setMonitoring(const Monitoring& monitoring);
@@ -65,10 +63,8 @@ signals:
 private:
     void showLiveness();
     void take(const QString& hexId, const QList<QStringList>& dataList, bool isExtra);
-    PlotSample sampleOf(const QList<QStringList>& dataList, double timeMs) const;
     /// The time of the newest record of that LDB, ms since 1970 UTC.
     std::optional<double> newestOf(const QString& hexId) const;
-    bool isSuperseded(const QString& hexId, double timeMs) const;
     void store(const QString& hexId, const PlotSample& sample);
     void beginChart();
     void prepend(const std::vector<PlotSample>& samples);
@@ -85,8 +81,8 @@ private:
     bool m_rowsInOrder = false;
     Monitoring m_monitoring;
     RecentSamples m_recent;
-    std::optional<double> m_newest; ///< of the shown LDB's records, ms since 1970 UTC
-    QHash<QString, double> m_newestExtra;
+    std::optional<double> m_newest;      ///< of the shown LDB's records, ms since 1970 UTC
+    QHash<QString, double> m_roundTimes; ///< of each LDB's newest record of a round, the same
 
     PlotHistorySource* m_source = nullptr;
     double m_askedFrom = 0.0; ///< what is later is known, or there is none

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 #include <array>
@@ -32,6 +32,11 @@ struct PlotSample
         return sample;
     }
     bool isGap() const;
+    /// What a record says (`generalinformation`), at that time; a gap where its LDB is lost.
+    static PlotSample ofRecord(const QList<QStringList>& record, double time);
+    /// Rising samples with a gap wherever two are further apart than `longestLine` ms.
+    static std::vector<PlotSample> withGaps(const std::vector<PlotSample>& samples,
+                                            double longestLine);
 };
 
 /// Where a plot gets values from that this run has not told it. GUI thread.

@@ -1,14 +1,5 @@
 #include "tracking/plot/recentsamples.h"
 
-#include <algorithm>
-#include <cmath>
-
-bool PlotSample::isGap() const
-{
-    return std::all_of(values.begin(), values.end(),
-                       [](double value) { return std::isnan(value); });
-}
-
 void RecentSamples::add(const QString& hexId, const PlotSample& sample)
 {
     auto ldb = m_ldbs.find(hexId);
