@@ -12,17 +12,16 @@
 
 namespace {
 
-QString tr(const char* text)
+struct PlotMenu
 {
-    return QCoreApplication::translate("PlotMenu", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PlotMenu)
+};
 
 void tellFailure(Plot& plot, const QString& path, const QString& reason)
 {
     MessageBox::tell(plot.window(), QMessageBox::Warning, [path, reason] {
-        return BoxText{
-            QCoreApplication::translate("PlotMenu", "Attention"),
-            QCoreApplication::translate("PlotMenu", "%1 cannot be written: %2").arg(path, reason)};
+        return BoxText{PlotMenu::tr("Attention"),
+                       PlotMenu::tr("%1 cannot be written: %2").arg(path, reason)};
     });
 }
 
@@ -58,25 +57,26 @@ void plotmenu::open(Plot& plot, const QPoint& place, double time)
     };
     const bool hasSamples = !plot.history().isEmpty();
     PlotInspector* const inspector = plot.inspector();
-    add("follow", tr("Follow") + QStringLiteral("\tF"), plot.view().isHeld(),
+    add("follow", PlotMenu::tr("Follow") + QStringLiteral("\tF"), plot.view().isHeld(),
         [&plot] { plot.view().follow(); });
     menu->addSeparator();
-    add("markA", tr("Set Mark A Here") + QStringLiteral("\tA"), hasSamples,
+    add("markA", PlotMenu::tr("Set Mark A Here") + QStringLiteral("\tA"), hasSamples,
         [inspector, time] { inspector->setMark(PlotMarks::A, time); });
-    add("markB", tr("Set Mark B Here") + QStringLiteral("\tB"), hasSamples,
+    add("markB", PlotMenu::tr("Set Mark B Here") + QStringLiteral("\tB"), hasSamples,
         [inspector, time] { inspector->setMark(PlotMarks::B, time); });
-    add("removeMarks", tr("Remove the Marks") + QStringLiteral("\tDel"), inspector->marks().isAny(),
-        [inspector] { inspector->removeMarks(); });
+    add("removeMarks", PlotMenu::tr("Remove the Marks") + QStringLiteral("\tDel"),
+        inspector->marks().isAny(), [inspector] { inspector->removeMarks(); });
     menu->addSeparator();
     const auto addSave = [&](const char* name, const QString& text, plotexport::Kind kind) {
         add(name, text, hasSamples, [&plot, kind] {
             save(plot,
-                 kind == plotexport::Kind::Values ? tr("Save the Values") : tr("Save the Picture"),
+                 kind == plotexport::Kind::Values ? PlotMenu::tr("Save the Values")
+                                                  : PlotMenu::tr("Save the Picture"),
                  kind);
         });
     };
-    addSave("savePng", tr("Save the Picture (PNG)..."), plotexport::Kind::Png);
-    addSave("saveSvg", tr("Save the Picture (SVG)..."), plotexport::Kind::Svg);
-    addSave("saveValues", tr("Save the Values Shown (CSV)..."), plotexport::Kind::Values);
+    addSave("savePng", PlotMenu::tr("Save the Picture (PNG)..."), plotexport::Kind::Png);
+    addSave("saveSvg", PlotMenu::tr("Save the Picture (SVG)..."), plotexport::Kind::Svg);
+    addSave("saveValues", PlotMenu::tr("Save the Values Shown (CSV)..."), plotexport::Kind::Values);
     menu->popup(place);
 }
