@@ -67,11 +67,12 @@ void PlotMarks::draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleM
             continue;
         }
         painter->drawLine(QPointF(x, canvasRect.top()), QPointF(x, canvasRect.bottom()));
-        painter->drawText(QPointF(x + kMargin, canvasRect.bottom() - kMargin - ascent / 2.0),
+        painter->drawText(QPointF(x + kMargin, canvasRect.top() + kMargin + ascent),
                           QString(QLatin1Char(kLetters.at(i))));
     }
     painter->restore();
     if (!m_box.lines.empty()) {
-        m_box.draw(painter, m_font, canvasRect.topLeft() + QPointF(kMargin, kMargin));
+        const double below = QFontMetricsF(m_font).height() + 2.0 * kMargin; // the letters
+        m_box.draw(painter, m_font, canvasRect.topLeft() + QPointF(kMargin, below));
     }
 }
