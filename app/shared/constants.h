@@ -33,6 +33,11 @@ inline const QString kOverviewPlotSplitterKey =
     QStringLiteral("position/deviceOverviewAndPLotSplitter");
 inline const QString kPlotDetailSplitterKey = QStringLiteral("position/plotAndDetailSplitter");
 
+// Per-user settings: what the overview shows.
+inline const QString kOverviewFilterKey = QStringLiteral("overview/filter");
+inline const QString kOverviewOnlyFaultsKey = QStringLiteral("overview/onlyFaults");
+inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFirst");
+
 // Per-user settings: language, port, sound, log controls.
 inline const QString kLanguageKey = QStringLiteral("translation/language");
 inline const QString kDefaultLanguage = QStringLiteral("English");
