@@ -2193,6 +2193,10 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <source>%1 ago</source>
         <translation>il y a %1</translation>
     </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
 </context>
 <context>
     <name>ManualWindow</name>
@@ -2381,6 +2385,82 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Le filtre masque des LDB perdus ou en défaut : cliquez pour tout afficher</translation>
+    </message>
+</context>
+<context>
+    <name>Plot</name>
+    <message>
+        <source>Follow</source>
+        <translation>Suivre</translation>
+    </message>
+    <message>
+        <source>Shows the newest values again and goes along with them</source>
+        <translation>Montre à nouveau les valeurs les plus récentes et les suit</translation>
+    </message>
+</context>
+<context>
+    <name>PlotExport</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>The picture cannot be made.</source>
+        <translation>L&apos;image ne peut pas être créée.</translation>
+    </message>
+</context>
+<context>
+    <name>PlotMenu</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Suivre</translation>
+    </message>
+    <message>
+        <source>Set Mark A Here</source>
+        <translation>Placer le repère A ici</translation>
+    </message>
+    <message>
+        <source>Set Mark B Here</source>
+        <translation>Placer le repère B ici</translation>
+    </message>
+    <message>
+        <source>Remove the Marks</source>
+        <translation>Supprimer les repères</translation>
+    </message>
+    <message>
+        <source>Save the Values</source>
+        <translation>Enregistrer les valeurs</translation>
+    </message>
+    <message>
+        <source>Save the Picture</source>
+        <translation>Enregistrer l&apos;image</translation>
+    </message>
+    <message>
+        <source>Save the Picture (PNG)...</source>
+        <translation>Enregistrer l&apos;image (PNG)...</translation>
+    </message>
+    <message>
+        <source>Save the Picture (SVG)...</source>
+        <translation>Enregistrer l&apos;image (SVG)...</translation>
+    </message>
+    <message>
+        <source>Save the Values Shown (CSV)...</source>
+        <translation>Enregistrer les valeurs affichées (CSV)...</translation>
+    </message>
+</context>
+<context>
+    <name>PlotReading</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
     </message>
 </context>
 <context>

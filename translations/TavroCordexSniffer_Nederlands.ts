@@ -2193,6 +2193,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>%1 ago</source>
         <translation>%1 geleden</translation>
     </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
 </context>
 <context>
     <name>ManualWindow</name>
@@ -2381,6 +2385,82 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Het filter verbergt LDB's die verloren of fout zijn: klik om alle te tonen</translation>
+    </message>
+</context>
+<context>
+    <name>Plot</name>
+    <message>
+        <source>Follow</source>
+        <translation>Volgen</translation>
+    </message>
+    <message>
+        <source>Shows the newest values again and goes along with them</source>
+        <translation>Toont weer de nieuwste waarden en gaat ermee mee</translation>
+    </message>
+</context>
+<context>
+    <name>PlotExport</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 tot %2</translation>
+    </message>
+    <message>
+        <source>The picture cannot be made.</source>
+        <translation>De afbeelding kan niet worden gemaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>PlotMenu</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kan niet worden geschreven: %2</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Volgen</translation>
+    </message>
+    <message>
+        <source>Set Mark A Here</source>
+        <translation>Markering A hier zetten</translation>
+    </message>
+    <message>
+        <source>Set Mark B Here</source>
+        <translation>Markering B hier zetten</translation>
+    </message>
+    <message>
+        <source>Remove the Marks</source>
+        <translation>Markeringen verwijderen</translation>
+    </message>
+    <message>
+        <source>Save the Values</source>
+        <translation>Waarden opslaan</translation>
+    </message>
+    <message>
+        <source>Save the Picture</source>
+        <translation>Afbeelding opslaan</translation>
+    </message>
+    <message>
+        <source>Save the Picture (PNG)...</source>
+        <translation>Afbeelding opslaan (PNG)...</translation>
+    </message>
+    <message>
+        <source>Save the Picture (SVG)...</source>
+        <translation>Afbeelding opslaan (SVG)...</translation>
+    </message>
+    <message>
+        <source>Save the Values Shown (CSV)...</source>
+        <translation>Getoonde waarden opslaan (CSV)...</translation>
+    </message>
+</context>
+<context>
+    <name>PlotReading</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 tot %2</translation>
     </message>
 </context>
 <context>

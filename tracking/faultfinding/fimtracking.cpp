@@ -248,6 +248,7 @@ void FimTracking::resetPlots()
 {
     for (int port : {PrimaryPort, SecondaryPort}) {
         panel(port)->plot()->clear();
+        panel(port)->plot()->setLdb(m_ldb->hexId());
         panel(port)->plot()->setZoom(m_ui->zoomButton->isChecked());
     }
 }
