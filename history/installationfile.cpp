@@ -55,10 +55,13 @@ bool isText(const QJsonObject& object, const QString& key)
 std::optional<KnownLdb> ldbFrom(const QJsonObject& object)
 {
     const int address = busaddress::fromHexId(object[kAddress].toString());
-    if (address < busaddress::kFirst || address > busaddress::kLast || !isText(object, kName)) {
+    if (address < busaddress::kFirst || address > busaddress::kLast ||
+        !(isText(object, kName) || object[kName].isNull())) {
         return std::nullopt;
     }
-    return KnownLdb{busaddress::toHexId(address), object[kName].toString()};
+    // An empty name is one all the same.
+    const QString name = QStringLiteral("") + object[kName].toString();
+    return KnownLdb{busaddress::toHexId(address), object[kName].isNull() ? QString() : name};
 }
 
 } // namespace
@@ -67,7 +70,8 @@ QByteArray encode(const Installation& installation, bool withUse)
 {
     QJsonArray ldbs;
     for (const KnownLdb& ldb : installation.ldbs) {
-        ldbs.append(QJsonObject{{kAddress, ldb.hexId}, {kName, ldb.name}});
+        ldbs.append(QJsonObject{{kAddress, ldb.hexId},
+                                {kName, ldb.name.isNull() ? QJsonValue() : QJsonValue(ldb.name)}});
     }
     QJsonObject object{{kKind, kInstallation},       {kFormat, kThisFormat},
                        {kName, installation.name},   {kPlace, installation.place},

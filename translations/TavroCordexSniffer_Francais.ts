@@ -10,18 +10,18 @@
     <message>
         <source>The %1 application has been developed with the framework Qt 5.5.0
 Qt is licenced under the LGPL licence (2.1)</source>
-        <translation>L'application %1 a été développée avec le framework Qt 5.5.0
+        <translation>L&apos;application %1 a été développée avec le framework Qt 5.5.0
 Qt est distribué sous la licence LGPL (2.1)</translation>
     </message>
     <message>
         <source>The %1 application is based in part on the work of the Qwt project.
 The Qwt source code can be found at https://qwt.sourceforge.io</source>
-        <translation>L'application %1 repose en partie sur les travaux du projet Qwt.
+        <translation>L&apos;application %1 repose en partie sur les travaux du projet Qwt.
 Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
     <message>
         <source>A copy of the licenses can be found in the application licenses folder. Contact your distributor for source code access related to the LGPL licenses.</source>
-        <translation>Une copie des licences se trouve dans le dossier des licences de l'application. Contactez votre distributeur pour accéder au code source couvert par les licences LGPL.</translation>
+        <translation>Une copie des licences se trouve dans le dossier des licences de l&apos;application. Contactez votre distributeur pour accéder au code source couvert par les licences LGPL.</translation>
     </message>
     <message>
         <source>Copyright %1. All rights reserved.</source>
@@ -29,7 +29,7 @@ Le code source de Qwt se trouve sur https://qwt.sourceforge.io</translation>
     </message>
     <message>
         <source>THIS PROGRAM IS PROVIDED BY %1 AS IT IS, WITHOUT WARRANTY OF ANY KIND, EXPRESSED OR IMPLIED, INCLUDING THE WARRANTIES OF MERCHANTABILITY AND OF FITNESS FOR A PARTICULAR PURPOSE. %1 IS NOT LIABLE FOR ANY DAMAGE ARISING FROM ITS USE.</source>
-        <translation>CE PROGRAMME EST FOURNI PAR %1 EN L'ÉTAT, SANS GARANTIE D'AUCUNE SORTE, EXPRESSE OU IMPLICITE, Y COMPRIS LES GARANTIES DE QUALITÉ MARCHANDE ET D'ADÉQUATION À UN USAGE PARTICULIER. %1 N'EST PAS RESPONSABLE DES DOMMAGES RÉSULTANT DE SON UTILISATION.</translation>
+        <translation>CE PROGRAMME EST FOURNI PAR %1 EN L&apos;ÉTAT, SANS GARANTIE D&apos;AUCUNE SORTE, EXPRESSE OU IMPLICITE, Y COMPRIS LES GARANTIES DE QUALITÉ MARCHANDE ET D&apos;ADÉQUATION À UN USAGE PARTICULIER. %1 N&apos;EST PAS RESPONSABLE DES DOMMAGES RÉSULTANT DE SON UTILISATION.</translation>
     </message>
 </context>
 <context>
@@ -78,7 +78,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Put the ticked LDB into service mode; an LDB reset ends it</source>
-        <translation>Mettre le LDB coché en mode maintenance ; une réinitialisation du LDB y met fin</translation>
+        <translation>Mettre le LDB coché en mode maintenance&#xa0;; une réinitialisation du LDB y met fin</translation>
     </message>
     <message>
         <source>Service mode of the selected LDB</source>
@@ -99,7 +99,7 @@ FIM</translation>
         <translation>Suivi FIM du LDB sélectionné</translation>
     </message>
     <message>
-        <source>All LDB's</source>
+        <source>All LDB&apos;s</source>
         <translation>Tous les LDB</translation>
     </message>
     <message>
@@ -113,7 +113,7 @@ FIM</translation>
         <translation>Réinitialiser les FIM de tous les LDB du bus, en une fois</translation>
     </message>
     <message>
-        <source>FIM reset of all LDB's</source>
+        <source>FIM reset of all LDB&apos;s</source>
         <translation>Réinitialisation FIM de tous les LDB</translation>
     </message>
     <message>
@@ -127,7 +127,7 @@ LDB</translation>
         <translation>Redémarrer tous les LDB du bus, en une fois</translation>
     </message>
     <message>
-        <source>LDB reset of all LDB's</source>
+        <source>LDB reset of all LDB&apos;s</source>
         <translation>Réinitialisation LDB de tous les LDB</translation>
     </message>
     <message>
@@ -141,7 +141,7 @@ maintenance</translation>
         <translation>Mettre tous les LDB du bus en mode maintenance, en une fois</translation>
     </message>
     <message>
-        <source>Service mode of all LDB's</source>
+        <source>Service mode of all LDB&apos;s</source>
         <translation>Mode maintenance de tous les LDB</translation>
     </message>
     <message>
@@ -154,72 +154,72 @@ maintenance</translation>
     </message>
     <message>
         <source>Factory reset</source>
-        <translation>Réinitialisation d'usine</translation>
+        <translation>Réinitialisation d&apos;usine</translation>
     </message>
     <message>
         <source>Service mode</source>
         <translation>Mode maintenance</translation>
     </message>
     <message>
-        <source>The connection ended. Not sent to the LDB's: %1.</source>
-        <translation>La connexion s'est terminée. Non envoyé aux LDB : %1.</translation>
+        <source>The connection ended. Not sent to the LDB&apos;s: %1.</source>
+        <translation>La connexion s&apos;est terminée. Non envoyé aux LDB&#xa0;: %1.</translation>
     </message>
     <message>
-        <source>Sent to all LDB's: %1.</source>
-        <translation>Envoyé à tous les LDB : %1.</translation>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Envoyé à tous les LDB&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The connection ended. Not sent to LDB %1: %2.</source>
-        <translation>La connexion s'est terminée. Non envoyé au LDB %1 : %2.</translation>
+        <translation>La connexion s&apos;est terminée. Non envoyé au LDB %1&#xa0;: %2.</translation>
     </message>
     <message>
         <source>LDB %1 did not answer: %2.</source>
-        <translation>LDB %1 n'a pas répondu : %2.</translation>
+        <translation>LDB %1 n&apos;a pas répondu&#xa0;: %2.</translation>
     </message>
     <message>
         <source>LDB %1 refused: %2.</source>
-        <translation>LDB %1 a refusé : %2.</translation>
+        <translation>LDB %1 a refusé&#xa0;: %2.</translation>
     </message>
     <message>
         <source>LDB %1 accepted: %2.</source>
-        <translation>LDB %1 a accepté : %2.</translation>
+        <translation>LDB %1 a accepté&#xa0;: %2.</translation>
     </message>
     <message>
         <source>Attention</source>
         <translation>Attention</translation>
     </message>
     <message numerus="yes">
-        <source>Reset the FIM's of all %n LDB(s)?</source>
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
         <translation>
-            <numerusform>Réinitialiser les FIM de %n LDB ?</numerusform>
-            <numerusform>Réinitialiser les FIM des %n LDB ?</numerusform>
+            <numerusform>Réinitialiser les FIM de %n LDB&#xa0;?</numerusform>
+            <numerusform>Réinitialiser les FIM des %n LDB&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
-        <source>The loops are without sound while their FIM's are reset. Remembered faults are forgotten.</source>
+        <source>The loops are without sound while their FIM&apos;s are reset. Remembered faults are forgotten.</source>
         <translation>Les boucles sont sans son pendant la réinitialisation de leurs FIM. Les défauts mémorisés sont oubliés.</translation>
     </message>
     <message numerus="yes">
         <source>Restart all %n LDB(s)?</source>
         <translation>
-            <numerusform>Redémarrer %n LDB ?</numerusform>
-            <numerusform>Redémarrer les %n LDB ?</numerusform>
+            <numerusform>Redémarrer %n LDB&#xa0;?</numerusform>
+            <numerusform>Redémarrer les %n LDB&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
-        <source>All loops are without sound until their LDB's have booted and measured. Service mode ends.</source>
-        <translation>Toutes les boucles sont sans son jusqu'à ce que leurs LDB aient démarré et mesuré. Le mode maintenance prend fin.</translation>
+        <source>All loops are without sound until their LDB&apos;s have booted and measured. Service mode ends.</source>
+        <translation>Toutes les boucles sont sans son jusqu&apos;à ce que leurs LDB aient démarré et mesuré. Le mode maintenance prend fin.</translation>
     </message>
     <message numerus="yes">
         <source>Put all %n LDB(s) into service mode?</source>
         <translation>
-            <numerusform>Mettre %n LDB en mode maintenance ?</numerusform>
-            <numerusform>Mettre les %n LDB en mode maintenance ?</numerusform>
+            <numerusform>Mettre %n LDB en mode maintenance&#xa0;?</numerusform>
+            <numerusform>Mettre les %n LDB en mode maintenance&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
         <source>None of them watches its loop any more, and loops may be without sound, until each LDB is reset. Faults are not reported.</source>
-        <translation>Aucun ne surveille plus sa boucle, et des boucles peuvent être sans son, jusqu'à la réinitialisation de chaque LDB. Les défauts ne sont pas signalés.</translation>
+        <translation>Aucun ne surveille plus sa boucle, et des boucles peuvent être sans son, jusqu&apos;à la réinitialisation de chaque LDB. Les défauts ne sont pas signalés.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -227,19 +227,19 @@ maintenance</translation>
     </message>
     <message>
         <source>Not seen in it: %1</source>
-        <translation>Pas vus dans cet état : %1</translation>
+        <translation>Pas vus dans cet état&#xa0;: %1</translation>
     </message>
     <message>
         <source>Not answered since: %1</source>
-        <translation>N'ont pas répondu depuis : %1</translation>
+        <translation>N&apos;ont pas répondu depuis&#xa0;: %1</translation>
     </message>
     <message>
         <source>Not in it: %1</source>
-        <translation>Ne sont pas dans ce mode : %1</translation>
+        <translation>Ne sont pas dans ce mode&#xa0;: %1</translation>
     </message>
     <message>
         <source>The connection ended before all had been looked at.</source>
-        <translation>La connexion s'est terminée avant que tous aient été examinés.</translation>
+        <translation>La connexion s&apos;est terminée avant que tous aient été examinés.</translation>
     </message>
     <message>
         <source>Information</source>
@@ -247,19 +247,19 @@ maintenance</translation>
     </message>
     <message>
         <source>Not answering now: %1.</source>
-        <translation>Ne répondent pas actuellement : %1.</translation>
+        <translation>Ne répondent pas actuellement&#xa0;: %1.</translation>
     </message>
     <message>
-        <source>In service mode: %1 of %2 LDB's.</source>
-        <translation>En mode maintenance : %1 LDB sur %2.</translation>
+        <source>In service mode: %1 of %2 LDB&apos;s.</source>
+        <translation>En mode maintenance&#xa0;: %1 LDB sur %2.</translation>
     </message>
     <message>
-        <source>Seen in a FIM reset: %1 of %2 LDB's.</source>
-        <translation>Vus en réinitialisation FIM : %1 LDB sur %2.</translation>
+        <source>Seen in a FIM reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Vus en réinitialisation FIM&#xa0;: %1 LDB sur %2.</translation>
     </message>
     <message>
-        <source>Answered since the LDB reset: %1 of %2 LDB's.</source>
-        <translation>Ont répondu depuis la réinitialisation LDB : %1 LDB sur %2.</translation>
+        <source>Answered since the LDB reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Ont répondu depuis la réinitialisation LDB&#xa0;: %1 LDB sur %2.</translation>
     </message>
 </context>
 <context>
@@ -270,7 +270,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Close the program all the same?</source>
-        <translation>Fermer le programme malgré tout ?</translation>
+        <translation>Fermer le programme malgré tout&#xa0;?</translation>
     </message>
     <message>
         <source>Close</source>
@@ -381,16 +381,16 @@ maintenance</translation>
         <translation>Impossible de déterminer quels champs appartiennent au nom</translation>
     </message>
     <message>
-        <source>"%1" is neither 0 nor 1</source>
-        <translation>« %1 » ne vaut ni 0 ni 1</translation>
+        <source>&quot;%1&quot; is neither 0 nor 1</source>
+        <translation>«&#xa0;%1&#xa0;» ne vaut ni 0 ni 1</translation>
     </message>
     <message>
-        <source>"%1" is no number from 0 to %2</source>
-        <translation>« %1 » n'est pas un nombre de 0 à %2</translation>
+        <source>&quot;%1&quot; is no number from 0 to %2</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre de 0 à %2</translation>
     </message>
     <message>
-        <source>"%1" is 1, but "%2" is 0</source>
-        <translation>« %1 » vaut 1, mais « %2 » vaut 0</translation>
+        <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
+        <translation>«&#xa0;%1&#xa0;» vaut 1, mais «&#xa0;%2&#xa0;» vaut 0</translation>
     </message>
     <message>
         <source>The name stands in quotation marks</source>
@@ -409,7 +409,7 @@ maintenance</translation>
     </message>
     <message>
         <source>The ID has more than one line</source>
-        <translation>L'ID a plus d'une ligne</translation>
+        <translation>L&apos;ID a plus d&apos;une ligne</translation>
     </message>
     <message>
         <source>ID</source>
@@ -417,7 +417,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Device Name</source>
-        <translation>Nom de l'appareil</translation>
+        <translation>Nom de l&apos;appareil</translation>
     </message>
     <message>
         <source>General Fault Output</source>
@@ -445,10 +445,10 @@ maintenance</translation>
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Détection de l'amplificateur</translation>
+        <translation>Détection de l&apos;amplificateur</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
+        <source>Number of FIM&apos;s</source>
         <translation>Nombre de FIM</translation>
     </message>
     <message>
@@ -457,7 +457,7 @@ maintenance</translation>
     </message>
     <message>
         <source>The ID is no address</source>
-        <translation>L'ID n'est pas une adresse</translation>
+        <translation>L&apos;ID n&apos;est pas une adresse</translation>
     </message>
 </context>
 <context>
@@ -479,7 +479,7 @@ maintenance</translation>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
-        <translation>ID de l'appareil</translation>
+        <translation>ID de l&apos;appareil</translation>
     </message>
     <message>
         <source>Name</source>
@@ -523,7 +523,7 @@ maintenance</translation>
     </message>
     <message>
         <source>No file name is given.</source>
-        <translation>Aucun nom de fichier n'est indiqué.</translation>
+        <translation>Aucun nom de fichier n&apos;est indiqué.</translation>
     </message>
     <message>
         <source>The file has been removed.</source>
@@ -539,30 +539,30 @@ maintenance</translation>
     <message>
         <source>Earth Leakage Detected!
 </source>
-        <translation>Fuite à la terre détectée !
+        <translation>Fuite à la terre détectée&#xa0;!
 </translation>
     </message>
     <message>
         <source>Loop DC Leakage Detected!
 </source>
-        <translation>Fuite CC de boucle détectée !
+        <translation>Fuite CC de boucle détectée&#xa0;!
 </translation>
     </message>
     <message>
         <source>Primary Side approximately at FIM: %1</source>
-        <translation>Côté primaire environ au FIM : %1</translation>
+        <translation>Côté primaire environ au FIM&#xa0;: %1</translation>
     </message>
     <message>
         <source>Secondary Side approximately at FIM: %1</source>
-        <translation>Côté secondaire environ au FIM : %1</translation>
+        <translation>Côté secondaire environ au FIM&#xa0;: %1</translation>
     </message>
     <message>
         <source>Earth Leakage Detected: approximately at FIM: %1</source>
-        <translation>Fuite à la terre détectée : environ au FIM : %1</translation>
+        <translation>Fuite à la terre détectée&#xa0;: environ au FIM&#xa0;: %1</translation>
     </message>
     <message>
         <source>Loop DC Leakage Detected: approximately at FIM: %1</source>
-        <translation>Fuite CC de boucle détectée : environ au FIM : %1</translation>
+        <translation>Fuite CC de boucle détectée&#xa0;: environ au FIM&#xa0;: %1</translation>
     </message>
     <message>
         <source>Commissioning</source>
@@ -574,15 +574,15 @@ maintenance</translation>
     </message>
     <message>
         <source>Timeout: Open Detected</source>
-        <translation>Délai écoulé : coupure détectée</translation>
+        <translation>Délai écoulé&#xa0;: coupure détectée</translation>
     </message>
     <message>
         <source>Timeout: Short Detected</source>
-        <translation>Délai écoulé : court-circuit détecté</translation>
+        <translation>Délai écoulé&#xa0;: court-circuit détecté</translation>
     </message>
     <message>
         <source>Timeout: Side Connected</source>
-        <translation>Délai écoulé : côté raccordé</translation>
+        <translation>Délai écoulé&#xa0;: côté raccordé</translation>
     </message>
     <message>
         <source>Primary side open detected.</source>
@@ -647,8 +647,8 @@ maintenance</translation>
     <message numerus="yes">
         <source>Total FIM Count: %n</source>
         <translation>
-            <numerusform>Nombre total de FIM : %n</numerusform>
-            <numerusform>Nombre total de FIM : %n</numerusform>
+            <numerusform>Nombre total de FIM&#xa0;: %n</numerusform>
+            <numerusform>Nombre total de FIM&#xa0;: %n</numerusform>
         </translation>
     </message>
     <message>
@@ -657,11 +657,11 @@ maintenance</translation>
     </message>
     <message>
         <source>Phase of the run</source>
-        <translation>Phase de l'exécution</translation>
+        <translation>Phase de l&apos;exécution</translation>
     </message>
     <message>
         <source>Copies the report of the finished run as text</source>
-        <translation>Copie le rapport de l'exécution terminée sous forme de texte</translation>
+        <translation>Copie le rapport de l&apos;exécution terminée sous forme de texte</translation>
     </message>
     <message>
         <source>&amp;Copy Report</source>
@@ -677,11 +677,11 @@ maintenance</translation>
     </message>
     <message>
         <source>Seconds left for the factory reset</source>
-        <translation>Secondes restantes pour la réinitialisation d'usine</translation>
+        <translation>Secondes restantes pour la réinitialisation d&apos;usine</translation>
     </message>
     <message>
         <source>LDB: %1</source>
-        <translation>LDB : %1</translation>
+        <translation>LDB&#xa0;: %1</translation>
     </message>
     <message>
         <source>Primary port</source>
@@ -698,13 +698,13 @@ maintenance</translation>
     <message>
         <source>This action will start a factory reset. 
 Are you sure you want to do this?</source>
-        <translation>Cette action lance une réinitialisation d'usine. 
-Voulez-vous vraiment continuer ?</translation>
+        <translation>Cette action lance une réinitialisation d&apos;usine. 
+Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Select the type of action you want to execute.
  </source>
-        <translation>Sélectionnez le type d'action à exécuter.
+        <translation>Sélectionnez le type d&apos;action à exécuter.
  </translation>
     </message>
     <message>
@@ -713,27 +713,27 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>Name: %1</source>
-        <translation>Nom : %1</translation>
+        <translation>Nom&#xa0;: %1</translation>
     </message>
     <message>
         <source>Mode: %1</source>
-        <translation>Mode : %1</translation>
+        <translation>Mode&#xa0;: %1</translation>
     </message>
     <message>
         <source>Loop: %1</source>
-        <translation>Boucle : %1</translation>
+        <translation>Boucle&#xa0;: %1</translation>
     </message>
     <message>
         <source>Earth: %1</source>
-        <translation>Terre : %1</translation>
+        <translation>Terre&#xa0;: %1</translation>
     </message>
     <message>
         <source>Factory Reset Countdown</source>
-        <translation>Compte à rebours de la réinitialisation d'usine</translation>
+        <translation>Compte à rebours de la réinitialisation d&apos;usine</translation>
     </message>
     <message>
         <source>Factory reset started</source>
-        <translation>Réinitialisation d'usine lancée</translation>
+        <translation>Réinitialisation d&apos;usine lancée</translation>
     </message>
     <message>
         <source>The report has been copied.</source>
@@ -745,7 +745,7 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>factory reset</source>
-        <translation>réinitialisation d'usine</translation>
+        <translation>réinitialisation d&apos;usine</translation>
     </message>
     <message>
         <source>LDB reset</source>
@@ -761,7 +761,7 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>waiting for the factory reset</source>
-        <translation>attente de la réinitialisation d'usine</translation>
+        <translation>attente de la réinitialisation d&apos;usine</translation>
     </message>
     <message>
         <source>rebooting</source>
@@ -785,11 +785,11 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>The factory reset failed.</source>
-        <translation>La réinitialisation d'usine a échoué.</translation>
+        <translation>La réinitialisation d&apos;usine a échoué.</translation>
     </message>
     <message>
         <source>The LDB refused the factory reset.</source>
-        <translation>Le LDB a refusé la réinitialisation d'usine.</translation>
+        <translation>Le LDB a refusé la réinitialisation d&apos;usine.</translation>
     </message>
     <message>
         <source>The LDB is disconnected.</source>
@@ -813,7 +813,7 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>The LDB has been asked for a factory reset.</source>
-        <translation>Une réinitialisation d'usine a été demandée au LDB.</translation>
+        <translation>Une réinitialisation d&apos;usine a été demandée au LDB.</translation>
     </message>
     <message>
         <source>Press Start to begin a run.</source>
@@ -829,11 +829,11 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>The LDB refused the command: %1</source>
-        <translation>Le LDB a refusé la commande : %1</translation>
+        <translation>Le LDB a refusé la commande&#xa0;: %1</translation>
     </message>
     <message>
         <source>The LDB did not answer the command: %1</source>
-        <translation>Le LDB n'a pas répondu à la commande : %1</translation>
+        <translation>Le LDB n&apos;a pas répondu à la commande&#xa0;: %1</translation>
     </message>
     <message>
         <source>FIM count %1</source>
@@ -845,26 +845,26 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>Tracking mode: %1</source>
-        <translation>Mode de suivi : %1</translation>
+        <translation>Mode de suivi&#xa0;: %1</translation>
     </message>
     <message>
         <source>Time: %1</source>
-        <translation>Heure : %1</translation>
+        <translation>Heure&#xa0;: %1</translation>
     </message>
     <message>
         <source>Primary side: </source>
-        <translation>Côté primaire : </translation>
+        <translation>Côté primaire&#xa0;: </translation>
     </message>
     <message>
         <source>Secondary side: </source>
-        <translation>Côté secondaire : </translation>
+        <translation>Côté secondaire&#xa0;: </translation>
     </message>
     <message>
         <source>Result: %1</source>
-        <translation>Résultat : %1</translation>
+        <translation>Résultat&#xa0;: %1</translation>
     </message>
     <message>
-        <source>Writes the FIM's counted as the number of FIM's into the LDB</source>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
         <translation>Écrit les FIM comptés comme nombre de FIM dans le LDB</translation>
     </message>
     <message>
@@ -873,27 +873,27 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>There is no connection to the LDB.</source>
-        <translation>Il n'y a pas de liaison avec le LDB.</translation>
+        <translation>Il n&apos;y a pas de liaison avec le LDB.</translation>
     </message>
     <message>
         <source>Reading the settings of the LDB, to keep them</source>
         <translation>Lecture des réglages du LDB, pour les conserver</translation>
     </message>
     <message>
-        <source>Writing the number of FIM's</source>
+        <source>Writing the number of FIM&apos;s</source>
         <translation>Écriture du nombre de FIM</translation>
     </message>
     <message>
-        <source>The number of FIM's in the LDB is now %1.</source>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
         <translation>Le nombre de FIM dans le LDB est maintenant %1.</translation>
     </message>
     <message>
-        <source>The number of FIM's: %1</source>
-        <translation>Le nombre de FIM : %1</translation>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation>Le nombre de FIM&#xa0;: %1</translation>
     </message>
     <message>
         <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
-        <translation>Les réglages dans le LDB reviennent aux valeurs par défaut, et la boucle est sans son pendant environ deux minutes. Les réglages sont d'abord conservés, et peuvent être rétablis après la mesure.</translation>
+        <translation>Les réglages dans le LDB reviennent aux valeurs par défaut, et la boucle est sans son pendant environ deux minutes. Les réglages sont d&apos;abord conservés, et peuvent être rétablis après la mesure.</translation>
     </message>
     <message>
         <source>Start all the same</source>
@@ -901,7 +901,7 @@ Voulez-vous vraiment continuer ?</translation>
     </message>
     <message>
         <source>There is no connection to the LDB. Close this window, and start the connection again.</source>
-        <translation>Il n'y a pas de liaison avec le LDB. Fermez cette fenêtre, et redémarrez la liaison.</translation>
+        <translation>Il n&apos;y a pas de liaison avec le LDB. Fermez cette fenêtre, et redémarrez la liaison.</translation>
     </message>
     <message>
         <source>The settings of the LDB cannot be read. After the run they will be the defaults, and the former ones are lost.</source>
@@ -910,28 +910,28 @@ Voulez-vous vraiment continuer ?</translation>
     <message>
         <source>What the run changes cannot be kept on the disk: %1
 If the program or the computer stops during the run, the settings of the LDB are lost, and it stays muted.</source>
-        <translation>Ce que la mesure modifie ne peut pas être conservé sur le disque : %1
-Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LDB sont perdus, et son audio reste coupé.</translation>
+        <translation>Ce que la mesure modifie ne peut pas être conservé sur le disque&#xa0;: %1
+Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les réglages du LDB sont perdus, et son audio reste coupé.</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: %2</source>
-        <translation>FIM comptés : %1   configurés : %2</translation>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: %2</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: not known</source>
-        <translation>FIM comptés : %1   configurés : inconnu</translation>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: inconnu</translation>
     </message>
-<message>
-        <source>The number of FIM's is being written.</source>
-        <translation>Le nombre de FIM est en cours d'écriture.</translation>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Le nombre de FIM est en cours d&apos;écriture.</translation>
     </message>
     <message>
         <source>There is no report before a run has come to its end.</source>
-        <translation>Il n'y a pas de rapport avant la fin d'une recherche.</translation>
+        <translation>Il n&apos;y a pas de rapport avant la fin d&apos;une recherche.</translation>
     </message>
     <message>
         <source>There is nothing to zoom into before the counting begins.</source>
-        <translation>Il n'y a rien à agrandir avant le début du comptage.</translation>
+        <translation>Il n&apos;y a rien à agrandir avant le début du comptage.</translation>
     </message>
 </context>
 <context>
@@ -946,7 +946,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Before the import of %1</source>
-        <translation>Avant l'importation de %1</translation>
+        <translation>Avant l&apos;importation de %1</translation>
     </message>
     <message>
         <source>Before settings were put back</source>
@@ -984,7 +984,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>Occasion</translation>
     </message>
     <message>
-        <source>LDB's</source>
+        <source>LDB&apos;s</source>
         <translation>LDB</translation>
     </message>
     <message>
@@ -1022,11 +1022,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <name>Hindrance</name>
     <message>
         <source>Nothing is monitored: click Start first.</source>
-        <translation>Rien n’est surveillé : cliquez d’abord sur Démarrer.</translation>
+        <translation>Rien n’est surveillé&#xa0;: cliquez d’abord sur Démarrer.</translation>
     </message>
     <message>
-        <source>The bus is being scanned: wait until all LDB's are found.</source>
-        <translation>Le bus est en cours d’exploration : attendez que tous les LDB soient trouvés.</translation>
+        <source>The bus is being scanned: wait until all LDB&apos;s are found.</source>
+        <translation>Le bus est en cours d’exploration&#xa0;: attendez que tous les LDB soient trouvés.</translation>
     </message>
     <message>
         <source>No LDB is selected.</source>
@@ -1038,27 +1038,27 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Settings are being saved: wait until the LDB has them.</source>
-        <translation>Des réglages sont en cours d’enregistrement : attendez que le LDB les ait reçus.</translation>
+        <translation>Des réglages sont en cours d’enregistrement&#xa0;: attendez que le LDB les ait reçus.</translation>
     </message>
     <message>
         <source>Settings are being exported or imported: wait for the end.</source>
-        <translation>Des réglages sont en cours d’exportation ou d’importation : attendez la fin.</translation>
+        <translation>Des réglages sont en cours d’exportation ou d’importation&#xa0;: attendez la fin.</translation>
     </message>
     <message>
         <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
-        <translation>Le LDB sélectionné est en mode maintenance : quittez-le d’abord avec Réinit. LDB.</translation>
+        <translation>Le LDB sélectionné est en mode maintenance&#xa0;: quittez-le d’abord avec Réinit. LDB.</translation>
     </message>
     <message>
         <source>What fault finding has changed is being put back: wait until it is done.</source>
-        <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement : attendez la fin.</translation>
+        <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
     </message>
     <message>
         <source>It is not certain yet which installation answers.</source>
-        <translation>Il n'est pas encore certain quelle installation répond.</translation>
+        <translation>Il n&apos;est pas encore certain quelle installation répond.</translation>
     </message>
-<message>
+    <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
-        <translation>Une recherche de défauts est en cours : attendez-en la fin, ou arrêtez-la.</translation>
+        <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
     </message>
 </context>
 <context>
@@ -1073,8 +1073,8 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <message numerus="yes">
         <source>Done: %1 of %n LDB(s)</source>
         <translation>
-            <numerusform>Fait : %1 sur %n LDB</numerusform>
-            <numerusform>Fait : %1 sur %n LDB</numerusform>
+            <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
+            <numerusform>Fait&#xa0;: %1 sur %n LDB</numerusform>
         </translation>
     </message>
     <message>
@@ -1083,22 +1083,22 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Nothing was written.</source>
-        <translation>Rien n'a été écrit.</translation>
+        <translation>Rien n&apos;a été écrit.</translation>
     </message>
     <message>
         <source>Done: %1</source>
-        <translation>Terminé : %1</translation>
+        <translation>Terminé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Not begun: %1</source>
-        <translation>Non commencé : %1</translation>
+        <translation>Non commencé&#xa0;: %1</translation>
     </message>
 </context>
 <context>
     <name>InstallationControl</name>
     <message>
         <source>A damaged file of an installation was moved aside: %1</source>
-        <translation>Un fichier d'installation endommagé a été mis de côté : %1</translation>
+        <translation>Un fichier d&apos;installation endommagé a été mis de côté : %1</translation>
     </message>
 </context>
 <context>
@@ -1112,12 +1112,12 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>La connexion à %1 est rétablie.</translation>
     </message>
     <message>
-        <source>What answers at %1 is not the installation "%2": its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
-        <translation>Ce qui répond sur %1 n'est pas l'installation « %2 » : ses LDB se taisent ou portent d'autres noms. De quelle installation s'agit-il ? Tant que vous ne l'avez pas dit, rien n'est écrit dans les LDB.</translation>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Ce qui répond sur %1 n&apos;est pas l&apos;installation « %2 » : ses LDB se taisent ou portent d&apos;autres noms. De quelle installation s&apos;agit-il ? Tant que vous ne l&apos;avez pas dit, rien n&apos;est écrit dans les LDB.</translation>
     </message>
     <message>
-        <source>What answers at %1 has the LDBs of the installation "%2". Is it that one?</source>
-        <translation>Ce qui répond sur %1 a les LDB de l'installation « %2 ». Est-ce celle-là ?</translation>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Ce qui répond sur %1 a les LDB de l&apos;installation « %2 ». Est-ce celle-là ?</translation>
     </message>
     <message>
         <source>Which port?</source>
@@ -1151,7 +1151,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Export Installation</source>
-        <translation>Exporter l'installation</translation>
+        <translation>Exporter l&apos;installation</translation>
     </message>
     <message>
         <source>Import Installation</source>
@@ -1206,8 +1206,8 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>Importer...</translation>
     </message>
     <message>
-        <source>Take an installation from a colleague's file</source>
-        <translation>Prendre une installation du fichier d'un collègue</translation>
+        <source>Take an installation from a colleague&apos;s file</source>
+        <translation>Prendre une installation du fichier d&apos;un collègue</translation>
     </message>
     <message>
         <source>Export...</source>
@@ -1223,7 +1223,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>This is the installation at the port; while it is monitored, it is scanned anew</source>
-        <translation>C'est l'installation au port ; si elle est surveillée, elle est parcourue de nouveau</translation>
+        <translation>C&apos;est l&apos;installation au port ; si elle est surveillée, elle est parcourue de nouveau</translation>
     </message>
     <message>
         <source>Close</source>
@@ -1272,7 +1272,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>The file %1 holds no installation.</source>
-        <translation>Le fichier %1 ne contient pas d'installation.</translation>
+        <translation>Le fichier %1 ne contient pas d&apos;installation.</translation>
     </message>
 </context>
 <context>
@@ -1287,14 +1287,26 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>The file %1 cannot be written: %2.</source>
-        <translation>Le fichier %1 ne peut pas être écrit : %2.</translation>
+        <translation>Le fichier %1 ne peut pas être écrit&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Le fichier %1 ne peut pas être lu : %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. A copy of it is %2.</source>
+        <translation>Le fichier %1 est endommagé. Une copie en est %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Le fichier %1 ne peut pas être lu.</translation>
     </message>
 </context>
 <context>
     <name>LampCauses</name>
     <message>
         <source>Amplifier: %1</source>
-        <translation>Amplificateur : %1</translation>
+        <translation>Amplificateur&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -1327,7 +1339,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>Nom</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
+        <source>Number of FIM&apos;s</source>
         <translation>Nombre de FIM</translation>
     </message>
     <message>
@@ -1352,7 +1364,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Détection de l'amplificateur</translation>
+        <translation>Détection de l&apos;amplificateur</translation>
     </message>
     <message>
         <source>Audio Mute</source>
@@ -1363,15 +1375,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <name>LdbSettingsEditor</name>
     <message>
         <source>Firmware ID:</source>
-        <translation>ID du firmware :</translation>
+        <translation>ID du firmware&#xa0;:</translation>
     </message>
     <message>
         <source>&amp;Name:</source>
-        <translation>&amp;Nom :</translation>
+        <translation>&amp;Nom&#xa0;:</translation>
     </message>
     <message>
-        <source>Nu&amp;mber of FIM's:</source>
-        <translation>N&amp;ombre de FIM :</translation>
+        <source>Nu&amp;mber of FIM&apos;s:</source>
+        <translation>N&amp;ombre de FIM&#xa0;:</translation>
     </message>
     <message>
         <source>Enable Open Detection</source>
@@ -1379,7 +1391,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Open Detection Dela&amp;y:</source>
-        <translation>&amp;Délai de détection de coupure :</translation>
+        <translation>&amp;Délai de détection de coupure&#xa0;:</translation>
     </message>
     <message>
         <source>Enable General Fault Output</source>
@@ -1399,7 +1411,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Enable Amplifier Detection</source>
-        <translation>Activer la détection d'amplificateur</translation>
+        <translation>Activer la détection d&apos;amplificateur</translation>
     </message>
     <message>
         <source>Audio Mute</source>
@@ -1434,7 +1446,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Changed. The LDB has: %1</source>
-        <translation>Modifié. Le LDB a : %1</translation>
+        <translation>Modifié. Le LDB a&#xa0;: %1</translation>
     </message>
     <message>
         <source>No LDB selected</source>
@@ -1453,11 +1465,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>LDB %1: %2</source>
-        <translation>LDB %1 : %2</translation>
+        <translation>LDB %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
-        <translation>Le LDB %1 n’a pas répondu : ses réglages ne sont pas connus</translation>
+        <translation>Le LDB %1 n’a pas répondu&#xa0;: ses réglages ne sont pas connus</translation>
     </message>
     <message>
         <source>Error</source>
@@ -1473,7 +1485,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
-        <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées :</translation>
+        <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
     </message>
     <message>
         <source>The settings have not been read yet.</source>
@@ -1485,31 +1497,31 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
-        <translation>Le LDB %1 n’est pas connecté : voici les derniers réglages lus</translation>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: voici les derniers réglages lus</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: its settings are not known</source>
-        <translation>Le LDB %1 n’est pas connecté : ses réglages ne sont pas connus</translation>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: ses réglages ne sont pas connus</translation>
     </message>
     <message>
         <source>Changed by somebody else meanwhile. The LDB has: %1</source>
-        <translation>Modifié entre-temps par quelqu’un d’autre. Le LDB a : %1</translation>
+        <translation>Modifié entre-temps par quelqu’un d’autre. Le LDB a&#xa0;: %1</translation>
     </message>
     <message>
         <source>Not saved: %1</source>
-        <translation>Non enregistré : %1</translation>
+        <translation>Non enregistré&#xa0;: %1</translation>
     </message>
     <message>
         <source>Changed by somebody else meanwhile: %1 (%2)</source>
-        <translation>Modifié entre-temps par quelqu’un d’autre : %1 (%2)</translation>
+        <translation>Modifié entre-temps par quelqu’un d’autre&#xa0;: %1 (%2)</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>The former settings of LDB %1 could not be kept.</source>
-        <translation>Les anciens paramètres du LDB %1 n'ont pas pu être conservés.</translation>
+        <translation>Les anciens paramètres du LDB %1 n&apos;ont pas pu être conservés.</translation>
     </message>
 </context>
 <context>
@@ -1707,23 +1719,23 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <name>LdbTransfer</name>
     <message>
         <source>LDB %1 (address %2): %3</source>
-        <translation>LDB %1 (adresse %2) : %3</translation>
+        <translation>LDB %1 (adresse %2)&#xa0;: %3</translation>
     </message>
     <message>
-        <source>No LDB's are connected.</source>
-        <translation>Aucun LDB n'est connecté.</translation>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Aucun LDB n&apos;est connecté.</translation>
     </message>
     <message>
         <source>The file cannot be opened: %1</source>
-        <translation>Impossible d'ouvrir le fichier : %1</translation>
+        <translation>Impossible d&apos;ouvrir le fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>The file cannot be written: %1</source>
-        <translation>Impossible d'écrire le fichier : %1</translation>
+        <translation>Impossible d&apos;écrire le fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>the connection ended before its answer</source>
-        <translation>la connexion s'est terminée avant la réponse</translation>
+        <translation>la connexion s&apos;est terminée avant la réponse</translation>
     </message>
     <message>
         <source>not connected</source>
@@ -1739,7 +1751,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>The file cannot be read: %1</source>
-        <translation>Impossible de lire le fichier : %1</translation>
+        <translation>Impossible de lire le fichier&#xa0;: %1</translation>
     </message>
     <message>
         <source>The file is too long for a settings file.</source>
@@ -1751,15 +1763,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>no LDB with this address is connected</source>
-        <translation>aucun LDB avec cette adresse n'est connecté</translation>
+        <translation>aucun LDB avec cette adresse n&apos;est connecté</translation>
     </message>
     <message>
         <source>the connection ended before it was written</source>
-        <translation>la connexion s'est terminée avant l'écriture</translation>
+        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
     </message>
     <message>
         <source>Line %1: ID %2 (read as %2 hexadecimal, address %3): %4</source>
-        <translation>Ligne %1 : ID %2 (lu comme %2 hexadécimal, adresse %3) : %4</translation>
+        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 hexadécimal, adresse %3)&#xa0;: %4</translation>
     </message>
     <message>
         <source>this LDB is lost</source>
@@ -1771,15 +1783,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>its present settings could not be read</source>
-        <translation>ses paramètres actuels n'ont pas pu être lus</translation>
+        <translation>ses paramètres actuels n&apos;ont pas pu être lus</translation>
     </message>
     <message>
         <source>Line %1: ID %2: %3</source>
-        <translation>Ligne %1 : ID %2 : %3</translation>
+        <translation>Ligne %1&#xa0;: ID %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>Line %1: ID %2 (read as %2 decimal, address %3): %4</source>
-        <translation>Ligne %1 : ID %2 (lu comme %2 décimal, adresse %3) : %4</translation>
+        <translation>Ligne %1&#xa0;: ID %2 (lu comme %2 décimal, adresse %3)&#xa0;: %4</translation>
     </message>
     <message>
         <source>its settings have changed since they were shown</source>
@@ -1790,11 +1802,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <name>LdbWork</name>
     <message>
         <source>Settings are being saved. The LDB may be left with a part of them.</source>
-        <translation>Des paramètres sont en cours d'enregistrement. Le LDB peut n'en garder qu'une partie.</translation>
+        <translation>Des paramètres sont en cours d&apos;enregistrement. Le LDB peut n&apos;en garder qu&apos;une partie.</translation>
     </message>
     <message>
         <source>Fault finding is under way. The loop may be left without sound.</source>
         <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
+    </message>
+    <message>
+        <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
+        <translation>Ce que l&apos;LDB %1 avait avant la recherche de pannes est en cours de rétablissement. Sa boucle peut rester sans son.</translation>
     </message>
 </context>
 <context>
@@ -1834,12 +1850,12 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>Un autre programme utilise ce port.</translation>
     </message>
     <message>
-        <source>To use this port, you must be in the group "%1"; a new membership counts from the next login.</source>
-        <translation>Pour utiliser ce port, vous devez faire partie du groupe « %1 » ; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Pour utiliser ce port, vous devez faire partie du groupe «&#xa0;%1&#xa0;»&#xa0;; une nouvelle appartenance prend effet à la prochaine connexion.</translation>
     </message>
     <message>
         <source>The LDB with ID: %1 is disconnected!</source>
-        <translation>Le LDB avec l'ID : %1 est déconnecté !</translation>
+        <translation>Le LDB avec l&apos;ID&#xa0;: %1 est déconnecté&#xa0;!</translation>
     </message>
     <message>
         <source>Error</source>
@@ -1847,27 +1863,27 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Cannot establish the serial communication, check the serial port settings!</source>
-        <translation>Impossible d'établir la communication série, vérifiez les paramètres du port série !</translation>
+        <translation>Impossible d&apos;établir la communication série, vérifiez les paramètres du port série&#xa0;!</translation>
     </message>
     <message>
         <source>Port %1: %2</source>
-        <translation>Port %1 : %2</translation>
+        <translation>Port %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Port %1: no reason is known.</source>
-        <translation>Port %1 : aucune raison n'est connue.</translation>
+        <translation>Port %1&#xa0;: aucune raison n&apos;est connue.</translation>
     </message>
     <message>
         <source>There is no port %1. Plug the adapter in, or choose another port in the settings dialog.</source>
-        <translation>Il n'y a pas de port %1. Branchez l'adaptateur, ou choisissez un autre port dans la fenêtre des réglages.</translation>
+        <translation>Il n&apos;y a pas de port %1. Branchez l&apos;adaptateur, ou choisissez un autre port dans la fenêtre des réglages.</translation>
     </message>
     <message>
         <source>Port %1 is gone: the adapter was unplugged. Plug it in and start again.</source>
-        <translation>Le port %1 a disparu : l'adaptateur a été débranché. Branchez-le et démarrez à nouveau.</translation>
+        <translation>Le port %1 a disparu&#xa0;: l&apos;adaptateur a été débranché. Branchez-le et démarrez à nouveau.</translation>
     </message>
     <message>
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
-        <translation>La connexion au port %1 a été rompue. Vérifiez l'adaptateur et son câble, et démarrez à nouveau.</translation>
+        <translation>La connexion au port %1 a été rompue. Vérifiez l&apos;adaptateur et son câble, et démarrez à nouveau.</translation>
     </message>
     <message>
         <source>The program waits for the port, and goes on by itself when it is back.</source>
@@ -1875,15 +1891,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Port %1 is gone: the adapter was unplugged. Plug it in.</source>
-        <translation>Le port %1 a disparu : l'adaptateur a été débranché. Rebranchez-le.</translation>
+        <translation>Le port %1 a disparu : l&apos;adaptateur a été débranché. Rebranchez-le.</translation>
     </message>
     <message>
         <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
-        <translation>La connexion au port %1 s'est interrompue. Vérifiez l'adaptateur et son câble.</translation>
+        <translation>La connexion au port %1 s&apos;est interrompue. Vérifiez l&apos;adaptateur et son câble.</translation>
     </message>
-<message>
+    <message>
         <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
-        <translation>Aucun port série n'est choisi. Choisissez-en un dans la fenêtre des réglages : le bouton avec la roue dentée, en haut à gauche.</translation>
+        <translation>Aucun port série n&apos;est choisi. Choisissez-en un dans la fenêtre des réglages&#xa0;: le bouton avec la roue dentée, en haut à gauche.</translation>
     </message>
 </context>
 <context>
@@ -1906,7 +1922,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Seconds between two records of an LDB; at 0 every record is written</source>
-        <translation>Secondes entre deux enregistrements d'un LDB ; à 0, chaque enregistrement est écrit</translation>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
     </message>
     <message>
         <source>s</source>
@@ -1930,7 +1946,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Start or stop writing the log file</source>
-        <translation>Démarrer ou arrêter l'écriture du fichier journal</translation>
+        <translation>Démarrer ou arrêter l&apos;écriture du fichier journal</translation>
     </message>
     <message>
         <source>Start</source>
@@ -1950,7 +1966,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>The log file %1 cannot be opened: %2</source>
-        <translation>Impossible d'ouvrir le fichier journal %1 : %2</translation>
+        <translation>Impossible d&apos;ouvrir le fichier journal %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Error</source>
@@ -1958,7 +1974,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Logging has stopped!</source>
-        <translation>L'enregistrement s'est arrêté !</translation>
+        <translation>L&apos;enregistrement s&apos;est arrêté&#xa0;!</translation>
     </message>
     <message>
         <source>LDB %1</source>
@@ -1974,11 +1990,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>No record came from %1 to %2.</source>
-        <translation>Rien n'est arrivé de %1 à %2.</translation>
+        <translation>Rien n&apos;est arrivé de %1 à %2.</translation>
     </message>
-<message>
+    <message>
         <source>A log is being written: stop it first.</source>
-        <translation>Un journal est en cours d'écriture : arrêtez-le d'abord.</translation>
+        <translation>Un journal est en cours d&apos;écriture&#xa0;: arrêtez-le d&apos;abord.</translation>
     </message>
 </context>
 <context>
@@ -2017,7 +2033,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Write the settings in a file to the LDBs</source>
-        <translation>Écrire les paramètres d'un fichier dans les LDB</translation>
+        <translation>Écrire les paramètres d&apos;un fichier dans les LDB</translation>
     </message>
     <message>
         <source>&amp;Import Settings</source>
@@ -2037,7 +2053,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>LDBs with a loop or amplifier fault</source>
-        <translation>LDB avec un défaut de boucle ou d'amplificateur</translation>
+        <translation>LDB avec un défaut de boucle ou d&apos;amplificateur</translation>
     </message>
     <message>
         <source>SERVICE MODE</source>
@@ -2081,11 +2097,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Global Status:</source>
-        <translation>État global :</translation>
+        <translation>État global&#xa0;:</translation>
     </message>
     <message>
         <source>Overview of all LDBs</source>
-        <translation>Vue d'ensemble de tous les LDB</translation>
+        <translation>Vue d&apos;ensemble de tous les LDB</translation>
     </message>
     <message>
         <source>Plot</source>
@@ -2112,10 +2128,10 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <translation>Zoom arrière</translation>
     </message>
     <message numerus="yes">
-        <source>Available LDB's: %n.</source>
+        <source>Available LDB&apos;s: %n.</source>
         <translation>
-            <numerusform>LDB disponible : %n.</numerusform>
-            <numerusform>LDB disponibles : %n.</numerusform>
+            <numerusform>LDB disponible&#xa0;: %n.</numerusform>
+            <numerusform>LDB disponibles&#xa0;: %n.</numerusform>
         </translation>
     </message>
     <message>
@@ -2128,10 +2144,10 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Serial commands in queue: </source>
-        <translation>Commandes série en file d'attente : </translation>
+        <translation>Commandes série en file d&apos;attente&#xa0;: </translation>
     </message>
     <message>
-        <source>Scanning for connected LDB's...  LDB's Checked %1, LDB's Found %2</source>
+        <source>Scanning for connected LDB&apos;s...  LDB&apos;s Checked %1, LDB&apos;s Found %2</source>
         <translation>Recherche des LDB connectés...  LDB vérifiés %1, LDB trouvés %2</translation>
     </message>
     <message>
@@ -2148,11 +2164,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>End the export or import behind the LDB under way</source>
-        <translation>Terminer l'exportation ou l'importation après le LDB en cours</translation>
+        <translation>Terminer l&apos;exportation ou l&apos;importation après le LDB en cours</translation>
     </message>
     <message>
         <source>Stop Export or Import</source>
-        <translation>Arrêter l'export ou l'import</translation>
+        <translation>Arrêter l&apos;export ou l&apos;import</translation>
     </message>
     <message>
         <source>LOST/FA&amp;ULT</source>
@@ -2160,14 +2176,14 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>LDBs that are lost, in fault, or whose factory reset has failed</source>
-        <translation>LDB perdus, en défaut, ou dont la réinitialisation d'usine a échoué</translation>
+        <translation>LDB perdus, en défaut, ou dont la réinitialisation d&apos;usine a échoué</translation>
     </message>
     <message>
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 sur %2 répondent, %3 perdus.</translation>
     </message>
     <message>
-        <source>Settings of all LDB's</source>
+        <source>Settings of all LDB&apos;s</source>
         <translation>Paramètres de tous les LDB</translation>
     </message>
     <message>
@@ -2206,7 +2222,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>The manual was not found in the folder %1.</source>
-        <translation>Le manuel n'a pas été trouvé dans le dossier %1.</translation>
+        <translation>Le manuel n&apos;a pas été trouvé dans le dossier %1.</translation>
     </message>
     <message>
         <source>Manual - %1</source>
@@ -2283,7 +2299,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>no LDB was found</source>
-        <translation>aucun LDB n'a été trouvé</translation>
+        <translation>aucun LDB n&apos;a été trouvé</translation>
     </message>
     <message>
         <source>%1 cannot be opened</source>
@@ -2325,16 +2341,16 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
         <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
         <translation>Surveillance : %1 LDB sur %2 répondent, %3 perdus, %4 pas encore entendus.</translation>
     </message>
-<message>
+    <message>
         <source>no serial port is chosen</source>
-        <translation>aucun port série n'est choisi</translation>
+        <translation>aucun port série n&apos;est choisi</translation>
     </message>
 </context>
 <context>
     <name>MuteMarks</name>
     <message>
         <source>The audio of this LDB is muted.</source>
-        <translation>L'audio de ce LDB est coupé.</translation>
+        <translation>L&apos;audio de ce LDB est coupé.</translation>
     </message>
 </context>
 <context>
@@ -2356,11 +2372,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Show only LDBs with these words in their id, name, mode or conditions. Esc shows all again.</source>
-        <translation>N'afficher que les LDB qui ont ces mots dans leur ID, nom, mode ou états. Échap les affiche tous à nouveau.</translation>
+        <translation>N&apos;afficher que les LDB qui ont ces mots dans leur ID, nom, mode ou états. Échap les affiche tous à nouveau.</translation>
     </message>
     <message>
         <source>Filter of the overview</source>
-        <translation>Filtre de la vue d'ensemble</translation>
+        <translation>Filtre de la vue d&apos;ensemble</translation>
     </message>
     <message>
         <source>Only faults</source>
@@ -2368,11 +2384,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Show only LDBs that are lost, in fault, or named behind one of the lamps</source>
-        <translation>N'afficher que les LDB perdus, en défaut ou nommés derrière un des voyants</translation>
+        <translation>N&apos;afficher que les LDB perdus, en défaut ou nommés derrière un des voyants</translation>
     </message>
     <message>
         <source>Faults first</source>
-        <translation>Défauts d'abord</translation>
+        <translation>Défauts d&apos;abord</translation>
     </message>
     <message>
         <source>Lost and faulty LDBs stand at the top, whatever is sorted by</source>
@@ -2478,15 +2494,15 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>%1: before %2, now %3</source>
-        <translation>%1 : avant %2, maintenant %3</translation>
+        <translation>%1&#xa0;: avant %2, maintenant %3</translation>
     </message>
     <message>
         <source>LDB %1 (%2) has other settings than before the fault finding of %3.</source>
-        <translation>Le LDB %1 (%2) a d'autres réglages qu'avant la recherche de défaut du %3.</translation>
+        <translation>Le LDB %1 (%2) a d&apos;autres réglages qu&apos;avant la recherche de défaut du %3.</translation>
     </message>
     <message>
         <source>The former settings of LDB %1 are not restored: %2</source>
-        <translation>Les anciens réglages du LDB %1 ne sont pas rétablis : %2</translation>
+        <translation>Les anciens réglages du LDB %1 ne sont pas rétablis&#xa0;: %2</translation>
     </message>
     <message>
         <source>Restore the former settings</source>
@@ -2502,11 +2518,11 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>Before fault finding, on %1, LDB %2 was called %3. Now it is called %4. Is it the same LDB?</source>
-        <translation>Avant la recherche de défaut, le %1, le LDB %2 s'appelait %3. Maintenant il s'appelle %4. Est-ce le même LDB ?</translation>
+        <translation>Avant la recherche de défaut, le %1, le LDB %2 s&apos;appelait %3. Maintenant il s&apos;appelle %4. Est-ce le même LDB&#xa0;?</translation>
     </message>
     <message>
         <source>Before fault finding, on %1, LDB %2 was called %3. Now LDB %4 has this name. Is it the same LDB?</source>
-        <translation>Avant la recherche de défaut, le %1, le LDB %2 s'appelait %3. Maintenant le LDB %4 porte ce nom. Est-ce le même LDB ?</translation>
+        <translation>Avant la recherche de défaut, le %1, le LDB %2 s&apos;appelait %3. Maintenant le LDB %4 porte ce nom. Est-ce le même LDB&#xa0;?</translation>
     </message>
     <message>
         <source>Fault finding</source>
@@ -2514,7 +2530,7 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     </message>
     <message>
         <source>If it is, its audio mute becomes what it was, and its settings are compared.</source>
-        <translation>Si oui, sa coupure du son redevient ce qu'elle était, et ses réglages sont comparés.</translation>
+        <translation>Si oui, sa coupure du son redevient ce qu&apos;elle était, et ses réglages sont comparés.</translation>
     </message>
     <message>
         <source>The same LDB</source>
@@ -2535,16 +2551,16 @@ Si le programme ou l'ordinateur s'arrête pendant la mesure, les réglages du LD
     <message>
         <source>The audio mute of LDB %1 could not be ended.
 The audio of this LDB stays muted.</source>
-        <translation>La coupure du son du LDB %1 n'a pas pu être levée.
-L'audio de ce LDB reste coupé.</translation>
+        <translation>La coupure du son du LDB %1 n&apos;a pas pu être levée.
+L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>The program remembers it, and ends the mute as soon as the LDB takes it.</source>
-        <translation>Le programme s'en souvient, et lève la coupure dès que le LDB l'accepte.</translation>
+        <translation>Le programme s&apos;en souvient, et lève la coupure dès que le LDB l&apos;accepte.</translation>
     </message>
     <message>
         <source>LDB %1 is muted again, as it was before the fault finding.</source>
-        <translation>L'audio du LDB %1 est de nouveau coupé, comme avant la recherche de défaut.</translation>
+        <translation>L&apos;audio du LDB %1 est de nouveau coupé, comme avant la recherche de défaut.</translation>
     </message>
     <message>
         <source>The audio mute of LDB %1 from the fault finding has ended.</source>
@@ -2556,18 +2572,32 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>LDB %1 keeps its settings; the former ones are forgotten.</source>
-        <translation>Le LDB %1 garde ses réglages ; les anciens sont oubliés.</translation>
+        <translation>Le LDB %1 garde ses réglages&#xa0;; les anciens sont oubliés.</translation>
     </message>
     <message>
         <source>What was put back into LDB %1 will be put back again: %2</source>
-        <translation>Ce qui a été remis dans le LDB %1 le sera de nouveau : %2</translation>
+        <translation>Ce qui a été remis dans le LDB %1 le sera de nouveau&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
+        <translation>Ce qui a été conservé des LDB avant la recherche de pannes ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>%1
+An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
+        <translation>%1
+Un LDB dont la recherche de pannes a été interrompue peut encore être coupé, ou avoir les réglages par défaut.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: LDB %1 is now called %2.</source>
+        <translation>Rien n&apos;a été rétabli : l&apos;LDB %1 s&apos;appelle maintenant %2.</translation>
     </message>
 </context>
 <context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
-        <translation>La connexion précédente n'est pas encore terminée.</translation>
+        <translation>La connexion précédente n&apos;est pas encore terminée.</translation>
     </message>
 </context>
 <context>
@@ -2604,7 +2634,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>&amp;Language:</source>
-        <translation>&amp;Langue :</translation>
+        <translation>&amp;Langue&#xa0;:</translation>
     </message>
     <message>
         <source>Sounds</source>
@@ -2640,27 +2670,27 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Description: %1</source>
-        <translation>Description : %1</translation>
+        <translation>Description&#xa0;: %1</translation>
     </message>
     <message>
         <source>Manufacturer: %1</source>
-        <translation>Fabricant : %1</translation>
+        <translation>Fabricant&#xa0;: %1</translation>
     </message>
     <message>
         <source>Serial number: %1</source>
-        <translation>Numéro de série : %1</translation>
+        <translation>Numéro de série&#xa0;: %1</translation>
     </message>
     <message>
         <source>Location: %1</source>
-        <translation>Emplacement : %1</translation>
+        <translation>Emplacement&#xa0;: %1</translation>
     </message>
     <message>
         <source>Vendor Identifier: %1</source>
-        <translation>Identifiant du fabricant : %1</translation>
+        <translation>Identifiant du fabricant&#xa0;: %1</translation>
     </message>
     <message>
         <source>Product Identifier: %1</source>
-        <translation>Identifiant du produit : %1</translation>
+        <translation>Identifiant du produit&#xa0;: %1</translation>
     </message>
     <message>
         <source>Installation</source>
@@ -2715,7 +2745,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>What the LDB has is not known: it was not read back.</source>
-        <translation>Ce que le LDB contient n'est pas connu : la valeur n'a pas été relue.</translation>
+        <translation>Ce que le LDB contient n&apos;est pas connu : la valeur n&apos;a pas été relue.</translation>
     </message>
     <message>
         <source>The LDB has: %1</source>
@@ -2726,12 +2756,12 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Dernière écriture : %1</translation>
     </message>
     <message>
-        <source>Most LDB's have: %1</source>
+        <source>Most LDB&apos;s have: %1</source>
         <translation>La plupart des LDB ont : %1</translation>
     </message>
     <message>
         <source>Factory default: %1</source>
-        <translation>Valeur d'usine : %1</translation>
+        <translation>Valeur d&apos;usine : %1</translation>
     </message>
     <message>
         <source>not connected</source>
@@ -2747,15 +2777,15 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>did not answer</source>
-        <translation>n'a pas répondu</translation>
+        <translation>n&apos;a pas répondu</translation>
     </message>
     <message>
         <source>the connection ended before it was read</source>
-        <translation>la connexion s'est terminée avant la lecture</translation>
+        <translation>la connexion s&apos;est terminée avant la lecture</translation>
     </message>
     <message>
         <source>changed since it was shown: nothing was written</source>
-        <translation>modifié depuis l'affichage : rien n'a été écrit</translation>
+        <translation>modifié depuis l&apos;affichage : rien n&apos;a été écrit</translation>
     </message>
     <message numerus="yes">
         <source>%n to write</source>
@@ -2765,12 +2795,12 @@ L'audio de ce LDB reste coupé.</translation>
         </translation>
     </message>
     <message>
-        <source>"%1" cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
-        <translation>« %1 » ne peut pas être la valeur de %2 du LDB %3. Rien n'a été collé.</translation>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>« %1 » ne peut pas être la valeur de %2 du LDB %3. Rien n&apos;a été collé.</translation>
     </message>
     <message>
         <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
-        <translation>Ce qui doit être collé dépasse le tableau à partir de la cellule sélectionnée. Rien n'a été collé.</translation>
+        <translation>Ce qui doit être collé dépasse le tableau à partir de la cellule sélectionnée. Rien n&apos;a été collé.</translation>
     </message>
     <message>
         <source>The IDs of the file are read as decimal.</source>
@@ -2781,11 +2811,11 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Les ID du fichier sont lus en hexadécimal.</translation>
     </message>
     <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB's, now %2.</source>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
         <translation>Les noms correspondent mieux en hexadécimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
     </message>
     <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB's, now %2.</source>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
         <translation>Les noms correspondent mieux en décimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
     </message>
 </context>
@@ -2823,7 +2853,7 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Tout lire</translation>
     </message>
     <message>
-        <source>Read the settings of all LDB's</source>
+        <source>Read the settings of all LDB&apos;s</source>
         <translation>Lire les paramètres de tous les LDB</translation>
     </message>
     <message>
@@ -2831,7 +2861,7 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Lire la sélection</translation>
     </message>
     <message>
-        <source>Read the LDB's of the selected cells again</source>
+        <source>Read the LDB&apos;s of the selected cells again</source>
         <translation>Relire les LDB des cellules sélectionnées</translation>
     </message>
     <message>
@@ -2840,7 +2870,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>End the reading, or the writing behind the LDB under way</source>
-        <translation>Terminer la lecture, ou l'écriture après le LDB en cours</translation>
+        <translation>Terminer la lecture, ou l&apos;écriture après le LDB en cours</translation>
     </message>
     <message>
         <source>Undo</source>
@@ -2872,14 +2902,14 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Put cells of a spreadsheet in, from the first selected cell on</source>
-        <translation>Insérer des cellules d'un tableur à partir de la première cellule sélectionnée</translation>
+        <translation>Insérer des cellules d&apos;un tableur à partir de la première cellule sélectionnée</translation>
     </message>
     <message>
         <source>Set...</source>
         <translation>Définir...</translation>
     </message>
     <message>
-        <source>Give the selected LDB's one value</source>
+        <source>Give the selected LDB&apos;s one value</source>
         <translation>Donner une même valeur aux LDB sélectionnés</translation>
     </message>
     <message>
@@ -2888,7 +2918,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Take the values of a file as changes</source>
-        <translation>Prendre les valeurs d'un fichier comme modifications</translation>
+        <translation>Prendre les valeurs d&apos;un fichier comme modifications</translation>
     </message>
     <message>
         <source>Export...</source>
@@ -2903,12 +2933,12 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Anciens paramètres...</translation>
     </message>
     <message>
-        <source>Compare with what the LDB's had before, or put it back</source>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
         <translation>Comparer avec ce que les LDB avaient avant, ou le remettre</translation>
     </message>
     <message>
         <source>Go On Writing</source>
-        <translation>Continuer l'écriture</translation>
+        <translation>Continuer l&apos;écriture</translation>
     </message>
     <message>
         <source>Write what was confirmed before the connection ended</source>
@@ -2920,7 +2950,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Show what would be written; nothing is sent before you confirm it</source>
-        <translation>Montrer ce qui serait écrit ; rien n'est envoyé avant votre confirmation</translation>
+        <translation>Montrer ce qui serait écrit ; rien n&apos;est envoyé avant votre confirmation</translation>
     </message>
     <message>
         <source>These are left out:</source>
@@ -2941,7 +2971,7 @@ L'audio de ce LDB reste coupé.</translation>
         </translation>
     </message>
     <message>
-        <source>Settings of all LDB's</source>
+        <source>Settings of all LDB&apos;s</source>
         <translation>Paramètres de tous les LDB</translation>
     </message>
     <message>
@@ -2962,18 +2992,18 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Compare with factory defaults</source>
-        <translation>Comparer aux valeurs d'usine</translation>
+        <translation>Comparer aux valeurs d&apos;usine</translation>
     </message>
     <message>
         <source>Compare with a file...</source>
         <translation>Comparer à un fichier...</translation>
     </message>
     <message>
-        <source>Which LDB's are shown</source>
+        <source>Which LDB&apos;s are shown</source>
         <translation>Quels LDB sont affichés</translation>
     </message>
     <message>
-        <source>All LDB's</source>
+        <source>All LDB&apos;s</source>
         <translation>Tous les LDB</translation>
     </message>
     <message>
@@ -3029,8 +3059,8 @@ L'audio de ce LDB reste coupé.</translation>
         <translation>Importation de %1</translation>
     </message>
     <message>
-        <source>Import of "%1": nothing has been written yet. %2</source>
-        <translation>Importation de « %1 » : rien n'a encore été écrit. %2</translation>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Importation de « %1 » : rien n&apos;a encore été écrit. %2</translation>
     </message>
     <message>
         <source>Read as hexadecimal</source>
@@ -3049,10 +3079,10 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Discard the Import</source>
-        <translation>Abandonner l'importation</translation>
+        <translation>Abandonner l&apos;importation</translation>
     </message>
     <message>
-        <source>Compared with "%1". %2</source>
+        <source>Compared with &quot;%1&quot;. %2</source>
         <translation>Comparé à « %1 ». %2</translation>
     </message>
     <message>
@@ -3065,7 +3095,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>LDB %1 has not been read yet.</source>
-        <translation>Le LDB %1 n'a pas encore été lu.</translation>
+        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
     </message>
     <message>
         <source>LDB %1: what fault finding has changed is being put back.</source>
@@ -3073,11 +3103,11 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Nothing was written, as the former settings could not be kept.</source>
-        <translation>Rien n'a été écrit, car les anciens paramètres n'ont pas pu être conservés.</translation>
+        <translation>Rien n&apos;a été écrit, car les anciens paramètres n&apos;ont pas pu être conservés.</translation>
     </message>
     <message>
-        <source>Nothing was written, as the LDB's cannot be written to now.</source>
-        <translation>Rien n'a été écrit, car il n'est pas possible d'écrire dans les LDB maintenant.</translation>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Rien n&apos;a été écrit, car il n&apos;est pas possible d&apos;écrire dans les LDB maintenant.</translation>
     </message>
     <message>
         <source>Put back</source>
@@ -3116,7 +3146,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Exporting LDB settings failed</source>
-        <translation>Échec de l'exportation des paramètres des LDB</translation>
+        <translation>Échec de l&apos;exportation des paramètres des LDB</translation>
     </message>
     <message>
         <source>Importing LDB settings</source>
@@ -3128,15 +3158,15 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Importing LDB settings failed</source>
-        <translation>Échec de l'importation des paramètres des LDB</translation>
+        <translation>Échec de l&apos;importation des paramètres des LDB</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's are connected</source>
-        <translation>Échec de l'importation des paramètres des LDB, tous les LDB ne sont pas connectés</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB's</source>
-        <translation>Échec de l'importation des paramètres des LDB, des paramètres manquent pour des LDB connectés</translation>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, des paramètres manquent pour des LDB connectés</translation>
     </message>
     <message>
         <source>Information</source>
@@ -3148,27 +3178,27 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>%1!</source>
-        <translation>%1 !</translation>
+        <translation>%1&#xa0;!</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's' are connected!</source>
-        <translation>Échec de l'importation des paramètres des LDB, tous les LDB ne sont pas connectés !</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Échec de l&apos;importation des paramètres des LDB, tous les LDB ne sont pas connectés&#xa0;!</translation>
     </message>
     <message>
         <source>The transfer stops behind the LDB under way.</source>
-        <translation>Le transfert s'arrête après le LDB en cours.</translation>
+        <translation>Le transfert s&apos;arrête après le LDB en cours.</translation>
     </message>
     <message>
         <source>Nothing was imported.</source>
-        <translation>Rien n'a été importé.</translation>
+        <translation>Rien n&apos;a été importé.</translation>
     </message>
     <message>
         <source>Importing LDB settings was stopped.</source>
-        <translation>L'importation des paramètres des LDB a été arrêtée.</translation>
+        <translation>L&apos;importation des paramètres des LDB a été arrêtée.</translation>
     </message>
     <message>
         <source>Exporting LDB settings was stopped.</source>
-        <translation>L'exportation des paramètres des LDB a été arrêtée.</translation>
+        <translation>L&apos;exportation des paramètres des LDB a été arrêtée.</translation>
     </message>
     <message>
         <source>Attention</source>
@@ -3176,15 +3206,15 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>An import is under way. The LDB being written may be left with a part of its settings.</source>
-        <translation>Une importation est en cours. Le LDB en cours d'écriture peut ne recevoir qu'une partie de ses paramètres.</translation>
+        <translation>Une importation est en cours. Le LDB en cours d&apos;écriture peut ne recevoir qu&apos;une partie de ses paramètres.</translation>
     </message>
     <message>
-        <source>An export is under way. LDB's not read yet will be missing in the file.</source>
-        <translation>Une exportation est en cours. Les LDB qui n'ont pas encore été lus manqueront dans le fichier.</translation>
+        <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
+        <translation>Une exportation est en cours. Les LDB qui n&apos;ont pas encore été lus manqueront dans le fichier.</translation>
     </message>
     <message>
         <source>Nothing has been imported yet.</source>
-        <translation>Rien n'a encore été importé.</translation>
+        <translation>Rien n&apos;a encore été importé.</translation>
     </message>
     <message>
         <source>Writing LDB settings</source>
@@ -3218,7 +3248,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Settings are being written. The LDB being written may be left with a part of them.</source>
-        <translation>Des paramètres sont en cours d'écriture. Le LDB en cours peut n'en recevoir qu'une partie.</translation>
+        <translation>Des paramètres sont en cours d&apos;écriture. Le LDB en cours peut n&apos;en recevoir qu&apos;une partie.</translation>
     </message>
 </context>
 <context>
@@ -3229,11 +3259,11 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>the connection ended before it was written</source>
-        <translation>la connexion s'est terminée avant l'écriture</translation>
+        <translation>la connexion s&apos;est terminée avant l&apos;écriture</translation>
     </message>
     <message>
         <source>not written: %1</source>
-        <translation>non écrit : %1</translation>
+        <translation>non écrit&#xa0;: %1</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
@@ -3241,15 +3271,15 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>the connection ended before everything was written</source>
-        <translation>la connexion s'est terminée avant que tout soit écrit</translation>
+        <translation>la connexion s&apos;est terminée avant que tout soit écrit</translation>
     </message>
     <message>
         <source>the settings could not be read again</source>
-        <translation>les réglages n'ont pas pu être relus</translation>
+        <translation>les réglages n&apos;ont pas pu être relus</translation>
     </message>
     <message>
         <source>the LDB reports other values than written: %1</source>
-        <translation>le LDB indique d'autres valeurs que celles écrites : %1</translation>
+        <translation>le LDB indique d&apos;autres valeurs que celles écrites&#xa0;: %1</translation>
     </message>
     <message>
         <source>no answer</source>
@@ -3277,7 +3307,15 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>not written, as somebody else has changed it meanwhile: %1</source>
-        <translation>non écrit, car quelqu’un d’autre l’a modifié entre-temps : %1</translation>
+        <translation>non écrit, car quelqu’un d’autre l’a modifié entre-temps&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the LDB has another name than before</source>
+        <translation>l&apos;LDB a un autre nom qu&apos;avant</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
+        <translation>rien n&apos;a été écrit, car l&apos;LDB s&apos;appelle maintenant « %1 » : c&apos;est peut-être un autre</translation>
     </message>
 </context>
 <context>
@@ -3300,23 +3338,23 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>%1: off</source>
-        <translation>%1 : éteint</translation>
+        <translation>%1&#xa0;: éteint</translation>
     </message>
     <message>
         <source>%1: blinking slowly</source>
-        <translation>%1 : clignotement lent</translation>
+        <translation>%1&#xa0;: clignotement lent</translation>
     </message>
     <message>
         <source>%1: blinking fast</source>
-        <translation>%1 : clignotement rapide</translation>
+        <translation>%1&#xa0;: clignotement rapide</translation>
     </message>
     <message>
         <source>No round over all LDBs has been completed yet.</source>
-        <translation>Aucun cycle complet de tous les LDB n'a encore été effectué.</translation>
+        <translation>Aucun cycle complet de tous les LDB n&apos;a encore été effectué.</translation>
     </message>
     <message>
         <source>No LDB is in service mode.</source>
-        <translation>Aucun LDB n'est en mode maintenance.</translation>
+        <translation>Aucun LDB n&apos;est en mode maintenance.</translation>
     </message>
     <message>
         <source>At least one LDB is in service mode.</source>
@@ -3336,7 +3374,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>No LDB reports a fault of its loop or its amplifier.</source>
-        <translation>Aucun LDB ne signale de défaut de boucle ou d'amplificateur.</translation>
+        <translation>Aucun LDB ne signale de défaut de boucle ou d&apos;amplificateur.</translation>
     </message>
     <message>
         <source>At least one LDB has an open, a short, DC leakage or a disconnected amplifier now.</source>
@@ -3371,7 +3409,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>Nothing has been written yet. To be written: %1 in %2.</source>
-        <translation>Rien n'a encore été écrit. À écrire : %1 dans %2.</translation>
+        <translation>Rien n&apos;a encore été écrit. À écrire : %1 dans %2.</translation>
     </message>
     <message numerus="yes">
         <source>%n change(s)</source>
@@ -3404,7 +3442,7 @@ L'audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>What is not written, and why</source>
-        <translation>Ce qui n'est pas écrit, et pourquoi</translation>
+        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
     </message>
     <message>
         <source>LDB</source>
@@ -3425,109 +3463,6 @@ L'audio de ce LDB reste coupé.</translation>
     <message>
         <source>What is written</source>
         <translation>Ce qui est écrit</translation>
-    </message>
-</context>
-<context>
-    <name>ImportPreview</name>
-    <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adresse %2)</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>rien</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n field(s)</source>
-        <translation>
-            <numerusform>%n champ</numerusform>
-            <numerusform>%n champs</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import Settings</source>
-        <translation>Importer les paramètres</translation>
-    </message>
-    <message>
-        <source>Nothing has been written yet. From "%1": %2 in %3.</source>
-        <translation>Rien n'a encore été écrit. De « %1 » : %2 dans %3.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n modification</numerusform>
-            <numerusform>%n modifications</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>Écrire %n LDB</numerusform>
-            <numerusform>Écrire %n LDB</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>Les ID du fichier sont lus en décimal.</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
-    </message>
-    <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>Les noms correspondent mieux en hexadécimal : alors %1 sont ceux des LDB, maintenant %2.</translation>
-    </message>
-    <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>Les noms correspondent mieux en décimal : alors %1 sont ceux des LDB, maintenant %2.</translation>
-    </message>
-    <message>
-        <source>Read as hexadecimal</source>
-        <translation>Lire en hexadécimal</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Lire en décimal</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Nom dans le LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Nom dans le fichier</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Ce qui change</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Non écrit : %1</translation>
-    </message>
-    <message>
-        <source>LDB's of the file</source>
-        <translation>LDB du fichier</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Ce qui n'est pas écrit, et pourquoi</translation>
     </message>
 </context>
 </TS>

@@ -50,7 +50,7 @@ reset</translation>
     </message>
     <message>
         <source>Reset the FIMs of the ticked LDB</source>
-        <translation>Reset de FIM's van de aangevinkte LDB</translation>
+        <translation>Reset de FIM&apos;s van de aangevinkte LDB</translation>
     </message>
     <message>
         <source>FIM reset of the selected LDB</source>
@@ -92,15 +92,15 @@ modus</translation>
     </message>
     <message>
         <source>Count the FIMs of the ticked LDB and find where its loop is broken</source>
-        <translation>Tel de FIM's van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
+        <translation>Tel de FIM&apos;s van de aangevinkte LDB en zoek waar de lus onderbroken is</translation>
     </message>
     <message>
         <source>FIM tracking of the selected LDB</source>
         <translation>FIM-tracking van de geselecteerde LDB</translation>
     </message>
     <message>
-        <source>All LDB's</source>
-        <translation>Alle LDB's</translation>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
     </message>
     <message>
         <source>FIM
@@ -110,11 +110,11 @@ reset</translation>
     </message>
     <message>
         <source>Reset the FIMs of every LDB on the bus, at once</source>
-        <translation>Reset de FIM's van alle LDB's op de bus tegelijk</translation>
+        <translation>Reset de FIM&apos;s van alle LDB&apos;s op de bus tegelijk</translation>
     </message>
     <message>
-        <source>FIM reset of all LDB's</source>
-        <translation>FIM-reset van alle LDB's</translation>
+        <source>FIM reset of all LDB&apos;s</source>
+        <translation>FIM-reset van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>LDB
@@ -124,11 +124,11 @@ reset</translation>
     </message>
     <message>
         <source>Restart every LDB on the bus, at once</source>
-        <translation>Herstart alle LDB's op de bus tegelijk</translation>
+        <translation>Herstart alle LDB&apos;s op de bus tegelijk</translation>
     </message>
     <message>
-        <source>LDB reset of all LDB's</source>
-        <translation>LDB-reset van alle LDB's</translation>
+        <source>LDB reset of all LDB&apos;s</source>
+        <translation>LDB-reset van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Service
@@ -138,11 +138,11 @@ modus</translation>
     </message>
     <message>
         <source>Put every LDB on the bus into service mode, at once</source>
-        <translation>Zet alle LDB's op de bus tegelijk in servicemodus</translation>
+        <translation>Zet alle LDB&apos;s op de bus tegelijk in servicemodus</translation>
     </message>
     <message>
-        <source>Service mode of all LDB's</source>
-        <translation>Servicemodus van alle LDB's</translation>
+        <source>Service mode of all LDB&apos;s</source>
+        <translation>Servicemodus van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>FIM reset</source>
@@ -161,12 +161,12 @@ modus</translation>
         <translation>Servicemodus</translation>
     </message>
     <message>
-        <source>The connection ended. Not sent to the LDB's: %1.</source>
-        <translation>De verbinding werd beëindigd. Niet naar de LDB's verzonden: %1.</translation>
+        <source>The connection ended. Not sent to the LDB&apos;s: %1.</source>
+        <translation>De verbinding werd beëindigd. Niet naar de LDB&apos;s verzonden: %1.</translation>
     </message>
     <message>
-        <source>Sent to all LDB's: %1.</source>
-        <translation>Naar alle LDB's verzonden: %1.</translation>
+        <source>Sent to all LDB&apos;s: %1.</source>
+        <translation>Naar alle LDB&apos;s verzonden: %1.</translation>
     </message>
     <message>
         <source>The connection ended. Not sent to LDB %1: %2.</source>
@@ -189,32 +189,32 @@ modus</translation>
         <translation>Let op</translation>
     </message>
     <message numerus="yes">
-        <source>Reset the FIM's of all %n LDB(s)?</source>
+        <source>Reset the FIM&apos;s of all %n LDB(s)?</source>
         <translation>
-            <numerusform>De FIM's van %n LDB resetten?</numerusform>
-            <numerusform>De FIM's van alle %n LDB's resetten?</numerusform>
+            <numerusform>De FIM&apos;s van %n LDB resetten?</numerusform>
+            <numerusform>De FIM&apos;s van alle %n LDB&apos;s resetten?</numerusform>
         </translation>
     </message>
     <message>
-        <source>The loops are without sound while their FIM's are reset. Remembered faults are forgotten.</source>
-        <translation>De lussen zijn zonder geluid terwijl hun FIM's worden gereset. Onthouden fouten worden vergeten.</translation>
+        <source>The loops are without sound while their FIM&apos;s are reset. Remembered faults are forgotten.</source>
+        <translation>De lussen zijn zonder geluid terwijl hun FIM&apos;s worden gereset. Onthouden fouten worden vergeten.</translation>
     </message>
     <message numerus="yes">
         <source>Restart all %n LDB(s)?</source>
         <translation>
             <numerusform>%n LDB opnieuw starten?</numerusform>
-            <numerusform>Alle %n LDB's opnieuw starten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s opnieuw starten?</numerusform>
         </translation>
     </message>
     <message>
-        <source>All loops are without sound until their LDB's have booted and measured. Service mode ends.</source>
-        <translation>Alle lussen zijn zonder geluid tot hun LDB's zijn opgestart en hebben gemeten. De servicemodus eindigt.</translation>
+        <source>All loops are without sound until their LDB&apos;s have booted and measured. Service mode ends.</source>
+        <translation>Alle lussen zijn zonder geluid tot hun LDB&apos;s zijn opgestart en hebben gemeten. De servicemodus eindigt.</translation>
     </message>
     <message numerus="yes">
         <source>Put all %n LDB(s) into service mode?</source>
         <translation>
             <numerusform>%n LDB in servicemodus zetten?</numerusform>
-            <numerusform>Alle %n LDB's in servicemodus zetten?</numerusform>
+            <numerusform>Alle %n LDB&apos;s in servicemodus zetten?</numerusform>
         </translation>
     </message>
     <message>
@@ -250,16 +250,16 @@ modus</translation>
         <translation>Antwoorden nu niet: %1.</translation>
     </message>
     <message>
-        <source>In service mode: %1 of %2 LDB's.</source>
-        <translation>In servicemodus: %1 van %2 LDB's.</translation>
+        <source>In service mode: %1 of %2 LDB&apos;s.</source>
+        <translation>In servicemodus: %1 van %2 LDB&apos;s.</translation>
     </message>
     <message>
-        <source>Seen in a FIM reset: %1 of %2 LDB's.</source>
-        <translation>Gezien in een FIM-reset: %1 van %2 LDB's.</translation>
+        <source>Seen in a FIM reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Gezien in een FIM-reset: %1 van %2 LDB&apos;s.</translation>
     </message>
     <message>
-        <source>Answered since the LDB reset: %1 of %2 LDB's.</source>
-        <translation>Geantwoord sinds de LDB-reset: %1 van %2 LDB's.</translation>
+        <source>Answered since the LDB reset: %1 of %2 LDB&apos;s.</source>
+        <translation>Geantwoord sinds de LDB-reset: %1 van %2 LDB&apos;s.</translation>
     </message>
 </context>
 <context>
@@ -364,7 +364,7 @@ modus</translation>
     </message>
     <message>
         <source>Dismiss all lost LDBs</source>
-        <translation>Alle verloren LDB's verwijderen</translation>
+        <translation>Alle verloren LDB&apos;s verwijderen</translation>
     </message>
 </context>
 <context>
@@ -381,16 +381,16 @@ modus</translation>
         <translation>Het is niet duidelijk welke velden bij de naam horen</translation>
     </message>
     <message>
-        <source>"%1" is neither 0 nor 1</source>
-        <translation>"%1" is geen 0 en geen 1</translation>
+        <source>&quot;%1&quot; is neither 0 nor 1</source>
+        <translation>&quot;%1&quot; is geen 0 en geen 1</translation>
     </message>
     <message>
-        <source>"%1" is no number from 0 to %2</source>
-        <translation>"%1" is geen getal van 0 tot en met %2</translation>
+        <source>&quot;%1&quot; is no number from 0 to %2</source>
+        <translation>&quot;%1&quot; is geen getal van 0 tot en met %2</translation>
     </message>
     <message>
-        <source>"%1" is 1, but "%2" is 0</source>
-        <translation>"%1" is 1, maar "%2" is 0</translation>
+        <source>&quot;%1&quot; is 1, but &quot;%2&quot; is 0</source>
+        <translation>&quot;%1&quot; is 1, maar &quot;%2&quot; is 0</translation>
     </message>
     <message>
         <source>The name stands in quotation marks</source>
@@ -448,8 +448,8 @@ modus</translation>
         <translation>Versterkerdetectie</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
-        <translation>Aantal FIM's</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
     </message>
     <message>
         <source>Firmware Id</source>
@@ -647,8 +647,8 @@ modus</translation>
     <message numerus="yes">
         <source>Total FIM Count: %n</source>
         <translation>
-            <numerusform>Totaal aantal FIM's: %n</numerusform>
-            <numerusform>Totaal aantal FIM's: %n</numerusform>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
+            <numerusform>Totaal aantal FIM&apos;s: %n</numerusform>
         </translation>
     </message>
     <message>
@@ -837,7 +837,7 @@ Weet u zeker dat u dit wilt doen?</translation>
     </message>
     <message>
         <source>FIM count %1</source>
-        <translation>Aantal FIM's %1</translation>
+        <translation>Aantal FIM&apos;s %1</translation>
     </message>
     <message>
         <source>FIM tracking report</source>
@@ -864,8 +864,8 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>Resultaat: %1</translation>
     </message>
     <message>
-        <source>Writes the FIM's counted as the number of FIM's into the LDB</source>
-        <translation>Schrijft de getelde FIM's als aantal FIM's in de LDB</translation>
+        <source>Writes the FIM&apos;s counted as the number of FIM&apos;s into the LDB</source>
+        <translation>Schrijft de getelde FIM&apos;s als aantal FIM&apos;s in de LDB</translation>
     </message>
     <message>
         <source>&amp;Take Over</source>
@@ -880,16 +880,16 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>De instellingen van de LDB worden gelezen, om ze te bewaren</translation>
     </message>
     <message>
-        <source>Writing the number of FIM's</source>
-        <translation>Het aantal FIM's wordt geschreven</translation>
+        <source>Writing the number of FIM&apos;s</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven</translation>
     </message>
     <message>
-        <source>The number of FIM's in the LDB is now %1.</source>
-        <translation>Het aantal FIM's in de LDB is nu %1.</translation>
+        <source>The number of FIM&apos;s in the LDB is now %1.</source>
+        <translation>Het aantal FIM&apos;s in de LDB is nu %1.</translation>
     </message>
     <message>
-        <source>The number of FIM's: %1</source>
-        <translation>Het aantal FIM's: %1</translation>
+        <source>The number of FIM&apos;s: %1</source>
+        <translation>Het aantal FIM&apos;s: %1</translation>
     </message>
     <message>
         <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
@@ -914,16 +914,16 @@ If the program or the computer stops during the run, the settings of the LDB are
 Als het programma of de computer tijdens de meting stopt, zijn de instellingen van de LDB verloren, en blijft zij gedempt.</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: %2</source>
-        <translation>FIM's geteld: %1   ingesteld: %2</translation>
+        <source>FIM&apos;s counted: %1   configured: %2</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: %2</translation>
     </message>
     <message>
-        <source>FIM's counted: %1   configured: not known</source>
-        <translation>FIM's geteld: %1   ingesteld: niet bekend</translation>
+        <source>FIM&apos;s counted: %1   configured: not known</source>
+        <translation>FIM&apos;s geteld: %1   ingesteld: niet bekend</translation>
     </message>
-<message>
-        <source>The number of FIM's is being written.</source>
-        <translation>Het aantal FIM's wordt geschreven.</translation>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven.</translation>
     </message>
     <message>
         <source>There is no report before a run has come to its end.</source>
@@ -956,7 +956,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>%n LDB(s)</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -984,8 +984,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Aanleiding</translation>
     </message>
     <message>
-        <source>LDB's</source>
-        <translation>LDB's</translation>
+        <source>LDB&apos;s</source>
+        <translation>LDB&apos;s</translation>
     </message>
     <message>
         <source>Kept in %1</source>
@@ -1025,8 +1025,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Er wordt niets bewaakt: klik eerst op Start.</translation>
     </message>
     <message>
-        <source>The bus is being scanned: wait until all LDB's are found.</source>
-        <translation>De bus wordt doorzocht: wacht tot alle LDB's zijn gevonden.</translation>
+        <source>The bus is being scanned: wait until all LDB&apos;s are found.</source>
+        <translation>De bus wordt doorzocht: wacht tot alle LDB&apos;s zijn gevonden.</translation>
     </message>
     <message>
         <source>No LDB is selected.</source>
@@ -1056,7 +1056,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>It is not certain yet which installation answers.</source>
         <translation>Het is nog niet zeker welke installatie antwoordt.</translation>
     </message>
-<message>
+    <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Er wordt naar fouten gezocht: wacht tot het klaar is, of stop het.</translation>
     </message>
@@ -1074,7 +1074,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Done: %1 of %n LDB(s)</source>
         <translation>
             <numerusform>Klaar: %1 van %n LDB</numerusform>
-            <numerusform>Klaar: %1 van %n LDB's</numerusform>
+            <numerusform>Klaar: %1 van %n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -1112,12 +1112,12 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>De verbinding met %1 is terug.</translation>
     </message>
     <message>
-        <source>What answers at %1 is not the installation "%2": its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
-        <translation>Wat aan %1 antwoordt, is niet de installatie "%2": haar LDB's zwijgen of hebben andere namen. Welke installatie is het? Zolang u dat niet hebt gezegd, wordt niets naar de LDB's geschreven.</translation>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Wat aan %1 antwoordt, is niet de installatie &quot;%2&quot;: haar LDB&apos;s zwijgen of hebben andere namen. Welke installatie is het? Zolang u dat niet hebt gezegd, wordt niets naar de LDB&apos;s geschreven.</translation>
     </message>
     <message>
-        <source>What answers at %1 has the LDBs of the installation "%2". Is it that one?</source>
-        <translation>Wat aan %1 antwoordt, heeft de LDB's van de installatie "%2". Is het die?</translation>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Wat aan %1 antwoordt, heeft de LDB&apos;s van de installatie &quot;%2&quot;. Is het die?</translation>
     </message>
     <message>
         <source>Which port?</source>
@@ -1145,8 +1145,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message numerus="yes">
         <source>LDBs remembered: %n</source>
         <translation>
-            <numerusform>Onthouden LDB's: %n</numerusform>
-            <numerusform>Onthouden LDB's: %n</numerusform>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
         </translation>
     </message>
     <message>
@@ -1183,7 +1183,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs remembered</source>
-        <translation>Onthouden LDB's</translation>
+        <translation>Onthouden LDB&apos;s</translation>
     </message>
     <message>
         <source>Forget LDB</source>
@@ -1191,7 +1191,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Take the selected LDBs out of what is remembered; one that answers is remembered again</source>
-        <translation>Haal de geselecteerde LDB's uit wat onthouden is; een die antwoordt, wordt weer onthouden</translation>
+        <translation>Haal de geselecteerde LDB&apos;s uit wat onthouden is; een die antwoordt, wordt weer onthouden</translation>
     </message>
     <message>
         <source>New</source>
@@ -1206,7 +1206,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Importeren...</translation>
     </message>
     <message>
-        <source>Take an installation from a colleague's file</source>
+        <source>Take an installation from a colleague&apos;s file</source>
         <translation>Neem een installatie uit het bestand van een collega over</translation>
     </message>
     <message>
@@ -1236,7 +1236,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>%n LDBs</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -1289,6 +1289,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The file %1 cannot be written: %2.</source>
         <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
     </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Het bestand %1 kan niet worden gelezen: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. A copy of it is %2.</source>
+        <translation>Het bestand %1 is beschadigd. Een kopie ervan is %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Het bestand %1 kan niet worden gelezen.</translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>
@@ -1327,8 +1339,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Naam</translation>
     </message>
     <message>
-        <source>Number of FIM's</source>
-        <translation>Aantal FIM's</translation>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
     </message>
     <message>
         <source>Open Detection Delay</source>
@@ -1370,8 +1382,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>&amp;Naam:</translation>
     </message>
     <message>
-        <source>Nu&amp;mber of FIM's:</source>
-        <translation>Aantal FI&amp;M's:</translation>
+        <source>Nu&amp;mber of FIM&apos;s:</source>
+        <translation>Aantal FI&amp;M&apos;s:</translation>
     </message>
     <message>
         <source>Enable Open Detection</source>
@@ -1710,8 +1722,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>LDB %1 (adres %2): %3</translation>
     </message>
     <message>
-        <source>No LDB's are connected.</source>
-        <translation>Er zijn geen LDB's verbonden.</translation>
+        <source>No LDB&apos;s are connected.</source>
+        <translation>Er zijn geen LDB&apos;s verbonden.</translation>
     </message>
     <message>
         <source>The file cannot be opened: %1</source>
@@ -1796,6 +1808,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Fault finding is under way. The loop may be left without sound.</source>
         <translation>Er wordt naar fouten gezocht. De lus kan zonder geluid achterblijven.</translation>
     </message>
+    <message>
+        <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
+        <translation>Wat LDB %1 vóór het foutzoeken had, wordt teruggezet. De lus kan zonder geluid blijven.</translation>
+    </message>
 </context>
 <context>
     <name>LeaveQuestion</name>
@@ -1834,8 +1850,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Een ander programma gebruikt deze poort.</translation>
     </message>
     <message>
-        <source>To use this port, you must be in the group "%1"; a new membership counts from the next login.</source>
-        <translation>Om deze poort te gebruiken moet u lid zijn van de groep "%1"; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
+        <source>To use this port, you must be in the group &quot;%1&quot;; a new membership counts from the next login.</source>
+        <translation>Om deze poort te gebruiken moet u lid zijn van de groep &quot;%1&quot;; een nieuw lidmaatschap geldt vanaf de volgende aanmelding.</translation>
     </message>
     <message>
         <source>The LDB with ID: %1 is disconnected!</source>
@@ -1881,7 +1897,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
         <translation>De verbinding met poort %1 brak af. Controleer de adapter en zijn kabel.</translation>
     </message>
-<message>
+    <message>
         <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
         <translation>Er is geen seriële poort gekozen. Kies er een in het instellingenvenster: de knop met het tandwiel, linksboven.</translation>
     </message>
@@ -1922,7 +1938,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Log all LDBs</source>
-        <translation>Alle LDB's loggen</translation>
+        <translation>Alle LDB&apos;s loggen</translation>
     </message>
     <message>
         <source>&amp;All</source>
@@ -1976,7 +1992,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>No record came from %1 to %2.</source>
         <translation>Van %1 tot %2 kwam er niets binnen.</translation>
     </message>
-<message>
+    <message>
         <source>A log is being written: stop it first.</source>
         <translation>Er wordt een logbestand geschreven: stop dat eerst.</translation>
     </message>
@@ -2001,7 +2017,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Search the bus for LDBs again</source>
-        <translation>Doorzoek de bus opnieuw naar LDB's</translation>
+        <translation>Doorzoek de bus opnieuw naar LDB&apos;s</translation>
     </message>
     <message>
         <source>&amp;Reload Devices</source>
@@ -2009,7 +2025,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Write the settings of all LDBs to a file</source>
-        <translation>Schrijf de instellingen van alle LDB's naar een bestand</translation>
+        <translation>Schrijf de instellingen van alle LDB&apos;s naar een bestand</translation>
     </message>
     <message>
         <source>&amp;Export Settings</source>
@@ -2017,7 +2033,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Write the settings in a file to the LDBs</source>
-        <translation>Schrijf de instellingen uit een bestand naar de LDB's</translation>
+        <translation>Schrijf de instellingen uit een bestand naar de LDB&apos;s</translation>
     </message>
     <message>
         <source>&amp;Import Settings</source>
@@ -2037,7 +2053,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs with a loop or amplifier fault</source>
-        <translation>LDB's met een lus- of versterkerfout</translation>
+        <translation>LDB&apos;s met een lus- of versterkerfout</translation>
     </message>
     <message>
         <source>SERVICE MODE</source>
@@ -2049,7 +2065,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs in service mode</source>
-        <translation>LDB's in servicemodus</translation>
+        <translation>LDB&apos;s in servicemodus</translation>
     </message>
     <message>
         <source>EARTH FAULT</source>
@@ -2061,7 +2077,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs with an earth fault</source>
-        <translation>LDB's met een aardfout</translation>
+        <translation>LDB&apos;s met een aardfout</translation>
     </message>
     <message>
         <source>SETTIN&amp;GS</source>
@@ -2069,7 +2085,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs whose settings need a check</source>
-        <translation>LDB's waarvan de instellingen gecontroleerd moeten worden</translation>
+        <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden</translation>
     </message>
     <message>
         <source>L&amp;DB Settings</source>
@@ -2085,7 +2101,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Overview of all LDBs</source>
-        <translation>Overzicht van alle LDB's</translation>
+        <translation>Overzicht van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Plot</source>
@@ -2112,10 +2128,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Uitzoomen</translation>
     </message>
     <message numerus="yes">
-        <source>Available LDB's: %n.</source>
+        <source>Available LDB&apos;s: %n.</source>
         <translation>
-            <numerusform>Beschikbare LDB's: %n.</numerusform>
-            <numerusform>Beschikbare LDB's: %n.</numerusform>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
+            <numerusform>Beschikbare LDB&apos;s: %n.</numerusform>
         </translation>
     </message>
     <message>
@@ -2131,8 +2147,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Seriële opdrachten in wachtrij: </translation>
     </message>
     <message>
-        <source>Scanning for connected LDB's...  LDB's Checked %1, LDB's Found %2</source>
-        <translation>Zoeken naar verbonden LDB's...  LDB's gecontroleerd %1, LDB's gevonden %2</translation>
+        <source>Scanning for connected LDB&apos;s...  LDB&apos;s Checked %1, LDB&apos;s Found %2</source>
+        <translation>Zoeken naar verbonden LDB&apos;s...  LDB&apos;s gecontroleerd %1, LDB&apos;s gevonden %2</translation>
     </message>
     <message>
         <source>Progress</source>
@@ -2160,19 +2176,19 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>LDBs that are lost, in fault, or whose factory reset has failed</source>
-        <translation>LDB's die verloren of in storing zijn, of waarvan de fabrieksreset is mislukt</translation>
+        <translation>LDB&apos;s die verloren of in storing zijn, of waarvan de fabrieksreset is mislukt</translation>
     </message>
     <message>
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 van %2 antwoorden, %3 verloren.</translation>
     </message>
     <message>
-        <source>Settings of all LDB's</source>
-        <translation>Instellingen van alle LDB's</translation>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Show, compare and change the settings of all LDBs in a table</source>
-        <translation>Toon, vergelijk en wijzig de instellingen van alle LDB's in een tabel</translation>
+        <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
     </message>
     <message>
         <source>Table...</source>
@@ -2252,11 +2268,11 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <name>MonitoringStrip</name>
     <message>
         <source>Dismiss Lost LDBs</source>
-        <translation>Verloren LDB's verwijderen</translation>
+        <translation>Verloren LDB&apos;s verwijderen</translation>
     </message>
     <message>
         <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
-        <translation>Haal de verloren LDB's uit de lijst; een scan die er een vindt, brengt die terug</translation>
+        <translation>Haal de verloren LDB&apos;s uit de lijst; een scan die er een vindt, brengt die terug</translation>
     </message>
     <message>
         <source>Only LDB %1 is polled.</source>
@@ -2266,12 +2282,12 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Monitored: %n LDBs answer.</source>
         <translation>
             <numerusform>Bewaakt: %n LDB antwoordt.</numerusform>
-            <numerusform>Bewaakt: %n LDB's antwoorden.</numerusform>
+            <numerusform>Bewaakt: %n LDB&apos;s antwoorden.</numerusform>
         </translation>
     </message>
     <message>
         <source>Monitored: %1 of %2 LDBs answer, %3 lost.</source>
-        <translation>Bewaakt: %1 van %2 LDB's antwoorden, %3 verloren.</translation>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren.</translation>
     </message>
     <message>
         <source>Not monitored: click Start.</source>
@@ -2323,9 +2339,9 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
-        <translation>Bewaakt: %1 van %2 LDB's antwoorden, %3 verloren, %4 nog niet gehoord.</translation>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren, %4 nog niet gehoord.</translation>
     </message>
-<message>
+    <message>
         <source>no serial port is chosen</source>
         <translation>er is geen seriële poort gekozen</translation>
     </message>
@@ -2356,7 +2372,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Show only LDBs with these words in their id, name, mode or conditions. Esc shows all again.</source>
-        <translation>Alleen LDB's tonen met deze woorden in hun id, naam, modus of toestanden. Esc toont alle weer.</translation>
+        <translation>Alleen LDB&apos;s tonen met deze woorden in hun id, naam, modus of toestanden. Esc toont alle weer.</translation>
     </message>
     <message>
         <source>Filter of the overview</source>
@@ -2368,7 +2384,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Show only LDBs that are lost, in fault, or named behind one of the lamps</source>
-        <translation>Alleen LDB's tonen die verloren zijn, in fout zijn of achter een van de lampen genoemd worden</translation>
+        <translation>Alleen LDB&apos;s tonen die verloren zijn, in fout zijn of achter een van de lampen genoemd worden</translation>
     </message>
     <message>
         <source>Faults first</source>
@@ -2376,15 +2392,15 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Lost and faulty LDBs stand at the top, whatever is sorted by</source>
-        <translation>Verloren en foute LDB's staan bovenaan, waarop ook gesorteerd wordt</translation>
+        <translation>Verloren en foute LDB&apos;s staan bovenaan, waarop ook gesorteerd wordt</translation>
     </message>
     <message>
         <source>LDBs that are shown, of all. The selected one is always shown.</source>
-        <translation>LDB's die getoond worden, van alle. De geselecteerde wordt altijd getoond.</translation>
+        <translation>LDB&apos;s die getoond worden, van alle. De geselecteerde wordt altijd getoond.</translation>
     </message>
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
-        <translation>Het filter verbergt LDB's die verloren of fout zijn: klik om alle te tonen</translation>
+        <translation>Het filter verbergt LDB&apos;s die verloren of fout zijn: klik om alle te tonen</translation>
     </message>
 </context>
 <context>
@@ -2562,6 +2578,20 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>What was put back into LDB %1 will be put back again: %2</source>
         <translation>Wat in LDB %1 is teruggezet, wordt opnieuw teruggezet: %2</translation>
     </message>
+    <message>
+        <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
+        <translation>Wat van LDB&apos;s vóór het foutzoeken is bewaard, kan niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>%1
+An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
+        <translation>%1
+Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardinstellingen hebben.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: LDB %1 is now called %2.</source>
+        <translation>Er is niets hersteld: LDB %1 heet nu %2.</translation>
+    </message>
 </context>
 <context>
     <name>SerialLink</name>
@@ -2576,7 +2606,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>Set for %n LDB(s)</source>
         <translation>
             <numerusform>Instellen voor %n LDB</numerusform>
-            <numerusform>Instellen voor %n LDB's</numerusform>
+            <numerusform>Instellen voor %n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -2668,15 +2698,15 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Begin with the LDBs that are remembered; without it, each start scans the whole bus</source>
-        <translation>Begin met de LDB's die onthouden zijn; zonder dit zoekt elke start de hele bus af</translation>
+        <translation>Begin met de LDB&apos;s die onthouden zijn; zonder dit zoekt elke start de hele bus af</translation>
     </message>
     <message>
         <source>Start with the LDBs &amp;remembered</source>
-        <translation>Starten &amp;met de onthouden LDB's</translation>
+        <translation>Starten &amp;met de onthouden LDB&apos;s</translation>
     </message>
     <message>
         <source>Name, place, notes and LDBs of the installations that are remembered</source>
-        <translation>Naam, plaats, notities en LDB's van de onthouden installaties</translation>
+        <translation>Naam, plaats, notities en LDB&apos;s van de onthouden installaties</translation>
     </message>
     <message>
         <source>&amp;Installation...</source>
@@ -2726,8 +2756,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Laatste keer schrijven: %1</translation>
     </message>
     <message>
-        <source>Most LDB's have: %1</source>
-        <translation>De meeste LDB's hebben: %1</translation>
+        <source>Most LDB&apos;s have: %1</source>
+        <translation>De meeste LDB&apos;s hebben: %1</translation>
     </message>
     <message>
         <source>Factory default: %1</source>
@@ -2765,8 +2795,8 @@ De audio van deze LDB blijft gedempt.</translation>
         </translation>
     </message>
     <message>
-        <source>"%1" cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
-        <translation>"%1" kan niet de waarde van %2 van LDB %3 zijn. Er is niets geplakt.</translation>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>&quot;%1&quot; kan niet de waarde van %2 van LDB %3 zijn. Er is niets geplakt.</translation>
     </message>
     <message>
         <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
@@ -2774,19 +2804,19 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>The IDs of the file are read as decimal.</source>
-        <translation>De ID's van het bestand worden als decimaal gelezen.</translation>
+        <translation>De ID&apos;s van het bestand worden als decimaal gelezen.</translation>
     </message>
     <message>
         <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>De ID's van het bestand worden als hexadecimaal gelezen.</translation>
+        <translation>De ID&apos;s van het bestand worden als hexadecimaal gelezen.</translation>
     </message>
     <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen beter als hexadecimaal: dan zijn er %1 die van de LDB's, nu %2.</translation>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als hexadecimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
     </message>
     <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen beter als decimaal: dan zijn er %1 die van de LDB's, nu %2.</translation>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als decimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
     </message>
 </context>
 <context>
@@ -2823,16 +2853,16 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Alles lezen</translation>
     </message>
     <message>
-        <source>Read the settings of all LDB's</source>
-        <translation>Lees de instellingen van alle LDB's</translation>
+        <source>Read the settings of all LDB&apos;s</source>
+        <translation>Lees de instellingen van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Read Selected</source>
         <translation>Selectie lezen</translation>
     </message>
     <message>
-        <source>Read the LDB's of the selected cells again</source>
-        <translation>Lees de LDB's van de geselecteerde cellen opnieuw</translation>
+        <source>Read the LDB&apos;s of the selected cells again</source>
+        <translation>Lees de LDB&apos;s van de geselecteerde cellen opnieuw</translation>
     </message>
     <message>
         <source>Stop</source>
@@ -2879,8 +2909,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Instellen...</translation>
     </message>
     <message>
-        <source>Give the selected LDB's one value</source>
-        <translation>Geef de geselecteerde LDB's één waarde</translation>
+        <source>Give the selected LDB&apos;s one value</source>
+        <translation>Geef de geselecteerde LDB&apos;s één waarde</translation>
     </message>
     <message>
         <source>Import...</source>
@@ -2903,8 +2933,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Vroegere instellingen...</translation>
     </message>
     <message>
-        <source>Compare with what the LDB's had before, or put it back</source>
-        <translation>Vergelijk met wat de LDB's eerder hadden, of zet dat terug</translation>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
+        <translation>Vergelijk met wat de LDB&apos;s eerder hadden, of zet dat terug</translation>
     </message>
     <message>
         <source>Go On Writing</source>
@@ -2930,7 +2960,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>%n LDB(s)</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -2941,8 +2971,8 @@ De audio van deze LDB blijft gedempt.</translation>
         </translation>
     </message>
     <message>
-        <source>Settings of all LDB's</source>
-        <translation>Instellingen van alle LDB's</translation>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Tools</source>
@@ -2969,12 +2999,12 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Vergelijken met een bestand...</translation>
     </message>
     <message>
-        <source>Which LDB's are shown</source>
-        <translation>Welke LDB's worden getoond</translation>
+        <source>Which LDB&apos;s are shown</source>
+        <translation>Welke LDB&apos;s worden getoond</translation>
     </message>
     <message>
-        <source>All LDB's</source>
-        <translation>Alle LDB's</translation>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
     </message>
     <message>
         <source>Only differing</source>
@@ -3029,8 +3059,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Import van %1</translation>
     </message>
     <message>
-        <source>Import of "%1": nothing has been written yet. %2</source>
-        <translation>Import van "%1": er is nog niets geschreven. %2</translation>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Import van &quot;%1&quot;: er is nog niets geschreven. %2</translation>
     </message>
     <message>
         <source>Read as hexadecimal</source>
@@ -3052,8 +3082,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Import weggooien</translation>
     </message>
     <message>
-        <source>Compared with "%1". %2</source>
-        <translation>Vergeleken met "%1". %2</translation>
+        <source>Compared with &quot;%1&quot;. %2</source>
+        <translation>Vergeleken met &quot;%1&quot;. %2</translation>
     </message>
     <message>
         <source>Compared with: %1</source>
@@ -3076,8 +3106,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Er is niets geschreven, omdat de vroegere instellingen niet konden worden bewaard.</translation>
     </message>
     <message>
-        <source>Nothing was written, as the LDB's cannot be written to now.</source>
-        <translation>Er is niets geschreven, omdat er nu niet naar de LDB's kan worden geschreven.</translation>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Er is niets geschreven, omdat er nu niet naar de LDB&apos;s kan worden geschreven.</translation>
     </message>
     <message>
         <source>Put back</source>
@@ -3131,12 +3161,12 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Importeren van LDB-instellingen mislukt</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's are connected</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB's zijn verbonden</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s are connected</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, settings are missing for connected LDB's</source>
-        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB's ontbreken</translation>
+        <source>Importing LDB settings failed, settings are missing for connected LDB&apos;s</source>
+        <translation>Importeren van LDB-instellingen mislukt, instellingen van verbonden LDB&apos;s ontbreken</translation>
     </message>
     <message>
         <source>Information</source>
@@ -3151,8 +3181,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>%1!</translation>
     </message>
     <message>
-        <source>Importing LDB settings failed, not all LDB's' are connected!</source>
-        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB's zijn verbonden!</translation>
+        <source>Importing LDB settings failed, not all LDB&apos;s&apos; are connected!</source>
+        <translation>Importeren van LDB-instellingen mislukt, niet alle LDB&apos;s zijn verbonden!</translation>
     </message>
     <message>
         <source>The transfer stops behind the LDB under way.</source>
@@ -3179,8 +3209,8 @@ De audio van deze LDB blijft gedempt.</translation>
         <translation>Er is een import bezig. De LDB die wordt geschreven kan met een deel van haar instellingen achterblijven.</translation>
     </message>
     <message>
-        <source>An export is under way. LDB's not read yet will be missing in the file.</source>
-        <translation>Er is een export bezig. LDB's die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
+        <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
+        <translation>Er is een export bezig. LDB&apos;s die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
     </message>
     <message>
         <source>Nothing has been imported yet.</source>
@@ -3198,7 +3228,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>The settings of %n LDB(s) are written.</source>
         <translation>
             <numerusform>De instellingen van %n LDB zijn geschreven.</numerusform>
-            <numerusform>De instellingen van %n LDB's zijn geschreven.</numerusform>
+            <numerusform>De instellingen van %n LDB&apos;s zijn geschreven.</numerusform>
         </translation>
     </message>
     <message>
@@ -3209,7 +3239,7 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>Written: %n LDB(s)</source>
         <translation>
             <numerusform>Geschreven: %n LDB</numerusform>
-            <numerusform>Geschreven: %n LDB's</numerusform>
+            <numerusform>Geschreven: %n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message>
@@ -3279,6 +3309,14 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>not written, as somebody else has changed it meanwhile: %1</source>
         <translation>niet geschreven, omdat iemand anders het intussen heeft gewijzigd: %1</translation>
     </message>
+    <message>
+        <source>the LDB has another name than before</source>
+        <translation>de LDB heeft een andere naam dan voorheen</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
+        <translation>er is niets geschreven, omdat de LDB nu &quot;%1&quot; heet: het kan een andere zijn</translation>
+    </message>
 </context>
 <context>
     <name>StatusIndicators</name>
@@ -3312,7 +3350,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>No round over all LDBs has been completed yet.</source>
-        <translation>Er is nog geen volledige ronde langs alle LDB's geweest.</translation>
+        <translation>Er is nog geen volledige ronde langs alle LDB&apos;s geweest.</translation>
     </message>
     <message>
         <source>No LDB is in service mode.</source>
@@ -3360,7 +3398,7 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>Not all LDBs are monitored.</source>
-        <translation>Niet alle LDB's worden bewaakt.</translation>
+        <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
     </message>
 </context>
 <context>
@@ -3384,14 +3422,14 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>%n LDB(s)</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Write %n LDB(s)</source>
         <translation>
             <numerusform>%n LDB schrijven</numerusform>
-            <numerusform>%n LDB's schrijven</numerusform>
+            <numerusform>%n LDB&apos;s schrijven</numerusform>
         </translation>
     </message>
     <message>
@@ -3425,109 +3463,6 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>What is written</source>
         <translation>Wat wordt geschreven</translation>
-    </message>
-</context>
-<context>
-    <name>ImportPreview</name>
-    <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adres %2)</translation>
-    </message>
-    <message>
-        <source>nothing</source>
-        <translation>niets</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n field(s)</source>
-        <translation>
-            <numerusform>%n veld</numerusform>
-            <numerusform>%n velden</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Import Settings</source>
-        <translation>Instellingen importeren</translation>
-    </message>
-    <message>
-        <source>Nothing has been written yet. From "%1": %2 in %3.</source>
-        <translation>Er is nog niets geschreven. Uit "%1": %2 in %3.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n wijziging</numerusform>
-            <numerusform>%n wijzigingen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB's</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB schrijven</numerusform>
-            <numerusform>%n LDB's schrijven</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuleren</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>De ID's van het bestand worden decimaal gelezen.</translation>
-    </message>
-    <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>De ID's van het bestand worden hexadecimaal gelezen.</translation>
-    </message>
-    <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB's, nu %2.</translation>
-    </message>
-    <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB's, now %2.</source>
-        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB's, nu %2.</translation>
-    </message>
-    <message>
-        <source>Read as hexadecimal</source>
-        <translation>Hexadecimaal lezen</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Decimaal lezen</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Naam in de LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Naam in het bestand</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Wat verandert</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Niet geschreven: %1</translation>
-    </message>
-    <message>
-        <source>LDB's of the file</source>
-        <translation>LDB's van het bestand</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Wat niet wordt geschreven, en waarom</translation>
     </message>
 </context>
 </TS>

@@ -271,12 +271,11 @@ void InstallationControl::processRecord(const QString& hexId, const QList<QStrin
     if (!isSettled() || m_check.remembered() > 0) {
         return; // it may be another bus: nothing of it is remembered
     }
-    if (m_current.remember({hexId, name})) {
+    if (m_current.remember({hexId, name.isNull() ? QStringLiteral("") : name})) {
         m_saving.start(kSaveAfter);
         emit changed();
     }
-    if (m_isNew && !m_isCompared && m_hasScanned &&
-        static_cast<int>(m_current.ldbs.size()) >= m_link->connectedLdbs().size()) {
+    if (m_isNew && !m_isCompared && m_hasScanned && namedLdbs() >= m_link->connectedLdbs().size()) {
         recognise();
     }
 }
@@ -290,7 +289,29 @@ void InstallationControl::processScanEnd()
                       [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
     if (m_state == State::Checking) {
         processProbed(static_cast<int>(answered));
+    } else if (isSettled() && m_check.remembered() == 0) {
+        rememberFound(known);
     }
+}
+
+/// Also those that have not told their names: one that is silent at the next start would else make
+/// a small site look like another one.
+void InstallationControl::rememberFound(const QStringList& hexIds)
+{
+    for (const QString& hexId : hexIds) {
+        const bool isKnown = std::any_of(m_current.ldbs.begin(), m_current.ldbs.end(),
+                                         [&](const KnownLdb& ldb) { return ldb.hexId == hexId; });
+        if (!isKnown) {
+            m_current.remember({hexId, QString()});
+            m_saving.start(kSaveAfter);
+        }
+    }
+}
+
+int InstallationControl::namedLdbs() const
+{
+    return static_cast<int>(std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
+                                          [](const KnownLdb& ldb) { return !ldb.name.isNull(); }));
 }
 
 void InstallationControl::processProbed(int answered)
@@ -350,7 +371,9 @@ void InstallationControl::recognise()
     for (const Installation& installation : installations) {
         SiteCheck check(installation.ldbs);
         for (const KnownLdb& ldb : m_current.ldbs) {
-            check.processName(ldb.hexId, ldb.name);
+            if (!ldb.name.isNull()) {
+                check.processName(ldb.hexId, ldb.name);
+            }
         }
         if (installation.id != m_current.id && check.agreeing() > most &&
             check.lastVerdict() == SiteCheck::Verdict::Same) {

@@ -87,6 +87,8 @@ private:
     void processExchange(const Exchange& exchange);
     void processRecord(const QString& hexId, const QList<QStringList>& rows);
     void processScanEnd();
+    void rememberFound(const QStringList& hexIds);
+    int namedLdbs() const;
     void processProbed(int answered);
     void processStop();
     void decide(SiteCheck::Verdict verdict);

@@ -28,7 +28,7 @@ void SiteCheck::processName(const QString& hexId, const QString& name)
         return;
     }
     m_told.insert(hexId);
-    if (*remembered == name) {
+    if (*remembered == name || remembered->isNull()) {
         m_differing.remove(hexId);
     } else {
         m_differing.insert(hexId);

@@ -262,6 +262,7 @@ private slots:
 
     void diskThatCannotBeWritten()
     {
+        const ExpectWarning warning("cannot be read", ExpectWarning::Need::MayCome);
         start();
         // In the way of the file.
         const QString folder = Installations().folderOf("installation-1");
