@@ -263,9 +263,7 @@ void InstallationControl::processRecord(const QString& hexId, const QList<QStrin
     if (m_state == State::Checking || timesTold >= kTimesTold) {
         m_check.processName(hexId, name);
     }
-    if (m_state == State::Checking) {
-        decide(m_check.verdict());
-    } else if (isSettled() && m_check.remembered() > 0) {
+    if (m_state == State::Checking || (isSettled() && m_check.remembered() > 0)) {
         decide(m_check.verdict());
     }
     if (!isSettled() || m_check.remembered() > 0) {

@@ -38,7 +38,7 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 12;
     constexpr int kUsual = 13;
-    constexpr int kId = 7;
+    constexpr int kId = 9;
     constexpr int kName = 27;
     constexpr int kTime = 10;
     constexpr int kFirmware = 19;
@@ -125,7 +125,6 @@ void SettingsTableWindow::build()
     m_importBar->setObjectName(QStringLiteral("importBar"));
     m_compareBar->setObjectName(QStringLiteral("compareBar"));
     m_search->setFixedWidth(kSearchWidth);
-    m_search->setClearButtonEnabled(true);
     m_progress->setFixedWidth(kProgressWidth);
     m_progress->setTextVisible(false);
     m_progress->hide();

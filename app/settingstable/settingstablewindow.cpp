@@ -43,7 +43,14 @@ SettingsTableWindow::SettingsTableWindow(Surroundings surroundings, QWidget* par
     retranslate();
 }
 
-SettingsTableWindow::~SettingsTableWindow() = default;
+SettingsTableWindow::~SettingsTableWindow()
+{
+    // Its views and models tell of their own end, when this is no table any more.
+    const QList<QObject*> parts = findChildren<QObject*>();
+    for (QObject* part : parts) {
+        part->disconnect(this);
+    }
+}
 
 void SettingsTableWindow::follow()
 {

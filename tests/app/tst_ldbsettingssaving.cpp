@@ -168,7 +168,7 @@ private slots:
         desk.save()->click();
         WAIT_COMPARE(desk.boxes().size(), 1);
         QCOMPARE(withoutRepetitions(desk.bus.writes()),
-                 (QList<QByteArray>{"FE0A7363140F", "FE0A736302" + hex("Roof"), "FE0A737806"}));
+                 (QList<QByteArray>{"FE0A736302" + hex("Roof"), "FE0A7363140F", "FE0A737806"}));
         QVERIFY(!desk.mute()->isChecked());
         QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
         const QString reason =

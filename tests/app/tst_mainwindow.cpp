@@ -360,9 +360,17 @@ private slots:
         WAIT_VERIFY(settingsState().contains("Changed by somebody else meanwhile: Name (Shed)"));
         QCOMPARE(name->text(), "Roof");
 
-        // Where a scan does not find the LDB any more, it is told what is lost.
+        // An LDB that a scan does not find any more stays, as a lost one; its edits are told when
+        // it is dismissed.
         m_bus->setPresent({"0A"});
         button("reloadDevicesButton")->click();
+        WAIT_VERIFY(child<QPushButton>("dismissLostButton")->isVisible());
+        QCOMPARE(detail(0), "03");
+        QCOMPARE(name->text(), "Roof");
+        for (MessageBox* box : boxes()) {
+            delete box;
+        }
+        button("dismissLostButton")->click();
         WAIT_COMPARE(detail(0), "0A");
         QCOMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), "LDB 03 is gone. These changes were not saved:");
