@@ -15,7 +15,7 @@
 namespace {
 
 /// Longer than that is no file of an installation.
-constexpr qint64 kLongestFile = 4 * 1024 * 1024; // bytes
+constexpr qint64 kLongestFile = 4LL * 1024 * 1024; // bytes
 
 struct Texts
 {
@@ -179,7 +179,7 @@ void Installations::removeBare(const QString& id) const
 QString Installations::freeId() const
 {
     for (int number = 1;; ++number) {
-        const QString id = QStringLiteral("installation-%1").arg(number);
+        QString id = QStringLiteral("installation-%1").arg(number);
         if (!QFile::exists(folderOf(id))) {
             return id;
         }

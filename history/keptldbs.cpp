@@ -203,7 +203,7 @@ QString KeptLdbs::filePath() const
 
 QString KeptLdbs::keep(const KeptLdb& ldb) const
 {
-    const QString reason = keepIn(m_folder, ldb);
+    QString reason = keepIn(m_folder, ldb);
     if (!reason.isEmpty() || m_formerFolder.isEmpty() ||
         !QFile::exists(filePathIn(m_formerFolder))) {
         return reason;

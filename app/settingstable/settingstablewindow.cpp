@@ -376,7 +376,7 @@ void SettingsTableWindow::write(const std::vector<LdbChange>& changes,
                                 FormerSettings::Occasion occasion)
 {
     const QString note = occasion == FormerSettings::Occasion::Import ? m_import.name() : QString();
-    const QString error = m_writing->keepFormer(changes, occasion, note);
+    QString error = m_writing->keepFormer(changes, occasion, note);
     if (!error.isEmpty()) {
         tell([] { return tr("Nothing was written, as the former settings could not be kept."); },
              [error] { return error; });

@@ -56,8 +56,8 @@ bool TableFile::fitsBetterOtherwise(const std::vector<TableRow>& rows) const
 QString TableFile::readingText(const std::vector<TableRow>& rows) const
 {
     const bool isDecimal = m_reading == IdReading::Decimal;
-    const QString text = isDecimal ? Texts::tr("The IDs of the file are read as decimal.")
-                                   : Texts::tr("The IDs of the file are read as hexadecimal.");
+    QString text = isDecimal ? Texts::tr("The IDs of the file are read as decimal.")
+                             : Texts::tr("The IDs of the file are read as hexadecimal.");
     const NameAgreement names = agreement(rows);
     if (!names.isAgainst(m_reading)) {
         return text;
