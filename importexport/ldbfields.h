@@ -41,7 +41,7 @@ void copyField(LdbField field, const LdbSettings& from, LdbSettings& to);
 /// What a field is made of.
 enum class FieldKind
 {
-    Text,
+    FreeText,
     Number, ///< of 16 bits
     Switch
 };

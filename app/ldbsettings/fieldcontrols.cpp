@@ -35,7 +35,7 @@ void fieldcontrols::limit(QSpinBox* number)
 QWidget* fieldcontrols::make(LdbField field, QWidget* parent)
 {
     switch (kindOf(field)) {
-    case FieldKind::Text: {
+    case FieldKind::FreeText: {
         auto* edit = new QLineEdit(parent);
         limit(edit);
         return edit;

@@ -53,7 +53,7 @@ int lettersOf(int column)
         break;
     }
     switch (kindOf(*SettingsTableModel::fieldOf(column))) {
-    case FieldKind::Text:
+    case FieldKind::FreeText:
         return kName;
     case FieldKind::Number:
         return kNumber;

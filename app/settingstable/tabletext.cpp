@@ -44,12 +44,12 @@ QString takeCell(const QString& text, int& at)
 
 QString tabletext::ofField(LdbField field, const LdbSettings& settings)
 {
-    return kindOf(field) == FieldKind::Text ? settings.name : fieldValue(field, settings);
+    return kindOf(field) == FieldKind::FreeText ? settings.name : fieldValue(field, settings);
 }
 
 bool tabletext::toField(LdbField field, const QString& text, LdbSettings& settings)
 {
-    if (kindOf(field) == FieldKind::Text) {
+    if (kindOf(field) == FieldKind::FreeText) {
         return setFieldVariant(field, text, settings);
     }
     const QString trimmed = text.trimmed();
