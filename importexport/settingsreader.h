@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <map>
+#include <memory>
 #include <vector>
 
 class ISerialCommand;

@@ -560,11 +560,13 @@ private slots:
                  "read as hexadecimal. The names fit better as decimal: then 3 are those of the "
                  "LDB's, now 1.");
         openPreview();
-        const QStringList leftOut{
-            "Line 8: ID 10 (read as 10 hexadecimal, address 16): "
-            "no LDB with this address is connected",
-            "Line 10: ID 253: The ID is no address", "LDB 0A (address 10): no line in the file",
-            "LDB FD (address 253): no line in the file", "LDB 10 has not been read yet."};
+        const QString noLdb =
+            "Line 8: ID 10 (read as 10 hexadecimal, address 16): no LDB with this address is "
+            "connected";
+        const QStringList leftOut{noLdb, "Line 10: ID 253: The ID is no address",
+                                  "LDB 0A (address 10): no line in the file",
+                                  "LDB FD (address 253): no line in the file",
+                                  "LDB 10 has not been read yet."};
         QCOMPARE(problems(), leftOut);
         QVERIFY(!writeButton()->isEnabled());
 
