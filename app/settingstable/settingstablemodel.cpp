@@ -5,6 +5,7 @@
 #include "serial/ldb/busaddress.h"
 
 #include <QBrush>
+#include <QFont>
 #include <QThread>
 #include <QUndoCommand>
 

@@ -2,6 +2,8 @@
 
 #include "app/settingstable/tabletext.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <limits>
 

@@ -3,6 +3,7 @@
 #include "importexport/settingscomparison.h"
 #include "serial/ldb/busaddress.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
