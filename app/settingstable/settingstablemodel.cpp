@@ -44,11 +44,10 @@ public:
         , m_model(model)
         , m_after(std::move(edits))
     {
-        for (const CellEdit& edit : m_after) {
-            m_before.push_back(presentEdit(model->find(edit.hexId), edit.hexId, edit.field));
+        // From the last one on: of two edits of one cell the first one knows what was there.
+        for (auto edit = m_after.crbegin(); edit != m_after.crend(); ++edit) {
+            m_before.push_back(presentEdit(model->find(edit->hexId), edit->hexId, edit->field));
         }
-        // Of two edits of one cell the first one knows what was there.
-        std::reverse(m_before.begin(), m_before.end());
     }
     void undo() override { m_model->apply(m_before); }
     void redo() override { m_model->apply(m_after); }
