@@ -79,7 +79,7 @@ void plotinspection::moveMouse(const QWidget& parent, int x)
     QWidget* const canvas = chartOf(parent)->canvas();
     QEvent enter(QEvent::Enter);
     QCoreApplication::sendEvent(canvas, &enter);
-    QMouseEvent move(QEvent::MouseMove, QPointF(x, canvas->height() / 2), Qt::NoButton,
+    QMouseEvent move(QEvent::MouseMove, QPointF(x, canvas->height() / 2.0), Qt::NoButton,
                      Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(canvas, &move);
     QCoreApplication::processEvents();

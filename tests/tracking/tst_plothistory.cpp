@@ -125,6 +125,7 @@ private slots:
             history.add(0, 0.0, time);
         }
         std::vector<double> values;
+        values.reserve(past.size());
         for (const double time : past) {
             values.push_back(10.0 * time);
         }

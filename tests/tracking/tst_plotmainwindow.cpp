@@ -79,7 +79,7 @@ struct Bench
     {
         Monitoring monitoring;
         monitoring.state = state;
-        monitoring.now = generalinformation::clockTime(kTime.toMSecsSinceEpoch()) + 1000 * second;
+        monitoring.now = generalinformation::clockTime(kTime.toMSecsSinceEpoch()) + 1000LL * second;
         monitoring.lifetime = 15000;
         plot.setMonitoring(monitoring);
     }
@@ -165,7 +165,7 @@ private slots:
         bench.setNow(0);
         for (int second = 0; second < 4; ++second) {
             bench.add("0A", recordAt(kTime.addSecs(second)));
-            bench.add("0B", recordAt(kTime.addSecs(2 * second)));
+            bench.add("0B", recordAt(kTime.addSecs(2LL * second)));
         }
         QCOMPARE(bench.shown(), "0 1 2 3");
         bench.plot.setSelectedDevice("0B");

@@ -217,6 +217,7 @@ private slots:
         constexpr std::size_t kSpike = 40123;
         Bench bench;
         std::vector<double> times;
+        times.reserve(kDay);
         std::vector<double> values(kDay, usual);
         for (int i = 0; i < kDay; ++i) {
             times.push_back(start() + i * kSecond);
@@ -323,8 +324,7 @@ private slots:
         const QString nowhere = folder.filePath("none/plot.png");
         saveTo("savePng", nowhere);
         auto* const box = bench.plot.findChild<MessageBox*>();
-        QVERIFY(box != nullptr);
-        QVERIFY(box->text().startsWith(nowhere + " cannot be written: "));
+        QVERIFY(box != nullptr && box->text().startsWith(nowhere + " cannot be written: "));
         delete box;
     }
 };
