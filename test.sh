@@ -20,8 +20,8 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 source scripts/packages.sh
 
 fuzz_seconds=60 # each target
-source_folders=(app benchmarks docs fuzz history importexport resources serial simulator tests tracking
-    views)
+source_folders=(app benchmarks docs fuzz history importexport recording resources serial simulator tests
+    tracking views)
 
 # stage NAME COMMAND...: runs it and prints the time it took.
 stage() {

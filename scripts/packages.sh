@@ -6,6 +6,7 @@ build_packages=(
     qtbase5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n
     libqt5serialport5-dev
     qtmultimedia5-dev libqt5multimedia5-plugins
+    libqt5sql5-sqlite
     libqwt-qt5-dev
 )
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "recording/recordedevent.h"
+#include "recording/recordedvalues.h"
+#include "serial/ldb/exchange.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <variant>
+#include <vector>
+
+/// The rows of a recording's file, as values.
+namespace filerow {
+
+// What the table of exchanges has beside them, in one order of time. Its `kind` is an
+// `ExchangeKind`, with a flag for an extra one, or this.
+constexpr int kExtraFlag = 16;
+constexpr int kLossTold = 32; ///< a record that says "lost"
+
+struct Transmission
+{
+    qint64 at = 0; ///< the key; the file raises it by one where two meet
+    int ldb = 0;   ///< address
+    int kind = 0;
+    int outcome = 0;
+    qint64 flight = -1;
+    QByteArray request; ///< empty where kind and LDB say it
+    QByteArray answer;
+};
+
+/// The wall time that records carry from here on, or, of a single one, the record at that key.
+struct Round
+{
+    qint64 at = 0;
+    qint64 wall = 0; ///< ms since 1970 UTC
+    int offset = 0;  ///< local time less UTC, s
+    bool isSingle = false;
+};
+
+struct Run
+{
+    RecordedRun run;
+    bool isContinued = false; ///< it began in another file
+};
+
+/// What the finder of events knows by now.
+struct FinderState
+{
+    QByteArray json;
+};
+
+} // namespace filerow
+
+using FileRow = std::variant<filerow::Transmission, filerow::Round, RecordedMinute, RecordedEvent,
+                             filerow::Run, filerow::FinderState>;
+using FileRows = std::vector<FileRow>;

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+// What a recording has, as plain values. Every moment (`at`) is a UTC time in µs since 1970.
+
+/// From a moment on, until before another one.
+struct TimeSpan
+{
+    qint64 from = 0;
+    qint64 to = 0;
+};
+
+/// One LDB's record as the window had it: rows as `generalinformation::buildRows` makes them.
+struct RecordedRecord
+{
+    qint64 at = 0; ///< when its status was asked, or the loss told
+    QString hexId;
+    QList<QStringList> rows; ///< empty: listed by then, and nothing heard yet
+    bool isExtra = false;    ///< asked between the turns: the log does not take it
+};
+
+/// What one LDB's exchanges were within a minute. Probes count where the LDB is in the list.
+struct RecordedMinute
+{
+    qint64 at = 0; ///< where the minute begins
+    QString hexId;
+    int asked =
+        0; ///< transmissions; those that are neither good, damaged nor silent were not believed
+    int good = 0;
+    int damaged = 0;
+    int silent = 0;
+    int told = 0; ///< records, those that say "lost" included
+    // Flight times of the good ones, µs; 0 without one.
+    qint64 leastFlight = 0;
+    qint64 sumOfFlights = 0;
+    qint64 mostFlight = 0;
+};
+
+/// From the start of the bus to its end.
+struct RecordedRun
+{
+    qint64 begun = 0;
+    qint64 until = 0;     ///< the end, or the last that is known of it
+    bool isEnded = false; ///< it was ended; otherwise it is on, or the program died
+    QString port;
+    QStringList found; ///< by its last scan
+    /// By hexId, as they were when the run, or its day, began.
+    QHash<QString, QString> names;
+};
+
+/// A time of which the recorder lacks exchanges that there were.
+struct RecordedGap
+{
+    qint64 from = 0;
+    qint64 to = 0;
+    int lost = 0; ///< exchanges
+};

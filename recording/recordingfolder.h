@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDate>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// The files of a folder of recordings: one a day, or more where one could not be used. Functions
+/// on the file system, callable from any thread.
+namespace recordingfolder {
+
+struct DayFile
+{
+    QDate day;
+    int number = 1; ///< of that day
+    QString path;
+    qint64 bytes = 0; ///< with what SQLite keeps beside it
+
+    bool operator<(const DayFile& other) const;
+};
+
+/// In the order of days and numbers. Of a file's path: that file alone, whatever its name.
+std::vector<DayFile> filesOf(const QString& path);
+QString pathOf(const QString& folder, const QDate& day, int number);
+
+/// The local day on which a moment (UTC, µs since 1970) is.
+QDate dayOf(qint64 at);
+/// Where that day ends, as such a moment.
+qint64 endOfDay(const QDate& day);
+
+// A day that is kept is never deleted. The mark is a file of its own: it can be set while the
+// recording is in use, or damaged.
+bool isKept(const QString& folder, const QDate& day);
+/// An empty text, or why not.
+QString setKept(const QString& folder, const QDate& day, bool isKept);
+QSet<QDate> keptDays(const QString& folder);
+
+struct Limits
+{
+    int days = 30;
+    qint64 bytes = 2LL << 30;
+};
+
+/// What is too old or too much, by whole days, oldest first; never of today.
+std::vector<DayFile> excess(const std::vector<DayFile>& files, const QSet<QDate>& kept,
+                            const QDate& today, const Limits& limits);
+
+/// Deletes a file and what SQLite keeps beside it, unless a program records into it.
+void remove(const QString& path);
+
+} // namespace recordingfolder

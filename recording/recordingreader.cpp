@@ -1,0 +1,301 @@
+#include "recording/recordingreader.h"
+
+#include "recording/recordingfolder.h"
+#include "recording/recordingsource.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+
+namespace {
+
+/// A connection takes a few file handles and a cache of some megabytes.
+constexpr std::size_t kMostOpen = 8;
+/// The LDBs of a moment were polled within so many files.
+constexpr int kFilesBack = 3;
+
+} // namespace
+
+struct RecordingReader::File
+{
+    explicit File(const QString& path)
+        : source(path)
+    {
+    }
+
+    RecordingSource source;
+    std::optional<TimeSpan> extent;
+    qint64 bytes = -1; ///< at the last look
+};
+
+RecordingReader::RecordingReader(QString path)
+    : m_path(std::move(path))
+{
+    refresh();
+}
+
+RecordingReader::~RecordingReader() = default;
+
+void RecordingReader::refresh()
+{
+    std::vector<std::unique_ptr<File>> files;
+    for (const recordingfolder::DayFile& dayFile : recordingfolder::filesOf(m_path)) {
+        const auto known =
+            std::find_if(m_files.begin(), m_files.end(), [&dayFile](const auto& file) {
+                return file && file->source.path() == dayFile.path;
+            });
+        std::unique_ptr<File> file =
+            known != m_files.end() ? std::move(*known) : std::make_unique<File>(dayFile.path);
+        // The one at the end may be being recorded into, which its size does not always show.
+        file->extent = std::exchange(file->bytes, dayFile.bytes) == dayFile.bytes && file->extent &&
+                               !QFileInfo::exists(dayFile.path + QStringLiteral("-wal"))
+                           ? file->extent
+                           : use(*file).extent();
+        files.push_back(std::move(file));
+    }
+    m_open.erase(std::remove_if(m_open.begin(), m_open.end(),
+                                [&files](const File* open) {
+                                    return std::none_of(
+                                        files.begin(), files.end(),
+                                        [open](const auto& file) { return file.get() == open; });
+                                }),
+                 m_open.end());
+    m_files = std::move(files);
+}
+
+/// Opens a file, and closes the one that was not used for the longest time when there are many.
+RecordingSource& RecordingReader::use(File& file)
+{
+    m_open.erase(std::remove(m_open.begin(), m_open.end(), &file), m_open.end());
+    if (m_open.size() >= kMostOpen) {
+        m_open.front()->source.close();
+        m_open.erase(m_open.begin());
+    }
+    m_open.push_back(&file);
+    file.source.open();
+    return file.source;
+}
+
+std::vector<RecordingNotice> RecordingReader::takeNotices()
+{
+    std::vector<RecordingNotice> notices = std::exchange(m_notices, {});
+    for (const auto& file : m_files) {
+        for (RecordingNotice& notice : file->source.takeNotices()) {
+            notices.push_back(std::move(notice));
+        }
+    }
+    return notices;
+}
+
+std::optional<TimeSpan> RecordingReader::extent() const
+{
+    std::optional<TimeSpan> extent;
+    for (const auto& file : m_files) {
+        if (file->extent) {
+            const TimeSpan part{file->extent->from, file->extent->to + 1};
+            extent =
+                extent ? TimeSpan{qMin(extent->from, part.from), qMax(extent->to, part.to)} : part;
+        }
+    }
+    return extent;
+}
+
+template <typename Value, typename Read>
+std::vector<Value> RecordingReader::collect(TimeSpan span, qint64 Value::*time, const Read& read)
+{
+    std::vector<Value> result;
+    for (const auto& file : m_files) {
+        // The last file may have grown since.
+        const bool isLast = file == m_files.back();
+        if (!file->extent || file->extent->from >= span.to ||
+            (file->extent->to < span.from && !isLast)) {
+            continue;
+        }
+        std::vector<Value> part = read(use(*file));
+        std::move(part.begin(), part.end(), std::back_inserter(result));
+    }
+    std::stable_sort(result.begin(), result.end(), [time](const Value& left, const Value& right) {
+        return left.*time < right.*time;
+    });
+    return result;
+}
+
+std::vector<RecordedRecord> RecordingReader::records(const QString& hexId, TimeSpan span, int limit)
+{
+    auto result = collect(span, &RecordedRecord::at, [&](RecordingSource& source) {
+        return source.records(hexId, span, limit);
+    });
+    if (limit >= 0 && result.size() > static_cast<std::size_t>(limit)) {
+        result.erase(result.begin(), result.end() - limit);
+    }
+    return result;
+}
+
+std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan span, int limit)
+{
+    auto result = collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+        return source.exchanges(hexId, span, limit);
+    });
+    if (limit >= 0 && result.size() > static_cast<std::size_t>(limit)) {
+        result.erase(result.begin(), result.end() - limit);
+    }
+    return result;
+}
+
+std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span)
+{
+    return collect(span, &RecordedMinute::at,
+                   [&](RecordingSource& source) { return source.minutes(hexId, span); });
+}
+
+std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)
+{
+    return collect(span, &RecordedEvent::at,
+                   [&](RecordingSource& source) { return source.events(span); });
+}
+
+std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
+{
+    const auto parts =
+        collect(span, &RecordedRun::begun, [](RecordingSource& source) { return source.runs(); });
+    std::vector<RecordedRun> result;
+    for (const RecordedRun& part : parts) {
+        if (result.empty() || result.back().begun != part.begun) {
+            result.push_back(part);
+        } else if (part.until >= result.back().until) {
+            result.back().until = part.until;
+            result.back().isEnded = part.isEnded;
+            result.back().found = part.found;
+        }
+    }
+    result.erase(std::remove_if(result.begin(), result.end(),
+                                [span](const RecordedRun& run) {
+                                    return run.begun >= span.to || run.until < span.from;
+                                }),
+                 result.end());
+    return result;
+}
+
+std::vector<RecordedGap> RecordingReader::gaps(TimeSpan span)
+{
+    // A gap is told at its end.
+    const auto told =
+        collect({span.from, std::numeric_limits<qint64>::max()}, &RecordedEvent::at,
+                [&span](RecordingSource& source) {
+                    return source.events({span.from, std::numeric_limits<qint64>::max()});
+                });
+    std::vector<RecordedGap> result;
+    for (const RecordedEvent& event : told) {
+        if (event.kind == EventKind::Gap && event.since < span.to) {
+            result.push_back({event.since, event.at, event.count});
+        }
+    }
+    return result;
+}
+
+std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
+{
+    std::vector<File*> files;
+    for (const auto& file : m_files) {
+        if (file->extent && file->extent->from <= at) {
+            files.push_back(file.get());
+        }
+    }
+    std::stable_sort(files.begin(), files.end(), [](const File* left, const File* right) {
+        return left->extent->to > right->extent->to;
+    });
+    files.resize(qMin<std::size_t>(files.size(), kFilesBack));
+    std::optional<RecordingSource::Listed> list;
+    for (File* file : files) {
+        const auto listed = use(*file).listAt(at);
+        if (listed && (!list || listed->at > list->at)) {
+            list = listed;
+        }
+    }
+    QHash<QString, RecordedRecord> latest;
+    QSet<QString> wanted;
+    if (list) {
+        wanted = QSet<QString>(list->hexIds.begin(), list->hexIds.end());
+    }
+    for (File* file : files) {
+        // Behind what was found already nothing of an earlier file can be.
+        QSet<QString> missing;
+        for (const QString& hexId : qAsConst(wanted)) {
+            if (!latest.contains(hexId) || latest.value(hexId).at < file->extent->to) {
+                missing.insert(hexId);
+            }
+        }
+        if (list && missing.isEmpty()) {
+            continue;
+        }
+        for (const RecordedRecord& record : use(*file).latest(at, missing)) {
+            const auto known = latest.constFind(record.hexId);
+            if (known == latest.constEnd() || known->at < record.at) {
+                latest.insert(record.hexId, record);
+            }
+        }
+    }
+    QStringList order = list ? list->hexIds : QStringList(latest.keys());
+    if (!list) {
+        std::sort(order.begin(), order.end());
+    }
+    std::vector<RecordedRecord> result;
+    for (const QString& hexId : qAsConst(order)) {
+        RecordedRecord record = latest.value(hexId);
+        record.hexId = hexId;
+        result.push_back(std::move(record));
+    }
+    return result;
+}
+
+std::optional<qint64> RecordingReader::nextRecord(qint64 at, const QString& hexId)
+{
+    std::optional<qint64> result;
+    for (const auto& file : m_files) {
+        if (!file->extent || file->extent->to <= at || (result && file->extent->from >= *result)) {
+            continue;
+        }
+        const auto found = use(*file).neighbour(at, true, hexId);
+        if (found && (!result || *found < *result)) {
+            result = found;
+        }
+    }
+    return result;
+}
+
+std::optional<qint64> RecordingReader::formerRecord(qint64 at, const QString& hexId)
+{
+    std::optional<qint64> result;
+    for (auto file = m_files.rbegin(); file != m_files.rend(); ++file) {
+        if (!(*file)->extent || (*file)->extent->from >= at ||
+            (result && (*file)->extent->to <= *result)) {
+            continue;
+        }
+        const auto found = use(**file).neighbour(at, false, hexId);
+        if (found && (!result || *found > *result)) {
+            result = found;
+        }
+    }
+    return result;
+}
+
+QString RecordingReader::copyTo(const QString& folder, TimeSpan span)
+{
+    for (const auto& file : m_files) {
+        if (!file->extent || file->extent->from >= span.to || file->extent->to < span.from) {
+            continue;
+        }
+        const QString path = QDir(folder).filePath(QFileInfo(file->source.path()).fileName());
+        if (QFileInfo::exists(path)) {
+            return path;
+        }
+        const QString reason = use(*file).copyTo(path);
+        if (!reason.isEmpty()) {
+            return path + QStringLiteral(": ") + reason;
+        }
+    }
+    return {};
+}

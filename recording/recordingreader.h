@@ -1,0 +1,79 @@
+#pragma once
+
+#include "recording/recordedevent.h"
+#include "recording/recordedvalues.h"
+#include "recording/recordingnotice.h"
+#include "serial/ldb/exchange.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class RecordingSource;
+
+/// Reads a recording: a file, or a folder of days as one. Reads only: it may be at work while the
+/// recorder writes, and sees what was committed when it is asked. Moments are UTC, µs since 1970;
+/// what is given in a list is ascending.
+///
+/// What cannot be read is left out and said (`takeNotices`). Used in the thread that made it; each
+/// thread may have its own.
+class RecordingReader
+{
+public:
+    explicit RecordingReader(QString path);
+    ~RecordingReader();
+    RecordingReader(const RecordingReader&) = delete;
+    RecordingReader& operator=(const RecordingReader&) = delete;
+
+    QString path() const { return m_path; }
+    /// Looks again which files there are, and how far the last one reaches by now. Without it an
+    /// open reader sees no later file.
+    void refresh();
+    /// What could not be read since the last call.
+    std::vector<RecordingNotice> takeNotices();
+
+    /// From the first moment to behind the last one; nothing when there is nothing.
+    std::optional<TimeSpan> extent() const;
+
+    /// The records of an LDB, or with an empty id of all; with a limit the last ones of the span.
+    std::vector<RecordedRecord> records(const QString& hexId, TimeSpan span, int limit = -1);
+    /// Every LDB that was in the list at a moment, in that order, with its last record up to then.
+    /// One that had not been heard by then has no rows.
+    std::vector<RecordedRecord> stateAt(qint64 at);
+    /// `sentAt` is the key in the recording; a request that kind and LDB say is there again.
+    std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit = -1);
+    /// Those that overlap the span; of more than one file with the same minute one each.
+    std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span);
+    /// Those that people care for.
+    std::vector<RecordedEvent> events(TimeSpan span);
+    /// Those that overlap the span. A run of several days is one.
+    std::vector<RecordedRun> runs(TimeSpan span);
+    /// Where exchanges are missing, by events of the recorder.
+    std::vector<RecordedGap> gaps(TimeSpan span);
+
+    /// The moment of the next record after `at`, or of the last one before it; of an LDB, or with
+    /// an empty id of any.
+    std::optional<qint64> nextRecord(qint64 at, const QString& hexId = {});
+    std::optional<qint64> formerRecord(qint64 at, const QString& hexId = {});
+
+    /// Copies the files that overlap the span, as they are now, into a folder that exists. A file
+    /// of that name is an error. Gives an empty text, or what went wrong, untranslated.
+    QString copyTo(const QString& folder, TimeSpan span);
+
+private:
+    struct File;
+    /// Gives what a file has of a span, for each file that overlaps it; sorted by time.
+    template <typename Value, typename Read>
+    std::vector<Value> collect(TimeSpan span, qint64 Value::*time, const Read& read);
+    RecordingSource& use(File& file);
+
+    QString m_path;
+    std::vector<std::unique_ptr<File>> m_files; ///< by day
+    std::vector<File*> m_open;                  ///< the one used last is the last
+    std::vector<RecordingNotice> m_notices;
+};

@@ -1,0 +1,114 @@
+#include "recording/recordingschema.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <atomic>
+
+namespace recordingschema {
+
+namespace {
+
+// A key in µs, and no second index: what is appended fills its pages, and a span is a range.
+constexpr const char* kTables[] = {
+    "CREATE TABLE exchanges(at INTEGER PRIMARY KEY, ldb INTEGER, kind INTEGER, outcome INTEGER,"
+    " flight INTEGER, request BLOB, answer BLOB)",
+    "CREATE TABLE rounds(at INTEGER PRIMARY KEY, wall INTEGER, offset INTEGER, single INTEGER)",
+    "CREATE TABLE minutes(minute INTEGER, ldb INTEGER, asked INTEGER, good INTEGER,"
+    " damaged INTEGER, silent INTEGER, told INTEGER, least INTEGER, sum INTEGER, most INTEGER,"
+    " PRIMARY KEY(minute, ldb)) WITHOUT ROWID",
+    "CREATE TABLE events(id INTEGER PRIMARY KEY, at INTEGER, kind INTEGER, ldb INTEGER,"
+    " place INTEGER, since INTEGER, count INTEGER, still INTEGER, before TEXT, after TEXT,"
+    " text TEXT)",
+    "CREATE TABLE runs(begun INTEGER PRIMARY KEY, until INTEGER, ended INTEGER,"
+    " continued INTEGER, port TEXT, found TEXT, names TEXT)",
+    "CREATE TABLE about(key TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID"};
+
+/// A result code's lowest byte says what it is, the others say it more closely.
+constexpr int kPrimaryCode = 0xFF;
+constexpr int kCorrupt = 11;
+constexpr int kFull = 13;
+constexpr int kNotADatabase = 26;
+
+int pragma(QSqlQuery& query, const QString& name)
+{
+    return query.exec(QStringLiteral("PRAGMA ") + name) && query.next() ? query.value(0).toInt()
+                                                                        : -1;
+}
+
+} // namespace
+
+Fit examine(const QSqlDatabase& database, QString* reason)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !query.next()) {
+        *reason = query.lastError().databaseText();
+        return Fit::Unreadable;
+    }
+    const bool isEmpty = query.value(0).toInt() == 0;
+    const int version = pragma(query, QStringLiteral("user_version"));
+    const int id = pragma(query, QStringLiteral("application_id"));
+    if (isEmpty && version == 0 && id == 0) {
+        return Fit::Empty;
+    }
+    if (id != kApplicationId || version < 1) {
+        return Fit::Foreign;
+    }
+    return version > kVersion ? Fit::Newer : Fit::Fits;
+}
+
+QSqlError create(const QSqlDatabase& database, const QString& programVersion)
+{
+    QSqlQuery query(database);
+    QStringList statements{QStringLiteral("BEGIN IMMEDIATE")};
+    for (const char* table : kTables) {
+        statements.append(QLatin1String(table));
+    }
+    statements.append(QStringLiteral("PRAGMA application_id=%1").arg(kApplicationId));
+    statements.append(QStringLiteral("PRAGMA user_version=%1").arg(kVersion));
+    for (const QString& statement : qAsConst(statements)) {
+        if (!query.exec(statement)) {
+            return query.lastError();
+        }
+    }
+    query.prepare(QStringLiteral("INSERT INTO about VALUES('program', ?)"));
+    query.addBindValue(programVersion);
+    if (!query.exec() || !query.exec(QStringLiteral("COMMIT"))) {
+        return query.lastError();
+    }
+    return {};
+}
+
+Connection::Connection()
+{
+    static std::atomic<int> count{0};
+    m_name = QStringLiteral("recording %1").arg(++count);
+    m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
+}
+
+Connection::~Connection()
+{
+    m_database.close();
+    m_database = QSqlDatabase(); // what still refers to a connection keeps it from going
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+Failure failureOf(const QSqlError& error)
+{
+    if (!error.isValid()) {
+        return Failure::None;
+    }
+    switch (error.nativeErrorCode().toInt() & kPrimaryCode) {
+    case kFull:
+        return Failure::DiskFull;
+    case kCorrupt:
+    case kNotADatabase:
+        return Failure::Damaged;
+    default:
+        return Failure::Other;
+    }
+}
+
+} // namespace recordingschema

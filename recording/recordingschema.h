@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QString>
+
+/// The layout of a recording's file.
+namespace recordingschema {
+
+constexpr int kVersion = 1;
+constexpr int kApplicationId = 0x4C444252; ///< "LDBR"
+
+enum class Fit
+{
+    Empty, ///< no tables: a new file
+    Fits,
+    Newer,   ///< a later version of the program has made it
+    Foreign, ///< something else's
+    Unreadable
+};
+
+/// What a file is to this version. `reason` gets what SQLite says of an unreadable one.
+Fit examine(const QSqlDatabase& database, QString* reason);
+
+/// Makes the tables of a new file; gives no valid error when that is done.
+QSqlError create(const QSqlDatabase& database, const QString& programVersion);
+
+/// A connection of its own, not opened, which lives as long as this.
+class Connection
+{
+public:
+    Connection();
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    QSqlDatabase& database() { return m_database; }
+
+private:
+    QString m_name;
+    QSqlDatabase m_database;
+};
+
+/// Why something failed, as far as it makes a difference.
+enum class Failure
+{
+    None,
+    DiskFull,
+    Damaged,
+    Other
+};
+Failure failureOf(const QSqlError& error);
+
+} // namespace recordingschema

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "recording/recordingfile.h"
+#include "recording/recordingfolder.h"
+#include "recording/recordingnotice.h"
+#include "recording/rowmaker.h"
+
+#include <QDate>
+
+#include <vector>
+
+/// Writes what the recorder is told into the files of a folder: a file a day, another one where a
+/// file cannot be used. What cannot be written now waits; what does not fit any more becomes a gap.
+///
+/// Has no clock of its own: time is that of what it is told. Used in one thread.
+class RecordWriter
+{
+public:
+    struct Options
+    {
+        QString folder;
+        QString programVersion;
+        recordingfolder::Limits limits;
+    };
+    explicit RecordWriter(Options options);
+    ~RecordWriter();
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+
+    /// Puts them on the disk. When it returns they are there, or wait, or are a part of a gap.
+    void take(const RecorderInputs& inputs);
+    /// Tries for the last time to write what waits, and closes the file.
+    void finish();
+
+    void setLimits(const recordingfolder::Limits& limits) { m_options.limits = limits; }
+    /// What is to be told since the last call.
+    std::vector<RecordingNotice> takeNotices() { return std::exchange(m_notices, {}); }
+    /// The events since the last call, found or handed in.
+    std::vector<RecordedEvent> takeEvents() { return m_maker.takeEvents(); }
+    /// The file that is being recorded into; empty without one.
+    QString path() const { return m_file.isOpen() ? m_file.path() : QString(); }
+
+    /// How many rows wait at most while the disk cannot be written: about a quarter of an hour.
+    static constexpr int kMostWaiting = 20000;
+
+private:
+    bool isAnotherFileDue(const RecorderInput& input) const;
+    void beginFile(qint64 at);
+    bool openFile();
+    void enqueue(const RecorderInput& input);
+    void flush();
+    bool writeWaiting();
+    void failed(const RecordingNotice& notice);
+    void say(RecordingNotice::Kind kind, const QString& path, const QString& reason = {});
+    void takeOverFinder();
+    void closeLeftOpen();
+    void removeExcess();
+
+    Options m_options;
+    RowMaker m_maker;
+    RecordingFile m_file;
+    QDate m_day;           ///< of what waits
+    int m_firstNumber = 1; ///< of the day's files that may be used
+    qint64 m_endOfDay = 0;
+    qint64 m_begunAt = 0; ///< the first moment of what goes into the file
+    qint64 m_now = 0;     ///< the latest moment told
+    FileRows m_waiting;
+    int m_waitingExchanges = 0;
+    qint64 m_gapFrom = 0;
+    int m_gapCount = 0;
+    qint64 m_retryAt = 0;
+    bool m_isOutage = false;
+    bool m_isOtherWindowTold = false;
+    qint64 m_nextCleaning = 0;
+    std::vector<RecordingNotice> m_notices;
+};
