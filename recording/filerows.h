@@ -18,12 +18,16 @@ namespace filerow {
 constexpr int kExtraFlag = 16;
 constexpr int kLossTold = 32; ///< a record that says "lost"
 
+/// Above an `ExchangeOutcome`: which of the sound frames in a status's answer the record is of.
+constexpr int kFrameShift = 4;
+constexpr int kOutcomeMask = (1 << kFrameShift) - 1;
+
 struct Transmission
 {
     qint64 at = 0; ///< the key; the file raises it by one where two meet
     int ldb = 0;   ///< address
     int kind = 0;
-    int outcome = 0;
+    int outcome = 0; ///< with the frame
     qint64 flight = -1;
     QByteArray request; ///< empty where kind and LDB say it
     QByteArray answer;

@@ -14,6 +14,14 @@
 /// runs and events they are on the time line of the exchanges.
 namespace input {
 
+/// A transmission.
+struct Told
+{
+    Exchange exchange;
+    /// Which of the sound frames in its answer the record is of.
+    int frame = 0;
+};
+
 /// The wall time that records carry from here on; a single one is that of the record at this very
 /// time alone.
 struct Round
@@ -60,7 +68,7 @@ struct RunEnded
 } // namespace input
 
 using RecorderInput =
-    std::variant<Exchange, input::Round, input::LossTold, input::NameTold, input::ListTold,
+    std::variant<input::Told, input::Round, input::LossTold, input::NameTold, input::ListTold,
                  input::ScanEnded, input::RunBegun, input::RunEnded, RecordedEvent>;
 using RecorderInputs = std::vector<RecorderInput>;
 Q_DECLARE_METATYPE(RecorderInputs)

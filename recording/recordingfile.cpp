@@ -137,11 +137,13 @@ bool RecordingFile::prepare()
         {&m_queries->transmission, "INSERT OR IGNORE INTO exchanges VALUES(?,?,?,?,?,?,?)"},
         {&m_queries->round, "INSERT OR REPLACE INTO rounds VALUES(?,?,?,?)"},
         {&m_queries->minute,
-         "INSERT INTO minutes VALUES(?1,?2,?3,?4,?5,?6,?7,?8,?9,?10)"
-         " ON CONFLICT(minute,ldb) DO UPDATE SET asked=asked+?3, good=good+?4,"
-         " damaged=damaged+?5, silent=silent+?6, told=told+?7,"
-         " least=CASE WHEN good=0 THEN ?8 WHEN ?4=0 THEN least ELSE min(least,?8) END,"
-         " sum=sum+?9, most=max(most,?10)"},
+         "INSERT INTO minutes VALUES(?,?,?,?,?,?,?,?,?,?)"
+         " ON CONFLICT(minute,ldb) DO UPDATE SET asked=asked+excluded.asked,"
+         " good=good+excluded.good, damaged=damaged+excluded.damaged,"
+         " silent=silent+excluded.silent, told=told+excluded.told,"
+         " least=CASE WHEN good=0 THEN excluded.least WHEN excluded.good=0 THEN least"
+         " ELSE min(least,excluded.least) END,"
+         " sum=sum+excluded.sum, most=max(most,excluded.most)"},
         {&m_queries->event,
          "INSERT INTO events(at,kind,ldb,place,since,count,still,before,after,text)"
          " VALUES(?,?,?,?,?,?,?,?,?,?)"},
@@ -178,7 +180,7 @@ bool RecordingFile::run(const char* statement)
 bool RecordingFile::fail(const QSqlError& error)
 {
     m_failure = recordingschema::failureOf(error);
-    m_errorString = error.databaseText();
+    m_errorString = error.text();
     return false;
 }
 

@@ -29,11 +29,13 @@ constexpr int kStatus = static_cast<int>(ExchangeKind::Status);
 /// What a record has been made of.
 const QString& recordCondition()
 {
-    static const QString condition = QStringLiteral("(kind=%1 OR (kind IN (%2,%3) AND outcome=%4))")
-                                         .arg(filerow::kLossTold)
-                                         .arg(kStatus)
-                                         .arg(kStatus | filerow::kExtraFlag)
-                                         .arg(static_cast<int>(ExchangeOutcome::Believed));
+    static const QString condition =
+        QStringLiteral("(kind=%1 OR (kind IN (%2,%3) AND (outcome & %5)=%4))")
+            .arg(filerow::kLossTold)
+            .arg(kStatus)
+            .arg(kStatus | filerow::kExtraFlag)
+            .arg(static_cast<int>(ExchangeOutcome::Believed))
+            .arg(filerow::kOutcomeMask);
     return condition;
 }
 
@@ -274,9 +276,12 @@ RecordedRecord RecordingSource::recordOf(const Row& row, const Context& context)
     const auto name = inForce(names);
     const QDateTime wall =
         QDateTime::fromMSecsSinceEpoch(round.wall, Qt::OffsetFromUTC, round.offset);
-    const LdbStatus status = row.kind == filerow::kLossTold
-                                 ? LdbStatus::disconnected()
-                                 : decodeLdbStatus(exchangebytes::answerBody(row.answer)).status;
+    const LdbStatus status =
+        row.kind == filerow::kLossTold
+            ? LdbStatus::disconnected()
+            : decodeLdbStatus(exchangebytes::answerBodies(row.answer)
+                                  .value(qMax(row.outcome, 0) >> filerow::kFrameShift))
+                  .status;
     RecordedRecord record;
     record.at = row.at;
     record.hexId = row.hexId;
@@ -325,15 +330,16 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
     std::vector<Exchange> result;
     for (Row& row : rows(condition, values, isLimited, limit)) {
         const int kind = row.kind & ~filerow::kExtraFlag;
-        if (kind < 0 || kind > static_cast<int>(ExchangeKind::Broadcast) || row.outcome < 0 ||
-            row.outcome > static_cast<int>(ExchangeOutcome::Late)) {
+        const int outcome = row.outcome & filerow::kOutcomeMask;
+        if (kind < 0 || kind > static_cast<int>(ExchangeKind::Broadcast) ||
+            outcome > static_cast<int>(ExchangeOutcome::Late)) {
             continue; // damaged
         }
         Exchange exchange;
         exchange.sentAt = row.at;
         exchange.hexId = row.hexId;
         exchange.kind = static_cast<ExchangeKind>(kind);
-        exchange.outcome = static_cast<ExchangeOutcome>(row.outcome);
+        exchange.outcome = static_cast<ExchangeOutcome>(outcome);
         exchange.flight = row.flight;
         exchange.isExtra = (row.kind & filerow::kExtraFlag) != 0;
         exchange.request = row.request.isEmpty()
@@ -352,9 +358,9 @@ std::vector<RecordedMinute> RecordingSource::minutes(const QString& hexId, TimeS
 {
     std::vector<RecordedMinute> result;
     QString statement = QStringLiteral("SELECT minute,ldb,asked,good,damaged,silent,told,least,sum,"
-                                       "most FROM minutes WHERE minute>=? AND minute<?");
+                                       "most FROM minutes WHERE minute>=? AND minute<=?");
     // A minute that has begun before the span is a part of it.
-    QVariantList values{span.from / kMinute, (span.to + kMinute - 1) / kMinute};
+    QVariantList values{span.from / kMinute, (span.to - 1) / kMinute};
     if (!hexId.isEmpty()) {
         statement += QStringLiteral(" AND ldb=?");
         values.append(busaddress::fromHexId(hexId));

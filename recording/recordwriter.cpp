@@ -28,8 +28,26 @@ RecordWriter::RecordWriter(Options options)
 
 RecordWriter::~RecordWriter() = default;
 
+void RecordWriter::setPlace(const QString& folder, const recordingfolder::Limits& limits)
+{
+    m_options.limits = limits;
+    if (folder == m_options.folder) {
+        return;
+    }
+    finish();
+    m_options.folder = folder;
+    m_day = QDate(); // the next one is of another recording
+    m_waiting.clear();
+    m_waitingExchanges = 0;
+    m_gapCount = 0;
+    m_isOutage = false;
+}
+
 void RecordWriter::take(const RecorderInputs& inputs)
 {
+    if (m_options.folder.isEmpty()) {
+        return;
+    }
     for (const RecorderInput& input : inputs) {
         if (!m_day.isValid() || isAnotherFileDue(input)) {
             beginFile(timeOf(input));
@@ -78,7 +96,7 @@ void RecordWriter::enqueue(const RecorderInput& input)
 {
     const std::size_t before = m_waiting.size();
     m_maker.take(input, m_waiting);
-    const bool isExchange = std::holds_alternative<Exchange>(input);
+    const bool isExchange = std::holds_alternative<input::Told>(input);
     m_waitingExchanges += isExchange ? 1 : 0;
     if (m_waitingExchanges <= kMostWaiting && m_waiting.size() <= kMostWaitingRows) {
         return;

@@ -32,7 +32,8 @@ public:
     /// Tries for the last time to write what waits, and closes the file.
     void finish();
 
-    void setLimits(const recordingfolder::Limits& limits) { m_options.limits = limits; }
+    /// From now on it goes there; an empty folder is nowhere.
+    void setPlace(const QString& folder, const recordingfolder::Limits& limits);
     /// What is to be told since the last call.
     std::vector<RecordingNotice> takeNotices() { return std::exchange(m_notices, {}); }
     /// The events since the last call, found or handed in.

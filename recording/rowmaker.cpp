@@ -29,8 +29,8 @@ qint64 timeOf(const RecorderInput& input)
 {
     return std::visit(
         [](const auto& value) {
-            if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Exchange>) {
-                return value.sentAt;
+            if constexpr (std::is_same_v<std::decay_t<decltype(value)>, input::Told>) {
+                return value.exchange.sentAt;
             } else {
                 return value.at;
             }
@@ -46,13 +46,14 @@ void RowMaker::take(const RecorderInput& input, FileRows& rows)
     }
 }
 
-void RowMaker::put(const Exchange& exchange, FileRows& rows)
+void RowMaker::put(const input::Told& told, FileRows& rows)
 {
+    const Exchange& exchange = told.exchange;
     filerow::Transmission row;
     row.at = exchange.sentAt;
     row.ldb = busaddress::fromHexId(exchange.hexId);
     row.kind = static_cast<int>(exchange.kind) | (exchange.isExtra ? filerow::kExtraFlag : 0);
-    row.outcome = static_cast<int>(exchange.outcome);
+    row.outcome = static_cast<int>(exchange.outcome) | told.frame << filerow::kFrameShift;
     row.flight = exchange.flight;
     if (exchange.request != exchangebytes::usualRequest(exchange.kind, exchange.hexId)) {
         row.request = exchange.request;
@@ -62,8 +63,9 @@ void RowMaker::put(const Exchange& exchange, FileRows& rows)
     count(exchange);
     if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed) {
         ++minuteOf(exchange.sentAt, exchange.hexId).told;
-        m_finder.heard(exchange.sentAt, exchange.hexId,
-                       decodeLdbStatus(exchangebytes::answerBody(exchange.answer)).status);
+        m_finder.heard(
+            exchange.sentAt, exchange.hexId,
+            decodeLdbStatus(exchangebytes::answerBodies(exchange.answer).value(told.frame)).status);
         putFound(rows);
     }
 }

@@ -31,7 +31,7 @@ public:
     std::vector<RecordedEvent> takeEvents() { return std::exchange(m_events, {}); }
 
 private:
-    void put(const Exchange& exchange, FileRows& rows);
+    void put(const input::Told& told, FileRows& rows);
     void put(const input::Round& round, FileRows& rows);
     void put(const input::LossTold& loss, FileRows& rows);
     void put(const input::NameTold& name, FileRows& rows);

@@ -23,8 +23,9 @@ QByteArray usualRequest(ExchangeKind kind, const QString& hexId)
     }
 }
 
-QByteArray answerBody(const QByteArray& answer)
+QList<QByteArray> answerBodies(const QByteArray& answer)
 {
+    QList<QByteArray> bodies;
     int start = answer.indexOf(framecodec::kSoh);
     while (start >= 0) {
         const auto end =
@@ -32,13 +33,15 @@ QByteArray answerBody(const QByteArray& answer)
         if (end == answer.end()) {
             break;
         }
-        QByteArray frame = answer.mid(start, static_cast<int>(end - answer.begin()) + 1 - start);
-        if (framecodec::responseValidation(frame)) {
-            return frame;
+        const int next = static_cast<int>(end - answer.begin()) + 1;
+        QByteArray frame = answer.mid(start, next - start);
+        const bool isSound = framecodec::responseValidation(frame);
+        if (isSound) {
+            bodies.append(frame);
         }
-        start = answer.indexOf(framecodec::kSoh, start + 1);
+        start = answer.indexOf(framecodec::kSoh, isSound ? next : start + 1);
     }
-    return {};
+    return bodies;
 }
 
 } // namespace exchangebytes

@@ -2,6 +2,8 @@
 
 #include "serial/ldb/exchange.h"
 
+#include <QList>
+
 /// What an exchange's bytes say, and which bytes its kind says already. Pure functions, callable
 /// from any thread.
 namespace exchangebytes {
@@ -9,7 +11,8 @@ namespace exchangebytes {
 /// The request on the wire, where kind and LDB alone say it; empty otherwise.
 QByteArray usualRequest(ExchangeKind kind, const QString& hexId);
 
-/// The body of the first sound frame in what came; empty where there is none.
-QByteArray answerBody(const QByteArray& answer);
+/// The bodies of the sound frames in what came, in order. Before the answer an earlier question's
+/// may have come, and behind it a second one to a repeated question.
+QList<QByteArray> answerBodies(const QByteArray& answer);
 
 } // namespace exchangebytes

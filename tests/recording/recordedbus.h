@@ -53,7 +53,7 @@ public:
             exchange.answer = TestBus::framed(body);
             exchange.flight = 31000;
         }
-        inputs.push_back(exchange);
+        inputs.push_back(input::Told{exchange, 0});
         now += 50000;
         return exchange;
     }
@@ -84,7 +84,7 @@ public:
         body.replace(kLoopByte, 2, isPresent ? "01" : isRemembered ? "02" : "00");
         return body;
     }
-    static constexpr int kLoopByte = 6; ///< after two bytes and the state
+    static constexpr int kLoopByte = 12; ///< in the body
 
     qint64 now;
     QDateTime roundWall;

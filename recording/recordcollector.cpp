@@ -1,0 +1,196 @@
+#include "recording/recordcollector.h"
+
+#include "serial/ldb/exchangebytes.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/ldbstatus.h"
+
+#include <utility>
+
+using namespace generalinformation;
+
+namespace {
+
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+/// The clock was set when it strays by so much from one round to the next.
+constexpr qint64 kClockSet = 2000000;
+
+/// Which of the frames the record was made of; the last where none fits.
+int frameOf(const Exchange& exchange, const QList<QStringList>& rows)
+{
+    const QList<QByteArray> bodies = exchangebytes::answerBodies(exchange.answer);
+    for (int frame = 0; frame < bodies.size(); ++frame) {
+        const QList<QStringList> made =
+            buildRows(exchange.hexId, ownName(rows), decodeLdbStatus(bodies.at(frame)).status,
+                      text(rows, TimestampRow), field(rows, TimestampRow, MillisecondsColumn));
+        if (made == rows) {
+            return frame;
+        }
+    }
+    return qMax(0, static_cast<int>(bodies.size()) - 1);
+}
+
+} // namespace
+
+RecordCollector::RecordCollector(std::function<qint64()> now)
+    : m_now(std::move(now))
+{
+}
+
+qint64 RecordCollector::moment() const
+{
+    const qint64 now = m_now() * kMicrosecondsPerMillisecond;
+    // Within a run everything is on one time line, whatever the clock does.
+    return m_isRunning ? qMax(now - m_drift, m_last) : now;
+}
+
+/// Behind what was there, so that the order stays.
+qint64 RecordCollector::nextMoment()
+{
+    return ++m_last;
+}
+
+void RecordCollector::put(const RecorderInput& input)
+{
+    const bool isExchange = std::holds_alternative<input::Told>(input);
+    const bool hasRoom = m_unwritten + static_cast<int>(m_inputs.size()) < kMostInputs;
+    if (!hasRoom && isExchange) {
+        m_gapFrom = m_gapCount == 0 ? timeOf(input) : m_gapFrom;
+        ++m_gapCount;
+        return;
+    }
+    if (hasRoom && m_gapCount > 0) {
+        RecordedEvent gap;
+        gap.at = timeOf(input);
+        gap.kind = EventKind::Gap;
+        gap.since = m_gapFrom;
+        gap.count = std::exchange(m_gapCount, 0);
+        m_inputs.emplace_back(gap);
+    }
+    m_inputs.push_back(input);
+}
+
+void RecordCollector::putPending()
+{
+    if (const auto exchange = std::exchange(m_pending, std::nullopt)) {
+        const int frames = static_cast<int>(exchangebytes::answerBodies(exchange->answer).size());
+        put(input::Told{*exchange, qMax(0, frames - 1)});
+    }
+}
+
+void RecordCollector::runBegun(const QString& port)
+{
+    putPending();
+    m_isRunning = false;
+    m_drift = 0;
+    m_last = moment();
+    m_isRunning = true;
+    m_roundDue.reset();
+    m_round = QDateTime();
+    put(input::RunBegun{m_last, port});
+}
+
+void RecordCollector::runEnded()
+{
+    putPending();
+    if (m_isRunning) {
+        put(input::RunEnded{qMax(moment(), nextMoment())});
+    }
+    m_isRunning = false;
+}
+
+void RecordCollector::roundBegun(const QDateTime& wall)
+{
+    putPending();
+    m_roundDue = wall;
+}
+
+void RecordCollector::exchanged(const Exchange& exchange)
+{
+    putPending();
+    m_last = qMax(m_last, exchange.sentAt);
+    if (m_roundDue && !exchange.isExtra) {
+        m_round = *std::exchange(m_roundDue, std::nullopt);
+        const qint64 wall = m_round.toMSecsSinceEpoch();
+        put(input::Round{exchange.sentAt, wall, m_round.offsetFromUtc(), false});
+        const qint64 drift = wall * kMicrosecondsPerMillisecond - exchange.sentAt;
+        if (qAbs(drift - std::exchange(m_drift, drift)) > kClockSet) {
+            RecordedEvent event;
+            event.at = exchange.sentAt;
+            event.kind = EventKind::ClockSet;
+            put(event);
+        }
+    }
+    if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed) {
+        m_pending = exchange;
+    } else {
+        put(input::Told{exchange, 0});
+    }
+}
+
+void RecordCollector::record(const QString& hexId, const QList<QStringList>& rows)
+{
+    if (isLost(rows)) {
+        putPending();
+        const qint64 at = nextMoment();
+        putName(at, hexId, rows);
+        putRecordTime(at, rows);
+        put(input::LossTold{at, hexId});
+        return;
+    }
+    if (!m_pending || m_pending->hexId != hexId) {
+        return; // what it was made of is not there: the end of a run
+    }
+    const Exchange exchange = *std::exchange(m_pending, std::nullopt);
+    putName(exchange.sentAt, hexId, rows);
+    putRecordTime(exchange.sentAt, rows);
+    put(input::Told{exchange, frameOf(exchange, rows)});
+}
+
+void RecordCollector::putName(qint64 at, const QString& hexId, const QList<QStringList>& rows)
+{
+    const QString name = ownName(rows);
+    if (m_names.value(hexId) != name) {
+        m_names.insert(hexId, name);
+        put(input::NameTold{at, hexId, name});
+    }
+}
+
+/// Where it is not the round's.
+void RecordCollector::putRecordTime(qint64 at, const QList<QStringList>& rows)
+{
+    const bool isOfRound =
+        m_round.isValid() && m_round.toLocalTime().toString(kMillisecondsFormat) ==
+                                 field(rows, TimestampRow, MillisecondsColumn);
+    if (!isOfRound) {
+        const QDateTime time = timestamp(rows);
+        put(input::Round{at, time.toMSecsSinceEpoch(), time.offsetFromUtc(), true});
+    }
+}
+
+void RecordCollector::listChanged(const QStringList& hexIds)
+{
+    putPending();
+    if (std::exchange(m_list, hexIds) != hexIds) {
+        put(input::ListTold{qMax(moment(), m_last), hexIds});
+    }
+}
+
+void RecordCollector::scanEnded(const QStringList& found)
+{
+    putPending();
+    put(input::ScanEnded{qMax(moment(), m_last), found});
+}
+
+void RecordCollector::event(RecordedEvent event)
+{
+    putPending();
+    if (event.at == 0) {
+        event.at = moment();
+    }
+    put(event);
+}
+
+RecorderInputs RecordCollector::take()
+{
+    return std::exchange(m_inputs, {});
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "recording/recorderinput.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QList>
+
+#include <functional>
+#include <optional>
+
+/// Makes the recorder's input of what the serial link tells, in the order in which it is told. Owns
+/// no clock or thread. It keeps a limited number that the writer has not taken yet; of what does
+/// not fit it keeps that it is missing.
+class RecordCollector
+{
+public:
+    /// `now`: the time of day, ms since 1970 UTC.
+    explicit RecordCollector(std::function<qint64()> now);
+
+    void runBegun(const QString& port);
+    void runEnded();
+    void roundBegun(const QDateTime& wall);
+    void exchanged(const Exchange& exchange);
+    /// Comes behind its exchange.
+    void record(const QString& hexId, const QList<QStringList>& rows);
+    void listChanged(const QStringList& hexIds);
+    void scanEnded(const QStringList& found);
+    /// An event without a time is of now.
+    void event(RecordedEvent event);
+
+    /// Everything since the last call, to be written.
+    RecorderInputs take();
+    /// So many inputs of those taken are with the writer still.
+    void setUnwritten(int inputs) { m_unwritten = inputs; }
+    /// The moment of now, on the time line of the exchanges (UTC, µs since 1970).
+    qint64 moment() const;
+
+    /// How many inputs may wait, here and with the writer: some ten minutes of a busy bus.
+    static constexpr int kMostInputs = 20000;
+
+private:
+    void put(const RecorderInput& input);
+    void putPending();
+    void putRecordTime(qint64 at, const QList<QStringList>& rows);
+    void putName(qint64 at, const QString& hexId, const QList<QStringList>& rows);
+    qint64 nextMoment();
+
+    std::function<qint64()> m_now;
+    RecorderInputs m_inputs;
+    int m_unwritten = 0;
+    bool m_isRunning = false;
+    qint64 m_last = 0;                   ///< the latest moment of this run
+    qint64 m_drift = 0;                  ///< what the clock shows, less the time line; µs
+    std::optional<QDateTime> m_roundDue; ///< begins with the next exchange
+    QDateTime m_round;
+    /// A status that is believed, until its record is there.
+    std::optional<Exchange> m_pending;
+    QHash<QString, QString> m_names;
+    QStringList m_list;
+    qint64 m_gapFrom = 0;
+    int m_gapCount = 0;
+};

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "recording/recordcollector.h"
+#include "recording/recordingfolder.h"
+#include "recording/recordingnotice.h"
+
+#include <QObject>
+#include <QThread>
+#include <QTimer>
+
+#include <memory>
+
+class RecordWriterHost;
+
+/// Records what the serial link tells, as long as it is enabled: collects it, and hands it once a
+/// second to its writer, which lives in a thread of its own. Nothing here waits for the disk but
+/// the end of the program, and that not for long. GUI thread only.
+class Recorder : public QObject
+{
+    Q_OBJECT
+public:
+    struct Options
+    {
+        bool isEnabled = true;
+        QString folder; ///< made when the first row is written
+        recordingfolder::Limits limits;
+    };
+    explicit Recorder(const QString& programVersion, QObject* parent = nullptr);
+    /// What was told by now is on the disk afterwards, unless the disk hangs.
+    ~Recorder() override;
+
+    /// At any time; what follows goes there.
+    void setOptions(const Options& options);
+    const Options& options() const { return m_options; }
+    /// Whether a run is on and what it brings gets onto the disk.
+    bool isRecording() const { return m_options.isEnabled && m_isRunning && !m_isOutage; }
+    /// The file that is being recorded into; empty without one.
+    QString filePath() const { return m_filePath; }
+    /// The moment of now, on the time line of the recording (UTC, µs since 1970).
+    qint64 moment() const { return m_collector.moment(); }
+
+    /// Takes an event that is not in the records: an action, a save, a mark of the user. One
+    /// without a time is of now.
+    void note(const RecordedEvent& event);
+    /// Hands over what was told by now, without waiting for the second to be over.
+    void flush();
+
+public slots:
+    // What the serial link tells.
+    void beginRun(const QString& port);
+    void endRun();
+    void beginRound(const QDateTime& wall);
+    void takeExchange(const Exchange& exchange);
+    /// Those of the rounds and those in between.
+    void takeRecord(const QString& hexId, const QList<QStringList>& rows);
+    /// During a scan the list is not whole.
+    void setList(const QStringList& hexIds);
+    void endScan(const QStringList& found);
+
+signals:
+    /// What the user has to know.
+    void noticeGiven(const RecordingNotice& notice);
+    /// An event is in the recording: found in the records, or handed in.
+    void eventRecorded(const RecordedEvent& event);
+    /// `isRecording()` or `filePath()` may be others.
+    void changed();
+
+private:
+    friend class RecordWriterHost;
+    void processWritten(int inputs, const std::vector<RecordingNotice>& notices,
+                        const std::vector<RecordedEvent>& events, const QString& path);
+    bool isTaking();
+
+    Options m_options;
+    RecordCollector m_collector;
+    QTimer m_handOver;
+    QThread m_thread;
+    RecordWriterHost* m_host; ///< in the thread, which deletes it
+    int m_unwritten = 0;
+    bool m_isRunning = false;
+    bool m_isOutage = false;
+    QString m_filePath;
+    QString m_port;
+    QStringList m_list;
+};
