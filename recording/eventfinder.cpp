@@ -237,8 +237,12 @@ QByteArray EventFinder::toJson() const
         }
         QJsonArray tracks;
         for (const auto& [subject, track] : ldb.tracks) {
-            if (!track.isPresent && !track.isFolding) {
+            if (!track.isPresent && !track.isFolding && track.begins.empty()) {
                 continue;
+            }
+            QJsonArray begins;
+            for (const qint64 begin : track.begins) {
+                begins.append(number(begin));
             }
             tracks.append(QJsonObject{{QStringLiteral("subject"), subject},
                                       {QStringLiteral("since"), number(track.since)},
@@ -246,7 +250,8 @@ QByteArray EventFinder::toJson() const
                                       {QStringLiteral("foldedSince"), number(track.foldedSince)},
                                       {QStringLiteral("folded"), track.folded},
                                       {QStringLiteral("lastChange"), number(track.lastChange)},
-                                      {QStringLiteral("isPresent"), track.isPresent}});
+                                      {QStringLiteral("isPresent"), track.isPresent},
+                                      {QStringLiteral("begins"), begins}});
         }
         ldbs.append(QJsonObject{{QStringLiteral("ldb"), hexId},
                                 {QStringLiteral("faults"), faults},
@@ -289,6 +294,10 @@ EventFinder EventFinder::fromJson(const QByteArray& json)
             track.folded = kept.value(QStringLiteral("folded")).toInt();
             track.lastChange = time(kept, QStringLiteral("lastChange"));
             track.isPresent = kept.value(QStringLiteral("isPresent")).toBool();
+            const QJsonArray begins = kept.value(QStringLiteral("begins")).toArray();
+            for (const QJsonValue& begin : begins) {
+                track.begins.push_back(begin.toString().toLongLong());
+            }
         }
     }
     finder.m_hasScanned = all.contains(QStringLiteral("found"));

@@ -2594,6 +2594,206 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordedEvent</name>
+    <message>
+        <source>Loop open</source>
+        <translation>Boucle ouverte</translation>
+    </message>
+    <message>
+        <source>Loop short</source>
+        <translation>Court-circuit de boucle</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>Fuite CC de boucle</translation>
+    </message>
+    <message>
+        <source>Earth wire open</source>
+        <translation>Fil de terre coupé</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Amplifier disconnected</source>
+        <translation>Amplificateur déconnecté</translation>
+    </message>
+    <message>
+        <source>Primary port short</source>
+        <translation>Court-circuit au port primaire</translation>
+    </message>
+    <message>
+        <source>Secondary port short</source>
+        <translation>Court-circuit au port secondaire</translation>
+    </message>
+    <message>
+        <source>Lost</source>
+        <translation>Perdu</translation>
+    </message>
+    <message>
+        <source>Mode, now %1</source>
+        <translation>Mode, maintenant %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n times in %2</source>
+        <translation>
+            <numerusform>%1&#xa0;: %n fois en %2</numerusform>
+            <numerusform>%1&#xa0;: %n fois en %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, still there</source>
+        <translation>%1, toujours présent</translation>
+    </message>
+    <message>
+        <source>%1, gone now</source>
+        <translation>%1, disparu maintenant</translation>
+    </message>
+    <message>
+        <source>missing: %1</source>
+        <translation>manquants&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>new: %1</source>
+        <translation>nouveaux&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The scan differs from the last one: %1</source>
+        <translation>Le balayage diffère du précédent&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 gone</source>
+        <translation>%1&#xa0;: disparu</translation>
+    </message>
+    <message>
+        <source>%1 gone after %2</source>
+        <translation>%1&#xa0;: disparu après %2</translation>
+    </message>
+    <message>
+        <source>%1 came and went</source>
+        <translation>%1&#xa0;: apparu et disparu</translation>
+    </message>
+    <message>
+        <source>Mode %1, before %2</source>
+        <translation>Mode %1, avant %2</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>De retour</translation>
+    </message>
+    <message>
+        <source>Back after %1</source>
+        <translation>De retour après %1</translation>
+    </message>
+    <message>
+        <source>Started on %1</source>
+        <translation>Démarré sur %1</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Arrêté</translation>
+    </message>
+    <message>
+        <source>Stopped after %1</source>
+        <translation>Arrêté après %1</translation>
+    </message>
+    <message>
+        <source>Port lost: %1</source>
+        <translation>Port perdu&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Port back</source>
+        <translation>Port de retour</translation>
+    </message>
+    <message>
+        <source>Port back after %1</source>
+        <translation>Port de retour après %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Not recorded: %n exchanges in %1</source>
+        <translation>
+            <numerusform>Non enregistré&#xa0;: %n échange en %1</numerusform>
+            <numerusform>Non enregistrés&#xa0;: %n échanges en %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The computer&apos;s clock was set</source>
+        <translation>L&apos;horloge de l&apos;ordinateur a été réglée</translation>
+    </message>
+    <message>
+        <source>Name &quot;%1&quot;, before &quot;%2&quot;</source>
+        <translation>Nom «&#xa0;%1&#xa0;», avant «&#xa0;%2&#xa0;»</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1 d %2 h</source>
+        <translation>%1 j %2 h</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording goes on, into %1.</source>
+        <translation>L&apos;enregistrement continue, dans %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: le disque de %1 est plein. L&apos;enregistrement continue dès qu&apos;il y a de la place.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: impossible d&apos;écrire %1. L&apos;enregistrement continue dès que possible.</translation>
+    </message>
+    <message>
+        <source>The recording %1 has been removed. A new one has been begun.</source>
+        <translation>L&apos;enregistrement %1 a été supprimé. Un nouveau a été commencé.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is damaged. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement %1 est endommagé. Il continue dans un autre fichier.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il continue dans un autre fichier.</translation>
+    </message>
+    <message>
+        <source>Another window records into %1. This one records into a file of its own.</source>
+        <translation>Une autre fenêtre enregistre dans %1. Celle-ci enregistre dans son propre fichier.</translation>
+    </message>
+    <message>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
+        <translation>L&apos;horloge de l&apos;ordinateur a été retardée. L&apos;enregistrement continue dans un autre fichier que %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 cannot be read.</source>
+        <translation>Impossible de lire l&apos;enregistrement %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is damaged. What can be read of it is shown.</source>
+        <translation>L&apos;enregistrement %1 est endommagé. Ce qui peut en être lu est affiché.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
+        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>

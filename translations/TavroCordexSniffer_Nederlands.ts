@@ -2594,6 +2594,206 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordedEvent</name>
+    <message>
+        <source>Loop open</source>
+        <translation>Lus open</translation>
+    </message>
+    <message>
+        <source>Loop short</source>
+        <translation>Kortsluiting in de lus</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>DC-lek in de lus</translation>
+    </message>
+    <message>
+        <source>Earth wire open</source>
+        <translation>Aarddraad onderbroken</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Aardlek</translation>
+    </message>
+    <message>
+        <source>Amplifier disconnected</source>
+        <translation>Versterker losgekoppeld</translation>
+    </message>
+    <message>
+        <source>Primary port short</source>
+        <translation>Kortsluiting op primaire poort</translation>
+    </message>
+    <message>
+        <source>Secondary port short</source>
+        <translation>Kortsluiting op secundaire poort</translation>
+    </message>
+    <message>
+        <source>Lost</source>
+        <translation>Verloren</translation>
+    </message>
+    <message>
+        <source>Mode, now %1</source>
+        <translation>Modus, nu %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n times in %2</source>
+        <translation>
+            <numerusform>%1: %n keer in %2</numerusform>
+            <numerusform>%1: %n keer in %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, still there</source>
+        <translation>%1, nog aanwezig</translation>
+    </message>
+    <message>
+        <source>%1, gone now</source>
+        <translation>%1, nu weg</translation>
+    </message>
+    <message>
+        <source>missing: %1</source>
+        <translation>ontbreekt: %1</translation>
+    </message>
+    <message>
+        <source>new: %1</source>
+        <translation>nieuw: %1</translation>
+    </message>
+    <message>
+        <source>The scan differs from the last one: %1</source>
+        <translation>De scan verschilt van de vorige: %1</translation>
+    </message>
+    <message>
+        <source>%1 gone</source>
+        <translation>%1 weg</translation>
+    </message>
+    <message>
+        <source>%1 gone after %2</source>
+        <translation>%1 weg na %2</translation>
+    </message>
+    <message>
+        <source>%1 came and went</source>
+        <translation>%1 kwam en ging</translation>
+    </message>
+    <message>
+        <source>Mode %1, before %2</source>
+        <translation>Modus %1, eerder %2</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Back after %1</source>
+        <translation>Terug na %1</translation>
+    </message>
+    <message>
+        <source>Started on %1</source>
+        <translation>Gestart op %1</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Gestopt</translation>
+    </message>
+    <message>
+        <source>Stopped after %1</source>
+        <translation>Gestopt na %1</translation>
+    </message>
+    <message>
+        <source>Port lost: %1</source>
+        <translation>Poort weg: %1</translation>
+    </message>
+    <message>
+        <source>Port back</source>
+        <translation>Poort terug</translation>
+    </message>
+    <message>
+        <source>Port back after %1</source>
+        <translation>Poort terug na %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Not recorded: %n exchanges in %1</source>
+        <translation>
+            <numerusform>Niet opgenomen: %n uitwisseling in %1</numerusform>
+            <numerusform>Niet opgenomen: %n uitwisselingen in %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The computer&apos;s clock was set</source>
+        <translation>De klok van de computer is verzet</translation>
+    </message>
+    <message>
+        <source>Name &quot;%1&quot;, before &quot;%2&quot;</source>
+        <translation>Naam &quot;%1&quot;, eerder &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 u %2 min</translation>
+    </message>
+    <message>
+        <source>%1 d %2 h</source>
+        <translation>%1 d %2 u</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingNotice</name>
+    <message>
+        <source>Recording goes on, into %1.</source>
+        <translation>De opname gaat door, in %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
+        <translation>Er wordt niets opgenomen: de schijf met %1 is vol. De opname gaat door zodra er ruimte is.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Er wordt niets opgenomen: %1 kan niet worden geschreven. De opname gaat door zodra dat kan.</translation>
+    </message>
+    <message>
+        <source>The recording %1 has been removed. A new one has been begun.</source>
+        <translation>De opname %1 is verwijderd. Er is een nieuwe begonnen.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is damaged. Recording goes on in another file.</source>
+        <translation>De opname %1 is beschadigd. De opname gaat door in een ander bestand.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
+        <translation>De opname %1 is van een latere versie van dit programma. De opname gaat door in een ander bestand.</translation>
+    </message>
+    <message>
+        <source>Another window records into %1. This one records into a file of its own.</source>
+        <translation>Een ander venster neemt op in %1. Dit venster neemt op in een eigen bestand.</translation>
+    </message>
+    <message>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
+        <translation>De klok van de computer is teruggezet. De opname gaat door in een ander bestand dan %1.</translation>
+    </message>
+    <message>
+        <source>The recording %1 cannot be read.</source>
+        <translation>De opname %1 kan niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is damaged. What can be read of it is shown.</source>
+        <translation>De opname %1 is beschadigd. Wat ervan kan worden gelezen, wordt getoond.</translation>
+    </message>
+    <message>
+        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
+        <translation>De opname %1 is van een latere versie van dit programma. Ze kan niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>

@@ -1,0 +1,217 @@
+#include "recording/eventfinder.h"
+#include "serial/ldb/ldbstatus.h"
+#include "tests/support/testbus.h"
+#include "tests/support/testprogram.h"
+
+Q_DECLARE_METATYPE(EventKind)
+Q_DECLARE_METATYPE(FaultPlace)
+
+namespace {
+
+constexpr qint64 kSecond = 1000000;
+
+LdbStatus quiescent()
+{
+    LdbStatus status;
+    status.state = LdbState::Quiescent;
+    return status;
+}
+
+LdbStatus withLoop(quint8 loopByte)
+{
+    LdbStatus status = quiescent();
+    status.loopByte = loopByte;
+    return status;
+}
+
+/// Kind and time of each, in seconds.
+QString summary(const std::vector<RecordedEvent>& events)
+{
+    QStringList parts;
+    for (const RecordedEvent& event : events) {
+        parts << QString("%1@%2").arg(int(event.kind)).arg(event.at / kSecond);
+    }
+    return parts.join(' ');
+}
+
+} // namespace
+
+/// Which events are found in a stream of records.
+class TestEventFinder : public TestCase
+{
+    Q_OBJECT
+private slots:
+    void tellsEachFaultWithItsPlace_data()
+    {
+        // Raw fields of the status, by their numbers in the protocol.
+        addColumns<int, int, int, int, int, int>("field", "present", "remembered", "place", "first",
+                                                 "second");
+        const auto begun = int(EventKind::FaultBegun);
+        const auto remembered = int(EventKind::FaultRemembered);
+        const auto row = [&](const char* tag, int field, int present, int memory,
+                             FaultPlace place) {
+            QTest::addRow("%s", tag)
+                << field << present << memory << int(place) << begun << remembered;
+        };
+        row("loop open", 0, 1, 2, FaultPlace::LoopOpen);
+        row("loop short", 1, 0x01, 0x02, FaultPlace::LoopShort);
+        row("loop leakage", 1, 0x10, 0x20, FaultPlace::LoopDcLeakage);
+        row("earth leakage", 2, 1, 2, FaultPlace::EarthLeakage);
+        row("earth open", 3, 1, 2, FaultPlace::EarthOpen);
+        row("amplifier", 4, 2, 3, FaultPlace::Amplifier);
+        row("primary port", 5, 1, 2, FaultPlace::PrimaryPort);
+        row("secondary port", 6, 1, 2, FaultPlace::SecondaryPort);
+    }
+
+    void tellsEachFaultWithItsPlace()
+    {
+        QFETCH(int, field);
+        QFETCH(int, present);
+        QFETCH(int, remembered);
+        QFETCH(int, place);
+        const auto with = [field](int value) {
+            LdbStatus status = quiescent();
+            quint8* const fields[] = {&status.loopByte,          &status.loopNibbles,
+                                      &status.earthByte1,        &status.earthByte2,
+                                      &status.amplifier,         &status.primaryPortShort,
+                                      &status.secondaryPortShort};
+            *fields[field] = static_cast<quint8>(value);
+            return status;
+        };
+        EventFinder finder;
+        finder.heard(1 * kSecond, "0A", quiescent());
+        finder.heard(2 * kSecond, "0A", with(present));
+        finder.heard(3 * kSecond, "0A", with(present));
+        finder.heard(75 * kSecond, "0A", with(remembered));
+        finder.heard(76 * kSecond, "0A", quiescent());
+        auto events = finder.takeEvents();
+        QCOMPARE(summary(events), QString("0@2 1@75"));
+        for (const RecordedEvent& event : events) {
+            QCOMPARE(int(event.place), place);
+            QCOMPARE(event.hexId, QString("0A"));
+        }
+        QCOMPARE(events[1].since, 2 * kSecond);
+        QVERIFY(events[1].description().endsWith("gone after 1 min 13 s"));
+
+        // It came and went between two looks.
+        finder.heard(200 * kSecond, "0A", with(remembered));
+        events = finder.takeEvents();
+        QCOMPARE(summary(events), QString("2@200"));
+        QCOMPARE(int(events[0].place), place);
+    }
+
+    void whatIsUnknownEndsNothing()
+    {
+        EventFinder finder;
+        finder.heard(1 * kSecond, "0A", withLoop(1));
+        finder.takeEvents();
+        finder.lost(2 * kSecond, "0A");
+        finder.lost(3 * kSecond, "0A");
+        finder.heard(62 * kSecond, "0A", withLoop(1));
+        const auto events = finder.takeEvents();
+        QCOMPARE(summary(events), QString("5@2 6@62"));
+        QCOMPARE(events[1].since, 2 * kSecond);
+        finder.heard(63 * kSecond, "0A", quiescent());
+        QCOMPARE(finder.takeEvents().at(0).since, 1 * kSecond);
+    }
+
+    void tellsModesAndScansThatDiffer()
+    {
+        EventFinder finder;
+        LdbStatus service = quiescent();
+        service.state = LdbState::ServiceMode;
+        finder.scanEnded(0, {"2B", "0A"});
+        finder.heard(1 * kSecond, "0A", quiescent());
+        finder.heard(2 * kSecond, "0A", service);
+        finder.scanEnded(3 * kSecond, {"0A", "2B"});
+        finder.scanEnded(4 * kSecond, {"0A", "30"});
+        const auto events = finder.takeEvents();
+        QCOMPARE(summary(events), QString("4@2 7@4"));
+        QCOMPARE(events[0].description(), QString("Mode Service mode, before Quiescent"));
+        QCOMPARE(events[1].description(),
+                 QString("The scan differs from the last one: missing: 2B; new: 30"));
+    }
+
+    void foldsWhatFlaps()
+    {
+        EventFinder finder;
+        finder.heard(0, "0A", quiescent());
+        // Every 10 s there, and gone 5 s later.
+        for (int i = 1; i <= 20; ++i) {
+            finder.heard(i * 10 * kSecond, "0A", withLoop(1));
+            finder.heard((i * 10 + 5) * kSecond, "0A", quiescent());
+        }
+        QCOMPARE(summary(finder.takeEvents()), QString("0@10 1@15 0@20 1@25 0@30 1@35"));
+        finder.passed((205 + 59) * kSecond);
+        QVERIFY(finder.takeEvents().empty());
+        finder.passed((205 + 60) * kSecond);
+        const auto folded = finder.takeEvents();
+        QCOMPARE(summary(folded), QString("3@205"));
+        QCOMPARE(folded[0].count, 17);
+        QCOMPARE(folded[0].since, 40 * kSecond);
+        QVERIFY(!folded[0].isStill);
+        QCOMPARE(folded[0].description(), QString("Loop open: 17 times in 2 min 45 s, gone now"));
+        // From here on it is a fault like any other.
+        finder.heard(400 * kSecond, "0A", withLoop(1));
+        QCOMPARE(summary(finder.takeEvents()), QString("0@400"));
+    }
+
+    void whatIsStillThereAfterFlappingEndsLater()
+    {
+        EventFinder finder;
+        for (int i = 0; i < 5; ++i) {
+            finder.heard(i * 10 * kSecond, "0A", quiescent());
+            finder.heard((i * 10 + 5) * kSecond, "0A", withLoop(1));
+        }
+        finder.heard(200 * kSecond, "0A", withLoop(1));
+        const auto events = finder.takeEvents();
+        QCOMPARE(events.back().kind, EventKind::Flapped);
+        QVERIFY(events.back().isStill);
+        finder.heard(300 * kSecond, "0A", quiescent());
+        const auto end = finder.takeEvents();
+        QCOMPARE(summary(end), QString("1@300"));
+        QCOMPARE(end[0].since, 45 * kSecond);
+    }
+
+    /// Whatever happens, cut in two by a restart at any place, gives the same events.
+    void aRestartChangesNothing()
+    {
+        const auto step = [](EventFinder& finder, int i) {
+            const qint64 at = i * 7 * kSecond;
+            if (i % 11 == 5) {
+                finder.lost(at, "0A");
+            } else if (i % 23 == 7) {
+                finder.scanEnded(at, {"0A", QString::number(10 + i % 3)});
+            } else {
+                finder.heard(at, i % 3 == 0 ? "2B" : "0A", withLoop(quint8((i / 2) % 3)));
+            }
+        };
+        constexpr int kSteps = 90;
+        EventFinder whole;
+        for (int i = 0; i < kSteps; ++i) {
+            step(whole, i);
+        }
+        const auto expected = whole.takeEvents();
+        QVERIFY(std::any_of(expected.begin(), expected.end(), [](const RecordedEvent& event) {
+            return event.kind == EventKind::Flapped;
+        }));
+        for (int cut = 0; cut < kSteps; ++cut) {
+            EventFinder first;
+            for (int i = 0; i < cut; ++i) {
+                step(first, i);
+            }
+            auto events = first.takeEvents();
+            EventFinder second = EventFinder::fromJson(first.toJson());
+            for (int i = cut; i < kSteps; ++i) {
+                step(second, i);
+            }
+            const auto rest = second.takeEvents();
+            events.insert(events.end(), rest.begin(), rest.end());
+            QCOMPARE(summary(events), summary(expected));
+            QVERIFY(events == expected);
+        }
+    }
+};
+
+REGISTER_TEST(TestEventFinder, QCoreApplication)
+#include "tst_eventfinder.moc"
