@@ -1,53 +1,11 @@
 #include "views/log/filelogger.h"
 
-#include "serial/ldb/busaddress.h"
-#include "serial/ldb/generalinformation.h"
-
 #include <QByteArray>
-#include <QDateTime>
 #include <QDebug>
 #include <QFileInfo>
 #include <QThread>
 
-#include <iterator>
-
-using namespace generalinformation;
-
 namespace {
-
-constexpr QLatin1Char kSeparator(';');
-constexpr QLatin1Char kLineEnd('\n');
-
-// In the order of the rows.
-constexpr const char* kHeaderTexts[] = {
-    QT_TRANSLATE_NOOP("FileLogger", "Device Id"),
-    QT_TRANSLATE_NOOP("FileLogger", "Name"),
-    QT_TRANSLATE_NOOP("FileLogger", "Mode"),
-    QT_TRANSLATE_NOOP("FileLogger", "Loop"),
-    QT_TRANSLATE_NOOP("FileLogger", "Primary Port (V)"),
-    QT_TRANSLATE_NOOP("FileLogger", "Primary Port (mA)"),
-    QT_TRANSLATE_NOOP("FileLogger", "Secondary Port (V)"),
-    QT_TRANSLATE_NOOP("FileLogger", "Secondary Port (mA)"),
-    QT_TRANSLATE_NOOP("FileLogger", "Earth"),
-    QT_TRANSLATE_NOOP("FileLogger", "Amplifier"),
-    QT_TRANSLATE_NOOP("FileLogger", "Timestamp"),
-};
-static_assert(std::size(kHeaderTexts) == RowCount);
-
-/// Rows that are logged as bare numbers: their unit stands in the header.
-bool isMeasurement(int row)
-{
-    return row >= PrimaryVoltageRow && row <= SecondaryCurrentRow;
-}
-
-/// What stands in the file for a row.
-QString fieldText(int row, const QStringList& entry)
-{
-    if (entry.value(TextColumn) == kNoValue) {
-        return {};
-    }
-    return entry.value(isMeasurement(row) ? ValueColumn : TextColumn);
-}
 
 /// Whether the file ends in the middle of a line. Moves the position.
 bool endsWithinLine(QFile& file)
@@ -71,30 +29,6 @@ QString logfilename::withSuffix(const QString& chosen)
     }
     return chosen +
            (chosen.endsWith(QLatin1Char('.')) ? QStringLiteral("csv") : QStringLiteral(".csv"));
-}
-
-bool LogPeriod::admits(int id, std::optional<qint64> time, int interval)
-{
-    const bool isFirst = !m_start;
-    if (isFirst) {
-        open(id, time);
-    }
-    const qint64 elapsed = m_start && time ? *time - *m_start : 0;
-    if (elapsed >= interval) {
-        open(id, time);
-        return true;
-    }
-    if (elapsed != 0 || m_loggedIds.contains(id)) {
-        return isFirst;
-    }
-    m_loggedIds.append(id);
-    return true;
-}
-
-void LogPeriod::open(int id, std::optional<qint64> time)
-{
-    m_start = time;
-    m_loggedIds = {id};
 }
 
 bool FileLogger::startStop(bool start)
@@ -148,30 +82,18 @@ void FileLogger::writeDataListToFile(const QString& hexId, const QList<QStringLi
     }
     if (m_file.size() == 0 && !m_headerWritten) {
         m_headerWritten = true;
-        if (!write(headerLine())) {
+        if (!write(recordlog::headerLine())) {
             return;
         }
     }
-    const std::optional<qint64> seconds = secondsOf(text(dataList, TimestampRow));
-    if (m_period.admits(busaddress::fromHexId(hexId), seconds, m_interval)) {
-        write(dataLine(dataList));
+    if (m_period.admits(hexId, dataList, m_interval)) {
+        write(recordlog::dataLine(dataList));
     }
-}
-
-std::optional<qint64> FileLogger::secondsOf(const QString& timestamp)
-{
-    if (timestamp != m_timestamp) {
-        const QDateTime time = QDateTime::fromString(timestamp, kSecondsFormat);
-        m_timestampSeconds =
-            time.isValid() ? std::make_optional(time.toSecsSinceEpoch()) : std::nullopt;
-        m_timestamp = timestamp;
-    }
-    return m_timestampSeconds;
 }
 
 bool FileLogger::write(const QString& line)
 {
-    const QByteArray bytes = (m_lastLineTorn ? kLineEnd + line : line).toUtf8();
+    const QByteArray bytes = (m_lastLineTorn ? QLatin1Char('\n') + line : line).toUtf8();
     // Always to the end of the file as it is now: others may have added to it, or emptied it.
     const qint64 lineStart = m_file.size();
     if (m_file.pos() != lineStart) {
@@ -200,24 +122,4 @@ void FileLogger::fail(const QString& reason)
     stop();
     qWarning().noquote() << "logging to" << fileName << "stopped -" << reason;
     emit loggingFailed(fileName, reason);
-}
-
-QString FileLogger::headerLine()
-{
-    QStringList texts;
-    for (const char* text : kHeaderTexts) {
-        texts << tr(text);
-    }
-    return texts.join(kSeparator) + kLineEnd;
-}
-
-QString FileLogger::dataLine(const QList<QStringList>& dataList)
-{
-    QString line;
-    for (int row = 0; row < dataList.size(); ++row) {
-        // Unlike the header, a data line ends with a separator: readers of these files expect it.
-        const QString text = row == NameRow ? ownName(dataList) : fieldText(row, dataList.at(row));
-        line += text.simplified() + kSeparator;
-    }
-    return line + kLineEnd;
 }

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "serial/ldb/recordlog.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QObject>
 #include <QStringList>
-#include <QVector>
-
-#include <optional>
 
 /// Names of log files. Pure functions.
 namespace logfilename {
@@ -19,27 +18,6 @@ QString suggested(const QDateTime& now);
 QString withSuffix(const QString& chosen);
 
 } // namespace logfilename
-
-/// Decides which records a log takes: in each period the one that opens it and, of every other
-/// LDB, the first one stamped in that same second. The clock is that of the records.
-class LogPeriod
-{
-public:
-    /// The next record opens the first period of a new run.
-    void restart() { m_start.reset(); }
-
-    /// Whether the record of LDB `id` stamped `time` (s, any epoch) is to be written, with periods
-    /// of `interval` seconds; 0 takes every record. A time before the period's start is not taken.
-    /// A record without a time counts as if no time had passed; as long as none has had one, every
-    /// record is taken.
-    bool admits(int id, std::optional<qint64> time, int interval);
-
-private:
-    void open(int id, std::optional<qint64> time);
-
-    std::optional<qint64> m_start;
-    QVector<int> m_loggedIds;
-};
 
 /// Writes records into a ";"-separated UTF-8 file: those of the selected LDB or of all, at most one
 /// an LDB and logging period. An existing file is appended to.
@@ -92,10 +70,7 @@ private:
     void stop();
     /// False after it has failed; then logging has stopped.
     bool write(const QString& line);
-    std::optional<qint64> secondsOf(const QString& timestamp);
     void fail(const QString& reason);
-    static QString headerLine();
-    static QString dataLine(const QList<QStringList>& dataList);
 
     bool m_enabled = false;
     QString m_selectedHexId;
@@ -105,9 +80,6 @@ private:
     bool m_headerWritten = false;
     bool m_lastLineTorn = false; ///< the file found ends within a line
     LogPeriod m_period;
-    // The timestamp read last: all LDBs of a polling round carry the same one.
-    QString m_timestamp;
-    std::optional<qint64> m_timestampSeconds;
     QFile m_file;
     QString m_errorString;
 };
