@@ -20,6 +20,7 @@ constexpr int kLossTold = 32; ///< a record that says "lost"
 
 /// Above an `ExchangeOutcome`: which of the sound frames in a status's answer the record is of.
 constexpr int kFrameShift = 4;
+constexpr int kNoFrame = 15; ///< of none
 constexpr int kOutcomeMask = (1 << kFrameShift) - 1;
 
 struct Transmission

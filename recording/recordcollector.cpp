@@ -18,7 +18,8 @@ constexpr qint64 kClockSet = 2000000;
 int frameOf(const Exchange& exchange, const QList<QStringList>& rows)
 {
     const QList<QByteArray> bodies = exchangebytes::answerBodies(exchange.answer);
-    for (int frame = 0; frame < bodies.size(); ++frame) {
+    const int count = qMin(static_cast<int>(bodies.size()), input::Told::kNoRecord);
+    for (int frame = 0; frame < count; ++frame) {
         const QList<QStringList> made =
             buildRows(exchange.hexId, ownName(rows), decodeLdbStatus(bodies.at(frame)).status,
                       text(rows, TimestampRow), field(rows, TimestampRow, MillisecondsColumn));
@@ -26,7 +27,7 @@ int frameOf(const Exchange& exchange, const QList<QStringList>& rows)
             return frame;
         }
     }
-    return qMax(0, static_cast<int>(bodies.size()) - 1);
+    return qMax(0, count - 1);
 }
 
 } // namespace
@@ -69,29 +70,22 @@ void RecordCollector::put(const RecorderInput& input)
     m_inputs.push_back(input);
 }
 
-void RecordCollector::putPending()
-{
-    if (const auto exchange = std::exchange(m_pending, std::nullopt)) {
-        const int frames = static_cast<int>(exchangebytes::answerBodies(exchange->answer).size());
-        put(input::Told{*exchange, qMax(0, frames - 1)});
-    }
-}
-
 void RecordCollector::runBegun(const QString& port)
 {
-    putPending();
     m_isRunning = false;
     m_drift = 0;
     m_last = moment();
     m_isRunning = true;
     m_roundDue.reset();
+    m_isFormerDue = false;
+    m_hasExchange = false;
+    m_record.reset();
     m_round = QDateTime();
     put(input::RunBegun{m_last, port});
 }
 
 void RecordCollector::runEnded()
 {
-    putPending();
     if (m_isRunning) {
         put(input::RunEnded{qMax(moment(), nextMoment())});
     }
@@ -100,50 +94,66 @@ void RecordCollector::runEnded()
 
 void RecordCollector::roundBegun(const QDateTime& wall)
 {
-    putPending();
     m_roundDue = wall;
+    m_isFormerDue = m_hasExchange;
+}
+
+/// An exchange is told when the next transmission begins: behind the begin of a round comes one of
+/// the round before.
+void RecordCollector::putRound(const Exchange& exchange)
+{
+    const bool isFirst = !std::exchange(m_hasExchange, true);
+    if (!m_roundDue || std::exchange(m_isFormerDue, false) || exchange.isExtra) {
+        return;
+    }
+    const qint64 wall = m_roundDue->toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+    if (isFirst && exchange.sentAt < wall) {
+        return; // the run's first one, and the round began behind it
+    }
+    m_round = *std::exchange(m_roundDue, std::nullopt);
+    put(input::Round{exchange.sentAt, m_round.toMSecsSinceEpoch(), m_round.offsetFromUtc(), false});
+    const qint64 drift = wall - exchange.sentAt;
+    if (qAbs(drift - std::exchange(m_drift, drift)) > kClockSet) {
+        RecordedEvent event;
+        event.at = exchange.sentAt;
+        event.kind = EventKind::ClockSet;
+        put(event);
+    }
 }
 
 void RecordCollector::exchanged(const Exchange& exchange)
 {
-    putPending();
     m_last = qMax(m_last, exchange.sentAt);
-    if (m_roundDue && !exchange.isExtra) {
-        m_round = *std::exchange(m_roundDue, std::nullopt);
-        const qint64 wall = m_round.toMSecsSinceEpoch();
-        put(input::Round{exchange.sentAt, wall, m_round.offsetFromUtc(), false});
-        const qint64 drift = wall * kMicrosecondsPerMillisecond - exchange.sentAt;
-        if (qAbs(drift - std::exchange(m_drift, drift)) > kClockSet) {
-            RecordedEvent event;
-            event.at = exchange.sentAt;
-            event.kind = EventKind::ClockSet;
-            put(event);
-        }
-    }
+    putRound(exchange);
     if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed) {
-        m_pending = exchange;
+        putStatus(exchange);
     } else {
         put(input::Told{exchange, 0});
     }
 }
 
-void RecordCollector::record(const QString& hexId, const QList<QStringList>& rows)
+void RecordCollector::putStatus(const Exchange& exchange)
 {
-    if (isLost(rows)) {
-        putPending();
-        const qint64 at = nextMoment();
-        putName(at, hexId, rows);
-        putRecordTime(at, rows);
-        put(input::LossTold{at, hexId});
+    const auto record = std::exchange(m_record, std::nullopt);
+    if (!record || record->hexId != exchange.hexId) {
+        put(input::Told{exchange, input::Told::kNoRecord});
         return;
     }
-    if (!m_pending || m_pending->hexId != hexId) {
-        return; // what it was made of is not there: the end of a run
+    putName(exchange.sentAt, exchange.hexId, record->rows);
+    putRecordTime(exchange.sentAt, record->rows);
+    put(input::Told{exchange, frameOf(exchange, record->rows)});
+}
+
+void RecordCollector::record(const QString& hexId, const QList<QStringList>& rows)
+{
+    if (!isLost(rows)) {
+        m_record = Record{hexId, rows};
+        return;
     }
-    const Exchange exchange = *std::exchange(m_pending, std::nullopt);
-    putName(exchange.sentAt, hexId, rows);
-    putRecordTime(exchange.sentAt, rows);
-    put(input::Told{exchange, frameOf(exchange, rows)});
+    const qint64 at = nextMoment();
+    putName(at, hexId, rows);
+    putRecordTime(at, rows);
+    put(input::LossTold{at, hexId});
 }
 
 void RecordCollector::putName(qint64 at, const QString& hexId, const QList<QStringList>& rows)
@@ -169,7 +179,6 @@ void RecordCollector::putRecordTime(qint64 at, const QList<QStringList>& rows)
 
 void RecordCollector::listChanged(const QStringList& hexIds)
 {
-    putPending();
     if (std::exchange(m_list, hexIds) != hexIds) {
         put(input::ListTold{qMax(moment(), m_last), hexIds});
     }
@@ -177,13 +186,11 @@ void RecordCollector::listChanged(const QStringList& hexIds)
 
 void RecordCollector::scanEnded(const QStringList& found)
 {
-    putPending();
     put(input::ScanEnded{qMax(moment(), m_last), found});
 }
 
 void RecordCollector::event(RecordedEvent event)
 {
-    putPending();
     if (event.at == 0) {
         event.at = moment();
     }

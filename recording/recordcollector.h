@@ -22,7 +22,7 @@ public:
     void runEnded();
     void roundBegun(const QDateTime& wall);
     void exchanged(const Exchange& exchange);
-    /// Comes behind its exchange.
+    /// Comes before its exchange, which is told when the next transmission begins.
     void record(const QString& hexId, const QList<QStringList>& rows);
     void listChanged(const QStringList& hexIds);
     void scanEnded(const QStringList& found);
@@ -41,7 +41,8 @@ public:
 
 private:
     void put(const RecorderInput& input);
-    void putPending();
+    void putRound(const Exchange& exchange);
+    void putStatus(const Exchange& exchange);
     void putRecordTime(qint64 at, const QList<QStringList>& rows);
     void putName(qint64 at, const QString& hexId, const QList<QStringList>& rows);
     qint64 nextMoment();
@@ -52,10 +53,16 @@ private:
     bool m_isRunning = false;
     qint64 m_last = 0;                   ///< the latest moment of this run
     qint64 m_drift = 0;                  ///< what the clock shows, less the time line; µs
-    std::optional<QDateTime> m_roundDue; ///< begins with the next exchange
+    std::optional<QDateTime> m_roundDue; ///< told, and none of its exchanges is there yet
+    bool m_isFormerDue = false;          ///< one of before that round is still to come
+    bool m_hasExchange = false;          ///< in this run
     QDateTime m_round;
-    /// A status that is believed, until its record is there.
-    std::optional<Exchange> m_pending;
+    struct Record
+    {
+        QString hexId;
+        QList<QStringList> rows;
+    };
+    std::optional<Record> m_record; ///< told, and its exchange is not there yet
     QHash<QString, QString> m_names;
     QStringList m_list;
     qint64 m_gapFrom = 0;

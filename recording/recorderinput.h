@@ -18,8 +18,9 @@ namespace input {
 struct Told
 {
     Exchange exchange;
-    /// Which of the sound frames in its answer the record is of.
+    /// Which of the sound frames in a believed status's answer the record is of.
     int frame = 0;
+    static constexpr int kNoRecord = 15; ///< there was none
 };
 
 /// The wall time that records carry from here on; a single one is that of the record at this very

@@ -30,12 +30,13 @@ constexpr int kStatus = static_cast<int>(ExchangeKind::Status);
 const QString& recordCondition()
 {
     static const QString condition =
-        QStringLiteral("(kind=%1 OR (kind IN (%2,%3) AND (outcome & %5)=%4))")
+        QStringLiteral("(kind=%1 OR (kind IN (%2,%3) AND outcome<%6 AND (outcome & %5)=%4))")
             .arg(filerow::kLossTold)
             .arg(kStatus)
             .arg(kStatus | filerow::kExtraFlag)
             .arg(static_cast<int>(ExchangeOutcome::Believed))
-            .arg(filerow::kOutcomeMask);
+            .arg(filerow::kOutcomeMask)
+            .arg(filerow::kNoFrame << filerow::kFrameShift);
     return condition;
 }
 

@@ -61,7 +61,8 @@ void RowMaker::put(const input::Told& told, FileRows& rows)
     row.answer = exchange.answer;
     rows.emplace_back(std::move(row));
     count(exchange);
-    if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed) {
+    if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed &&
+        told.frame != input::Told::kNoRecord) {
         ++minuteOf(exchange.sentAt, exchange.hexId).told;
         m_finder.heard(
             exchange.sentAt, exchange.hexId,
