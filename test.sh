@@ -99,6 +99,9 @@ fi
 
 begin=$SECONDS
 stage "packages" install_missing_packages "${build_packages[@]}" "${check_packages[@]}"
+if [ -n "$all" ]; then
+    stage "packages of all checks" install_missing_packages "${all_check_packages[@]}"
+fi
 stage "format" check_format
 if [ -n "$all" ]; then
     analysed=$(sources '*.cpp')

@@ -92,16 +92,17 @@ QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
     }
     return inPieces(reader, span, goesOn, [&](TimeSpan piece) {
         std::vector<pcapng::Packet> packets;
+        // A gap stands before what comes at its end.
+        for (const RecordedEvent& event : reader.events(piece)) {
+            if (event.kind == EventKind::Gap) {
+                packets.push_back({event.at, pcapng::Event::Lost, {}});
+            }
+        }
         for (const Exchange& exchange : reader.exchanges({}, piece)) {
             packets.push_back({exchange.sentAt, pcapng::Event::Sent, exchange.request});
             if (!exchange.answer.isEmpty()) {
                 packets.push_back({exchange.sentAt + qMax<qint64>(exchange.flight, 0),
                                    pcapng::Event::Received, exchange.answer});
-            }
-        }
-        for (const RecordedEvent& event : reader.events(piece)) {
-            if (event.kind == EventKind::Gap) {
-                packets.push_back({event.at, pcapng::Event::Lost, {}});
             }
         }
         std::stable_sort(packets.begin(), packets.end(),

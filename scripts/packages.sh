@@ -13,6 +13,9 @@ build_packages=(
 # What the checks of the sources take beyond that.
 check_packages=(clang clang-format clang-tidy desktop-file-utils libclang-rt-dev)
 
+# What the checks of everything take beyond those.
+all_check_packages=(tshark)
+
 # What it takes to pack the program: dpkg-shlibdeps and its helper.
 package_packages=(dpkg-dev file)
 
