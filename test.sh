@@ -117,4 +117,7 @@ if [ -n "$all" ]; then
 fi
 echo "== all stages before the tests: $((SECONDS - begin)) s"
 echo "== tests"
+if [ -n "$all" ]; then
+    export SNIFFER_ALL_DISASTERS=yes
+fi
 ctest --preset check --parallel "$(nproc)"

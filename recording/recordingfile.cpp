@@ -119,6 +119,10 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return Opening::Damaged;
     }
     m_queries = std::make_unique<Queries>(database);
+    // What is put behind a damaged place may never be found again.
+    if (fit == Fit::Fits && !isSound()) {
+        return Opening::Damaged;
+    }
     // The disk has it when a commit returns: this is about what is there after a power cut.
     bool isDone = run("PRAGMA journal_mode=WAL") && run("PRAGMA synchronous=FULL");
     if (isDone && fit == Fit::Empty) {
@@ -129,6 +133,15 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return Opening::Done;
     }
     return m_failure == Failure::Damaged ? Opening::Damaged : Opening::Failed;
+}
+
+bool RecordingFile::isSound()
+{
+    QSqlQuery& query = m_queries->any;
+    const bool isDone = query.exec(QStringLiteral("PRAGMA quick_check(1)")) && query.next();
+    m_errorString = isDone ? query.value(0).toString() : query.lastError().text();
+    query.finish();
+    return isDone && m_errorString == QLatin1String("ok");
 }
 
 bool RecordingFile::prepare()

@@ -58,6 +58,7 @@ private:
     bool insert(const filerow::Run& row);
     bool insert(const filerow::FinderState& row);
     bool prepare();
+    bool isSound();
     bool run(QSqlQuery& query);
     bool run(const char* statement);
     bool fail(const QSqlError& error);

@@ -2,9 +2,12 @@
 
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QStringList>
 #include <QVariant>
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 
 namespace recordingschema {
 
@@ -56,7 +59,20 @@ Fit examine(const QSqlDatabase& database, QString* reason)
     if (id != kApplicationId || version < 1) {
         return Fit::Foreign;
     }
-    return version > kVersion ? Fit::Newer : Fit::Fits;
+    if (version > kVersion) {
+        return Fit::Newer;
+    }
+    // A name that has become another would be found out by the first one to ask for it.
+    QStringList tables;
+    if (query.exec(QStringLiteral("SELECT sql FROM sqlite_master WHERE type='table'"))) {
+        while (query.next()) {
+            tables.append(query.value(0).toString());
+        }
+    }
+    const bool isWhole =
+        std::all_of(std::begin(kTables), std::end(kTables),
+                    [&](const char* table) { return tables.contains(QLatin1String(table)); });
+    return isWhole ? Fit::Fits : Fit::Unreadable;
 }
 
 QSqlError create(const QSqlDatabase& database, const QString& programVersion)

@@ -149,9 +149,7 @@ std::optional<QSqlQuery> RecordingSource::ask(const QString& statement, const QV
     }
     isDone = isDone && query.exec();
     if (!isDone) {
-        if (!std::exchange(m_isDamageTold, true)) {
-            say(RecordingNotice::Kind::DamagedPart, query.lastError().databaseText());
-        }
+        sayDamaged(query.lastError().databaseText());
         return std::nullopt;
     }
     return query;
@@ -162,10 +160,18 @@ bool RecordingSource::next(QSqlQuery& query)
     if (query.next()) {
         return true;
     }
-    if (query.lastError().isValid() && !std::exchange(m_isDamageTold, true)) {
-        say(RecordingNotice::Kind::DamagedPart, query.lastError().databaseText());
+    if (query.lastError().isValid()) {
+        sayDamaged(query.lastError().databaseText());
     }
     return false;
+}
+
+/// Once a file.
+void RecordingSource::sayDamaged(const QString& reason)
+{
+    if (!std::exchange(m_isDamageTold, true)) {
+        say(RecordingNotice::Kind::DamagedPart, reason);
+    }
 }
 
 std::optional<TimeSpan> RecordingSource::rangeOf(const QString& statement)
@@ -214,10 +220,7 @@ std::vector<RecordingSource::Row> RecordingSource::rows(const QString& condition
         const bool isInOrder = result.empty() || (isDescending ? row.at < result.back().at
                                                                : row.at > result.back().at);
         if (!isInOrder) {
-            // Damaged so that it might never end.
-            if (!std::exchange(m_isDamageTold, true)) {
-                say(RecordingNotice::Kind::DamagedPart);
-            }
+            sayDamaged(); // so that it might never end
             break;
         }
         row.hexId = hexIdOf(query->value(1));
@@ -226,7 +229,9 @@ std::vector<RecordingSource::Row> RecordingSource::rows(const QString& condition
         row.flight = query->value(4).isNull() ? -1 : query->value(4).toLongLong();
         row.request = query->value(5).toByteArray();
         row.answer = query->value(6).toByteArray();
-        if (!row.hexId.isEmpty()) {
+        if (row.hexId.isEmpty()) {
+            sayDamaged();
+        } else {
             result.push_back(std::move(row));
         }
     }
@@ -250,6 +255,11 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
                 context.rounds.insert(at, round);
             }
         }
+        if (query->lastError().isValid()) {
+            // One that is missing would give its records the time of another.
+            context.rounds.clear();
+            context.singles.clear();
+        }
     }
     const auto named = readEvents(QStringLiteral("kind=? AND at<?"),
                                   {static_cast<int>(EventKind::Named), span.to});
@@ -259,14 +269,27 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
     return context;
 }
 
-RecordedRecord RecordingSource::recordOf(const Row& row, const Context& context) const
+/// Nothing when the answer is not what it was: no value is better than a wrong one.
+std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Context& context)
 {
+    LdbStatus status = LdbStatus::disconnected();
+    if (row.kind != filerow::kLossTold) {
+        const LdbStatusDecoding decoding =
+            decodeLdbStatus(exchangebytes::answerBodies(row.answer)
+                                .value(qMax(row.outcome, 0) >> filerow::kFrameShift));
+        if (!decoding.valid) {
+            sayDamaged();
+            return std::nullopt;
+        }
+        status = decoding.status;
+    }
     // The entry in force at a moment.
     const auto inForce = [at = row.at](const auto& map) {
         auto next = map.upperBound(at);
         return next == map.begin() ? map.end() : --next;
     };
-    Round round{row.at / kMicrosecondsPerMillisecond, 0};
+    const qint64 asked = row.at / kMicrosecondsPerMillisecond;
+    Round round{asked, QDateTime::fromMSecsSinceEpoch(asked).offsetFromUtc()};
     const auto single = context.singles.constFind(row.at);
     if (single != context.singles.constEnd()) {
         round = *single;
@@ -277,12 +300,6 @@ RecordedRecord RecordingSource::recordOf(const Row& row, const Context& context)
     const auto name = inForce(names);
     const QDateTime wall =
         QDateTime::fromMSecsSinceEpoch(round.wall, Qt::OffsetFromUTC, round.offset);
-    const LdbStatus status =
-        row.kind == filerow::kLossTold
-            ? LdbStatus::disconnected()
-            : decodeLdbStatus(exchangebytes::answerBodies(row.answer)
-                                  .value(qMax(row.outcome, 0) >> filerow::kFrameShift))
-                  .status;
     RecordedRecord record;
     record.at = row.at;
     record.hexId = row.hexId;
@@ -314,7 +331,9 @@ std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeS
     const Context context = contextOf({found.front().at, found.back().at + 1});
     result.reserve(found.size());
     for (const Row& row : found) {
-        result.push_back(recordOf(row, context));
+        if (auto record = recordOf(row, context)) {
+            result.push_back(std::move(*record));
+        }
     }
     return result;
 }
@@ -506,7 +525,9 @@ std::vector<RecordedRecord> RecordingSource::latest(qint64 at, const QSet<QStrin
     }
     const Context context = contextOf({first, at + 1});
     for (const Row& row : qAsConst(found)) {
-        result.push_back(recordOf(row, context));
+        if (auto record = recordOf(row, context)) {
+            result.push_back(std::move(*record));
+        }
     }
     return result;
 }

@@ -76,7 +76,8 @@ private:
     std::vector<Row> rows(const QString& condition, const QVariantList& values, bool isDescending,
                           int limit);
     Context contextOf(TimeSpan span);
-    RecordedRecord recordOf(const Row& row, const Context& context) const;
+    std::optional<RecordedRecord> recordOf(const Row& row, const Context& context);
+    void sayDamaged(const QString& reason = {});
     std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
     std::optional<Row> lastOf(const QString& hexId, qint64 at);
 
