@@ -112,6 +112,9 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return Opening::Failed;
     }
     const Fit fit = recordingschema::examine(database, &m_errorString);
+    if (fit == Fit::NotNow) {
+        return Opening::Failed;
+    }
     if (fit == Fit::Newer) {
         return Opening::Newer;
     }
@@ -121,7 +124,7 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
     m_queries = std::make_unique<Queries>(database);
     // What is put behind a damaged place may never be found again.
     if (fit == Fit::Fits && !isSound()) {
-        return Opening::Damaged;
+        return m_failure == Failure::Damaged ? Opening::Damaged : Opening::Failed;
     }
     // The disk has it when a commit returns: this is about what is there after a power cut.
     bool isDone = run("PRAGMA journal_mode=WAL") && run("PRAGMA synchronous=FULL");
@@ -138,10 +141,17 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
 bool RecordingFile::isSound()
 {
     QSqlQuery& query = m_queries->any;
-    const bool isDone = query.exec(QStringLiteral("PRAGMA quick_check(1)")) && query.next();
-    m_errorString = isDone ? query.value(0).toString() : query.lastError().text();
+    if (!query.exec(QStringLiteral("PRAGMA quick_check(1)")) || !query.next()) {
+        return failInside(query.lastError());
+    }
+    const QString verdict = query.value(0).toString();
     query.finish();
-    return isDone && m_errorString == QLatin1String("ok");
+    if (verdict != QLatin1String("ok")) {
+        m_failure = Failure::Damaged;
+        m_errorString = verdict;
+        return false;
+    }
+    return true;
 }
 
 bool RecordingFile::prepare()

@@ -30,6 +30,7 @@ constexpr const char* kTables[] = {
 
 /// A result code's lowest byte says what it is, the others say it more closely.
 constexpr int kPrimaryCode = 0xFF;
+constexpr int kError = 1;
 constexpr int kCorrupt = 11;
 constexpr int kFull = 13;
 constexpr int kNotADatabase = 26;
@@ -48,7 +49,9 @@ Fit examine(const QSqlDatabase& database, QString* reason)
     query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !query.next()) {
         *reason = query.lastError().databaseText();
-        return Fit::Unreadable;
+        const Failure failure = failureOf(query.lastError());
+        return failure == Failure::System || failure == Failure::DiskFull ? Fit::NotNow
+                                                                          : Fit::Unreadable;
     }
     const bool isEmpty = query.value(0).toInt() == 0;
     const int version = pragma(query, QStringLiteral("user_version"));
@@ -122,8 +125,10 @@ Failure failureOf(const QSqlError& error)
     case kCorrupt:
     case kNotADatabase:
         return Failure::Damaged;
-    default:
+    case kError:
         return Failure::Other;
+    default:
+        return Failure::System;
     }
 }
 

@@ -16,7 +16,8 @@ enum class Fit
     Fits,
     Newer,   ///< a later version of the program has made it
     Foreign, ///< something else's
-    Unreadable
+    Unreadable,
+    NotNow ///< the disk or another program does not let us
 };
 
 /// What a file is to this version. `reason` gets what SQLite says of an unreadable one.
@@ -47,6 +48,7 @@ enum class Failure
     None,
     DiskFull,
     Damaged,
+    System, ///< the disk or another program does not let us
     Other
 };
 Failure failureOf(const QSqlError& error);

@@ -119,6 +119,7 @@ bool RecordingSource::openAs(const QString& name, const QString& options)
         return say(RecordingNotice::Kind::CannotRead);
     case Fit::Empty:      // being made just now
     case Fit::Unreadable: // as it seems, this way
+    case Fit::NotNow:
         break;
     }
     return false;

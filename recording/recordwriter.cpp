@@ -86,6 +86,7 @@ void RecordWriter::beginFile(qint64 at)
     m_begunAt = at;
     m_now = at;
     m_firstNumber = 1;
+    m_ownPath.clear();
     m_waitingExchanges = 0;
     m_waiting = m_maker.beginFile(at);
     m_retryAt = 0;
@@ -174,6 +175,7 @@ bool RecordWriter::writeWaiting()
     if (!m_file.write(rows)) {
         return false;
     }
+    m_ownPath = m_file.path();
     m_waiting.clear();
     m_waitingExchanges = 0;
     m_maker.forgetSums();
@@ -189,7 +191,7 @@ bool RecordWriter::openFile()
         const QString path = recordingfolder::pathOf(m_options.folder, m_day, m_firstNumber);
         switch (m_file.open(path, m_options.programVersion)) {
         case RecordingFile::Opening::Done:
-            if (m_file.lastAt() < m_begunAt) {
+            if (m_file.lastAt() < m_begunAt || path == m_ownPath) {
                 return true;
             }
             if (m_file.lastAt() - m_begunAt > kSlewed) {

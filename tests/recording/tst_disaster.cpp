@@ -97,7 +97,7 @@ private slots:
         rlimit former{};
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &former), 0);
         rlimit full = former;
-        full.rlim_cur = 100000;
+        full.rlim_cur = 1000;
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &full), 0);
         live(100);
         const std::size_t said = notices.size();
