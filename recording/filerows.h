@@ -14,9 +14,11 @@
 namespace filerow {
 
 // What the table of exchanges has beside them, in one order of time. Its `kind` is an
-// `ExchangeKind`, with a flag for an extra one, or this.
-constexpr int kExtraFlag = 16;
-constexpr int kLossTold = 32; ///< a record that says "lost"
+// `ExchangeKind` with flags, or a record that says "lost".
+constexpr int kKindMask = 15;
+constexpr int kExtraFlag = 16;  ///< asked between the turns
+constexpr int kPackedFlag = 64; ///< the answer is packed: it takes half the room
+constexpr int kLossTold = 32;   ///< a record that says "lost"
 
 /// Above an `ExchangeOutcome`: which of the sound frames in a status's answer the record is of.
 constexpr int kFrameShift = 4;

@@ -30,13 +30,13 @@ constexpr int kStatus = static_cast<int>(ExchangeKind::Status);
 const QString& recordCondition()
 {
     static const QString condition =
-        QStringLiteral("(kind=%1 OR (kind IN (%2,%3) AND outcome<%6 AND (outcome & %5)=%4))")
+        QStringLiteral("(kind=%1 OR ((kind & %2)=%3 AND outcome<%4 AND (outcome & %5)=%6))")
             .arg(filerow::kLossTold)
+            .arg(filerow::kLossTold | filerow::kKindMask)
             .arg(kStatus)
-            .arg(kStatus | filerow::kExtraFlag)
-            .arg(static_cast<int>(ExchangeOutcome::Believed))
+            .arg(filerow::kNoFrame << filerow::kFrameShift)
             .arg(filerow::kOutcomeMask)
-            .arg(filerow::kNoFrame << filerow::kFrameShift);
+            .arg(static_cast<int>(ExchangeOutcome::Believed));
     return condition;
 }
 
@@ -230,6 +230,9 @@ std::vector<RecordingSource::Row> RecordingSource::rows(const QString& condition
         row.flight = query->value(4).isNull() ? -1 : query->value(4).toLongLong();
         row.request = query->value(5).toByteArray();
         row.answer = query->value(6).toByteArray();
+        if ((row.kind & filerow::kPackedFlag) != 0) {
+            row.answer = exchangebytes::unpacked(row.answer);
+        }
         if (row.hexId.isEmpty()) {
             sayDamaged();
         } else {
@@ -304,7 +307,7 @@ std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Co
     RecordedRecord record;
     record.at = row.at;
     record.hexId = row.hexId;
-    record.isExtra = row.kind == (kStatus | filerow::kExtraFlag);
+    record.isExtra = (row.kind & filerow::kExtraFlag) != 0;
     record.rows =
         generalinformation::buildRows(row.hexId, name == names.end() ? QString() : *name, status,
                                       wall.toString(generalinformation::kSecondsFormat),
@@ -341,7 +344,7 @@ std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeS
 
 std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan span, int limit)
 {
-    QString condition = QStringLiteral("at>=? AND at<? AND kind<?");
+    QString condition = QStringLiteral("at>=? AND at<? AND kind<>?");
     QVariantList values{span.from, span.to, filerow::kLossTold};
     if (!hexId.isEmpty()) {
         condition += QStringLiteral(" AND ldb=?");
@@ -350,9 +353,9 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
     const bool isLimited = limit >= 0;
     std::vector<Exchange> result;
     for (Row& row : rows(condition, values, isLimited, limit)) {
-        const int kind = row.kind & ~filerow::kExtraFlag;
+        const int kind = row.kind & filerow::kKindMask;
         const int outcome = row.outcome & filerow::kOutcomeMask;
-        if (kind < 0 || kind > static_cast<int>(ExchangeKind::Broadcast) ||
+        if (kind > static_cast<int>(ExchangeKind::Broadcast) ||
             outcome > static_cast<int>(ExchangeOutcome::Late)) {
             continue; // damaged
         }

@@ -62,7 +62,7 @@ private:
     RecordingFile m_file;
     QDate m_day;           ///< of what waits
     int m_firstNumber = 1; ///< of the day's files that may be used
-    QString m_ownPath; ///< has what was told since `m_begunAt`
+    QString m_ownPath;     ///< has what was told since `m_begunAt`
     qint64 m_endOfDay = 0;
     qint64 m_begunAt = 0; ///< the first moment of what goes into the file
     qint64 m_now = 0;     ///< the latest moment told

@@ -58,7 +58,12 @@ void RowMaker::put(const input::Told& told, FileRows& rows)
     if (exchange.request != exchangebytes::usualRequest(exchange.kind, exchange.hexId)) {
         row.request = exchange.request;
     }
-    row.answer = exchange.answer;
+    if (const auto packed = exchangebytes::packed(exchange.answer)) {
+        row.kind |= filerow::kPackedFlag;
+        row.answer = *packed;
+    } else {
+        row.answer = exchange.answer;
+    }
     rows.emplace_back(std::move(row));
     count(exchange);
     if (exchange.kind == ExchangeKind::Status && exchange.outcome == ExchangeOutcome::Believed &&

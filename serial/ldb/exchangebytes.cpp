@@ -2,6 +2,7 @@
 
 #include "serial/ldb/request.h"
 #include "serial/wire/framecodec.h"
+#include "serial/wire/hextext.h"
 
 #include <algorithm>
 
@@ -42,6 +43,18 @@ QList<QByteArray> answerBodies(const QByteArray& answer)
         start = answer.indexOf(framecodec::kSoh, isSound ? next : start + 1);
     }
     return bodies;
+}
+
+std::optional<QByteArray> packed(const QByteArray& answer)
+{
+    // Whatever is written in another way, or is more than that, must come back as it was.
+    const QByteArray bytes = QByteArray::fromHex(answer);
+    return !bytes.isEmpty() && unpacked(bytes) == answer ? std::make_optional(bytes) : std::nullopt;
+}
+
+QByteArray unpacked(const QByteArray& packed)
+{
+    return framecodec::kSoh + hextext::fromBytes(packed) + framecodec::kEot;
 }
 
 } // namespace exchangebytes
