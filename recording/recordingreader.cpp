@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -123,32 +124,83 @@ std::vector<Value> RecordingReader::collect(TimeSpan span, qint64 Value::*time, 
     return result;
 }
 
-std::vector<RecordedRecord> RecordingReader::records(const QString& hexId, TimeSpan span, int limit)
+template <typename Value, typename Read>
+std::vector<Value> RecordingReader::collectLast(TimeSpan span, int limit, qint64 Value::*time,
+                                                const Read& read)
 {
-    auto result = collect(span, &RecordedRecord::at, [&](RecordingSource& source) {
-        return source.records(hexId, span, limit);
+    if (limit < 0) {
+        return collect(span, time, read);
+    }
+    std::vector<File*> files;
+    for (const auto& file : m_files) {
+        if (file->extent) {
+            files.push_back(file.get());
+        }
+    }
+    std::stable_sort(files.begin(), files.end(), [](const File* left, const File* right) {
+        return left->extent->to > right->extent->to;
     });
-    if (limit >= 0 && result.size() > static_cast<std::size_t>(limit)) {
-        result.erase(result.begin(), result.end() - limit);
+    const auto count = static_cast<std::size_t>(limit);
+    const auto isEarlier = [time](const Value& left, const Value& right) {
+        return left.*time < right.*time;
+    };
+    std::vector<Value> result;
+    for (File* file : files) {
+        if (result.size() >= count && (count == 0 || file->extent->to < result.front().*time)) {
+            break;
+        }
+        std::vector<Value> part = read(use(*file));
+        std::move(result.begin(), result.end(), std::back_inserter(part));
+        std::stable_sort(part.begin(), part.end(), isEarlier);
+        if (part.size() > count) {
+            part.erase(part.begin(), part.end() - limit);
+        }
+        result = std::move(part);
     }
     return result;
+}
+
+std::vector<RecordedRecord> RecordingReader::records(const QString& hexId, TimeSpan span, int limit)
+{
+    return collectLast(span, limit, &RecordedRecord::at,
+                       [&](RecordingSource& source) { return source.records(hexId, span, limit); });
 }
 
 std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan span, int limit)
 {
-    auto result = collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+    return collectLast(span, limit, &Exchange::sentAt, [&](RecordingSource& source) {
         return source.exchanges(hexId, span, limit);
     });
-    if (limit >= 0 && result.size() > static_cast<std::size_t>(limit)) {
-        result.erase(result.begin(), result.end() - limit);
-    }
-    return result;
 }
 
-std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span)
+std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
 {
-    return collect(span, &RecordedMinute::at,
-                   [&](RecordingSource& source) { return source.minutes(hexId, span); });
+    const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
+        return source.minutes(hexId, span, each);
+    });
+    // Of those of one time each file may have some.
+    std::map<std::pair<qint64, QString>, RecordedMinute> sums;
+    for (const RecordedMinute& part : parts) {
+        RecordedMinute& sum = sums[{part.at, part.hexId}];
+        sum.at = part.at;
+        sum.hexId = part.hexId;
+        sum.leastFlight = sum.good == 0    ? part.leastFlight
+                          : part.good == 0 ? sum.leastFlight
+                                           : qMin(sum.leastFlight, part.leastFlight);
+        sum.asked += part.asked;
+        sum.good += part.good;
+        sum.damaged += part.damaged;
+        sum.silent += part.silent;
+        sum.told += part.told;
+        sum.sumOfFlights += part.sumOfFlights;
+        sum.mostFlight = qMax(sum.mostFlight, part.mostFlight);
+    }
+    std::vector<RecordedMinute> result;
+    result.reserve(sums.size());
+    for (auto& sum : sums) {
+        result.push_back(std::move(sum.second));
+    }
+    return result;
 }
 
 std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)

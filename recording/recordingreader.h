@@ -47,8 +47,9 @@ public:
     std::vector<RecordedRecord> stateAt(qint64 at);
     /// `sentAt` is the key in the recording; a request that kind and LDB say is there again.
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit = -1);
-    /// Those that overlap the span; of more than one file with the same minute one each.
-    std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span);
+    /// Those that overlap the span. With `each` above 1 so many minutes from the span's begin on
+    /// are summed up in one; `at` is then where they begin. LDBs that were not asked have none.
+    std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each = 1);
     /// Those that people care for.
     std::vector<RecordedEvent> events(TimeSpan span);
     /// Those that overlap the span. A run of several days is one.
@@ -70,6 +71,9 @@ private:
     /// Gives what a file has of a span, for each file that overlaps it; sorted by time.
     template <typename Value, typename Read>
     std::vector<Value> collect(TimeSpan span, qint64 Value::*time, const Read& read);
+    /// The same of the last `limit`: from the last file back, as far as it takes.
+    template <typename Value, typename Read>
+    std::vector<Value> collectLast(TimeSpan span, int limit, qint64 Value::*time, const Read& read);
     RecordingSource& use(File& file);
 
     QString m_path;

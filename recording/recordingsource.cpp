@@ -315,22 +315,45 @@ std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Co
     return record;
 }
 
+/// A minute from which on there are that many records before `to`: going forward from there, the
+/// disk is read ahead.
+qint64 RecordingSource::beginOfLast(const QString& hexId, qint64 to, int count)
+{
+    QString statement = QStringLiteral("SELECT minute,told FROM minutes WHERE minute<?");
+    QVariantList values{to / kMinute};
+    if (!hexId.isEmpty()) {
+        statement += QStringLiteral(" AND ldb=?");
+        values.append(busaddress::fromHexId(hexId));
+    }
+    auto query = ask(statement + QStringLiteral(" ORDER BY minute DESC"), values);
+    qint64 told = 0;
+    while (query && told < count && next(*query)) {
+        told += query->value(1).toInt();
+        if (told >= count) {
+            return query->value(0).toLongLong() * kMinute;
+        }
+    }
+    return 0;
+}
+
 std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeSpan span, int limit)
 {
+    if (limit >= 0) {
+        span.from = qMax(span.from, beginOfLast(hexId, span.to, limit));
+    }
     QString condition = QStringLiteral("at>=? AND at<? AND ") + recordCondition();
     QVariantList values{span.from, span.to};
     if (!hexId.isEmpty()) {
         condition += QStringLiteral(" AND ldb=?");
         values.append(busaddress::fromHexId(hexId));
     }
-    const bool isLimited = limit >= 0;
-    std::vector<Row> found = rows(condition, values, isLimited, limit);
+    std::vector<Row> found = rows(condition, values, false, -1);
     std::vector<RecordedRecord> result;
+    if (limit >= 0 && found.size() > static_cast<std::size_t>(limit)) {
+        found.erase(found.begin(), found.end() - limit);
+    }
     if (found.empty()) {
         return result;
-    }
-    if (isLimited) {
-        std::reverse(found.begin(), found.end());
     }
     const Context context = contextOf({found.front().at, found.back().at + 1});
     result.reserve(found.size());
@@ -378,17 +401,24 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
     return result;
 }
 
-std::vector<RecordedMinute> RecordingSource::minutes(const QString& hexId, TimeSpan span)
+std::vector<RecordedMinute> RecordingSource::minutes(const QString& hexId, TimeSpan span, int each)
 {
     std::vector<RecordedMinute> result;
-    QString statement = QStringLiteral("SELECT minute,ldb,asked,good,damaged,silent,told,least,sum,"
-                                       "most FROM minutes WHERE minute>=? AND minute<=?");
+    // Summed up there, where it is fast. The flight times of a minute without a good answer are 0.
+    QString statement =
+        QStringLiteral("SELECT minute-(minute-%1) % %2 AS begin,ldb,sum(asked),sum(good),"
+                       "sum(damaged),sum(silent),sum(told),"
+                       "ifnull(min(CASE WHEN good>0 THEN least END),0),sum(sum),max(most)"
+                       " FROM minutes WHERE minute>=? AND minute<=?")
+            .arg(span.from / kMinute)
+            .arg(each);
     // A minute that has begun before the span is a part of it.
     QVariantList values{span.from / kMinute, (span.to - 1) / kMinute};
     if (!hexId.isEmpty()) {
         statement += QStringLiteral(" AND ldb=?");
         values.append(busaddress::fromHexId(hexId));
     }
+    statement += QStringLiteral(" GROUP BY begin,ldb ORDER BY begin,ldb");
     auto query = ask(statement, values);
     while (query && next(*query)) {
         RecordedMinute minute;

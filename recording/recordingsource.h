@@ -36,7 +36,7 @@ public:
     // Ascending. A limit leaves the last ones; -1 is none.
     std::vector<RecordedRecord> records(const QString& hexId, TimeSpan span, int limit);
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit);
-    std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span);
+    std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// All but those that are not for people.
     std::vector<RecordedEvent> events(TimeSpan span);
     std::vector<RecordedRun> runs();
@@ -79,6 +79,7 @@ private:
     std::optional<RecordedRecord> recordOf(const Row& row, const Context& context);
     void sayDamaged(const QString& reason = {});
     std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
+    qint64 beginOfLast(const QString& hexId, qint64 to, int count);
     std::optional<Row> lastOf(const QString& hexId, qint64 at);
 
     QString m_path;

@@ -190,6 +190,34 @@ private slots:
         QCOMPARE(reader.records("0A", kAll, 1200).size(), std::size_t(1200));
     }
 
+    void sumsMinutesUp()
+    {
+        const Sandbox sandbox;
+        RecordWriter writer(optionsFor(sandbox.path("recordings")));
+        RecordedBus bus(QDateTime(QDate(2026, 3, 4), QTime(23, 50)));
+        bus.start({"0A"});
+        for (int minute = 0; minute < 20; ++minute) { // into another day
+            const qint64 begin = bus.now;
+            bus.status("0A");
+            std::get<input::Told>(bus.inputs.back()).exchange.flight = 1000 + minute;
+            bus.ask("0A", ExchangeKind::Name, {}, ExchangeOutcome::Silent);
+            bus.now = begin + 60 * RecordedBus::kSecond;
+        }
+        writer.take(bus.take());
+        RecordingReader reader(sandbox.path("recordings"));
+        const qint64 begin = reader.extent()->from;
+        QCOMPARE(reader.minutes({}, kAll).size(), std::size_t(20));
+        const auto sums = reader.minutes("0A", {begin, bus.now}, 15);
+        QCOMPARE(sums.size(), std::size_t(2));
+        QCOMPARE(sums[0].at, begin);
+        QCOMPARE(sums[0].asked, 30);
+        QCOMPARE(sums[0].good, 15);
+        QCOMPARE(sums[0].silent, 15);
+        QCOMPARE(sums[0].leastFlight, qint64(1000));
+        QCOMPARE(sums[0].mostFlight, qint64(1014));
+        QCOMPARE(sums[1].asked, 10);
+    }
+
     void raisesAKeyWhereTwoMeet()
     {
         const Sandbox sandbox;
