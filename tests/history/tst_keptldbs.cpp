@@ -100,11 +100,13 @@ private slots:
         const Sandbox folder;
         const KeptLdbs kept(folder.path("."));
         folder.writeFile(kept.filePath(), "{\"ldbs\": [{");
+        QString problem;
         {
-            const ExpectWarning warning("cannot be understood");
-            QVERIFY(kept.all().empty());
+            const ExpectWarning warning("is damaged");
+            QVERIFY(kept.all(&problem).empty());
         }
-        QVERIFY(QFile::exists(kept.filePath() + ".damaged"));
+        QVERIFY(problem.contains(kept.filePath()));
+        QCOMPARE(Sandbox::readFile(kept.filePath() + ".damaged"), QByteArray("{\"ldbs\": [{"));
         QCOMPARE(kept.keep(ldb("10", "A")), QString());
         QCOMPARE(kept.all().size(), std::size_t(1));
     }
@@ -118,9 +120,23 @@ private slots:
         QVERIFY(bytes.contains("\"openDetectionDelay\": 25"));
         folder.writeFile(kept.filePath(), bytes.replace("\"openDetectionDelay\": 25",
                                                         "\"openDetectionDelay\": 70000"));
+        const ExpectWarning warning("is damaged");
         const auto read = kept.find("10", "A");
         QVERIFY(read && read->audioMute);
         QVERIFY(!read->settings);
+        QVERIFY(Sandbox::readFile(kept.filePath() + ".damaged").contains("70000"));
+    }
+
+    void replacesNothingThatItCannotRead()
+    {
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
+        QVERIFY(QDir().mkpath(kept.filePath())); // no file, but in its place
+        QString problem;
+        const ExpectWarning warning("cannot be read");
+        QVERIFY(kept.all(&problem).empty());
+        QVERIFY(problem.contains(kept.filePath()));
+        QVERIFY(kept.keep(ldb("10", "A")).contains("cannot be read"));
     }
 
     void saysWhyItCouldNotBeKept()

@@ -96,6 +96,20 @@ private slots:
         WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
     }
 
+    void lostLdb()
+    {
+        Bench bench;
+        QSignalSpy changed(bench.ldb.get(), &TrackedLdb::reachableChanged);
+        QVERIFY(bench.ldb->isReachable());
+        bench.bus.setPresent({});
+        WAIT_VERIFY(!changed.isEmpty());
+        QVERIFY(!bench.ldb->isReachable());
+        changed.clear();
+        bench.bus.setPresent({bench.ldb->hexId()});
+        WAIT_VERIFY(!changed.isEmpty());
+        QVERIFY(bench.ldb->isReachable());
+    }
+
     void linkMayDieFirst()
     {
         Bench bench;
