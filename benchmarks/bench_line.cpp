@@ -6,9 +6,11 @@
 #include <QElapsedTimer>
 #include <QTextStream>
 
+#include <algorithm>
+
 // What the conversation holds on a bad line: values, losses and pace under each adversary, on each
 // kind of line, judged by the line's own book, in virtual time. With --memory: what the heap grows
-// by in days on which nothing sensible comes.
+// by in days on which nothing sensible comes. With --large: what 253 LDBs make a user wait.
 
 namespace {
 
@@ -140,6 +142,126 @@ bool showTrial(const BadLine& trial, const NamedLineKind& line, quint64 seed, co
     return isFast && tally.wrong == 0 && tally.falseLosses == 0;
 }
 
+/// What a user of 253 LDBs waits for. Times in µs.
+struct LargeSite
+{
+    double round = 0;    ///< mean
+    qint64 selected = 0; ///< the longest time between two statuses of the selected LDB
+    qint64 loss = 0;     ///< from the first missed request to the loss, the longest of five
+    LineRig::Tally tally;
+    QStringList complaints;
+};
+
+LargeSite liveLarge(const Adversaries& adversaries, const TurnPlan::Options& turns, double hours)
+{
+    constexpr int kLdbs = 253;
+    constexpr int kSelected = 0x55;
+    LineRig::Setup setup;
+    setup.turns = turns;
+    setup.addresses.clear();
+    for (int address = 1; address <= kLdbs; ++address) {
+        setup.addresses.push_back(address);
+    }
+    LineRig rig(setup);
+    rig.scan();
+    rig.run(2 * kMinute);
+    rig.conversation().select(busaddress::toHexId(kSelected));
+    rig.line().setAdversaries(adversaries, rig.now());
+    rig.run(kMinute);
+
+    LargeSite site;
+    int rounds = -1;
+    qint64 begin = 0;
+    qint64 end = 0;
+    qint64 lastStatus = rig.now();
+    QString gone;
+    qint64 firstMiss = 0;
+    rig.listen([&](const Event& event) {
+        if (std::holds_alternative<event::RoundEnded>(event)) {
+            begin = ++rounds == 0 ? rig.now() : begin;
+            end = rig.now();
+        } else if (const auto* record = std::get_if<event::Record>(&event)) {
+            if (record->hexId == busaddress::toHexId(kSelected)) {
+                site.selected = std::max(site.selected, rig.now() - lastStatus);
+                lastStatus = rig.now();
+            }
+        } else if (const auto* exchange = std::get_if<Exchange>(&event)) {
+            if (firstMiss == 0 && exchange->hexId == gone &&
+                exchange->outcome == ExchangeOutcome::Silent) {
+                firstMiss = exchange->sentAt - LineRig::kWallStart * 1000;
+            }
+        } else if (const auto* loss = std::get_if<event::Loss>(&event)) {
+            if (loss->hexId == gone) {
+                site.loss = std::max(site.loss, rig.now() - firstMiss);
+            }
+        }
+    });
+    rig.run(static_cast<qint64>(hours * kHour));
+    site.round = static_cast<double>(end - begin) / rounds;
+    const qint64 selected = site.selected;
+    for (const int address : {1, 64, 128, 200, kLdbs}) {
+        gone = busaddress::toHexId(address);
+        firstMiss = 0;
+        rig.boards().setPresent(address, false);
+        rig.runUntil([&] { return rig.lost().contains(gone); }, 10 * kMinute);
+        rig.boards().setPresent(address, true);
+        rig.runUntil([&] { return !rig.lost().contains(gone); }, 10 * kMinute);
+    }
+    site.selected = selected;
+    site.tally = rig.tally();
+    site.complaints = rig.complaints();
+    return site;
+}
+
+/// 253 LDBs on good and bad lines, asked as ever and as long rounds are; whether the limits of the
+/// good line hold.
+bool showLarge(double hours, const QString& named, QTextStream& out)
+{
+    constexpr double kRoundLimit = 0.55;
+    constexpr qint64 kSelectedLimit = 2 * kSecond;
+    constexpr qint64 kLossLimit = 16 * kSecond;
+    const auto seconds = [](auto time) {
+        return static_cast<double>(time) / kSecond;
+    };
+    bool isGood = true;
+    out << "253 LDBs                         identity   round s  selected s  loss s  wrong  "
+           "false\n";
+    const auto show = [&](const char* name, const Adversaries& adversaries) {
+        const bool isClean = qstrcmp(name, "good line") == 0;
+        double before = 0;
+        for (const bool isAsEver : {true, false}) {
+            const LargeSite site = liveLarge(
+                adversaries, isAsEver ? TurnPlan::Options{1, 0} : TurnPlan::Options{}, hours);
+            out << QStringLiteral("%1 %2 %3 %4 %5 %6 %7\n")
+                       .arg(QLatin1String(name), -32)
+                       .arg(isAsEver ? "each time" : "a tenth  ")
+                       .arg(seconds(site.round), 8, 'f', 2)
+                       .arg(seconds(site.selected), 11, 'f', 2)
+                       .arg(seconds(site.loss), 7, 'f', 2)
+                       .arg(site.tally.wrong, 6)
+                       .arg(site.tally.falseLosses, 6);
+            for (const QString& complaint : site.complaints) {
+                out << complaint << "\n";
+            }
+            out.flush();
+            const bool isKept = isAsEver || !isClean ||
+                                (site.round <= kRoundLimit * before &&
+                                 site.selected <= kSelectedLimit && site.loss <= kLossLimit);
+            isGood = isGood && isKept && site.tally.wrong == 0 && site.tally.falseLosses == 0;
+            before = site.round;
+        }
+    };
+    if (named.isEmpty()) {
+        show("good line", {});
+    }
+    for (const BadLine& trial : badLines()) {
+        if (trial.absent == 0 && QLatin1String(trial.name).startsWith(named)) {
+            show(trial.name, trial.adversaries);
+        }
+    }
+    return isGood;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -155,6 +277,7 @@ int main(int argc, char* argv[])
          {"adapter", "An adapter that hands bytes over at ticks of so many ms.", "ms", "0"},
          {"commands", "Queue commands, too; the pace is not judged then."},
          {"memory", "Only the memory, of a day (or --hours) of silence and of babble."},
+         {"large", "Only 253 LDBs: rounds, the selected LDB, losses; --hours of each line."},
          {"short", "Six minutes each."}});
     parser.addHelpOption();
     parser.process(app);
@@ -167,6 +290,9 @@ int main(int argc, char* argv[])
     if (parser.isSet("memory")) {
         constexpr double kDay = 24;
         return showMemory(parser.isSet("hours") ? hours : kDay, out) ? 0 : 1;
+    }
+    if (parser.isSet("large")) {
+        return showLarge(parser.isSet("hours") ? hours : 1, parser.value("trial"), out) ? 0 : 1;
     }
     out << "line        adversary                        seed  records  wrong  by the book  losses "
            " "

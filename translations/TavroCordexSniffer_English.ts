@@ -147,4 +147,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>OverviewBar</name>
+    <message numerus="yes">
+        <source>%n faults hidden</source>
+        <translation>
+            <numerusform>%n fault hidden</numerusform>
+            <numerusform>%n faults hidden</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

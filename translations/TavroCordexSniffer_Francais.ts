@@ -2107,6 +2107,56 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>OverviewBar</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n faults hidden</source>
+        <translation>
+            <numerusform>%n défaut masqué</numerusform>
+            <numerusform>%n défauts masqués</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter (Ctrl+F)</source>
+        <translation>Filtre (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Show only LDBs with these words in their id, name, mode or conditions. Esc shows all again.</source>
+        <translation>N&apos;afficher que les LDB qui ont ces mots dans leur ID, nom, mode ou états. Échap les affiche tous à nouveau.</translation>
+    </message>
+    <message>
+        <source>Filter of the overview</source>
+        <translation>Filtre de la vue d&apos;ensemble</translation>
+    </message>
+    <message>
+        <source>Only faults</source>
+        <translation>Défauts seulement</translation>
+    </message>
+    <message>
+        <source>Show only LDBs that are lost, in fault, or named behind one of the lamps</source>
+        <translation>N&apos;afficher que les LDB perdus, en défaut ou nommés derrière un des voyants</translation>
+    </message>
+    <message>
+        <source>Faults first</source>
+        <translation>Défauts d&apos;abord</translation>
+    </message>
+    <message>
+        <source>Lost and faulty LDBs stand at the top, whatever is sorted by</source>
+        <translation>Les LDB perdus ou en défaut sont en tête, quel que soit le tri</translation>
+    </message>
+    <message>
+        <source>LDBs that are shown, of all. The selected one is always shown.</source>
+        <translation>LDB affichés, sur le total. Le LDB sélectionné est toujours affiché.</translation>
+    </message>
+    <message>
+        <source>The filter hides LDBs that are lost or faulty: click to show all</source>
+        <translation>Le filtre masque des LDB perdus ou en défaut : cliquez pour tout afficher</translation>
+    </message>
+</context>
+<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>

@@ -2107,6 +2107,56 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>OverviewBar</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 van %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n faults hidden</source>
+        <translation>
+            <numerusform>%n fout verborgen</numerusform>
+            <numerusform>%n fouten verborgen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Filter (Ctrl+F)</source>
+        <translation>Filter (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Show only LDBs with these words in their id, name, mode or conditions. Esc shows all again.</source>
+        <translation>Alleen LDB&apos;s tonen met deze woorden in hun id, naam, modus of toestanden. Esc toont alle weer.</translation>
+    </message>
+    <message>
+        <source>Filter of the overview</source>
+        <translation>Filter van het overzicht</translation>
+    </message>
+    <message>
+        <source>Only faults</source>
+        <translation>Alleen fouten</translation>
+    </message>
+    <message>
+        <source>Show only LDBs that are lost, in fault, or named behind one of the lamps</source>
+        <translation>Alleen LDB&apos;s tonen die verloren zijn, in fout zijn of achter een van de lampen genoemd worden</translation>
+    </message>
+    <message>
+        <source>Faults first</source>
+        <translation>Fouten eerst</translation>
+    </message>
+    <message>
+        <source>Lost and faulty LDBs stand at the top, whatever is sorted by</source>
+        <translation>Verloren en foute LDB&apos;s staan bovenaan, waarop ook gesorteerd wordt</translation>
+    </message>
+    <message>
+        <source>LDBs that are shown, of all. The selected one is always shown.</source>
+        <translation>LDB&apos;s die getoond worden, van alle. De geselecteerde wordt altijd getoond.</translation>
+    </message>
+    <message>
+        <source>The filter hides LDBs that are lost or faulty: click to show all</source>
+        <translation>Het filter verbergt LDB&apos;s die verloren of fout zijn: klik om alle te tonen</translation>
+    </message>
+</context>
+<context>
     <name>PortPlot</name>
     <message>
         <source>mA</source>

@@ -52,6 +52,10 @@ BroadcastWatch::BroadcastWatch(SerialLink* link, LdbControl control, QObject* pa
                 using namespace generalinformation;
                 take(hexId, static_cast<LdbState>(integer(record, ModeRow)));
             });
+    connect(link, &SerialLink::roundEnded, this, [this] {
+        ++m_rounds;
+        finishIfSeen();
+    });
     connect(link, &SerialLink::stopped, this, [this] {
         m_sight.isCut = true;
         finish();
@@ -100,17 +104,12 @@ void BroadcastWatch::finishIfSeen()
 
 bool BroadcastWatch::haveTwoRoundsPassed() const
 {
-    int most = 0;
-    bool isEachThrough = true;
-    for (const QString& hexId : m_sight.ldbs) {
-        const int tellings = m_tellings.value(hexId);
-        most = std::max(most, tellings);
-        if (tellings < kRounds && m_link->isConnected(hexId)) {
-            isEachThrough = false;
-        }
-    }
+    const bool isEachThrough =
+        std::all_of(m_sight.ldbs.begin(), m_sight.ldbs.end(), [this](const QString& hexId) {
+            return m_tellings.value(hexId) >= kRounds || !m_link->isConnected(hexId);
+        });
     // One that stays silent, though it is not lost yet, does not hold up the others for ever.
-    return isEachThrough || most > 2 * kRounds;
+    return isEachThrough || m_rounds > 2 * kRounds;
 }
 
 void BroadcastWatch::finish()

@@ -53,5 +53,6 @@ private:
     SerialLink* m_link;
     BroadcastSight m_sight;
     QHash<QString, int> m_tellings; ///< how often each has told its state
+    int m_rounds = 0;               ///< that have ended, the one that was on included
     QTimer m_atLeast;
 };

@@ -33,6 +33,11 @@ inline const QString kOverviewPlotSplitterKey =
     QStringLiteral("position/deviceOverviewAndPLotSplitter");
 inline const QString kPlotDetailSplitterKey = QStringLiteral("position/plotAndDetailSplitter");
 
+// Per-user settings: what the overview shows.
+inline const QString kOverviewFilterKey = QStringLiteral("overview/filter");
+inline const QString kOverviewOnlyFaultsKey = QStringLiteral("overview/onlyFaults");
+inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFirst");
+
 // Per-user settings: language, port, sound, log controls.
 inline const QString kLanguageKey = QStringLiteral("translation/language");
 inline const QString kDefaultLanguage = QStringLiteral("English");
@@ -51,6 +56,9 @@ inline const QString kTranslationFileFilter = QStringLiteral("*.qm");
 inline const QString kTuningFileName = QStringLiteral("settings.ini");
 inline const QString kTableSettingsGroup = QStringLiteral("TableSettings");
 inline const QString kDisconnectedCountKey = QStringLiteral("SerialSettings/DISCONNECTED_COUNT");
+inline const QString kIdentityEveryRoundsKey =
+    QStringLiteral("SerialSettings/IDENTITY_EVERY_ROUNDS");
+inline const QString kSelectedWithinKey = QStringLiteral("SerialSettings/SELECTED_WITHIN_MS");
 inline const QString kBytesWrittenWaitTimeKey =
     QStringLiteral("SerialSettings/BYTES_WRITTEN_WAIT_TIME");
 inline const QString kBytesReceivedWaitTimeKey =

@@ -35,9 +35,7 @@ LdbViews::LdbViews(const Ui::MainWindow& ui, SerialLink* link, QWidget* parent)
     , m_link(link)
 {
     makeViews();
-    feed();
-    connect(m_link, &SerialLink::generalInformationUpdated, new Attention(parent),
-            &Attention::processData);
+    feed(new Attention(parent));
     connectViews();
 }
 
@@ -45,6 +43,7 @@ void LdbViews::makeViews()
 {
     m_details = new DeviceDetailTable(m_ui.deviceDetailTableView, this);
     m_overview = new DeviceOverviewTable(m_ui.deviceOverviewTableView, this);
+    m_ui.overviewBar->setView(m_ui.deviceOverviewTableView);
     m_muteMarks = new MuteMarks(m_ui.deviceOverviewTableView->model(),
                                 m_ui.deviceDetailTableView->model(), this);
     m_plot = new MainWindowPlot(m_ui.plotContainer, this);
@@ -56,16 +55,28 @@ void LdbViews::makeViews()
         m_ui.ldbActionToolBox, this);
 }
 
-void LdbViews::feed()
+void LdbViews::feed(Attention* attention)
 {
     const auto follow = [this](auto* view, auto process) {
         connect(m_link, &SerialLink::generalInformationUpdated, view, process);
     };
-    follow(m_details, &DeviceDetailTable::processData);
-    follow(m_overview, &DeviceOverviewTable::processData);
+    // What shows the present takes also the records from between the turns.
+    const auto followAll = [this, &follow](auto* view, auto process) {
+        follow(view, process);
+        connect(m_link, &SerialLink::extraInformationUpdated, view, process);
+    };
+    // First: the record that makes an LDB the selected one is shown by the others, too.
+    followAll(m_overview, &DeviceOverviewTable::processData);
+    followAll(m_details, &DeviceDetailTable::processData);
     follow(m_ui.logTab, &LogPanel::processData);
     follow(m_plot, &MainWindowPlot::processData);
-    follow(m_lamps, &LampPanel::processData);
+    connect(m_link, &SerialLink::extraInformationUpdated, m_plot, &MainWindowPlot::processExtra);
+    followAll(m_lamps, &LampPanel::processData);
+    followAll(attention, &Attention::processData);
+    connect(m_link, &SerialLink::roundBegun, m_lamps, &LampPanel::beginRound);
+    connect(m_link, &SerialLink::roundEnded, m_lamps, &LampPanel::endRound);
+    connect(m_link, &SerialLink::roundBegun, m_overview, &DeviceOverviewTable::beginRound);
+    connect(m_link, &SerialLink::roundEnded, m_overview, &DeviceOverviewTable::endRound);
     connect(new MuteWatch(m_link, this), &MuteWatch::changed, m_muteMarks, &MuteMarks::setMuted);
 }
 
@@ -130,6 +141,7 @@ void LdbViews::setSelectionEnabled(bool enabled)
 
 void LdbViews::setSelectedLdb(const QString& hexId)
 {
+    m_link->setSelectedLdb(hexId);
     m_details->setCurrentHexId(hexId);
     m_muteMarks->setSelectedLdb(hexId);
     m_ui.logTab->setSelectedLdb(hexId);
@@ -158,5 +170,6 @@ void LdbViews::retranslate()
 void LdbViews::save() const
 {
     m_overview->saveTableState();
+    m_ui.overviewBar->save();
     m_ui.logTab->save();
 }

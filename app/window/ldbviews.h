@@ -7,6 +7,7 @@ namespace Ui {
 class MainWindow;
 }
 
+class Attention;
 class DeviceDetailTable;
 class DeviceOverviewTable;
 class LampPanel;
@@ -48,7 +49,7 @@ signals:
 
 private:
     void makeViews();
-    void feed();
+    void feed(Attention* attention);
     void connectViews();
     void dismiss(const QStringList& hexIds);
     void keepOnly(const QStringList& hexIds);

@@ -81,6 +81,15 @@ void shootFaults(Stage& stage)
     stage.shoot(leftPanel(stage), QStringLiteral("lamp-page"));
 }
 
+void shootFilter(Stage& stage)
+{
+    auto* field = stage.child<QLineEdit>(QStringLiteral("overviewFilterEdit"));
+    field->setText(QStringLiteral("tank"));
+    Stage::pass(1);
+    stage.shoot(stage.child<QWidget>(QStringLiteral("overviewPanel")), QStringLiteral("filter"));
+    field->clear();
+}
+
 void shootLog(Stage& stage)
 {
     showTab(stage, QStringLiteral("logTab"));
@@ -129,6 +138,7 @@ void overview(const Stage::Options& options)
     Stage::pass(kPlotSeconds);
     shootLit(stage, QStringLiteral("lampBLabel"), QStringLiteral("main-window"));
     shootFaults(stage);
+    shootFilter(stage);
     shootLog(stage);
     shootDialogs(stage);
     shootLanguages(stage);

@@ -8,7 +8,7 @@
 namespace {
 
 /// A text that has to be told twice is asked for once more, and again if the two differ.
-constexpr int kCommandInquiries = 3;
+constexpr int kTextInquiries = 3;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 using Outcome = InquiryEnd::Outcome;
@@ -16,6 +16,13 @@ using Outcome = InquiryEnd::Outcome;
 bool isAnswered(const InquiryEnd& end)
 {
     return end.outcome == Outcome::Answered;
+}
+
+/// Whether something came that is no answer. The true one may still come: the next question must be
+/// another one to the same LDB, which answers in order, or it would be taken for another LDB's.
+bool mayStillCome(const InquiryEnd& end)
+{
+    return !isAnswered(end) && end.outcome != Outcome::Silent;
 }
 
 /// Whether an LDB said that it is there.
@@ -34,24 +41,27 @@ QString outcomeText(Outcome outcome)
 
 } // namespace
 
-Conversation::Conversation(int answerWaitTime, int forgivenMisses)
-    : m_forgivenMisses(forgivenMisses)
+Conversation::Conversation(int answerWaitTime, int forgivenMisses, const TurnPlan::Options& options)
+    : m_roster(forgivenMisses, m_telling)
+    , m_plan(options)
+    , m_search(m_roster, m_telling)
     , m_inquiry(answerWaitTime)
 {
 }
 
-void Conversation::start(const Moment& moment, const StartPlan& /*plan*/)
+void Conversation::start(const Moment& moment, const StartPlan& plan)
 {
-    rememberLdbs();
-    m_inquiry.reset();
-    m_scan.clear();
-    m_schedule.clear();
-    m_memory.clear();
+    m_telling.clear();
     m_queue.clear();
-    m_hexId.clear();
-    m_events.clear();
+    if (plan.kind != StartPlan::Kind::Resume) {
+        m_plan.clear();
+    }
     m_clockOffset = moment.wall * kMicrosecondsPerMillisecond - moment.now;
-    m_scan.request();
+    if (m_search.begin(plan, moment)) {
+        m_inquiry.reset();
+    } else {
+        m_inquiry.resume(moment.now);
+    }
     dispatch(moment);
 }
 
@@ -75,19 +85,24 @@ void Conversation::queueCommand(const Request& request, quint64 number)
 {
     if (!isStopped()) {
         m_queue.append(request, number);
-        m_events.emplace_back(event::QueueLength{m_queue.size()});
+        m_telling.tell(event::QueueLength{m_queue.size()});
     }
 }
 
 void Conversation::lineGone()
 {
-    if (m_step == Step::Command && (m_inquiry.isTransmitted() || m_commandAsked > 1)) {
+    if (m_step == Step::Command && (m_inquiry.isTransmitted() || m_timesAsked > 1)) {
         finishCommand({});
     }
     if (!m_queue.isEmpty()) {
         m_queue.clear();
-        m_events.emplace_back(event::QueueLength{0});
+        m_telling.tell(event::QueueLength{0});
     }
+    stop();
+}
+
+void Conversation::stop()
+{
     m_inquiry.endExchange();
     m_step = Step::Stopped;
 }
@@ -96,17 +111,19 @@ std::vector<Event> Conversation::takeEvents()
 {
     for (Exchange& exchange : m_inquiry.takeExchanges()) {
         exchange.sentAt += m_clockOffset;
-        m_events.emplace_back(std::move(exchange));
+        m_telling.tell(std::move(exchange));
     }
-    return std::exchange(m_events, {});
+    return m_telling.take();
 }
 
 ExchangeKind Conversation::exchangeKind(Step step, const Request& request)
 {
     switch (step) {
     case Step::Status:
+    case Step::Extra:
         return ExchangeKind::Status;
     case Step::Name:
+    case Step::ExtraName:
         return ExchangeKind::Name;
     case Step::Firmware:
         return ExchangeKind::Firmware;
@@ -119,219 +136,269 @@ ExchangeKind Conversation::exchangeKind(Step step, const Request& request)
 
 void Conversation::ask(Step step, const Request& request, Inquiry::Role role, const Moment& moment)
 {
+    const bool isBetween = step == Step::Extra ||
+                           (step == Step::Status && m_turn.kind == PollSchedule::Turn::Kind::Again);
     m_step = step;
-    m_inquiry.begin(request, role, moment.now, exchangeKind(step, request));
+    m_askedAt = moment.now;
+    m_inquiry.begin(request, role, moment.now, exchangeKind(step, request),
+                    isBetween && m_roster.isExtra(request.hexId));
 }
 
 /// Goes on when the inquiry has ended.
 void Conversation::settle(const Moment& moment)
 {
     for (const QString& note : m_inquiry.takeNotes()) {
-        log(LimitedLog::Kind::Exchange, m_inquiry.request().text() + QStringLiteral(": ") + note,
-            moment);
+        m_telling.log(LimitedLog::Kind::Exchange,
+                      m_inquiry.request().text() + QStringLiteral(": ") + note, moment.now);
     }
     if (const auto end = m_inquiry.takeEnd()) {
         inquiryEnded(*end, moment);
     }
 }
 
+/// Goes on with this, or first asks the selected LDB.
+void Conversation::proceed(Step next, const Moment& moment)
+{
+    if (isExtraDue(moment)) {
+        m_behindExtra = next;
+        ask(Step::Extra, requests::status(m_plan.selected()), Inquiry::Role::Poll, moment);
+        return;
+    }
+    switch (next) {
+    case Step::Name:
+        ask(next, requests::name(m_turn.hexId), Inquiry::Role::Poll, moment);
+        break;
+    case Step::Firmware:
+        ask(next, requests::firmware(m_turn.hexId), Inquiry::Role::Poll, moment);
+        break;
+    case Step::Command:
+        commandNext(moment);
+        break;
+    case Step::Background:
+        backgroundNext(moment);
+        break;
+    default:
+        dispatch(moment);
+        break;
+    }
+}
+
+bool Conversation::isExtraDue(const Moment& moment) const
+{
+    return m_plan.isSelectedDue(moment.now) && !m_search.isScanDue() && !m_roster.isOneAlone() &&
+           m_roster.isPolled(m_plan.selected());
+}
+
 void Conversation::dispatch(const Moment& moment)
 {
-    dropDismissed();
-    if (m_scan.isDue()) {
-        scanNext(moment);
-    } else if (m_schedule.isEmpty()) {
-        m_inquiry.endExchange();
-        m_step = Step::Stopped;
-        m_events.emplace_back(event::Stopped{});
+    m_roster.dropDismissed();
+    if (const auto hexId = m_search.nextBeforeTurn(moment)) {
+        ask(Step::Search, requests::poll(*hexId), Inquiry::Role::Probe, moment);
+    } else if (m_roster.isEmpty()) {
+        stop();
+        m_telling.tell(event::Stopped{});
     } else {
         pollNext(moment);
     }
 }
 
-void Conversation::scanNext(const Moment& moment)
-{
-    if (m_scan.isRunning()) {
-        m_events.emplace_back(event::ScanProgress{m_scan.address(), m_schedule.found().size()});
-    } else {
-        m_scan.begin();
-        rememberLdbs();
-        m_schedule.clear();
-        m_memory.clear();
-        m_events.emplace_back(event::ListChange{});
-        m_events.emplace_back(event::ScanState{true});
-    }
-    if (const auto address = m_scan.next()) {
-        m_hexId = busaddress::toHexId(*address);
-        ask(Step::Scan, requests::poll(m_hexId), Inquiry::Role::Probe, moment);
-        return;
-    }
-    tellMissing(moment);
-    m_hexId.clear();
-    m_schedule.restart();
-    m_events.emplace_back(event::ScanState{false});
-    dispatch(moment);
-}
-
 void Conversation::pollNext(const Moment& moment)
 {
-    const PollSchedule::Turn turn = m_schedule.next();
-    if (turn.endsRound) {
-        m_events.emplace_back(event::RoundEnded{});
+    m_turn = m_roster.nextTurn(moment);
+    if (m_turn.beginsRound) {
+        m_search.countRound();
+        m_plan.countRound();
     }
-    if (turn.beginsRound) {
-        m_roundTime = moment.wall;
-        m_events.emplace_back(event::RoundBegun{m_roundTime});
-        m_scan.countRound();
+    m_plan.judge(m_roster.polled());
+    m_questions = {};
+    switch (m_turn.kind) {
+    case PollSchedule::Turn::Kind::Poll:
+        m_questions =
+            m_plan.questions(m_roster.position(), m_roster.memory().isNameHeard(m_turn.hexId));
+        break;
+    case PollSchedule::Turn::Kind::Probe:
+        m_questions = {true, true}; // it may be another one
+        ask(Step::LostProbe, requests::poll(m_turn.hexId), Inquiry::Role::Probe, moment);
+        return;
+    case PollSchedule::Turn::Kind::Again:
+        break;
     }
-    m_hexId = turn.hexId;
-    if (turn.kind == PollSchedule::Turn::Kind::Probe) {
-        ask(Step::LostProbe, requests::poll(m_hexId), Inquiry::Role::Probe, moment);
-    } else {
-        ask(Step::Status, requests::status(m_hexId), Inquiry::Role::Poll, moment);
-    }
+    ask(Step::Status, requests::status(m_turn.hexId), Inquiry::Role::Poll, moment);
 }
 
 void Conversation::commandNext(const Moment& moment)
 {
     if (m_queue.isEmpty()) {
-        searchNext(moment);
+        backgroundNext(moment);
         return;
     }
-    m_commandAsked = 1;
+    m_timesAsked = 1;
     const Request& request = m_queue.front().request;
     ask(Step::Command, request,
         request.isBroadcast() ? Inquiry::Role::Broadcast : Inquiry::Role::Command, moment);
 }
 
-void Conversation::searchNext(const Moment& moment)
+void Conversation::backgroundNext(const Moment& moment)
 {
-    if (m_queue.isEmpty() && m_schedule.alone().isEmpty() && !m_scan.isDue()) {
-        while (const auto address = m_scan.nextInBackground()) {
-            const QString hexId = busaddress::toHexId(*address);
-            if (!m_schedule.found().contains(hexId)) {
-                m_hexId = hexId;
-                ask(Step::BackgroundProbe, requests::poll(hexId), Inquiry::Role::Probe, moment);
-                return;
-            }
-        }
+    const auto hexId = m_queue.isEmpty() ? m_search.nextInBackground() : std::nullopt;
+    if (hexId) {
+        ask(Step::Search, requests::poll(*hexId), Inquiry::Role::Probe, moment);
+    } else {
+        dispatch(moment);
     }
-    dispatch(moment);
 }
 
 void Conversation::inquiryEnded(const InquiryEnd& end, const Moment& moment)
 {
     const bool isPoll = m_step == Step::Status || m_step == Step::Name || m_step == Step::Firmware;
     if (end.isUnclean || (isPoll && end.transmissions > 1)) {
-        m_scan.noteUnclean();
+        m_search.noteUnclean();
     }
-    // In the order of the steps.
-    using Handler = void (Conversation::*)(const InquiryEnd&, const Moment&);
-    constexpr Handler kHandlers[] = {nullptr,
-                                     &Conversation::scanEnded,
-                                     &Conversation::statusEnded,
-                                     &Conversation::nameEnded,
-                                     &Conversation::firmwareEnded,
-                                     &Conversation::commandEnded,
-                                     &Conversation::lostProbeEnded,
-                                     &Conversation::backgroundProbeEnded};
-    if (const Handler handler = kHandlers[static_cast<int>(m_step)]) {
-        (this->*handler)(end, moment);
+    if (isPoll && isAnswered(end) && end.transmissions == 1) {
+        m_plan.took(m_inquiry.request().answer, moment.now - m_askedAt);
+    }
+    switch (m_step) {
+    case Step::Search:
+        searchEnded(end, moment);
+        break;
+    case Step::Status:
+        statusEnded(end, moment);
+        break;
+    case Step::Name:
+        nameEnded(end, moment);
+        break;
+    case Step::Firmware:
+        firmwareEnded(end, moment);
+        break;
+    case Step::Command:
+        commandEnded(end, moment);
+        break;
+    case Step::LostProbe:
+        lostProbeEnded(end, moment);
+        break;
+    case Step::Extra:
+        extraEnded(end, moment);
+        break;
+    case Step::ExtraName:
+        takeIdentity(end, moment);
+        goOnBehindExtra(moment);
+        break;
+    case Step::Stopped:
+    case Step::Background:
+    case Step::Dispatch:
+        break;
     }
 }
 
-void Conversation::scanEnded(const InquiryEnd& end, const Moment& moment)
+void Conversation::searchEnded(const InquiryEnd& end, const Moment& moment)
 {
-    if (isPresent(end)) {
-        found(m_hexId);
+    const QString hexId = asked();
+    switch (m_search.probed(hexId, isPresent(end), moment)) {
+    case LdbSearch::Then::Dispatch:
+        proceed(Step::Dispatch, moment);
+        break;
+    case LdbSearch::Then::EndTurn:
+        proceed(Step::Command, moment);
+        break;
+    case LdbSearch::Then::Poll:
+        // Its first value counts; who it is comes with its turn.
+        m_turn = {PollSchedule::Turn::Kind::Poll, hexId};
+        m_questions = {};
+        ask(Step::Status, requests::status(hexId), Inquiry::Role::Poll, moment);
+        break;
     }
-    scanNext(moment);
 }
 
 void Conversation::statusEnded(const InquiryEnd& end, const Moment& moment)
 {
-    if (dropGhost(end, moment)) {
+    const bool isSilent = end.outcome == Outcome::Silent;
+    if (m_roster.prove(asked(), isSilent, moment) == LdbRoster::Proof::Ghost) {
+        m_search.noteUnclean();
+        proceed(Step::Command, moment);
         return;
     }
-    switch (end.outcome) {
-    case Outcome::Answered:
-        m_memory.forgetMisses(m_hexId);
-        m_schedule.markPresent(m_hexId);
-        tellRecord(m_memory.name(m_hexId), decodeLdbStatus(end.answer).status);
-        break;
-    case Outcome::Unbelieved:
-        logEnd(end, moment);
-        break;
-    default:
-        countMiss(end, moment);
-        break;
-    }
-    if (m_schedule.isLost(m_hexId)) {
-        // Nothing more is asked of an LDB that has been given up, or has not proved that it is
-        // back.
-        commandNext(moment);
-    } else if (end.outcome == Outcome::Silent) {
-        ask(Step::Firmware, requests::firmware(m_hexId), Inquiry::Role::Poll, moment);
+    takeStatus(end, m_turn.kind != PollSchedule::Turn::Kind::Again, moment);
+    // Nothing more is asked of an LDB that has been given up, or has not proved that it is back.
+    const bool isGone = m_roster.isLost(m_turn.hexId) || (isSilent && m_plan.isSparse());
+    if ((m_questions.name || mayStillCome(end)) && !isGone && !isSilent) {
+        m_timesAsked = 1;
+        proceed(Step::Name, moment);
+    } else if (m_questions.firmware && !isGone) {
+        m_timesAsked = 1;
+        proceed(Step::Firmware, moment);
     } else {
-        ask(Step::Name, requests::name(m_hexId), Inquiry::Role::Poll, moment);
+        proceed(Step::Command, moment);
     }
 }
 
-/// The one whose first status request meets silence was somebody else's late answer to the scan.
-bool Conversation::dropGhost(const InquiryEnd& end, const Moment& moment)
+void Conversation::takeStatus(const InquiryEnd& end, bool isOwnTurn, const Moment& moment)
 {
-    if (m_memory.isProven(m_hexId)) {
-        return false;
+    const QString hexId = asked();
+    m_plan.statusEnded(hexId, moment.now);
+    if (isAnswered(end)) {
+        m_roster.heardStatus(hexId, decodeLdbStatus(end.answer).status, isOwnTurn, moment);
+        return;
     }
-    if (end.outcome != Outcome::Silent) {
-        m_memory.setProven(m_hexId);
-        return false;
+    if (isOwnTurn) {
+        m_roster.owes(hexId);
     }
-    log(LimitedLog::Kind::Lists,
-        QStringLiteral("%1 was found but never answered: taken from the list").arg(m_hexId),
-        moment);
-    m_scan.noteUnclean();
-    m_schedule.remove(m_hexId);
-    m_memory.forget(m_hexId);
-    m_events.emplace_back(event::ListChange{m_schedule.found()});
-    commandNext(moment);
-    return true;
+    miss(end, moment);
+}
+
+void Conversation::extraEnded(const InquiryEnd& end, const Moment& moment)
+{
+    takeStatus(end, false, moment);
+    if (mayStillCome(end) && !m_roster.isLost(asked())) {
+        m_timesAsked = 1;
+        ask(Step::ExtraName, requests::name(asked()), Inquiry::Role::Poll, moment);
+    } else {
+        goOnBehindExtra(moment);
+    }
+}
+
+void Conversation::goOnBehindExtra(const Moment& moment)
+{
+    const bool isOfTurn = m_behindExtra == Step::Name || m_behindExtra == Step::Firmware;
+    const bool isGone = isOfTurn && m_roster.isLost(m_turn.hexId);
+    proceed(isGone ? Step::Command : m_behindExtra, moment);
 }
 
 void Conversation::nameEnded(const InquiryEnd& end, const Moment& moment)
 {
-    hearOrMiss(end, moment);
-    if (m_schedule.isLost(m_hexId)) {
-        commandNext(moment);
+    if (takeIdentity(end, moment)) {
+        proceed(Step::Name, moment);
+    } else if (m_questions.firmware && !m_roster.isLost(m_turn.hexId)) {
+        m_timesAsked = 1;
+        proceed(Step::Firmware, moment);
     } else {
-        ask(Step::Firmware, requests::firmware(m_hexId), Inquiry::Role::Poll, moment);
+        proceed(Step::Command, moment);
     }
 }
 
 void Conversation::firmwareEnded(const InquiryEnd& end, const Moment& moment)
 {
-    hearOrMiss(end, moment);
-    commandNext(moment);
+    proceed(takeIdentity(end, moment) ? Step::Firmware : Step::Command, moment);
 }
 
-void Conversation::hearOrMiss(const InquiryEnd& end, const Moment& moment)
+/// A name or firmware; whether it is to be asked for again at once.
+bool Conversation::takeIdentity(const InquiryEnd& end, const Moment& moment)
 {
-    if (isAnswered(end)) {
-        m_memory.forgetMisses(m_hexId);
-        hear(end);
-    } else {
-        countMiss(end, moment);
+    if (!isAnswered(end)) {
+        miss(end, moment);
+        return false;
     }
+    m_roster.heard(asked());
+    return !hear(end) && m_plan.isSparse() && ++m_timesAsked <= kTextInquiries;
 }
 
 void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
 {
     if (isPresent(end)) {
-        m_memory.forgetMisses(m_queue.front().request.hexId);
+        m_roster.heard(asked());
     }
     const bool isTaken = isAnswered(end) && hear(end);
-    if (isAnswered(end) && !isTaken && m_commandAsked < kCommandInquiries) {
-        ++m_commandAsked;
+    if (isAnswered(end) && !isTaken && m_timesAsked < kTextInquiries) {
+        ++m_timesAsked;
         const Request request = m_queue.front().request;
         ask(Step::Command, request, Inquiry::Role::Command, moment);
         return;
@@ -340,19 +407,24 @@ void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
         logEnd(end, moment);
     }
     finishCommand(isTaken ? end.answer : QByteArray());
-    searchNext(moment);
+    proceed(Step::Background, moment);
 }
 
-/// What is kept for long is taken when the LDB tells it twice.
+/// What is kept for long is taken when the LDB tells it twice; but settings name their LDB.
 bool Conversation::hear(const InquiryEnd& end)
 {
     const Request& request = m_inquiry.request();
+    LdbMemory& memory = m_roster.memory();
     switch (request.answer) {
     case AnswerShape::Name:
-        return m_memory.hearName(request.hexId, hextext::toText(end.answer));
+        return memory.hearName(request.hexId, hextext::toText(end.answer));
     case AnswerShape::Firmware:
-        return m_memory.hearFirmware(request.hexId,
-                                     decodeFirmwareId(end.answer).value_or(QString()));
+        return memory.hearFirmware(request.hexId, decodeFirmwareId(end.answer).value_or(QString()));
+    case AnswerShape::Settings:
+        if (const auto settings = decodeLdbSettings(end.answer, request.hexId)) {
+            memory.takeName(request.hexId, settings->name);
+        }
+        return true;
     default:
         return true;
     }
@@ -361,145 +433,50 @@ bool Conversation::hear(const InquiryEnd& end)
 void Conversation::finishCommand(const QByteArray& answer)
 {
     CommandQueue::Entry entry = m_queue.takeFront();
-    m_events.emplace_back(event::CommandDone{std::move(entry.numbers), answer});
-    m_events.emplace_back(event::QueueLength{m_queue.size()});
+    m_telling.tell(event::CommandDone{std::move(entry.numbers), answer});
+    m_telling.tell(event::QueueLength{m_queue.size()});
 }
 
 void Conversation::lostProbeEnded(const InquiryEnd& end, const Moment& moment)
 {
     if (isPresent(end)) {
         // On probation: it may have been somebody's stray byte.
-        ask(Step::Status, requests::status(m_hexId), Inquiry::Role::Poll, moment);
+        ask(Step::Status, requests::status(m_turn.hexId), Inquiry::Role::Poll, moment);
     } else {
-        tellLost();
-        commandNext(moment);
+        m_roster.tellLost(m_turn.hexId);
+        proceed(Step::Command, moment);
     }
 }
 
-void Conversation::backgroundProbeEnded(const InquiryEnd& end, const Moment& moment)
-{
-    if (isPresent(end)) {
-        found(m_hexId);
-        log(LimitedLog::Kind::Lists, QStringLiteral("%1 was missed by the scan").arg(m_hexId),
-            moment);
-    }
-    dispatch(moment);
-}
-
-void Conversation::found(const QString& hexId)
-{
-    m_schedule.add(hexId);
-    m_events.emplace_back(event::ListChange{m_schedule.found()});
-}
-
-/// Before the list is cleared. One that has never answered a poll may never have been there.
-void Conversation::rememberLdbs()
-{
-    for (const QString& hexId : m_schedule.found()) {
-        if (m_memory.isProven(hexId)) {
-            m_expected.insert(hexId, {m_memory.name(hexId), m_schedule.isLost(hexId)});
-        }
-    }
-}
-
-/// Those that were there before and did not answer the scan: lost, and probed like every lost one.
-void Conversation::tellMissing(const Moment& moment)
-{
-    dropDismissed();
-    for (const QString& hexId : m_schedule.found()) {
-        m_expected.remove(hexId);
-    }
-    m_roundTime = moment.wall;
-    const auto expected = std::exchange(m_expected, {});
-    for (auto ldb = expected.begin(); ldb != expected.end(); ++ldb) {
-        m_hexId = ldb.key();
-        m_schedule.add(m_hexId);
-        m_schedule.markLost(m_hexId);
-        m_memory.recall(m_hexId, ldb->name);
-        m_events.emplace_back(event::ListChange{m_schedule.found()});
-        tellLost();
-        if (!ldb->wasLost) {
-            m_events.emplace_back(event::Loss{m_hexId});
-        }
-    }
-}
-
-void Conversation::dropDismissed()
-{
-    for (const QString& hexId : std::exchange(m_dismissed, {})) {
-        m_expected.remove(hexId);
-        if (m_schedule.isLost(hexId)) {
-            m_schedule.remove(hexId);
-            m_memory.forget(hexId);
-            m_events.emplace_back(event::ListChange{m_schedule.found()});
-        }
-    }
-}
-
-void Conversation::forgetLdbs()
-{
-    m_schedule.clear();
-    m_memory.clear();
-    m_expected.clear();
-}
-
-/// Every failure of a polling answer, but for a sound one that is not believed.
-void Conversation::countMiss(const InquiryEnd& end, const Moment& moment)
+void Conversation::miss(const InquiryEnd& end, const Moment& moment)
 {
     logEnd(end, moment);
     if (end.outcome == Outcome::Unbelieved) {
         return;
     }
-    if (m_schedule.isLost(m_hexId)) {
-        tellLost();
-        return;
-    }
-    const int misses = m_memory.countMiss(m_hexId);
-    log(LimitedLog::Kind::Miss, QStringLiteral("%1: miss %2 in a row").arg(m_hexId).arg(misses),
-        moment);
-    if (misses > m_forgivenMisses) {
-        m_schedule.markLost(m_hexId);
-        // Behind the record: who is told of the loss knows of whom.
-        tellLost();
-        m_events.emplace_back(event::Loss{m_hexId});
-    }
-}
-
-void Conversation::tellLost()
-{
-    tellRecord(m_memory.name(m_hexId), LdbStatus::disconnected());
-}
-
-void Conversation::tellRecord(const QString& name, const LdbStatus& status)
-{
-    m_events.emplace_back(event::Record{m_hexId, name, status, m_roundTime, false});
-    if (m_memory.updateState(m_hexId, status.state)) {
-        m_events.emplace_back(event::StateChange{m_hexId, status.state});
+    m_roster.missed(asked(), end.outcome == Outcome::Silent, moment);
+    if (m_plan.isLong() && m_roster.isPolled(asked())) {
+        m_roster.askAgain(asked());
     }
 }
 
 void Conversation::logEnd(const InquiryEnd& end, const Moment& moment)
 {
-    log(LimitedLog::Kind::Exchange,
-        QStringLiteral("%1: %2 (transmission %3)")
-            .arg(m_inquiry.request().text(), outcomeText(end.outcome))
-            .arg(end.transmissions),
-        moment);
-}
-
-void Conversation::log(LimitedLog::Kind kind, const QString& text, const Moment& moment)
-{
-    for (const QString& line : m_log.admit(kind, text, moment.now)) {
-        m_events.emplace_back(event::Diagnostic{line});
-    }
+    m_telling.log(LimitedLog::Kind::Exchange,
+                  QStringLiteral("%1: %2 (transmission %3)")
+                      .arg(m_inquiry.request().text(), outcomeText(end.outcome))
+                      .arg(end.transmissions),
+                  moment.now);
 }
 
 QString Conversation::describe() const
 {
-    static const char* const kSteps[] = {"stopped",  "scan",    "status",     "name",
-                                         "firmware", "command", "lost probe", "background probe"};
+    // In the order of the steps.
+    static const char* const kSteps[] = {"stopped",      "search",     "status",     "name",
+                                         "firmware",     "command",    "background", "lost probe",
+                                         "extra status", "extra name", "dispatch"};
     return QStringLiteral("%1 of %2; %3; %4 found, %5 commands waiting")
-        .arg(QLatin1String(kSteps[static_cast<int>(m_step)]), m_hexId, m_inquiry.describe())
-        .arg(m_schedule.found().size())
+        .arg(QLatin1String(kSteps[static_cast<int>(m_step)]), asked(), m_inquiry.describe())
+        .arg(m_roster.all().size())
         .arg(m_queue.size());
 }

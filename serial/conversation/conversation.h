@@ -1,17 +1,15 @@
 #pragma once
 
-#include "serial/conversation/busscan.h"
 #include "serial/conversation/commandqueue.h"
 #include "serial/conversation/event.h"
 #include "serial/conversation/inquiry.h"
-#include "serial/conversation/ldbmemory.h"
-#include "serial/conversation/limitedlog.h"
-#include "serial/conversation/pollschedule.h"
+#include "serial/conversation/ldbroster.h"
+#include "serial/conversation/ldbsearch.h"
+#include "serial/conversation/telling.h"
+#include "serial/conversation/turnplan.h"
 #include "serial/ldb/startplan.h"
 
 #include <QByteArray>
-#include <QMap>
-#include <QSet>
 #include <QString>
 
 #include <vector>
@@ -23,27 +21,26 @@
 /// deadline. Bytes that wait at the port are handed over before a deadline is told, so that a host
 /// that was held up loses no answer. Bounded memory, whatever the line sends.
 ///
-/// An LDB that was there before a scan and does not answer it stays in the list as a lost one,
-/// until it is dismissed.
-///
-/// A turn of an LDB: status, name, firmware, then one queued command.
+/// A turn of an LDB: status, name and firmware as the plan of the turns has it, then one queued
+/// command, or one address of the search in the background.
 class Conversation
 {
 public:
-    struct Moment
-    {
-        qint64 now = 0;  ///< monotonic µs
-        qint64 wall = 0; ///< ms since 1970 UTC; given to the records of a round that begins
-    };
+    using Moment = LdbRoster::Moment;
     static constexpr qint64 kNever = Inquiry::kNever;
 
     /// `answerWaitTime`: ms, of a polling request. `forgivenMisses`: in a row; the next one is a
     /// loss.
-    Conversation(int answerWaitTime, int forgivenMisses);
+    Conversation(int answerWaitTime, int forgivenMisses, const TurnPlan::Options& options = {});
+    Conversation(const Conversation&) = delete;
+    Conversation& operator=(const Conversation&) = delete;
+    ~Conversation() = default;
 
     // Entrances.
 
-    /// Forgets everything but which LDBs there were, and scans.
+    /// Begins a run as the plan has it: forgets everything but which LDBs there were, and scans;
+    /// or lists the known ones and probes those first; or goes on as the last run was, with a
+    /// search that had not ended, but without its commands.
     void start(const Moment& moment, const StartPlan& plan = {});
     void bytesCame(const QByteArray& bytes, const Moment& moment);
     /// Does nothing before `deadline()`.
@@ -51,18 +48,18 @@ public:
     /// Queues a command; `CommandDone` will tell its number. While stopped it is forgotten.
     void queueCommand(const Request& request, quint64 number);
     /// Scans anew when the LDB whose turn it is has had it.
-    void requestScan() { m_scan.request(); }
+    void requestScan() { m_search.requestScan(); }
     /// Polls one LDB alone, or all again for an empty id; an LDB not found changes nothing.
-    void pollAlone(const QString& hexId) { m_schedule.setAlone(hexId); }
+    void pollAlone(const QString& hexId) { m_roster.pollAlone(hexId); }
+    /// The LDB whose status is asked in between in long rounds; none for an empty id.
+    void select(const QString& hexId) { m_plan.select(hexId); }
+    /// While held, no address is probed in the background.
+    void holdSearch(bool isHeld) { m_search.hold(isHeld); }
     /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
     /// stays.
-    void dismiss(const QString& hexId) { m_dismissed.insert(hexId); }
-    /// The LDB whose status is asked in between in long rounds; none for an empty id.
-    void select(const QString& hexId) { m_selected = hexId; }
-    /// While held, no address is probed in the background.
-    void holdSearch(bool isHeld) { m_isSearchHeld = isHeld; }
+    void dismiss(const QString& hexId) { m_roster.dismiss(hexId); }
     /// What comes is another bus: no LDB of before is expected there. While stopped.
-    void forgetLdbs();
+    void forgetLdbs() { m_roster.forget(); }
     /// The line is gone: a command that has been transmitted is done without an answer, those
     /// behind it are forgotten.
     void lineGone();
@@ -83,71 +80,60 @@ private:
     enum class Step
     {
         Stopped,
-        Scan,
+        Search, ///< is an LDB at this address?
         Status,
         Name,
         Firmware,
         Command,
-        LostProbe,       ///< is a lost LDB back?
-        BackgroundProbe, ///< was an LDB missed in the scan?
+        Background, ///< what the search asks behind a turn
+        LostProbe,  ///< is a lost LDB back?
+        Extra,      ///< the status of the selected LDB, between two other steps
+        ExtraName,  ///< its name, behind a status that was no clean answer
+        Dispatch,   ///< the next turn, or what the search asks before it
     };
 
     static ExchangeKind exchangeKind(Step step, const Request& request);
     void ask(Step step, const Request& request, Inquiry::Role role, const Moment& moment);
     void settle(const Moment& moment);
+    const QString& asked() const { return m_inquiry.request().hexId; }
 
+    void proceed(Step next, const Moment& moment);
+    bool isExtraDue(const Moment& moment) const;
     void dispatch(const Moment& moment);
-    void scanNext(const Moment& moment);
     void pollNext(const Moment& moment);
     void commandNext(const Moment& moment);
-    void searchNext(const Moment& moment);
+    void backgroundNext(const Moment& moment);
 
     void inquiryEnded(const InquiryEnd& end, const Moment& moment);
-    void scanEnded(const InquiryEnd& end, const Moment& moment);
+    void searchEnded(const InquiryEnd& end, const Moment& moment);
     void statusEnded(const InquiryEnd& end, const Moment& moment);
+    void extraEnded(const InquiryEnd& end, const Moment& moment);
+    void goOnBehindExtra(const Moment& moment);
     void nameEnded(const InquiryEnd& end, const Moment& moment);
     void firmwareEnded(const InquiryEnd& end, const Moment& moment);
     void commandEnded(const InquiryEnd& end, const Moment& moment);
     void lostProbeEnded(const InquiryEnd& end, const Moment& moment);
-    void backgroundProbeEnded(const InquiryEnd& end, const Moment& moment);
 
+    void takeStatus(const InquiryEnd& end, bool isOwnTurn, const Moment& moment);
+    bool takeIdentity(const InquiryEnd& end, const Moment& moment);
     bool hear(const InquiryEnd& end);
-    void hearOrMiss(const InquiryEnd& end, const Moment& moment);
     void finishCommand(const QByteArray& answer);
-    void found(const QString& hexId);
-    void rememberLdbs();
-    void tellMissing(const Moment& moment);
-    void dropDismissed();
-    bool dropGhost(const InquiryEnd& end, const Moment& moment);
-    void countMiss(const InquiryEnd& end, const Moment& moment);
-    void tellRecord(const QString& name, const LdbStatus& status);
-    void tellLost();
-    void log(LimitedLog::Kind kind, const QString& text, const Moment& moment);
+    void stop();
+    void miss(const InquiryEnd& end, const Moment& moment);
     void logEnd(const InquiryEnd& end, const Moment& moment);
 
-    const int m_forgivenMisses;
-    Step m_step = Step::Stopped;
-    QString m_hexId; ///< the LDB whose turn it is
-    QString m_selected;
-    bool m_isSearchHeld = false;
-    qint64 m_roundTime = 0;
-    qint64 m_clockOffset = 0; ///< from monotonic µs to UTC µs, of this run
-    int m_commandAsked = 0;   ///< inquiries for the command whose turn it is
-
-    Inquiry m_inquiry;
-    BusScan m_scan;
-    PollSchedule m_schedule;
-    LdbMemory m_memory;
+    Telling m_telling;
+    LdbRoster m_roster;
+    TurnPlan m_plan;
+    LdbSearch m_search;
     CommandQueue m_queue;
-    LimitedLog m_log;
-    std::vector<Event> m_events;
+    Inquiry m_inquiry;
 
-    /// What is kept of an LDB over a scan.
-    struct Expected
-    {
-        QString name;
-        bool wasLost = false;
-    };
-    QMap<QString, Expected> m_expected; ///< LDBs there were before the scan that is due or on
-    QSet<QString> m_dismissed;          ///< to be dropped
+    Step m_step = Step::Stopped;
+    Step m_behindExtra = Step::Dispatch;
+    PollSchedule::Turn m_turn;
+    TurnPlan::Questions m_questions; ///< of the turn
+    int m_timesAsked = 0;            ///< inquiries for one command, name or firmware
+    qint64 m_askedAt = 0;
+    qint64 m_clockOffset = 0; ///< from monotonic to UTC µs, of this run
 };

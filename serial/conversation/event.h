@@ -56,10 +56,11 @@ struct ListChange
 {
     QStringList hexIds;
 };
-/// Those in the list that have not been heard in this run; before the list when both change.
+/// Whether an LDB of the list, or one that joins it now, has still to be heard in this run.
 struct AwaitedChange
 {
-    QStringList hexIds;
+    QString hexId;
+    bool isAwaited = false;
 };
 /// Each LDB that was known at the start has been probed.
 struct KnownProbed

@@ -16,8 +16,6 @@ constexpr qint64 kLateMargin = 460000;
 constexpr qint64 kLateMemory = 600000000;
 /// An ACK with something behind it is no acknowledgement.
 constexpr qint64 kAcknowledgeQuiet = 20000;
-/// More than the longest wait has room for.
-constexpr int kMostHeard = 4096;
 constexpr int kPollTransmissions = 2;
 constexpr int kCommandTransmissions = 3;
 
@@ -37,11 +35,23 @@ void Inquiry::reset()
     m_outstanding = 0;
     m_probeUntil = 0;
     m_needsQuiet = false;
-    endExchange();
-    m_exchanges.clear();
+    m_log.clear();
     m_toTransmit.clear();
     m_end.reset();
     m_notes.clear();
+}
+
+void Inquiry::resume(qint64 now)
+{
+    const int outstanding = m_transmissions;
+    // Nothing is known any more of how late this line is.
+    const qint64 until = m_lastTransmission + m_wait + kLateMargin;
+    reset();
+    if (outstanding > 0 && now < until) {
+        m_outstanding = outstanding;
+        m_outstandingUntil = until;
+        m_hearing.begin(0);
+    }
 }
 
 qint64 Inquiry::horizon(qint64 now) const
@@ -117,13 +127,13 @@ void Inquiry::transmit(qint64 now)
     ++m_transmissions;
     m_lastTransmission = now;
     m_toTransmit = m_frame;
-    endExchange();
-    m_exchange = Exchange();
-    m_exchange.sentAt = now;
-    m_exchange.hexId = m_request.hexId;
-    m_exchange.kind = m_kind;
-    m_exchange.request = m_frame;
-    m_exchange.isExtra = m_isExtra;
+    Exchange exchange;
+    exchange.sentAt = now;
+    exchange.hexId = m_request.hexId;
+    exchange.kind = m_kind;
+    exchange.request = m_frame;
+    exchange.isExtra = m_isExtra;
+    m_log.begin(std::move(exchange));
     m_hearing.begin(now + m_frame.size() * kByteTime);
     m_windowEnd = now + (m_role == Role::Poll ? horizon(now) : kShortWindow);
     m_windowLimit = m_windowEnd + kLetEnd;
@@ -132,7 +142,7 @@ void Inquiry::transmit(qint64 now)
 
 void Inquiry::bytesCame(const QByteArray& bytes, qint64 now)
 {
-    m_exchange.answer += bytes.left(kMostHeard - m_exchange.answer.size());
+    m_log.hear(bytes);
     switch (m_state) {
     case State::Idle:
         break;
@@ -204,7 +214,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
     const bool isSettings = m_request.answer == AnswerShape::Settings;
     if (fits && isSettings && !decodeLdbSettings(body, m_request.hexId)) {
         note(QStringLiteral("another LDB's settings dropped"));
-        noteExchange(ExchangeOutcome::Late, now);
+        m_log.note(ExchangeOutcome::Late, now);
         noteLate(now);
         m_hearing.setAside();
         return;
@@ -216,7 +226,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
     switch (m_timing.judgeFrame(m_transmissions, flight(now))) {
     case AnswerTiming::Belief::TooSoon:
         note(QStringLiteral("an answer sooner than usual dropped"));
-        noteExchange(ExchangeOutcome::Late, now);
+        m_log.note(ExchangeOutcome::Late, now);
         noteLate(now);
         m_hearing.setAside();
         if (m_role == Role::Poll) {
@@ -226,7 +236,7 @@ void Inquiry::judgeFrame(const QByteArray& body, qint64 now)
         return;
     case AnswerTiming::Belief::TooLate:
         note(QStringLiteral("an answer later than usual dropped, after a silence"));
-        noteExchange(ExchangeOutcome::Unbelieved, now);
+        m_log.note(ExchangeOutcome::Unbelieved, now);
         m_isUnclean = true;
         m_hearing.setAside();
         return;
@@ -246,7 +256,7 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
         return;
     }
     if (m_role == Role::Probe) {
-        noteExchange(ExchangeOutcome::Believed, now);
+        m_log.note(ExchangeOutcome::Believed, now);
         end(InquiryEnd::Outcome::Answered, QByteArray(1, byte));
         return;
     }
@@ -257,7 +267,7 @@ void Inquiry::judgeSingleByte(char byte, qint64 now)
         m_acknowledgedAt = now;
         m_state = State::Confirming;
     } else {
-        noteExchange(ExchangeOutcome::Late, now);
+        m_log.note(ExchangeOutcome::Late, now);
     }
 }
 
@@ -354,9 +364,9 @@ void Inquiry::windowOver(qint64 now)
 void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 {
     m_isUnclean = true;
-    noteExchange(outcome == InquiryEnd::Outcome::Damaged ? ExchangeOutcome::Damaged
-                                                         : ExchangeOutcome::Unbelieved,
-                 m_hearing.lastByteAt());
+    m_log.note(outcome == InquiryEnd::Outcome::Damaged ? ExchangeOutcome::Damaged
+                                                       : ExchangeOutcome::Unbelieved,
+               m_hearing.lastByteAt());
     askForQuiet(m_hearing.lastByteAt());
     if (m_state == State::Lingering) {
         m_hearing.setAside();
@@ -376,8 +386,7 @@ void Inquiry::fail(InquiryEnd::Outcome outcome, qint64 now)
 
 void Inquiry::answered(const QByteArray& answer, qint64 flight, qint64 now)
 {
-    noteExchange(ExchangeOutcome::Believed,
-                 m_lastTransmission + m_frame.size() * kByteTime + flight);
+    m_log.note(ExchangeOutcome::Believed, m_lastTransmission + m_frame.size() * kByteTime + flight);
     if (flight > m_wait / 2) {
         noteLate(now);
     }
@@ -420,25 +429,6 @@ void Inquiry::end(InquiryEnd::Outcome outcome, const QByteArray& answer)
     m_state = State::Idle;
     const bool isUnclean = m_isUnclean || m_hearing.hasStrayBytes();
     m_end = InquiryEnd{outcome, answer, m_transmissions, isUnclean};
-}
-
-/// `at`: when the answer's last byte came. What is believed is the answer, whatever came before.
-void Inquiry::noteExchange(ExchangeOutcome outcome, qint64 at)
-{
-    m_exchange.outcome = outcome;
-    m_exchange.flight = at - m_exchange.sentAt;
-}
-
-void Inquiry::endExchange()
-{
-    if (!m_exchange.request.isEmpty()) {
-        m_exchanges.push_back(std::exchange(m_exchange, {}));
-    }
-}
-
-std::vector<Exchange> Inquiry::takeExchanges()
-{
-    return std::exchange(m_exchanges, {});
 }
 
 QByteArray Inquiry::takeTransmission()

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "serial/conversation/answertiming.h"
+#include "serial/conversation/exchangelog.h"
 #include "serial/conversation/hearing.h"
-#include "serial/ldb/exchange.h"
 #include "serial/ldb/request.h"
 
 #include <QByteArray>
@@ -57,6 +57,8 @@ public:
 
     /// Forgets everything, usual times included.
     void reset();
+    /// The same, but for what may still come to the last transmission.
+    void resume(qint64 now);
 
     /// Asks. The former inquiry has ended; what it left outstanding is waited out first. `kind` and
     /// `isExtra` are for its exchanges.
@@ -71,9 +73,9 @@ public:
     std::optional<InquiryEnd> takeEnd();
     /// The transmissions that are over, with what became of them; once. The last one is over when
     /// the next is made, for what comes until then belongs to it. `sentAt` is monotonic.
-    std::vector<Exchange> takeExchanges();
+    std::vector<Exchange> takeExchanges() { return m_log.take(); }
     /// No more is transmitted, and nothing more comes: the last transmission is over.
-    void endExchange();
+    void endExchange() { m_log.end(); }
     /// What happened on the way, in words; once.
     QStringList takeNotes();
     /// When `deadlinePassed` is to be called, unless bytes come first.
@@ -112,7 +114,6 @@ private:
     void end(InquiryEnd::Outcome outcome, const QByteArray& answer = {});
     void leaveOutstanding(qint64 flight, qint64 now);
     void noteLate(qint64 now);
-    void noteExchange(ExchangeOutcome outcome, qint64 at);
     void note(const QString& text);
 
     const qint64 m_wait;
@@ -138,10 +139,9 @@ private:
     qint64 m_quietSince = 0;
     qint64 m_quietBound = 0;
 
-    Exchange m_exchange; ///< of the last transmission; without a request there is none
+    ExchangeLog m_log;
     ExchangeKind m_kind = ExchangeKind::Status;
     bool m_isExtra = false;
-    std::vector<Exchange> m_exchanges;
 
     QByteArray m_toTransmit;
     std::optional<InquiryEnd> m_end;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 /// What the conversation remembers of each LDB from one round to the next, since the last scan.
 class LdbMemory
@@ -26,16 +27,31 @@ public:
         m_ldbs[hexId].name.known = name;
         setProven(hexId);
     }
+    /// What another run has left of an LDB that has still to be heard.
+    void remember(const QString& hexId, const QString& name)
+    {
+        if (!name.isEmpty()) {
+            m_ldbs[hexId].name.known = name;
+        }
+    }
     /// A name that the LDB told: the first is taken over, another one when it is told twice in a
     /// row. Gives whether it is the known one now.
     bool hearName(const QString& hexId, const QString& name)
     {
-        Told& told = m_ldbs[hexId].name;
-        if (!told.known) {
-            told.known = name;
+        Ldb& ldb = m_ldbs[hexId];
+        if (!std::exchange(ldb.isNameHeard, true)) {
+            ldb.name.known = name;
         }
-        return told.hear(name);
+        return ldb.name.hear(name);
     }
+    /// A name that cannot be another LDB's.
+    void takeName(const QString& hexId, const QString& name)
+    {
+        Ldb& ldb = m_ldbs[hexId];
+        ldb.isNameHeard = true;
+        ldb.name = {name, std::nullopt};
+    }
+    bool isNameHeard(const QString& hexId) const { return m_ldbs.value(hexId).isNameHeard; }
     /// As for a name, but the first one needs two as well: nothing in a firmware identification
     /// tells a right one from one that got past the check digits.
     bool hearFirmware(const QString& hexId, const QString& firmware)
@@ -55,6 +71,14 @@ public:
     /// Counts one more. Gives how many in a row there are now.
     int countMiss(const QString& hexId) { return ++m_ldbs[hexId].misses; }
     void forgetMisses(const QString& hexId) { m_ldbs[hexId].misses = 0; }
+    /// Names and firmware stay; states are to be told anew, and misses are forgiven.
+    void beginRun()
+    {
+        for (Ldb& ldb : m_ldbs) {
+            ldb.state.reset();
+            ldb.misses = 0;
+        }
+    }
 
     /// Whether the LDB has been asked for its status since it was found.
     bool isProven(const QString& hexId) const { return m_ldbs.value(hexId).isProven; }
@@ -89,6 +113,7 @@ private:
         std::optional<LdbState> state;
         int misses = 0;
         bool isProven = false;
+        bool isNameHeard = false; ///< since it was found
     };
     QHash<QString, Ldb> m_ldbs;
 };

@@ -1,6 +1,13 @@
 #include "serial/conversation/pollschedule.h"
 
-#include <utility>
+#include <algorithm>
+
+namespace {
+
+/// With the selected LDB, who may be asked in between, that makes eight.
+constexpr int kOthers = 7;
+
+} // namespace
 
 void PollSchedule::clear()
 {
@@ -18,6 +25,7 @@ void PollSchedule::remove(const QString& hexId)
     }
     m_found.removeAt(position);
     m_lost.removeAll(hexId);
+    dropAgain(hexId);
     if (position <= m_index) {
         --m_index;
     }
@@ -31,9 +39,40 @@ void PollSchedule::restart()
     m_index = m_found.size();
     m_probed = true;
     m_isRoundOn = false;
+    m_again.clear();
+    m_wasAgain = false;
 }
 
 PollSchedule::Turn PollSchedule::next()
+{
+    m_wasAgain = isAgainDue();
+    const Turn turn = m_wasAgain ? Turn{Turn::Kind::Again, m_again.front().hexId} : nextOfRound();
+    dropAgain(turn.hexId);
+    for (Again& again : m_again) {
+        ++again.others;
+    }
+    return turn;
+}
+
+bool PollSchedule::isAgainDue() const
+{
+    return !m_wasAgain && !m_again.empty() && m_again.front().others >= kOthers;
+}
+
+void PollSchedule::askAgain(const QString& hexId)
+{
+    dropAgain(hexId);
+    m_again.push_back({hexId, 0});
+}
+
+void PollSchedule::dropAgain(const QString& hexId)
+{
+    m_again.erase(std::remove_if(m_again.begin(), m_again.end(),
+                                 [&hexId](const Again& again) { return again.hexId == hexId; }),
+                  m_again.end());
+}
+
+PollSchedule::Turn PollSchedule::nextOfRound()
 {
     if (!m_alone.isEmpty()) {
         return {Turn::Kind::Poll, m_alone, true, std::exchange(m_isRoundOn, true)};
@@ -75,5 +114,6 @@ void PollSchedule::markLost(const QString& hexId)
 {
     if (!isLost(hexId)) {
         m_lost.append(hexId);
+        dropAgain(hexId);
     }
 }

@@ -2,9 +2,12 @@
 
 #include <QStringList>
 
+#include <deque>
+#include <utility>
+
 /// Whose turn it is: rounds over the LDBs found, in the order found. Lost LDBs are out of the
 /// round; they take turns at one probe at its end, so that many dead ones cost the living no more
-/// than one.
+/// than one. Who is to be asked again has that turn between those of the round.
 class PollSchedule
 {
 public:
@@ -13,6 +16,7 @@ public:
         enum class Kind
         {
             Poll,
+            Again, ///< beside its turn in the round
             Probe
         };
         Kind kind = Kind::Poll;
@@ -33,6 +37,17 @@ public:
     bool isEmpty() const { return m_found.isEmpty(); }
     const QStringList& found() const { return m_found; }
 
+    /// Gives this LDB, whose turn it is, another one after a few others, but not behind its turn in
+    /// the next round. Of several every second turn at most is such a one.
+    void askAgain(const QString& hexId);
+    /// That is not needed any more.
+    void dropAgain(const QString& hexId);
+    /// The place of the LDB in the round.
+    int position() const { return m_index; }
+    /// Whether one was on; it is complete.
+    bool endRound() { return std::exchange(m_isRoundOn, false); }
+    void beginRound() { m_isRoundOn = true; }
+
     /// The next turn; only when not empty.
     Turn next();
 
@@ -44,12 +59,24 @@ public:
     void markLost(const QString& hexId);
     void markPresent(const QString& hexId) { m_lost.removeAll(hexId); }
     bool isLost(const QString& hexId) const { return m_lost.contains(hexId); }
+    /// How many a round has.
+    int polled() const { return m_alone.isEmpty() ? m_found.size() - m_lost.size() : 1; }
 
 private:
+    struct Again
+    {
+        QString hexId;
+        int others = 0; ///< that had a turn since
+    };
+    bool isAgainDue() const;
+    Turn nextOfRound();
+
     QStringList m_found;
     QStringList m_lost; ///< the one to probe next stands first
     QString m_alone;
     int m_index = 0;
     bool m_probed = true; ///< this round's probe has been made
     bool m_isRoundOn = false;
+    std::deque<Again> m_again;
+    bool m_wasAgain = false; ///< the last turn
 };

@@ -132,6 +132,7 @@ void SerialLink::rescan()
     if (m_running) {
         postToRun([](SerialProcessor& processor) { processor.requestRescan(); });
     } else {
+        m_plan = {};
         start();
     }
 }
@@ -272,7 +273,7 @@ void SerialLink::followRun()
     follow(&Processor::roundBegun, &SerialLink::roundBegun);
     follow(&Processor::roundEnded, &SerialLink::roundEnded);
     follow(&Processor::extraInformationUpdated, &SerialLink::processExtraRecord);
-    follow(&Processor::awaitedLdbsChanged, &SerialLink::processAwaited);
+    follow(&Processor::awaitedChanged, &SerialLink::processAwaited);
     follow(&Processor::knownProbed, &SerialLink::knownProbed);
     follow(&Processor::ldbListChanged, &SerialLink::processListChanged);
     follow(&Processor::ldbStateUpdated, &SerialLink::processStateUpdated);
@@ -325,14 +326,14 @@ void SerialLink::processLoss(const QString& hexId)
     emit ldbDisconnected(hexId);
 }
 
-void SerialLink::processAwaited(const QStringList& hexIds)
+void SerialLink::processAwaited(const QString& hexId, bool isAwaited)
 {
-    const QStringList before = std::exchange(m_awaited, hexIds);
-    for (const QString& hexId : before + hexIds) {
-        if (before.contains(hexId) != hexIds.contains(hexId)) {
-            emit awaitedChanged(hexId);
-        }
+    if (isAwaited) {
+        m_awaited.insert(hexId);
+    } else {
+        m_awaited.remove(hexId);
     }
+    emit awaitedChanged(hexId);
 }
 
 /// Whether it is to be told.

@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 #include <QThread>
 
@@ -137,7 +138,7 @@ private:
     bool takeRecord(const QString& hexId, const QList<QStringList>& dataList);
     void processRecord(const QString& hexId, const QList<QStringList>& dataList);
     void processExtraRecord(const QString& hexId, const QList<QStringList>& dataList);
-    void processAwaited(const QStringList& hexIds);
+    void processAwaited(const QString& hexId, bool isAwaited);
     void setPolledAlone(const QString& hexId);
 
     std::unique_ptr<QThread> m_thread; ///< none if the processor lives in this one
@@ -149,7 +150,7 @@ private:
     QStringList m_ldbs;
     QHash<QString, LdbState> m_states;
     QHash<QString, QString> m_names;
-    QStringList m_awaited;
+    QSet<QString> m_awaited;
     StartPlan m_plan;
     QString m_selected;
     bool m_isSearchHeld = false;

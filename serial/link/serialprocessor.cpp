@@ -31,7 +31,8 @@ SerialProcessor::SerialProcessor(PortSource::Make makePort, QObject* parent)
     : QObject(parent)
     , m_makePort(std::move(makePort))
     , m_tuning(SerialTuning::load())
-    , m_conversation(m_tuning.answerWaitTime, m_tuning.disconnectedCount)
+    , m_conversation(m_tuning.answerWaitTime, m_tuning.disconnectedCount,
+                     {m_tuning.identityEveryRounds, m_tuning.selectedWithin})
 {
     qRegisterMetaType<QList<QStringList>>("QList<QStringList>");
     qRegisterMetaType<LdbState>("LdbState");

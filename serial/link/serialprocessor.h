@@ -95,8 +95,8 @@ signals:
     void ldbListChanged(QStringList hexIds);
     /// The LDB's state differs from its last one, or is the first since the start or scan.
     void ldbStateUpdated(QString hexId, LdbState state);
-    /// The LDBs in the list that have not been heard in this run; before a list that changes too.
-    void awaitedLdbsChanged(QStringList hexIds);
+    /// Whether an LDB of the list, or one that joins it now, has still to be heard in this run.
+    void awaitedChanged(QString hexId, bool isAwaited);
     void knownProbed(int answered, int asked);
     void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
     /// A record that is no part of a round.
@@ -131,7 +131,10 @@ private:
         emit roundBegun(QDateTime::fromMSecsSinceEpoch(round.time));
     }
     void tell(const event::RoundEnded&) { emit roundEnded(); }
-    void tell(const event::AwaitedChange& awaited) { emit awaitedLdbsChanged(awaited.hexIds); }
+    void tell(const event::AwaitedChange& awaited)
+    {
+        emit awaitedChanged(awaited.hexId, awaited.isAwaited);
+    }
     void tell(const event::KnownProbed& probed) { emit knownProbed(probed.answered, probed.asked); }
     void tell(const Exchange& exchange) { emit exchanged(exchange); }
     void tell(const event::StateChange& change)

@@ -13,5 +13,9 @@ SerialTuning SerialTuning::load()
     // A window of nothing would declare every LDB lost at once.
     tuning.answerWaitTime = std::max(
         1, tuningNumber(file, constants::kBytesReceivedWaitTimeKey, tuning.answerWaitTime));
+    tuning.identityEveryRounds = std::max(
+        0, tuningNumber(file, constants::kIdentityEveryRoundsKey, tuning.identityEveryRounds));
+    tuning.selectedWithin =
+        std::max(0, tuningNumber(file, constants::kSelectedWithinKey, tuning.selectedWithin));
     return tuning;
 }

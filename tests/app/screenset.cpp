@@ -39,8 +39,9 @@ constexpr int kManyCommands = 1012;  // those of an import into 253 LDBs
 const QString kTicked = "0A";
 
 const QStringList kMainWindows{
-    "main-openShortLeakPage", "main-serviceModePage", "main-earthFaultPage", "main-settingsPage",
-    "main-outPage",           "main-notMonitored",    "main-ldbSettingsTab", "main-logTab"};
+    "main-openShortLeakPage", "main-serviceModePage", "main-earthFaultPage",
+    "main-settingsPage",      "main-outPage",         "main-notMonitored",
+    "main-ldbSettingsTab",    "main-logTab",          "main-filtered"};
 const QStringList kBoxes{"box-loss", "box-port", "box-import", "box-restore", "box-same"};
 const QStringList kTrackingWindows{"tracking-question", "tracking-mode",     "tracking-port",
                                    "tracking-waiting",  "tracking-counting", "tracking-finished",
@@ -87,16 +88,15 @@ void fillViews(MainWindow& window)
     monitoring.known = all.size();
     monitoring.lost = 1;
     setMonitoring(window, monitoring);
-    // Twice: the lamps tell of rounds that are over.
-    for (int round = 0; round < 2; ++round) {
-        for (const QList<QStringList>& record : all) {
-            const QString hexId = generalinformation::text(record, generalinformation::DeviceIdRow);
-            overview->processData(hexId, record);
-            details->processData(hexId, record);
-            lamps->processData(hexId, record);
-            plot->processData(hexId, record);
-        }
+    lamps->beginRound();
+    for (const QList<QStringList>& record : all) {
+        const QString hexId = generalinformation::text(record, generalinformation::DeviceIdRow);
+        overview->processData(hexId, record);
+        details->processData(hexId, record);
+        lamps->processData(hexId, record);
+        plot->processData(hexId, record);
     }
+    lamps->endRound();
 }
 
 EnabledControls allAllowed()
@@ -229,6 +229,8 @@ QWidget* ScreenSet::openMainWindow(const QString& tab)
         lost.state = Monitoring::State::ConnectionLost;
         lost.portName = "/dev/ttyUSB0";
         setMonitoring(*window, lost);
+    } else if (tab == "filtered") {
+        window->findChild<QLineEdit*>("overviewFilterEdit")->setText("Control room W");
     } else if (toolBox->indexOf(page) >= 0) {
         toolBox->setCurrentWidget(page);
     } else {

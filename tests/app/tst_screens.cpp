@@ -242,10 +242,11 @@ bool isControl(const QWidget* widget)
         return std::any_of(classes.begin(), classes.end(),
                            [of](const char* name) { return of != nullptr && of->inherits(name); });
     };
-    const std::vector<const char*> compound{"QAbstractSpinBox", "QComboBox", "QTabBar"};
+    const std::vector<const char*> compound{"QAbstractSpinBox", "QComboBox", "QTabBar",
+                                            "QLineEdit"};
     return !isOne(widget->parentWidget(), compound) && !isOne(widget, {"QHeaderView"}) &&
            (isOne(widget, compound) || widget->cursor().shape() == Qt::PointingHandCursor ||
-            isOne(widget, {"QAbstractButton", "QLineEdit", "QAbstractItemView", "QwtLegendLabel"}));
+            isOne(widget, {"QAbstractButton", "QAbstractItemView", "QwtLegendLabel"}));
 }
 
 /// What Tab goes through, in its order; disabled controls may be enabled some time.

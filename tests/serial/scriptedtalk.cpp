@@ -6,9 +6,16 @@ constexpr double kMinute = 60000;
 
 } // namespace
 
-void ScriptedTalk::start()
+void ScriptedTalk::start(const StartPlan& plan)
 {
-    m_conversation.start(moment());
+    m_conversation.start(moment(), plan);
+    pump();
+}
+
+void ScriptedTalk::cut()
+{
+    m_conversation.lineGone();
+    m_arrivals.clear();
     pump();
 }
 

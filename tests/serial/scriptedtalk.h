@@ -44,7 +44,9 @@ public:
     void setScript(Script script) { m_script = std::move(script); }
     void setPresent(const QStringList& present) { m_present = present; }
 
-    void start();
+    void start(const StartPlan& plan = {});
+    /// The line is gone; `start` has it back.
+    void cut();
     /// Until the scan is over.
     void scan();
     /// Through the scan and `rounds` rounds, until the next one is about to begin.

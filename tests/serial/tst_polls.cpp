@@ -8,6 +8,52 @@ class TestPolls : public TestCase
 {
     Q_OBJECT
 private slots:
+    void aLongRoundTakesANewNameAtOnce()
+    {
+        QStringList ids;
+        for (int address = 1; address <= 40; ++address) {
+            ids.append(busaddress::toHexId(address));
+        }
+        ScriptedTalk talk(ids);
+        talk.scan();
+        talk.run(90000);
+        const auto nameTold = [&talk] {
+            QString name;
+            for (const auto& record : talk.told<event::Record>()) {
+                name = record.hexId == "05" ? record.name : name;
+            }
+            return name;
+        };
+        QByteArray name = "former";
+        talk.setScript([&name](const QByteArray& body, int) -> Answers {
+            if (body == ask("05", kName)) {
+                const QByteArray bytes = ScriptedTalk::name(name);
+                return QList<Said>{{8 + bytes.size() * ScriptedTalk::kByte, bytes}};
+            }
+            if (body == ask("05", kSettings)) {
+                const QByteArray bytes = ScriptedTalk::frame(
+                    "05000000030000"
+                    "0A00" +
+                    QByteArray("read").toHex().leftJustified(32, '0') + "001400");
+                return QList<Said>{{8 + bytes.size() * ScriptedTalk::kByte, bytes}};
+            }
+            return std::nullopt;
+        });
+        // Asked once more, and not in ten rounds.
+        talk.nextOf(ask("05", kName));
+        QCOMPARE(talk.nextBodies(2), (QList<QByteArray>{ask("05", kName), ask("05", kFirmware)}));
+        QCOMPARE(nameTold(), QString("LDB 05"));
+        talk.nextOf(ask("05", kStatus));
+        talk.run(100);
+        QCOMPARE(nameTold(), QString("former"));
+        // Settings name their LDB: they need no second.
+        talk.queue(requests::read("05", 1));
+        talk.nextOf(ask("05", kSettings));
+        talk.nextOf(ask("05", kStatus));
+        talk.run(100);
+        QCOMPARE(nameTold(), QString("read"));
+    }
+
     void aBadPollingAnswer_data()
     {
         // What is answered to the status question, what is asked next, and how long after it.

@@ -51,6 +51,36 @@ private slots:
         }
         QTEST(words.join(' '), "taken");
     }
+
+    void whoMissedIsAskedAgainBetween()
+    {
+        PollSchedule schedule;
+        for (int i = 1; i <= 40; ++i) {
+            schedule.add(QString::number(i));
+        }
+        schedule.restart();
+        const QStringList missed{"10", "11", "12", "30", "31", "32", "38"};
+        QStringList taken;
+        for (int i = 0; i < 50; ++i) {
+            const PollSchedule::Turn turn = schedule.next();
+            const bool isAgain = turn.kind == PollSchedule::Turn::Kind::Again;
+            QVERIFY(!(isAgain && turn.beginsRound));
+            taken.append((isAgain ? "~" : "") + turn.hexId);
+            if (!isAgain && missed.contains(turn.hexId)) {
+                schedule.askAgain(turn.hexId);
+            }
+            if (turn.hexId == "33") {
+                schedule.dropAgain("30");
+                schedule.markLost("31");
+            }
+        }
+        // Seven others; never two behind each other; over the end of a round, too.
+        QCOMPARE(taken.mid(9, 14).join(' '),
+                 QString("10 11 12 13 14 15 16 17 ~10 18 ~11 19 ~12 20"));
+        // The lost one is probed at the end of the round.
+        QCOMPARE(taken.mid(32, 18).join(' '),
+                 QString("30 31 32 33 34 35 36 37 38 39 ~32 40 31 1 2 3 ~38 4"));
+    }
 };
 
 REGISTER_TEST(TestPollSchedule, QCoreApplication)

@@ -150,6 +150,89 @@ private slots:
         QCOMPARE(replies.size(), 2);
     }
 
+    void nothingQueuedBeforeACutIsSentBehindIt()
+    {
+        // At whichever moment the line is cut; the port is back under another name.
+        for (int moment = 0; moment < 60; ++moment) {
+            m_link.reset();
+            m_bus = std::make_unique<TestBus>(QStringList{"03", "0A"});
+            m_link = std::make_unique<SerialLink>(m_bus->ports());
+            QVERIFY(m_bus->scan(*m_link));
+            WAIT_COMPARE(m_link->stateOf("0A"), LdbState::Quiescent);
+            connect(m_link.get(), &SerialLink::communicationFailed, m_link.get(),
+                    [this] { m_link->stop(); });
+            int sent = 0;
+            connect(m_link.get(), &SerialLink::exchanged, m_link.get(),
+                    [&sent](const Exchange& exchange) {
+                        sent += exchange.kind == ExchangeKind::Action ? 1 : 0;
+                    });
+            QObject context;
+            QList<Reply::Kind> replies;
+            for (const char* hexId : {"03", "0A", "03"}) {
+                m_link->ask(std::make_unique<ExecuteCommand>(QString(hexId), LdbControl::FimReset),
+                            &context,
+                            [&replies](const Reply& reply) { replies.append(reply.kind()); });
+            }
+            VirtualTime::current()->advance(moment * 20);
+            const ExpectWarning expected("The line is cut");
+            m_bus->cut();
+            WAIT_VERIFY(!m_link->isRunning());
+            WAIT_COMPARE(replies.size(), 3);
+            QCOMPARE(static_cast<int>(replies.count(Reply::Kind::Unsent)), 3 - sent);
+            const auto heard = m_bus->commands().size();
+            QVERIFY(heard <= sent);
+
+            m_bus->setPortName(QString("port %1").arg(moment));
+            m_bus->restore();
+            QSignalSpy scans(m_link.get(), &SerialLink::ldbListInitializationProgress);
+            QSignalSpy losses(m_link.get(), &SerialLink::ldbDisconnected);
+            QSignalSpy rounds(m_link.get(), &SerialLink::roundEnded);
+            m_link->setStart({StartPlan::Kind::Resume, {}});
+            m_link->setPortName(m_bus->portName());
+            QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A"}));
+            m_link->start();
+            WAIT_VERIFY(rounds.size() >= 3);
+            QCOMPARE(m_link->connectedLdbs(), (QStringList{"03", "0A"}));
+            QCOMPARE(m_bus->commands().size(), heard);
+            QCOMPARE(replies.size(), 3);
+            QVERIFY(scans.isEmpty() && losses.isEmpty());
+        }
+    }
+
+    void aKnownStartIsForOneRun()
+    {
+        QSignalSpy probed(m_link.get(), &SerialLink::knownProbed);
+        QSignalSpy awaited(m_link.get(), &SerialLink::awaitedChanged);
+        QSignalSpy losses(m_link.get(), &SerialLink::ldbDisconnected);
+        QSignalSpy exchanges(m_link.get(), &SerialLink::exchanged);
+        m_link->setStart({StartPlan::Kind::Known, {{"0A", "old"}, {"30", "gone"}}});
+        m_link->start();
+        WAIT_COMPARE(probed.size(), 1);
+        QCOMPARE(probed.first(), (QList<QVariant>{1, 2}));
+        QCOMPARE(m_link->knownLdbs(), (QStringList{"0A", "30"}));
+        QVERIFY(m_link->isAwaited("30") && !m_link->isConnected("30"));
+        QVERIFY(!m_link->isAwaited("0A") && m_link->isConnected("0A"));
+        QCOMPARE(m_link->nameOf("30"), QString("gone"));
+        QCOMPARE(awaited.size(), 3);
+        WAIT_COMPARE(m_link->nameOf("0A"), QString("LDB 0A"));
+        WAIT_COMPARE(m_link->stateOf("03"), LdbState::Quiescent); // found behind the others
+        QVERIFY(losses.isEmpty());
+        QVERIFY(exchanges.first().first().value<Exchange>().kind == ExchangeKind::Probe);
+        m_link->dismiss({"30"});
+        QCOMPARE(m_link->knownLdbs(), (QStringList{"0A", "03"}));
+        // It is there after all, before the search has come to its address.
+        m_bus->setPresent({"03", "0A", "30"});
+        WAIT_COMPARE(m_link->stateOf("30"), LdbState::Quiescent);
+        QVERIFY(m_link->isConnected("30"));
+
+        m_link->stop();
+        m_bus->clearRequests();
+        m_link->start();
+        WAIT_COMPARE(m_link->stateOf("03"), LdbState::Quiescent);
+        QCOMPARE(m_link->knownLdbs(), (QStringList{"03", "0A", "30"}));
+        QVERIFY(m_bus->requests().contains("FE0170"));
+    }
+
     void emptyBusStopsTheRunOnce()
     {
         m_bus->setPresent({});

@@ -11,8 +11,8 @@ namespace {
 constexpr int kComplaints = 5;
 constexpr int kExchangesInComplaint = 14;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kWallStart = 1700000000000;
 constexpr int kLongestDelay = 60;
+constexpr int kKept = 4096; ///< transmissions of which is known what came
 
 int addressOf(const QString& hexId)
 {
@@ -39,15 +39,27 @@ LineRig::LineRig(const Setup& setup)
     : m_setup(setup)
     , m_boards(setup.addresses)
     , m_line(optionsOf(setup), {}, m_boards)
-    , m_conversation(setup.answerWaitTime, setup.forgivenMisses)
+    , m_conversation(setup.answerWaitTime, setup.forgivenMisses, setup.turns)
     , m_chance(setup.seed + 1)
 {
+}
+
+void LineRig::start(const StartPlan& plan)
+{
+    m_conversation.start(moment(), plan);
+    pump();
+}
+
+void LineRig::cut()
+{
+    m_conversation.lineGone();
+    pump();
 }
 
 void LineRig::scan()
 {
     if (m_conversation.isStopped()) {
-        m_conversation.start({m_now, kWallStart + m_now / kMicrosecondsPerMillisecond});
+        start({});
     } else {
         m_conversation.requestScan();
     }
@@ -103,12 +115,13 @@ void LineRig::step(qint64 now)
                             ? now + m_chance.waiting(static_cast<double>(m_commandEvery))
                             : Line::kNever;
     }
-    const Conversation::Moment moment{now, kWallStart + now / kMicrosecondsPerMillisecond};
     const QByteArray bytes = takeArrived();
     if (!bytes.isEmpty()) {
-        m_conversation.bytesCame(bytes, moment);
+        m_heard[m_transmissions - 1] += bytes;
+        m_heard.remove(m_transmissions - kKept);
+        m_conversation.bytesCame(bytes, moment());
     } else {
-        m_conversation.deadlinePassed(moment);
+        m_conversation.deadlinePassed(moment());
     }
     pump();
 }
@@ -118,10 +131,14 @@ void LineRig::pump()
     const QByteArray transmission = m_conversation.takeTransmission();
     if (!transmission.isEmpty()) {
         m_line.transmit(transmission, m_now);
+        ++m_transmissions;
         m_wire.addData(QByteArray::number(m_now) + transmission);
     }
     for (const Event& event : m_conversation.takeEvents()) {
         std::visit([this](const auto& what) { judge(what); }, event);
+        if (m_listener) {
+            m_listener(event);
+        }
         if (m_keepsEvents) {
             m_events.push_back(event);
         }
@@ -166,6 +183,7 @@ void LineRig::queueSomething()
 void LineRig::judge(const event::Record& record)
 {
     if (record.status.state == LdbState::Disconnected) {
+        m_lost.insert(record.hexId);
         return;
     }
     ++m_tally.records;
@@ -252,7 +270,7 @@ void LineRig::judge(const event::ScanState& scan)
 int LineRig::failedPollsInARow(int address) const
 {
     int failed = 0;
-    QByteArray last;
+    const LineExchange* after = nullptr; ///< the failed one of this LDB that comes next
     const auto& exchanges = m_line.book().exchanges();
     for (auto exchange = exchanges.rbegin(); exchange != exchanges.rend(); ++exchange) {
         if (exchange->address != address || !isPoll(exchange->request)) {
@@ -261,10 +279,11 @@ int LineRig::failedPollsInARow(int address) const
         if (exchange->isClean()) {
             break;
         }
-        if (exchange->request != last) {
-            ++failed;
-        }
-        last = exchange->request;
+        // A question is repeated once, and at once.
+        const bool isRepeated =
+            after && after->number == exchange->number + 1 && after->request == exchange->request;
+        failed += isRepeated ? 0 : 1;
+        after = isRepeated ? nullptr : &*exchange;
     }
     return failed;
 }

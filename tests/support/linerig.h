@@ -28,6 +28,7 @@ public:
         int together = 1; ///< bytes that the port hands over at once, at most
         /// Ticks (µs) at which an adapter hands over what has come since the last; 0: at once.
         qint64 adapterTick = 0;
+        TurnPlan::Options turns;
     };
     struct Tally
     {
@@ -42,6 +43,8 @@ public:
         int unfoundedAcks = 0;
     };
 
+    static constexpr qint64 kWallStart = 1700000000000; ///< ms since 1970 UTC
+
     explicit LineRig(const Setup& setup);
 
     Conversation& conversation() { return m_conversation; }
@@ -51,6 +54,10 @@ public:
 
     /// Scans, and returns when the scan has ended.
     void scan();
+    /// Begins a run that finds its LDBs so.
+    void start(const StartPlan& plan);
+    /// The adapter is pulled out: nobody hears what still comes, until `start` has it back.
+    void cut();
     /// Lets time pass (µs).
     void run(qint64 microseconds);
     /// As `run`, but returns as soon as the condition holds; whether it does.
@@ -65,14 +72,17 @@ public:
     /// What was wrong, with the exchanges before it; the first few.
     const QStringList& complaints() const { return m_complaints; }
 
-    /// Everything told, if it is kept.
+    /// Everything told, if it is kept. With `listen` it is told at once.
     void keepEvents() { m_keepsEvents = true; }
     std::vector<Event> takeEvents() { return std::exchange(m_events, {}); }
+    void listen(std::function<void(const Event&)> listener) { m_listener = std::move(listener); }
 
     const QStringList& found() const { return m_found; }
     const QSet<QString>& lost() const { return m_lost; }
     bool isScanning() const { return m_isScanning; }
 
+    /// What came between a transmission and the next one; they count from 0.
+    QByteArray heardSince(int transmission) const { return m_heard.value(transmission); }
     /// Of every transmission so far: when it was made, and its bytes.
     QByteArray wireDigest() const { return m_wire.result(); }
 
@@ -83,6 +93,7 @@ private:
         int timesDone = 0; ///< by the board, when it was queued
     };
 
+    Conversation::Moment moment() const { return {m_now, kWallStart + m_now / 1000}; }
     void step(qint64 now);
     qint64 nextArrival() const;
     QByteArray takeArrived();
@@ -113,6 +124,8 @@ private:
     quint64 m_commandNumber = 0;
     QHash<quint64, Command> m_commands;
 
+    QHash<int, QByteArray> m_heard;
+    int m_transmissions = 0;
     QCryptographicHash m_wire{QCryptographicHash::Sha1};
     Tally m_tally;
     QStringList m_complaints;
@@ -121,5 +134,6 @@ private:
     bool m_isScanning = false;
     QHash<int, quint32> m_lastNumber;
     bool m_keepsEvents = false;
+    std::function<void(const Event&)> m_listener;
     std::vector<Event> m_events;
 };

@@ -43,7 +43,8 @@ QByteArray bodyOf(QByteArray frame)
     return framecodec::responseValidation(frame) ? frame : QByteArray();
 }
 
-/// Whether the polling sends this after `previous`; it asks for the firmware id behind the name.
+/// Whether the polling sends this after `previous`, the last but for statuses; it asks for the
+/// firmware id behind the name.
 bool isPolling(const QByteArray& body, const QByteArray& previous)
 {
     const QByteArray request = body.mid(kCodePosition);
@@ -278,8 +279,11 @@ std::vector<BoardAnswer> TestBus::hear(const QByteArray& frame, qint64 at,
 
 void TestBus::note(const QByteArray& body)
 {
-    m_isCommand = !isPolling(body, m_requests.isEmpty() ? QByteArray() : m_requests.constLast());
+    m_isCommand = !isPolling(body, m_lastNoStatus);
     m_requests.append(body);
+    if (!body.endsWith("737803")) {
+        m_lastNoStatus = body;
+    }
     if (m_isCommand) {
         m_commands.append(body);
     }

@@ -96,7 +96,8 @@ private:
     Port* m_port = nullptr; ///< the one that is open
     bool m_isCut = false;
     bool m_isHeldUp = false;
-    bool m_isCommand = false; ///< the last request
+    bool m_isCommand = false;  ///< the last request
+    QByteArray m_lastNoStatus; ///< the selected LDB's status may be asked between any two others
     Script m_script;
     QList<QByteArray> m_requests;
     QList<QByteArray> m_commands;

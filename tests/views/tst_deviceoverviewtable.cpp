@@ -264,14 +264,16 @@ private slots:
 
     void clearTicksTheSameLdbAgain_data()
     {
-        // Ids joined by blanks; "ticked": before; "isAnother": and announced.
+        // Ids joined by blanks, "(" and ")" for a round's begin and end; "ticked": before;
+        // "isAnother": and announced.
         const Table<QString, QString, QString, bool> row("ticked", "polls", "tickedAfter",
                                                          "isAnother");
-        row("it comes first", "05", "05 01", "05", false);
-        row("it comes later", "09", "01 05 09 01", "09", false);
-        row("it is still to come", "09", "01 05", "", false);
-        row("it does not come", "09", "05 01 05", "05", true);
-        row("it comes too late", "09", "01 05 01 09", "01", true);
+        row("it comes first", "05", "( 05 01", "05", false);
+        row("it comes later", "09", "( 01 05 09 01", "09", false);
+        row("it is still to come", "09", "( 01 05 01 01", "", false);
+        row("it comes in the first whole round", "09", "01 05 ) ( 09 )", "09", false);
+        row("it does not come", "09", "( 05 01 )", "01", true);
+        row("it comes too late", "09", "( 01 05 ) ( 09", "01", true);
     }
 
     void clearTicksTheSameLdbAgain()
@@ -288,7 +290,16 @@ private slots:
         table.object->keepOnly({});
         QCOMPARE(table.view.model()->rowCount(), 0);
         QCOMPARE(table.object->selectedHexId(), ticked);
-        table.pollAll(polls.split(' '));
+        const QStringList steps = polls.split(' ');
+        for (const QString& step : steps) {
+            if (step == "(") {
+                table.object->beginRound();
+            } else if (step == ")") {
+                table.object->endRound();
+            } else {
+                table.poll(step);
+            }
+        }
         QCOMPARE(table.ticked().join(' '), tickedAfter);
         QCOMPARE(table.takeSelected().join(' '), isAnother ? tickedAfter : QString());
 

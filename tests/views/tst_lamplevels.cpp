@@ -67,32 +67,52 @@ private slots:
 
     void rounds_data()
     {
-        // "records": "<hexId>:<earth code>"
-        // "shown": lamp B's level, "-" within a round
-        const Table<QString, QString> row("records", "shown");
-        row("a single LDB ends a round each time", "01:4 01:2 01:0", "2 1 0");
-        row("the fault of another shows when the first comes again",
-            "01:0 02:4 03:0 01:0 02:0 01:0", "0 - - 2 - 0");
-        row("the record that ends a round counts for that round only", "01:0 02:2 01:4 02:0 01:0",
-            "0 - 2 - 0");
-        row("a level does not fall within a round", "01:0 02:4 02:0 03:2 01:0", "0 - - - 2");
-        row("no round ends without the first LDB", "03:0 01:4 02:0 01:0 02:0", "0 - - - -");
+        // "steps": "<hexId>:<earth code>", "|" for a round's end
+        // "shown": lamp B's level behind each
+        const Table<QString, QString> row("steps", "shown");
+        row("lit at once, dark at the end of the round in which it has gone",
+            "01:0 02:4 | 01:0 02:0 |", "0 2 2 2 2 0");
+        row("a record from between the turns lights it as well", "01:0 02:0 01:4 | 01:0 |",
+            "0 0 2 2 2 0");
+        row("what was raised in a round is shown until the next one's end", "01:4 01:0 | 01:0 |",
+            "2 2 2 2 0");
+        row("it falls to what is left", "01:4 02:2 | 01:0 02:2 |", "2 2 2 2 2 1");
+        row("one that has missed its turn still counts", "01:0 02:4 | 01:0 | 01:0 02:0 |",
+            "0 2 2 2 2 2 2 0");
+        row("one that is lost does not", "01:4 | 01:16 |", "2 2 2 0");
+        row("one that has gone for good does not", "01:0 02:4 | x | 01:0 |", "0 2 2 2 0 0 0");
     }
 
     void rounds()
     {
-        QFETCH(QString, records);
+        QFETCH(QString, steps);
 
         BusCondition condition;
         QStringList found;
-        const QStringList each = records.split(' ');
-        for (const QString& record : each) {
-            const QString hexId = record.section(':', 0, 0);
-            const int earth = record.section(':', 1).toInt();
-            const auto levels = condition.add(hexId, withCodes(hexId, {10, 0, earth}));
-            found << (levels ? digits(*levels).mid(1, 1) : "-");
+        const QStringList each = steps.split(' ');
+        for (const QString& step : each) {
+            const QString hexId = step.section(':', 0, 0);
+            if (step == "|") {
+                condition.endRound();
+            } else if (step == "x") {
+                condition.keepOnly({"01"});
+            } else {
+                condition.add(hexId, withCodes(hexId, {10, 0, step.section(':', 1).toInt()}));
+            }
+            found << digits(condition.shown()).mid(1, 1);
         }
         QTEST(found.join(' '), "shown");
+    }
+
+    void oneRuleOfFaults()
+    {
+        for (const Codes& codes : {Codes{30}, Codes{51}, Codes{253}, Codes{254}, Codes{255},
+                                   Codes{10, 2}, Codes{10, 0, 2}, Codes{10, 0, 0, 3}}) {
+            QVERIFY(isFaulty(withCodes("01", codes)));
+        }
+        for (const Codes& codes : {Codes{}, Codes{20}, Codes{50}, Codes{10, 0, 0, 255}}) {
+            QVERIFY(!isFaulty(withCodes("01", codes)));
+        }
     }
 };
 

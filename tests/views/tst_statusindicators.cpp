@@ -84,15 +84,21 @@ private slots:
             indicators.processData(hexId, withCodes(hexId, codes));
         };
         QVERIFY(m_panel->areHatched()); // nothing is known yet
+        // What is wrong is known at once; that all else is well, when everybody has been asked in a
+        // round that was seen from its begin.
         process("01", {30});
+        QVERIFY(isLit(A));
+        indicators.endRound();
         time.advance(1000);
-        // What is wrong is known at once; that all else is well, when everybody has been asked.
         QVERIFY(!m_panel->isHatched(A));
         QVERIFY(m_panel->isHatched(B));
-        process("02", {});
-        QVERIFY(m_panel->isHatched(B));
+        indicators.beginRound();
         process("01", {30});
-        QVERIFY(!m_panel->isHatched(B));
+        process("02", {});
+        process("01", {30});
+        QVERIFY(m_panel->isHatched(B));
+        indicators.endRound();
+        QVERIFY(!m_panel->isHatched(B) && !isLit(B));
 
         // Not monitored, only one LDB polled, and nobody heard for long: none of it looks like
         // rest.
@@ -108,12 +114,25 @@ private slots:
             QVERIFY(!m_panel->isHatched(B));
         }
 
-        // The rounds go on when the LDB that marked them has gone for good.
-        indicators.keepOnly({"02"});
-        QVERIFY(m_panel->isHatched(B));
-        process("02", {});
-        process("02", {});
-        QVERIFY(!m_panel->isHatched(A) && !isLit(A));
+        // A round that was on when the others were polled again says nothing of them.
+        indicators.setMonitoring(alone);
+        indicators.beginRound();
+        process("01", {});
+        indicators.setMonitoring(records::monitored());
+        process("01", {});
+        indicators.endRound();
+        QVERIFY(m_panel->areHatched());
+
+        // Dark at a round's end only.
+        m_panel->show({30});
+        process("01", {});
+        QVERIFY(!m_panel->isHatched(A));
+        QVERIFY(isLit(A) || untilChange(A) < 1000);
+        indicators.beginRound();
+        indicators.endRound();
+        indicators.beginRound();
+        indicators.endRound();
+        QVERIFY(!isLit(A) && untilChange(A) == 1000);
     }
 
     void statesInWords()
@@ -151,12 +170,12 @@ private:
 
         Panel() { indicators.setMonitoring(records::monitored()); }
 
-        /// Two rounds of a bus of one LDB: before the second it is not known to be the only one.
+        /// A whole round of a bus of one LDB.
         void show(const Codes& codes)
         {
-            for (int round = 0; round < 2; ++round) {
-                indicators.processData("01", withCodes("01", codes));
-            }
+            indicators.beginRound();
+            indicators.processData("01", withCodes("01", codes));
+            indicators.endRound();
         }
         bool isHatched(int lamp) const
         {

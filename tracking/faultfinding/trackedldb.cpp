@@ -34,6 +34,8 @@ TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
     if (link != nullptr) {
         connect(link, &SerialLink::generalInformationUpdated, this,
                 &TrackedLdb::generalInformationUpdated);
+        connect(link, &SerialLink::extraInformationUpdated, this,
+                &TrackedLdb::generalInformationUpdated);
         connect(link, &SerialLink::communicationFailed, this, &TrackedLdb::connectionLost);
         connect(link, &SerialLink::stopped, this, &TrackedLdb::connectionLost);
         connect(link, &SerialLink::stopped, this, &TrackedLdb::reachableChanged);

@@ -86,16 +86,43 @@ void MainWindowPlot::initPlotCurves()
 
 void MainWindowPlot::processData(const QString& hexId, const QList<QStringList>& dataList)
 {
+    const std::optional<double> time = timeOf(hexId, dataList);
+    if (!time) {
+        return;
+    }
+    // It carries the time at which its round has begun, which may lie before that of an extra
+    // record, though the clock was not set back: it is newer all the same.
+    const bool isClockSetBack = m_roundTime && *time < *m_roundTime;
+    const bool isBehindExtra = m_newest && !isClockSetBack && *time < m_newestSample;
+    m_roundTime = time;
+    add(dataList, isBehindExtra ? m_newestSample + 1.0 : *time);
+}
+
+void MainWindowPlot::processExtra(const QString& hexId, const QList<QStringList>& dataList)
+{
+    if (const std::optional<double> time = timeOf(hexId, dataList)) {
+        add(dataList, *time);
+    }
+}
+
+/// The time of a record that is to be drawn.
+std::optional<double> MainWindowPlot::timeOf(const QString& hexId,
+                                             const QList<QStringList>& dataList) const
+{
     Q_ASSERT(QThread::currentThread() == thread());
     if (hexId != m_hexId || m_plot == nullptr) {
-        return;
+        return std::nullopt;
     }
     const QDateTime time = generalinformation::timestamp(dataList);
     if (!time.isValid()) {
         qWarning("MainWindowPlot: a record of LDB %s has no readable time", qPrintable(hexId));
-        return;
+        return std::nullopt;
     }
-    const auto timeMs = static_cast<double>(time.toMSecsSinceEpoch());
+    return static_cast<double>(time.toMSecsSinceEpoch());
+}
+
+void MainWindowPlot::add(const QList<QStringList>& dataList, double timeMs)
+{
     if (!m_isLive && m_newest && timeMs > m_newestSample) {
         // No line over the time in which nothing was known.
         addSamples({}, m_newestSample + 1.0);
@@ -137,6 +164,7 @@ void MainWindowPlot::forgetSamples()
 {
     m_plot->clear();
     m_newest.reset();
+    m_roundTime.reset();
     showLiveness();
 }
 

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <optional>
+
 class Plot;
 class QWidget;
 
@@ -33,6 +35,8 @@ public slots:
     /// Plots a record of the selected LDB; those of others are ignored. A record whose time cannot
     /// be read is left out and said so in the diagnostics.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
+    /// The same with a record from between the turns of a long round, which carries its own time.
+    void processExtra(const QString& hexId, const QList<QStringList>& dataList);
 
     /// What is live.
     void setMonitoring(const Monitoring& monitoring);
@@ -53,6 +57,8 @@ signals:
 private:
     void showLiveness();
     void forgetSamples();
+    std::optional<double> timeOf(const QString& hexId, const QList<QStringList>& dataList) const;
+    void add(const QList<QStringList>& dataList, double timeMs);
     void addSamples(const QList<QStringList>& dataList, double timeMs);
 
     QWidget* m_container;
@@ -62,7 +68,8 @@ private:
     bool m_zoomEnabled = false;
     bool m_rowsInOrder = false;
     Monitoring m_monitoring;
-    std::optional<qint64> m_newest; ///< clock time of the newest record
-    double m_newestSample = 0.0;    ///< the same, ms since 1970 UTC
+    std::optional<qint64> m_newest;    ///< clock time of the newest record
+    double m_newestSample = 0.0;       ///< the same, ms since 1970 UTC
+    std::optional<double> m_roundTime; ///< of the round's newest record, ms since 1970 UTC
     bool m_isLive = false;
 };

@@ -72,17 +72,27 @@ LampLevels lampLevels(const QList<QStringList>& dataList)
     return levels;
 }
 
-std::optional<LampLevels> BusCondition::add(const QString& hexId,
-                                            const QList<QStringList>& dataList)
+void BusCondition::add(const QString& hexId, const QList<QStringList>& dataList)
 {
-    if (!m_cycleStartHexId) {
-        m_cycleStartHexId = hexId;
+    const LampLevels levels = lampLevels(dataList);
+    m_latest.insert(hexId, levels);
+    m_round.raise(levels);
+    m_shown.raise(levels);
+}
+
+void BusCondition::endRound()
+{
+    m_shown = std::exchange(m_round, LampLevels());
+    for (const LampLevels& levels : qAsConst(m_latest)) {
+        m_shown.raise(levels);
     }
-    m_levels.raise(lampLevels(dataList));
-    if (hexId != *m_cycleStartHexId) {
-        return std::nullopt;
+}
+
+void BusCondition::keepOnly(const QStringList& hexIds)
+{
+    for (auto levels = m_latest.begin(); levels != m_latest.end();) {
+        levels = hexIds.contains(levels.key()) ? std::next(levels) : m_latest.erase(levels);
     }
-    return std::exchange(m_levels, LampLevels());
 }
 
 bool isOut(const QList<QStringList>& dataList)
@@ -92,6 +102,14 @@ bool isOut(const QList<QStringList>& dataList)
     const auto state = static_cast<LdbState>(integer(dataList, ModeRow));
     return state == LdbState::Disconnected || state == LdbState::Fault ||
            state == LdbState::FactoryResetFailed;
+}
+
+bool isFaulty(const QList<QStringList>& dataList)
+{
+    const LampLevels levels = lampLevels(dataList);
+    return isOut(dataList) || std::any_of(kLamps.begin(), kLamps.end(), [&levels](Lamp lamp) {
+               return levels.of(lamp) != FaultLevel::None;
+           });
 }
 
 QList<CausePage> LampCauses::update(const QString& hexId, const QList<QStringList>& dataList)

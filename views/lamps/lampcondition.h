@@ -2,11 +2,11 @@
 
 #include "serial/ldb/ldbstatus.h"
 
+#include <QHash>
 #include <QMap>
 #include <QStringList>
 
 #include <array>
-#include <optional>
 
 /// The four lamps that sum up the bus.
 enum class Lamp : int
@@ -36,22 +36,26 @@ private:
 /// never disagree.
 LampLevels lampLevels(const QList<QStringList>& dataList);
 
-/// Folds the records of all LDBs into the levels of one polling round.
-///
-/// A round ends when the LDB that was seen first comes again. That record still counts for the
-/// round it ends. While that LDB sends nothing, no round ends.
+/// Folds the records of all LDBs into what the lamps show. A lamp lights with the record that
+/// raises it and goes dark at a round's end only, which is told: one that was raised in the round
+/// stays lit, and so does one whose LDB has missed its turn.
 class BusCondition
 {
 public:
-    /// The levels of the round that this record ends, or nothing while the round goes on. The very
-    /// first record ends a round too.
-    std::optional<LampLevels> add(const QString& hexId, const QList<QStringList>& dataList);
-    /// The LDB that marks the rounds; none before the first record.
-    std::optional<QString> marker() const { return m_cycleStartHexId; }
+    /// Takes a record into the round that is on.
+    void add(const QString& hexId, const QList<QStringList>& dataList);
+    /// The round is over, and the next one begins.
+    void endRound();
+    /// No other LDB is on the bus any more. What they have raised stays until the round's end.
+    void keepOnly(const QStringList& hexIds);
+
+    /// What the lamps show now.
+    const LampLevels& shown() const { return m_shown; }
 
 private:
-    std::optional<QString> m_cycleStartHexId;
-    LampLevels m_levels;
+    QHash<QString, LampLevels> m_latest; ///< what each LDB's latest record raises
+    LampLevels m_round;                  ///< raised since the round has begun
+    LampLevels m_shown;
 };
 
 /// Why an LDB raises a lamp.
@@ -81,6 +85,9 @@ constexpr std::array<CausePage, 5> kCausePages{CausePage::A, CausePage::B, Cause
 
 /// Whether an LDB does not do its work: lost, in fault, or with a failed factory reset.
 bool isOut(const QList<QStringList>& dataList);
+
+/// Whether anything of an LDB is named on one of the pages: it is out, or raises a lamp.
+bool isFaulty(const QList<QStringList>& dataList);
 
 /// For each page the LDBs that belong there now, that is by their latest record.
 class LampCauses

@@ -38,7 +38,8 @@ struct LampWidgets
 /// The front panel: four lamps that sum up the bus, and a tool box page for each that names the
 /// LDBs behind it: one entry an LDB with id, name and condition, in the order of the addresses. A
 /// page without a lamp names those that are lost or in fault. A click on a lamp opens its page. The
-/// pages follow every record at once, where the lamps wait for the end of a round. GUI thread.
+/// pages follow every record at once, where the lamps wait for a round's end to go dark. GUI
+/// thread.
 class LampPanel : public QObject
 {
     Q_OBJECT
@@ -54,6 +55,9 @@ public slots:
     /// Takes an LDB's record. Entries change where they stand: the entry that
     /// the user is on stays current and selected as long as its LDB raises the lamp.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
+    /// A round has begun, and is over.
+    void beginRound() { m_indicators.beginRound(); }
+    void endRound() { m_indicators.endRound(); }
     /// What of the bus is monitored. When it is no longer the whole, the pages are emptied and say
     /// so.
     void setMonitoring(const Monitoring& monitoring);

@@ -103,63 +103,48 @@ StatusIndicators::StatusIndicators(QLabel* lampA, QLabel* lampC, QLabel* lampB, 
 void StatusIndicators::processData(const QString& hexId, const QList<QStringList>& dataList)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (const std::optional<LampLevels> levels = m_condition.add(hexId, dataList)) {
-        m_roundSeen = m_roundTime.has_value(); // the first record ends none over all LDBs
-        m_roundTime = generalinformation::clockTime(dataList);
-        show(*levels);
-        updateLiveness();
+    m_condition.add(hexId, dataList);
+    m_recordTime = generalinformation::clockTime(dataList);
+    show();
+}
+
+void StatusIndicators::beginRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_isRoundWhole = true;
+}
+
+void StatusIndicators::endRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_condition.endRound();
+    if (m_isRoundWhole) {
+        m_roundTime = m_recordTime;
     }
+    show();
 }
 
 void StatusIndicators::setMonitoring(const Monitoring& monitoring)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (monitoring.isWhole() != m_monitoring.isWhole()) {
-        beginAnew();
+    const bool isWholeNew = monitoring.isWhole() != m_monitoring.isWhole();
+    if (isWholeNew) {
+        m_condition = BusCondition();
+        m_recordTime.reset();
+        m_roundTime.reset();
+        // One that is on has begun with something else.
+        m_isRoundWhole = false;
     }
     m_monitoring = monitoring;
-    updateLiveness();
+    show();
+    if (isWholeNew) {
+        retranslate(); // the words say why a lamp is not known
+    }
 }
 
 void StatusIndicators::keepOnly(const QStringList& hexIds)
 {
-    // Without the one that marks them, no round would ever end.
-    if (m_condition.marker() && !hexIds.contains(*m_condition.marker())) {
-        beginAnew();
-        updateLiveness();
-    }
-}
-
-void StatusIndicators::beginAnew()
-{
-    m_condition = BusCondition();
-    m_roundTime.reset();
-    m_roundSeen = false;
-}
-
-void StatusIndicators::updateLiveness()
-{
-    m_isLive = m_monitoring.isLive(m_roundTime);
-    refresh();
-}
-
-bool StatusIndicators::isKnown(const Indicator& each) const
-{
-    return m_isLive && (m_roundSeen || each.blink != Blink::Off);
-}
-
-void StatusIndicators::refresh()
-{
-    for (const Lamp lamp : kLamps) {
-        const Indicator& each = indicator(lamp);
-        if (!isKnown(each)) {
-            each.label->setPixmap(m_unknown);
-        } else if (each.blink == Blink::Off) {
-            each.label->setPixmap(m_off);
-        }
-        // The timers paint the others.
-        describe(lamp);
-    }
+    m_condition.keepOnly(hexIds);
 }
 
 void StatusIndicators::retranslate()
@@ -181,23 +166,38 @@ void StatusIndicators::fastBlink()
     m_fastPhase = !m_fastPhase;
 }
 
-void StatusIndicators::show(const LampLevels& levels)
+/// Shows what is known now, where it differs from what is shown.
+void StatusIndicators::show()
 {
     for (const Lamp lamp : kLamps) {
         // The other two lamps have one pattern only.
         const bool knowsSlow = kTexts[static_cast<std::size_t>(lamp)].slow != nullptr;
-        const FaultLevel level = levels.of(lamp);
+        const FaultLevel level = m_condition.shown().of(lamp);
         const bool isSlow = level == FaultLevel::Minor && knowsSlow;
-        indicator(lamp).blink = level == FaultLevel::None ? Blink::Off
-                                : isSlow                  ? Blink::Slow
-                                                          : Blink::Fast;
+        Indicator& each = indicator(lamp);
+        const Blink former = each.blink;
+        const bool wasKnown = each.isKnown;
+        each.blink = level == FaultLevel::None ? Blink::Off : isSlow ? Blink::Slow : Blink::Fast;
+        each.isKnown = m_monitoring.isLive(each.blink == Blink::Off ? m_roundTime : m_recordTime);
+        if (each.blink == former && each.isKnown == wasKnown) {
+            continue;
+        }
+        if (!each.isKnown) {
+            each.label->setPixmap(m_unknown);
+        } else if (each.blink == Blink::Off) {
+            each.label->setPixmap(m_off);
+        } else if (former == Blink::Off || !wasKnown) {
+            each.label->setPixmap(each.lit);
+        }
+        // The timers go on with it.
+        describe(lamp);
     }
 }
 
 void StatusIndicators::paint(Blink blink, bool lit)
 {
     for (const Indicator& each : m_indicators) {
-        if (each.blink == blink && isKnown(each)) {
+        if (each.blink == blink && each.isKnown) {
             each.label->setPixmap(lit ? each.lit : m_off);
         }
     }
@@ -224,7 +224,7 @@ void StatusIndicators::describe(Lamp lamp)
         meaning = tr(texts.fast);
         break;
     }
-    if (!isKnown(described)) {
+    if (!described.isKnown) {
         state = tr("%1: not known").arg(name);
         meaning = m_monitoring.isWhole() ? tr("No round over all LDBs has been completed yet.")
                                          : tr("Not all LDBs are monitored.");

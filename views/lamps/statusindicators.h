@@ -25,10 +25,10 @@ QPixmap drawUnknown();
 } // namespace lampimage
 
 /// Drives the four round lamps that sum up the whole bus: each is off, blinks slowly (1 Hz) or
-/// blinks fast (4 Hz) after the worst condition of the last complete polling round. While the bus
-/// is not monitored all are hatched, and so is an unlit one until a whole round has found nothing:
-/// a dark lamp says that all is well. Every lamp also says its state in words, by tool tip and
-/// accessible text. GUI thread only.
+/// blinks fast (4 Hz). A lamp lights at once with the record that raises it and goes dark at a
+/// round's end. While the bus is not monitored all are hatched, and so is an unlit one until a
+/// whole round has found nothing: a dark lamp says that all is well. Every lamp also says its state
+/// in words, by tool tip and accessible text. GUI thread only.
 class StatusIndicators : public QObject
 {
     Q_OBJECT
@@ -39,8 +39,11 @@ public:
                      QObject* parent = nullptr);
 
 public slots:
-    /// Takes an LDB's record; the lamps change when a round is complete.
+    /// Takes an LDB's record, also one from between the turns.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
+    /// A round has begun, and is over.
+    void beginRound();
+    void endRound();
     /// What of the bus is monitored; the rounds begin anew when the whole bus is again.
     void setMonitoring(const Monitoring& monitoring);
     /// No other LDB is on the bus any more.
@@ -64,16 +67,13 @@ private:
         QLabel* label = nullptr;
         QPixmap lit;
         Blink blink = Blink::Off;
+        bool isKnown = false; ///< hatched where it is not
     };
 
     Indicator& indicator(Lamp lamp) { return m_indicators[static_cast<std::size_t>(lamp)]; }
-    void show(const LampLevels& levels);
+    void show();
     void paint(Blink blink, bool lit);
     void describe(Lamp lamp);
-    void beginAnew();
-    void updateLiveness();
-    bool isKnown(const Indicator& each) const;
-    void refresh();
 
     BusCondition m_condition;
     std::array<Indicator, kLamps.size()> m_indicators;
@@ -84,7 +84,8 @@ private:
     bool m_fastPhase = false; ///< the next fast tick lights
     QPixmap m_unknown;
     Monitoring m_monitoring;
-    std::optional<qint64> m_roundTime; ///< clock time of the round that was shown last
-    bool m_isLive = false;             ///< that round still counts
-    bool m_roundSeen = false;          ///< a whole one: an unlit lamp means that all is well
+    std::optional<qint64> m_recordTime; ///< clock time of the latest record
+    /// That of the last one of the last whole round: until when an unlit lamp is known to be so.
+    std::optional<qint64> m_roundTime;
+    bool m_isRoundWhole = false; ///< the round that is on has been seen from its begin
 };

@@ -1,11 +1,12 @@
 #include "views/tables/deviceoverviewtable.h"
 
 #include "views/header/hierarchicalheaderview.h"
-#include "views/header/proxymodelhierachicalheader.h"
 #include "views/tables/cellcolours.h"
 #include "views/tables/overviewcolumns.h"
 #include "views/tables/overviewdelegates.h"
+#include "views/tables/overviewfilter.h"
 #include "views/tables/overviewlayout.h"
+#include "views/tables/overviewrows.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -23,7 +24,7 @@ namespace {
 // A shorter record tells only that the LDB is there.
 constexpr int kMinimumEntries = 2;
 
-constexpr int kFitDelay = 100; // ms
+constexpr int kRowMargin = 4; // above and below a line of text, pixels
 
 /// What a cell is sorted by; the rows without a value stand together at one end.
 QVariant sortNumber(int recordRow, const QStringList& entry)
@@ -38,6 +39,12 @@ QVariant sortNumber(int recordRow, const QStringList& entry)
     bool isNumber = false;
     const double number = entry.value(ValueColumn).toDouble(&isNumber);
     return isNumber ? number : QVariant();
+}
+
+/// How many cells a record fills; what is beyond the known ones is ignored.
+int entriesOf(const QList<QStringList>& dataList)
+{
+    return std::min<int>(dataList.size(), generalinformation::RowCount);
 }
 
 QStandardItem* newItem()
@@ -86,7 +93,7 @@ void DeviceOverviewTable::setupTable()
 {
     // The columns are there before the first row, so that an empty table shows what it will hold.
     m_model.setColumnCount(overview::ColumnCount);
-    m_proxy = std::make_unique<ProxyModelHierachicalHeader>();
+    m_proxy = std::make_unique<OverviewFilter>();
     m_proxy->setSourceModel(&m_model);
     m_proxy->setHorizontalHeaderModel(&m_headerModel);
     m_proxy->setVerticalHeaderModel(&m_headerModel);
@@ -104,7 +111,10 @@ void DeviceOverviewTable::setupTable()
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     // A sum of faults takes more than one line.
     m_view->setWordWrap(true);
-    m_view->verticalHeader()->setMinimumSectionSize(m_view->verticalHeader()->defaultSectionSize());
+    // As many rows as can be read: a large site has 253.
+    const int height = m_view->fontMetrics().height() + 2 * kRowMargin;
+    m_view->verticalHeader()->setMinimumSectionSize(height);
+    m_view->verticalHeader()->setDefaultSectionSize(height);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_view, &QWidget::customContextMenuRequested, this, &DeviceOverviewTable::openMenu);
     connect(m_view, &QTableView::clicked, this, [this](const QModelIndex& index) {
@@ -130,14 +140,7 @@ void DeviceOverviewTable::setupHeader()
     header->setSectionsClickable(true);
     header->setSortIndicator(overview::IdColumn, Qt::AscendingOrder);
     m_view->sortByColumn(overview::IdColumn, Qt::AscendingOrder);
-    m_fitTimer.setSingleShot(true);
-    m_fitTimer.setInterval(kFitDelay);
-    connect(header, &QHeaderView::sectionResized, &m_fitTimer, qOverload<>(&QTimer::start));
-    connect(&m_fitTimer, &QTimer::timeout, this, [this] {
-        if (m_view) {
-            m_view->resizeRowsToContents();
-        }
-    });
+    m_rows = new OverviewRows(m_view, m_proxy.get(), this);
 }
 
 void DeviceOverviewTable::retranslate()
@@ -181,26 +184,34 @@ void DeviceOverviewTable::processData(const QString& hexId, const QList<QStringL
     Q_ASSERT(QThread::currentThread() == thread());
     m_times.insert(hexId, generalinformation::clockTime(dataList));
     const int row = m_rowOfLdb.value(hexId, kNoRow);
-    const bool isNewRow = row == kNoRow;
-    if (isNewRow) {
+    if (row == kNoRow) {
         appendRow(hexId, dataList);
     } else {
         refreshRow(row, dataList);
     }
     showLiveness(m_rowOfLdb.value(hexId));
     colourRow(m_rowOfLdb.value(hexId));
-    settleSelection(hexId, isNewRow);
+    settleSelection(hexId);
 }
 
+/// The row comes with all its cells: each that came later would be filtered, sorted and laid out
+/// again.
 void DeviceOverviewTable::appendRow(const QString& hexId, const QList<QStringList>& dataList)
 {
     QStandardItem* tickItem = newItem();
     tickItem->setCheckable(true);
     tickItem->setData(Qt::Unchecked, Qt::CheckStateRole);
     tickItem->setData(hexId, overview::HexIdRole);
+    QList<QStandardItem*> cells{tickItem};
+    if (dataList.size() >= kMinimumEntries) {
+        OverviewFilter::note(*tickItem, dataList);
+        for (int recordRow = 0; recordRow < entriesOf(dataList); ++recordRow) {
+            cells.append(newDataItem());
+            fillCell(*cells.last(), recordRow, dataList.at(recordRow));
+        }
+    }
     m_rowOfLdb.insert(hexId, m_model.rowCount());
-    m_model.appendRow(tickItem);
-    refreshRow(m_model.rowCount() - 1, dataList);
+    m_model.appendRow(cells);
     if (!m_layout->isLoaded()) {
         m_layout->load();
     }
@@ -211,46 +222,69 @@ void DeviceOverviewTable::refreshRow(int row, const QList<QStringList>& dataList
     if (dataList.size() < kMinimumEntries) {
         return;
     }
-    const int entries = std::min<int>(dataList.size(), generalinformation::RowCount);
+    OverviewFilter::note(*m_model.item(row, overview::TickColumn), dataList);
     bool isFitDue = false;
-    for (int recordRow = 0; recordRow < entries; ++recordRow) {
+    for (int recordRow = 0; recordRow < entriesOf(dataList); ++recordRow) {
         const int column = overview::columnOf(recordRow);
         QStandardItem* item = m_model.item(row, column);
-        const bool isNew = item == nullptr;
+        const bool isNew = item == nullptr; // the record before was a short one
         if (isNew) {
             item = newDataItem();
         }
-        const QStringList& entry = dataList.at(recordRow);
-        const QString text = entry.value(generalinformation::TextColumn);
-        const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item->text());
-        isFitDue = (cellcolours::update(*item, Qt::DisplayRole, text) && mayNeedRoom) || isFitDue;
-        cellcolours::update(*item, overview::NumberRole, sortNumber(recordRow, entry));
-        const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
-        cellcolours::update(*item, overview::RuleColourRole,
-                            colour.isValid() ? QVariant(colour) : QVariant());
+        isFitDue = fillCell(*item, recordRow, dataList.at(recordRow)) || isFitDue;
         if (isNew) {
             m_model.setItem(row, column, item);
         }
     }
     if (isFitDue) {
-        fitRow(row);
+        m_rows->fit(row);
     }
     if (row == m_selectedRow) {
         announceRow(row, true);
     }
 }
 
-void DeviceOverviewTable::settleSelection(const QString& hexId, bool isNewRow)
+/// Whether the cell may need another height.
+bool DeviceOverviewTable::fillCell(QStandardItem& item, int recordRow,
+                                   const QStringList& entry) const
 {
-    if (m_selectedRow != kNoRow) {
-        return;
-    }
+    const QString text = entry.value(generalinformation::TextColumn);
+    const bool mayNeedRoom = takesLines(recordRow, text) || takesLines(recordRow, item.text());
+    const bool isOther = cellcolours::update(item, Qt::DisplayRole, text);
+    cellcolours::update(item, overview::NumberRole, sortNumber(recordRow, entry));
+    const QColor colour = cellcolours::ruleColour(*m_colourRules, recordRow, entry);
+    cellcolours::update(item, overview::RuleColourRole,
+                        colour.isValid() ? QVariant(colour) : QVariant());
+    return isOther && mayNeedRoom;
+}
+
+void DeviceOverviewTable::settleSelection(const QString& hexId)
+{
     const bool isAwaited = m_selectedHexId.isEmpty() || hexId == m_selectedHexId;
-    if (isAwaited) {
+    if (m_selectedRow == kNoRow && isAwaited) {
         tick(m_rowOfLdb.value(hexId));
-    } else if (!isNewRow) {
-        tick(0);
     }
+}
+
+void DeviceOverviewTable::beginRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_isRoundWhole = true;
+}
+
+void DeviceOverviewTable::endRound()
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_selectedRow == kNoRow && m_isRoundWhole && m_model.rowCount() > 0) {
+        tickFirst();
+    }
+}
+
+/// The first one shown, where one is.
+void DeviceOverviewTable::tickFirst()
+{
+    const QModelIndex first = m_proxy->index(0, overview::TickColumn);
+    tick(first.isValid() ? m_proxy->mapToSource(first).row() : 0);
 }
 
 bool DeviceOverviewTable::selectLdb(const QString& hexId)
@@ -333,6 +367,7 @@ void DeviceOverviewTable::setMonitoring(const Monitoring& monitoring)
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_monitoring = monitoring;
+    m_proxy->setKnown(monitoring.known);
     for (int row = 0; row < m_model.rowCount(); ++row) {
         showLiveness(row);
     }
@@ -365,7 +400,7 @@ void DeviceOverviewTable::showAge(int row, const QString& age)
     QStandardItem* mode = m_model.item(row, overview::ModeColumn);
     if (mode != nullptr &&
         cellcolours::update(*mode, overview::AgeRole, age.isEmpty() ? QVariant() : age)) {
-        fitRow(row);
+        m_rows->fit(row);
     }
 }
 
@@ -379,14 +414,6 @@ void DeviceOverviewTable::colourCell(QStandardItem& item, bool isLive) const
         const QColor& ground = palette.color(QPalette::Base);
         cellcolours::setColours(item, cellcolours::faded(colour, ground),
                                 cellcolours::fadedText(palette.color(QPalette::Text), ground));
-    }
-}
-
-/// Makes a row as high as its texts are, which may take more than one line.
-void DeviceOverviewTable::fitRow(int row)
-{
-    if (m_view) {
-        m_view->resizeRowToContents(m_proxy->mapFromSource(m_model.index(row, 0)).row());
     }
 }
 
@@ -423,6 +450,7 @@ QStringList DeviceOverviewTable::lostLdbs() const
 
 void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
 {
+    m_isRoundWhole = false;
     const QString ticked = m_selectedRow == kNoRow ? QString() : hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
     for (int row = m_model.rowCount() - 1; row >= 0; --row) {
@@ -439,7 +467,7 @@ void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
     if (m_rowOfLdb.contains(ticked)) {
         m_selectedRow = m_rowOfLdb.value(ticked);
     } else if (!ticked.isEmpty() && m_model.rowCount() > 0) {
-        tick(m_proxy->mapToSource(m_proxy->index(0, overview::TickColumn)).row());
+        tickFirst();
     }
 }
 

@@ -7,7 +7,6 @@
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QStringList>
-#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -17,9 +16,10 @@ class QTableView;
 
 class CellColourRules;
 class CheckBoxDelegate;
+class OverviewFilter;
 class OverviewLayout;
 class OverviewRowDelegate;
-class ProxyModelHierachicalHeader;
+class OverviewRows;
 
 /// The overview of all LDBs: one row each, refreshed with every record, coloured by the rules of
 /// the tuning file. One row is ticked; its LDB is the selected one. GUI thread.
@@ -50,8 +50,7 @@ public:
     /// Drops the rows of all other LDBs; columns, widths, order and sorting stay. Without the row
     /// of the selected LDB the first one left is ticked and announced. Where none is left, the
     /// selected LDB is ticked again, without a signal, when its next record comes; if it has not
-    /// come by the time that another LDB's second record arrives (a whole round without it), the
-    /// first row is ticked and announced instead.
+    /// come by the end of a whole round, the first row is ticked and announced instead.
     void keepOnly(const QStringList& hexIds);
     /// The LDBs that the table shows as lost.
     QStringList lostLdbs() const;
@@ -65,6 +64,10 @@ public slots:
     /// Adds or refreshes the row of an LDB. The first LDB ever is ticked. An entry that the record
     /// lacks leaves its cell as it is, and entries beyond the known ones are ignored.
     void processData(const QString& hexId, const QList<QStringList>& dataList);
+
+    /// A round has begun, and is over.
+    void beginRound();
+    void endRound();
 
     /// Sets the header in the language in force; widths, order and sorting stay.
     void retranslate();
@@ -89,15 +92,16 @@ private:
 
     void appendRow(const QString& hexId, const QList<QStringList>& dataList);
     void refreshRow(int row, const QList<QStringList>& dataList);
+    bool fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
 
     void showLiveness(int row);
     void showAge(int row, const QString& age);
     void colourRow(int row);
     void colourCell(QStandardItem& item, bool isLive) const;
-    void fitRow(int row);
     void openMenu(const QPoint& position);
 
-    void settleSelection(const QString& hexId, bool isNewRow);
+    void settleSelection(const QString& hexId);
+    void tickFirst();
     bool tickByKey(const QKeyEvent& key);
     void tick(int row);
     void moveTick(int row);
@@ -107,15 +111,16 @@ private:
     QPointer<QTableView> m_view;
     QStandardItemModel m_model;
     QStandardItemModel m_headerModel;
-    std::unique_ptr<ProxyModelHierachicalHeader> m_proxy;
+    std::unique_ptr<OverviewFilter> m_proxy;
     std::unique_ptr<const CellColourRules> m_colourRules;
     OverviewLayout* m_layout = nullptr;             // owned as a child
+    OverviewRows* m_rows = nullptr;                 // owned as a child
     CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
     QHash<QString, int> m_rowOfLdb;                 // source rows
     int m_selectedRow = kNoRow;                     // source row of the tick
     QString m_selectedHexId;
+    bool m_isRoundWhole = false; ///< the round that is on has begun with the rows that there are
     QHash<QString, std::optional<qint64>> m_times; ///< clock times of the records shown
     Monitoring m_monitoring;
-    QTimer m_fitTimer; ///< rows are made to fit after columns have been resized
 };

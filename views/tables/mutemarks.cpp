@@ -4,6 +4,7 @@
 #include "views/tables/devicedetailtable.h"
 #include "views/tables/overviewcolumns.h"
 
+#include <QAbstractProxyModel>
 #include <QPainter>
 #include <QPixmap>
 
@@ -28,15 +29,22 @@ QIcon draw()
     return QIcon(pixmap);
 }
 
+/// The rows themselves, of which the view may hide some.
+QAbstractItemModel* sourceOf(QAbstractItemModel* model)
+{
+    const auto* proxy = qobject_cast<const QAbstractProxyModel*>(model);
+    return proxy == nullptr ? model : proxy->sourceModel();
+}
+
 } // namespace
 
 MuteMarks::MuteMarks(QAbstractItemModel* overview, QAbstractItemModel* details, QObject* parent)
     : QObject(parent)
-    , m_overview(overview)
+    , m_overview(sourceOf(overview))
     , m_details(details)
     , m_picture(draw())
 {
-    connect(overview, &QAbstractItemModel::dataChanged, this, &MuteMarks::processChange);
+    connect(m_overview, &QAbstractItemModel::dataChanged, this, &MuteMarks::processChange);
 }
 
 void MuteMarks::setMuted(const QString& hexId, bool isMuted)

@@ -33,6 +33,8 @@ enum Role : int
     LiveRole,                  ///< tick cell: whether the row shows what the LDB says now
     AgeRole,                   ///< mode cell of a row that is not live: its age, as text
     RuleColourRole,            ///< the colour that the rules of the tuning file give
+    OwnNameRole,               ///< tick cell: the name that the LDB told last
+    FaultRole,                 ///< tick cell: whether the LDB is lost or faulty (`isFaulty`)
 };
 
 /// The column that shows a row of the record.

@@ -158,7 +158,9 @@ void OverviewLayout::shareWidth(int width, const std::function<int(int column)>&
 {
     QMap<int, int> widths;
     QVector<int> open;
-    for (int column = 0; column < overview::ColumnCount; ++column) {
+    // A header whose model has gone has no columns, and none of them is hidden.
+    for (int column = 0; column < std::min<int>(m_header->count(), overview::ColumnCount);
+         ++column) {
         if (!m_header->isSectionHidden(column)) {
             open.append(column);
         }

@@ -1,0 +1,101 @@
+#include "serial/conversation/turnplan.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+// µs.
+constexpr qint64 kLongRound = 5000000;
+/// A long one becomes short below this: at the limit the two would alternate.
+constexpr qint64 kShortRound = 4000000;
+/// What is on the line when the selected LDB becomes due is let end, and its own answer takes time.
+constexpr qint64 kLead = 250000;
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+
+constexpr int kIdentityInLongRounds = 10;
+/// So many that late answers among them do not count.
+constexpr std::size_t kTimesKept = 15;
+
+std::size_t indexOf(AnswerShape question)
+{
+    return static_cast<std::size_t>(question);
+}
+
+std::optional<qint64> usualTime(std::vector<qint64> times)
+{
+    if (times.size() < kTimesKept) {
+        return std::nullopt;
+    }
+    const auto middle = times.begin() + kTimesKept / 2;
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+}
+
+} // namespace
+
+void TurnPlan::clear()
+{
+    m_times = {};
+    m_isLong = false;
+    m_round = 0;
+    m_selectedDue = 0;
+}
+
+void TurnPlan::took(AnswerShape question, qint64 time)
+{
+    std::vector<qint64>& times = m_times[indexOf(question)];
+    if (times.size() == kTimesKept) {
+        times.erase(times.begin());
+    }
+    times.push_back(time);
+}
+
+void TurnPlan::judge(int polled)
+{
+    qint64 turn = 0;
+    for (const auto question : {AnswerShape::Status, AnswerShape::Name, AnswerShape::Firmware}) {
+        const auto time = usualTime(m_times[indexOf(question)]);
+        if (!time) {
+            return; // not known yet
+        }
+        turn += *time;
+    }
+    m_isLong = turn * polled > (m_isLong ? kShortRound : kLongRound);
+}
+
+int TurnPlan::identityEvery() const
+{
+    if (m_options.identityEveryRounds > 0) {
+        return m_options.identityEveryRounds;
+    }
+    return m_isLong ? kIdentityInLongRounds : 1;
+}
+
+TurnPlan::Questions TurnPlan::questions(int position, bool isNameHeard) const
+{
+    const bool isDue = (position + m_round) % identityEvery() == 0;
+    return {isDue || !isNameHeard, isDue};
+}
+
+void TurnPlan::select(const QString& hexId)
+{
+    if (m_selected != hexId) {
+        m_selected = hexId;
+        m_selectedDue = 0;
+    }
+}
+
+void TurnPlan::statusEnded(const QString& hexId, qint64 now)
+{
+    if (hexId == m_selected) {
+        const qint64 within = m_options.selectedWithin * kMicrosecondsPerMillisecond;
+        m_selectedDue = now + std::max(within - kLead, within / 2);
+    }
+}
+
+bool TurnPlan::isSelectedDue(qint64 now) const
+{
+    return m_isLong && m_options.selectedWithin > 0 && !m_selected.isEmpty() &&
+           now >= m_selectedDue;
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "serial/ldb/answershape.h"
+
+#include <QString>
+
+#include <array>
+#include <vector>
+
+/// What the turns of a round ask. Short rounds ask each LDB for status, name and firmware. A round
+/// that takes more than five seconds so is a long one: then a tenth of the LDBs, in turns, give
+/// name and firmware, the others only their status; who missed is asked again soon; and the status
+/// of the LDB that is selected is asked in between.
+///
+/// How long a round takes is counted from the usual times of its questions, so that neither a bad
+/// line nor what a long round leaves out makes another kind of round of it.
+class TurnPlan
+{
+public:
+    struct Options
+    {
+        /// In every how many rounds an LDB gives name and firmware; 0: in each short one, in every
+        /// tenth long one.
+        int identityEveryRounds = 0;
+        int selectedWithin =
+            2000; ///< ms between two statuses of the selected LDB; 0: no extra ones
+    };
+    /// What a turn asks behind the status.
+    struct Questions
+    {
+        bool name = false;
+        bool firmware = false;
+    };
+
+    explicit TurnPlan(const Options& options)
+        : m_options(options)
+    {
+    }
+
+    /// Another bus, or another list of LDBs.
+    void clear();
+    /// A question of the rounds was answered at once, after so many µs.
+    void took(AnswerShape question, qint64 time);
+    /// Before each turn; `polled`: how many LDBs a round has.
+    void judge(int polled);
+    bool isLong() const { return m_isLong; }
+    void countRound() { ++m_round; }
+    /// `position`: of the LDB in the round. An LDB that has not told its name yet is asked for it.
+    Questions questions(int position, bool isNameHeard) const;
+    /// Whether most turns of a long round ask the status only. Then a name or firmware that is not
+    /// confirmed is asked again at once, and a silence ends the turn.
+    bool isSparse() const { return m_isLong && identityEvery() > 1; }
+
+    /// The LDB to ask in between; none for an empty id.
+    void select(const QString& hexId);
+    const QString& selected() const { return m_selected; }
+    /// An LDB has been asked for its status.
+    void statusEnded(const QString& hexId, qint64 now);
+    /// Whether the selected LDB is to be asked now; only in long rounds.
+    bool isSelectedDue(qint64 now) const;
+
+private:
+    int identityEvery() const;
+
+    const Options m_options;
+    std::array<std::vector<qint64>, kAnswerShapes> m_times; ///< the last ones of each question
+    bool m_isLong = false;
+    int m_round = 0;
+    QString m_selected;
+    qint64 m_selectedDue = 0;
+};
