@@ -1118,6 +1118,18 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>The file %1 cannot be written: %2.</source>
         <translation>Le fichier %1 ne peut pas être écrit&#xa0;: %2.</translation>
     </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Impossible de lire le fichier %1.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Impossible de lire le fichier %1&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. A copy of it is %2.</source>
+        <translation>Le fichier %1 est endommagé. Une copie en est conservée dans %2.</translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>
@@ -1620,6 +1632,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Fault finding is under way. The loop may be left without sound.</source>
         <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
+    </message>
+    <message>
+        <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
+        <translation>Ce que le LDB %1 avait avant la recherche de défaut est en cours de rétablissement. La boucle peut rester sans son.</translation>
     </message>
 </context>
 <context>
@@ -2255,6 +2271,20 @@ L&apos;audio de ce LDB reste coupé.</translation>
         <source>What was put back into LDB %1 will be put back again: %2</source>
         <translation>Ce qui a été remis dans le LDB %1 le sera de nouveau&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
+        <translation>Ce qui a été conservé des LDB avant une recherche de défaut ne peut pas être lu.</translation>
+    </message>
+    <message>
+        <source>%1
+An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
+        <translation>%1
+Un LDB dont la recherche de défaut a été interrompue peut encore être muet ou avoir les réglages par défaut.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: LDB %1 is now called %2.</source>
+        <translation>Rien n&apos;a été rétabli&#xa0;: le LDB %1 s&apos;appelle maintenant %2.</translation>
+    </message>
 </context>
 <context>
     <name>SerialLink</name>
@@ -2478,6 +2508,14 @@ L&apos;audio de ce LDB reste coupé.</translation>
     <message>
         <source>not written, as somebody else has changed it meanwhile: %1</source>
         <translation>non écrit, car quelqu’un d’autre l’a modifié entre-temps&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the LDB has another name than before</source>
+        <translation>le LDB a un autre nom qu&apos;avant</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
+        <translation>rien n&apos;a été écrit, car le LDB s&apos;appelle maintenant «&#xa0;%1&#xa0;»&#xa0;: ce peut être un autre</translation>
     </message>
 </context>
 <context>

@@ -1118,6 +1118,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>The file %1 cannot be written: %2.</source>
         <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
     </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Het bestand %1 kan niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Het bestand %1 kan niet worden gelezen: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 is damaged. A copy of it is %2.</source>
+        <translation>Het bestand %1 is beschadigd. Een kopie ervan is %2.</translation>
+    </message>
 </context>
 <context>
     <name>LampCauses</name>
@@ -1620,6 +1632,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Fault finding is under way. The loop may be left without sound.</source>
         <translation>Er wordt naar fouten gezocht. De lus kan zonder geluid achterblijven.</translation>
+    </message>
+    <message>
+        <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
+        <translation>Wat LDB %1 vóór het fout zoeken had, wordt teruggezet. De lus kan zonder geluid achterblijven.</translation>
     </message>
 </context>
 <context>
@@ -2255,6 +2271,20 @@ De audio van deze LDB blijft gedempt.</translation>
         <source>What was put back into LDB %1 will be put back again: %2</source>
         <translation>Wat in LDB %1 is teruggezet, wordt opnieuw teruggezet: %2</translation>
     </message>
+    <message>
+        <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
+        <translation>Wat van LDB&apos;s vóór het fout zoeken is bewaard, kan niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>%1
+An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
+        <translation>%1
+Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standaardinstellingen hebben.</translation>
+    </message>
+    <message>
+        <source>Nothing was restored: LDB %1 is now called %2.</source>
+        <translation>Er is niets hersteld: LDB %1 heet nu %2.</translation>
+    </message>
 </context>
 <context>
     <name>SerialLink</name>
@@ -2478,6 +2508,14 @@ De audio van deze LDB blijft gedempt.</translation>
     <message>
         <source>not written, as somebody else has changed it meanwhile: %1</source>
         <translation>niet geschreven, omdat iemand anders het intussen heeft gewijzigd: %1</translation>
+    </message>
+    <message>
+        <source>the LDB has another name than before</source>
+        <translation>de LDB heeft een andere naam dan eerst</translation>
+    </message>
+    <message>
+        <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
+        <translation>er is niets geschreven, omdat de LDB nu &quot;%1&quot; heet: het kan een andere zijn</translation>
     </message>
 </context>
 <context>

@@ -156,12 +156,12 @@ private slots:
         desk.bus.change(kLdb, "16", "01"); // muted while the editor reads
         QVERIFY(desk.prepare());
         QVERIFY(desk.mute()->isChecked());
-        desk.name()->setText("Roof");
+        desk.delay()->setValue(25);
         desk.fims()->setValue(7);
         desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->click();
-        // Meanwhile the mute is ended, and somebody else sets another name and another flag.
+        // Meanwhile the mute is ended, and somebody else sets another delay and another flag.
         desk.bus.change(kLdb, "16", "00");
-        desk.bus.change(kLdb, "02", hex("Shed"));
+        desk.bus.change(kLdb, "17", "1E00");
         desk.bus.change(kLdb, "14", "0B");
         desk.bus.clearRequests();
 
@@ -172,19 +172,43 @@ private slots:
         QVERIFY(!desk.mute()->isChecked());
         QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
         const QString reason =
-            "not written, as somebody else has changed it meanwhile: Name (Shed)";
+            "not written, as somebody else has changed it meanwhile: Open Detection Delay (30)";
         QCOMPARE(desk.boxes().constFirst(), "Not all settings of LDB 0A are saved.\n" + reason);
         QCOMPARE(desk.state(), "1 unsaved change(s), in bold\n" + reason);
-        QCOMPARE(desk.name()->text(), "Roof");
-        QCOMPARE(desk.name()->toolTip(), "Changed by somebody else meanwhile. The LDB has: Shed");
+        QCOMPARE(desk.delay()->value(), 25);
+        QCOMPARE(desk.delay()->toolTip(), "Changed by somebody else meanwhile. The LDB has: 30");
 
         // Who has seen it can overwrite it.
         desk.bus.clearRequests();
         desk.save()->click();
         WAIT_COMPARE(desk.lastMessage(), "The settings of LDB 0A are saved.");
         QCOMPARE(withoutRepetitions(desk.bus.writes()),
-                 (QList<QByteArray>{"FE0A736302" + hex("Roof"), "FE0A737806"}));
+                 (QList<QByteArray>{"FE0A7363171900", "FE0A737806"}));
         QCOMPARE(desk.state(), QString());
+    }
+
+    void leavesAnotherLdbAlone()
+    {
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.fims()->setValue(7);
+        desk.bus.change(kLdb, "02", hex("Shed")); // as a board that has taken its place
+        desk.bus.clearRequests();
+        desk.save()->click();
+        WAIT_COMPARE(desk.boxes().size(), 1);
+        QVERIFY(desk.settle());
+        QCOMPARE(desk.bus.writes(), QList<QByteArray>());
+        const QString reason =
+            "nothing was written, as the LDB is now called \"Shed\": it may be another one";
+        QCOMPARE(desk.boxes().constFirst(), "Not all settings of LDB 0A are saved.\n" + reason);
+        QCOMPARE(desk.name()->text(), "Shed");
+        QCOMPARE(desk.fims()->value(), 7);
+
+        // Who has seen its name can go on.
+        desk.save()->click();
+        WAIT_COMPARE(desk.lastMessage(), "The settings of LDB 0A are saved.");
+        QCOMPARE(withoutRepetitions(desk.bus.writes()),
+                 (QList<QByteArray>{"FE0A7363030700", "FE0A737806"}));
     }
 
     void secondSaveKnowsTheFirst()
