@@ -311,7 +311,7 @@ private slots:
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
-        m_bus->change(kLdb, "02", QByteArray("Other").toHex());
+        m_bus->change(kLdb, "02", QByteArray("Other").toHex().toUpper());
         m_bus->clearRequests();
         QVERIFY(answer("formerSettingsBox", kRestore));
         WAIT_VERIFY(boxText("is now called Other"));

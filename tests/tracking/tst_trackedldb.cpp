@@ -103,7 +103,7 @@ private slots:
         QVERIFY(bench.ldb->isReachable());
         for (const bool isThere : {false, true}) {
             changed.clear();
-            bench.bus.setPresent(isThere ? QStringList{bench.ldb->hexId()} : QStringList());
+            bench.bus.setPresent(isThere ? QStringList{"03", "0A"} : QStringList{"03"});
             WAIT_VERIFY(bench.ldb->isReachable() == isThere);
             QVERIFY(!changed.isEmpty());
         }
