@@ -1,5 +1,6 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
+#include "app/ldbsettings/inputguards.h"
 #include "app/ldbsettings/leavequestion.h"
 #include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
@@ -10,7 +11,6 @@
 #include <QEvent>
 #include <QSignalBlocker>
 #include <QThread>
-#include <QValidator>
 
 #include <utility>
 
@@ -20,18 +20,6 @@ constexpr int kSavedMessageMs = 5000;
 
 const QString kFailureBox = QStringLiteral("failedSaveBox");
 
-/// Lets a name be typed only as far as an LDB can store it.
-class LdbNameValidator : public QValidator
-{
-public:
-    using QValidator::QValidator;
-    State validate(QString& input, int& position) const override
-    {
-        Q_UNUSED(position)
-        return isStorableName(input) ? Acceptable : Invalid;
-    }
-};
-
 } // namespace
 
 LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
@@ -40,6 +28,10 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
 {
     ui->setupUi(this);
     ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
+    for (auto* box : findChildren<QSpinBox*>()) {
+        box->installEventFilter(new WheelGuard(box));
+        box->setFocusPolicy(Qt::StrongFocus); // not by the wheel either
+    }
     initFlagBoxes();
     reserveBoldWidths();
     refresh();
@@ -95,6 +87,11 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
     Q_ASSERT(!m_link);
     m_link = link;
     m_notices = notices;
+}
+
+QWidget* LdbSettingsEditor::footer() const
+{
+    return ui->settingsFooter;
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)

@@ -35,6 +35,10 @@ public:
     /// selected. Both outlive the editor's use.
     void init(SerialLink* link, Notices* notices);
 
+    /// What is said of the settings, with the buttons. It may be shown elsewhere, where it stays in
+    /// sight while the fields are scrolled.
+    QWidget* footer() const;
+
     /// Ends the edits and empties the editor until this LDB's record comes, also when it is the one
     /// that was selected already. One that is not connected shows what was read last. An empty id
     /// selects none. A Save under way goes on.

@@ -11,6 +11,23 @@ class TestLdbSettingsEditor : public TestCase
 {
     Q_OBJECT
 private slots:
+    void wheelChangesNothing()
+    {
+        Desk desk;
+        QVERIFY(desk.prepare());
+        for (QSpinBox* box : {desk.fims(), desk.delay()}) {
+            box->setFocus();
+            const int before = box->value();
+            QWheelEvent turn(QPointF(5, 5), box->mapToGlobal(QPointF(5, 5).toPoint()), QPoint(),
+                             QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                             false);
+            QCoreApplication::sendEvent(box, &turn);
+            QCOMPARE(box->value(), before);
+            QVERIFY2(!turn.isAccepted(), "the form is to be scrolled by it");
+        }
+        QVERIFY(!desk.editor->hasUnsavedChanges());
+    }
+
     void showsTheRecord()
     {
         Desk desk;

@@ -670,6 +670,16 @@ private slots:
         QVERIFY(!m_window->isVisible());
     }
 
+    void saveIsInSightOnASmallScreen()
+    {
+        start();
+        m_window->resize(1280, 720);
+        child<QTabWidget>("controlTabs")->setCurrentWidget(child<QWidget>("ldbSettingsTab"));
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        const QRect whole = button("settingsSaveButton")->rect();
+        QCOMPARE(button("settingsSaveButton")->visibleRegion().boundingRect(), whole);
+    }
+
     void yesToClosingIsForOnce()
     {
         start();
