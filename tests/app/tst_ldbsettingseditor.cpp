@@ -28,6 +28,19 @@ private slots:
         QVERIFY(!desk.editor->hasUnsavedChanges());
     }
 
+    void oneWayToLeaveAtATime()
+    {
+        // As another port chosen while the question about another LDB is open.
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.fims()->setValue(7);
+        desk.editor->leave([] {});
+        bool hasStayed = false;
+        desk.editor->leave([] { QFAIL("left unasked"); }, [&hasStayed] { hasStayed = true; });
+        QCOMPARE(desk.boxes().size(), 1);
+        QVERIFY(hasStayed);
+    }
+
     void showsTheRecord()
     {
         Desk desk;
