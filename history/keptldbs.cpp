@@ -1,5 +1,7 @@
 #include "history/keptldbs.h"
 
+#include "history/settingsjson.h"
+
 #include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
@@ -25,62 +27,6 @@ const QString kSince = QStringLiteral("since");
 const QString kAudioMute = QStringLiteral("audioMute");
 const QString kSettings = QStringLiteral("settings");
 
-struct Flag
-{
-    const char* key;
-    bool LdbSettings::*member;
-};
-constexpr Flag kFlags[] = {{"generalFaultOutput", &LdbSettings::generalFaultOutput},
-                           {"earthLeakageDetection", &LdbSettings::earthLeakageDetection},
-                           {"earthWireOpenDetection", &LdbSettings::earthWireOpenDetection},
-                           {"startInServiceMode", &LdbSettings::startInServiceMode},
-                           {"amplifierDetection", &LdbSettings::amplifierDetection},
-                           {"audioMute", &LdbSettings::audioMute}};
-const QString kOpenDetectionDelay = QStringLiteral("openDetectionDelay");
-const QString kNumberOfFims = QStringLiteral("numberOfFims");
-const QString kFurtherByte = QStringLiteral("furtherByte");
-
-QJsonObject toJson(const LdbSettings& settings)
-{
-    QJsonObject object{{kAddress, settings.address},
-                       {kName, settings.name},
-                       {kOpenDetectionDelay, settings.openDetectionDelay},
-                       {kNumberOfFims, settings.numberOfFims},
-                       {kFurtherByte, settings.furtherByte}};
-    for (const Flag& flag : kFlags) {
-        object[QLatin1String(flag.key)] = settings.*flag.member;
-    }
-    return object;
-}
-
-/// Nothing unless every field is there and in its range: half of an LDB's settings are none.
-std::optional<LdbSettings> settingsFrom(const QJsonObject& object)
-{
-    constexpr int kLastAddress = 253;
-    LdbSettings settings;
-    for (const Flag& flag : kFlags) {
-        const QJsonValue value = object[QLatin1String(flag.key)];
-        if (!value.isBool()) {
-            return std::nullopt;
-        }
-        settings.*flag.member = value.toBool();
-    }
-    const int address = object[kAddress].toInt();
-    const int delay = object[kOpenDetectionDelay].toInt(-1);
-    const int fims = object[kNumberOfFims].toInt(-1);
-    const int further = object[kFurtherByte].toInt(-1);
-    if (address < 1 || address > kLastAddress || delay < 0 || delay > UINT16_MAX || fims < 0 ||
-        fims > UINT16_MAX || further < 0 || further > UINT8_MAX || !object[kName].isString()) {
-        return std::nullopt;
-    }
-    settings.address = address;
-    settings.name = object[kName].toString();
-    settings.openDetectionDelay = static_cast<quint16>(delay);
-    settings.numberOfFims = static_cast<quint16>(fims);
-    settings.furtherByte = static_cast<quint8>(further);
-    return settings;
-}
-
 QJsonObject toJson(const KeptLdb& ldb)
 {
     QJsonObject object{{kAddress, ldb.hexId},
@@ -90,7 +36,7 @@ QJsonObject toJson(const KeptLdb& ldb)
         object[kAudioMute] = *ldb.audioMute;
     }
     if (ldb.settings) {
-        object[kSettings] = toJson(*ldb.settings);
+        object[kSettings] = settingsjson::toJson(*ldb.settings);
     }
     return object;
 }
@@ -105,100 +51,43 @@ KeptLdb ldbFrom(const QJsonObject& object)
         ldb.audioMute = object[kAudioMute].toBool();
     }
     if (object[kSettings].isObject()) {
-        ldb.settings = settingsFrom(object[kSettings].toObject());
+        ldb.settings = settingsjson::settingsFrom(object[kSettings].toObject());
     }
     return ldb;
 }
 
-} // namespace
-
-KeptMatch match(const KeptLdb& kept, const QString& hexId, const QString& name)
+QString filePathIn(const QString& folder)
 {
-    const bool isAddress = kept.hexId == hexId;
-    if (isAddress && kept.name == name) {
-        return KeptMatch::Both;
-    }
-    if (isAddress) {
-        return KeptMatch::AddressOnly;
-    }
-    // Boards that were never named would all be taken for each other.
-    return kept.name == name && !name.isEmpty() ? KeptMatch::NameOnly : KeptMatch::None;
+    return QDir(folder).filePath(QStringLiteral("kept-ldbs.json"));
 }
 
-KeptLdbs::KeptLdbs(QString folder)
-    : m_folder(std::move(folder))
+QString write(const QString& path, const std::vector<KeptLdb>& ldbs)
 {
+    QJsonArray array;
+    for (const KeptLdb& ldb : ldbs) {
+        array.append(toJson(ldb));
+    }
+    // Its commit puts the bytes onto the disk before it takes the old file's place.
+    QSaveFile file(path);
+    const QByteArray bytes = QJsonDocument(QJsonObject{{kLdbs, array}}).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
+            .arg(QDir::toNativeSeparators(path), file.errorString());
+    }
+    return {};
 }
 
-QString KeptLdbs::standardFolder()
+/// What can be understood of it. A damaged file is copied aside, and what was understood remains.
+std::vector<KeptLdb> read(const QString& path, QString* problem)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-}
-
-QString KeptLdbs::filePath() const
-{
-    return QDir(m_folder).filePath(QStringLiteral("kept-ldbs.json"));
-}
-
-QString KeptLdbs::keep(const KeptLdb& ldb) const
-{
-    if (!QDir().mkpath(m_folder)) {
-        return QCoreApplication::translate("KeptLdbs", "The folder %1 cannot be made.")
-            .arg(QDir::toNativeSeparators(m_folder));
-    }
-    QLockFile lock(filePath() + QStringLiteral(".lock"));
-    if (!lock.tryLock(kLockMs)) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
-            .arg(QDir::toNativeSeparators(filePath()));
-    }
-    if (QFile(filePath()).exists() && !QFile(filePath()).open(QIODevice::ReadOnly)) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be read.")
-            .arg(QDir::toNativeSeparators(filePath()));
-    }
-    std::vector<KeptLdb> ldbs = read(nullptr);
-    const auto same = std::find_if(ldbs.begin(), ldbs.end(), [&](const KeptLdb& other) {
-        return match(other, ldb.hexId, ldb.name) == KeptMatch::Both;
-    });
-    if (same != ldbs.end()) {
-        *same = ldb;
-    } else {
-        ldbs.push_back(ldb);
-    }
-    ldbs.erase(std::remove_if(ldbs.begin(), ldbs.end(),
-                              [](const KeptLdb& other) { return other.isEmpty(); }),
-               ldbs.end());
-    return write(ldbs);
-}
-
-std::vector<KeptLdb> KeptLdbs::all(QString* problem) const
-{
-    QLockFile lock(filePath() + QStringLiteral(".lock"));
-    if (QFile::exists(filePath()) && !lock.tryLock(kLockMs)) {
-        qWarning() << filePath() << "is in use; read all the same";
-    }
-    return read(problem);
-}
-
-std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name) const
-{
-    for (const KeptLdb& ldb : all()) {
-        if (match(ldb, hexId, name) == KeptMatch::Both) {
-            return ldb;
-        }
-    }
-    return std::nullopt;
-}
-
-std::vector<KeptLdb> KeptLdbs::read(QString* problem) const
-{
-    QFile file(filePath());
+    QFile file(path);
     if (!file.exists()) {
         return {};
     }
-    const auto tell = [this, problem](const char* text, const QString& detail) {
+    const auto tell = [&path, problem](const char* text, const QString& detail) {
         const QString told =
             QCoreApplication::translate("KeptLdbs", text)
-                .arg(QDir::toNativeSeparators(filePath()), QDir::toNativeSeparators(detail));
+                .arg(QDir::toNativeSeparators(path), QDir::toNativeSeparators(detail));
         qWarning().noquote() << told;
         if (problem != nullptr) {
             *problem = told;
@@ -222,27 +111,125 @@ std::vector<KeptLdb> KeptLdbs::read(QString* problem) const
         }
     }
     if (!isWhole) {
-        const QString aside = filePath() + QStringLiteral(".damaged");
+        const QString aside = path + QStringLiteral(".damaged");
         QFile::remove(aside);
-        QFile::copy(filePath(), aside);
-        write(ldbs); // so that it is told once
+        QFile::copy(path, aside);
+        write(path, ldbs); // so that it is told once
         tell(QT_TRANSLATE_NOOP("KeptLdbs", "The file %1 is damaged. A copy of it is %2."), aside);
     }
     return ldbs;
 }
 
-QString KeptLdbs::write(const std::vector<KeptLdb>& ldbs) const
+auto findIn(std::vector<KeptLdb>& ldbs, const KeptLdb& ldb)
 {
-    QJsonArray array;
-    for (const KeptLdb& ldb : ldbs) {
-        array.append(toJson(ldb));
+    return std::find_if(ldbs.begin(), ldbs.end(), [&](const KeptLdb& other) {
+        return match(other, ldb.hexId, ldb.name) == KeptMatch::Both;
+    });
+}
+
+/// Puts it into the file, in the place of the one that is there, or takes that out.
+QString keepIn(const QString& folder, const KeptLdb& ldb)
+{
+    const QString path = filePathIn(folder);
+    if (ldb.isEmpty() && !QFile::exists(path)) {
+        return {}; // nothing to forget
     }
-    // Its commit puts the bytes onto the disk before it takes the old file's place.
-    QSaveFile file(filePath());
-    const QByteArray bytes = QJsonDocument(QJsonObject{{kLdbs, array}}).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
-            .arg(QDir::toNativeSeparators(filePath()), file.errorString());
+    if (!QDir().mkpath(folder)) {
+        return QCoreApplication::translate("KeptLdbs", "The folder %1 cannot be made.")
+            .arg(QDir::toNativeSeparators(folder));
     }
-    return {};
+    QLockFile lock(path + QStringLiteral(".lock"));
+    if (!lock.tryLock(kLockMs)) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 is in use.")
+            .arg(QDir::toNativeSeparators(path));
+    }
+    if (QFile(path).exists() && !QFile(path).open(QIODevice::ReadOnly)) {
+        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be read.")
+            .arg(QDir::toNativeSeparators(path));
+    }
+    std::vector<KeptLdb> ldbs = read(path, nullptr);
+    const auto same = findIn(ldbs, ldb);
+    if (same != ldbs.end()) {
+        *same = ldb;
+    } else {
+        ldbs.push_back(ldb);
+    }
+    ldbs.erase(std::remove_if(ldbs.begin(), ldbs.end(),
+                              [](const KeptLdb& other) { return other.isEmpty(); }),
+               ldbs.end());
+    return write(path, ldbs);
+}
+
+std::vector<KeptLdb> allIn(const QString& folder, QString* problem)
+{
+    const QString path = filePathIn(folder);
+    QLockFile lock(path + QStringLiteral(".lock"));
+    if (QFile::exists(path) && !lock.tryLock(kLockMs)) {
+        qWarning() << path << "is in use; read all the same";
+    }
+    return read(path, problem);
+}
+
+} // namespace
+
+KeptMatch match(const KeptLdb& kept, const QString& hexId, const QString& name)
+{
+    const bool isAddress = kept.hexId == hexId;
+    if (isAddress && kept.name == name) {
+        return KeptMatch::Both;
+    }
+    if (isAddress) {
+        return KeptMatch::AddressOnly;
+    }
+    // Boards that were never named would all be taken for each other.
+    return kept.name == name && !name.isEmpty() ? KeptMatch::NameOnly : KeptMatch::None;
+}
+
+KeptLdbs::KeptLdbs(QString folder, QString formerFolder)
+    : m_folder(std::move(folder))
+    , m_formerFolder(std::move(formerFolder))
+{
+}
+
+QString KeptLdbs::standardFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString KeptLdbs::filePath() const
+{
+    return filePathIn(m_folder);
+}
+
+QString KeptLdbs::keep(const KeptLdb& ldb) const
+{
+    QString reason = keepIn(m_folder, ldb);
+    if (!reason.isEmpty() || m_formerFolder.isEmpty() ||
+        !QFile::exists(filePathIn(m_formerFolder))) {
+        return reason;
+    }
+    return keepIn(m_formerFolder, {ldb.hexId, ldb.name, {}, std::nullopt, std::nullopt});
+}
+
+std::vector<KeptLdb> KeptLdbs::all(QString* problem) const
+{
+    std::vector<KeptLdb> ldbs = allIn(m_folder, problem);
+    if (!m_formerFolder.isEmpty()) {
+        for (const KeptLdb& ldb : allIn(m_formerFolder, problem)) {
+            if (findIn(ldbs, ldb) == ldbs.end()) {
+                ldbs.push_back(ldb);
+            }
+        }
+    }
+    return ldbs;
+}
+
+std::optional<KeptLdb> KeptLdbs::find(const QString& hexId, const QString& name) const
+{
+    for (const KeptLdb& ldb : all()) {
+        if (match(ldb, hexId, name) == KeptMatch::Both) {
+            return ldb;
+        }
+    }
+    return std::nullopt;
 }

@@ -41,8 +41,9 @@ KeptMatch match(const KeptLdb& kept, const QString& hexId, const QString& name);
 class KeptLdbs
 {
 public:
-    /// `folder` is created when something is kept.
-    explicit KeptLdbs(QString folder = standardFolder());
+    /// `folder` is created when something is kept. What is in `formerFolder` counts as well, and
+    /// comes into `folder` with its next change; empty for none.
+    explicit KeptLdbs(QString folder = standardFolder(), QString formerFolder = {});
     static QString standardFolder();
 
     /// Replaces what is kept of an LDB of that address and name; an empty one is forgotten. Gives
@@ -60,8 +61,6 @@ public:
     QString filePath() const;
 
 private:
-    QString write(const std::vector<KeptLdb>& ldbs) const;
-    std::vector<KeptLdb> read(QString* problem) const;
-
     QString m_folder;
+    QString m_formerFolder;
 };

@@ -1,5 +1,6 @@
 #include "importexport/importexportdevicesettings.h"
 
+#include "importexport/settingsbatch.h"
 #include "importexport/settingsexport.h"
 #include "importexport/settingsimport.h"
 
@@ -86,6 +87,12 @@ const ImportPlan& ImportExportDeviceSettings::plan() const
     return m_import->plan();
 }
 
+const BusSnapshot& ImportExportDeviceSettings::bus() const
+{
+    Q_ASSERT(m_import != nullptr);
+    return m_import->bus();
+}
+
 void ImportExportDeviceSettings::planWith(IdReading reading)
 {
     if (m_import != nullptr) {
@@ -98,6 +105,11 @@ void ImportExportDeviceSettings::write()
     if (m_import != nullptr) {
         m_import->write();
     }
+}
+
+SettingsBatch* ImportExportDeviceSettings::write(std::vector<LdbChange> changes)
+{
+    return m_import != nullptr ? m_import->write(std::move(changes)) : nullptr;
 }
 
 void ImportExportDeviceSettings::stop()

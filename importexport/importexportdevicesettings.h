@@ -11,9 +11,12 @@
 
 class LdbTransfer;
 class SerialLink;
+class SettingsBatch;
 class SettingsImport;
 enum class IdReading;
+struct BusSnapshot;
 struct ImportPlan;
+struct LdbChange;
 
 /// Saves the settings of every connected LDB into one file, or writes such a file back into the
 /// LDBs. One object a transfer; destroying it ends the transfer, and nothing more is told. A
@@ -50,6 +53,8 @@ public:
     Text stopText() const;
     /// What the import would do; valid from `importPlanned()` to the end.
     const ImportPlan& plan() const;
+    /// What the LDBs had when they were read for it; valid likewise.
+    const BusSnapshot& bus() const;
     /// The LDBs to which an import has sent something.
     QStringList touchedLdbs() const { return m_touched; }
 
@@ -67,6 +72,9 @@ public slots:
     void planWith(IdReading reading);
     /// Writes what is planned, once.
     void write();
+    /// Writes what the user has made of the plan, once. Gives the writing, for who follows it; it
+    /// lives until the end is told. Null where no plan waits for its yes.
+    SettingsBatch* write(std::vector<LdbChange> changes);
 
     /// Ends the transfer behind the LDB under way: `stopped()` comes in place of a status, perhaps
     /// before this returns.

@@ -2,9 +2,14 @@
 
 #include "serial/ldb/busaddress.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 namespace {
+
+// A file of 253 LDBs has some 25 kB; whatever is far longer was chosen by mistake.
+constexpr qint64 kMaxFileSize = 1024LL * 1024LL;
 
 struct Texts
 {
@@ -57,9 +62,35 @@ NameAgreement ImportPlan::compareNames(const QByteArray& content,
             agreeing(content, IdReading::Decimal, settings)};
 }
 
+QByteArray ImportPlan::load(const QString& filePath, Text& error)
+{
+    const auto say = [&error](const char* text, const QString& reason = {}) {
+        error = [text, reason] {
+            return reason.isEmpty() ? Texts::tr(text) : Texts::tr(text).arg(reason);
+        };
+        return QByteArray();
+    };
+    QFile file(filePath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return say(QT_TRANSLATE_NOOP("LdbTransfer", "The file cannot be opened: %1"),
+                   file.errorString());
+    }
+    QByteArray content = file.read(kMaxFileSize + 1);
+    if (file.error() != QFileDevice::NoError) {
+        return say(QT_TRANSLATE_NOOP("LdbTransfer", "The file cannot be read: %1"),
+                   file.errorString());
+    }
+    if (content.size() > kMaxFileSize) {
+        return say(QT_TRANSLATE_NOOP("LdbTransfer", "The file is too long for a settings file."));
+    }
+    error = nullptr;
+    return content;
+}
+
 ImportPlan ImportPlan::make(const QByteArray& content, IdReading reading, const BusSnapshot& bus)
 {
     ImportPlan plan;
+    plan.content = content;
     plan.reading = reading;
     plan.names = compareNames(content, bus.settings);
     QStringList withoutLine = bus.connected;

@@ -36,6 +36,7 @@ struct ImportPlan
         SettingsComparison comparison; ///< without differences nothing is written
     };
 
+    QByteArray content; ///< of the file
     IdReading reading = IdReading::Hexadecimal;
     NameAgreement names;
     int lineCount = 0;
@@ -49,6 +50,8 @@ struct ImportPlan
     int ldbsToWrite() const;
     int fieldsToWrite() const;
 
+    /// Reads a file as far as it can be one of settings; what is wrong with it goes into `error`.
+    static QByteArray load(const QString& filePath, Text& error);
     static ImportPlan make(const QByteArray& content, IdReading reading, const BusSnapshot& bus);
     /// Pure: counts lines with a name that the LDB of that ID has as well.
     static NameAgreement compareNames(const QByteArray& content,

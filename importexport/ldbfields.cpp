@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <variant>
 
 namespace {
@@ -60,10 +61,46 @@ QString valueText(bool flag)
     return flag ? Texts::tr("on") : Texts::tr("off");
 }
 
+QVariant toVariant(const QString& name)
+{
+    return name;
+}
+QVariant toVariant(quint16 number)
+{
+    return int{number}; // which views sort by size
+}
+QVariant toVariant(bool flag)
+{
+    return flag;
+}
+
+bool take(const QVariant& value, QString& name)
+{
+    const bool isGood = isStorableName(value.toString());
+    name = isGood ? value.toString() : name;
+    return isGood;
+}
+bool take(const QVariant& value, quint16& number)
+{
+    bool isNumber = false;
+    const uint given = value.toUInt(&isNumber);
+    const bool isGood = isNumber && given <= std::numeric_limits<quint16>::max();
+    number = isGood ? static_cast<quint16>(given) : number;
+    return isGood;
+}
+bool take(const QVariant& value, bool& flag)
+{
+    flag = value.toBool();
+    return true;
+}
+
 } // namespace
 
 bool isSameField(LdbField field, const LdbSettings& a, const LdbSettings& b)
 {
+    if (field == LdbField::Name && !a.nameBytes.isEmpty() && !b.nameBytes.isEmpty()) {
+        return encodeName(a) == encodeName(b);
+    }
     return std::visit([&](auto member) { return a.*member == b.*member; }, entryOf(field).member);
 }
 
@@ -78,6 +115,46 @@ std::vector<LdbField> differingFields(const LdbSettings& a, const LdbSettings& b
 void copyField(LdbField field, const LdbSettings& from, LdbSettings& to)
 {
     std::visit([&](auto member) { to.*member = from.*member; }, entryOf(field).member);
+    if (field == LdbField::Name) {
+        to.nameBytes = from.nameBytes;
+    }
+}
+
+LdbSettings factoryDefaults()
+{
+    constexpr quint16 kDefaultDelay = 10;
+    LdbSettings settings;
+    settings.generalFaultOutput = true;
+    settings.openDetectionDelay = kDefaultDelay;
+    settings.earthLeakageDetection = true;
+    settings.amplifierDetection = true;
+    return settings;
+}
+
+bool hasDefault(LdbField field)
+{
+    return field != LdbField::Name && field != LdbField::NumberOfFims;
+}
+
+FieldKind kindOf(LdbField field)
+{
+    return static_cast<FieldKind>(entryOf(field).member.index());
+}
+
+QVariant fieldVariant(LdbField field, const LdbSettings& settings)
+{
+    return std::visit([&](auto member) { return toVariant(settings.*member); },
+                      entryOf(field).member);
+}
+
+bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& settings)
+{
+    const bool isTaken = std::visit([&](auto member) { return take(value, settings.*member); },
+                                    entryOf(field).member);
+    if (isTaken && field == LdbField::Name) {
+        settings.nameBytes.clear(); // it was typed
+    }
+    return isTaken;
 }
 
 QString fieldName(LdbField field)

@@ -5,15 +5,16 @@
 
 #include <memory>
 
-class Reply;
+class SettingsBatch;
 class SettingsReader;
-class SettingsWriter;
+struct LdbChange;
+struct SettingsOutcome;
 
 /// Checks a whole settings file against what the LDBs have, waits for a yes to the plan, and writes
-/// what differs into each LDB. Right before that it reads the LDB again, and leaves it alone where
-/// it is not as the plan said. Of several things that are true at the end it tells the first of
-/// these: an LDB of the file is not connected; a wrong line, a refusal, silence, or nothing to do
-/// though no line was missing; a connected LDB has no line.
+/// what differs into each LDB; one that is not as the plan said any more is left alone. The plan
+/// outlives a run: what is planned can be written in the next one. Of several things that are true
+/// at the end it tells the first of these: an LDB of the file is not connected; a wrong line, a
+/// refusal, silence, or nothing to do though no line was missing; a connected LDB has no line.
 class SettingsImport : public LdbTransfer
 {
     Q_DECLARE_TR_FUNCTIONS(LdbTransfer)
@@ -27,8 +28,13 @@ public:
     const ImportPlan& plan() const { return m_plan; }
     /// Plans anew, with the IDs read so. Only while the plan waits for its yes.
     void planWith(IdReading reading);
-    /// The yes, once.
+    /// What the LDBs had; complete like the plan.
+    const BusSnapshot& bus() const { return m_bus; }
+    /// The yes to the plan, once.
     void write();
+    /// The yes to what the user made of it. Gives the writing, which lives to the end; null where
+    /// nothing waits for a yes.
+    SettingsBatch* write(std::vector<LdbChange> changes);
 
     QStringList leftLdbs() const override;
 
@@ -44,29 +50,18 @@ private:
         Ended
     };
 
-    bool readFile(const QString& filePath);
     void processRead();
-    void checkNext();
-    void processCheck(const ImportPlan::Entry& entry, const Reply& reply);
-    void writeNext();
-    void processWritten(const ImportPlan::Entry& entry);
+    void processWritten(const SettingsOutcome& outcome);
+    void processBatchEnd();
     void endWith(Status status);
     Status status() const;
-    /// The link has ended before the rest of its commands.
-    void failUnsent(const ImportPlan::Entry& entry, int commandsSent);
-    void failEntry(const ImportPlan::Entry& entry, const Text& what);
-    void failEntry(const ImportPlan::Entry& entry, const char* what);
+    void failChange(const QString& hexId, const Text& what);
 
     Phase m_phase = Phase::Reading;
     QByteArray m_content;
     BusSnapshot m_bus;
     ImportPlan m_plan;
     std::unique_ptr<SettingsReader> m_reader;
-    std::vector<ImportPlan::Entry> m_toWrite;
-    std::size_t m_nextToCheck = 0;
-    std::size_t m_nextToWrite = 0; ///< less than the one above by those checked
-    bool m_isChecking = false;
-    std::vector<bool> m_isFresh; ///< as the plan said, of those checked
-    std::unique_ptr<SettingsWriter> m_writer;
+    std::unique_ptr<SettingsBatch> m_batch;
     bool m_someFailed = false;
 };

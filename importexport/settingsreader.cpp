@@ -13,16 +13,20 @@ constexpr int kLdbsAhead = 8;
 
 } // namespace
 
-SettingsReader::SettingsReader(SerialLink* link, QStringList hexIds)
+SettingsReader::SettingsReader(SerialLink* link, QStringList hexIds, Extent extent)
     : m_link(link)
-    , m_hexIds(std::move(hexIds))
-    , m_left(m_hexIds.size())
+    , m_extent(extent)
+    , m_left(hexIds.size())
 {
+    for (const QString& hexId : qAsConst(hexIds)) {
+        m_readings.push_back({hexId, std::nullopt, QString()});
+    }
 }
 
 void SettingsReader::start()
 {
-    if (m_hexIds.isEmpty()) {
+    if (m_readings.empty()) {
+        m_hasEnded = true;
         QMetaObject::invokeMethod(this, &SettingsReader::finished, Qt::QueuedConnection);
     }
     for (int i = 0; i < kLdbsAhead; ++i) {
@@ -30,24 +34,66 @@ void SettingsReader::start()
     }
 }
 
+void SettingsReader::stop()
+{
+    m_isStopping = true;
+    const int unasked = static_cast<int>(m_readings.size() - m_nextToAsk);
+    if (m_left == unasked && !std::exchange(m_hasEnded, true)) {
+        emit finished();
+    }
+}
+
 void SettingsReader::askNext()
 {
-    if (m_nextToAsk == m_hexIds.size()) {
+    if (m_isStopping || m_nextToAsk == m_readings.size()) {
         return;
     }
-    const QString hexId = m_hexIds.at(m_nextToAsk++);
-    m_link->ask(std::make_unique<RequestCommand>(hexId, LdbParameter::Settings), this,
-                [this, hexId](const Reply& reply) {
-                    if (const auto record = decodeLdbSettings(reply.answer(), hexId)) {
-                        m_records.emplace(hexId, *record);
-                    }
-                    --m_left;
-                    const QPointer<SettingsReader> alive(this);
-                    emit progressChanged(m_left, m_hexIds.size());
-                    if (alive && m_left == 0) {
-                        emit finished();
-                    } else if (alive) {
-                        askNext();
-                    }
-                });
+    const std::size_t index = m_nextToAsk++;
+    LdbReading& reading = m_readings[index];
+    reading.left = m_extent == Extent::Settings ? 1 : 2;
+    ask(index, std::make_unique<RequestCommand>(reading.hexId, LdbParameter::Settings),
+        [](LdbReading& asked, const Reply& reply) {
+            asked.settings = decodeLdbSettings(reply.answer(), asked.hexId);
+        });
+    if (m_extent == Extent::SettingsAndFirmware) {
+        ask(index, std::make_unique<ExecuteCommand>(reading.hexId, LdbAction::FirmwareId),
+            [](LdbReading& asked, const Reply& reply) {
+                asked.firmwareId = decodeFirmwareId(reply.answer()).value_or(QString());
+            });
+    }
+}
+
+void SettingsReader::ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
+                         void (*take)(LdbReading& reading, const Reply& reply))
+{
+    m_link->ask(std::move(command), this, [this, index, take](const Reply& reply) {
+        LdbReading& reading = m_readings[index];
+        reading.isUnsent = reading.isUnsent || reply.kind() == Reply::Kind::Unsent;
+        take(reading, reply);
+        if (--reading.left == 0) {
+            processLdb(reading);
+        }
+    });
+}
+
+void SettingsReader::processLdb(const LdbReading& reading)
+{
+    if (reading.settings) {
+        m_records.emplace(reading.hexId, *reading.settings);
+    }
+    --m_left;
+    const int left = m_left;
+    const QPointer<SettingsReader> alive(this);
+    emit ldbRead(reading);
+    if (alive) {
+        emit progressChanged(left, static_cast<int>(m_readings.size()));
+    }
+    if (!alive) {
+        return;
+    }
+    askNext();
+    const int unasked = m_isStopping ? static_cast<int>(m_readings.size() - m_nextToAsk) : 0;
+    if (m_left == unasked && !std::exchange(m_hasEnded, true)) {
+        emit finished();
+    }
 }

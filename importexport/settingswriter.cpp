@@ -21,7 +21,7 @@ QByteArray encoded(LdbParameter parameter, const LdbSettings& settings)
 {
     switch (parameter) {
     case LdbParameter::Name:
-        return encodeName(settings.name);
+        return encodeName(settings);
     case LdbParameter::NumberOfFims:
         return encodeSwappedWord(settings.numberOfFims);
     case LdbParameter::Flags:
@@ -152,6 +152,55 @@ QString SettingsOutcome::reasonOf(LdbField field) const
     return contains(differences(), field)
                ? SettingsWriter::tr("the LDB reports another value than written")
                : QString();
+}
+
+bool SettingsOutcome::isSent(LdbParameter parameter) const
+{
+    return std::find(parameters.begin(), parameters.end(), parameter) != parameters.end() &&
+           std::none_of(failures.begin(), failures.end(), [parameter](const Failure& failure) {
+               return failure.parameter == parameter && isUnsent(failure);
+           });
+}
+
+FieldOutcome SettingsOutcome::outcomeOf(LdbField field) const
+{
+    const auto ofReply = [](Reply::Kind how) {
+        switch (how) {
+        case Reply::Kind::Unsent:
+            return FieldOutcome::Unsent;
+        case Reply::Kind::Refused:
+            return FieldOutcome::Refused;
+        case Reply::Kind::Silent:
+        case Reply::Kind::Answered:
+        case Reply::Kind::Accepted:
+            break;
+        }
+        return FieldOutcome::NotAnswered;
+    };
+    if (unread) {
+        return ofReply(*unread);
+    }
+    if (!contains(fields, field)) {
+        return FieldOutcome::Overtaken;
+    }
+    const bool isThere = record && isSameField(field, written, *record);
+    for (const Failure& failure : failures) {
+        if (failure.parameter == parameterOf(field) && !isThere) {
+            return ofReply(failure.how);
+        }
+        if (!failure.parameter && isSent(parameterOf(field))) {
+            // What is there but not stored is lost at the LDB's next reset.
+            return failure.how == Reply::Kind::Refused ? FieldOutcome::Refused
+                                                       : FieldOutcome::NotAnswered;
+        }
+        if (!failure.parameter) {
+            return ofReply(failure.how);
+        }
+    }
+    if (isThere) {
+        return FieldOutcome::Written;
+    }
+    return record ? FieldOutcome::Differs : FieldOutcome::NotAnswered;
 }
 
 QStringList SettingsOutcome::texts() const
@@ -297,6 +346,25 @@ void SettingsWriter::compare(const LdbSettings& fresh)
         }
         m_outcome.fields.push_back(field);
         copyField(field, m_change.values, m_outcome.written);
+    }
+    if (m_change.isStrict) {
+        refuseChanged(fresh);
+    }
+}
+
+void SettingsWriter::refuseChanged(const LdbSettings& fresh)
+{
+    std::vector<LdbField> changed;
+    for (const LdbField field : kLdbFields) {
+        const bool isWritten = contains(m_outcome.fields, field);
+        if (!isSameField(field, *m_change.basis, fresh) &&
+            !(isWritten && isSameField(field, m_change.values, fresh))) {
+            changed.push_back(field);
+        }
+    }
+    if (!changed.empty()) {
+        m_outcome.fields.clear();
+        m_outcome.overtaken = changed;
     }
 }
 

@@ -20,6 +20,20 @@ struct SettingsChange
     /// The record on which the user decided. With it, the LDB is read just before, and a field that
     /// somebody else has changed since is left alone; all of them are where its name has changed.
     std::optional<LdbSettings> basis = {};
+    /// Nothing is written where any field, also one that is not, is neither as in the basis nor as
+    /// wanted: what was shown has changed, or it is another LDB.
+    bool isStrict = false;
+};
+
+/// What became of one field that was to be written.
+enum class FieldOutcome
+{
+    Written,     ///< read back, and stored
+    Refused,     ///< by the LDB
+    NotAnswered, ///< also: it is not known whether it was stored
+    Differs,     ///< the LDB has accepted it, and has another value
+    Overtaken,   ///< left alone, for somebody else has changed it meanwhile
+    Unsent       ///< the run ended first
 };
 
 /// What became of settings that were written into one LDB.
@@ -59,6 +73,10 @@ struct SettingsOutcome
     bool isCut() const;
     /// The written fields of which the LDB has another value.
     std::vector<LdbField> differences() const;
+    /// The parameter was sent to the LDB, whatever came of it.
+    bool isSent(LdbParameter parameter) const;
+    /// Of a field that was asked for. Only what was read back is `Written`.
+    FieldOutcome outcomeOf(LdbField field) const;
     /// Why the LDB does not have this field as it was asked for; empty when it has.
     QString reasonOf(LdbField field) const;
     /// What was not written and why, each a line or all in one; empty for a good outcome.
@@ -118,6 +136,7 @@ private:
     bool isReadFirst() const;
     void processFresh(const Reply& reply);
     void compare(const LdbSettings& fresh);
+    void refuseChanged(const LdbSettings& fresh);
     void handOver();
     void processReply(std::optional<LdbParameter> parameter, const Reply& reply);
     void processWritten();

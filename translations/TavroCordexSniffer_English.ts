@@ -53,6 +53,16 @@
     </message>
 </context>
 <context>
+    <name>FormerList</name>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ImportExportDeviceSettings</name>
     <message numerus="yes">
         <source>and %n more</source>
@@ -70,33 +80,22 @@
     </message>
 </context>
 <context>
-    <name>ImportPreview</name>
+    <name>InstallationForm</name>
     <message numerus="yes">
-        <source>%n field(s)</source>
+        <source>LDBs remembered: %n</source>
         <translation>
-            <numerusform>%n field</numerusform>
-            <numerusform>%n fields</numerusform>
+            <numerusform>LDBs remembered: %n</numerusform>
+            <numerusform>LDBs remembered: %n</numerusform>
         </translation>
     </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
     <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n change</numerusform>
-            <numerusform>%n changes</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n LDB(s)</source>
+        <source>%n LDBs</source>
         <translation>
             <numerusform>%n LDB</numerusform>
-            <numerusform>%n LDB&apos;s</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>Write %n LDB</numerusform>
-            <numerusform>Write %n LDB&apos;s</numerusform>
+            <numerusform>%n LDBs</numerusform>
         </translation>
     </message>
 </context>
@@ -154,6 +153,119 @@
         <translation>
             <numerusform>%n fault hidden</numerusform>
             <numerusform>%n faults hidden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SetValueDialog</name>
+    <message numerus="yes">
+        <source>Set for %n LDB(s)</source>
+        <translation>
+            <numerusform>Set for %n LDB</numerusform>
+            <numerusform>Set for %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n to write</numerusform>
+            <numerusform>%n to write</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableWindow</name>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n to write</numerusform>
+            <numerusform>%n to write</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left</source>
+        <translation>
+            <numerusform>Reading: %n left</numerusform>
+            <numerusform>Reading: %n left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left, about %1 s</source>
+        <translation>
+            <numerusform>Reading: %n left, about %1 s</numerusform>
+            <numerusform>Reading: %n left, about %1 s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writing: %n left</source>
+        <translation>
+            <numerusform>Writing: %n left</numerusform>
+            <numerusform>Writing: %n left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The table of settings has %n change(s) that are not written.</source>
+        <translation>
+            <numerusform>The table of settings has %n change that is not written.</numerusform>
+            <numerusform>The table of settings has %n changes that are not written.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n left out...</numerusform>
+            <numerusform>%n left out...</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTransfer</name>
+    <message numerus="yes">
+        <source>The settings of %n LDB(s) are written.</source>
+        <translation>
+            <numerusform>The settings of %n LDB are written.</numerusform>
+            <numerusform>The settings of %n LDB&apos;s are written.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Written: %n LDB(s)</source>
+        <translation>
+            <numerusform>Written: %n LDB</numerusform>
+            <numerusform>Written: %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>WritePreview</name>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n change</numerusform>
+            <numerusform>%n changes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>Write %n LDB</numerusform>
+            <numerusform>Write %n LDB&apos;s</numerusform>
         </translation>
     </message>
 </context>

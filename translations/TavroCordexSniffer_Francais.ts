@@ -921,6 +921,87 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>FIM&apos;s counted: %1   configured: not known</source>
         <translation>FIM comptés&#xa0;: %1   configurés&#xa0;: inconnu</translation>
     </message>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Le nombre de FIM est en cours d&apos;écriture.</translation>
+    </message>
+    <message>
+        <source>There is no report before a run has come to its end.</source>
+        <translation>Il n&apos;y a pas de rapport avant la fin d&apos;une recherche.</translation>
+    </message>
+    <message>
+        <source>There is nothing to zoom into before the counting begins.</source>
+        <translation>Il n&apos;y a rien à agrandir avant le début du comptage.</translation>
+    </message>
+</context>
+<context>
+    <name>FormerList</name>
+    <message>
+        <source>Before a Save</source>
+        <translation>Avant un enregistrement</translation>
+    </message>
+    <message>
+        <source>Before a Write</source>
+        <translation>Avant une écriture</translation>
+    </message>
+    <message>
+        <source>Before the import of %1</source>
+        <translation>Avant l&apos;importation de %1</translation>
+    </message>
+    <message>
+        <source>Before settings were put back</source>
+        <translation>Avant une remise en place</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Former Settings</source>
+        <translation>Anciens paramètres</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Comparer</translation>
+    </message>
+    <message>
+        <source>Put Back...</source>
+        <translation>Remettre...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Date et heure</translation>
+    </message>
+    <message>
+        <source>Occasion</source>
+        <translation>Occasion</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Kept in %1</source>
+        <translation>Conservés dans %1</translation>
+    </message>
+</context>
+<context>
+    <name>FormerSettings</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Le dossier %1 ne peut pas être créé.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Le fichier %1 ne peut pas être écrit : %2.</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -931,6 +1012,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Short(memory)</source>
         <translation>Court-circuit(mém.)</translation>
+    </message>
+    <message>
+        <source>Not heard yet</source>
+        <translation>Pas encore entendu</translation>
     </message>
 </context>
 <context>
@@ -967,6 +1052,14 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Ce que la recherche de défaut a modifié est en cours de rétablissement&#xa0;: attendez la fin.</translation>
     </message>
+    <message>
+        <source>It is not certain yet which installation answers.</source>
+        <translation>Il n&apos;est pas encore certain quelle installation répond.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way: wait for its end, or stop it.</source>
+        <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>
@@ -1002,106 +1095,184 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
-    <name>ImportPreview</name>
+    <name>InstallationControl</name>
     <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adresse %2)</translation>
+        <source>A damaged file of an installation was moved aside: %1</source>
+        <translation>Un fichier d&apos;installation endommagé a été mis de côté : %1</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationDesk</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
     </message>
     <message>
-        <source>nothing</source>
-        <translation>rien</translation>
+        <source>The connection to %1 is back.</source>
+        <translation>La connexion à %1 est rétablie.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Ce qui répond sur %1 n&apos;est pas l&apos;installation « %2 » : ses LDB se taisent ou portent d&apos;autres noms. De quelle installation s&apos;agit-il ? Tant que vous ne l&apos;avez pas dit, rien n&apos;est écrit dans les LDB.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Ce qui répond sur %1 a les LDB de l&apos;installation « %2 ». Est-ce celle-là ?</translation>
+    </message>
+    <message>
+        <source>Which port?</source>
+        <translation>Quel port ?</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost. Several adapters of its kind are there now. Which one is it?</source>
+        <translation>La connexion à %1 a été perdue. Plusieurs adaptateurs du même type sont présents. Lequel est-ce ?</translation>
+    </message>
+    <message>
+        <source>Wait On</source>
+        <translation>Attendre encore</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationForm</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <translation>%1 (utilisée)</translation>
     </message>
     <message numerus="yes">
-        <source>%n field(s)</source>
+        <source>LDBs remembered: %n</source>
         <translation>
-            <numerusform>%n champ</numerusform>
-            <numerusform>%n champs</numerusform>
+            <numerusform>LDB mémorisés : %n</numerusform>
+            <numerusform>LDB mémorisés : %n</numerusform>
         </translation>
     </message>
     <message>
-        <source>Import Settings</source>
-        <translation>Importer les paramètres</translation>
+        <source>Export Installation</source>
+        <translation>Exporter l&apos;installation</translation>
     </message>
     <message>
-        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
-        <translation>Rien n&apos;a encore été écrit. De «&#xa0;%1&#xa0;»&#xa0;: %2 dans %3.</translation>
+        <source>Import Installation</source>
+        <translation>Importer une installation</translation>
     </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n modification</numerusform>
-            <numerusform>%n modifications</numerusform>
-        </translation>
+    <message>
+        <source>Installations</source>
+        <translation>Installations</translation>
     </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Nom :</translation>
+    </message>
+    <message>
+        <source>&amp;Place:</source>
+        <translation>&amp;Lieu :</translation>
+    </message>
+    <message>
+        <source>N&amp;otes:</source>
+        <translation>N&amp;otes :</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>LDBs remembered</source>
+        <translation>LDB mémorisés</translation>
+    </message>
+    <message>
+        <source>Forget LDB</source>
+        <translation>Oublier le LDB</translation>
+    </message>
+    <message>
+        <source>Take the selected LDBs out of what is remembered; one that answers is remembered again</source>
+        <translation>Retirer les LDB sélectionnés de ce qui est mémorisé ; un LDB qui répond est mémorisé de nouveau</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nouvelle</translation>
+    </message>
+    <message>
+        <source>Make an installation, to be used later</source>
+        <translation>Créer une installation pour plus tard</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importer...</translation>
+    </message>
+    <message>
+        <source>Take an installation from a colleague&apos;s file</source>
+        <translation>Prendre une installation du fichier d&apos;un collègue</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
+    </message>
+    <message>
+        <source>Write this installation into a file for a colleague</source>
+        <translation>Écrire cette installation dans un fichier pour un collègue</translation>
+    </message>
+    <message>
+        <source>Use This One</source>
+        <translation>Utiliser celle-ci</translation>
+    </message>
+    <message>
+        <source>This is the installation at the port; while it is monitored, it is scanned anew</source>
+        <translation>C&apos;est l&apos;installation au port ; si elle est surveillée, elle est parcourue de nouveau</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
     <message numerus="yes">
-        <source>%n LDB(s)</source>
+        <source>%n LDBs</source>
         <translation>
             <numerusform>%n LDB</numerusform>
             <numerusform>%n LDB</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>Écrire %n LDB</numerusform>
-            <numerusform>Écrire %n LDB</numerusform>
-        </translation>
+    <message>
+        <source>Another installation?</source>
+        <translation>Une autre installation ?</translation>
     </message>
     <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
+        <source>Installations</source>
+        <translation>Installations</translation>
     </message>
     <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>Les ID du fichier sont lus en décimal.</translation>
+        <source>Use the Selected One</source>
+        <translation>Utiliser la sélection</translation>
     </message>
     <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
+        <source>New Installation</source>
+        <translation>Nouvelle installation</translation>
+    </message>
+</context>
+<context>
+    <name>Installations</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Le fichier %1 ne peut pas être écrit : %2.</translation>
     </message>
     <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>Les noms correspondent mieux en hexadécimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
+        <source>The folder %1 cannot be made.</source>
+        <translation>Le dossier %1 ne peut pas être créé.</translation>
     </message>
     <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>Les noms correspondent mieux en décimal&#xa0;: alors %1 sont ceux des LDB, maintenant %2.</translation>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Le fichier %1 ne peut pas être lu : %2.</translation>
     </message>
     <message>
-        <source>Read as hexadecimal</source>
-        <translation>Lire en hexadécimal</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Lire en décimal</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Nom dans le LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Nom dans le fichier</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Ce qui change</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Non écrit&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s of the file</source>
-        <translation>LDB du fichier</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
+        <source>The file %1 holds no installation.</source>
+        <translation>Le fichier %1 ne contient pas d&apos;installation.</translation>
     </message>
 </context>
 <context>
@@ -1119,16 +1290,16 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <translation>Le fichier %1 ne peut pas être écrit&#xa0;: %2.</translation>
     </message>
     <message>
-        <source>The file %1 cannot be read.</source>
-        <translation>Impossible de lire le fichier %1.</translation>
-    </message>
-    <message>
         <source>The file %1 cannot be read: %2.</source>
-        <translation>Impossible de lire le fichier %1&#xa0;: %2.</translation>
+        <translation>Le fichier %1 ne peut pas être lu : %2.</translation>
     </message>
     <message>
         <source>The file %1 is damaged. A copy of it is %2.</source>
-        <translation>Le fichier %1 est endommagé. Une copie en est conservée dans %2.</translation>
+        <translation>Le fichier %1 est endommagé. Une copie en est %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Le fichier %1 ne peut pas être lu.</translation>
     </message>
 </context>
 <context>
@@ -1347,6 +1518,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>%1: %2</source>
         <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 could not be kept.</source>
+        <translation>Les anciens paramètres du LDB %1 n&apos;ont pas pu être conservés.</translation>
     </message>
 </context>
 <context>
@@ -1635,7 +1810,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
-        <translation>Ce que le LDB %1 avait avant la recherche de défaut est en cours de rétablissement. La boucle peut rester sans son.</translation>
+        <translation>Ce que l&apos;LDB %1 avait avant la recherche de pannes est en cours de rétablissement. Sa boucle peut rester sans son.</translation>
     </message>
 </context>
 <context>
@@ -1709,6 +1884,22 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>La connexion au port %1 a été rompue. Vérifiez l&apos;adaptateur et son câble, et démarrez à nouveau.</translation>
+    </message>
+    <message>
+        <source>The program waits for the port, and goes on by itself when it is back.</source>
+        <translation>Le programme attend le port et continue de lui-même dès son retour.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in.</source>
+        <translation>Le port %1 a disparu : l&apos;adaptateur a été débranché. Rebranchez-le.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
+        <translation>La connexion au port %1 s&apos;est interrompue. Vérifiez l&apos;adaptateur et son câble.</translation>
+    </message>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
+        <translation>Aucun port série n&apos;est choisi. Choisissez-en un dans la fenêtre des réglages&#xa0;: le bouton avec la roue dentée, en haut à gauche.</translation>
     </message>
 </context>
 <context>
@@ -1800,6 +1991,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>No record came from %1 to %2.</source>
         <translation>Rien n&apos;est arrivé de %1 à %2.</translation>
+    </message>
+    <message>
+        <source>A log is being written: stop it first.</source>
+        <translation>Un journal est en cours d&apos;écriture&#xa0;: arrêtez-le d&apos;abord.</translation>
     </message>
 </context>
 <context>
@@ -1987,6 +2182,18 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 sur %2 répondent, %3 perdus.</translation>
     </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Show, compare and change the settings of all LDBs in a table</source>
+        <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
+    </message>
+    <message>
+        <source>Table...</source>
+        <translation>Tableau...</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2001,6 +2208,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>%1 ago</source>
         <translation>il y a %1</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
     </message>
 </context>
 <context>
@@ -2114,6 +2325,26 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Not monitored: %1</source>
         <translation>Non surveillé : %1</translation>
     </message>
+    <message>
+        <source>%1; waiting for it to come back</source>
+        <translation>%1 ; en attente de son retour</translation>
+    </message>
+    <message>
+        <source>End Waiting</source>
+        <translation>Ne plus attendre</translation>
+    </message>
+    <message>
+        <source>Do not go on by itself when the port is back</source>
+        <translation>Ne pas continuer de lui-même au retour du port</translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
+        <translation>Surveillance : %1 LDB sur %2 répondent, %3 perdus, %4 pas encore entendus.</translation>
+    </message>
+    <message>
+        <source>no serial port is chosen</source>
+        <translation>aucun port série n&apos;est choisi</translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2170,6 +2401,82 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Le filtre masque des LDB perdus ou en défaut : cliquez pour tout afficher</translation>
+    </message>
+</context>
+<context>
+    <name>Plot</name>
+    <message>
+        <source>Follow</source>
+        <translation>Suivre</translation>
+    </message>
+    <message>
+        <source>Shows the newest values again and goes along with them</source>
+        <translation>Montre à nouveau les valeurs les plus récentes et les suit</translation>
+    </message>
+</context>
+<context>
+    <name>PlotExport</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>The picture cannot be made.</source>
+        <translation>L&apos;image ne peut pas être créée.</translation>
+    </message>
+</context>
+<context>
+    <name>PlotMenu</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 ne peut pas être écrit : %2</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Suivre</translation>
+    </message>
+    <message>
+        <source>Set Mark A Here</source>
+        <translation>Placer le repère A ici</translation>
+    </message>
+    <message>
+        <source>Set Mark B Here</source>
+        <translation>Placer le repère B ici</translation>
+    </message>
+    <message>
+        <source>Remove the Marks</source>
+        <translation>Supprimer les repères</translation>
+    </message>
+    <message>
+        <source>Save the Values</source>
+        <translation>Enregistrer les valeurs</translation>
+    </message>
+    <message>
+        <source>Save the Picture</source>
+        <translation>Enregistrer l&apos;image</translation>
+    </message>
+    <message>
+        <source>Save the Picture (PNG)...</source>
+        <translation>Enregistrer l&apos;image (PNG)...</translation>
+    </message>
+    <message>
+        <source>Save the Picture (SVG)...</source>
+        <translation>Enregistrer l&apos;image (SVG)...</translation>
+    </message>
+    <message>
+        <source>Save the Values Shown (CSV)...</source>
+        <translation>Enregistrer les valeurs affichées (CSV)...</translation>
+    </message>
+</context>
+<context>
+    <name>PlotReading</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
     </message>
 </context>
 <context>
@@ -2273,17 +2580,17 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
-        <translation>Ce qui a été conservé des LDB avant une recherche de défaut ne peut pas être lu.</translation>
+        <translation>Ce qui a été conservé des LDB avant la recherche de pannes ne peut pas être lu.</translation>
     </message>
     <message>
         <source>%1
 An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
         <translation>%1
-Un LDB dont la recherche de défaut a été interrompue peut encore être muet ou avoir les réglages par défaut.</translation>
+Un LDB dont la recherche de pannes a été interrompue peut encore être coupé, ou avoir les réglages par défaut.</translation>
     </message>
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
-        <translation>Rien n&apos;a été rétabli&#xa0;: le LDB %1 s&apos;appelle maintenant %2.</translation>
+        <translation>Rien n&apos;a été rétabli : l&apos;LDB %1 s&apos;appelle maintenant %2.</translation>
     </message>
 </context>
 <context>
@@ -2291,6 +2598,24 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être muet o
     <message>
         <source>The former connection has not ended yet.</source>
         <translation>La connexion précédente n&apos;est pas encore terminée.</translation>
+    </message>
+</context>
+<context>
+    <name>SetValueDialog</name>
+    <message numerus="yes">
+        <source>Set for %n LDB(s)</source>
+        <translation>
+            <numerusform>Définir pour %n LDB</numerusform>
+            <numerusform>Définir pour %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -2366,6 +2691,443 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être muet o
     <message>
         <source>Product Identifier: %1</source>
         <translation>Identifiant du produit&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>Begin with the LDBs that are remembered; without it, each start scans the whole bus</source>
+        <translation>Commencer avec les LDB mémorisés ; sinon, chaque démarrage parcourt tout le bus</translation>
+    </message>
+    <message>
+        <source>Start with the LDBs &amp;remembered</source>
+        <translation>Démarrer avec les LDB &amp;mémorisés</translation>
+    </message>
+    <message>
+        <source>Name, place, notes and LDBs of the installations that are remembered</source>
+        <translation>Nom, lieu, notes et LDB des installations mémorisées</translation>
+    </message>
+    <message>
+        <source>&amp;Installation...</source>
+        <translation>&amp;Installation...</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message>
+        <source>written</source>
+        <translation>écrit</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>refusé</translation>
+    </message>
+    <message>
+        <source>not answered</source>
+        <translation>sans réponse</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>diffère</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>non envoyé</translation>
+    </message>
+    <message>
+        <source>To be written: %1</source>
+        <translation>À écrire : %1</translation>
+    </message>
+    <message>
+        <source>What the LDB has is not known: it was not read back.</source>
+        <translation>Ce que le LDB contient n&apos;est pas connu : la valeur n&apos;a pas été relue.</translation>
+    </message>
+    <message>
+        <source>The LDB has: %1</source>
+        <translation>Le LDB a : %1</translation>
+    </message>
+    <message>
+        <source>The last Write: %1</source>
+        <translation>Dernière écriture : %1</translation>
+    </message>
+    <message>
+        <source>Most LDB&apos;s have: %1</source>
+        <translation>La plupart des LDB ont : %1</translation>
+    </message>
+    <message>
+        <source>Factory default: %1</source>
+        <translation>Valeur d&apos;usine : %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>non lu</translation>
+    </message>
+    <message>
+        <source>waits to be read</source>
+        <translation>en attente de lecture</translation>
+    </message>
+    <message>
+        <source>did not answer</source>
+        <translation>n&apos;a pas répondu</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was read</source>
+        <translation>la connexion s&apos;est terminée avant la lecture</translation>
+    </message>
+    <message>
+        <source>changed since it was shown: nothing was written</source>
+        <translation>modifié depuis l&apos;affichage : rien n&apos;a été écrit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n à écrire</numerusform>
+            <numerusform>%n à écrire</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>« %1 » ne peut pas être la valeur de %2 du LDB %3. Rien n&apos;a été collé.</translation>
+    </message>
+    <message>
+        <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
+        <translation>Ce qui doit être collé dépasse le tableau à partir de la cellule sélectionnée. Rien n&apos;a été collé.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>Les ID du fichier sont lus en décimal.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>Les ID du fichier sont lus en hexadécimal.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en hexadécimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>Les noms correspondent mieux en décimal : %1 sont alors ceux des LDB, %2 maintenant.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableModel</name>
+    <message>
+        <source>Address %1</source>
+        <translation>Adresse %1</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Firmware ID</source>
+        <translation>ID firmware</translation>
+    </message>
+    <message>
+        <source>Read at</source>
+        <translation>Lu à</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>%1 of LDB %2</source>
+        <translation>%1 du LDB %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableWindow</name>
+    <message>
+        <source>Read All</source>
+        <translation>Tout lire</translation>
+    </message>
+    <message>
+        <source>Read the settings of all LDB&apos;s</source>
+        <translation>Lire les paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Read Selected</source>
+        <translation>Lire la sélection</translation>
+    </message>
+    <message>
+        <source>Read the LDB&apos;s of the selected cells again</source>
+        <translation>Relire les LDB des cellules sélectionnées</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>End the reading, or the writing behind the LDB under way</source>
+        <translation>Terminer la lecture, ou l&apos;écriture après le LDB en cours</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Take the last change of the table back</source>
+        <translation>Annuler la dernière modification du tableau</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Make the change again that was taken back</source>
+        <translation>Refaire la modification annulée</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Copy the selected cells for a spreadsheet</source>
+        <translation>Copier les cellules sélectionnées pour un tableur</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Put cells of a spreadsheet in, from the first selected cell on</source>
+        <translation>Insérer des cellules d&apos;un tableur à partir de la première cellule sélectionnée</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Définir...</translation>
+    </message>
+    <message>
+        <source>Give the selected LDB&apos;s one value</source>
+        <translation>Donner une même valeur aux LDB sélectionnés</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importer...</translation>
+    </message>
+    <message>
+        <source>Take the values of a file as changes</source>
+        <translation>Prendre les valeurs d&apos;un fichier comme modifications</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
+    </message>
+    <message>
+        <source>Write what the table shows, with its changes, into a file</source>
+        <translation>Écrire dans un fichier ce que montre le tableau, avec ses modifications</translation>
+    </message>
+    <message>
+        <source>Former Settings...</source>
+        <translation>Anciens paramètres...</translation>
+    </message>
+    <message>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
+        <translation>Comparer avec ce que les LDB avaient avant, ou le remettre</translation>
+    </message>
+    <message>
+        <source>Go On Writing</source>
+        <translation>Continuer l&apos;écriture</translation>
+    </message>
+    <message>
+        <source>Write what was confirmed before the connection ended</source>
+        <translation>Écrire ce qui était confirmé avant la fin de la connexion</translation>
+    </message>
+    <message>
+        <source>Write...</source>
+        <translation>Écrire...</translation>
+    </message>
+    <message>
+        <source>Show what would be written; nothing is sent before you confirm it</source>
+        <translation>Montrer ce qui serait écrit ; rien n&apos;est envoyé avant votre confirmation</translation>
+    </message>
+    <message>
+        <source>These are left out:</source>
+        <translation>Ceux-ci sont laissés de côté :</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n à écrire</numerusform>
+            <numerusform>%n à écrire</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Outils</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>What the values are compared with</source>
+        <translation>À quoi les valeurs sont comparées</translation>
+    </message>
+    <message>
+        <source>Compare with most others</source>
+        <translation>Comparer à la plupart</translation>
+    </message>
+    <message>
+        <source>Compare with factory defaults</source>
+        <translation>Comparer aux valeurs d&apos;usine</translation>
+    </message>
+    <message>
+        <source>Compare with a file...</source>
+        <translation>Comparer à un fichier...</translation>
+    </message>
+    <message>
+        <source>Which LDB&apos;s are shown</source>
+        <translation>Quels LDB sont affichés</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>Only differing</source>
+        <translation>Seulement différents</translation>
+    </message>
+    <message>
+        <source>Only changed</source>
+        <translation>Seulement modifiés</translation>
+    </message>
+    <message>
+        <source>Select File</source>
+        <translation>Sélectionner un fichier</translation>
+    </message>
+    <message>
+        <source>The file cannot be written.</source>
+        <translation>Le fichier ne peut pas être écrit.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left</source>
+        <translation>
+            <numerusform>Lecture : reste %n</numerusform>
+            <numerusform>Lecture : restent %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left, about %1 s</source>
+        <translation>
+            <numerusform>Lecture : reste %n, environ %1 s</numerusform>
+            <numerusform>Lecture : restent %n, environ %1 s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writing: %n left</source>
+        <translation>
+            <numerusform>Écriture : reste %n</numerusform>
+            <numerusform>Écriture : restent %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The table of settings has %n change(s) that are not written.</source>
+        <translation>
+            <numerusform>Le tableau des paramètres a %n modification non écrite.</numerusform>
+            <numerusform>Le tableau des paramètres a %n modifications non écrites.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select cells of the setting that is to be set.</source>
+        <translation>Sélectionnez des cellules du paramètre à définir.</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Importation de %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Importation de « %1 » : rien n&apos;a encore été écrit. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Lire en hexadécimal</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Lire en décimal</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n laissé de côté...</numerusform>
+            <numerusform>%n laissés de côté...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Abandonner l&apos;importation</translation>
+    </message>
+    <message>
+        <source>Compared with &quot;%1&quot;. %2</source>
+        <translation>Comparé à « %1 ». %2</translation>
+    </message>
+    <message>
+        <source>Compared with: %1</source>
+        <translation>Comparé à : %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the former settings could not be kept.</source>
+        <translation>Rien n&apos;a été écrit, car les anciens paramètres n&apos;ont pas pu être conservés.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Rien n&apos;a été écrit, car il n&apos;est pas possible d&apos;écrire dans les LDB maintenant.</translation>
+    </message>
+    <message>
+        <source>Put back</source>
+        <translation>Remettre</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Garder</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Rester</translation>
     </message>
 </context>
 <context>
@@ -2450,6 +3212,44 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être muet o
         <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
         <translation>Une exportation est en cours. Les LDB qui n&apos;ont pas encore été lus manqueront dans le fichier.</translation>
     </message>
+    <message>
+        <source>Nothing has been imported yet.</source>
+        <translation>Rien n&apos;a encore été importé.</translation>
+    </message>
+    <message>
+        <source>Writing LDB settings</source>
+        <translation>Écriture des paramètres des LDB</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n LDB(s) are written.</source>
+        <translation>
+            <numerusform>Les paramètres de %n LDB sont écrits.</numerusform>
+            <numerusform>Les paramètres de %n LDB sont écrits.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not all settings are written.</source>
+        <translation>Tous les paramètres ne sont pas écrits.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Written: %n LDB(s)</source>
+        <translation>
+            <numerusform>Écrits : %n LDB</numerusform>
+            <numerusform>Écrits : %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Non commencés : %1</translation>
+    </message>
+    <message>
+        <source>Settings are being written. The LDB being written may be left with a part of them.</source>
+        <translation>Des paramètres sont en cours d&apos;écriture. Le LDB en cours peut n&apos;en recevoir qu&apos;une partie.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsWriter</name>
@@ -2511,11 +3311,11 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être muet o
     </message>
     <message>
         <source>the LDB has another name than before</source>
-        <translation>le LDB a un autre nom qu&apos;avant</translation>
+        <translation>l&apos;LDB a un autre nom qu&apos;avant</translation>
     </message>
     <message>
         <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
-        <translation>rien n&apos;a été écrit, car le LDB s&apos;appelle maintenant «&#xa0;%1&#xa0;»&#xa0;: ce peut être un autre</translation>
+        <translation>rien n&apos;a été écrit, car l&apos;LDB s&apos;appelle maintenant « %1 » : c&apos;est peut-être un autre</translation>
     </message>
 </context>
 <context>
@@ -2599,6 +3399,70 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être muet o
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>WritePreview</name>
+    <message>
+        <source>Write Settings</source>
+        <translation>Écrire les paramètres</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. To be written: %1 in %2.</source>
+        <translation>Rien n&apos;a encore été écrit. À écrire : %1 dans %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n modification</numerusform>
+            <numerusform>%n modifications</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>Écrire %n LDB</numerusform>
+            <numerusform>Écrire %n LDB</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Non écrits : %1</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Ce qui n&apos;est pas écrit, et pourquoi</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Paramètre</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Modification</translation>
+    </message>
+    <message>
+        <source>What is written</source>
+        <translation>Ce qui est écrit</translation>
     </message>
 </context>
 </TS>

@@ -921,6 +921,87 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>FIM&apos;s counted: %1   configured: not known</source>
         <translation>FIM&apos;s geteld: %1   ingesteld: niet bekend</translation>
     </message>
+    <message>
+        <source>The number of FIM&apos;s is being written.</source>
+        <translation>Het aantal FIM&apos;s wordt geschreven.</translation>
+    </message>
+    <message>
+        <source>There is no report before a run has come to its end.</source>
+        <translation>Er is geen rapport voordat een zoekactie is afgelopen.</translation>
+    </message>
+    <message>
+        <source>There is nothing to zoom into before the counting begins.</source>
+        <translation>Er is niets om op in te zoomen voordat het tellen begint.</translation>
+    </message>
+</context>
+<context>
+    <name>FormerList</name>
+    <message>
+        <source>Before a Save</source>
+        <translation>Vóór opslaan</translation>
+    </message>
+    <message>
+        <source>Before a Write</source>
+        <translation>Vóór schrijven</translation>
+    </message>
+    <message>
+        <source>Before the import of %1</source>
+        <translation>Vóór de import van %1</translation>
+    </message>
+    <message>
+        <source>Before settings were put back</source>
+        <translation>Voordat instellingen werden teruggezet</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Former Settings</source>
+        <translation>Vroegere instellingen</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergelijken</translation>
+    </message>
+    <message>
+        <source>Put Back...</source>
+        <translation>Terugzetten...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum en tijd</translation>
+    </message>
+    <message>
+        <source>Occasion</source>
+        <translation>Aanleiding</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Kept in %1</source>
+        <translation>Bewaard in %1</translation>
+    </message>
+</context>
+<context>
+    <name>FormerSettings</name>
+    <message>
+        <source>The folder %1 cannot be made.</source>
+        <translation>De map %1 kan niet worden gemaakt.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
+    </message>
 </context>
 <context>
     <name>GeneralInformation</name>
@@ -931,6 +1012,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Short(memory)</source>
         <translation>Kortsluiting(geh.)</translation>
+    </message>
+    <message>
+        <source>Not heard yet</source>
+        <translation>Nog niet gehoord</translation>
     </message>
 </context>
 <context>
@@ -967,6 +1052,14 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>What fault finding has changed is being put back: wait until it is done.</source>
         <translation>Wat het fout zoeken heeft gewijzigd, wordt teruggezet: wacht tot dat klaar is.</translation>
     </message>
+    <message>
+        <source>It is not certain yet which installation answers.</source>
+        <translation>Het is nog niet zeker welke installatie antwoordt.</translation>
+    </message>
+    <message>
+        <source>Fault finding is under way: wait for its end, or stop it.</source>
+        <translation>Er wordt naar fouten gezocht: wacht tot het klaar is, of stop het.</translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>
@@ -1002,106 +1095,184 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
-    <name>ImportPreview</name>
+    <name>InstallationControl</name>
     <message>
-        <source>%1 (address %2)</source>
-        <translation>%1 (adres %2)</translation>
+        <source>A damaged file of an installation was moved aside: %1</source>
+        <translation>Een beschadigd bestand van een installatie is opzijgezet: %1</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationDesk</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
     </message>
     <message>
-        <source>nothing</source>
-        <translation>niets</translation>
+        <source>The connection to %1 is back.</source>
+        <translation>De verbinding met %1 is terug.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Wat aan %1 antwoordt, is niet de installatie &quot;%2&quot;: haar LDB&apos;s zwijgen of hebben andere namen. Welke installatie is het? Zolang u dat niet hebt gezegd, wordt niets naar de LDB&apos;s geschreven.</translation>
+    </message>
+    <message>
+        <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
+        <translation>Wat aan %1 antwoordt, heeft de LDB&apos;s van de installatie &quot;%2&quot;. Is het die?</translation>
+    </message>
+    <message>
+        <source>Which port?</source>
+        <translation>Welke poort?</translation>
+    </message>
+    <message>
+        <source>The connection to %1 was lost. Several adapters of its kind are there now. Which one is it?</source>
+        <translation>De verbinding met %1 ging verloren. Er zijn nu meerdere adapters van dat type. Welke is het?</translation>
+    </message>
+    <message>
+        <source>Wait On</source>
+        <translation>Blijven wachten</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationForm</name>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <translation>%1 (in gebruik)</translation>
     </message>
     <message numerus="yes">
-        <source>%n field(s)</source>
+        <source>LDBs remembered: %n</source>
         <translation>
-            <numerusform>%n veld</numerusform>
-            <numerusform>%n velden</numerusform>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
+            <numerusform>Onthouden LDB&apos;s: %n</numerusform>
         </translation>
     </message>
     <message>
-        <source>Import Settings</source>
-        <translation>Instellingen importeren</translation>
+        <source>Export Installation</source>
+        <translation>Installatie exporteren</translation>
     </message>
     <message>
-        <source>Nothing has been written yet. From &quot;%1&quot;: %2 in %3.</source>
-        <translation>Er is nog niets geschreven. Uit &quot;%1&quot;: %2 in %3.</translation>
+        <source>Import Installation</source>
+        <translation>Installatie importeren</translation>
     </message>
-    <message numerus="yes">
-        <source>%n change(s)</source>
-        <translation>
-            <numerusform>%n wijziging</numerusform>
-            <numerusform>%n wijzigingen</numerusform>
-        </translation>
+    <message>
+        <source>Installations</source>
+        <translation>Installaties</translation>
     </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Naam:</translation>
+    </message>
+    <message>
+        <source>&amp;Place:</source>
+        <translation>&amp;Plaats:</translation>
+    </message>
+    <message>
+        <source>N&amp;otes:</source>
+        <translation>N&amp;otities:</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adres</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>LDBs remembered</source>
+        <translation>Onthouden LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Forget LDB</source>
+        <translation>LDB vergeten</translation>
+    </message>
+    <message>
+        <source>Take the selected LDBs out of what is remembered; one that answers is remembered again</source>
+        <translation>Haal de geselecteerde LDB&apos;s uit wat onthouden is; een die antwoordt, wordt weer onthouden</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nieuw</translation>
+    </message>
+    <message>
+        <source>Make an installation, to be used later</source>
+        <translation>Maak een installatie voor later</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importeren...</translation>
+    </message>
+    <message>
+        <source>Take an installation from a colleague&apos;s file</source>
+        <translation>Neem een installatie uit het bestand van een collega over</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
+    </message>
+    <message>
+        <source>Write this installation into a file for a colleague</source>
+        <translation>Schrijf deze installatie in een bestand voor een collega</translation>
+    </message>
+    <message>
+        <source>Use This One</source>
+        <translation>Deze gebruiken</translation>
+    </message>
+    <message>
+        <source>This is the installation at the port; while it is monitored, it is scanned anew</source>
+        <translation>Dit is de installatie aan de poort; terwijl ze bewaakt wordt, wordt ze opnieuw afgezocht</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>InstallationQuestion</name>
     <message numerus="yes">
-        <source>%n LDB(s)</source>
+        <source>%n LDBs</source>
         <translation>
             <numerusform>%n LDB</numerusform>
             <numerusform>%n LDB&apos;s</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>Write %n LDB(s)</source>
-        <translation>
-            <numerusform>%n LDB schrijven</numerusform>
-            <numerusform>%n LDB&apos;s schrijven</numerusform>
-        </translation>
+    <message>
+        <source>Another installation?</source>
+        <translation>Een andere installatie?</translation>
     </message>
     <message>
-        <source>Cancel</source>
-        <translation>Annuleren</translation>
+        <source>Installations</source>
+        <translation>Installaties</translation>
     </message>
     <message>
-        <source>The IDs of the file are read as decimal.</source>
-        <translation>De ID&apos;s van het bestand worden decimaal gelezen.</translation>
+        <source>Use the Selected One</source>
+        <translation>De geselecteerde gebruiken</translation>
     </message>
     <message>
-        <source>The IDs of the file are read as hexadecimal.</source>
-        <translation>De ID&apos;s van het bestand worden hexadecimaal gelezen.</translation>
+        <source>New Installation</source>
+        <translation>Nieuwe installatie</translation>
+    </message>
+</context>
+<context>
+    <name>Installations</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
     </message>
     <message>
-        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>De namen passen hexadecimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+        <source>The folder %1 cannot be made.</source>
+        <translation>De map %1 kan niet worden gemaakt.</translation>
     </message>
     <message>
-        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
-        <translation>De namen passen decimaal beter: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+        <source>The file %1 cannot be read: %2.</source>
+        <translation>Het bestand %1 kan niet worden gelezen: %2.</translation>
     </message>
     <message>
-        <source>Read as hexadecimal</source>
-        <translation>Hexadecimaal lezen</translation>
-    </message>
-    <message>
-        <source>Read as decimal</source>
-        <translation>Decimaal lezen</translation>
-    </message>
-    <message>
-        <source>LDB</source>
-        <translation>LDB</translation>
-    </message>
-    <message>
-        <source>Name in the LDB</source>
-        <translation>Naam in de LDB</translation>
-    </message>
-    <message>
-        <source>Name in the file</source>
-        <translation>Naam in het bestand</translation>
-    </message>
-    <message>
-        <source>What changes</source>
-        <translation>Wat verandert</translation>
-    </message>
-    <message>
-        <source>Not written: %1</source>
-        <translation>Niet geschreven: %1</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s of the file</source>
-        <translation>LDB&apos;s van het bestand</translation>
-    </message>
-    <message>
-        <source>What is not written, and why</source>
-        <translation>Wat niet wordt geschreven, en waarom</translation>
+        <source>The file %1 holds no installation.</source>
+        <translation>Het bestand %1 bevat geen installatie.</translation>
     </message>
 </context>
 <context>
@@ -1119,16 +1290,16 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Het bestand %1 kan niet worden geschreven: %2.</translation>
     </message>
     <message>
-        <source>The file %1 cannot be read.</source>
-        <translation>Het bestand %1 kan niet worden gelezen.</translation>
-    </message>
-    <message>
         <source>The file %1 cannot be read: %2.</source>
         <translation>Het bestand %1 kan niet worden gelezen: %2.</translation>
     </message>
     <message>
         <source>The file %1 is damaged. A copy of it is %2.</source>
         <translation>Het bestand %1 is beschadigd. Een kopie ervan is %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Het bestand %1 kan niet worden gelezen.</translation>
     </message>
 </context>
 <context>
@@ -1347,6 +1518,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>The former settings of LDB %1 could not be kept.</source>
+        <translation>De vroegere instellingen van LDB %1 konden niet worden bewaard.</translation>
     </message>
 </context>
 <context>
@@ -1635,7 +1810,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
-        <translation>Wat LDB %1 vóór het fout zoeken had, wordt teruggezet. De lus kan zonder geluid achterblijven.</translation>
+        <translation>Wat LDB %1 vóór het foutzoeken had, wordt teruggezet. De lus kan zonder geluid blijven.</translation>
     </message>
 </context>
 <context>
@@ -1709,6 +1884,22 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>The connection to port %1 broke off. Check the adapter and its cable, and start again.</source>
         <translation>De verbinding met poort %1 is verbroken. Controleer de adapter en zijn kabel, en start opnieuw.</translation>
+    </message>
+    <message>
+        <source>The program waits for the port, and goes on by itself when it is back.</source>
+        <translation>Het programma wacht op de poort en gaat vanzelf verder als ze terug is.</translation>
+    </message>
+    <message>
+        <source>Port %1 is gone: the adapter was unplugged. Plug it in.</source>
+        <translation>Poort %1 is weg: de adapter is losgetrokken. Steek hem weer in.</translation>
+    </message>
+    <message>
+        <source>The connection to port %1 broke off. Check the adapter and its cable.</source>
+        <translation>De verbinding met poort %1 brak af. Controleer de adapter en zijn kabel.</translation>
+    </message>
+    <message>
+        <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
+        <translation>Er is geen seriële poort gekozen. Kies er een in het instellingenvenster: de knop met het tandwiel, linksboven.</translation>
     </message>
 </context>
 <context>
@@ -1800,6 +1991,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>No record came from %1 to %2.</source>
         <translation>Van %1 tot %2 kwam er niets binnen.</translation>
+    </message>
+    <message>
+        <source>A log is being written: stop it first.</source>
+        <translation>Er wordt een logbestand geschreven: stop dat eerst.</translation>
     </message>
 </context>
 <context>
@@ -1987,6 +2182,18 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>%1 of %2 answer, %3 lost.</source>
         <translation>%1 van %2 antwoorden, %3 verloren.</translation>
     </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Show, compare and change the settings of all LDBs in a table</source>
+        <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
+    </message>
+    <message>
+        <source>Table...</source>
+        <translation>Tabel...</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2001,6 +2208,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>%1 ago</source>
         <translation>%1 geleden</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
     </message>
 </context>
 <context>
@@ -2114,6 +2325,26 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Not monitored: %1</source>
         <translation>Niet bewaakt: %1</translation>
     </message>
+    <message>
+        <source>%1; waiting for it to come back</source>
+        <translation>%1; wachten tot ze terug is</translation>
+    </message>
+    <message>
+        <source>End Waiting</source>
+        <translation>Niet meer wachten</translation>
+    </message>
+    <message>
+        <source>Do not go on by itself when the port is back</source>
+        <translation>Niet vanzelf verdergaan als de poort terug is</translation>
+    </message>
+    <message>
+        <source>Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.</source>
+        <translation>Bewaakt: %1 van %2 LDB&apos;s antwoorden, %3 verloren, %4 nog niet gehoord.</translation>
+    </message>
+    <message>
+        <source>no serial port is chosen</source>
+        <translation>er is geen seriële poort gekozen</translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2170,6 +2401,82 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Het filter verbergt LDB&apos;s die verloren of fout zijn: klik om alle te tonen</translation>
+    </message>
+</context>
+<context>
+    <name>Plot</name>
+    <message>
+        <source>Follow</source>
+        <translation>Volgen</translation>
+    </message>
+    <message>
+        <source>Shows the newest values again and goes along with them</source>
+        <translation>Toont weer de nieuwste waarden en gaat ermee mee</translation>
+    </message>
+</context>
+<context>
+    <name>PlotExport</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 tot %2</translation>
+    </message>
+    <message>
+        <source>The picture cannot be made.</source>
+        <translation>De afbeelding kan niet worden gemaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>PlotMenu</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kan niet worden geschreven: %2</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Volgen</translation>
+    </message>
+    <message>
+        <source>Set Mark A Here</source>
+        <translation>Markering A hier zetten</translation>
+    </message>
+    <message>
+        <source>Set Mark B Here</source>
+        <translation>Markering B hier zetten</translation>
+    </message>
+    <message>
+        <source>Remove the Marks</source>
+        <translation>Markeringen verwijderen</translation>
+    </message>
+    <message>
+        <source>Save the Values</source>
+        <translation>Waarden opslaan</translation>
+    </message>
+    <message>
+        <source>Save the Picture</source>
+        <translation>Afbeelding opslaan</translation>
+    </message>
+    <message>
+        <source>Save the Picture (PNG)...</source>
+        <translation>Afbeelding opslaan (PNG)...</translation>
+    </message>
+    <message>
+        <source>Save the Picture (SVG)...</source>
+        <translation>Afbeelding opslaan (SVG)...</translation>
+    </message>
+    <message>
+        <source>Save the Values Shown (CSV)...</source>
+        <translation>Getoonde waarden opslaan (CSV)...</translation>
+    </message>
+</context>
+<context>
+    <name>PlotReading</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 tot %2</translation>
     </message>
 </context>
 <context>
@@ -2273,13 +2580,13 @@ De audio van deze LDB blijft gedempt.</translation>
     </message>
     <message>
         <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
-        <translation>Wat van LDB&apos;s vóór het fout zoeken is bewaard, kan niet worden gelezen.</translation>
+        <translation>Wat van LDB&apos;s vóór het foutzoeken is bewaard, kan niet worden gelezen.</translation>
     </message>
     <message>
         <source>%1
 An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
         <translation>%1
-Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standaardinstellingen hebben.</translation>
+Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardinstellingen hebben.</translation>
     </message>
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
@@ -2291,6 +2598,24 @@ Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standa
     <message>
         <source>The former connection has not ended yet.</source>
         <translation>De vorige verbinding is nog niet beëindigd.</translation>
+    </message>
+</context>
+<context>
+    <name>SetValueDialog</name>
+    <message numerus="yes">
+        <source>Set for %n LDB(s)</source>
+        <translation>
+            <numerusform>Instellen voor %n LDB</numerusform>
+            <numerusform>Instellen voor %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Instellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
     </message>
 </context>
 <context>
@@ -2366,6 +2691,443 @@ Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standa
     <message>
         <source>Product Identifier: %1</source>
         <translation>Product-ID: %1</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>Begin with the LDBs that are remembered; without it, each start scans the whole bus</source>
+        <translation>Begin met de LDB&apos;s die onthouden zijn; zonder dit zoekt elke start de hele bus af</translation>
+    </message>
+    <message>
+        <source>Start with the LDBs &amp;remembered</source>
+        <translation>Starten &amp;met de onthouden LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Name, place, notes and LDBs of the installations that are remembered</source>
+        <translation>Naam, plaats, notities en LDB&apos;s van de onthouden installaties</translation>
+    </message>
+    <message>
+        <source>&amp;Installation...</source>
+        <translation>&amp;Installatie...</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTable</name>
+    <message>
+        <source>written</source>
+        <translation>geschreven</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>geweigerd</translation>
+    </message>
+    <message>
+        <source>not answered</source>
+        <translation>niet beantwoord</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>wijkt af</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>niet verzonden</translation>
+    </message>
+    <message>
+        <source>To be written: %1</source>
+        <translation>Te schrijven: %1</translation>
+    </message>
+    <message>
+        <source>What the LDB has is not known: it was not read back.</source>
+        <translation>Wat de LDB heeft is niet bekend: het is niet teruggelezen.</translation>
+    </message>
+    <message>
+        <source>The LDB has: %1</source>
+        <translation>De LDB heeft: %1</translation>
+    </message>
+    <message>
+        <source>The last Write: %1</source>
+        <translation>Laatste keer schrijven: %1</translation>
+    </message>
+    <message>
+        <source>Most LDB&apos;s have: %1</source>
+        <translation>De meeste LDB&apos;s hebben: %1</translation>
+    </message>
+    <message>
+        <source>Factory default: %1</source>
+        <translation>Fabriekswaarde: %1</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>niet verbonden</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>waits to be read</source>
+        <translation>wacht op lezen</translation>
+    </message>
+    <message>
+        <source>did not answer</source>
+        <translation>heeft niet geantwoord</translation>
+    </message>
+    <message>
+        <source>the connection ended before it was read</source>
+        <translation>de verbinding eindigde voordat zij was gelezen</translation>
+    </message>
+    <message>
+        <source>changed since it was shown: nothing was written</source>
+        <translation>gewijzigd sinds het tonen: er is niets geschreven</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n te schrijven</numerusform>
+            <numerusform>%n te schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be the value of %2 of LDB %3. Nothing was pasted.</source>
+        <translation>&quot;%1&quot; kan niet de waarde van %2 van LDB %3 zijn. Er is niets geplakt.</translation>
+    </message>
+    <message>
+        <source>What is to be pasted is larger than the table from the selected cell on. Nothing was pasted.</source>
+        <translation>Wat geplakt moet worden is groter dan de tabel vanaf de geselecteerde cel. Er is niets geplakt.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as decimal.</source>
+        <translation>De ID&apos;s van het bestand worden als decimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The IDs of the file are read as hexadecimal.</source>
+        <translation>De ID&apos;s van het bestand worden als hexadecimaal gelezen.</translation>
+    </message>
+    <message>
+        <source>The names fit better as hexadecimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als hexadecimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+    <message>
+        <source>The names fit better as decimal: then %1 are those of the LDB&apos;s, now %2.</source>
+        <translation>De namen passen beter als decimaal: dan zijn er %1 die van de LDB&apos;s, nu %2.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableModel</name>
+    <message>
+        <source>Address %1</source>
+        <translation>Adres %1</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Firmware ID</source>
+        <translation>Firmware-ID</translation>
+    </message>
+    <message>
+        <source>Read at</source>
+        <translation>Gelezen om</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Toestand</translation>
+    </message>
+    <message>
+        <source>%1 of LDB %2</source>
+        <translation>%1 van LDB %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsTableWindow</name>
+    <message>
+        <source>Read All</source>
+        <translation>Alles lezen</translation>
+    </message>
+    <message>
+        <source>Read the settings of all LDB&apos;s</source>
+        <translation>Lees de instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Read Selected</source>
+        <translation>Selectie lezen</translation>
+    </message>
+    <message>
+        <source>Read the LDB&apos;s of the selected cells again</source>
+        <translation>Lees de LDB&apos;s van de geselecteerde cellen opnieuw</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>End the reading, or the writing behind the LDB under way</source>
+        <translation>Beëindig het lezen, of het schrijven na de LDB die bezig is</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>Take the last change of the table back</source>
+        <translation>Maak de laatste wijziging van de tabel ongedaan</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Opnieuw</translation>
+    </message>
+    <message>
+        <source>Make the change again that was taken back</source>
+        <translation>Voer de ongedaan gemaakte wijziging opnieuw uit</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiëren</translation>
+    </message>
+    <message>
+        <source>Copy the selected cells for a spreadsheet</source>
+        <translation>Kopieer de geselecteerde cellen voor een rekenblad</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Plakken</translation>
+    </message>
+    <message>
+        <source>Put cells of a spreadsheet in, from the first selected cell on</source>
+        <translation>Voeg cellen van een rekenblad in vanaf de eerste geselecteerde cel</translation>
+    </message>
+    <message>
+        <source>Set...</source>
+        <translation>Instellen...</translation>
+    </message>
+    <message>
+        <source>Give the selected LDB&apos;s one value</source>
+        <translation>Geef de geselecteerde LDB&apos;s één waarde</translation>
+    </message>
+    <message>
+        <source>Import...</source>
+        <translation>Importeren...</translation>
+    </message>
+    <message>
+        <source>Take the values of a file as changes</source>
+        <translation>Neem de waarden van een bestand over als wijzigingen</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
+    </message>
+    <message>
+        <source>Write what the table shows, with its changes, into a file</source>
+        <translation>Schrijf wat de tabel toont, met de wijzigingen, in een bestand</translation>
+    </message>
+    <message>
+        <source>Former Settings...</source>
+        <translation>Vroegere instellingen...</translation>
+    </message>
+    <message>
+        <source>Compare with what the LDB&apos;s had before, or put it back</source>
+        <translation>Vergelijk met wat de LDB&apos;s eerder hadden, of zet dat terug</translation>
+    </message>
+    <message>
+        <source>Go On Writing</source>
+        <translation>Verder schrijven</translation>
+    </message>
+    <message>
+        <source>Write what was confirmed before the connection ended</source>
+        <translation>Schrijf wat bevestigd was voordat de verbinding eindigde</translation>
+    </message>
+    <message>
+        <source>Write...</source>
+        <translation>Schrijven...</translation>
+    </message>
+    <message>
+        <source>Show what would be written; nothing is sent before you confirm it</source>
+        <translation>Toon wat zou worden geschreven; er wordt niets verzonden voordat u het bevestigt</translation>
+    </message>
+    <message>
+        <source>These are left out:</source>
+        <translation>Deze worden weggelaten:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n to write</source>
+        <translation>
+            <numerusform>%n te schrijven</numerusform>
+            <numerusform>%n te schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings of all LDB&apos;s</source>
+        <translation>Instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Gereedschap</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Zoeken</translation>
+    </message>
+    <message>
+        <source>What the values are compared with</source>
+        <translation>Waarmee de waarden worden vergeleken</translation>
+    </message>
+    <message>
+        <source>Compare with most others</source>
+        <translation>Vergelijken met de meeste andere</translation>
+    </message>
+    <message>
+        <source>Compare with factory defaults</source>
+        <translation>Vergelijken met fabriekswaarden</translation>
+    </message>
+    <message>
+        <source>Compare with a file...</source>
+        <translation>Vergelijken met een bestand...</translation>
+    </message>
+    <message>
+        <source>Which LDB&apos;s are shown</source>
+        <translation>Welke LDB&apos;s worden getoond</translation>
+    </message>
+    <message>
+        <source>All LDB&apos;s</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Only differing</source>
+        <translation>Alleen afwijkende</translation>
+    </message>
+    <message>
+        <source>Only changed</source>
+        <translation>Alleen gewijzigde</translation>
+    </message>
+    <message>
+        <source>Select File</source>
+        <translation>Bestand selecteren</translation>
+    </message>
+    <message>
+        <source>The file cannot be written.</source>
+        <translation>Het bestand kan niet worden geschreven.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left</source>
+        <translation>
+            <numerusform>Lezen: nog %n</numerusform>
+            <numerusform>Lezen: nog %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading: %n left, about %1 s</source>
+        <translation>
+            <numerusform>Lezen: nog %n, ongeveer %1 s</numerusform>
+            <numerusform>Lezen: nog %n, ongeveer %1 s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Writing: %n left</source>
+        <translation>
+            <numerusform>Schrijven: nog %n</numerusform>
+            <numerusform>Schrijven: nog %n</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The table of settings has %n change(s) that are not written.</source>
+        <translation>
+            <numerusform>De tabel met instellingen heeft %n wijziging die niet is geschreven.</numerusform>
+            <numerusform>De tabel met instellingen heeft %n wijzigingen die niet zijn geschreven.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Select cells of the setting that is to be set.</source>
+        <translation>Selecteer cellen van de instelling die moet worden ingesteld.</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Import van %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Import van &quot;%1&quot;: er is nog niets geschreven. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Als hexadecimaal lezen</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Als decimaal lezen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n weggelaten...</numerusform>
+            <numerusform>%n weggelaten...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Import weggooien</translation>
+    </message>
+    <message>
+        <source>Compared with &quot;%1&quot;. %2</source>
+        <translation>Vergeleken met &quot;%1&quot;. %2</translation>
+    </message>
+    <message>
+        <source>Compared with: %1</source>
+        <translation>Vergeleken met: %1</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>LDB %1 is nog niet gelezen.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the former settings could not be kept.</source>
+        <translation>Er is niets geschreven, omdat de vroegere instellingen niet konden worden bewaard.</translation>
+    </message>
+    <message>
+        <source>Nothing was written, as the LDB&apos;s cannot be written to now.</source>
+        <translation>Er is niets geschreven, omdat er nu niet naar de LDB&apos;s kan worden geschreven.</translation>
+    </message>
+    <message>
+        <source>Put back</source>
+        <translation>Terugzetten</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Weggooien</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Bewaren</translation>
+    </message>
+    <message>
+        <source>Stay</source>
+        <translation>Blijven</translation>
     </message>
 </context>
 <context>
@@ -2450,6 +3212,44 @@ Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standa
         <source>An export is under way. LDB&apos;s not read yet will be missing in the file.</source>
         <translation>Er is een export bezig. LDB&apos;s die nog niet zijn gelezen zullen in het bestand ontbreken.</translation>
     </message>
+    <message>
+        <source>Nothing has been imported yet.</source>
+        <translation>Er is nog niets geïmporteerd.</translation>
+    </message>
+    <message>
+        <source>Writing LDB settings</source>
+        <translation>LDB-instellingen worden geschreven</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The settings of %n LDB(s) are written.</source>
+        <translation>
+            <numerusform>De instellingen van %n LDB zijn geschreven.</numerusform>
+            <numerusform>De instellingen van %n LDB&apos;s zijn geschreven.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not all settings are written.</source>
+        <translation>Niet alle instellingen zijn geschreven.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Written: %n LDB(s)</source>
+        <translation>
+            <numerusform>Geschreven: %n LDB</numerusform>
+            <numerusform>Geschreven: %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not begun: %1</source>
+        <translation>Niet begonnen: %1</translation>
+    </message>
+    <message>
+        <source>Settings are being written. The LDB being written may be left with a part of them.</source>
+        <translation>Er worden instellingen geschreven. De LDB die wordt geschreven kan met een deel ervan achterblijven.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsWriter</name>
@@ -2511,7 +3311,7 @@ Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standa
     </message>
     <message>
         <source>the LDB has another name than before</source>
-        <translation>de LDB heeft een andere naam dan eerst</translation>
+        <translation>de LDB heeft een andere naam dan voorheen</translation>
     </message>
     <message>
         <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
@@ -2599,6 +3399,70 @@ Een LDB waarvan het fout zoeken is afgebroken, kan nog gedempt zijn of de standa
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>WritePreview</name>
+    <message>
+        <source>Write Settings</source>
+        <translation>Instellingen schrijven</translation>
+    </message>
+    <message>
+        <source>Nothing has been written yet. To be written: %1 in %2.</source>
+        <translation>Er is nog niets geschreven. Te schrijven: %1 in %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n wijziging</numerusform>
+            <numerusform>%n wijzigingen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB</numerusform>
+            <numerusform>%n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n LDB(s)</source>
+        <translation>
+            <numerusform>%n LDB schrijven</numerusform>
+            <numerusform>%n LDB&apos;s schrijven</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message>
+        <source>Not written: %1</source>
+        <translation>Niet geschreven: %1</translation>
+    </message>
+    <message>
+        <source>What is not written, and why</source>
+        <translation>Wat niet wordt geschreven, en waarom</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Instelling</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Wijziging</translation>
+    </message>
+    <message>
+        <source>What is written</source>
+        <translation>Wat wordt geschreven</translation>
     </message>
 </context>
 </TS>

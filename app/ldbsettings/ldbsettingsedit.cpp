@@ -2,22 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr quint16 kDefaultDelay = 10;
-
-LdbSettings factoryDefaults()
-{
-    LdbSettings settings;
-    settings.generalFaultOutput = true;
-    settings.openDetectionDelay = kDefaultDelay;
-    settings.earthLeakageDetection = true;
-    settings.amplifierDetection = true;
-    return settings;
-}
-
-} // namespace
-
 void LdbSettingsEdit::receive(const LdbSettings& record)
 {
     if (!m_isSaving) { // what a Save brings into the LDB is nobody else's
@@ -116,8 +100,7 @@ void LdbSettingsEdit::setDefaults()
 {
     const LdbSettings defaults = factoryDefaults();
     for (const LdbField field : kLdbFields) {
-        // What tells one LDB from another is no matter of defaults.
-        if (field != LdbField::Name && field != LdbField::NumberOfFims) {
+        if (hasDefault(field)) {
             copyField(field, defaults, m_values);
             // Also where it makes no difference now: the user wants the default there.
             m_touched.insert(field);
@@ -155,5 +138,6 @@ void LdbSettingsEdit::touchIfChanged(LdbField field)
 void LdbSettingsEdit::takeDelay()
 {
     m_openDetection = m_values.openDetection();
-    m_formerDelay = m_openDetection ? m_values.openDetectionDelay : kDefaultDelay;
+    m_formerDelay =
+        m_openDetection ? m_values.openDetectionDelay : factoryDefaults().openDetectionDelay;
 }

@@ -1,6 +1,6 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
-#include "app/ldbsettings/inputguards.h"
+#include "app/ldbsettings/fieldcontrols.h"
 #include "app/ldbsettings/leavequestion.h"
 #include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int kSavedMessageMs = 5000;
-
 const QString kFailureBox = QStringLiteral("failedSaveBox");
 
 } // namespace
@@ -27,11 +26,9 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
     , ui(std::make_unique<Ui::LdbSettingsEditor>())
 {
     ui->setupUi(this);
-    ui->settingsNameLineEdit->setValidator(new LdbNameValidator(this));
-    for (auto* box : findChildren<QSpinBox*>()) {
-        box->installEventFilter(new WheelGuard(box));
-        box->setFocusPolicy(Qt::StrongFocus); // not by the wheel either
-    }
+    fieldcontrols::limit(ui->settingsNameLineEdit);
+    fieldcontrols::limit(ui->settingsNumberOfFimsSpinBox);
+    fieldcontrols::limit(ui->settingsOpenDetectionDelaySpinBox);
     initFlagBoxes();
     reserveBoldWidths();
     refresh();
@@ -73,12 +70,7 @@ void LdbSettingsEditor::initFlagBoxes()
 void LdbSettingsEditor::reserveBoldWidths()
 {
     for (auto* box : findChildren<QCheckBox*>()) {
-        const QFont shown = box->font();
-        QFont bold = shown;
-        bold.setBold(true);
-        box->setFont(bold);
-        box->setMinimumWidth(box->sizeHint().width());
-        box->setFont(shown);
+        fieldcontrols::reserveBoldWidth(box);
     }
 }
 
@@ -92,6 +84,19 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
 QWidget* LdbSettingsEditor::footer() const
 {
     return ui->settingsFooter;
+}
+
+void LdbSettingsEditor::keepFormer(const LdbSettings& fresh)
+{
+    const QString error = m_formerSettings.keep(
+        {QDateTime::currentDateTimeUtc(), FormerSettings::Occasion::Save, {}, {fresh}});
+    if (error.isEmpty()) {
+        return;
+    }
+    m_notices->box(QMessageBox::Warning, [hexId = m_writer->outcome().hexId, error] {
+        const QString text = tr("The former settings of LDB %1 could not be kept.").arg(hexId);
+        return BoxText{tr("Attention"), text, error};
+    });
 }
 
 void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
@@ -178,6 +183,7 @@ void LdbSettingsEditor::processCompared()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     m_lastRead.insert(outcome.hexId, *outcome.fresh);
+    keepFormer(*outcome.fresh);
     if (outcome.hexId == m_hexId && m_edit.hasRecord()) {
         m_edit.receiveBeforeSave(*outcome.fresh);
         refresh();

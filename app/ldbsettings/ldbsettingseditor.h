@@ -2,6 +2,7 @@
 
 #include "app/ldbsettings/ldbsettingsedit.h"
 #include "app/shared/enabledcontrols.h"
+#include "history/formersettings.h"
 #include "importexport/settingswriter.h"
 
 #include <QHash>
@@ -38,6 +39,9 @@ public:
     /// What is said of the settings, with the buttons. It may be shown elsewhere, where it stays in
     /// sight while the fields are scrolled.
     QWidget* footer() const;
+
+    /// Where what an LDB had before a Save is kept from now on.
+    void setFormerSettings(const FormerSettingsStore& store) { m_formerSettings = store; }
 
     /// Ends the edits and empties the editor until this LDB's record comes, also when it is the one
     /// that was selected already. One that is not connected shows what was read last. An empty id
@@ -96,6 +100,7 @@ private:
     bool isSaving() const { return m_writer && m_writer->isWriting(); }
     void save();
     void processCompared();
+    void keepFormer(const LdbSettings& fresh);
     void processWritten();
     void processSaved();
     void tellOutcome();
@@ -120,6 +125,7 @@ private:
     std::vector<FlagBox> m_flagBoxes;
     SerialLink* m_link = nullptr;
     Notices* m_notices = nullptr;
+    FormerSettingsStore m_formerSettings;
     std::unique_ptr<SettingsWriter> m_writer; ///< of the last Save
     LdbSettingsEdit m_edit;
     QString m_hexId;

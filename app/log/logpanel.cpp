@@ -3,6 +3,7 @@
 #include "app/notices/filedialog.h"
 #include "app/notices/notices.h"
 #include "app/shared/usersettings.h"
+#include "app/shared/whynot.h"
 #include "serial/ldb/generalinformation.h"
 #include "ui_logpanel.h"
 #include "views/log/filelogger.h"
@@ -91,10 +92,13 @@ void LogPanel::on_logStartStopButton_toggled(bool checked)
         save();
     }
     updateButtonText();
+    const auto reason = [] {
+        return tr("A log is being written: stop it first.");
+    };
     for (QWidget* widget : std::initializer_list<QWidget*>{
              m_ui->logFilePathText, m_ui->logFileBrowseButton, m_ui->logSpeedSpinBox,
              m_ui->logSelectedRadioButton, m_ui->logAllRadioButton}) {
-        widget->setEnabled(!checked);
+        WhyNot::permit(widget, checked ? Text(reason) : Text());
     }
     if (checked) {
         beginLog();

@@ -10,12 +10,10 @@ namespace filedialog {
 
 namespace {
 
-const QString kFilter = QStringLiteral("(*.csv)");
-const QString kSuffix = QStringLiteral("csv");
-
-QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+QFileDialog* make(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
+                  const QString& suffix)
 {
-    auto* dialog = new QFileDialog(parent, title, QString(), kFilter);
+    auto* dialog = new QFileDialog(parent, title, QString(), QStringLiteral("(*.%1)").arg(suffix));
     // Where no folder has been chosen yet it would open in the working directory: of an installed
     // program one that only holds the tuning file and does not let users write.
     if (dialog->directory() == QDir::current()) {
@@ -29,11 +27,11 @@ QFileDialog* make(QWidget* parent, const QString& title, std::function<void(cons
 } // namespace
 
 void save(QWidget* parent, const QString& title, const QString& proposedPath, bool mayExist,
-          std::function<void(const QString&)> chosen)
+          std::function<void(const QString&)> chosen, const QString& suffix)
 {
-    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    QFileDialog* dialog = make(parent, title, std::move(chosen), suffix);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(kSuffix);
+    dialog->setDefaultSuffix(suffix);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, mayExist);
     if (!proposedPath.isEmpty()) {
         const QFileInfo proposed(proposedPath);
@@ -43,9 +41,10 @@ void save(QWidget* parent, const QString& title, const QString& proposedPath, bo
     dialog->open();
 }
 
-void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen)
+void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
+          const QString& suffix)
 {
-    QFileDialog* dialog = make(parent, title, std::move(chosen));
+    QFileDialog* dialog = make(parent, title, std::move(chosen), suffix);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->open();

@@ -9,8 +9,11 @@
 #include <QStringList>
 
 #include <cerrno>
+#include <utility>
 
 namespace {
+
+const QString kFailureBox = QStringLiteral("communicationErrorBox");
 
 #ifdef Q_OS_UNIX
 QFileInfo deviceOf(const QString& portName)
@@ -33,8 +36,18 @@ QString portSaid(const PortFailure& failure)
                    : LinkNotices::tr("Port %1: %2").arg(failure.portName, failure.description);
 }
 
-QString reasonText(const PortFailure& failure, const PortDevice& device)
+QString waitingText()
 {
+    return LinkNotices::tr(
+        "The program waits for the port, and goes on by itself when it is back.");
+}
+
+QString reasonText(const PortFailure& failure, const PortDevice& device, bool isWaited)
+{
+    if (failure.portName.isEmpty()) {
+        return LinkNotices::tr("No serial port is chosen. Choose one in the settings dialog: the "
+                               "button with the gear, at the top left.");
+    }
     switch (portTrouble(failure, device)) {
     case PortTrouble::NotThere:
         return LinkNotices::tr(
@@ -42,10 +55,21 @@ QString reasonText(const PortFailure& failure, const PortDevice& device)
                    "the settings dialog.")
             .arg(failure.portName);
     case PortTrouble::Unplugged:
+        if (isWaited) {
+            return LinkNotices::tr("Port %1 is gone: the adapter was unplugged. Plug it in.")
+                       .arg(failure.portName) +
+                   QLatin1Char('\n') + waitingText();
+        }
         return LinkNotices::tr("Port %1 is gone: the adapter was unplugged. Plug it in and start "
                                "again.")
             .arg(failure.portName);
     case PortTrouble::BrokenOff:
+        if (isWaited) {
+            return LinkNotices::tr("The connection to port %1 broke off. Check the adapter and its "
+                                   "cable.")
+                       .arg(failure.portName) +
+                   QLatin1Char('\n') + waitingText();
+        }
         return LinkNotices::tr("The connection to port %1 broke off. Check the adapter and its "
                                "cable, and start again.")
             .arg(failure.portName);
@@ -63,7 +87,7 @@ QString reasonText(const PortFailure& failure, const PortDevice& device)
     case PortTrouble::Other:
         break;
     }
-    return portSaid(failure);
+    return isWaited ? portSaid(failure) + QLatin1Char('\n') + waitingText() : portSaid(failure);
 }
 
 BoxText lossText(const QStringList& hexIds)
@@ -112,12 +136,12 @@ PortTrouble portTrouble(const PortFailure& failure, const PortDevice& device)
     }
 }
 
-BoxText portFailureText(const PortFailure& failure, const PortDevice& device)
+BoxText portFailureText(const PortFailure& failure, const PortDevice& device, bool isWaited)
 {
     return {LinkNotices::tr("Error"),
             LinkNotices::tr(
                 "Cannot establish the serial communication, check the serial port settings!"),
-            reasonText(failure, device)};
+            reasonText(failure, device, isWaited)};
 }
 
 LinkNotices::LinkNotices(Notices* notices, QObject* parent)
@@ -128,19 +152,55 @@ LinkNotices::LinkNotices(Notices* notices, QObject* parent)
 
 void LinkNotices::follow(const SerialLink* link)
 {
-    connect(link, &SerialLink::ldbDisconnected, this,
-            [this, link](const QString& hexId) { tellLoss(hexId, link->nameOf(hexId)); });
+    m_link = link;
+    connect(link, &SerialLink::ldbDisconnected, this, [this](const QString& hexId) {
+        if (m_holdsLosses) {
+            m_heldLosses.append(hexId);
+        } else {
+            tellLoss(hexId, m_link->nameOf(hexId));
+        }
+    });
     connect(link, &SerialLink::portFailed, this,
             [this](const QString& portName, int error, const QString& description) {
+                m_isTry = m_isWaiting;
                 m_failure = {portName, error, description};
                 m_device = portDevice(portName);
             });
-    connect(link, &SerialLink::communicationFailed, this, [this] {
-        m_notices->box(
-            QMessageBox::Critical,
-            [failure = m_failure, device = m_device] { return portFailureText(failure, device); },
-            QStringLiteral("communicationErrorBox"));
-    });
+    connect(link, &SerialLink::communicationFailed, this, &LinkNotices::tellFailure);
+}
+
+void LinkNotices::tellFailure()
+{
+    if (m_isTry) {
+        return;
+    }
+    const auto texts = [failure = m_failure, device = m_device, isWaited = m_isWaiting] {
+        return portFailureText(failure, device, isWaited);
+    };
+    m_notices->box(QMessageBox::Critical, texts, kFailureBox,
+                   m_isWaiting ? Qt::NonModal : Qt::WindowModal);
+}
+
+void LinkNotices::setWaiting(bool isWaiting)
+{
+    m_isWaiting = isWaiting;
+    if (!isWaiting && m_link->isRunning()) {
+        m_notices->closeBox(kFailureBox);
+    }
+}
+
+void LinkNotices::holdLosses(bool isHeld)
+{
+    m_holdsLosses = isHeld;
+    if (isHeld) {
+        return;
+    }
+    for (const QString& hexId : std::exchange(m_heldLosses, {})) {
+        if (m_link->isRunning() && m_link->knownLdbs().contains(hexId) &&
+            !m_link->isConnected(hexId)) {
+            tellLoss(hexId, m_link->nameOf(hexId));
+        }
+    }
 }
 
 void LinkNotices::tellLoss(const QString& hexId, const QString& name)

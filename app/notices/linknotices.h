@@ -42,7 +42,9 @@ enum class PortTrouble
 PortTrouble portTrouble(const PortFailure& failure, const PortDevice& device);
 
 /// The box about a failed link: what to check and, below, the reason and what to do. Pure.
-BoxText portFailureText(const PortFailure& failure, const PortDevice& device);
+/// `isWaited`: the program goes on by itself when the port is back.
+BoxText portFailureText(const PortFailure& failure, const PortDevice& device,
+                        bool isWaited = false);
 
 /// The boxes about the link. GUI thread.
 class LinkNotices : public QObject
@@ -52,16 +54,29 @@ public:
     /// `notices` outlives this object.
     explicit LinkNotices(Notices* notices, QObject* parent = nullptr);
 
-    /// Tells what this link says from now on.
+    /// Tells what this link says from now on. To be called before whoever waits for a port follows
+    /// the link: the first failure is told, those of the tries behind it are not.
     void follow(const SerialLink* link);
+
+    /// While a port that died is waited for, its box blocks nothing, and goes when it is back.
+    void setWaiting(bool isWaiting);
+    /// While held, no loss is told; then those that last are.
+    void holdLosses(bool isHeld);
 
     /// An LDB was lost: one box at a time, to which every LDB lost while it is open adds a line.
     /// `name`: the LDB's own, may be empty.
     void tellLoss(const QString& hexId, const QString& name);
 
 private:
+    void tellFailure();
+
+    const SerialLink* m_link = nullptr;
     Notices* m_notices;
-    PortFailure m_failure;  ///< what the port said last
-    PortDevice m_device;    ///< as it was then
-    QStringList m_lostLdbs; ///< the lines of the open box
+    bool m_isWaiting = false;
+    bool m_isTry = false; ///< the last failure is of a port that was waited for already
+    bool m_holdsLosses = false;
+    QStringList m_heldLosses; ///< ids
+    PortFailure m_failure;    ///< what the port said last
+    PortDevice m_device;      ///< as it was then
+    QStringList m_lostLdbs;   ///< the lines of the open box
 };

@@ -50,7 +50,7 @@ void MessageBox::setDefaultChoice(int choice)
 }
 
 MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
-                             const QString& name)
+                             const QString& name, Qt::WindowModality modality)
 {
     MessageBox* box = name.isEmpty() ? nullptr : find(parent, name);
     if (box == nullptr) {
@@ -60,7 +60,12 @@ MessageBox* MessageBox::tell(QWidget* parent, QMessageBox::Icon icon, const BoxT
         box->m_compose = compose;
         box->refresh();
     }
-    box->open();
+    if (modality == Qt::NonModal) {
+        box->setWindowModality(modality); // as it is made, it blocks the whole program
+        box->show();
+    } else {
+        box->open();
+    }
     return box;
 }
 

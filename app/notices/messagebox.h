@@ -35,8 +35,10 @@ public:
     void setDefaultChoice(int choice);
 
     /// Opens a box over `parent`. Of one name at most one is open at a time: it takes new texts.
+    /// With `Qt::NonModal` the window below can be used all the same.
     static MessageBox* tell(QWidget* parent, QMessageBox::Icon icon, const BoxTexts& compose,
-                            const QString& name = {});
+                            const QString& name = {},
+                            Qt::WindowModality modality = Qt::WindowModal);
     /// The open box of that name over `parent`, or null.
     static MessageBox* find(const QWidget* parent, const QString& name);
 

@@ -19,12 +19,21 @@ public:
     void hush();
 
     /// Opens a box over the window; see `MessageBox::tell`.
-    MessageBox* box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {})
+    MessageBox* box(QMessageBox::Icon icon, const BoxTexts& texts, const QString& name = {},
+                    Qt::WindowModality modality = Qt::WindowModal)
     {
-        return MessageBox::tell(m_window, icon, texts, name);
+        return MessageBox::tell(m_window, icon, texts, name, modality);
     }
     /// Whether the box of that name is open.
     bool isOpen(const QString& name) const { return MessageBox::find(m_window, name) != nullptr; }
+
+    /// Closes that box where it is open.
+    void closeBox(const QString& name)
+    {
+        if (MessageBox* box = MessageBox::find(m_window, name)) {
+            box->close();
+        }
+    }
 
     /// Says again in the language in force what the status bar shows. Boxes do so by themselves.
     void retranslate();

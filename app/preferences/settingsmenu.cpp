@@ -165,6 +165,7 @@ void SettingsMenu::on_okButton_clicked()
 {
     storePort();
     store(constants::kAudioWarningsKey, m_ui->soundWarningsCheckBox->isChecked());
+    store(constants::kKnownStartKey, m_ui->knownStartCheckBox->isChecked());
     storeLanguage();
     accept();
 }
@@ -177,6 +178,12 @@ void SettingsMenu::on_cancelButton_clicked()
 void SettingsMenu::on_aboutButton_clicked()
 {
     AboutDialog(this).exec();
+}
+
+void SettingsMenu::on_installationButton_clicked()
+{
+    reject();
+    emit installationWanted();
 }
 
 void SettingsMenu::showPortInfo(int index)
@@ -220,6 +227,8 @@ void SettingsMenu::loadChoices()
     fillLanguages();
     m_ui->soundWarningsCheckBox->setChecked(
         userSettings().value(constants::kAudioWarningsKey, false).toBool());
+    m_ui->knownStartCheckBox->setChecked(
+        userSettings().value(constants::kKnownStartKey, true).toBool());
 }
 
 void SettingsMenu::fillPorts()

@@ -48,6 +48,8 @@ public slots:
     /// Closes and stores nothing.
     void on_cancelButton_clicked();
     void on_aboutButton_clicked();
+    /// Closes, stores nothing and emits `installationWanted()`.
+    void on_installationButton_clicked();
     /// Shows the details of a port of the list; those of a port that is not in the list (-1), a
     /// typed one, are blank.
     void showPortInfo(int index);
@@ -55,6 +57,8 @@ public slots:
 signals:
     /// Another port than before has been stored.
     void comPortUpdated(const QString& comPort);
+    /// The user wants to see the installations; the dialog is closed.
+    void installationWanted();
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -58,6 +58,22 @@ PutBack::PutBack(SerialLink* link, Notices* notices, QWidget* window, KeptLdbs k
 
 PutBack::~PutBack() = default;
 
+void PutBack::setKept(const KeptLdbs& kept)
+{
+    dropAll();
+    m_file = kept;
+    load();
+    emit pendingChanged();
+}
+
+void PutBack::hold(bool isHeld)
+{
+    if (std::exchange(m_isHeld, isHeld) != isHeld && isHeld) {
+        dropAll();
+        emit pendingChanged();
+    }
+}
+
 void PutBack::follow(FimTracking* tracking)
 {
     m_tracking = tracking;
@@ -96,10 +112,7 @@ bool PutBack::isPending(const QString& hexId) const
 /// Each is asked once a run of the link.
 void PutBack::processLink()
 {
-    const QStringList hexIds = m_tasks.keys();
-    for (const QString& hexId : hexIds) {
-        drop(hexId);
-    }
+    dropAll();
     m_same.clear();
     m_answered.clear();
     m_failed.clear();
@@ -168,7 +181,7 @@ void PutBack::processRunEnds(const KeptLdb& former, bool isMuted)
     m_answered.remove(key(former, hexId));
     if (!isMuted) {
         wait(hexId, kSettleMs);
-    } else if (m_link->isRunning()) {
+    } else if (m_link->isRunning() && !m_isHeld) {
         begin(former, hexId); // no reset is on its way any more
     } else {
         tellStillMuted(hexId);
@@ -179,8 +192,8 @@ void PutBack::processRunEnds(const KeptLdb& former, bool isMuted)
 void PutBack::processRecord(const QString& hexId, const QList<QStringList>& rows)
 {
     using namespace generalinformation;
-    if (m_kept.empty() || hexId == m_hexIdOfRun || m_tasks.contains(hexId) || isWaiting(hexId) ||
-        !isSettled(static_cast<LdbState>(integer(rows, ModeRow)))) {
+    if (m_isHeld || m_kept.empty() || hexId == m_hexIdOfRun || m_tasks.contains(hexId) ||
+        isWaiting(hexId) || !isSettled(static_cast<LdbState>(integer(rows, ModeRow)))) {
         return;
     }
     const auto meant = std::find_if(m_kept.begin(), m_kept.end(), [&](const KeptLdb& kept) {
@@ -261,6 +274,14 @@ void PutBack::end(LdbPutBack* task)
 void PutBack::drop(const QString& hexId)
 {
     delete m_tasks.take(hexId);
+}
+
+void PutBack::dropAll()
+{
+    const QStringList hexIds = m_tasks.keys();
+    for (const QString& hexId : hexIds) {
+        drop(hexId);
+    }
 }
 
 void PutBack::tellStillMuted(const QString& hexId)

@@ -31,6 +31,12 @@ public:
             QObject* parent = nullptr);
     ~PutBack() override;
 
+    /// From now on what is kept there is put back: of the installation in force.
+    void setKept(const KeptLdbs& kept);
+    const KeptLdbs& kept() const { return m_file; }
+    /// While held, nothing is asked of an LDB and nothing written.
+    void hold(bool isHeld);
+
     /// Takes care of the runs of this window, and asks over it while it is there.
     void follow(FimTracking* tracking);
 
@@ -58,6 +64,7 @@ private:
     void begin(const KeptLdb& kept, const QString& hexId);
     void end(LdbPutBack* task);
     void drop(const QString& hexId);
+    void dropAll();
     void load();
     void tellStillMuted(const QString& hexId);
     void tellProblem();
@@ -69,6 +76,7 @@ private:
     Notices* m_notices;
     QWidget* m_window;
     KeptLdbs m_file;
+    bool m_isHeld = false;
     std::vector<KeptLdb> m_kept;      ///< on disk, and those below
     std::vector<KeptLdb> m_unwritten; ///< that could not be kept on disk
     QString m_problem;                ///< of the reading; empty once it is told

@@ -42,6 +42,7 @@ inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFi
 inline const QString kLanguageKey = QStringLiteral("translation/language");
 inline const QString kDefaultLanguage = QStringLiteral("English");
 inline const QString kComPortKey = QStringLiteral("serial/comPort");
+inline const QString kKnownStartKey = QStringLiteral("serial/knownStart");
 inline const QString kAudioWarningsKey = QStringLiteral("audio/audioWarnings");
 inline const QString kLogPathKey = QStringLiteral("log/path");
 inline const QString kLogIntervalKey = QStringLiteral("log/interval");

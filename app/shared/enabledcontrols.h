@@ -8,12 +8,14 @@ enum class Hindrance
     None,
     NotMonitored, ///< no run is on
     Scanning,
-    NoLdb,   ///< none is selected
-    LdbLost, ///< the selected one
+    Unsettled, ///< which installation answers is not known
+    NoLdb,     ///< none is selected
+    LdbLost,   ///< the selected one
     Saving,
     Transferring,
-    ServiceMode, ///< the selected LDB is in it
-    PuttingBack  ///< what fault finding changed in the selected LDB
+    FaultFinding, ///< a run of it is on
+    ServiceMode,  ///< the selected LDB is in it
+    PuttingBack   ///< what fault finding changed in the selected LDB
 };
 
 /// The hindrance as a sentence, in the language in force; empty for none.

@@ -3,7 +3,7 @@
 #include "app/notices/filedialog.h"
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
-#include "app/transfer/importpreview.h"
+#include "serial/link/seriallink.h"
 
 namespace {
 
@@ -67,82 +67,154 @@ void SettingsTransfer::chooseImport()
 
 void SettingsTransfer::exportTo(const QString& path)
 {
-    if (ImportExportDeviceSettings* transfer = begin(false)) {
+    if (ImportExportDeviceSettings* transfer = begin(Kind::Export)) {
         transfer->exportDeviceSettings(path);
     }
 }
 
 void SettingsTransfer::importFrom(const QString& path)
 {
-    if (ImportExportDeviceSettings* transfer = begin(true)) {
+    if (ImportExportDeviceSettings* transfer = begin(Kind::Import)) {
         connect(transfer, &ImportExportDeviceSettings::importPlanned, this,
-                [this, path] { preview(path); });
+                &SettingsTransfer::processPlanned);
+        m_importPath = path;
         transfer->importDeviceSettings(path);
     }
 }
 
-ImportExportDeviceSettings* SettingsTransfer::begin(bool isImport)
+ImportExportDeviceSettings* SettingsTransfer::begin(Kind kind)
 {
     if (m_isOn) {
         return nullptr;
     }
     m_transfer = std::make_unique<ImportExportDeviceSettings>(m_link);
-    m_isImport = isImport;
-    m_hasRefused = false;
-    m_isOn = true;
     connect(m_transfer.get(), &ImportExportDeviceSettings::statusChanged, this,
             &SettingsTransfer::processStatus);
     connect(m_transfer.get(), &ImportExportDeviceSettings::stopped, this,
             &SettingsTransfer::processStopped);
     connect(m_transfer.get(), &ImportExportDeviceSettings::progressChanged, this,
             [this](int left, int total) { m_display->showTransferProgress(left, total); });
-    emit changed(true);
+    setOn(kind);
     return m_transfer.get();
+}
+
+void SettingsTransfer::setOn(Kind kind)
+{
+    m_kind = kind;
+    m_isOn = true;
+    emit changed(true);
 }
 
 void SettingsTransfer::end()
 {
     m_isOn = false;
-    if (m_preview) {
-        m_preview->disconnect(this);
-        m_preview->close();
-    }
     m_display->hideProgress();
     emit changed(false);
 }
 
-void SettingsTransfer::preview(const QString& path)
+void SettingsTransfer::processPlanned()
 {
-    m_display->hideProgress();
-    m_preview = new ImportPreview(m_transfer->plan(), path, m_window);
-    connect(m_preview, &ImportPreview::readingWanted, this, [this](IdReading reading) {
-        m_transfer->planWith(reading);
-        m_preview->setPlan(m_transfer->plan());
+    m_planned = std::move(m_transfer);
+    m_transfer = std::make_unique<ImportExportDeviceSettings>(m_link);
+    end();
+    m_notices->say([] { return tr("Nothing has been imported yet."); });
+    emit planned();
+}
+
+void SettingsTransfer::planWith(IdReading reading)
+{
+    if (m_planned) {
+        m_planned->planWith(reading);
+    }
+}
+
+void SettingsTransfer::refuse()
+{
+    if (m_planned) {
+        m_planned.reset();
+        m_notices->say([] { return tr("Nothing was imported."); }, kFinishedMs);
+    }
+}
+
+SettingsBatch* SettingsTransfer::write(std::vector<LdbChange> changes)
+{
+    if (m_isOn || !m_link->isRunning()) {
+        return nullptr;
+    }
+    if (m_planned) {
+        m_transfer = std::move(m_planned);
+        setOn(Kind::Import);
+        m_notices->say([] { return statusText(Status::ImportStarted); });
+        return m_transfer->write(std::move(changes));
+    }
+    m_touched.clear();
+    m_written.clear();
+    m_failures.clear();
+    m_batch = std::make_unique<SettingsBatch>(m_link, std::move(changes));
+    connect(m_batch.get(), &SettingsBatch::ldbDone, this, &SettingsTransfer::processWritten);
+    connect(m_batch.get(), &SettingsBatch::progressChanged, this,
+            [this](int left, int total) { m_display->showTransferProgress(left, total); });
+    // Queued: whoever follows the writing hears of its end before it is gone.
+    connect(m_batch.get(), &SettingsBatch::finished, this, &SettingsTransfer::endWriting,
+            Qt::QueuedConnection);
+    setOn(Kind::Write);
+    m_notices->say([] { return tr("Writing LDB settings"); });
+    m_batch->start();
+    return m_batch.get();
+}
+
+void SettingsTransfer::processWritten(const SettingsOutcome& outcome)
+{
+    if (!outcome.isUntouched()) {
+        m_touched.append(outcome.hexId);
+    }
+    if (outcome.isGood()) {
+        m_written.append(outcome.hexId);
+    } else {
+        m_failures.emplace_back(
+            [outcome] { return tr("LDB %1: %2").arg(outcome.hexId, outcome.text()); });
+    }
+}
+
+void SettingsTransfer::endWriting()
+{
+    const QStringList left = m_batch->left();
+    m_batch.reset();
+    end();
+    const int written = m_written.size();
+    if (m_failures.empty() && left.isEmpty()) {
+        m_notices->say(
+            [written] { return tr("The settings of %n LDB(s) are written.", nullptr, written); },
+            kFinishedMs);
+        return;
+    }
+    m_notices->say([] { return tr("Not all settings are written."); });
+    m_notices->box(QMessageBox::Warning, [failures = m_failures, left, written] {
+        QStringList lines{tr("Written: %n LDB(s)", nullptr, written)};
+        for (const Text& failure : failures) {
+            lines.append(failure());
+        }
+        if (!left.isEmpty()) {
+            lines.append(tr("Not begun: %1").arg(left.join(QStringLiteral(", "))));
+        }
+        return BoxText{tr("Attention"), tr("Not all settings are written."),
+                       lines.join(QLatin1Char('\n'))};
     });
-    connect(m_preview, &QDialog::finished, this, [this](int result) {
-        m_hasRefused = result != QDialog::Accepted;
-        m_hasRefused ? m_transfer->stop() : m_transfer->write();
-    });
-    m_preview->open();
 }
 
 void SettingsTransfer::stop()
 {
     if (m_isOn) {
         m_notices->say([] { return tr("The transfer stops behind the LDB under way."); });
-        m_transfer->stop();
+        m_batch ? m_batch->stop() : m_transfer->stop();
     }
 }
 
 void SettingsTransfer::processStopped()
 {
     end();
-    if (m_hasRefused) {
-        m_notices->say([] { return tr("Nothing was imported."); }, kFinishedMs);
-        return;
-    }
-    const char* text = m_isImport ? QT_TR_NOOP("Importing LDB settings was stopped.")
-                                  : QT_TR_NOOP("Exporting LDB settings was stopped.");
+    const char* text = m_kind == Kind::Import ? QT_TR_NOOP("Importing LDB settings was stopped.")
+                                              : QT_TR_NOOP("Exporting LDB settings was stopped.");
     m_notices->say([text] { return tr(text); }, kFinishedMs);
     m_notices->box(QMessageBox::Warning, [text, details = m_transfer->stopText()] {
         return BoxText{tr("Attention"), tr(text), details()};
@@ -166,11 +238,13 @@ Text SettingsTransfer::underWay() const
     if (!m_isOn) {
         return {};
     }
-    const char* text =
-        m_isImport ? QT_TR_NOOP("An import is under way. The LDB being written may be left with a "
-                                "part of its settings.")
-                   : QT_TR_NOOP("An export is under way. LDB's not read yet will be missing in the "
-                                "file.");
+    constexpr const char* kTexts[] = {
+        QT_TR_NOOP("An export is under way. LDB's not read yet will be missing in the file."),
+        QT_TR_NOOP("An import is under way. The LDB being written may be left with a part of its "
+                   "settings."),
+        QT_TR_NOOP("Settings are being written. The LDB being written may be left with a part of "
+                   "them.")}; // in the order of the enumerators
+    const char* text = kTexts[static_cast<int>(m_kind)];
     return [text] {
         return tr(text);
     };

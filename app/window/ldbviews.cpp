@@ -4,6 +4,7 @@
 #include "app/shared/colours.h"
 #include "app/window/attention.h"
 #include "app/window/monitoringstrip.h"
+#include "serial/ldb/generalinformation.h"
 #include "serial/link/seriallink.h"
 #include "tracking/plot/mainwindowplot.h"
 #include "ui_mainwindow.h"
@@ -77,6 +78,7 @@ void LdbViews::feed(Attention* attention)
     connect(m_link, &SerialLink::roundEnded, m_lamps, &LampPanel::endRound);
     connect(m_link, &SerialLink::roundBegun, m_overview, &DeviceOverviewTable::beginRound);
     connect(m_link, &SerialLink::roundEnded, m_overview, &DeviceOverviewTable::endRound);
+    connect(m_link, &SerialLink::awaitedChanged, this, &LdbViews::showAwaited);
     connect(new MuteWatch(m_link, this), &MuteWatch::changed, m_muteMarks, &MuteMarks::setMuted);
 }
 
@@ -87,6 +89,7 @@ void LdbViews::connectViews()
     connect(m_overview, &DeviceOverviewTable::dismissed, this, &LdbViews::dismiss);
     connect(m_ui.monitoringStrip, &MonitoringStrip::dismissLost, this,
             [this] { dismiss(m_overview->lostLdbs()); });
+    connect(m_ui.monitoringStrip, &MonitoringStrip::endWaiting, this, &LdbViews::waitingEnded);
     connect(m_plot, &MainWindowPlot::zoomEnabledChanged, m_ui.zoomButton,
             &QAbstractButton::setChecked);
     connect(m_lamps, &LampPanel::ldbActivated, m_overview, &DeviceOverviewTable::selectLdb);
@@ -107,6 +110,19 @@ void LdbViews::setMonitoring(const Monitoring& monitoring)
     m_ui.logTab->setMonitoring(monitoring);
 }
 
+void LdbViews::setWaiting(bool isWaiting)
+{
+    m_ui.monitoringStrip->setWaiting(isWaiting);
+}
+
+void LdbViews::showAwaited(const QString& hexId)
+{
+    if (m_link->isAwaited(hexId)) {
+        m_overview->processData(hexId,
+                                generalinformation::awaitedRows(hexId, m_link->nameOf(hexId)));
+    }
+}
+
 void LdbViews::keepKnown()
 {
     keepOnly(m_link->knownLdbs());
@@ -115,6 +131,7 @@ void LdbViews::keepKnown()
 void LdbViews::dismiss(const QStringList& hexIds)
 {
     m_link->dismiss(hexIds);
+    emit dismissed(hexIds);
     // Not the link's list: while a scan is on, that is not complete.
     QStringList kept = m_overview->shownLdbs();
     for (const QString& hexId : hexIds) {
@@ -161,6 +178,9 @@ void LdbViews::setZoomEnabled(bool enabled)
 void LdbViews::retranslate()
 {
     m_overview->retranslate();
+    for (const QString& hexId : m_link->knownLdbs()) {
+        showAwaited(hexId);
+    }
     m_muteMarks->retranslate();
     m_details->retranslate();
     m_plot->retranslate();

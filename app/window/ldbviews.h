@@ -27,6 +27,8 @@ public:
 
     /// What is live.
     void setMonitoring(const Monitoring& monitoring);
+    /// Whether the program waits for the port.
+    void setWaiting(bool isWaiting);
     /// Drops the LDBs that the link knows no more.
     void keepKnown();
 
@@ -46,6 +48,10 @@ public:
 signals:
     /// Another row is ticked, by the user or because there is no former one any more.
     void selectedLdbChanged(const QString& hexId);
+    /// The user has given up these lost LDBs.
+    void dismissed(const QStringList& hexIds);
+    /// The user waits for the port no more.
+    void waitingEnded();
 
 private:
     void makeViews();
@@ -53,6 +59,7 @@ private:
     void connectViews();
     void dismiss(const QStringList& hexIds);
     void keepOnly(const QStringList& hexIds);
+    void showAwaited(const QString& hexId);
 
     const Ui::MainWindow& m_ui;
     SerialLink* m_link;

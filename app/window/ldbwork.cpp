@@ -1,9 +1,11 @@
 #include "app/window/ldbwork.h"
 
 #include "app/putback/putback.h"
+#include "app/settingstable/settingstablewindow.h"
 #include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
+#include "serial/link/seriallink.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "ui_mainwindow.h"
 
@@ -38,14 +40,19 @@ LdbWork::LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWi
     initEditor();
     initPutBack();
     initTransfer();
+    initTable();
 }
 
 LdbWork::~LdbWork()
 {
     // What these say while they end must not reach an object half gone.
     disconnect();
+    delete m_table;
     delete m_transfer;
     delete m_putBack;
+    if (m_tracking) {
+        m_tracking->disconnect(this);
+    }
     delete m_tracking;
 }
 
@@ -86,6 +93,29 @@ void LdbWork::initTransfer()
     let(m_ui.stopTransferButton, &SettingsTransfer::stop);
 }
 
+void LdbWork::initTable()
+{
+    m_table = new SettingsTableWindow({m_around.link, m_transfer, m_around.wallTime,
+                                       [this](const QString& hexId) {
+                                           return m_putBack->isPending(hexId);
+                                       }},
+                                      m_window);
+    connect(m_ui.settingsTableButton, &QAbstractButton::clicked, m_table,
+            &SettingsTableWindow::open);
+}
+
+void LdbWork::setFormerSettings(const FormerSettingsStore& store)
+{
+    m_ui.ldbSettingsEditor->setFormerSettings(store);
+    m_table->setFormerSettings(store);
+}
+
+void LdbWork::forget()
+{
+    m_ui.ldbSettingsEditor->forget();
+    m_table->forget();
+}
+
 void LdbWork::showTransfer(bool isOn)
 {
     Q_ASSERT(QThread::currentThread() == thread());
@@ -95,6 +125,7 @@ void LdbWork::showTransfer(bool isOn)
     m_ui.stopTransferButton->setVisible(isOn);
     m_ui.stopTransferButton->setEnabled(isOn);
     m_around.run->setTransferring(isOn);
+    m_around.link->setBackgroundSearchHeld(isOn); // the transfer goes before
     // The editor shows what is in the LDB now, also when only a part was written.
     if (!isOn && m_transfer->touchedLdbs().contains(m_around.run->selectedLdb())) {
         setSelectedLdb(m_around.run->selectedLdb());
@@ -110,10 +141,25 @@ void LdbWork::setSelectedLdb(const QString& hexId)
     m_ui.ldbSettingsEditor->requestSettings();
 }
 
+void LdbWork::setKept(const KeptLdbs& kept)
+{
+    m_putBack->setKept(kept);
+}
+
+void LdbWork::holdPutBack(bool isHeld)
+{
+    m_putBack->hold(isHeld);
+}
+
 void LdbWork::startFaultFinding()
 {
-    m_tracking = new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window);
+    m_tracking =
+        new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window, m_putBack->kept());
     m_putBack->follow(m_tracking);
+    connect(m_tracking, &FimTracking::runBegins, this,
+            [this] { m_around.run->setFaultFinding(true); });
+    connect(m_tracking, &FimTracking::runEnds, this,
+            [this] { m_around.run->setFaultFinding(false); });
     connect(m_tracking, &QObject::destroyed, this, [this] {
         m_tracking.clear(); // a widget tells of its end before it is known to be gone
     });
@@ -123,6 +169,7 @@ void LdbWork::apply(const EnabledControls& controls)
 {
     WhyNot::permit(m_ui.exportDeviceSettingsButton, controls.transfer);
     WhyNot::permit(m_ui.importDeviceSettingsButton, controls.transfer);
+    m_table->apply(controls.transfer);
     EnabledControls ofEditor = controls;
     if (controls.settings && m_putBack->isPending(m_around.run->selectedLdb())) {
         ofEditor.settings.hindrance = Hindrance::PuttingBack;
@@ -136,6 +183,9 @@ std::vector<Text> LdbWork::underWay() const
     std::vector<Text> reasons;
     if (const Text transfer = m_transfer->underWay()) {
         reasons.push_back(transfer);
+    }
+    if (const Text edits = m_table->underWay()) {
+        reasons.push_back(edits);
     }
     if (m_around.run->isSaving()) {
         reasons.emplace_back([] {

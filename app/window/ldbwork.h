@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <vector>
 
 namespace Ui {
@@ -13,10 +14,13 @@ class MainWindow;
 }
 
 class FimTracking;
+class FormerSettingsStore;
+class KeptLdbs;
 class Notices;
 class PutBack;
 class RunControl;
 class SerialLink;
+class SettingsTableWindow;
 class SettingsTransfer;
 class StatusBarDisplay;
 
@@ -33,6 +37,7 @@ public:
         RunControl* run = nullptr;
         Notices* notices = nullptr;
         StatusBarDisplay* status = nullptr;
+        std::function<qint64()> wallTime; ///< ms since 1970 UTC, of the link's ports
     };
 
     /// Takes the panels and buttons of the form. Form, surroundings and window outlive this object.
@@ -40,8 +45,17 @@ public:
     /// Ends what is under way, which may still use the link for it.
     ~LdbWork() override;
 
+    /// Where what LDBs had before a write is kept from now on.
+    void setFormerSettings(const FormerSettingsStore& store);
+    /// Another bus is in force: what was read is of other LDBs.
+    void forget();
+
     /// Turns to this LDB and reads its settings; unsaved edits of them stay.
     void setSelectedLdb(const QString& hexId);
+    /// What fault finding keeps, and puts back, is that of another installation from now on.
+    void setKept(const KeptLdbs& kept);
+    /// While held, nothing is put back.
+    void holdPutBack(bool isHeld);
     /// Opens the window of fault finding for the selected LDB.
     void startFaultFinding();
 
@@ -58,6 +72,7 @@ signals:
 private:
     void initEditor();
     void initTransfer();
+    void initTable();
     void initPutBack();
     void showTransfer(bool isOn);
 
@@ -65,6 +80,7 @@ private:
     Surroundings m_around;
     QWidget* m_window;
     SettingsTransfer* m_transfer = nullptr; // owned
+    SettingsTableWindow* m_table = nullptr; // owned
     PutBack* m_putBack = nullptr;           // owned
     QPointer<FimTracking> m_tracking;       // deletes itself when closed
 };

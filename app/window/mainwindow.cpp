@@ -1,6 +1,7 @@
 #include "app/window/mainwindow.h"
 
 #include "app/help/manualwindow.h"
+#include "app/installation/installationdesk.h"
 #include "app/notices/linknotices.h"
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
@@ -9,6 +10,7 @@
 #include "app/shared/usersettings.h"
 #include "app/shared/whynot.h"
 #include "app/window/closingquestion.h"
+#include "app/window/installationwiring.h"
 #include "app/window/ldbviews.h"
 #include "app/window/ldbwork.h"
 #include "app/window/monitor.h"
@@ -61,14 +63,15 @@ void MainWindow::init(const PortSource& ports)
     setWindowTitle(QStringLiteral("%1 Version %2")
                        .arg(constants::kApplicationDisplayName, constants::kApplicationVersion));
     initLink(ports);
-    initPanels();
+    initPanels(ports);
     setLdbActionButtonsState();
 }
 
 void MainWindow::initLink(const PortSource& ports)
 {
     const SerialLink* link = m_link.get();
-    (new LinkNotices(m_notices.get(), this))->follow(link);
+    auto* linkNotices = new LinkNotices(m_notices.get(), this);
+    linkNotices->follow(link);
     m_monitor = new Monitor(link, ports.wallTime, this);
     connect(m_monitor, &Monitor::changed, this, &MainWindow::showMonitoring);
     m_run = new RunControl(m_link.get(), this);
@@ -78,6 +81,10 @@ void MainWindow::initLink(const PortSource& ports)
     connect(m_run, &RunControl::ended, this, &MainWindow::serialProcessorStopped);
     connect(m_run, &RunControl::failed, this, [this] { m_status->showFailure(); });
     connect(m_run, &RunControl::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
+    m_desk = new InstallationDesk({m_link.get(), m_notices.get(), linkNotices}, ports, this);
+    m_run->setPlan([this] { return m_desk->planForStart(); });
+    connect(m_desk, &InstallationDesk::resumable, this, &MainWindow::resume);
+    connect(link, &SerialLink::opened, this, [this] { m_status->clearFailure(); });
     connect(link, &SerialLink::ldbListInitializationProgress, this,
             [this](int checked, int found) { m_status->showScanProgress(checked, found); });
     connect(link, &SerialLink::ldbListChanged, this, [this] {
@@ -90,21 +97,24 @@ void MainWindow::initLink(const PortSource& ports)
             [this](int commands) { m_status->showQueueLength(commands); });
 }
 
-void MainWindow::initPanels()
+void MainWindow::initPanels(const PortSource& ports)
 {
     m_ui->logTab->setNotices(m_notices.get());
     m_views = new LdbViews(*m_ui, m_link.get(), this);
     connect(m_views, &LdbViews::selectedLdbChanged, this, &MainWindow::processSelectedLdbChanged);
-    m_work = new LdbWork(*m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get()}, this);
+    m_work = new LdbWork(
+        *m_ui, {m_link.get(), m_run, m_notices.get(), m_status.get(), ports.wallTime}, this);
+    wireinstallation::wire(m_desk, m_run, m_views, m_work);
     connect(m_work, &LdbWork::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
     m_closing = new ClosingQuestion(m_notices.get(), this);
     m_closing->ask([this] { return m_work->underWay(); });
     m_settingsMenu = new SettingsMenu(this);
-    m_portName = m_settingsMenu->getComPort();
+    m_portName = userSettings().value(constants::kComPortKey).toString();
     m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
     connect(m_ui->settingsMenuButton, &QAbstractButton::clicked, m_settingsMenu, &QWidget::show);
+    connect(m_settingsMenu, &SettingsMenu::installationWanted, m_desk, &InstallationDesk::showForm);
     connect(m_ui->helpButton, &QAbstractButton::clicked, this,
             [this] { ManualWindow::showIndex(this); });
 }
@@ -148,7 +158,7 @@ void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
         m_portName = comPort;
-        m_ui->ldbSettingsEditor->forget();
+        m_work->forget();
         m_run->changePort(comPort);
         m_status->showLoading();
     };
@@ -156,11 +166,21 @@ void MainWindow::processComPortUpdated(const QString& comPort)
         change, [this] { userSettings().setValue(constants::kComPortKey, m_portName); });
 }
 
-void MainWindow::processRunBegun()
+void MainWindow::resume(const QString& portName, const StartPlan& plan)
+{
+    if (std::exchange(m_portName, portName) != portName) {
+        userSettings().setValue(constants::kComPortKey, portName);
+    }
+    m_run->resume(portName, plan);
+}
+
+void MainWindow::processRunBegun(bool isResumed)
 {
     m_ui->startButton->setChecked(true);
     m_notices->hush();
-    m_views->clearPlot();
+    if (!isResumed) {
+        m_views->clearPlot();
+    }
     if (!m_run->selectedLdb().isEmpty()) {
         showLdb(m_run->selectedLdb());
     }
@@ -169,8 +189,6 @@ void MainWindow::processRunBegun()
 void MainWindow::serialProcessorLdbInitializationStateChange(bool initialization)
 {
     if (initialization) {
-        // The port is open: the start was a success.
-        m_status->clearFailure();
         return;
     }
     // Those that a scan was cut short before it came to them are still there.
@@ -185,7 +203,7 @@ void MainWindow::showMonitoring(const Monitoring& monitoring)
 {
     m_views->setMonitoring(monitoring);
     if (!m_run->isScanning()) {
-        m_status->showAvailable(monitoring.known, monitoring.lost);
+        m_status->showAvailable(monitoring.known - monitoring.awaited, monitoring.lost);
     }
 }
 

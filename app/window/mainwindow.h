@@ -11,6 +11,7 @@ class MainWindow;
 }
 
 class ClosingQuestion;
+class InstallationDesk;
 class LdbViews;
 class LdbWork;
 class Monitor;
@@ -19,6 +20,7 @@ class Notices;
 class RunControl;
 class SerialLink;
 class SettingsMenu;
+struct StartPlan;
 class StatusBarDisplay;
 
 /// The program's window: puts together the link, what shows the LDBs (`LdbViews`), what works on
@@ -61,8 +63,10 @@ private slots:
 
 private:
     void initLink(const PortSource& ports);
-    void initPanels();
-    void processRunBegun();
+    void initPanels(const PortSource& ports);
+    void processRunBegun(bool isResumed);
+    /// Goes on: the port is back, perhaps under another name.
+    void resume(const QString& portName, const StartPlan& plan);
     /// Makes the LDB the selected one; unsaved edits of the settings stay.
     void showLdb(const QString& deviceId);
     void updateButtonTexts();
@@ -77,5 +81,6 @@ private:
     LdbViews* m_views = nullptr;
     LdbWork* m_work = nullptr;
     ClosingQuestion* m_closing = nullptr;
+    InstallationDesk* m_desk = nullptr;
     SettingsMenu* m_settingsMenu = nullptr;
 };

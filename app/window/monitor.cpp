@@ -4,6 +4,7 @@
 #include "serial/link/seriallink.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -16,8 +17,21 @@ constexpr int kTick = 1000; // ms
 constexpr int kRounds = 3;
 /// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
 constexpr qint64 kTurn = 200;
-/// On a small bus one LDB that does not answer holds the others up for longer than three rounds.
+/// Room for what holds up a small bus besides.
 constexpr qint64 kShortestLife = 15000; // ms
+/// An LDB that does not answer is asked two things in its turn, each twice.
+constexpr qint64 kQuestions = 4;
+/// After so long without any answer, ms, the bus is no longer monitored, however many are silent.
+constexpr qint64 kLongestQuiet = 20000;
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+/// More than any wait for an answer, ms; a clock that was set must not look like one.
+constexpr qint64 kLongestSilence = 10000;
+
+bool isPoll(ExchangeKind kind)
+{
+    return kind == ExchangeKind::Status || kind == ExchangeKind::Name ||
+           kind == ExchangeKind::Firmware;
+}
 
 } // namespace
 
@@ -28,8 +42,14 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
 {
     connect(link, &SerialLink::started, this, &Monitor::begin);
     connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
+    connect(link, &SerialLink::opened, this, [this] { m_isOpen = true; });
+    connect(link, &SerialLink::roundBegun, this, &Monitor::poll);
+    connect(link, &SerialLink::awaitedChanged, this, &Monitor::tell);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
+    connect(link, &SerialLink::exchanged, this, &Monitor::processExchange);
+    connect(link, &SerialLink::ldbDisconnected, this,
+            [this](const QString& hexId) { m_silences.remove(hexId); });
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
@@ -54,12 +74,14 @@ Monitoring Monitor::monitoring() const
     result.portName = m_failedPort;
     result.polledAlone = m_link->polledAlone();
     result.from = m_from;
-    result.lifetime = lifetime();
+    result.lifetime = lifetime(silence());
     result.known = m_link->knownLdbs().size();
-    result.lost = result.known - m_link->connectedLdbs().size();
+    result.awaited = awaitedLdbs();
+    result.lost = result.known - result.awaited - m_link->connectedLdbs().size();
     if (m_state == State::Polling) {
         const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
-        if (result.now - heard > result.lifetime) {
+        const qint64 silent = std::min(silence() + turns(), kLongestQuiet);
+        if (result.now - heard > std::max(lifetime(0), silent)) {
             result.state = State::NoAnswer;
             result.since = heard;
         }
@@ -67,26 +89,67 @@ Monitoring Monitor::monitoring() const
     return result;
 }
 
-qint64 Monitor::lifetime() const
+int Monitor::awaitedLdbs() const
 {
-    return std::clamp(kRounds * kTurn * m_link->knownLdbs().size(), kShortestLife,
-                      Monitoring::kLongestLife);
+    const QStringList known = m_link->knownLdbs();
+    return static_cast<int>(std::count_if(known.begin(), known.end(), [this](const QString& hexId) {
+        return m_link->isAwaited(hexId);
+    }));
+}
+
+qint64 Monitor::turns() const
+{
+    return kTurn * m_link->knownLdbs().size();
+}
+
+qint64 Monitor::silence() const
+{
+    return std::accumulate(m_silences.begin(), m_silences.end(), qint64(0));
+}
+
+qint64 Monitor::lifetime(qint64 silence) const
+{
+    return std::clamp(kRounds * (turns() + silence), kShortestLife, Monitoring::kLongestLife);
+}
+
+void Monitor::processExchange(const Exchange& exchange)
+{
+    if (!isPoll(exchange.kind)) {
+        return;
+    }
+    if (exchange.outcome != ExchangeOutcome::Silent) {
+        m_silences.remove(exchange.hexId);
+        return;
+    }
+    const qint64 waited = m_wallTime() - exchange.sentAt / kMicrosecondsPerMillisecond;
+    m_silences.insert(exchange.hexId, kQuestions * std::clamp(waited, qint64(0), kLongestSilence));
 }
 
 void Monitor::begin()
 {
     m_failedPort.clear();
+    m_silences.clear();
     m_isOpen = false;
+    m_isScanning = false;
     m_from = now();
     pause(State::Scanning);
 }
 
 void Monitor::processScan(bool isOn)
 {
-    m_isOpen = true;
+    m_isScanning = isOn;
     if (isOn) {
         m_from = now();
         pause(State::Scanning);
+    } else {
+        poll();
+    }
+}
+
+/// Also where a run begins without a scan.
+void Monitor::poll()
+{
+    if (m_isScanning || m_state == State::Polling || !m_isOpen) {
         return;
     }
     m_state = State::Polling;

@@ -2,11 +2,13 @@
 
 #include "serial/ldb/monitoring.h"
 
+#include <QHash>
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
 
+struct Exchange;
 class SerialLink;
 
 /// Composes what is monitored, from what the link tells: the one place that decides it. Knows no
@@ -28,12 +30,19 @@ signals:
 private:
     void begin();
     void processScan(bool isOn);
+    void poll();
     void processFailure(const QString& portName);
     void end();
     void pause(Monitoring::State state);
+    void processExchange(const Exchange& exchange);
     void processRecord(const QList<QStringList>& dataList);
     qint64 now() const;
-    qint64 lifetime() const;
+    int awaitedLdbs() const;
+    /// How long a round lasts on which all is well, ms.
+    qint64 turns() const;
+    /// How much longer it lasts for those that do not answer, ms.
+    qint64 silence() const;
+    qint64 lifetime(qint64 silence) const;
     void tell() { emit changed(monitoring()); }
 
     const SerialLink* m_link;
@@ -44,6 +53,9 @@ private:
     qint64 m_from = 0;             ///< the last scan began
     qint64 m_polledSince = 0;      ///< the last scan ended
     std::optional<qint64> m_lastAnswer;
+    /// Of each LDB that has not answered its last question and is not lost, ms of a round.
+    QHash<QString, qint64> m_silences;
     QString m_failedPort;
     bool m_isOpen = false; ///< the port, in this run
+    bool m_isScanning = false;
 };

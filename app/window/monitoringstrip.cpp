@@ -18,8 +18,9 @@ QString groundOf(const Monitoring& monitoring)
     if (!monitoring.isPolling()) {
         return colours::kNotMonitored;
     }
-    return monitoring.isWhole() && monitoring.lost == 0 ? colours::kMonitored
-                                                        : colours::kPartlyMonitored;
+    return monitoring.isWhole() && monitoring.lost == 0 && monitoring.awaited == 0
+               ? colours::kMonitored
+               : colours::kPartlyMonitored;
 }
 
 } // namespace
@@ -28,19 +29,23 @@ MonitoringStrip::MonitoringStrip(QWidget* parent)
     : QFrame(parent)
     , m_text(new QLabel(this))
     , m_dismiss(new QPushButton(this))
+    , m_endWaiting(new QPushButton(this))
 {
     m_text->setObjectName(QStringLiteral("monitoringLabel"));
     m_dismiss->setObjectName(QStringLiteral("dismissLostButton"));
+    m_endWaiting->setObjectName(QStringLiteral("endWaitingButton"));
     setAutoFillBackground(true);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kSideMargin, kMargin, kMargin, kMargin);
     layout->addWidget(m_text, 1);
+    layout->addWidget(m_endWaiting);
     layout->addWidget(m_dismiss);
     // The strip keeps its height when the button goes.
     QSizePolicy policy = m_dismiss->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_dismiss->setSizePolicy(policy);
     connect(m_dismiss, &QPushButton::clicked, this, &MonitoringStrip::dismissLost);
+    connect(m_endWaiting, &QPushButton::clicked, this, &MonitoringStrip::endWaiting);
     refresh();
 }
 
@@ -50,9 +55,19 @@ void MonitoringStrip::setMonitoring(const Monitoring& monitoring)
     refresh();
 }
 
+void MonitoringStrip::setWaiting(bool isWaiting)
+{
+    m_isWaiting = isWaiting;
+    refresh();
+}
+
 void MonitoringStrip::refresh()
 {
-    m_text->setText(text(m_monitoring));
+    const QString state = text(m_monitoring);
+    m_text->setText(m_isWaiting ? tr("%1; waiting for it to come back").arg(state) : state);
+    m_endWaiting->setText(tr("End Waiting"));
+    m_endWaiting->setToolTip(tr("Do not go on by itself when the port is back"));
+    m_endWaiting->setVisible(m_isWaiting);
     m_dismiss->setText(tr("Dismiss Lost LDBs"));
     m_dismiss->setToolTip(tr("Take the lost LDBs out of the list; a scan that finds one brings it "
                              "back"));
@@ -63,6 +78,7 @@ void MonitoringStrip::refresh()
     if (palette().color(QPalette::Window) != colours.color(QPalette::Window)) {
         setPalette(colours);
         m_dismiss->setPalette(QPalette());
+        m_endWaiting->setPalette(QPalette());
     }
 }
 
@@ -82,6 +98,13 @@ QString MonitoringStrip::text(const Monitoring& monitoring)
         if (!monitoring.polledAlone.isEmpty()) {
             return tr("Only LDB %1 is polled.").arg(monitoring.polledAlone);
         }
+        if (monitoring.awaited > 0) {
+            return tr("Monitored: %1 of %2 LDBs answer, %3 lost, %4 not heard yet.")
+                .arg(monitoring.known - monitoring.lost - monitoring.awaited)
+                .arg(monitoring.known)
+                .arg(monitoring.lost)
+                .arg(monitoring.awaited);
+        }
         return monitoring.lost == 0 ? tr("Monitored: %n LDBs answer.", nullptr, monitoring.known)
                                     : tr("Monitored: %1 of %2 LDBs answer, %3 lost.")
                                           .arg(monitoring.known - monitoring.lost)
@@ -96,7 +119,8 @@ QString MonitoringStrip::text(const Monitoring& monitoring)
         reason = tr("no LDB was found");
         break;
     case Monitoring::State::PortNotOpened:
-        reason = tr("%1 cannot be opened").arg(monitoring.portName);
+        reason = monitoring.portName.isEmpty() ? tr("no serial port is chosen")
+                                               : tr("%1 cannot be opened").arg(monitoring.portName);
         break;
     case Monitoring::State::ConnectionLost:
         reason = tr("the connection to %1 was lost").arg(monitoring.portName);

@@ -16,6 +16,8 @@ public:
     explicit MonitoringStrip(QWidget* parent = nullptr);
 
     void setMonitoring(const Monitoring& monitoring);
+    /// Whether the program waits for the port, which the user can end.
+    void setWaiting(bool isWaiting);
 
     /// What the strip says, in the language in force.
     static QString text(const Monitoring& monitoring);
@@ -23,6 +25,8 @@ public:
 signals:
     /// The user gives up all lost LDBs.
     void dismissLost();
+    /// The user waits for the port no more.
+    void endWaiting();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -33,4 +37,6 @@ private:
     Monitoring m_monitoring;
     QLabel* m_text;
     QPushButton* m_dismiss;
+    QPushButton* m_endWaiting;
+    bool m_isWaiting = false;
 };

@@ -30,17 +30,21 @@ EnabledControls enabledControls(const LinkSituation& situation)
         situation.state == LdbState::Disconnected && !situation.initialising, Hindrance::LdbLost);
     const Hindrance saving = when(situation.saving, Hindrance::Saving);
     const Hindrance transferring = when(situation.transferring, Hindrance::Transferring);
+    const Hindrance unsettled = when(situation.unsettled, Hindrance::Unsettled);
+    const Hindrance finding = when(situation.faultFinding, Hindrance::FaultFinding);
     const Hindrance service =
         when(situation.state == LdbState::ServiceMode, Hindrance::ServiceMode);
 
     EnabledControls controls;
-    // A scan would take the LDBs away from under a transfer, and a second one the bus.
-    controls.reload = unless({scanning, transferring});
-    controls.transfer = unless({stopped, scanning, transferring});
+    // A scan would take the LDBs away from under a transfer or a fault finding, and a second one
+    // the bus.
+    controls.reload = unless({scanning, transferring, finding});
+    controls.transfer = unless({stopped, scanning, unsettled, transferring, finding});
     // A lost LDB must not hold the selection.
     controls.selection = unless({stopped, scanning, saving});
-    controls.allActions = unless({stopped, scanning, saving, transferring});
-    controls.singleActions = unless({stopped, scanning, none, lost, saving, transferring});
+    controls.allActions = unless({stopped, scanning, unsettled, saving, transferring, finding});
+    controls.singleActions =
+        unless({stopped, scanning, unsettled, none, lost, saving, transferring, finding});
     // Also in service mode: without, an LDB that starts in it could never be told not to.
     controls.settings = controls.singleActions;
     controls.editing = unless({stopped, none, lost});
@@ -65,14 +69,28 @@ RunControl::RunControl(SerialLink* link, QObject* parent)
 
 void RunControl::start()
 {
-    if (m_link->isRunning()) {
-        return;
+    if (!m_link->isRunning()) {
+        begin(m_plan ? m_plan() : StartPlan());
     }
-    // Every run begins with a scan; its own signal comes only when the port is open.
-    m_situation.initialising = true;
+}
+
+void RunControl::resume(const QString& portName, const StartPlan& plan)
+{
+    if (!m_link->isRunning()) {
+        m_link->setStart(plan);
+        m_link->setPortName(portName);
+        begin(plan);
+    }
+}
+
+void RunControl::begin(const StartPlan& plan)
+{
+    // Where a run begins with a scan, its own signal comes only when the port is open.
+    m_situation.initialising = plan.kind == StartPlan::Kind::Scan;
+    m_link->setStart(plan);
     m_link->start();
     if (m_link->isRunning()) {
-        emit begun();
+        emit begun(plan.kind == StartPlan::Kind::Resume);
         emit enabledChanged();
     }
 }
@@ -110,6 +128,18 @@ void RunControl::setSaving(bool saving)
 void RunControl::setTransferring(bool transferring)
 {
     m_situation.transferring = transferring;
+    emit enabledChanged();
+}
+
+void RunControl::setUnsettled(bool unsettled)
+{
+    m_situation.unsettled = unsettled;
+    emit enabledChanged();
+}
+
+void RunControl::setFaultFinding(bool faultFinding)
+{
+    m_situation.faultFinding = faultFinding;
     emit enabledChanged();
 }
 

@@ -2,9 +2,13 @@
 
 #include "app/shared/enabledcontrols.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/startplan.h"
 
 #include <QObject>
 #include <QString>
+
+#include <functional>
+#include <utility>
 
 class SerialLink;
 
@@ -17,6 +21,8 @@ struct LinkSituation
     LdbState state = LdbState::Disconnected; ///< of the selected LDB
     bool saving = false;                     ///< the editor waits for the LDB to store its settings
     bool transferring = false;               ///< an export or import is on
+    bool unsettled = false;                  ///< which installation answers is not known
+    bool faultFinding = false;               ///< a run of it is on
 };
 
 /// The one place that knows which situation enables what, and what hinders the rest.
@@ -31,8 +37,12 @@ public:
     /// `link` outlives this object.
     explicit RunControl(SerialLink* link, QObject* parent = nullptr);
 
-    /// Begins a run, with a scan; does nothing while one is on.
+    /// How a run that the user begins finds its LDBs; a scan where nobody says.
+    void setPlan(std::function<StartPlan()> plan) { m_plan = std::move(plan); }
+    /// Begins a run; does nothing while one is on.
     void start();
+    /// Begins a run on that port because it is back.
+    void resume(const QString& portName, const StartPlan& plan);
     /// Scans anew, or begins a run.
     void reload();
     /// Ends the run and begins one on another port.
@@ -43,13 +53,17 @@ public:
     void setSaving(bool saving);
     bool isSaving() const { return m_situation.saving; }
     void setTransferring(bool transferring);
+    /// Nothing may be written while it is not known which installation answers.
+    void setUnsettled(bool unsettled);
+    void setFaultFinding(bool faultFinding);
 
     EnabledControls enabled() const;
     /// Whether a scan is on, or has been asked for.
     bool isScanning() const { return m_situation.initialising; }
 
 signals:
-    void begun();
+    /// A run begins; `isResumed`: it goes on with the one before.
+    void begun(bool isResumed);
     /// A scan begins, the port being open, or has ended, also with its run.
     void scanning(bool isOn);
     /// No run is on any more.
@@ -62,6 +76,7 @@ signals:
     void settingsStale();
 
 private:
+    void begin(const StartPlan& plan);
     void processScan(bool isOn);
     void processEnd();
     void processState(const QString& hexId, LdbState state);
@@ -69,4 +84,5 @@ private:
     SerialLink* m_link;
     LinkSituation m_situation; ///< but for what the link knows itself
     QString m_selectedLdb;
+    std::function<StartPlan()> m_plan;
 };

@@ -5,6 +5,7 @@
 #include "app/transfer/settingstransfer.h"
 #include "docs/screenshots/trackingscene.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -206,12 +207,17 @@ void shootBox(Stage& stage, const QString& name)
     Stage::pass(1);
 }
 
-/// What an import would change, and the yes to it.
+/// What an import would change, in the table and in the preview, and the yes to it.
 void confirmImport(Stage& stage, const QString& name)
 {
-    auto* preview = stage.waitForWindow<QDialog>(QStringLiteral("importPreview"), kTransferSeconds);
+    auto* table =
+        stage.waitForWindow<QWidget>(QStringLiteral("settingsTableWindow"), kTransferSeconds);
+    Stage::pass(kTransferSeconds);
+    stage.shoot(table, QStringLiteral("%1-table").arg(name));
+    table->findChild<QAction*>(QStringLiteral("write"))->trigger();
+    auto* preview = stage.waitForWindow<QDialog>(QStringLiteral("writePreview"), kTransferSeconds);
     stage.shoot(preview, name);
-    preview->findChild<QPushButton*>(QStringLiteral("importWriteButton"))->click();
+    preview->findChild<QPushButton*>(QStringLiteral("previewWriteButton"))->click();
     Stage::pass(1);
 }
 
@@ -228,6 +234,8 @@ void transfer(const Stage::Options& options)
     work->importFrom(exported);
     confirmImport(stage, QStringLiteral("import-preview"));
     shootBox(stage, QStringLiteral("import-failed"));
+    stage.shoot(stage.waitForWindow<QWidget>(QStringLiteral("settingsTableWindow"), 1),
+                QStringLiteral("settings-table-written"));
     const QString corrected = stage.path(QStringLiteral("site-hex.csv"));
     writeWithHexIds(contentOf(exported), corrected);
     work->importFrom(corrected);

@@ -131,7 +131,7 @@ LdbRoster::Proof LdbRoster::prove(const QString& hexId, bool isSilent, const Mom
 
 PollSchedule::Turn LdbRoster::nextTurn(const Moment& moment)
 {
-    const PollSchedule::Turn turn = m_schedule.next();
+    PollSchedule::Turn turn = m_schedule.next();
     if (turn.endsRound) {
         m_telling.tell(event::RoundEnded{});
     }

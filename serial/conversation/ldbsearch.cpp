@@ -41,7 +41,7 @@ bool LdbSearch::begin(const StartPlan& plan, const Moment& moment)
 std::optional<QString> LdbSearch::nextBeforeTurn(const Moment& moment)
 {
     if (isScanDue()) {
-        if (const auto hexId = nextOfScan(moment)) {
+        if (auto hexId = nextOfScan(moment)) {
             return hexId;
         }
         if (isScanDue()) { // asked for while this one ran

@@ -46,7 +46,7 @@ void PollSchedule::restart()
 PollSchedule::Turn PollSchedule::next()
 {
     m_wasAgain = isAgainDue();
-    const Turn turn = m_wasAgain ? Turn{Turn::Kind::Again, m_again.front().hexId} : nextOfRound();
+    Turn turn = m_wasAgain ? Turn{Turn::Kind::Again, m_again.front().hexId} : nextOfRound();
     dropAgain(turn.hexId);
     for (Again& again : m_again) {
         ++again.others;

@@ -112,6 +112,21 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
     return rows;
 }
 
+QList<QStringList> awaitedRows(const QString& hexId, const QString& deviceName)
+{
+    constexpr int kNoState = -1;
+    QList<QStringList> rows;
+    rows.reserve(RowCount);
+    rows << codeRow(hexId, busaddress::fromHexId(hexId))
+         << QStringList{deviceName, kNameValue, deviceName}
+         << codeRow(Texts::tr("Not heard yet"), kNoState);
+    for (int row = LoopRow; row <= AmplifierRow; ++row) {
+        rows << QStringList{kNoValue};
+    }
+    rows << QStringList{QString(), QString()};
+    return rows;
+}
+
 QString field(const QList<QStringList>& rows, Row row, Column column)
 {
     return rows.value(row).value(column);

@@ -58,6 +58,10 @@ QList<QStringList> buildRows(const QString& hexId, const QString& deviceName,
                              const LdbStatus& status, const QString& timestampSeconds,
                              const QString& timestampMilliseconds);
 
+/// What an overview shows of an LDB that is remembered and has not been heard: no record, and no
+/// LDB in any state.
+QList<QStringList> awaitedRows(const QString& hexId, const QString& deviceName);
+
 /// The string at a position, empty where the record has none.
 QString field(const QList<QStringList>& rows, Row row, Column column);
 

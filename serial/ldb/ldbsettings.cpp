@@ -32,6 +32,11 @@ constexpr int kWordDigits = 4;
 constexpr unsigned kByteBits = 8;
 constexpr int kLongestNoFirmware = 10;
 
+QString decodedName(const QByteArray& bytes)
+{
+    return hextext::decoded(bytes, QTextCodec::codecForLocale());
+}
+
 } // namespace
 
 std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
@@ -54,7 +59,10 @@ std::optional<LdbSettings> decodeLdbSettings(const QByteArray& answer)
     settings.address = static_cast<int>(*address);
     // A name written on a computer of another encoding stays readable, and saving the record does
     // not fill it with replacement characters.
-    settings.name = hextext::decoded(QByteArray::fromHex(name), QTextCodec::codecForLocale());
+    settings.nameBytes = QByteArray::fromHex(name);
+    settings.nameBytes.truncate(static_cast<int>(
+        qstrnlen(settings.nameBytes.constData(), static_cast<uint>(settings.nameBytes.size()))));
+    settings.name = decodedName(settings.nameBytes);
     for (unsigned bit = 0; bit < std::size(kFlags); ++bit) {
         settings.*kFlags[bit] = (*flags >> bit & 1U) != 0;
     }
@@ -93,6 +101,14 @@ bool isStorableName(const QString& name)
 QByteArray encodeName(const QString& name)
 {
     return hextext::fromBytes(name.toLocal8Bit());
+}
+
+QByteArray encodeName(const LdbSettings& settings)
+{
+    const bool isAsRead = !settings.nameBytes.isEmpty() &&
+                          settings.nameBytes.size() <= kMaxNameBytes &&
+                          decodedName(settings.nameBytes) == settings.name;
+    return isAsRead ? hextext::fromBytes(settings.nameBytes) : encodeName(settings.name);
 }
 
 QByteArray encodeFlags(const LdbSettings& settings)

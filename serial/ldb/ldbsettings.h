@@ -42,6 +42,8 @@ struct LdbSettings
 {
     int address = 0; ///< bus address 1 to 253
     QString name;
+    /// The name as it was read; nothing for one that was typed. It may be of another encoding.
+    QByteArray nameBytes = {};
     bool generalFaultOutput = false;
     bool earthLeakageDetection = false;
     bool earthWireOpenDetection = false;
@@ -71,6 +73,8 @@ bool isStorableName(const QString& name);
 
 // Value texts of the five parameters that can be written, as they stand in a `ChangeCommand`.
 QByteArray encodeName(const QString& name);
+/// The bytes that were read, where the name is still theirs.
+QByteArray encodeName(const LdbSettings& settings);
 QByteArray encodeFlags(const LdbSettings& settings);
 QByteArray encodeAudioMute(bool muted);
 /// Delay and FIM count: low byte first. Values above 255 give more than four digits, which is what

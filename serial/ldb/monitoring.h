@@ -37,7 +37,8 @@ struct Monitoring
     qint64 from = 0;                ///< records of before are not live
     qint64 lifetime = kLongestLife; ///< ms that a record is live
     int known = 0;                  ///< LDBs known, lost ones included
-    int lost = 0;                   ///< those of them that do not answer
+    int lost = 0;                   ///< those of them that do not answer any more
+    int awaited = 0;                ///< those of them that have not been heard yet
 
     bool isPolling() const { return state == State::Polling; }
     /// Whether the whole bus is polled.

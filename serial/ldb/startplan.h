@@ -4,7 +4,8 @@
 
 #include <vector>
 
-/// An LDB that is remembered from an earlier run. `name` may be empty.
+/// An LDB that is remembered from an earlier run. `name` is empty where it has none, and null where
+/// it was never told.
 struct KnownLdb
 {
     QString hexId;

@@ -2,8 +2,20 @@
 
 #include "serial/link/serialbusport.h"
 
+#include <QFileInfo>
+#include <QSerialPortInfo>
+
 PortSource PortSource::serialPorts()
 {
-    return {[](const QString& portName) { return std::make_unique<SerialBusPort>(portName); },
-            Thread::Worker, QDateTime::currentMSecsSinceEpoch};
+    PortSource source;
+    source.make = [](const QString& portName) {
+        return std::make_unique<SerialBusPort>(portName);
+    };
+    return source;
+}
+
+bool PortSource::isSystemPort(const QString& portName)
+{
+    // By its path where it is no port of the system's list.
+    return QFileInfo::exists(portName) || !QSerialPortInfo(portName).isNull();
 }

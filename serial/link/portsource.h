@@ -1,10 +1,13 @@
 #pragma once
 
+#include "serial/link/portidentity.h"
+
 #include <QDateTime>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class BusPort;
 
@@ -24,7 +27,15 @@ struct PortSource
     /// The clock of those ports, for whoever compares times with those of the records: ms since
     /// 1970 UTC. Any thread.
     std::function<qint64()> wallTime = QDateTime::currentMSecsSinceEpoch;
+    /// The ports that there are now, with what tells them apart. GUI thread.
+    std::function<std::vector<PortIdentity>()> list = systemPortIdentities;
+    /// Whether there is a port of that name, listed or not (pseudo-terminals are not): it may be
+    /// tried. GUI thread.
+    std::function<bool(const QString& portName)> isThere = isSystemPort;
 
     /// The system's serial ports.
     static PortSource serialPorts();
+
+private:
+    static bool isSystemPort(const QString& portName);
 };

@@ -268,6 +268,7 @@ LdbState SerialLink::stateOf(const QString& hexId) const
 void SerialLink::followRun()
 {
     using Processor = SerialProcessor;
+    follow(&Processor::opened, &SerialLink::opened);
     follow(&Processor::stopped, &SerialLink::stop);
     follow(&Processor::exchanged, &SerialLink::exchanged);
     follow(&Processor::roundBegun, &SerialLink::roundBegun);

@@ -39,6 +39,7 @@ public:
     /// known are forgotten, unless the run is to resume the one before: then `setStart` comes
     /// first.
     void setPortName(const QString& portName);
+    QString portName() const { return m_portName; }
 
     /// How the next run finds its LDBs; the one behind it scans again. Only while no run is on.
     void setStart(const StartPlan& plan);
@@ -92,6 +93,8 @@ public:
 
 signals:
     void started();
+    /// The port is open: what fails from now on is a port that was there.
+    void opened();
     void stopped();
     /// A transmission and what became of it; each one, in order.
     void exchanged(const Exchange& exchange);

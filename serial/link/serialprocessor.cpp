@@ -68,6 +68,7 @@ bool SerialProcessor::start()
     }
     connect(m_port.get(), &BusPort::readyRead, this, &SerialProcessor::readData);
     connect(m_port.get(), &BusPort::broken, this, &SerialProcessor::failPort);
+    emit opened();
     m_conversation.start(moment(), std::exchange(m_plan, {}));
     pump();
     return true;

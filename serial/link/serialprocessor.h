@@ -87,6 +87,8 @@ public:
     void appendCommand(std::unique_ptr<ISerialCommand> command);
 
 signals:
+    /// The port is open. Once a run.
+    void opened();
     void stopped();
     void ldbListInitializationStateChange(bool initializing);
     /// Addresses probed (1 to 253) and LDBs found so far.

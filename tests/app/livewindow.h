@@ -120,9 +120,17 @@ protected:
         }
         return true;
     }
+    int detailsHeight() const
+    {
+        return child<QTableView>("deviceDetailTableView")->verticalHeader()->length();
+    }
     QString detailTime() const
     {
         return child<QTableView>("deviceDetailTableView")->model()->index(10, 1).data().toString();
+    }
+    QString detailAge() const
+    {
+        return child<QTableView>("deviceDetailTableView")->model()->index(10, 0).data().toString();
     }
     QColor curveColour(const char* name) const
     {

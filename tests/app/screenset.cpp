@@ -8,7 +8,8 @@
 #include "app/notices/statusbardisplay.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/putback/putbacktexts.h"
-#include "app/transfer/importpreview.h"
+#include "app/settingstable/settingstablewindow.h"
+#include "app/settingstable/writepreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "app/window/monitoringstrip.h"
@@ -170,9 +171,10 @@ ScreenSet::~ScreenSet() = default;
 QStringList ScreenSet::names()
 {
     return kMainWindows + kBoxes + kTrackingWindows +
-           QStringList{"settings",        "about",       "manual",
-                       "status-bar",      "transfer",    "preview-hexadecimal",
-                       "preview-decimal", "question-all"};
+           QStringList{"settings",        "about",        "manual",
+                       "status-bar",      "transfer",     "preview-hexadecimal",
+                       "preview-decimal", "question-all", "table",
+                       "table-former"};
 }
 
 QWidget* ScreenSet::open(const QString& name)
@@ -195,6 +197,8 @@ QWidget* ScreenSet::open(const QString& name)
         window = openTransfer();
     } else if (name.startsWith("preview")) {
         window = openPreview(detail == "decimal");
+    } else if (name.startsWith("table")) {
+        window = openTable(detail == "former");
     } else if (name == "question-all") {
         window = openQuestion();
     } else {
@@ -395,9 +399,45 @@ QWidget* ScreenSet::openPreview(bool isDecimal)
                           "12;Stairs;1;1;5;1;0;0;0;20;F\n"
                           "A4;Hall;1;1;5;1;0;0;0;20;F\n"
                           "233;Roof;1;1;5;1;0;0;0;20;F\n");
-    return keep(std::make_unique<ImportPreview>(
-        ImportPlan::make(file, isDecimal ? IdReading::Decimal : IdReading::Hexadecimal, bus),
-        "/home/site/Device List[14112026_211530].csv", nullptr));
+    const ImportPlan plan =
+        ImportPlan::make(file, isDecimal ? IdReading::Decimal : IdReading::Hexadecimal, bus);
+    std::vector<LdbChange> changes;
+    for (const ImportPlan::Entry& entry : plan.entries) {
+        if (!entry.comparison.isSame()) {
+            changes.push_back(
+                {entry.line.hexId,
+                 {entry.comparison.wanted, entry.comparison.fields, entry.comparison.present}});
+        }
+    }
+    return keep(std::make_unique<WritePreview>(changes, plan.problems, nullptr));
+}
+
+/// With every kind of cell, and both strips.
+QWidget* ScreenSet::openTable(bool isFormer)
+{
+    QWidget* window = openMainWindow("openShortLeakPage");
+    auto* table = window->findChild<SettingsTableWindow*>();
+    auto* model = table->findChild<SettingsTableModel*>();
+    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
+        const QString hexId = busaddress::toHexId(address);
+        LdbSettings settings = *decodeLdbSettings(TestBus::record(hexId.toLatin1()), hexId);
+        settings.name = "Control room E";
+        model->takeReading({hexId, settings, "TC-LDB V02.14.003"}, QDateTime::currentDateTime());
+    }
+    const QString path = QStringLiteral("Device List[14112026_211530].csv");
+    m_sandbox.writeFile(path, "7;LDB 07;0;1;12;1;1;1;1;33;F\n10;LDB 0A;1;1;10;1;0;0;0;25;F\n"
+                              "233;Roof;1;1;5;1;0;0;0;20;F\n");
+    QMetaObject::invokeMethod(table, "importFile", Q_ARG(QString, m_sandbox.path(path)));
+    if (isFormer) {
+        const FormerSettingsStore store;
+        store.keep({QDateTime::currentDateTime(),
+                    FormerSettings::Occasion::Import,
+                    path,
+                    {model->rows().front().shown(), model->rows().back().shown()}});
+        table->findChild<QAction*>("former")->trigger();
+        return table->findChild<QDialog*>("formerList");
+    }
+    return table;
 }
 
 QWidget* ScreenSet::openQuestion()

@@ -2,6 +2,7 @@
 
 #include "app/notices/linknotices.h"
 #include "app/notices/notices.h"
+#include "tests/support/sandbox.h"
 
 #include <QStatusBar>
 #include <QStringList>
@@ -34,10 +35,12 @@ private:
     QWidget* openManual();
     QWidget* openTransfer();
     QWidget* openPreview(bool isDecimal);
+    QWidget* openTable(bool isFormer);
     QWidget* openQuestion();
     QWidget* openStatusBar();
     QWidget* keep(std::unique_ptr<QWidget> window);
 
+    Sandbox m_sandbox;
     VirtualTime* m_time;
     QWidget m_desk; ///< what smaller windows open over
     QStatusBar m_bar;

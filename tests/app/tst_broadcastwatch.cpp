@@ -2,7 +2,6 @@
 #include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LdbControl)

@@ -1,5 +1,4 @@
 #include "app/ldbsettings/ldbsettingsedit.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LdbField)

@@ -55,9 +55,11 @@ private slots:
         since = clock();
         const ExpectWarning warning("^Port ");
         m_bus->cut();
-        WAIT_COMPARE(strip(),
-                     QStringLiteral("Not monitored since %1: the connection to test bus was lost")
-                         .arg(since));
+        WAIT_COMPARE(
+            strip(),
+            QStringLiteral("Not monitored since %1: the connection to test bus was lost; waiting "
+                           "for it to come back")
+                .arg(since));
         click("startButton");
         WAIT_COMPARE(
             strip(),
@@ -90,6 +92,7 @@ private slots:
         QCOMPARE(age(kLdbs.at(1)), QString());
         const QColor former = loopTextColour();
         QCOMPARE(curveColour("VPri"), QColor("red"));
+        const int heightOfDetails = detailsHeight();
 
         const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
         if (event == "stop") {
@@ -118,7 +121,9 @@ private slots:
                                                    : QStringLiteral("Only LDB 03 is polled.")),
                  qPrintable(strip()));
         if (live.isEmpty()) {
-            QVERIFY2(detailTime().contains(" s ago"), qPrintable(detailTime()));
+            QVERIFY2(detailAge().endsWith(" s ago"), qPrintable(detailAge()));
+            // On a small laptop there is no room for one more line.
+            QCOMPARE(detailsHeight(), heightOfDetails);
             QVERIFY(curveColour("VPri") != QColor("red"));
             VirtualTime::current()->advance(600000);
             QCOMPARE(age(kLdbs.at(1)), "10 min");
@@ -140,6 +145,26 @@ private slots:
             }
             QCOMPARE(gaps, 1);
         }
+    }
+
+    /// What holds a small bus up does not make those look old that answer.
+    void silentLdbsLeaveTheOthersLive()
+    {
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=1000\n");
+        const QStringList present{kLdbs.first(), "11", "12"};
+        start(present + QStringList{"20", "21"});
+        m_bus->setPresent(present);
+        for (int second = 0; second < 60; ++second) {
+            VirtualTime::current()->advance(1000);
+            for (const QString& hexId : present) {
+                QVERIFY2(isLive(hexId), qPrintable(age(hexId)));
+            }
+            QVERIFY2(strip().startsWith("Monitored: "), qPrintable(strip()));
+        }
+        // Each round takes longer than a value lives where all is well.
+        m_bus->setPresent({});
+        VirtualTime::current()->advance(40000);
+        QVERIFY(!isLive(kLdbs.first()));
     }
 
     void lostLdbHasNoValues()
@@ -186,17 +211,13 @@ private slots:
         QCOMPARE(label("countLabel"), "2 of 3 answer, 1 lost.");
         WAIT_COMPARE(m_window->findChildren<MessageBox*>().size(), 1);
         closeBoxes();
-        for (const char* button : {"reloadDevicesButton", "startButton"}) {
-            click(button);
-            if (!child<QPushButton>("startButton")->isChecked()) {
-                click(button);
-            }
-            WAIT_VERIFY(strip().contains("scanned"));
-            QCOMPARE(overview()->model()->rowCount(), 3);
-            WAIT_COMPARE(strip(), "Monitored: 2 of 3 LDBs answer, 1 lost.");
-            QCOMPARE(text(lost, overview::PrimaryVoltageColumn), kDash);
-            QCOMPARE(causes().size(), 1);
-        }
+        click("reloadDevicesButton");
+        WAIT_VERIFY(strip().contains("scanned"));
+        QCOMPARE(overview()->model()->rowCount(), 3);
+        WAIT_COMPARE(strip(), "Monitored: 2 of 3 LDBs answer, 1 lost.");
+        QCOMPARE(text(lost, overview::PrimaryVoltageColumn), kDash);
+        QCOMPARE(causes().size(), 1);
+
         VirtualTime::current()->advance(5000);
         QVERIFY(m_window->findChildren<MessageBox*>().isEmpty());
 
@@ -233,7 +254,7 @@ private slots:
         QCOMPARE(cell(kLdbs.at(1), overview::TickColumn).data(Qt::CheckStateRole).toInt(),
                  int(Qt::Checked));
         click("startButton");
-        WAIT_COMPARE(strip(), "Monitored: 1 of 2 LDBs answer, 1 lost.");
+        WAIT_COMPARE(strip(), "Monitored: 1 of 2 LDBs answer, 0 lost, 1 not heard yet.");
         QCOMPARE(overview()->model()->rowCount(), 2);
     }
 

@@ -3,8 +3,8 @@
 #include "app/shared/usersettings.h"
 #include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/views.h"
 #include "views/log/filelogger.h"
 
 #include <QtWidgets>
@@ -71,6 +71,7 @@ private slots:
         group.startStop.click();
         QCOMPARE(group.startStop.text(), "Stop");
         QVERIFY(group.editableIs(false));
+        QCOMPARE(shownTip(&group.interval), "A log is being written: stop it first.");
         for (const char* time : {"10:00:00", "10:00:04", "10:00:05"}) {
             group.process("01", time);
         }

@@ -1,14 +1,14 @@
 #include "app/notices/messagebox.h"
 #include "app/preferences/settingsmenu.h"
+#include "app/settingstable/settingstablewindow.h"
+#include "app/settingstable/writepreview.h"
 #include "app/shared/usersettings.h"
-#include "app/transfer/importpreview.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/mainwindow.h"
 #include "app/window/windowlook.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 #include "tracking/faultfinding/fimtracking.h"
@@ -113,7 +113,11 @@ private slots:
         button("ldbResetButton")->click();
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->informativeText(),
-                 "Port test bus is gone: the adapter was unplugged. Plug it in and start again.");
+                 "Port test bus is gone: the adapter was unplugged. Plug it in.\n"
+                 "The program waits for the port, and goes on by itself when it is back.");
+        // All behind the box can be used.
+        QCOMPARE(boxes().constFirst()->windowModality(), Qt::NonModal);
+        QVERIFY(button("endWaitingButton")->isVisible());
         QCOMPARE(m_window->statusBar()->currentMessage(), "LDB 03 did not answer: LDB reset.");
         QVERIFY(!button("startButton")->isChecked());
         QCOMPARE(label("countLabel"), kFailed);
@@ -121,11 +125,29 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(boxes().size(), 1);
 
-        // And works again when the line does.
+        // And works again when the line does, by itself; what was asked before is not sent again.
+        m_bus->setScript({});
+        m_bus->clearRequests();
         m_bus->restore();
-        button("startButton")->click();
         WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        VirtualTime::current()->advance(60000);
+        QVERIFY(button("startButton")->isChecked());
+        QVERIFY(boxes().isEmpty() && !button("endWaitingButton")->isVisible());
+        QCOMPARE(m_bus->writes(), QList<QByteArray>());
+        QVERIFY(!m_bus->requests().contains("FE0373780001"));
         QCOMPARE(label("countLabel"), "Available LDB's: 3.");
+    }
+
+    void noPortIsChosen()
+    {
+        userSettings().remove(constants::kComPortKey);
+        m_window = std::make_unique<MainWindow>(); // on the ports of this machine
+        m_window->show();
+        const ExpectWarning warning("^Port ");
+        button("startButton")->click();
+        QTRY_COMPARE(boxes().size(), 1);
+        QVERIFY(boxes().constFirst()->informativeText().startsWith("No serial port is chosen."));
+        QCOMPARE(label("monitoringLabel"), "Not monitored: no serial port is chosen");
     }
 
     void otherPort()
@@ -338,9 +360,17 @@ private slots:
         WAIT_VERIFY(settingsState().contains("Changed by somebody else meanwhile: Name (Shed)"));
         QCOMPARE(name->text(), "Roof");
 
-        // Where a scan does not find the LDB any more, it is told what is lost.
+        // An LDB that a scan does not find any more stays, as a lost one; its edits are told when
+        // it is dismissed.
         m_bus->setPresent({"0A"});
         button("reloadDevicesButton")->click();
+        WAIT_VERIFY(child<QPushButton>("dismissLostButton")->isVisible());
+        QCOMPARE(detail(0), "03");
+        QCOMPARE(name->text(), "Roof");
+        for (MessageBox* box : boxes()) {
+            delete box;
+        }
+        button("dismissLostButton")->click();
         WAIT_COMPARE(detail(0), "0A");
         QCOMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), "LDB 03 is gone. These changes were not saved:");
@@ -519,41 +549,47 @@ private slots:
         auto* transfer = m_window->findChild<SettingsTransfer*>();
         transfer->importFrom(path);
         QVERIFY(!button("importDeviceSettingsButton")->isEnabled());
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
+        QVERIFY(button("importDeviceSettingsButton")->isEnabled());
         // 3, 10 and 253: read as hexadecimal only the first one is an LDB of this bus.
-        QCOMPARE(preview()->findChild<QTreeWidget*>()->topLevelItemCount(), 1);
-        const QStringList leftOut{"Line 8: ID 10 (read as 10 hexadecimal, address 16): "
-                                  "no LDB with this address is connected",
-                                  "Line 10: ID 253: The ID is no address",
+        const auto* bar = table()->findChild<QFrame*>("importBar");
+        auto* other = bar->findChild<QPushButton*>("otherReadingButton");
+        QVERIFY(other->isVisible());
+        QCOMPARE(bar->findChild<QLabel*>("barLabel")->text(),
+                 "Import of \"out.csv\": nothing has been written yet. The IDs of the file are "
+                 "read as hexadecimal. The names fit better as decimal: then 3 are those of the "
+                 "LDB's, now 1.");
+        openPreview();
+        const QString noLdb =
+            "Line 8: ID 10 (read as 10 hexadecimal, address 16): no LDB with this address is "
+            "connected";
+        const QStringList leftOut{noLdb, "Line 10: ID 253: The ID is no address",
                                   "LDB 0A (address 10): no line in the file",
-                                  "LDB FD (address 253): no line in the file"};
+                                  "LDB FD (address 253): no line in the file",
+                                  "LDB 10 has not been read yet."};
         QCOMPARE(problems(), leftOut);
-        QCOMPARE(writeButton()->text(), "Write 0 LDB(s)");
+        QVERIFY(!writeButton()->isEnabled());
 
         // Enter and Escape write nothing.
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
             QTest::keyClick(preview(), key);
             WAIT_VERIFY(preview() == nullptr);
-            QVERIFY(button("importDeviceSettingsButton")->isEnabled());
-            QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
-            transfer->importFrom(path);
-            WAIT_VERIFY(preview() != nullptr);
+            openPreview();
         }
-        QVERIFY(boxes().isEmpty());
+        preview()->close();
+        WAIT_VERIFY(preview() == nullptr);
 
-        auto* other = preview()->findChild<QPushButton*>("otherReadingButton");
-        QVERIFY(other->isVisible());
         other->click();
+        openPreview();
         QCOMPARE(problems(), QStringList());
-        auto* ldbs = preview()->findChild<QTreeWidget*>();
-        QCOMPARE(ldbs->topLevelItemCount(), 3);
-        QCOMPARE(ldbs->topLevelItem(2)->text(ImportPreview::ChangesColumn), "nothing");
-        const QTreeWidgetItem* changed = ldbs->topLevelItem(0); // before all others
-        QCOMPARE(changed->text(ImportPreview::LdbColumn), "0A (address 10)");
-        QCOMPARE(changed->text(ImportPreview::PresentNameColumn), "LDB 0A");
-        QCOMPARE(changed->text(ImportPreview::FileNameColumn), "LDB 0A");
-        QCOMPARE(changed->text(ImportPreview::ChangesColumn),
-                 QString::fromUtf8("1 field(s)\nNumber of FIM's: 30 \xE2\x86\x92 20"));
+        const auto* list = preview()->findChild<QTreeWidget*>();
+        QCOMPARE(list->topLevelItemCount(), 1);
+        const QTreeWidgetItem* changed = list->topLevelItem(0);
+        QCOMPARE(changed->text(WritePreview::LdbColumn), "0A");
+        QCOMPARE(changed->text(WritePreview::NameColumn), "LDB 0A");
+        QCOMPARE(changed->text(WritePreview::FieldColumn), "Number of FIM's");
+        QCOMPARE(changed->text(WritePreview::ChangeColumn),
+                 QString::fromUtf8("30 \xE2\x86\x92 20"));
         QCOMPARE(m_bus->writes(), QList<QByteArray>());
         QCOMPARE(writeButton()->text(), "Write 1 LDB(s)");
 
@@ -562,6 +598,53 @@ private slots:
         QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings finished!");
         QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE0A7363031400", "FE0A737806"}));
         WAIT_COMPARE(child<QSpinBox>("settingsNumberOfFimsSpinBox")->value(), 20);
+        QVERIFY(!bar->isVisible());
+    }
+
+    void importCanBeDiscarded()
+    {
+        const QString path = exported();
+        m_window->findChild<SettingsTransfer*>()->importFrom(path);
+        WAIT_VERIFY(table()->isVisible());
+        QVERIFY(table()->underWay() != nullptr);
+        const auto* bar = table()->findChild<QFrame*>("importBar");
+        bar->findChild<QPushButton*>("barCloseButton")->click();
+        QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
+        QVERIFY(table()->underWay() == nullptr);
+        QVERIFY(boxes().isEmpty());
+    }
+
+    void putsBackWhatAnImportChanged()
+    {
+        start();
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
+        m_bus->change("0A", "02", "48FC6C"); // no name of this computer's encoding
+        m_bus->change("0A", "16", "01");
+        QHash<QString, QByteArray> former;
+        for (const QString& hexId : kLdbs) {
+            former[hexId] = m_bus->settingsOf(hexId);
+        }
+        const QByteArray rest(";0;0;0;0;1;1;1;200;F\n"); // a wrong file
+        m_sandbox->writeFile("in.csv", "3;A" + rest + "0A;B" + rest + "FD;C" + rest);
+        m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
+        WAIT_VERIFY(table()->isVisible());
+        openPreview();
+        writeButton()->click();
+        WAIT_COMPARE(boxes().size(), 1);
+        QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings finished!");
+        boxes().constFirst()->accept();
+        for (const QString& hexId : kLdbs) {
+            QVERIFY(m_bus->settingsOf(hexId) != former[hexId]);
+        }
+        table()->findChild<QAction*>("former")->trigger();
+        table()->findChild<QPushButton*>("putBackFormerButton")->click();
+        WAIT_VERIFY(preview() != nullptr);
+        writeButton()->click();
+        WAIT_COMPARE(m_window->statusBar()->currentMessage(),
+                     "The settings of 3 LDB(s) are written.");
+        for (const QString& hexId : kLdbs) {
+            QCOMPARE(m_bus->settingsOf(hexId), former[hexId]);
+        }
     }
 
     void oneTransferAtATime()
@@ -577,7 +660,7 @@ private slots:
         // Whatever else asks for one does not break it off.
         transfer->exportTo(m_sandbox->path("other.csv"));
         QVERIFY(!QFile::exists(m_sandbox->path("other.csv")));
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
     }
 
     void stopSaysWhatWasWritten()
@@ -593,7 +676,8 @@ private slots:
             return std::nullopt;
         });
         m_window->findChild<SettingsTransfer*>()->importFrom(m_sandbox->path("in.csv"));
-        WAIT_VERIFY(preview() != nullptr);
+        WAIT_VERIFY(table()->isVisible());
+        openPreview();
         writeButton()->click();
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), "Importing LDB settings was stopped.");
@@ -603,20 +687,28 @@ private slots:
         QCOMPARE(m_bus->settingsOf("FD"), TestBus::record("FD"));
     }
 
-    void lostPortClosesThePreview()
+    void lostPortLeavesTheImportInTheTable()
     {
         const QString path = exported();
+        m_bus->change("03", "03", "1E00");
         m_window->findChild<SettingsTransfer*>()->importFrom(path);
-        WAIT_VERIFY(preview() != nullptr);
-        const ExpectWarning warning("^Port ");
-        m_bus->cut();
-        WAIT_VERIFY(preview() == nullptr);
-        QStringList texts;
-        for (const MessageBox* box : boxes()) {
-            texts.append(box->text());
+        WAIT_VERIFY(table()->isVisible());
+        {
+            const ExpectWarning warning("^Port ");
+            m_bus->cut();
+            WAIT_VERIFY(!button("importDeviceSettingsButton")->isEnabled());
         }
-        QVERIFY(texts.contains("Importing LDB settings failed, not all LDB's' are connected!"));
-        QVERIFY(!child<QPushButton>("stopTransferButton")->isVisible());
+        auto* write = table()->findChild<QAction*>("write");
+        QVERIFY(!write->isEnabled());
+        m_bus->restore();
+        button("startButton")->click();
+        WAIT_VERIFY(write->isEnabled());
+        for (MessageBox* box : boxes()) {
+            box->close();
+        }
+        openPreview();
+        writeButton()->click();
+        WAIT_COMPARE(m_bus->settingsOf("03"), TestBus::record("03"));
     }
 
     void closingAsksWhatItWouldBreakOff_data()
@@ -926,10 +1018,16 @@ private:
         waitUntil([this] { return boxes().isEmpty(); });
         return path;
     }
-    ImportPreview* preview() const { return m_window->findChild<ImportPreview*>(); }
+    SettingsTableWindow* table() const { return m_window->findChild<SettingsTableWindow*>(); }
+    WritePreview* preview() const { return m_window->findChild<WritePreview*>(); }
+    void openPreview()
+    {
+        table()->findChild<QAction*>("write")->trigger();
+        QVERIFY(preview() != nullptr);
+    }
     QPushButton* writeButton() const
     {
-        return preview()->findChild<QPushButton*>("importWriteButton");
+        return preview()->findChild<QPushButton*>("previewWriteButton");
     }
     QStringList problems() const
     {

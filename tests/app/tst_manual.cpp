@@ -2,7 +2,6 @@
 #include "app/help/manualwindow.h"
 #include "app/window/mainwindow.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QtWidgets>

@@ -116,7 +116,7 @@ private:
     QString setUp(const QStringList& ldbs)
     {
         open(ldbs);
-        const QString path = setLogPath();
+        QString path = setLogPath();
         child<QSpinBox>("logSpeedSpinBox")->setValue(0);
         click("startButton");
         waitUntil([&] { return overview()->model()->rowCount() == ldbs.size(); });

@@ -1,6 +1,5 @@
 #include "app/startup.h"
 #include "history/keptldbs.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <csignal>

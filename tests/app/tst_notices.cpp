@@ -2,7 +2,6 @@
 #include "app/notices/messagebox.h"
 #include "app/notices/notices.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QSerialPort>
@@ -143,6 +142,13 @@ private slots:
         QCOMPARE(text.text, "Cannot establish the serial communication, check the "
                             "serial port settings!");
         QTEST(text.details, "details");
+    }
+
+    void noPortIsChosen()
+    {
+        const BoxText text = portFailureText({{}, QSerialPort::DeviceNotFoundError, {}}, {});
+        QVERIFY2(text.details.startsWith("No serial port is chosen. Choose one in the settings"),
+                 qPrintable(text.details));
     }
 
     void asksTheSystem()

@@ -1,13 +1,13 @@
 #include "app/notices/messagebox.h"
 #include "app/shared/usersettings.h"
 #include "app/window/mainwindow.h"
-#include "history/keptldbs.h"
+#include "history/installation.h"
 #include "importexport/ldbfields.h"
 #include "serial/ldb/ldbsettings.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
+#include "tests/support/views.h"
 #include "tracking/faultfinding/fimtracking.h"
 
 #include <QtWidgets>
@@ -219,9 +219,9 @@ private slots:
             WAIT_VERIFY(!button("startButton")->isChecked());
         }
         // The window says so: nothing can be started there, and nobody is polled.
-        const auto* startRun = tracking()->findChild<QPushButton*>("startButton");
+        auto* startRun = tracking()->findChild<QPushButton*>("startButton");
         QVERIFY(!startRun->isEnabled());
-        QVERIFY(!startRun->toolTip().isEmpty());
+        QVERIFY(!shownTip(startRun).isEmpty());
         QVERIFY(!m_window->findChild<QWidget*>("monitoringStrip")
                      ->findChild<QLabel*>()
                      ->text()
@@ -262,11 +262,11 @@ private slots:
 
     void diskThatCannotBeWritten()
     {
+        const ExpectWarning warning("cannot be read", ExpectWarning::Need::MayCome);
         start();
-        // In the way of the folder.
-        QVERIFY(QDir().mkpath(QFileInfo(KeptLdbs::standardFolder()).path()));
-        QFile inTheWay(KeptLdbs::standardFolder());
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        // In the way of the file.
+        const QString folder = Installations().folderOf("installation-1");
+        QVERIFY(QDir().mkpath(folder + "/kept-ldbs.json"));
         openRun();
         QVERIFY(answer("noWayBackBox", "Start all the same"));
         QVERIFY(reach(Phase::Counting));
@@ -554,7 +554,7 @@ private:
         return isForgotten();
     }
 
-    static bool isForgotten() { return KeptLdbs().all().empty(); }
+    static bool isForgotten() { return Installations().keptLdbsOf("installation-1").all().empty(); }
     FimTracking* tracking() const { return m_window->findChild<FimTracking*>(); }
     QPushButton* button(const char* name) const
     {

@@ -1,6 +1,5 @@
 #include "app/shared/constants.h"
 #include "resources/resources.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QImage>

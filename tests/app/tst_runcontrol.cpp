@@ -1,5 +1,4 @@
 #include "app/window/runcontrol.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 Q_DECLARE_METATYPE(LinkSituation)
@@ -60,6 +59,8 @@ private slots:
         row("exporting", with(polling(), &S::transferring), "S");
         row("exporting in service mode", with(polling(LdbState::ServiceMode), &S::transferring),
             "S");
+        row("site not certain", with(polling(), &S::unsettled), "RS");
+        row("fault finding", with(polling(), &S::faultFinding), "S");
         row("scanning while exporting", with(with(polling(), &S::transferring), &S::initialising),
             {});
     }
@@ -87,6 +88,8 @@ private slots:
         row("lost", polling(LdbState::Disconnected), "The selected LDB is not connected.", {});
         row("saving", with(polling(), &S::saving), saving, saving);
         row("importing", with(polling(), &S::transferring), transferring, transferring);
+        const QString finding = "Fault finding is under way: wait for its end, or stop it.";
+        row("fault finding", with(polling(), &S::faultFinding), finding, finding);
         row("service mode", polling(LdbState::ServiceMode),
             "The selected LDB is in service mode: end it with LDB Reset first.", {});
         row("resting", polling(), {}, {});

@@ -1,8 +1,6 @@
 #include "tests/app/screenset.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/virtualtime.h"
 #include "views/header/proxymodelhierachicalheader.h"
 
 #include <QtWidgets>

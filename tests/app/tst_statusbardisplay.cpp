@@ -1,6 +1,5 @@
 #include "app/notices/notices.h"
 #include "app/notices/statusbardisplay.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 #include <QtWidgets>

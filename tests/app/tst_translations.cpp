@@ -1,5 +1,4 @@
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {

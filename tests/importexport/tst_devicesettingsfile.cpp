@@ -1,7 +1,6 @@
 #include "importexport/devicesettingsfile.h"
 #include "importexport/settingscsv.h"
 #include "serial/ldb/busaddress.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 
 namespace {

@@ -173,7 +173,7 @@ private slots:
                             &context,
                             [&replies](const Reply& reply) { replies.append(reply.kind()); });
             }
-            VirtualTime::current()->advance(moment * 20);
+            VirtualTime::current()->advance(moment * 20LL);
             const ExpectWarning expected("The line is cut");
             m_bus->cut();
             WAIT_VERIFY(!m_link->isRunning());

@@ -150,11 +150,38 @@ TestBus::TestBus(const QStringList& presentHexIds, const LineOptions& options,
 
 PortSource TestBus::ports()
 {
-    return {[this](const QString& portName) { return std::make_unique<Port>(this, portName); },
-            PortSource::Thread::OfLink,
-            [this] {
-                return VirtualTime::kWallStart + m_clock->milliseconds();
-            }};
+    PortSource source;
+    source.make = [this](const QString& name) {
+        return std::make_unique<Port>(this, name);
+    };
+    source.thread = PortSource::Thread::OfLink;
+    source.wallTime = [this] {
+        return VirtualTime::kWallStart + m_clock->milliseconds();
+    };
+    source.list = [this] {
+        std::vector<PortIdentity> ports = m_others;
+        if (!m_isCut) {
+            ports.push_back(m_identity);
+        }
+        return ports;
+    };
+    source.isThere = [this](const QString& name) {
+        return name == m_portName && !m_isCut;
+    };
+    return source;
+}
+
+void TestBus::setPortName(const QString& name)
+{
+    m_portName = name;
+    m_identity.name = name;
+}
+
+void TestBus::setPort(const PortIdentity& port, const std::vector<PortIdentity>& others)
+{
+    m_portName = port.name;
+    m_identity = port;
+    m_others = others;
 }
 
 void TestBus::cut()

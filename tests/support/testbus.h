@@ -40,7 +40,10 @@ public:
     /// For links in virtual time. There is no port by another name than the one in force.
     PortSource ports();
     QString portName() const { return m_portName; }
-    void setPortName(const QString& name) { m_portName = name; }
+    void setPortName(const QString& name);
+    /// The port as the system lists it; without USB identifiers unless told otherwise. Its name
+    /// becomes the one in force. Others that are listed beside it cannot be opened.
+    void setPort(const PortIdentity& port, const std::vector<PortIdentity>& others = {});
     /// The line is gone, at the next event, with all that is on it, until it is restored.
     void cut();
     void restore();
@@ -89,6 +92,8 @@ private:
     void note(const QByteArray& body);
 
     QString m_portName = QStringLiteral("test bus");
+    PortIdentity m_identity{m_portName};
+    std::vector<PortIdentity> m_others;
     std::unique_ptr<SimulationClock> m_clock;
     BusSimulator m_boards;
     AbsentBoards m_absent;

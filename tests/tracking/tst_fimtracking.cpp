@@ -1,8 +1,7 @@
 #include "app/shared/constants.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
-#include "tests/support/virtualtime.h"
+#include "tests/support/views.h"
 #include "tests/tracking/modelldb.h"
 #include "tests/tracking/plotinspection.h"
 #include "tracking/faultfinding/alarmsound.h"
@@ -240,6 +239,8 @@ private slots:
         QCOMPARE(bench.label("modeLabel"), "Mode: Factory reset done");
         QCOMPARE(bench.label("earthLabel"), "Earth: Ok");
         QVERIFY(!zoomButton->isEnabled());
+        QVERIFY(shownTip(zoomButton).startsWith("There is nothing to zoom into"));
+        QVERIFY(shownTip(copyButton).startsWith("There is no report before"));
         QVERIFY(bench.reach(Phase::Counting));
         QCOMPARE(bench.label("phaseLabel"), "counting");
         zoomButton->click();
@@ -580,6 +581,7 @@ private slots:
         QCOMPARE(wanted.size(), 1);
         QCOMPARE(wanted.first().first().toInt(), 6);
         QVERIFY(!takeOver->isEnabled());
+        QCOMPARE(shownTip(takeOver), "The number of FIM's is being written.");
         bench.window->processTakenOver(6, "refused");
         QVERIFY(takeOver->isEnabled() && takeOver->isVisible());
         QVERIFY(bench.label("noticeLabel").contains("refused"));
@@ -595,11 +597,11 @@ private slots:
         QVERIFY(bench.question());
         bench.ldb->loseConnection();
         QVERIFY(!bench.startButton()->isEnabled());
-        QCOMPARE(bench.startButton()->toolTip(), "There is no connection to the LDB.");
+        QCOMPARE(shownTip(bench.startButton()), "There is no connection to the LDB.");
         QVERIFY(bench.label("hintLabel").startsWith("There is no connection"));
         bench.ldb->setPolledAlone(false);
         bench.ldb->restoreConnection();
-        QVERIFY(bench.startButton()->isEnabled() && bench.startButton()->toolTip().isEmpty());
+        QVERIFY(bench.startButton()->isEnabled() && shownTip(bench.startButton()).isEmpty());
         QVERIFY(bench.ldb->isPolledAlone());
         bench.startButton()->click();
         bench.choose();

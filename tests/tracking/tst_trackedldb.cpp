@@ -1,7 +1,6 @@
 #include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testbus.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tracking/faultfinding/trackedldb.h"
 

@@ -1,7 +1,6 @@
 #include "app/shared/constants.h"
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
 #include "tests/views/records.h"

@@ -1,6 +1,5 @@
 #include "tests/support/bracketingtranslator.h"
 #include "tests/support/sandbox.h"
-#include "tests/support/testcase.h"
 #include "tests/support/testprogram.h"
 #include "tests/views/records.h"
 #include "views/log/filelogger.h"

@@ -1,6 +1,7 @@
 #include "tracking/faultfinding/fimcountspanel.h"
 
 #include "app/shared/colours.h"
+#include "app/shared/whynot.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "tracking/faultfinding/trackingtexts.h"
 
@@ -27,7 +28,8 @@ FimCountsPanel::FimCountsPanel(QWidget* parent)
     row->addWidget(m_button);
     row->addStretch();
     connect(m_button, &QPushButton::clicked, this, [this] {
-        m_button->setEnabled(false);
+        WhyNot::permit(m_button,
+                       [] { return FimTracking::tr("The number of FIM's is being written."); });
         emit takeOverWanted(*m_counted);
     });
 }
@@ -52,7 +54,7 @@ void FimCountsPanel::showCounted(int fimCount)
 
 void FimCountsPanel::setReachable(bool reachable)
 {
-    m_button->setEnabled(reachable);
+    WhyNot::permit(m_button, reachable ? Text() : trackingtexts::noConnection);
 }
 
 void FimCountsPanel::show()

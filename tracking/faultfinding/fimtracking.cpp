@@ -2,6 +2,7 @@
 
 #include "app/notices/messagebox.h"
 #include "app/shared/colours.h"
+#include "app/shared/whynot.h"
 #include "serial/ldb/generalinformation.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/formerstate.h"
@@ -38,8 +39,9 @@ void setDigitColour(QWidget* display, const QColor& colour)
 
 } // namespace
 
-FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent)
-    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent)
+FimTracking::FimTracking(const QString& hexId, SerialLink* link, QWidget* parent,
+                         const KeptLdbs& kept)
+    : FimTracking(std::make_shared<TrackedLdb>(hexId, link), parent, kept)
 {
 }
 
@@ -125,8 +127,10 @@ void FimTracking::initGui()
     m_ui->secondarySidePanel->reset();
     m_ui->resultLabel->hide();
     m_ui->fimCountsPanel->reset();
-    m_ui->copyReportButton->setEnabled(false);
-    m_ui->zoomButton->setEnabled(false);
+    WhyNot::permit(m_ui->copyReportButton,
+                   [] { return tr("There is no report before a run has come to its end."); });
+    WhyNot::permit(m_ui->zoomButton,
+                   [] { return tr("There is nothing to zoom into before the counting begins."); });
     m_ui->contentStack->setCurrentWidget(m_ui->hintPage);
     showNotice(QString());
 }
@@ -200,9 +204,7 @@ void FimTracking::followLink()
         m_ldb->setPolledAlone(true); // a link that was started anew polls all
     }
     const bool isStop = m_ui->startButton->isChecked();
-    m_ui->startButton->setEnabled(isReachable || isStop);
-    m_ui->startButton->setToolTip(isReachable || isStop ? QString()
-                                                        : tr("There is no connection to the LDB."));
+    WhyNot::permit(m_ui->startButton, isReachable || isStop ? Text() : trackingtexts::noConnection);
     m_ui->fimCountsPanel->setReachable(isReachable);
     m_ui->hintLabel->setText(trackingtexts::hint(m_run.phase(), isReachable));
 }
@@ -246,6 +248,7 @@ void FimTracking::resetPlots()
 {
     for (int port : {PrimaryPort, SecondaryPort}) {
         panel(port)->plot()->clear();
+        panel(port)->plot()->setLdb(m_ldb->hexId());
         panel(port)->plot()->setZoom(m_ui->zoomButton->isChecked());
     }
 }
@@ -417,7 +420,7 @@ void FimTracking::showResults(int totalFimCount, LoopResult result)
         QStringLiteral("background: %1;")
             .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
     m_ui->resultLabel->show();
-    m_ui->copyReportButton->setEnabled(true);
+    WhyNot::permit(m_ui->copyReportButton, Text());
     m_ui->fimCountsPanel->showCounted(totalFimCount);
     showTimes();
 }
@@ -467,7 +470,7 @@ void FimTracking::sendCommand(TrackingCommand command)
 {
     if (command == TrackingCommand::MuteAudio) {
         m_audioMuted = true;
-        m_ui->zoomButton->setEnabled(true);
+        WhyNot::permit(m_ui->zoomButton, Text());
     }
     m_ldb->send(command, this, [this, runNumber = m_runNumber, command](const Reply& reply) {
         if (!reply.isAccepted()) {

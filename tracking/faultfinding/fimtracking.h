@@ -34,7 +34,8 @@ class FimTracking : public QWidget
 {
     Q_OBJECT
 public:
-    FimTracking(const QString& hexId, SerialLink* link, QWidget* parent = nullptr);
+    FimTracking(const QString& hexId, SerialLink* link, QWidget* parent = nullptr,
+                const KeptLdbs& kept = KeptLdbs());
     explicit FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent = nullptr,
                          const KeptLdbs& kept = KeptLdbs());
     ~FimTracking() override;

@@ -30,7 +30,7 @@ TrackedLdb::TrackedLdb(const QString& hexId, SerialLink* link)
     m_clock.setTimerType(Qt::PreciseTimer);
     connect(&m_clock, &QTimer::timeout, this, [this] { m_hands += kClockTurnMs; });
     m_clock.start(kClockTurnMs);
-    m_wasReachable = isReachable();
+    m_wasReachable = TrackedLdb::isReachable(); // a virtual call would be bypassed here
     if (link != nullptr) {
         connect(link, &SerialLink::generalInformationUpdated, this,
                 &TrackedLdb::generalInformationUpdated);

@@ -73,6 +73,11 @@ QString time(const TrackingRun& run)
     return left ? Texts::tr("%1 s left").arg(*left) : Texts::tr("%1 s gone").arg(run.secondsGone());
 }
 
+QString noConnection()
+{
+    return Texts::tr("There is no connection to the LDB.");
+}
+
 QString hint(Phase phase, bool isReachable)
 {
     switch (phase) {

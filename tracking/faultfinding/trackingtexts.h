@@ -32,6 +32,9 @@ struct TrackingReport
 /// What fault finding says to the user. Pure functions; texts in the language in force.
 namespace trackingtexts {
 
+/// Why nothing can be asked of the LDB.
+QString noConnection();
+
 // Of a run's phase.
 
 /// The phase in a word or two.

@@ -56,6 +56,8 @@ public:
     HistoryCurve(const QString& name, const QColor& color, const PlotHistory& history, int number);
 
     HistorySeries* series() const { return m_series; }
+    /// While it is not of the past.
+    QColor color() const { return m_color; }
 
     /// Draws it grey, as something that is over, or in its colour.
     void setPast(bool isPast);

@@ -1,11 +1,11 @@
 #include "tracking/plot/plot.h"
 
-#include "tracking/plot/clockscale.h"
 #include "tracking/plot/historycurve.h"
-#include "tracking/plot/myqwtplotmagnifier.h"
 #include "tracking/plot/plotappearance.h"
+#include "tracking/plot/plotinspector.h"
 
-#include <QDateTime>
+#include <QEvent>
+#include <QPushButton>
 #include <QThread>
 #include <QVBoxLayout>
 #include <qwt_legend.h>
@@ -13,15 +13,12 @@
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_layout.h>
-#include <qwt_plot_panner.h>
 #include <qwt_plot_textlabel.h>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int kDefaultWindowTime = 600000;
-constexpr int kDefaultWindowInterval = 60000;
 // Times that a calendar can show: after the epoch's first millisecond and before the year 10000.
 constexpr double kEarliestTime = 1.0;
 constexpr double kLatestTime = 253402300800000.0;
@@ -32,12 +29,19 @@ constexpr QSize kMinimumSize(240, 140);
 constexpr int kTitleWeight = QFont::DemiBold;
 
 constexpr QwtPlot::Axis kTimeAxis = QwtPlot::xBottom;
-// Room for labels with seconds when the axis is zoomed and picks its own step.
-constexpr int kMaxTimeLabels = 6;
+constexpr int kButtonMargin = 4;
 
 bool isYAxis(int axis)
 {
     return axis == QwtPlot::yLeft || axis == QwtPlot::yRight;
+}
+
+bool isScalable(QwtPlot::Axis axis)
+{
+    if (!isYAxis(axis)) {
+        qWarning("Plot: only the Y axes have a scale of their own");
+    }
+    return isYAxis(axis);
 }
 
 } // namespace
@@ -63,11 +67,6 @@ void Plot::init()
     for (int number = 0; number < kMaxCurves; ++number) {
         m_freeNumbers.insert(number);
     }
-    m_axisSettings[QwtPlot::yLeft] = AxisSetting();
-    m_axisSettings[QwtPlot::yRight] = AxisSetting();
-    m_maxWindowTime = kDefaultWindowTime;
-    m_windowIntervalTime = kDefaultWindowInterval;
-
     m_plot->setObjectName(QStringLiteral("qwtPlot"));
     m_plot->setAutoReplot(false);
     m_plot->plotLayout()->setAlignCanvasToScales(true);
@@ -76,30 +75,46 @@ void Plot::init()
     m_past = std::make_unique<QwtPlotTextLabel>();
     m_past->attach(m_plot.get());
 
-    // Until samples come, the axis shows the last minutes instead of the beginning of 1970.
-    const auto now = static_cast<double>(QDateTime::currentMSecsSinceEpoch());
-    m_plot->setAxisScale(kTimeAxis, now - m_maxWindowTime, now, m_windowIntervalTime);
-    m_plot->setAxisMaxMajor(kTimeAxis, kMaxTimeLabels);
-    for (const auto& [axis, setting] : m_axisSettings) {
-        applyAxisSetting(axis);
-    }
-
-    m_clockDraw = new ClockScaleDraw;
-    m_plot->setAxisScaleDraw(kTimeAxis, m_clockDraw);
-    m_clockEngine = new ClockScaleEngine;
-    m_plot->setAxisScaleEngine(kTimeAxis, m_clockEngine);
-    setLocalTimeOf(now);
-    initZoom();
+    m_view = std::make_unique<PlotView>(m_plot.get(), m_history);
+    connect(m_view.get(), &PlotView::aboutToScale, this, &Plot::updateSeries);
+    connect(m_view.get(), &PlotView::changed, this, &Plot::processViewChange);
+    m_inspector = std::make_unique<PlotInspector>(this);
+    initFollowButton();
 }
 
-void Plot::setLocalTimeOf(double timeMsSinceEpoch)
+void Plot::initFollowButton()
 {
-    // Asked once a repaint: the axis converts some thousand moments, and if it asked the system for
-    // the offset of each, that would take most of the repaint's time.
-    const int offset =
-        QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(timeMsSinceEpoch)).offsetFromUtc();
-    m_clockDraw->setUtcOffset(offset);
-    m_clockEngine->setUtcOffset(offset);
+    m_followButton = new QPushButton(tr("Follow"), this);
+    m_followButton->setObjectName(QStringLiteral("followButton"));
+    m_followButton->setToolTip(tr("Shows the newest values again and goes along with them"));
+    m_followButton->hide();
+    connect(m_followButton, &QAbstractButton::clicked, m_view.get(), &PlotView::follow);
+}
+
+void Plot::placeFollowButton()
+{
+    const QRect canvas(m_plot->canvas()->mapTo(this, QPoint(0, 0)), m_plot->canvas()->size());
+    m_followButton->adjustSize();
+    m_followButton->move(canvas.bottomRight() - m_followButton->rect().bottomRight() -
+                         QPoint(kButtonMargin, kButtonMargin));
+}
+
+void Plot::processViewChange()
+{
+    m_followButton->setVisible(m_view->isHeld());
+    placeFollowButton();
+    scheduleRedraw();
+    emit viewChanged();
+}
+
+void Plot::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        m_followButton->setText(tr("Follow"));
+        m_followButton->setToolTip(tr("Shows the newest values again and goes along with them"));
+        placeFollowButton();
+    }
 }
 
 void Plot::initLegend()
@@ -113,18 +128,6 @@ void Plot::initLegend()
     connect(legend, &QwtLegend::checked, this, &Plot::plotLegendClick);
     m_plot->insertLegend(legend, QwtPlot::RightLegend);
     updateLegendItems();
-}
-
-void Plot::initZoom()
-{
-    m_magnifier = new MyQwtPlotMagnifier(m_plot->canvas());
-    m_magnifier->setEnabled(false);
-    connect(m_magnifier, &MyQwtPlotMagnifier::rescaled, this, [this] { m_viewHeld = true; });
-
-    m_panner = new QwtPlotPanner(m_plot->canvas());
-    m_panner->setCursor(Qt::ClosedHandCursor);
-    m_panner->setEnabled(false);
-    connect(m_panner, &QwtPlotPanner::panned, this, [this] { m_viewHeld = true; });
 }
 
 int Plot::generateUniqueCurveNumber()
@@ -180,25 +183,30 @@ bool Plot::addData(int curveNumber, double value, double timeMsSinceEpoch)
     }
     const bool isFirst = m_history.isEmpty();
     const int dropped = m_history.add(curveNumber, value, timeMsSinceEpoch);
-    if (isFirst && !m_viewHeld) {
-        restoreAxisScale();
-    }
     if (dropped > 0) {
         qWarning("Plot: the clock was set back, %d later samples are no longer shown", dropped);
     }
-    if (!m_viewHeld) {
-        showNewestWindow();
-    }
+    m_view->processSamples(isFirst);
     scheduleRedraw();
     return true;
+}
+
+void Plot::prependData(const std::vector<double>& times,
+                       const std::map<int, std::vector<double>>& values)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    const bool isFirst = m_history.isEmpty();
+    m_history.prepend(times, values);
+    m_view->processSamples(isFirst && !m_history.isEmpty());
+    scheduleRedraw();
 }
 
 void Plot::clear()
 {
     m_history.clear();
+    m_inspector->clear();
     // A view held for the old samples would not show the new ones.
-    m_viewHeld = false;
-    restoreAxisScale();
+    m_view->follow();
     redrawCurves();
 }
 
@@ -233,7 +241,8 @@ int Plot::calculateSkipPoints(double skipMsFromStart) const
 void Plot::updateSeries()
 {
     const int firstShown = calculateSkipPoints(m_skipMsFromStart);
-    const double windowStart = m_history.isEmpty() ? 0.0 : m_history.newestTime() - m_maxWindowTime;
+    const double windowStart =
+        m_history.isEmpty() ? 0.0 : m_history.newestTime() - m_view->windowTime();
     for (const auto& [number, curve] : m_curves) {
         curve->series()->setFirstShown(firstShown);
         curve->series()->setScaledFrom(windowStart);
@@ -244,9 +253,22 @@ void Plot::redrawCurves()
 {
     updateSeries();
     if (!m_history.isEmpty()) {
-        setLocalTimeOf(m_history.newestTime());
+        m_view->setLocalTimeOf(m_history.newestTime());
     }
     m_plot->replot();
+    m_inspector->refresh();
+    placeFollowButton();
+}
+
+std::vector<PlotCurveInfo> Plot::curves() const
+{
+    std::vector<PlotCurveInfo> infos;
+    for (const auto& [number, curve] : m_curves) {
+        infos.push_back({number, curve->title().text(), curve->color(),
+                         m_axisTitles.at(static_cast<std::size_t>(curve->yAxis())).text,
+                         curve->isVisible()});
+    }
+    return infos;
 }
 
 void Plot::scheduleRedraw()
@@ -264,98 +286,35 @@ void Plot::scheduleRedraw()
     QMetaObject::invokeMethod(this, redraw, Qt::QueuedConnection);
 }
 
+void Plot::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // The canvas gets its place when the chart lays itself out, which comes later.
+    scheduleRedraw();
+}
+
 void Plot::showEvent(QShowEvent* event)
 {
     redrawCurves();
     QWidget::showEvent(event);
 }
 
-void Plot::setZoom(bool enabled)
-{
-    if (enabled == m_zoom) {
-        return;
-    }
-    m_zoom = enabled;
-    m_magnifier->setEnabled(enabled);
-    m_panner->setEnabled(enabled);
-    m_plot->canvas()->setCursor(enabled ? Qt::OpenHandCursor : Qt::ArrowCursor);
-    if (enabled) {
-        updateSeries();
-        m_plot->updateAxes();
-        m_magnifier->setReferenceView();
-        if (!m_history.isEmpty()) {
-            holdView();
-        }
-    } else {
-        m_viewHeld = false;
-        restoreAxisScale();
-    }
-}
-
-void Plot::holdView()
-{
-    m_viewHeld = true;
-    updateSeries();
-    m_plot->updateAxes();
-    for (const auto& [axis, setting] : m_axisSettings) {
-        if (setting.autoScale) {
-            const QwtInterval shown = m_plot->axisInterval(axis);
-            m_plot->setAxisScale(axis, shown.minValue(), shown.maxValue());
-        }
-    }
-}
-
-void Plot::restoreAxisScale()
-{
-    for (const auto& [axis, setting] : m_axisSettings) {
-        applyAxisSetting(axis);
-    }
-    showNewestWindow();
-    if (m_viewHeld) {
-        holdView();
-    }
-    scheduleRedraw();
-}
-
-void Plot::showNewestWindow()
-{
-    if (!m_history.isEmpty()) {
-        const double newest = m_history.newestTime();
-        m_plot->setAxisScale(kTimeAxis, newest - m_maxWindowTime, newest, m_windowIntervalTime);
-    }
-}
-
-void Plot::applyAxisSetting(QwtPlot::Axis axis)
-{
-    const AxisSetting& setting = m_axisSettings.at(axis);
-    // Without samples, autoscaling picks an arbitrary wide range.
-    if (setting.autoScale && !m_history.isEmpty()) {
-        m_plot->setAxisAutoScale(axis, true);
-    } else {
-        m_plot->setAxisScale(axis, setting.minimum, setting.maximum, setting.step);
-    }
-}
-
 void Plot::setAxisScale(QwtPlot::Axis axis, bool autoScale)
 {
-    AxisSetting setting = isYAxis(axis) ? m_axisSettings.at(axis) : AxisSetting();
+    if (!isScalable(axis)) {
+        return;
+    }
+    PlotView::AxisSetting setting = m_view->axisSetting(axis);
     setting.autoScale = autoScale;
-    setAxisSetting(axis, setting);
+    m_view->setAxisSetting(axis, setting);
 }
 
 void Plot::setAxisScale(QwtPlot::Axis axis, double min, double max, double stepSize)
 {
-    setAxisSetting(axis, {false, min, max, stepSize});
-}
-
-void Plot::setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting)
-{
-    if (!isYAxis(axis)) {
-        qWarning("Plot: only the Y axes have a scale of their own");
+    if (!isScalable(axis)) {
         return;
     }
-    m_axisSettings[axis] = setting;
-    restoreAxisScale();
+    m_view->setAxisSetting(axis, {false, min, max, stepSize});
 }
 
 void Plot::setAxisTitle(QwtPlot::Axis axis, const QString& title)
@@ -418,16 +377,4 @@ void Plot::updateLegendItems()
             label->setPalette(plotappearance::legendPalette(palette(), curve->isVisible()));
         }
     }
-}
-
-void Plot::setMaxWindowTime(int timeMs)
-{
-    m_maxWindowTime = std::max(timeMs, 1);
-    restoreAxisScale();
-}
-
-void Plot::setWindowIntervalTime(int timeMs)
-{
-    m_windowIntervalTime = std::max(timeMs, 0);
-    restoreAxisScale();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "tracking/plot/plothistory.h"
+#include "tracking/plot/plotview.h"
 
+#include <QColor>
 #include <QString>
 #include <QWidget>
 #include <qwt_plot.h>
@@ -11,18 +13,26 @@
 #include <memory>
 #include <set>
 
-class ClockScaleDraw;
-class ClockScaleEngine;
 class HistoryCurve;
-class MyQwtPlotMagnifier;
-class QwtPlotPanner;
+class PlotInspector;
+class QPushButton;
 class QwtPlotTextLabel;
 
+/// What is said of a curve of a plot.
+struct PlotCurveInfo
+{
+    int number;
+    QString name;
+    QColor color;
+    QString unit; ///< as the title of its axis
+    bool isVisible;
+};
+
 /// A rolling time chart of up to ten named curves over one clock axis. It shows the last
-/// `maxWindowTime` milliseconds; the user may hide curves by the legend and, while zoom is on, look
-/// at any part with the wheel and by dragging. While a zoomed view is held, new samples are kept
-/// but do not move it. Lives in the GUI thread. Repaints at most once a turn of the event loop and
-/// not while hidden.
+/// `maxWindowTime` milliseconds; the user may hide curves by the legend, read values and set marks
+/// (`PlotInspector`) and, while zoom is on, look at any part (`PlotView`). While a view is held,
+/// new samples are kept but do not move it, and a button "Follow" is there that ends it. Lives in
+/// the GUI thread. Repaints at most once a turn of the event loop and not while hidden.
 class Plot : public QWidget
 {
     Q_OBJECT
@@ -33,6 +43,16 @@ public:
     static constexpr int kMaxCurves = 10;
 
     QSize sizeHint() const override { return {640, 260}; }
+
+    const PlotHistory& history() const { return m_history; }
+    PlotView& view() const { return *m_view; }
+    QwtPlot* chart() const { return m_plot.get(); }
+    PlotInspector* inspector() const { return m_inspector.get(); }
+    std::vector<PlotCurveInfo> curves() const;
+
+    /// Whose values these are, as pictures and the names of files say it: "LDB 0A".
+    void setCaption(const QString& caption) { m_caption = caption; }
+    const QString& caption() const { return m_caption; }
 
 public slots:
     /// Adds a curve, or finds the one of that name. `color` is a name that QColor knows, `yaxis`
@@ -47,12 +67,16 @@ public slots:
     /// year 9999).
     bool addData(int curveNumber, double value, double timeMsSinceEpoch);
 
+    /// Puts samples before all that are held, see `PlotHistory::prepend`.
+    void prependData(const std::vector<double>& times,
+                     const std::map<int, std::vector<double>>& values);
+
     /// Switches wheel zoom and dragging on or off. Off brings the rolling view back.
-    void setZoom(bool enabled);
+    void setZoom(bool enabled) { m_view->setZoom(enabled); }
     /// Leaves out the samples of the first milliseconds of the history.
     void setSkipData(double skipMsFromStart);
     /// Back to the scales set for the Y axes and to the newest window of time.
-    void restoreAxisScale();
+    void restoreAxisScale() { m_view->restoreAxisScale(); }
     /// Drops all samples; the curves, their legend state and the zoom switch stay.
     void clear();
 
@@ -73,24 +97,23 @@ public slots:
     /// Takes effect with the next sample.
     void setMaxNumberOfSamples(int samples) { m_history.setLimit(samples); }
     /// Shown time in ms, at least 1.
-    void setMaxWindowTime(int timeMs);
+    void setMaxWindowTime(int timeMs) { m_view->setMaxWindowTime(timeMs); }
     /// Step of the time axis in ms; 0 leaves it to the axis.
-    void setWindowIntervalTime(int timeMs);
+    void setWindowIntervalTime(int timeMs) { m_view->setWindowIntervalTime(timeMs); }
+
+signals:
+    /// Another part of the time is shown, and not because it rolls on.
+    void viewChanged();
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private slots:
     void plotLegendClick(const QVariant& item, bool on);
 
 private:
-    struct AxisSetting
-    {
-        bool autoScale = true;
-        double minimum = 0.0;
-        double maximum = 100.0;
-        double step = 20.0;
-    };
     struct AxisTitle
     {
         QString text;
@@ -99,7 +122,7 @@ private:
 
     void init();
     void initLegend();
-    void initZoom();
+    void initFollowButton();
 
     /// Shows in the legend which curves are visible.
     void updateLegendItems();
@@ -112,32 +135,22 @@ private:
     int calculateSkipPoints(double skipMsFromStart) const;
     int generateUniqueCurveNumber();
 
-    void setAxisSetting(QwtPlot::Axis axis, const AxisSetting& setting);
-    void applyAxisSetting(QwtPlot::Axis axis);
-    void showNewestWindow();
-    /// Labels the time axis with the clock of the place as it stands at that moment.
-    void setLocalTimeOf(double timeMsSinceEpoch);
-    /// Keeps the view as it is from now on, whatever comes in.
-    void holdView();
+    void processViewChange();
+    void placeFollowButton();
 
     std::unique_ptr<QwtPlot> m_plot;
     PlotHistory m_history;
     std::map<int, std::unique_ptr<HistoryCurve>> m_curves; // by number; gone before the plot
     std::set<int> m_freeNumbers;
 
-    std::map<QwtPlot::Axis, AxisSetting> m_axisSettings; // the two Y axes
     std::array<AxisTitle, QwtPlot::axisCnt> m_axisTitles;
-    ClockScaleDraw* m_clockDraw = nullptr; // owned by the plot, as is the engine
-    ClockScaleEngine* m_clockEngine = nullptr;
-    MyQwtPlotMagnifier* m_magnifier = nullptr; // owned by the canvas, as is the panner
-    QwtPlotPanner* m_panner = nullptr;
+    std::unique_ptr<PlotView> m_view; // gone before the plot, as is the inspector
+    std::unique_ptr<PlotInspector> m_inspector;
+    QPushButton* m_followButton = nullptr; // owned as a child
+    QString m_caption;
 
     std::unique_ptr<QwtPlotTextLabel> m_past; // gone before the plot
-    int m_maxWindowTime = 0;
-    int m_windowIntervalTime = 0;
     int m_skipMsFromStart = 0;
-    bool m_zoom = false;
-    bool m_viewHeld = false;
     bool m_legendVisible = false;
     bool m_redrawPending = false;
 };

@@ -15,7 +15,8 @@ QwtPlotCanvas* plotappearance::createCanvas()
     // Nearly every paint changes the picture, so a backing store would only cost time.
     canvas->setPaintAttribute(QwtPlotCanvas::BackingStore, false);
     canvas->setPaintAttribute(QwtPlotCanvas::Opaque, true);
-    canvas->setFocusPolicy(Qt::ClickFocus); // for the keys that zoom
+    canvas->setFocusPolicy(Qt::StrongFocus); // for its keys
+    canvas->setFocusIndicator(QwtPlotCanvas::CanvasFocusIndicator);
     return canvas;
 }
 

@@ -49,6 +49,45 @@ int PlotHistory::add(int curve, double value, double time)
     return dropped;
 }
 
+std::vector<int> PlotHistory::curves() const
+{
+    std::vector<int> numbers;
+    for (const auto& [number, curve] : m_curves) {
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+bool PlotHistory::isRecord(int index) const
+{
+    return std::any_of(m_curves.begin(), m_curves.end(), [index](const auto& curve) {
+        return isDrawable(curve.second.values.at(index));
+    });
+}
+
+void PlotHistory::prepend(const std::vector<double>& times,
+                          const std::map<int, std::vector<double>>& values)
+{
+    const auto end =
+        isEmpty() ? times.end() : std::lower_bound(times.begin(), times.end(), oldestTime());
+    const int offered = static_cast<int>(end - times.begin());
+    const int taken = std::min(offered, std::max(m_limit - size(), 0));
+    const int first = offered - taken;
+    const std::vector<double> none(static_cast<std::size_t>(taken), kNoValue);
+    for (auto& [number, curve] : m_curves) {
+        const auto given = values.find(number);
+        curve.values.insertFront(given == values.end() ? none.data() : given->second.data() + first,
+                                 taken);
+    }
+    if (taken > 0) {
+        m_times.insertFront(times.data() + first, taken);
+        for (auto& [number, curve] : m_curves) {
+            curve.latestTime =
+                std::max(curve.latestTime, times[static_cast<std::size_t>(offered - 1)]);
+        }
+    }
+}
+
 void PlotHistory::setLimit(int samples)
 {
     m_limit = std::max(samples, 0);

@@ -22,6 +22,13 @@ public:
     /// Puts a value before the one at `index`, or at the end; costs what moving the later ones
     /// costs.
     void insert(int index, double value) { m_store.insert(position(index), value); }
+    /// Puts values before all others.
+    void insertFront(const double* values, int count)
+    {
+        m_store.erase(m_store.begin(), position(0));
+        m_first = 0;
+        m_store.insert(m_store.begin(), values, values + count);
+    }
     /// Drops all from `newSize` on.
     void truncate(int newSize) { m_store.erase(position(newSize), m_store.end()); }
     void assign(int count, double value)
@@ -74,6 +81,10 @@ public:
     int firstNotBefore(double time) const;
     int firstAfter(double time) const;
 
+    std::vector<int> curves() const;
+    /// Whether a curve has a drawable value at that index; without one it is a gap.
+    bool isRecord(int index) const;
+
     bool hasCurve(int curve) const { return m_curves.count(curve) > 0; }
     /// Starts a curve without values; one of that number that is there loses its values.
     void addCurve(int curve);
@@ -86,6 +97,12 @@ public:
     /// the clock has caught up.
     /// Returns the number of entries dropped for that reason.
     int add(int curve, double value, double time);
+
+    /// Puts rising time stamps before all that are held, with the values of each curve; a curve
+    /// that `values` lacks has none. Of those that are not earlier than the oldest one held, or too
+    /// many for the limit, nothing is taken. All lists of `values` are as long as `times`.
+    void prepend(const std::vector<double>& times,
+                 const std::map<int, std::vector<double>>& values);
 
     /// A new time stamp first drops the oldest ones while more than `samples` (at least 0) are
     /// held.

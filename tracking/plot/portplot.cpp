@@ -28,7 +28,13 @@ PortPlot::PortPlot(QWidget* parent)
 
 void PortPlot::init(const QString& curveName)
 {
+    m_curveName = curveName;
     m_curve = m_plot->addCurve(curveName, QStringLiteral("cyan"), QwtPlot::yLeft);
+}
+
+void PortPlot::setLdb(const QString& hexId)
+{
+    m_plot->setCaption(QStringLiteral("LDB %1 %2").arg(hexId, m_curveName));
 }
 
 void PortPlot::addCurrent(double current, const QDateTime& timestamp)

@@ -113,13 +113,20 @@ void DeviceDetailTable::setMonitoring(const Monitoring& monitoring)
     showRecord();
 }
 
-/// What the record says in that row; in that of its time also how long ago that was.
 QString DeviceDetailTable::textOf(int row) const
 {
-    const QString text = m_record.value(row).value(generalinformation::TextColumn);
-    const bool tellsAge = row == generalinformation::TimestampRow && m_time && !m_isLive;
-    return tellsAge ? text + QLatin1Char('\n') + tr("%1 ago").arg(m_monitoring.ageText(m_time))
-                    : text;
+    return m_record.value(row).value(generalinformation::TextColumn);
+}
+
+/// Beside the time, where no label stands: below it there is no room on a small screen.
+void DeviceDetailTable::showAge()
+{
+    const QString age =
+        m_time && !m_isLive ? tr("%1 ago").arg(m_monitoring.ageText(m_time)) : QString();
+    if (m_model.rowCount() > generalinformation::TimestampRow) {
+        cellcolours::update(cell(generalinformation::TimestampRow, LabelColumn), Qt::DisplayRole,
+                            age);
+    }
 }
 
 void DeviceDetailTable::showRecord()
@@ -144,4 +151,5 @@ void DeviceDetailTable::showRecord()
             cellcolours::setColours(value, shade, m_textColour);
         }
     }
+    showAge();
 }

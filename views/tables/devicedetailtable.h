@@ -51,6 +51,7 @@ private:
     void setRecord(const QList<QStringList>& dataList);
     void showRecord();
     QString textOf(int row) const;
+    void showAge();
     QStandardItem& cell(int row, Column column);
 
     QString m_currentHexId;

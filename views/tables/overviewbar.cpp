@@ -51,7 +51,6 @@ OverviewBar::OverviewBar(QWidget* parent)
     m_faultsFirst->setObjectName(QStringLiteral("overviewFaultsFirstBox"));
     m_count->setObjectName(QStringLiteral("overviewCountLabel"));
     m_hiddenFaults->setObjectName(QStringLiteral("overviewHiddenFaultsButton"));
-    m_text->setClearButtonEnabled(true);
     m_text->setMaxLength(kLongestText);
     m_count->setMargin(2);
     m_count->setTextInteractionFlags(Qt::NoTextInteraction);

@@ -1,0 +1,395 @@
+#include "app/installation/installationcontrol.h"
+
+#include "app/shared/usersettings.h"
+#include "serial/ldb/exchange.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/link/seriallink.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// From when all have been probed until it is decided with the names heard so far, ms.
+constexpr int kPatience = 30000;
+/// Changes are gathered for so long, ms.
+constexpr int kSaveAfter = 2000;
+/// A name is taken for another one when it has been told twice; see the conversation.
+constexpr int kTimesTold = 2;
+
+bool mayStartKnown()
+{
+    return userSettings().value(constants::kKnownStartKey, true).toBool();
+}
+
+} // namespace
+
+InstallationControl::InstallationControl(SerialLink* link, Installations store,
+                                         std::function<qint64()> wallTime, QObject* parent)
+    : QObject(parent)
+    , m_link(link)
+    , m_store(std::move(store))
+    , m_wallTime(std::move(wallTime))
+{
+    connect(link, &SerialLink::exchanged, this, &InstallationControl::processExchange);
+    connect(link, &SerialLink::generalInformationUpdated, this,
+            &InstallationControl::processRecord);
+    connect(link, &SerialLink::knownProbed, this,
+            [this](int answered, int) { processProbed(answered); });
+    connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isOn) {
+        if (isOn) {
+            m_told.clear(); // the names are asked for anew
+        }
+        // A run that begins without a scan says, too, that none is on.
+        if (std::exchange(m_isScanning, isOn) && !isOn && m_link->isRunning()) {
+            processScanEnd();
+        }
+    });
+    connect(link, &SerialLink::stopped, this, &InstallationControl::processStop);
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        if (m_state == State::Checking) {
+            decide(m_check.lastVerdict());
+        }
+        endCheck();
+    });
+    m_saving.setSingleShot(true);
+    connect(&m_saving, &QTimer::timeout, this, &InstallationControl::save);
+}
+
+InstallationControl::~InstallationControl()
+{
+    if (m_saving.isActive()) {
+        save();
+    }
+}
+
+std::vector<Installation> InstallationControl::all()
+{
+    Installations::Listing listing = m_store.read();
+    for (const QString& path : qAsConst(listing.damaged)) {
+        emit failed(tr("A damaged file of an installation was moved aside: %1")
+                        .arg(QDir::toNativeSeparators(path)));
+    }
+    return std::move(listing.installations);
+}
+
+StartPlan InstallationControl::planFor(const PortIdentity& port)
+{
+    const std::vector<Installation> installations = all();
+    const Installation* last = lastUsedOn(port, installations);
+    beginRun(port);
+    m_isNew = last == nullptr;
+    m_isCompared = false;
+    setCurrent(m_isNew ? Installation() : *last);
+    if (m_isNew) {
+        useOn(port);
+    }
+    return checkCurrent();
+}
+
+StartPlan InstallationControl::planAgain(const PortIdentity& port, bool isLongAway)
+{
+    if (!m_mayResume) {
+        return planFor(port);
+    }
+    beginRun(port);
+    if (isLongAway) {
+        return checkCurrent();
+    }
+    useOn(port);
+    m_check = SiteCheck(m_current.ldbs);
+    m_check.processProbed(m_check.remembered()); // all of them, unless they are lost
+    setState(State::Settled);
+    m_patience.start(kPatience);
+    return {StartPlan::Kind::Resume, {}};
+}
+
+void InstallationControl::beginRun(const PortIdentity& port)
+{
+    m_port = port;
+    m_told.clear();
+    m_isScanning = false;
+    m_hasScanned = false;
+}
+
+/// What is remembered is assumed, and held against what answers.
+StartPlan InstallationControl::checkCurrent()
+{
+    const bool isKnown = !m_current.ldbs.empty();
+    m_check = SiteCheck(m_current.ldbs);
+    setState(isKnown ? State::Checking : State::Settled);
+    emit changed();
+    if (!isKnown || !mayStartKnown()) {
+        return {};
+    }
+    return {StartPlan::Kind::Known, m_current.ldbs};
+}
+
+void InstallationControl::choose(const QString& id, const PortIdentity& port)
+{
+    const std::vector<Installation> installations = all();
+    const auto chosen =
+        std::find_if(installations.begin(), installations.end(),
+                     [&](const Installation& installation) { return installation.id == id; });
+    if (!id.isEmpty() && chosen == installations.end()) {
+        return;
+    }
+    const Installation former = m_current;
+    if (id.isEmpty() || id != m_current.id) {
+        save();
+        setCurrent(id.isEmpty() ? Installation() : *chosen);
+    }
+    if (m_isNew && former.id != m_current.id && former.title() == former.id) {
+        m_store.removeBare(former.id); // made at this start, for the one that is chosen now
+    }
+    m_isNew = false;
+    m_check = SiteCheck();
+    m_port = port;
+    useOn(port);
+    if (m_link->isRunning()) {
+        setState(State::Settled);
+        if (!m_hasScanned && !m_isScanning) {
+            emit scanWanted();
+        }
+    }
+    save();
+    emit changed();
+}
+
+QString InstallationControl::add(Installation installation)
+{
+    installation.id = m_store.freeId();
+    if (installation.id == m_current.id) {
+        save(); // its folder is not there yet
+        installation.id = m_store.freeId();
+    }
+    store(installation);
+    return installation.id;
+}
+
+void InstallationControl::describe(const Installation& described)
+{
+    change(described.id, [&](Installation& installation) {
+        installation.name = described.name;
+        installation.place = described.place;
+        installation.notes = described.notes;
+    });
+}
+
+void InstallationControl::forget(const QString& id, const QStringList& hexIds)
+{
+    change(id, [&](Installation& installation) {
+        for (const QString& hexId : hexIds) {
+            installation.forget(hexId);
+        }
+    });
+}
+
+void InstallationControl::change(const QString& id,
+                                 const std::function<void(Installation&)>& change)
+{
+    if (id == m_current.id) {
+        change(m_current);
+        save();
+        emit changed();
+        return;
+    }
+    std::vector<Installation> installations = all();
+    for (Installation& installation : installations) {
+        if (installation.id == id) {
+            change(installation);
+            store(installation);
+        }
+    }
+}
+
+void InstallationControl::store(const Installation& installation)
+{
+    const QString reason = m_store.save(installation);
+    if (!reason.isEmpty() && std::exchange(m_failure, reason) != reason) {
+        emit failed(reason);
+    }
+}
+
+/// One without an id gets one.
+void InstallationControl::setCurrent(const Installation& installation)
+{
+    const QString former = m_current.id;
+    m_current = installation;
+    if (m_current.id.isEmpty()) {
+        m_current.id = m_store.freeId();
+    }
+    if (m_current.id != former) {
+        emit replaced();
+    }
+}
+
+void InstallationControl::setState(State state)
+{
+    m_patience.stop();
+    m_state = state;
+    emit settledChanged();
+}
+
+void InstallationControl::useOn(const PortIdentity& port)
+{
+    m_current.port = port;
+    m_current.lastUsed = QDateTime::fromMSecsSinceEpoch(m_wallTime(), Qt::UTC);
+    if (!m_current.ldbs.empty()) {
+        m_saving.start(kSaveAfter);
+    }
+}
+
+void InstallationControl::processExchange(const Exchange& exchange)
+{
+    if (exchange.kind == ExchangeKind::Name && exchange.outcome == ExchangeOutcome::Believed) {
+        ++m_told[exchange.hexId];
+    }
+}
+
+/// Until an LDB has told its name, its records carry none, or the one remembered.
+void InstallationControl::processRecord(const QString& hexId, const QList<QStringList>& rows)
+{
+    const int timesTold = m_told.value(hexId);
+    if (timesTold == 0 || generalinformation::isLost(rows)) {
+        return;
+    }
+    const QString name = generalinformation::ownName(rows);
+    // After a cut the conversation goes on with the names that it knew.
+    if (m_state == State::Checking || timesTold >= kTimesTold) {
+        m_check.processName(hexId, name);
+    }
+    if (m_state == State::Checking || (isSettled() && m_check.remembered() > 0)) {
+        decide(m_check.verdict());
+    }
+    if (!isSettled() || m_check.remembered() > 0) {
+        return; // it may be another bus: nothing of it is remembered
+    }
+    if (m_current.remember({hexId, name.isNull() ? QStringLiteral("") : name})) {
+        m_saving.start(kSaveAfter);
+        emit changed();
+    }
+    if (m_isNew && !m_isCompared && m_hasScanned && namedLdbs() >= m_link->connectedLdbs().size()) {
+        recognise();
+    }
+}
+
+void InstallationControl::processScanEnd()
+{
+    m_hasScanned = true;
+    const QStringList known = m_link->connectedLdbs();
+    const auto answered =
+        std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
+                      [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
+    if (m_state == State::Checking) {
+        processProbed(static_cast<int>(answered));
+    } else if (isSettled() && m_check.remembered() == 0) {
+        rememberFound(known);
+    }
+}
+
+/// Also those that have not told their names: one that is silent at the next start would else make
+/// a small site look like another one.
+void InstallationControl::rememberFound(const QStringList& hexIds)
+{
+    for (const QString& hexId : hexIds) {
+        const bool isKnown = std::any_of(m_current.ldbs.begin(), m_current.ldbs.end(),
+                                         [&](const KnownLdb& ldb) { return ldb.hexId == hexId; });
+        if (!isKnown) {
+            m_current.remember({hexId, QString()});
+            m_saving.start(kSaveAfter);
+        }
+    }
+}
+
+int InstallationControl::namedLdbs() const
+{
+    return static_cast<int>(std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
+                                          [](const KnownLdb& ldb) { return !ldb.name.isNull(); }));
+}
+
+void InstallationControl::processProbed(int answered)
+{
+    if (m_state == State::Checking) {
+        m_check.processProbed(answered);
+        m_patience.start(kPatience);
+        decide(m_check.verdict());
+    }
+}
+
+void InstallationControl::processStop()
+{
+    m_mayResume = isSettled() && !m_isScanning;
+    setState(State::Idle);
+    if (m_saving.isActive()) {
+        save();
+    }
+}
+
+void InstallationControl::decide(SiteCheck::Verdict verdict)
+{
+    switch (verdict) {
+    case SiteCheck::Verdict::Open:
+        break;
+    case SiteCheck::Verdict::Same:
+        useOn(m_port);
+        setState(State::Settled);
+        endCheck();
+        break;
+    case SiteCheck::Verdict::Another:
+        m_check = SiteCheck();
+        setState(State::Asking);
+        if (!m_hasScanned) {
+            emit scanWanted();
+        }
+        emit anotherFound();
+        break;
+    }
+}
+
+void InstallationControl::endCheck()
+{
+    if (m_check.remembered() > 0) {
+        m_check = SiteCheck();
+        emit settledChanged();
+    }
+}
+
+/// Once in a run on a port that was never used: by all that answers.
+void InstallationControl::recognise()
+{
+    m_isCompared = true;
+    int most = 0;
+    QString id;
+    const std::vector<Installation> installations = all();
+    for (const Installation& installation : installations) {
+        SiteCheck check(installation.ldbs);
+        for (const KnownLdb& ldb : m_current.ldbs) {
+            if (!ldb.name.isNull()) {
+                check.processName(ldb.hexId, ldb.name);
+            }
+        }
+        if (installation.id != m_current.id && check.agreeing() > most &&
+            check.lastVerdict() == SiteCheck::Verdict::Same) {
+            most = check.agreeing();
+            id = installation.id;
+        }
+    }
+    if (!id.isEmpty()) {
+        emit recognised(id);
+    }
+}
+
+void InstallationControl::save()
+{
+    m_saving.stop();
+    const bool isKept = !m_current.ldbs.empty() || m_current.title() != m_current.id;
+    if (m_current.id.isEmpty() || !isKept) {
+        return;
+    }
+    store(m_current);
+}

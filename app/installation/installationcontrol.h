@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/installation/sitecheck.h"
+#include "history/installation.h"
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+class SerialLink;
+struct Exchange;
+
+/// The installation in force: which one it is, whether what answers is it, and what is remembered
+/// of it. Knows no widgets. GUI thread.
+///
+/// While it is not settled that the bus is the one remembered, nothing is remembered, and nobody
+/// may write anything by himself.
+class InstallationControl : public QObject
+{
+    Q_OBJECT
+public:
+    /// `link` outlives this object. `wallTime`: ms since 1970 UTC.
+    InstallationControl(SerialLink* link, Installations store, std::function<qint64()> wallTime,
+                        QObject* parent = nullptr);
+    ~InstallationControl() override;
+
+    /// Without an id until the first start.
+    const Installation& current() const { return m_current; }
+    const Installations& store() const { return m_store; }
+    /// False from a start on until what answers has shown, or the user has said, which one it is.
+    bool isSettled() const { return m_state == State::Settled; }
+    /// Whether the names, too, have shown it: after a cut, a moment later than that it is settled.
+    bool isCertain() const { return isSettled() && m_check.remembered() == 0; }
+
+    /// What the user chooses from; says it where one was damaged.
+    std::vector<Installation> all();
+
+    // A run is about to begin:
+    /// By hand: takes the installation last used on that port, or a new one.
+    StartPlan planFor(const PortIdentity& port);
+    /// Because the port is back: goes on where the cut was, if that is not long ago.
+    StartPlan planAgain(const PortIdentity& port, bool isLongAway);
+
+    /// The user says that the bus at that port is this one; empty for one that is not known yet.
+    void choose(const QString& id, const PortIdentity& port);
+
+    // The user changes what is remembered:
+    /// Keeps a new one, under an id of its own, which it gives; it is not in force.
+    QString add(Installation installation);
+    /// Takes name, place and notes for the one of the same id.
+    void describe(const Installation& described);
+    /// The one of that id has these no more.
+    void forget(const QString& id, const QStringList& hexIds);
+
+signals:
+    /// Another one is in force; comes before `changed()`.
+    void replaced();
+    /// Another one is in force, or something of it has changed.
+    void changed();
+    /// `isSettled()` or `isCertain()` may differ from before.
+    void settledChanged();
+    /// What answers is not what is remembered: the user has to say what it is.
+    void anotherFound();
+    /// The whole bus is to be scanned.
+    void scanWanted();
+    /// What answers on a port that was never used is remembered by that id.
+    void recognised(const QString& id);
+    /// Something could not be written or read.
+    void failed(const QString& reason);
+
+private:
+    enum class State
+    {
+        Idle,     ///< no run
+        Checking, ///< a run, and it may be another bus
+        Asking,   ///< it is another bus: which one?
+        Settled
+    };
+
+    void setCurrent(const Installation& installation);
+    void setState(State state);
+    void useOn(const PortIdentity& port);
+    void beginRun(const PortIdentity& port);
+    StartPlan checkCurrent();
+    void processExchange(const Exchange& exchange);
+    void processRecord(const QString& hexId, const QList<QStringList>& rows);
+    void processScanEnd();
+    void rememberFound(const QStringList& hexIds);
+    int namedLdbs() const;
+    void processProbed(int answered);
+    void processStop();
+    void decide(SiteCheck::Verdict verdict);
+    void endCheck();
+    void recognise();
+    void change(const QString& id, const std::function<void(Installation&)>& change);
+    void store(const Installation& installation);
+    void save();
+
+    SerialLink* m_link;
+    const Installations m_store;
+    const std::function<qint64()> m_wallTime;
+    Installation m_current;
+    PortIdentity m_port; ///< of the run, or of the last one
+    State m_state = State::Idle;
+    bool m_isScanning = false;
+    bool m_hasScanned = false;  ///< in this run
+    bool m_mayResume = false;   ///< the last run ended settled, and not in a scan
+    bool m_isNew = false;       ///< made at this start: the bus may be that of one remembered
+    bool m_isCompared = false;  ///< a new one, with all that are remembered
+    SiteCheck m_check;          ///< against nothing, once it has been decided
+    QHash<QString, int> m_told; ///< how often each LDB has told its name in this run
+    QTimer m_patience;
+    QTimer m_saving;
+    QString m_failure; ///< told last
+};

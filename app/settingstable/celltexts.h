@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/settingstable/tablecomparison.h"
+
+/// What the table of settings says of a cell or an LDB, in the language in force. Pure functions.
+namespace celltexts {
+
+/// "written", "refused", ...
+QString ofOutcome(FieldOutcome outcome);
+/// What a cell shows: a value, or the old and the new one.
+QString ofCell(const TableRow& row, LdbField field, bool differs);
+/// What is to be known besides.
+QString tip(const TableRow& row, LdbField field, const TableComparison& comparison);
+/// How the LDB is: lost, not read, what became of its edits.
+QString ofRow(const TableRow& row);
+
+} // namespace celltexts

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <optional>
+
+/// How long something takes still, by how long its parts have taken so far. A value without a
+/// clock: all times in ms.
+class RemainingTime
+{
+public:
+    void begin(qint64 now) { m_begin = now; }
+    /// Nothing before the first part is done.
+    std::optional<qint64> at(qint64 now, int left, int total) const
+    {
+        const int done = total - left;
+        if (done <= 0) {
+            return std::nullopt;
+        }
+        return (now - m_begin) * left / done;
+    }
+
+private:
+    qint64 m_begin = 0;
+};

@@ -1,0 +1,317 @@
+#include "app/preferences/settingsmenu.h"
+#include "history/installation.h"
+#include "serial/ldb/ldbsettings.h"
+#include "tests/app/livewindow.h"
+#include "tests/support/testprogram.h"
+
+namespace {
+
+constexpr qint64 kSecond = 1000;
+constexpr qint64 kMinute = 60 * kSecond;
+const PortIdentity kAdapter{"ttyUSB0", "A1", 0x0403, 0x6001};
+const QByteArray kName("02");
+const QByteArray kMute("16");
+
+QStringList addresses(int first, int count)
+{
+    QStringList hexIds;
+    for (int i = 0; i < count; ++i) {
+        hexIds += QByteArray::number(first + i, 16).toUpper().rightJustified(2, '0');
+    }
+    return hexIds;
+}
+
+} // namespace
+
+/// One adapter, several sites.
+class TestSites : public LiveWindow
+{
+    Q_OBJECT
+private slots:
+    void anotherSiteIsNoticed_data()
+    {
+        // Of `known` LDBs: those at other addresses (from the last one on), those of other names
+        // (from the first one on).
+        addColumns<int, int, int, QString>("known", "moved", "renamed", "when");
+        for (const char* when : {"start", "long cut", "short cut"}) {
+            const auto add = [&](const char* name, int known, int moved, int renamed) {
+                QTest::addRow("%s, %s", name, when)
+                    << known << moved << renamed << QString::fromLatin1(when);
+            };
+            add("other names", 8, 0, 8);
+            add("a third the same", 12, 0, 8);
+            add("the only one", 1, 0, 1);
+            if (qstrcmp(when, "short cut") != 0) {
+                add("other addresses", 8, 8, 0);
+                add("a third the same, others moved", 12, 4, 4);
+                add("two thirds moved", 12, 8, 0);
+            }
+        }
+    }
+
+    void anotherSiteIsNoticed()
+    {
+        QFETCH(int, known);
+        QFETCH(int, moved);
+        QFETCH(int, renamed);
+        QFETCH(QString, when);
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        const QStringList site = addresses(1, known);
+        openSite(site);
+        const QByteArray remembered = stored();
+        // A loop that this site has muted, at an address and with a name that the other one has,
+        // too.
+        const QString muted = site.at(std::min(renamed, known - 1));
+        Installations()
+            .keptLdbsOf("installation-1")
+            .keep({muted, "LDB " + muted, QDateTime::currentDateTimeUtc(), false, std::nullopt});
+        leave(when);
+
+        m_bus->change(muted, kMute, "01");
+        m_bus->setPresent(site.mid(0, known - moved) + addresses(100, moved));
+        for (const QString& hexId : site.mid(0, renamed)) {
+            m_bus->change(hexId, kName, encodeName("Other " + hexId));
+        }
+        m_bus->clearRequests();
+        comeBack(when);
+        bool isNoticed = false;
+        for (int second = 0; second < 90; ++second) {
+            VirtualTime::current()->advance(kSecond);
+            isNoticed = isNoticed || question() != nullptr;
+            QVERIFY(dialog("lossBox") == nullptr);
+            QVERIFY2(m_bus->writes().isEmpty(), "something is written");
+        }
+        QVERIFY(isNoticed && question());
+        QVERIFY(!child<QPushButton>("ldbResetButton")->isEnabled());
+        QVERIFY(!child<QPushButton>("settingsSaveButton")->isEnabled());
+        QCOMPARE(ldbsIn(stored()), ldbsIn(remembered));
+
+        question()->findChild<QPushButton*>("newInstallationButton")->click();
+        VirtualTime::current()->advance(20 * kSecond);
+        QVERIFY(child<QPushButton>("allLdbResetButton")->isEnabled());
+        QVERIFY(m_bus->writes().isEmpty());
+        const auto all = Installations().read().installations;
+        QCOMPARE(all.size(), std::size_t(2));
+        QCOMPARE(int(all.back().ldbs.size()), known);
+        QCOMPARE(ldbsIn(stored()), ldbsIn(remembered));
+    }
+
+    void sameSiteStartsAtOnce()
+    {
+        constexpr int kLdbCount = 32;
+        const QStringList site = addresses(1, kLdbCount);
+        openSite(site);
+        leave("start");
+        const KeptLdb muted{"05", "LDB 05", QDateTime::currentDateTimeUtc(), false, std::nullopt};
+        Installations().keptLdbsOf("installation-1").keep(muted);
+        m_bus->change("05", kMute, "01");
+        m_bus->setPresent(site.mid(0, kLdbCount - 1)); // one is switched off
+        m_bus->change("07", kName, encodeName("Renamed"));
+        comeBack("start");
+        const qint64 begun = VirtualTime::current()->now();
+        WAIT_VERIFY(overview()->model()->rowCount() == kLdbCount);
+        WAIT_COMPARE(text("20", overview::ModeColumn), "Not heard yet");
+        WAIT_VERIFY(text("01", overview::ModeColumn) == "Quiescent");
+        QVERIFY2(VirtualTime::current()->now() - begun <= kSecond,
+                 qPrintable(QString::number(VirtualTime::current()->now() - begun)));
+        // And all that are there.
+        WAIT_VERIFY(text("1F", overview::ModeColumn) == "Quiescent");
+        QVERIFY2(VirtualTime::current()->now() - begun <= 4 * kSecond,
+                 qPrintable(QString::number(VirtualTime::current()->now() - begun)));
+        WAIT_VERIFY(!decodeLdbSettings(m_bus->settingsOf("05"))->audioMute);
+        VirtualTime::current()->advance(kMinute);
+        QVERIFY(question() == nullptr && dialog("lossBox") == nullptr);
+        QCOMPARE(text("07", overview::NameColumn), "Renamed");
+        QCOMPARE(text("20", overview::ModeColumn), "Not heard yet");
+        QCOMPARE(strip(), "Monitored: 31 of 32 LDBs answer, 0 lost, 1 not heard yet.");
+        QVERIFY(stored().contains("Renamed"));
+        // It is greyed, and no lamp counts it.
+        QVERIFY(!cell("20", overview::TickColumn).data(overview::LiveRole).toBool());
+        QVERIFY(causes().filter("20").isEmpty());
+    }
+
+    void firstStartIsAsEver()
+    {
+        openSite(kLdbs);
+        QVERIFY(m_bus->requests().contains("FEFD70"));
+        const auto all = Installations().read().installations;
+        QCOMPARE(all.size(), std::size_t(1));
+        QVERIFY(all.front().name.isEmpty());
+        QCOMPARE(int(all.front().ldbs.size()), 3);
+        QVERIFY(question() == nullptr);
+    }
+
+    void preferenceTurnsItOff()
+    {
+        openSite(kLdbs);
+        leave("start");
+        userSettings().setValue(constants::kKnownStartKey, false);
+        m_bus->clearRequests();
+        comeBack("start");
+        QVERIFY(strip().endsWith("the bus is being scanned"));
+        WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
+        QVERIFY(m_bus->requests().contains("FE5070"));
+        WAIT_VERIFY(child<QPushButton>("ldbResetButton")->isEnabled());
+        QVERIFY(question() == nullptr);
+    }
+
+    /// Two sites in one day with one adapter, and back with another one.
+    void twoSitesInOneDay()
+    {
+        openSite(addresses(1, 4));
+        nameIt("Hall");
+        leave("start");
+        m_bus->setPresent(addresses(50, 4));
+        comeBack("start");
+        WAIT_VERIFY(question() != nullptr);
+        QVERIFY(question()->findChild<QLabel*>()->text().contains("\"Hall\""));
+        question()->findChild<QPushButton*>("newInstallationButton")->click();
+        WAIT_VERIFY(strip().startsWith("Monitored: 4 LDBs"));
+        VirtualTime::current()->advance(10 * kSecond);
+        nameIt("School");
+        QVERIFY(m_window->windowTitle().endsWith(" - School"));
+        leave("start");
+
+        m_bus->setPresent(addresses(1, 4));
+        comeBack("start");
+        WAIT_VERIFY(question() != nullptr);
+        auto* list = question()->findChild<QListWidget*>();
+        QCOMPARE(list->count(), 2);
+        list->setCurrentRow(0);
+        QCOMPARE(list->currentItem()->text(), "Hall (4 LDBs)");
+        question()->findChild<QPushButton*>("chooseInstallationButton")->click();
+        WAIT_VERIFY(strip().startsWith("Monitored: 4 LDBs"));
+        QVERIFY(m_window->windowTitle().endsWith(" - Hall"));
+        VirtualTime::current()->advance(10 * kSecond);
+        leave("start");
+
+        // Known by its LDBs at a port that was never used.
+        m_bus->setPort({"COM5"});
+        emit m_window->findChild<SettingsMenu*>()->comPortUpdated("COM5");
+        WAIT_VERIFY(question() != nullptr);
+        question()->findChild<QPushButton*>("chooseInstallationButton")->click();
+        QVERIFY(m_window->windowTitle().endsWith(" - Hall"));
+        VirtualTime::current()->advance(10 * kSecond);
+        QCOMPARE(Installations().read().installations.size(), std::size_t(2));
+    }
+
+    void formChangesWhatIsRemembered()
+    {
+        openSite(kLdbs);
+        click("startButton");
+        emit m_window->findChild<SettingsMenu*>()->installationWanted();
+        auto* form = m_window->findChild<QDialog*>("installationForm");
+        QVERIFY(form != nullptr && form->isVisible());
+        QCOMPARE(form->findChild<QListWidget*>()->item(0)->text(), "installation-1 (in use)");
+        auto* ldbs = form->findChild<QTreeWidget*>("installationLdbs");
+        QCOMPARE(ldbs->topLevelItemCount(), 3);
+        QCOMPARE(ldbs->topLevelItem(1)->text(1), "LDB 0A");
+        form->findChild<QLineEdit*>("installationNameEdit")->setText(" Town  hall ");
+        form->findChild<QPlainTextEdit*>("installationNotesEdit")->setPlainText("Key at the gate");
+        ldbs->topLevelItem(1)->setSelected(true);
+        form->findChild<QPushButton*>("forgetLdbButton")->click();
+        QCOMPARE(ldbs->topLevelItemCount(), 2);
+        form->close();
+        const Installation kept = Installations().read().installations.front();
+        QCOMPARE(kept.name, "Town hall");
+        QCOMPARE(kept.notes, "Key at the gate");
+        QCOMPARE(int(kept.ldbs.size()), 2);
+        QVERIFY(m_window->windowTitle().endsWith(" - Town hall"));
+
+        // Another one is used from the next start on.
+        emit m_window->findChild<SettingsMenu*>()->installationWanted();
+        form->findChild<QPushButton*>("addInstallationButton")->click();
+        form->findChild<QLineEdit*>("installationNameEdit")->setText("New hall");
+        form->findChild<QPushButton*>("useInstallationButton")->click();
+        form->close();
+        QVERIFY(m_window->windowTitle().endsWith(" - New hall"));
+        m_bus->clearRequests();
+        click("startButton");
+        WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
+        VirtualTime::current()->advance(10 * kSecond);
+        const auto all = Installations().read().installations;
+        QCOMPARE(all.size(), std::size_t(2));
+        QCOMPARE(all.front().name, "New hall");
+        QCOMPARE(int(all.front().ldbs.size()), 3);
+    }
+
+    void damagedFileIsSaid()
+    {
+        openSite(kLdbs);
+        leave("start");
+        const QString path = Installations().folderOf("installation-1") + "/installation.json";
+        m_sandbox->writeFile(path, "{");
+        const ExpectWarning warning("cannot be understood");
+        comeBack("start");
+        QVERIFY(dialog("installationBox") != nullptr);
+        QVERIFY(QFile::exists(path + ".damaged"));
+        WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
+    }
+
+private:
+    void openSite(const QStringList& ldbs)
+    {
+        m_bus = std::make_unique<TestBus>(ldbs);
+        m_bus->setPort(kAdapter);
+        userSettings().setValue(constants::kComPortKey, m_bus->portName());
+        m_window = std::make_unique<MainWindow>(m_bus->ports());
+        m_window->show();
+        click("startButton");
+        WAIT_VERIFY(strip().startsWith("Monitored: "));
+        VirtualTime::current()->advance(20 * kSecond);
+    }
+
+    void leave(const QString& when)
+    {
+        if (when == "start") {
+            click("startButton");
+        } else {
+            m_bus->cut();
+        }
+        VirtualTime::current()->advance(when == "long cut" ? 11 * kMinute : kMinute);
+    }
+
+    void comeBack(const QString& when)
+    {
+        if (when == "start") {
+            click("startButton");
+        } else {
+            m_bus->restore();
+        }
+    }
+
+    void nameIt(const QString& name)
+    {
+        emit m_window->findChild<SettingsMenu*>()->installationWanted();
+        auto* form = m_window->findChild<QDialog*>("installationForm");
+        form->findChild<QLineEdit*>("installationNameEdit")->setText(name);
+        form->close();
+    }
+
+    static QByteArray stored()
+    {
+        return Sandbox::readFile(Installations().folderOf("installation-1") + "/installation.json");
+    }
+    /// Of the file, what is known of the LDBs.
+    static QByteArray ldbsIn(const QByteArray& file)
+    {
+        const int begin = file.indexOf("\"ldbs\"");
+        return file.mid(begin, file.indexOf(']', begin) - begin);
+    }
+
+    QDialog* dialog(const QString& name) const
+    {
+        const auto dialogs = m_window->findChildren<QDialog*>(name);
+        for (QDialog* open : dialogs) {
+            if (open->isVisible()) {
+                return open;
+            }
+        }
+        return nullptr;
+    }
+    QDialog* question() const { return dialog("installationQuestion"); }
+};
+
+REGISTER_TEST(TestSites, InVirtualTime<QApplication>)
+
+#include "tst_sites.moc"
