@@ -36,6 +36,7 @@ int main(int argc, char* argv[])
     }
 
     setPlatformAttributes();
+    setNames();
     // Both let the desktop show the window under its menu entry's name and icon.
     QApplication::setDesktopFileName(constants::kDesktopName);
     const QApplication application(argc, argv);

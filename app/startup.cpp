@@ -89,6 +89,12 @@ void setPlatformAttributes()
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
 }
 
+void setNames()
+{
+    QCoreApplication::setOrganizationName(constants::kOrganisationName);
+    QCoreApplication::setApplicationName(constants::kApplicationName);
+}
+
 QStringList installationReport()
 {
     return {QStringLiteral("%1 %2").arg(constants::kApplicationDisplayName,

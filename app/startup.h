@@ -16,6 +16,9 @@ QString messageLine(QtMsgType type, const QTime& time, const QString& message);
 /// How Qt is to use the desktop. Called before the application object is made, by everything that
 /// shows the main window.
 void setPlatformAttributes();
+/// Gives the program its names, on which the folder for the user's data depends. The same whatever
+/// the program's file is called: what an LDB is to get back must be found again.
+void setNames();
 
 /// What the program is and which files it finds around it, a line each: for a person or a script
 /// that has to know which installation and which tuning file are in force. Not translated. Needs

@@ -98,7 +98,8 @@ QStringList valuesOf(const std::vector<LdbField>& fields, const LdbSettings& set
 
 bool SettingsOutcome::isGood() const
 {
-    return isComplete() && overtaken.empty() && (!isReadBack || (record && differences().empty()));
+    return isComplete() && !isRenamed && overtaken.empty() &&
+           (!isReadBack || (record && differences().empty()));
 }
 
 bool SettingsOutcome::isStored() const

@@ -1,6 +1,7 @@
 #include "app/ldbsettings/fieldcontrols.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QValidator>
@@ -20,6 +21,22 @@ public:
     }
 };
 
+/// Who turns the wheel over a form wants to scroll it, and would not see what else has changed.
+class WheelGuard : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        Q_UNUSED(watched)
+        if (event->type() != QEvent::Wheel) {
+            return false;
+        }
+        event->ignore(); // what lies behind gets it
+        return true;
+    }
+};
+
 } // namespace
 
 void fieldcontrols::limit(QLineEdit* name)
@@ -30,6 +47,18 @@ void fieldcontrols::limit(QLineEdit* name)
 void fieldcontrols::limit(QSpinBox* number)
 {
     number->setRange(0, std::numeric_limits<quint16>::max());
+    number->installEventFilter(new WheelGuard(number));
+    number->setFocusPolicy(Qt::StrongFocus); // not by the wheel either
+}
+
+void fieldcontrols::reserveBoldWidth(QWidget* control)
+{
+    const QFont shown = control->font();
+    QFont bold = shown;
+    bold.setBold(true);
+    control->setFont(bold);
+    control->setMinimumWidth(control->sizeHint().width());
+    control->setFont(shown);
 }
 
 QWidget* fieldcontrols::make(LdbField field, QWidget* parent)

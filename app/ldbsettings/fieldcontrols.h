@@ -12,8 +12,11 @@ namespace fieldcontrols {
 
 /// Lets a name be typed only as far as an LDB can store it.
 void limit(QLineEdit* name);
-/// Lets a number of 16 bits be entered.
+/// Lets a number of 16 bits be entered, but not by the wheel.
 void limit(QSpinBox* number);
+
+/// Keeps the width that the control has with a bold text.
+void reserveBoldWidth(QWidget* control);
 
 /// The field's control: a line edit, a spin box or a check box.
 QWidget* make(LdbField field, QWidget* parent);

@@ -70,12 +70,7 @@ void LdbSettingsEditor::initFlagBoxes()
 void LdbSettingsEditor::reserveBoldWidths()
 {
     for (auto* box : findChildren<QCheckBox*>()) {
-        const QFont shown = box->font();
-        QFont bold = shown;
-        bold.setBold(true);
-        box->setFont(bold);
-        box->setMinimumWidth(box->sizeHint().width());
-        box->setFont(shown);
+        fieldcontrols::reserveBoldWidth(box);
     }
 }
 
@@ -84,6 +79,11 @@ void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
     Q_ASSERT(!m_link);
     m_link = link;
     m_notices = notices;
+}
+
+QWidget* LdbSettingsEditor::footer() const
+{
+    return ui->settingsFooter;
 }
 
 void LdbSettingsEditor::keepFormer(const LdbSettings& fresh)

@@ -36,6 +36,10 @@ public:
     /// selected. Both outlive the editor's use.
     void init(SerialLink* link, Notices* notices);
 
+    /// What is said of the settings, with the buttons. It may be shown elsewhere, where it stays in
+    /// sight while the fields are scrolled.
+    QWidget* footer() const;
+
     /// Where what an LDB had before a Save is kept from now on.
     void setFormerSettings(const FormerSettingsStore& store) { m_formerSettings = store; }
 

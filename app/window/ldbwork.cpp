@@ -60,6 +60,7 @@ void LdbWork::initEditor()
 {
     LdbSettingsEditor* editor = m_ui.ldbSettingsEditor;
     editor->init(m_around.link, m_around.notices);
+    m_ui.ldbSettingsTabLayout->addWidget(editor->footer());
     connect(editor, &LdbSettingsEditor::savingChanged, m_around.run, &RunControl::setSaving);
     connect(m_around.run, &RunControl::settingsStale, this, [this] {
         if (!m_putBack->isPending(m_around.run->selectedLdb())) {

@@ -124,7 +124,7 @@ void fillEditor(LdbSettingsEditor& editor)
     }
     // No run is on, which is not to disable what this set is about.
     editor.blockSignals(true);
-    editor.findChild<QPushButton*>("settingsSaveButton")->click();
+    editor.footer()->findChild<QPushButton*>("settingsSaveButton")->click();
 }
 
 void fillActions(ActionsPanel& actions)

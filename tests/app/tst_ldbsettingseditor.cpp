@@ -11,6 +11,36 @@ class TestLdbSettingsEditor : public TestCase
 {
     Q_OBJECT
 private slots:
+    void wheelChangesNothing()
+    {
+        Desk desk;
+        QVERIFY(desk.prepare());
+        for (QSpinBox* box : {desk.fims(), desk.delay()}) {
+            box->setFocus();
+            const int before = box->value();
+            QWheelEvent turn(QPointF(5, 5), box->mapToGlobal(QPointF(5, 5).toPoint()), QPoint(),
+                             QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                             false);
+            QCoreApplication::sendEvent(box, &turn);
+            QCOMPARE(box->value(), before);
+            QVERIFY2(!turn.isAccepted(), "the form is to be scrolled by it");
+        }
+        QVERIFY(!desk.editor->hasUnsavedChanges());
+    }
+
+    void oneWayToLeaveAtATime()
+    {
+        // As another port chosen while the question about another LDB is open.
+        Desk desk;
+        QVERIFY(desk.prepare());
+        desk.fims()->setValue(7);
+        desk.editor->leave([] {});
+        bool hasStayed = false;
+        desk.editor->leave([] { QFAIL("left unasked"); }, [&hasStayed] { hasStayed = true; });
+        QCOMPARE(desk.boxes().size(), 1);
+        QVERIFY(hasStayed);
+    }
+
     void showsTheRecord()
     {
         Desk desk;

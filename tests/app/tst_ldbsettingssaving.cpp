@@ -156,7 +156,7 @@ private slots:
         desk.bus.change(kLdb, "16", "01"); // muted while the editor reads
         QVERIFY(desk.prepare());
         QVERIFY(desk.mute()->isChecked());
-        desk.name()->setText("Roof");
+        desk.delay()->setValue(25);
         desk.fims()->setValue(7);
         desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->click();
         // Meanwhile the mute is ended, and somebody else sets another count and another flag.
@@ -201,6 +201,13 @@ private slots:
                      "nothing was written, as the LDB is now called \"Shed\""),
                  qPrintable(desk.boxes().constFirst()));
         QCOMPARE(desk.fims()->value(), 7);
+
+        // Who has seen its name can go on.
+        QCOMPARE(desk.name()->text(), "Shed");
+        desk.save()->click();
+        WAIT_COMPARE(desk.lastMessage(), "The settings of LDB 0A are saved.");
+        QCOMPARE(withoutRepetitions(desk.bus.writes()),
+                 (QList<QByteArray>{"FE0A7363030700", "FE0A737806"}));
     }
 
     void secondSaveKnowsTheFirst()

@@ -762,6 +762,32 @@ private slots:
         QVERIFY(!m_window->isVisible());
     }
 
+    void saveIsInSightOnASmallScreen()
+    {
+        start();
+        m_window->resize(1280, 720);
+        child<QTabWidget>("controlTabs")->setCurrentWidget(child<QWidget>("ldbSettingsTab"));
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        const QRect whole = button("settingsSaveButton")->rect();
+        QCOMPARE(button("settingsSaveButton")->visibleRegion().boundingRect(), whole);
+    }
+
+    void yesToClosingIsForOnce()
+    {
+        start();
+        WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
+        m_window->findChild<SettingsTransfer*>()->exportTo(m_sandbox->path("out.csv"));
+        QVERIFY(!m_window->close());
+        auto* fims = child<QSpinBox>("settingsNumberOfFimsSpinBox");
+        fims->setValue(fims->value() + 1);
+        MessageBox::find(m_window.get(), "closeBox")->buttons().constFirst()->click();
+        MessageBox* unsaved = MessageBox::find(m_window.get(), "unsavedSettingsBox");
+        QVERIFY(unsaved != nullptr);
+        QTest::keyClick(unsaved, Qt::Key_Escape);
+        fims->setValue(fims->value() - 1);
+        QVERIFY2(!m_window->close(), "the export is still on");
+    }
+
     void trackingPollsOneLdb()
     {
         start();

@@ -1,4 +1,5 @@
 #include "app/startup.h"
+#include "history/keptldbs.h"
 #include "tests/support/testprogram.h"
 
 #include <csignal>
@@ -38,6 +39,14 @@ class TestMessageHandler : public TestCase
 {
     Q_OBJECT
 private slots:
+    void dataFolderIsTheProgramsOwn()
+    {
+        // Whatever its file is called, here that of the tests.
+        setNames();
+        QVERIFY2(KeptLdbs::standardFolder().endsWith("/Velmark/TavroCordexSniffer"),
+                 qPrintable(KeptLdbs::standardFolder()));
+    }
+
     void line()
     {
         const std::pair<QtMsgType, const char*> kinds[] = {{QtDebugMsg, "{Debug} \t\t"},

@@ -280,6 +280,92 @@ private slots:
         QVERIFY(!dialog("formerSettingsBox"));
     }
 
+    void programDiesBeforeTheStoring()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        m_bus->clearRequests();
+        m_bus->answerTo(kLdb, "737806", QByteArray());
+        press(dialog("formerSettingsBox"), kRestore);
+        WAIT_VERIFY(m_bus->requests().contains("FE03737806"));
+        m_window.reset();
+
+        // It has all, but loses it at its next reset.
+        QVERIFY(isAsBefore());
+        QVERIFY(!isForgotten());
+        m_bus->setScript({});
+        m_bus->clearRequests();
+        start();
+        QVERIFY(waitUntilForgotten());
+        QCOMPARE(m_bus->writes(), QList<QByteArray>{"FE03737806"});
+        QVERIFY(!dialog("formerSettingsBox"));
+    }
+
+    void anotherLdbWhileAsked()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        m_bus->change(kLdb, "02", QByteArray("Other").toHex().toUpper());
+        m_bus->clearRequests();
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        WAIT_VERIFY(boxText("is now called Other"));
+        QCOMPARE(m_bus->writes(), QList<QByteArray>());
+        QVERIFY(!isForgotten());
+    }
+
+    void changedWhileAsked()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        m_bus->change(kLdb, kDelay, "0700");
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        WAIT_VERIFY(boxText("before 25, now 7"));
+        QCOMPARE(inLdb().openDetectionDelay, quint16(7));
+        QVERIFY(answer("formerSettingsBox", kRestore));
+        QVERIFY(waitUntilForgotten());
+        QVERIFY(isAsBefore());
+    }
+
+    void keptFileIsDamaged()
+    {
+        KeptLdbs().keep({kLdb, "LDB 03", QDateTime::currentDateTimeUtc(), false, m_before});
+        const QByteArray whole = Sandbox::readFile(KeptLdbs().filePath());
+        m_sandbox->writeFile(KeptLdbs().filePath(), whole.left(whole.size() / 2));
+        const ExpectWarning warning("is damaged");
+        start();
+        WAIT_VERIFY(dialog("unreadableKeptBox") != nullptr);
+        QVERIFY(boxText(".damaged"));
+        dialog("unreadableKeptBox")->close();
+        button("startButton")->click();
+        button("startButton")->click();
+        VirtualTime::current()->advance(60 * kSecond);
+        QVERIFY2(!dialog("unreadableKeptBox"), "once is enough");
+    }
+
+    void closingBeforeTheMuteHasEnded()
+    {
+        start();
+        openRun();
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+        tracking()->close();
+        m_window->close();
+        QVERIFY(m_window->isVisible());
+        QVERIFY(dialog("closeBox"));
+        QVERIFY(boxText("without sound"));
+        press(dialog("closeBox"), "Stay");
+        WAIT_VERIFY(!inLdb().audioMute);
+    }
+
     void onlyOneOfThemAgrees_data()
     {
         addColumns<QString, QString, QString, bool, bool>("keptId", "keptName", "answer", "isMuted",
@@ -426,6 +512,15 @@ private:
             }
         }
         QFAIL(qPrintable("no button " + text));
+    }
+
+    /// Whether a box that is open says so.
+    bool boxText(const QString& part) const
+    {
+        const auto boxes = m_window->findChildren<MessageBox*>();
+        return std::any_of(boxes.begin(), boxes.end(), [&](const MessageBox* box) {
+            return box->isVisible() && (box->text() + box->informativeText()).contains(part);
+        });
     }
 
     bool answer(const QString& name, const QString& text)

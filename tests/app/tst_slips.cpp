@@ -146,7 +146,7 @@ void TestSlips::prepareBoards()
         m_bus->change(hexId, "14", digits(below(kFlagValues)));
         m_bus->change(hexId, "16", digits(below(4) == 0 ? 1 : 0));
         if (hasTwins) {
-            m_bus->change(hexId, "02", QByteArray("Hall").toHex());
+            m_bus->change(hexId, "02", QByteArray("Hall").toHex().toUpper());
         }
         m_before[hexId] = inLdb(hexId);
     }

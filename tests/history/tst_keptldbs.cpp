@@ -100,13 +100,13 @@ private slots:
         const Sandbox folder;
         const KeptLdbs kept(folder.path("."));
         folder.writeFile(kept.filePath(), "{\"ldbs\": [{");
+        QString problem;
         {
             const ExpectWarning warning("is damaged");
-            QString problem;
             QVERIFY(kept.all(&problem).empty());
-            QVERIFY2(problem.contains(".damaged"), qPrintable(problem));
         }
-        QVERIFY(QFile::exists(kept.filePath() + ".damaged"));
+        QVERIFY(problem.contains(kept.filePath()));
+        QCOMPARE(Sandbox::readFile(kept.filePath() + ".damaged"), QByteArray("{\"ldbs\": [{"));
         QCOMPARE(kept.keep(ldb("10", "A")), QString());
         QCOMPARE(kept.all().size(), std::size_t(1));
     }
@@ -124,6 +124,19 @@ private slots:
         const auto read = kept.find("10", "A");
         QVERIFY(read && read->audioMute);
         QVERIFY(!read->settings);
+        QVERIFY(Sandbox::readFile(kept.filePath() + ".damaged").contains("70000"));
+    }
+
+    void replacesNothingThatItCannotRead()
+    {
+        const Sandbox folder;
+        const KeptLdbs kept(folder.path("."));
+        QVERIFY(QDir().mkpath(kept.filePath())); // no file, but in its place
+        QString problem;
+        const ExpectWarning warning("cannot be read");
+        QVERIFY(kept.all(&problem).empty());
+        QVERIFY(problem.contains(kept.filePath()));
+        QVERIFY(kept.keep(ldb("10", "A")).contains("cannot be read"));
     }
 
     void saysWhyItCouldNotBeKept()

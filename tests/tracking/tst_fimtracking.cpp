@@ -213,6 +213,15 @@ private slots:
         }
     }
 
+    void questionShowsWhichLdb()
+    {
+        Bench bench;
+        pass(1000);
+        QVERIFY(bench.anyQuestion());
+        QCOMPARE(bench.label("nameLabel"), "Name: Boiler house");
+        QVERIFY(bench.ldb->commands().isEmpty());
+    }
+
     void commissioningToTheReport()
     {
         LoopPlan plan = healthyLoop(8);

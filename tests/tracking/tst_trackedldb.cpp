@@ -95,6 +95,19 @@ private slots:
         WAIT_COMPARE(bench.answers, QList<Answer>{Answer::Unsent});
     }
 
+    void lostLdb()
+    {
+        Bench bench;
+        QSignalSpy changed(bench.ldb.get(), &TrackedLdb::reachableChanged);
+        QVERIFY(bench.ldb->isReachable());
+        for (const bool isThere : {false, true}) {
+            changed.clear();
+            bench.bus.setPresent(isThere ? QStringList{"03", "0A"} : QStringList{"03"});
+            WAIT_VERIFY(bench.ldb->isReachable() == isThere);
+            QVERIFY(!changed.isEmpty());
+        }
+    }
+
     void linkMayDieFirst()
     {
         Bench bench;

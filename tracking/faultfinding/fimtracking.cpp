@@ -99,6 +99,8 @@ void FimTracking::initConnections()
         showNotice(tr("Writing the number of FIM's"));
         emit takeOverWanted(fimCount);
     });
+    // Also before the run: who confirms it is to see for which LDB.
+    connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this, &FimTracking::processData);
     connect(m_ldb.get(), &TrackedLdb::reachableChanged, this, &FimTracking::followLink);
     connect(m_questions, &StartQuestions::answered, this, &FimTracking::prepare);
     connect(m_questions, &StartQuestions::answeredWithoutWayBack, this,
@@ -152,8 +154,7 @@ void FimTracking::placeOver(const QWidget* parent)
         return;
     }
     const QRect inside = parent->window()->geometry().marginsRemoved(kInsetFromParent);
-    const QSize size = inside.size().expandedTo(minimumSizeHint());
-    QRect placed(QPoint(), size);
+    QRect placed(QPoint(), inside.size().expandedTo(minimumSizeHint()));
     placed.moveCenter(inside.center());
     setGeometry(placed);
 }
@@ -234,7 +235,6 @@ void FimTracking::start()
 
 void FimTracking::stop()
 {
-    disconnect(m_records);
     m_questions->withdraw();
     endRun();
     m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
@@ -275,8 +275,6 @@ void FimTracking::begin()
     m_ui->fimCountsPanel->setConfigured(settings ? std::make_optional<int>(settings->numberOfFims)
                                                  : std::nullopt);
     showNotice(QString());
-    m_records = connect(m_ldb.get(), &TrackedLdb::generalInformationUpdated, this,
-                        &FimTracking::processData);
     m_run.begin(m_mode, m_ldb->now());
     showTimes();
 }
@@ -290,8 +288,10 @@ void FimTracking::processData(const QString& hexId, const QList<QStringList>& da
     }
     processDeviceInformation(text(dataList, NameRow), text(dataList, ModeRow),
                              text(dataList, LoopRow), text(dataList, EarthRow));
-    m_run.processRecord(dataList, m_ldb->now());
-    showTimes();
+    if (m_stage == Stage::Running) {
+        m_run.processRecord(dataList, m_ldb->now());
+        showTimes();
+    }
 }
 
 void FimTracking::processDeviceInformation(const QString& name, const QString& mode,

@@ -119,9 +119,8 @@ private:
     std::unique_ptr<TrackingReport> m_report;
     StartQuestions* m_questions; // owned as a child, as is the sound
     AlarmSound* m_alarmSound;
-    QTimer m_clock;                    ///< wakes the run when something is due, and the times shown
-    QMetaObject::Connection m_records; ///< there while a run takes records
-    FormerState* m_former;             // owned as a child
+    QTimer m_clock;        ///< wakes the run when something is due, and the times shown
+    FormerState* m_former; // owned as a child
     Stage m_stage = Stage::Idle;
     TrackingMode m_mode = TrackingMode::Cancelled;
     QString m_deviceName;
