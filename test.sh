@@ -118,6 +118,6 @@ fi
 echo "== all stages before the tests: $((SECONDS - begin)) s"
 echo "== tests"
 if [ -n "$all" ]; then
-    export SNIFFER_ALL_DISASTERS=yes
+    export SNIFFER_ALL_TRIALS=yes
 fi
 ctest --preset check --parallel "$(nproc)"

@@ -533,10 +533,6 @@ maintenance</translation>
 <context>
     <name>FimTracking</name>
     <message>
-        <source>Attention</source>
-        <translation>Attention</translation>
-    </message>
-    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Fuite à la terre détectée&#xa0;!
@@ -1486,14 +1482,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>Les réglages n’ont pas encore été lus.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2817,6 +2805,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -2839,6 +2834,17 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation>Les réglages n’ont pas encore été lus.</translation>
+    </message>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
 </context>
 <context>
@@ -3278,31 +3284,12 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>Sélectionnez des cellules du paramètre à définir.</translation>
     </message>
     <message>
-        <source>Import of %1</source>
-        <translation>Importation de %1</translation>
-    </message>
-    <message>
-        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
-        <translation>Importation de « %1 » : rien n&apos;a encore été écrit. %2</translation>
-    </message>
-    <message>
         <source>Read as hexadecimal</source>
         <translation>Lire en hexadécimal</translation>
     </message>
     <message>
         <source>Read as decimal</source>
         <translation>Lire en décimal</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n left out...</source>
-        <translation>
-            <numerusform>%n laissé de côté...</numerusform>
-            <numerusform>%n laissés de côté...</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Discard the Import</source>
-        <translation>Abandonner l&apos;importation</translation>
     </message>
     <message>
         <source>Compared with &quot;%1&quot;. %2</source>
@@ -3315,14 +3302,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Close</source>
         <translation>Fermer</translation>
-    </message>
-    <message>
-        <source>LDB %1 has not been read yet.</source>
-        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
-    </message>
-    <message>
-        <source>LDB %1: what fault finding has changed is being put back.</source>
-        <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
     </message>
     <message>
         <source>Nothing was written, as the former settings could not be kept.</source>
@@ -3622,6 +3601,44 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>TableImport</name>
+    <message>
+        <source>Import of %1</source>
+        <translation>Importation de %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Importation de « %1 » : rien n&apos;a encore été écrit. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Lire en hexadécimal</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Lire en décimal</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n laissé de côté...</numerusform>
+            <numerusform>%n laissés de côté...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Abandonner l&apos;importation</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>Le LDB %1 n&apos;a pas encore été lu.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
     </message>
 </context>
 <context>

@@ -533,10 +533,6 @@ modus</translation>
 <context>
     <name>FimTracking</name>
     <message>
-        <source>Attention</source>
-        <translation>Let op</translation>
-    </message>
-    <message>
         <source>Earth Leakage Detected!
 </source>
         <translation>Aardlek gedetecteerd!
@@ -1486,14 +1482,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>LDB %1 is weg. Deze wijzigingen zijn niet opgeslagen:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>De instellingen zijn nog niet gelezen.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2817,6 +2805,13 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -2839,6 +2834,17 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Cancel</source>
         <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation>De instellingen zijn nog niet gelezen.</translation>
+    </message>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation>Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
     </message>
 </context>
 <context>
@@ -3278,31 +3284,12 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Selecteer cellen van de instelling die moet worden ingesteld.</translation>
     </message>
     <message>
-        <source>Import of %1</source>
-        <translation>Import van %1</translation>
-    </message>
-    <message>
-        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
-        <translation>Import van &quot;%1&quot;: er is nog niets geschreven. %2</translation>
-    </message>
-    <message>
         <source>Read as hexadecimal</source>
         <translation>Als hexadecimaal lezen</translation>
     </message>
     <message>
         <source>Read as decimal</source>
         <translation>Als decimaal lezen</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n left out...</source>
-        <translation>
-            <numerusform>%n weggelaten...</numerusform>
-            <numerusform>%n weggelaten...</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Discard the Import</source>
-        <translation>Import weggooien</translation>
     </message>
     <message>
         <source>Compared with &quot;%1&quot;. %2</source>
@@ -3315,14 +3302,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Close</source>
         <translation>Sluiten</translation>
-    </message>
-    <message>
-        <source>LDB %1 has not been read yet.</source>
-        <translation>LDB %1 is nog niet gelezen.</translation>
-    </message>
-    <message>
-        <source>LDB %1: what fault finding has changed is being put back.</source>
-        <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
     </message>
     <message>
         <source>Nothing was written, as the former settings could not be kept.</source>
@@ -3622,6 +3601,44 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>TableImport</name>
+    <message>
+        <source>Import of %1</source>
+        <translation>Import van %1</translation>
+    </message>
+    <message>
+        <source>Import of &quot;%1&quot;: nothing has been written yet. %2</source>
+        <translation>Import van &quot;%1&quot;: er is nog niets geschreven. %2</translation>
+    </message>
+    <message>
+        <source>Read as hexadecimal</source>
+        <translation>Als hexadecimaal lezen</translation>
+    </message>
+    <message>
+        <source>Read as decimal</source>
+        <translation>Als decimaal lezen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n weggelaten...</numerusform>
+            <numerusform>%n weggelaten...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Discard the Import</source>
+        <translation>Import weggooien</translation>
+    </message>
+    <message>
+        <source>LDB %1 has not been read yet.</source>
+        <translation>LDB %1 is nog niet gelezen.</translation>
+    </message>
+    <message>
+        <source>LDB %1: what fault finding has changed is being put back.</source>
+        <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
     </message>
 </context>
 <context>

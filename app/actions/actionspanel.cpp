@@ -14,12 +14,17 @@ constexpr int kOutcomeMs = 5000;
 
 QString controlName(LdbControl control)
 {
-    constexpr const char* kNames[] = {
-        QT_TRANSLATE_NOOP("ActionsPanel", "FIM reset"),
-        QT_TRANSLATE_NOOP("ActionsPanel", "LDB reset"),
-        QT_TRANSLATE_NOOP("ActionsPanel", "Factory reset"),
-        QT_TRANSLATE_NOOP("ActionsPanel", "Service mode")}; // in the order of the enumerators
-    return ActionsPanel::tr(kNames[static_cast<int>(control)]);
+    switch (control) {
+    case LdbControl::FimReset:
+        return ActionsPanel::tr("FIM reset");
+    case LdbControl::LdbReset:
+        return ActionsPanel::tr("LDB reset");
+    case LdbControl::FactoryReset:
+        return ActionsPanel::tr("Factory reset");
+    case LdbControl::ServiceMode:
+        break;
+    }
+    return ActionsPanel::tr("Service mode");
 }
 
 // --- Actions for all ---

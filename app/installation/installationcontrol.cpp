@@ -13,11 +13,11 @@
 
 namespace {
 
-/// From when all have been probed until it is decided with the names heard so far, ms.
+/// After the last probe names are waited for so long, ms; then those heard decide.
 constexpr int kPatience = 30000;
 /// Changes are gathered for so long, ms.
 constexpr int kSaveAfter = 2000;
-/// A name is taken for another one when it has been told twice; see the conversation.
+/// Another name counts when it has been told twice; see the conversation.
 constexpr int kTimesTold = 2;
 
 bool mayStartKnown()
@@ -43,7 +43,7 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
         if (isOn) {
             m_told.clear(); // the names are asked for anew
         }
-        // A run that begins without a scan says, too, that none is on.
+        // A run without a scan also tells that none is on.
         if (std::exchange(m_isScanning, isOn) && !isOn && m_link->isRunning()) {
             processScanEnd();
         }
@@ -359,7 +359,7 @@ void InstallationControl::endCheck()
     }
 }
 
-/// Once in a run on a port that was never used: by all that answers.
+/// Looks, once a run on a port that was never used, which installation has the LDBs that answer.
 void InstallationControl::recognise()
 {
     m_isCompared = true;

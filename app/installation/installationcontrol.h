@@ -31,10 +31,10 @@ public:
     const Installations& store() const { return m_store; }
     /// False from a start on until what answers has shown, or the user has said, which one it is.
     bool isSettled() const { return m_state == State::Settled; }
-    /// Whether the names, too, have shown it: after a cut, a moment later than that it is settled.
+    /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`.
     bool isCertain() const { return isSettled() && m_check.remembered() == 0; }
 
-    /// What the user chooses from; says it where one was damaged.
+    /// The installations that the user chooses from. A damaged one is told by `failed()`.
     std::vector<Installation> all();
 
     // A run is about to begin:
@@ -47,11 +47,11 @@ public:
     void choose(const QString& id, const PortIdentity& port);
 
     // The user changes what is remembered:
-    /// Keeps a new one, under an id of its own, which it gives; it is not in force.
+    /// Stores a new installation, which does not come into force; gives its id.
     QString add(Installation installation);
     /// Takes name, place and notes for the one of the same id.
     void describe(const Installation& described);
-    /// The one of that id has these no more.
+    /// Removes these LDBs from the installation of that id.
     void forget(const QString& id, const QStringList& hexIds);
 
 signals:
@@ -65,7 +65,7 @@ signals:
     void anotherFound();
     /// The whole bus is to be scanned.
     void scanWanted();
-    /// What answers on a port that was never used is remembered by that id.
+    /// The LDBs on a port that was never used are those of this installation.
     void recognised(const QString& id);
     /// Something could not be written or read.
     void failed(const QString& reason);

@@ -21,12 +21,12 @@ public:
     bool isLongAway() const { return m_watch.isLongAway(m_wallTime()); }
     /// The port of that name, as the system knows it now.
     PortIdentity identity(const QString& portName) const;
-    /// Of what is waited for.
+    /// The name of the port that is waited for.
     QString portName() const { return m_watch.lost().name; }
 
-    /// The user has said which one it is.
+    /// The user has chosen the port to try.
     void take(const QString& portName);
-    /// The user waits no more.
+    /// The user does not want to wait any more.
     void end();
 
 signals:

@@ -39,7 +39,7 @@ PortWatch::Verdict PortWatch::look(const std::vector<PortIdentity>& ports, bool 
     if (!m_lost.isUsb()) {
         names = isThere ? QStringList{m_lost.name} : QStringList();
     }
-    // One that was pulled out meanwhile may come back as well as the lost one.
+    // A twin that has been pulled out since then may also be the one that comes back.
     m_others.erase(std::remove_if(m_others.begin(), m_others.end(),
                                   [&](const QString& other) { return !names.contains(other); }),
                    m_others.end());

@@ -24,14 +24,14 @@ public:
 
     explicit SiteCheck(const std::vector<KnownLdb>& remembered = {});
 
-    /// So many of the LDBs remembered have answered, and the others will not.
+    /// All remembered LDBs have been probed, and so many have answered.
     void processProbed(int answered);
-    /// The name that an LDB tells; what one that is not remembered tells counts for nothing. The
-    /// last one counts.
+    /// An LDB has told its name. The last one told counts; that of an LDB that is not remembered
+    /// does not.
     void processName(const QString& hexId, const QString& name);
 
     Verdict verdict() const;
-    /// The same when nothing more is waited for: never open.
+    /// The verdict by what has been heard so far: never open.
     Verdict lastVerdict() const;
 
     /// The addresses and names that agree.

@@ -132,7 +132,7 @@ QStringList PutBack::beingPutBack() const
     return hexIds;
 }
 
-/// Once the LDBs that it may be about are asked: before, nobody may be there to read it.
+/// Waits for a run: before, nobody may be there to read it.
 void PutBack::tellProblem()
 {
     if (!m_link->isRunning() || m_problem.isEmpty()) {
@@ -213,7 +213,7 @@ bool PutBack::isMeant(const KeptLdb& kept, const QString& hexId, const QString& 
     if (kept.hexId == hexId) {
         return true;
     }
-    // Another LDB of the name is asked about only once the one at the address is known to be none.
+    // An LDB of that name alone counts only when none at the address can be the one that is meant.
     const bool isAddressFree =
         !m_link->knownLdbs().contains(kept.hexId) || m_answered.contains(key(kept, kept.hexId));
     return isAddressFree && match(kept, hexId, name) == KeptMatch::NameOnly;

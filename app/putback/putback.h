@@ -31,7 +31,7 @@ public:
             QObject* parent = nullptr);
     ~PutBack() override;
 
-    /// From now on what is kept there is put back: of the installation in force.
+    /// From now on, what is kept there is put back. It is that of the installation in force.
     void setKept(const KeptLdbs& kept);
     const KeptLdbs& kept() const { return m_file; }
     /// While held, nothing is asked of an LDB and nothing written.

@@ -41,7 +41,7 @@ BoxText otherLdb(const QString& hexId, const QString& name);
 QString muteRestored(const QString& hexId, bool isMuted);
 QString settingsRestored(const QString& hexId);
 QString settingsForgotten(const QString& hexId);
-/// What was put back would be put back again, because the file cannot be written.
+/// The file cannot be written, so what was put back would be put back again.
 QString cannotForget(const QString& hexId, const QString& reason);
 
 } // namespace putbacktexts

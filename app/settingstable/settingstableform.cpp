@@ -3,6 +3,7 @@
 #include "app/settingstable/filebar.h"
 #include "app/settingstable/settingstablewindow.h"
 #include "app/settingstable/tabledelegate.h"
+#include "app/settingstable/tableimport.h"
 #include "app/settingstable/tablereading.h"
 #include "app/settingstable/tablewriting.h"
 #include "app/transfer/settingstransfer.h"
@@ -115,14 +116,14 @@ void SettingsTableWindow::build()
     m_show = new QComboBox;
     m_status = new QLabel;
     m_progress = new QProgressBar;
-    m_importBar = new FileBar;
+    auto* importBar = new FileBar;
     m_compareBar = new FileBar;
     m_search->setObjectName(QStringLiteral("tableSearch"));
     m_compare->setObjectName(QStringLiteral("tableCompare"));
     m_show->setObjectName(QStringLiteral("tableShow"));
     m_status->setObjectName(QStringLiteral("tableStatus"));
     m_progress->setObjectName(QStringLiteral("tableProgress"));
-    m_importBar->setObjectName(QStringLiteral("importBar"));
+    importBar->setObjectName(QStringLiteral("importBar"));
     m_compareBar->setObjectName(QStringLiteral("compareBar"));
     m_search->setFixedWidth(kSearchWidth);
     m_progress->setFixedWidth(kProgressWidth);
@@ -133,6 +134,7 @@ void SettingsTableWindow::build()
         m_compare->addItem({});
         m_show->addItem({});
     }
+    m_import = new TableImport(m_around.transfer, m_model, importBar, m_around.isPending, this);
     buildTable();
     auto* looking = new QHBoxLayout;
     looking->addWidget(m_search);
@@ -144,7 +146,7 @@ void SettingsTableWindow::build()
     auto* content = new QVBoxLayout(this);
     content->addWidget(m_tools);
     content->addLayout(looking);
-    content->addWidget(m_importBar);
+    content->addWidget(importBar);
     content->addWidget(m_compareBar);
     content->addWidget(m_view, 1);
     buildActions();
@@ -170,12 +172,9 @@ void SettingsTableWindow::build()
         m_model->compareWithOther(m_compareFile.settings());
         showComparison();
     });
-    connect(m_importBar, &FileBar::closed, this, &SettingsTableWindow::discardImport);
-    connect(m_importBar, &FileBar::otherReadingWanted, this,
-            &SettingsTableWindow::readImportOtherwise);
-    connect(m_importBar, &FileBar::detailsWanted, this, [this] {
+    connect(m_import, &TableImport::detailsWanted, this, [this] {
         tell([] { return tr("These are left out:"); },
-             [sentences = leftOut()] {
+             [sentences = m_import->leftOut()] {
                  QStringList lines;
                  for (const Text& sentence : sentences) {
                      lines.append(sentence());
@@ -336,7 +335,7 @@ void SettingsTableWindow::retranslate()
          {tr("All LDB's"), tr("Only differing"), tr("Only changed")});
     m_view->setAccessibleName(tr("Settings of all LDB's"));
     m_model->retranslate();
-    showImport();
+    m_import->show();
     showComparison();
     updateActions();
 }

@@ -50,7 +50,7 @@ public:
     /// One undo step.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    /// Adds those that are not there yet; of all it is known whether they are connected.
+    /// Adds the LDBs that have no row yet, and notes which ones are connected.
     void setLdbs(const QStringList& known, const QStringList& connected);
     /// Another bus has other LDBs: all rows go but for those with edits, which are not lost
     /// unasked.

@@ -6,6 +6,7 @@
 #include "app/settingstable/formerlist.h"
 #include "app/settingstable/setvaluedialog.h"
 #include "app/settingstable/tableclipboard.h"
+#include "app/settingstable/tableimport.h"
 #include "app/settingstable/tablereading.h"
 #include "app/settingstable/tablewriting.h"
 #include "app/settingstable/writepreview.h"
@@ -82,7 +83,7 @@ void SettingsTableWindow::follow()
     });
     connect(m_writing, &TableWriting::changed, this, [this] {
         if (!m_writing->isOn()) {
-            endImport();
+            m_import->end();
         }
         updateActions();
     });
@@ -215,85 +216,17 @@ void SettingsTableWindow::importFile(const QString& path)
         tell(error);
         return;
     }
-    takeImport(TableFile(path, content, IdReading::Hexadecimal));
+    m_hasRead = true;
+    m_import->take(TableFile(path, content, IdReading::Hexadecimal));
 }
 
 void SettingsTableWindow::takePlanned()
 {
-    const QDateTime now = QDateTime::fromMSecsSinceEpoch(m_around.wallTime());
-    for (const auto& [hexId, settings] : m_around.transfer->bus().settings) {
-        m_model->takeReading({hexId, settings, {}}, now);
-    }
-    const ImportPlan& plan = m_around.transfer->plan();
-    takeImport(TableFile(m_around.transfer->importPath(), plan.content, plan.reading));
+    m_hasRead = true;
+    m_import->takePlan(QDateTime::fromMSecsSinceEpoch(m_around.wallTime()));
     show();
     raise();
     activateWindow();
-}
-
-void SettingsTableWindow::takeImport(const TableFile& file)
-{
-    m_import = file;
-    m_isImport = true;
-    m_hasRead = true;
-    m_model->edit(file.edits(), tr("Import of %1").arg(file.name()));
-    showImport();
-}
-
-void SettingsTableWindow::readImportOtherwise()
-{
-    std::vector<SettingsTableModel::CellEdit> edits;
-    for (const SettingsTableModel::CellEdit& edit : m_import.edits()) {
-        const TableRow* row = m_model->find(edit.hexId);
-        // What the user has changed since is his.
-        const bool isImported = row != nullptr && row->isEdited(edit.field) &&
-                                isSameField(edit.field, row->wanted, *edit.values);
-        if (isImported) {
-            edits.push_back({edit.hexId, edit.field, std::nullopt});
-        }
-    }
-    m_import.setReading(m_import.otherReading());
-    m_around.transfer->planWith(m_import.reading());
-    for (const SettingsTableModel::CellEdit& edit : m_import.edits()) {
-        edits.push_back(edit);
-    }
-    m_model->edit(edits, tr("Import of %1").arg(m_import.name()));
-    showImport();
-}
-
-void SettingsTableWindow::showImport()
-{
-    if (!m_isImport) {
-        m_importBar->hide();
-        return;
-    }
-    const bool isAgainst = m_import.fitsBetterOtherwise(m_model->rows());
-    const bool isOffered = isAgainst || m_import.reading() == IdReading::Decimal;
-    const int problems = static_cast<int>(leftOut().size());
-    m_importBar->show(tr("Import of \"%1\": nothing has been written yet. %2")
-                          .arg(m_import.name(), m_import.readingText(m_model->rows())),
-                      !isOffered                                 ? QString()
-                      : m_import.reading() == IdReading::Decimal ? tr("Read as hexadecimal")
-                                                                 : tr("Read as decimal"),
-                      problems == 0 ? QString() : tr("%n left out...", nullptr, problems),
-                      tr("Discard the Import"), isAgainst);
-}
-
-void SettingsTableWindow::endImport()
-{
-    m_isImport = false;
-    showImport();
-}
-
-void SettingsTableWindow::discardImport()
-{
-    std::vector<SettingsTableModel::CellEdit> edits;
-    for (const SettingsTableModel::CellEdit& edit : m_import.edits()) {
-        edits.push_back({edit.hexId, edit.field, std::nullopt});
-    }
-    m_model->edit(edits, tr("Discard the Import"));
-    m_around.transfer->refuse();
-    endImport();
 }
 
 void SettingsTableWindow::chooseComparison()
@@ -337,26 +270,6 @@ void SettingsTableWindow::showComparison()
         QString(), tr("Close"), isAgainst);
 }
 
-std::vector<Text> SettingsTableWindow::leftOut() const
-{
-    std::vector<Text> sentences;
-    if (m_isImport) {
-        sentences = m_around.transfer->isPlanned() ? m_around.transfer->plan().problems
-                                                   : m_import.problems();
-    }
-    for (const QString& hexId : m_model->unreadEdits()) {
-        sentences.emplace_back([hexId] { return tr("LDB %1 has not been read yet.").arg(hexId); });
-    }
-    for (const LdbChange& change : m_model->changes()) {
-        if (m_around.isPending(change.hexId)) {
-            sentences.emplace_back([hexId = change.hexId] {
-                return tr("LDB %1: what fault finding has changed is being put back.").arg(hexId);
-            });
-        }
-    }
-    return sentences;
-}
-
 void SettingsTableWindow::preview(FormerSettings::Occasion occasion)
 {
     std::vector<LdbChange> changes = m_model->changes();
@@ -364,9 +277,9 @@ void SettingsTableWindow::preview(FormerSettings::Occasion occasion)
                       changes.begin(), changes.end(),
                       [this](const LdbChange& change) { return m_around.isPending(change.hexId); }),
                   changes.end());
-    auto* dialog = new WritePreview(std::move(changes), leftOut(), this);
+    auto* dialog = new WritePreview(std::move(changes), m_import->leftOut(), this);
     connect(dialog, &QDialog::accepted, this, [this, dialog, occasion] {
-        const bool isImport = m_isImport && occasion == FormerSettings::Occasion::Write;
+        const bool isImport = m_import->isOn() && occasion == FormerSettings::Occasion::Write;
         write(dialog->changes(), isImport ? FormerSettings::Occasion::Import : occasion);
     });
     dialog->open();
@@ -375,7 +288,8 @@ void SettingsTableWindow::preview(FormerSettings::Occasion occasion)
 void SettingsTableWindow::write(const std::vector<LdbChange>& changes,
                                 FormerSettings::Occasion occasion)
 {
-    const QString note = occasion == FormerSettings::Occasion::Import ? m_import.name() : QString();
+    const QString note =
+        occasion == FormerSettings::Occasion::Import ? m_import->name() : QString();
     QString error = m_writing->keepFormer(changes, occasion, note);
     if (!error.isEmpty()) {
         tell([] { return tr("Nothing was written, as the former settings could not be kept."); },
@@ -461,8 +375,7 @@ void SettingsTableWindow::discardEdits()
         }
     }
     m_model->edit(edits, tr("Discard"));
-    if (m_isImport) {
-        m_around.transfer->refuse();
-        endImport();
+    if (m_import->isOn()) {
+        m_import->refuse();
     }
 }

@@ -20,6 +20,7 @@ class QTableView;
 class QToolBar;
 class SerialLink;
 class SettingsTransfer;
+class TableImport;
 class TableReading;
 class TableWriting;
 
@@ -84,18 +85,12 @@ private:
 
     void chooseImport();
     void takePlanned();
-    void takeImport(const TableFile& file);
-    void readImportOtherwise();
-    void showImport();
-    void endImport();
-    void discardImport();
 
     void chooseComparison();
     void showComparison();
     void exportFile();
 
     void preview(FormerSettings::Occasion occasion);
-    std::vector<Text> leftOut() const;
     void write(const std::vector<LdbChange>& changes, FormerSettings::Occasion occasion);
     void goOn();
     void showFormer();
@@ -116,10 +111,8 @@ private:
     QComboBox* m_show;
     QLabel* m_status;
     QProgressBar* m_progress;
-    FileBar* m_importBar;
+    TableImport* m_import; // owned as a child
     FileBar* m_compareBar;
-    TableFile m_import; ///< where one is open
-    bool m_isImport = false;
     bool m_hasRead = false;
     TableFile m_compareFile; ///< where the comparison is with one
     bool m_isFileCompared = false;

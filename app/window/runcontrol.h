@@ -64,7 +64,7 @@ public:
 signals:
     /// A run begins; `isResumed`: it goes on with the one before.
     void begun(bool isResumed);
-    /// A scan begins, the port being open, or has ended, also with its run.
+    /// The port is open and a scan begins; or the scan has ended, perhaps with its run.
     void scanning(bool isOn);
     /// No run is on any more.
     void ended();

@@ -25,17 +25,11 @@ class LiveWindow : public TestCase
 {
     Q_OBJECT
 protected slots:
-    void init() override
-    {
-        TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
-    }
 
     void cleanup() override
     {
         m_window.reset();
         m_bus.reset();
-        m_sandbox.reset();
         TestCase::cleanup();
     }
 
@@ -133,8 +127,8 @@ protected:
     bool areLampsHatched() const
     {
         for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
-            if (child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() !=
-                lampimage::drawUnknown().toImage()) {
+            static const QImage hatched = lampimage::drawUnknown().toImage();
+            if (child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() != hatched) {
                 return false;
             }
         }
@@ -223,10 +217,28 @@ protected:
         return texts;
     }
 
-    std::unique_ptr<Sandbox> m_sandbox;
     std::unique_ptr<TestBus> m_bus;
     std::unique_ptr<MainWindow> m_window;
 
 private:
     mutable std::map<QByteArray, QPointer<QObject>> m_children;
+};
+
+/// The same where nobody looks at the pixels: no window repaints, which takes most of the time of
+/// tests that live through hours.
+class UnpaintedWindow : public LiveWindow
+{
+    Q_OBJECT
+protected slots:
+    void init() override
+    {
+        LiveWindow::init();
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        return event->type() == QEvent::UpdateRequest;
+    }
 };

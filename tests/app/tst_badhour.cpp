@@ -1,22 +1,13 @@
-#include "app/notices/messagebox.h"
-#include "app/shared/usersettings.h"
-#include "app/window/mainwindow.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testbus.h"
+#include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
-#include "views/lamps/statusindicators.h"
-#include "views/tables/overviewcolumns.h"
 
-#include <QtWidgets>
-
-#include <memory>
 #include <random>
 
 using namespace generalinformation;
 
 namespace {
 
-const QStringList kLdbs{QStringLiteral("01"), QStringLiteral("07"), QStringLiteral("0A"),
+const QStringList kSite{QStringLiteral("01"), QStringLiteral("07"), QStringLiteral("0A"),
                         QStringLiteral("5B"), QStringLiteral("A4"), QStringLiteral("FD")};
 /// An answer takes so long at most from the LDB to the screen, ms.
 constexpr qint64 kOnItsWay = 150;
@@ -49,7 +40,7 @@ struct Ldb
 
 /// An hour on a site on which everything goes wrong: at every second, each cell shows what its LDB
 /// said last, or that it is not live. SNIFFER_BAD_HOUR gives another length in minutes.
-class TestBadHour : public TestCase
+class TestBadHour : public UnpaintedWindow
 {
     Q_OBJECT
 private slots:
@@ -65,17 +56,10 @@ private:
     bool isMonitored() const;
     QByteArray randomStatus();
     int below(int end) { return static_cast<int>(m_chance() % static_cast<unsigned>(end)); }
-    template <typename T>
-    T* child(const char* name) const
-    {
-        return m_window->findChild<T*>(QLatin1String(name));
-    }
     static qint64 now() { return VirtualTime::current()->now(); }
 
     std::mt19937 m_chance{20260304};
     QMap<QString, Ldb> m_ldbs;
-    std::unique_ptr<TestBus> m_bus;
-    std::unique_ptr<MainWindow> m_window;
     QStringList m_differences;
     int m_live = 0;    ///< rows times seconds
     int m_notLive = 0; ///< the same
@@ -102,8 +86,8 @@ QByteArray TestBadHour::randomStatus()
 
 void TestBadHour::begin()
 {
-    m_bus = std::make_unique<TestBus>(kLdbs);
-    for (const QString& hexId : kLdbs) {
+    makeBus(kSite);
+    for (const QString& hexId : kSite) {
         m_ldbs.insert(hexId, Ldb());
     }
     m_bus->setScript([this](const QByteArray& body) -> std::optional<QByteArray> {
@@ -114,10 +98,8 @@ void TestBadHour::begin()
         ldb->tell(now());
         return TestBus::framed(ldb->body);
     });
-    userSettings().setValue(constants::kComPortKey, m_bus->portName());
-    m_window = std::make_unique<MainWindow>(m_bus->ports());
-    m_window->show();
-    child<QPushButton>("startButton")->click();
+    makeWindow();
+    click("startButton");
 }
 
 void TestBadHour::setPresent(const QStringList& hexIds, bool isPresent)
@@ -137,8 +119,8 @@ void TestBadHour::setPresent(const QStringList& hexIds, bool isPresent)
 /// Something does; gives what.
 QString TestBadHour::happen()
 {
-    auto* startButton = child<QPushButton>("startButton");
-    const QString& hexId = kLdbs.at(below(kLdbs.size()));
+    auto* startButton = button("startButton");
+    const QString& hexId = kSite.at(below(kSite.size()));
     Ldb& ldb = m_ldbs[hexId];
     const int what = below(20);
     if (what < 9) {
@@ -151,7 +133,7 @@ QString TestBadHour::happen()
     }
     if (what < 13) {
         // Nobody answers any more, and the port knows nothing of it.
-        setPresent(kLdbs, !ldb.isPresent);
+        setPresent(kSite, !ldb.isPresent);
         return ldb.isPresent ? QStringLiteral("all back") : QStringLiteral("silence");
     }
     if (what < 15) {
@@ -165,21 +147,21 @@ QString TestBadHour::happen()
         return QStringLiteral("Start or Stop");
     }
     if (what < 19) {
-        child<QPushButton>("reloadDevicesButton")->click();
+        click("reloadDevicesButton");
         return QStringLiteral("reload");
     }
-    child<QPushButton>("dismissLostButton")->click();
+    click("dismissLostButton");
     return QStringLiteral("dismissal");
 }
 
 void TestBadHour::check()
 {
-    const QAbstractItemModel* model = child<QTableView>("deviceOverviewTableView")->model();
+    const QAbstractItemModel* model = overview()->model();
     for (int row = 0; row < model->rowCount(); ++row) {
         checkRow(model->index(row, overview::IdColumn));
     }
     checkLamps();
-    const bool isOff = !child<QPushButton>("startButton")->isChecked();
+    const bool isOff = !button("startButton")->isChecked();
     if (isOff && isMonitored()) {
         m_differences.append(QStringLiteral("%1 s: the strip").arg(now() / 1000));
     }
@@ -187,7 +169,7 @@ void TestBadHour::check()
 
 bool TestBadHour::isMonitored() const
 {
-    return child<QLabel>("monitoringLabel")->text().startsWith("Monitored");
+    return strip().startsWith("Monitored");
 }
 
 void TestBadHour::checkRow(const QModelIndex& idCell)
@@ -223,7 +205,7 @@ void TestBadHour::checkRow(const QModelIndex& idCell)
     const auto says = [&](const QByteArray& body) {
         const auto rows = buildRows(hexId, {}, decodeLdbStatus(body).status, {}, {});
         for (int row = ModeRow; row <= AmplifierRow; ++row) {
-            if (shown(row) != text(rows, static_cast<Row>(row))) {
+            if (shown(row) != generalinformation::text(rows, static_cast<Row>(row))) {
                 return false;
             }
         }
@@ -246,7 +228,7 @@ void TestBadHour::checkLamps()
         const auto* label = child<QLabel>(lamp);
         return label->accessibleName().endsWith(": off");
     };
-    const QImage hatched = lampimage::drawUnknown().toImage();
+    static const QImage hatched = lampimage::drawUnknown().toImage();
     for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
         if (!isMonitored() && child<QLabel>(lamp)->pixmap(Qt::ReturnByValue).toImage() != hatched) {
             m_differences.append(
@@ -280,8 +262,7 @@ void TestBadHour::nothingOldLooksLive()
 {
     bool isGiven = false;
     const int given = qEnvironmentVariableIntValue("SNIFFER_BAD_HOUR", &isGiven);
-    const int seconds = (isGiven ? given : 60) * 60;
-    const Sandbox sandbox;
+    const int seconds = (isGiven ? given : trials(20, 60)) * 60;
     const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
     begin();
     QString last;
@@ -292,22 +273,17 @@ void TestBadHour::nothingOldLooksLive()
             ++happened[last.section(QLatin1Char(' '), 0, 0)];
         }
         // The user looks away for some time and comes back.
-        auto* startButton = child<QPushButton>("startButton");
+        auto* startButton = button("startButton");
         if (!startButton->isChecked() && below(20) == 0) {
             startButton->click();
         }
         VirtualTime::current()->advance(1000);
-        for (MessageBox* box : m_window->findChildren<MessageBox*>()) {
-            box->close();
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeBoxes();
         check();
         if (m_differences.size() > 20) {
             break;
         }
     }
-    m_window.reset();
-    m_bus.reset();
     QVERIFY2(m_differences.isEmpty(), qPrintable(m_differences.join(QLatin1Char('\n'))));
     // It was a bad time, and there was something to compare.
     QVERIFY(happened.contains("cut") && happened.size() > 5);

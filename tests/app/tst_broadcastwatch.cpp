@@ -23,7 +23,6 @@ private slots:
     void init() override
     {
         TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
         m_bus = std::make_unique<TestBus>(kLdbs);
         m_link = std::make_unique<SerialLink>(m_bus->ports());
         m_states.clear();
@@ -42,7 +41,6 @@ private slots:
         m_watch.reset();
         m_link.reset();
         m_bus.reset();
-        m_sandbox.reset();
         TestCase::cleanup();
     }
 
@@ -126,7 +124,6 @@ private:
         return true;
     }
 
-    std::unique_ptr<Sandbox> m_sandbox;
     std::unique_ptr<TestBus> m_bus;
     std::unique_ptr<SerialLink> m_link;
     std::unique_ptr<BroadcastWatch> m_watch;

@@ -35,20 +35,23 @@ Q_DECLARE_METATYPE(Work)
 
 /// The port dies at any moment of any work, comes back, perhaps under another name, and the program
 /// goes on by itself. All cuts of a row happen to one window.
-class TestCuts : public LiveWindow
+class TestCuts : public UnpaintedWindow
 {
     Q_OBJECT
 private slots:
     void comesBackByItself_data()
     {
+        const auto cuts = [](int all) {
+            return trials(all / 4, all);
+        };
         // "latest": ms from the beginning of the work to the cut, at most
         const Table<Work, int, int, int> row("work", "cuts", "latest", "seed");
-        row("idle", Work::Idle, 200, 3000, 1);
-        row("scan", Work::Scan, 70, 30000, 2);
-        row("save", Work::Save, 130, 1500, 3);
-        row("import", Work::Import, 120, 8000, 4);
-        row("run, its beginning", Work::Run, 20, 3000, 5);
-        row("run", Work::Run, 10, 90000, 6);
+        row("idle", Work::Idle, cuts(200), 3000, 1);
+        row("scan", Work::Scan, cuts(70), 30000, 2);
+        row("save", Work::Save, cuts(130), 1500, 3);
+        row("import", Work::Import, cuts(120), 8000, 4);
+        row("run, its beginning", Work::Run, cuts(20), 3000, 5);
+        row("run", Work::Run, cuts(10), 90000, 6);
     }
 
     void comesBackByItself()

@@ -231,23 +231,6 @@ private slots:
         QCOMPARE(desk.bus.settingsOf(kLdb), TestBus::record(kLdb));
     }
 
-    void writesNothingWhereOthersHaveChangedAll()
-    {
-        Desk desk;
-        QVERIFY(desk.prepare());
-        desk.name()->setText("Roof");
-        desk.bus.change(kLdb, "02", hex("Shed"));
-        desk.bus.clearRequests();
-        desk.save()->click();
-        WAIT_COMPARE(desk.boxes().size(), 1);
-        QVERIFY(desk.settle());
-        QCOMPARE(desk.bus.writes(), QList<QByteArray>());
-        QVERIFY(desk.buttonsAre(true));
-        desk.undo()->click();
-        QCOMPARE(desk.name()->text(), "Shed");
-        QCOMPARE(desk.state(), QString());
-    }
-
     void writesNothingUnread_data()
     {
         const Table<QByteArray> row("answer");

@@ -63,9 +63,8 @@ class TestLogPanel : public TestCase
 private slots:
     void startAndStop()
     {
-        const Sandbox sandbox;
         Group group;
-        group.path.setText(sandbox.path("log.csv"));
+        group.path.setText(m_sandbox->path("log.csv"));
         group.interval.setValue(5);
 
         group.startStop.click();
@@ -87,10 +86,9 @@ private slots:
 
     void refusedStartFlipsBack()
     {
-        const Sandbox sandbox;
         Group group;
         group.window.show();
-        group.path.setText(sandbox.path("no/such/folder/log.csv"));
+        group.path.setText(m_sandbox->path("no/such/folder/log.csv"));
         const ExpectWarning warning("cannot log to");
         group.startStop.click();
         QVERIFY(!group.startStop.isChecked());
@@ -105,8 +103,7 @@ private slots:
 
     void remembers()
     {
-        const Sandbox sandbox;
-        const QString path = sandbox.path("log.csv");
+        const QString path = m_sandbox->path("log.csv");
         {
             Group group;
             QVERIFY(group.all.isChecked());
@@ -136,7 +133,6 @@ private slots:
     // Before a folder is chosen, which would be remembered.
     void dialogsOpenOutsideTheWorkingDirectory()
     {
-        const Sandbox sandbox; // is the working directory
         QWidget window;
         filedialog::load(&window, "Select File", [](const QString&) {});
         auto* dialog = window.findChild<QFileDialog*>();

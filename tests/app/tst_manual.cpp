@@ -93,15 +93,14 @@ private slots:
 
     void picturesFitTheWindow()
     {
-        const Sandbox sandbox;
         QImage wide(2000, 100, QImage::Format_RGB32);
         wide.fill(Qt::red);
-        QVERIFY(wide.save(sandbox.path("wide.png")));
-        sandbox.writeFile(kFirstPage, "1. step\n\n   ![wide](wide.png)\n");
+        QVERIFY(wide.save(m_sandbox->path("wide.png")));
+        m_sandbox->writeFile(kFirstPage, "1. step\n\n   ![wide](wide.png)\n");
         ManualBrowser browser;
         browser.resize(800, 400);
         browser.show();
-        browser.setSource(QUrl::fromLocalFile(sandbox.path(kFirstPage)));
+        browser.setSource(QUrl::fromLocalFile(m_sandbox->path(kFirstPage)));
         for (int width : {800, 500, 1100}) {
             browser.resize(width, 400);
             QCoreApplication::processEvents();
@@ -113,7 +112,6 @@ private slots:
 
     void f1OpensItOnce()
     {
-        const Sandbox sandbox;
         const HelpKey helpKey(kFolder);
         MainWindow window;
         window.show();
@@ -136,8 +134,7 @@ private slots:
 
     void missingManualIsToldOnce()
     {
-        const Sandbox sandbox;
-        const HelpKey helpKey(sandbox.path("nowhere"));
+        const HelpKey helpKey(m_sandbox->path("nowhere"));
         QWidget window;
         window.show();
         QTest::keyClick(&window, Qt::Key_F1);
@@ -145,7 +142,8 @@ private slots:
         QVERIFY(openWindows<ManualWindow>().isEmpty());
         const QList<QMessageBox*> boxes = openWindows<QMessageBox>();
         QCOMPARE(boxes.size(), 1);
-        QVERIFY(boxes.first()->text().contains(QDir::toNativeSeparators(sandbox.path("nowhere"))));
+        QVERIFY(
+            boxes.first()->text().contains(QDir::toNativeSeparators(m_sandbox->path("nowhere"))));
         QTest::keyClick(boxes.first(), Qt::Key_F1);
         QCOMPARE(openWindows<QMessageBox>(), boxes);
     }

@@ -153,9 +153,8 @@ private slots:
 
     void asksTheSystem()
     {
-        const Sandbox sandbox;
-        sandbox.writeFile("port", QByteArray());
-        const QString path = sandbox.path("port");
+        m_sandbox->writeFile("port", QByteArray());
+        const QString path = m_sandbox->path("port");
         const PortDevice device = portDevice(path);
         QVERIFY(device.isThere && device.mayBeUsed);
         // The group that owns the device, unless that is root's own.

@@ -26,13 +26,13 @@ const QString kRestore = "Restore the former settings";
 } // namespace
 
 /// What fault finding leaves in an LDB: nothing, whatever ends the run, the window or the program.
-class TestPutBack : public LiveWindow
+class TestPutBack : public UnpaintedWindow
 {
     Q_OBJECT
 private slots:
     void init() override
     {
-        LiveWindow::init();
+        UnpaintedWindow::init();
         makeBus({kLdb, "0A"});
         m_bus->change(kLdb, kDelay, "1900");
         m_bus->change(kLdb, kFlags, "06");
@@ -104,18 +104,12 @@ private slots:
         QVERIFY(beginRun());
         WAIT_VERIFY(left > 0);
         tracking()->close();
-        QVERIFY(answer("formerSettingsBox", kRestore));
-        QVERIFY(waitUntilForgotten());
-        QVERIFY(isAsBefore());
+        QVERIFY(restores());
     }
 
     void leavingForgets()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Rebooting));
-        tracking()->close();
-        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        breakOffARun();
         const auto* box = qobject_cast<MessageBox*>(dialog("formerSettingsBox"));
         QVERIFY2(box->informativeText().contains("before 25, now 10"),
                  qPrintable(box->informativeText()));
@@ -128,20 +122,14 @@ private slots:
 
     void laterIsAskedAtTheNextStart()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Rebooting));
-        tracking()->close();
-        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        breakOffARun();
         QTest::keyClick(dialog("formerSettingsBox"), Qt::Key_Escape);
         QVERIFY(!isForgotten());
         VirtualTime::current()->advance(60 * kSecond);
         QVERIFY2(!dialog("formerSettingsBox"), "once a run of the link is enough");
         button("startButton")->click();
         button("startButton")->click();
-        QVERIFY(answer("formerSettingsBox", kRestore));
-        QVERIFY(waitUntilForgotten());
-        QVERIFY(isAsBefore());
+        QVERIFY(restores());
     }
 
     void programDiesAtAnyMoment_data()
@@ -149,7 +137,7 @@ private slots:
         addColumns<int, bool>("afterMs", "wasMuted");
         constexpr int kLongest = 260000; // into the counting
         std::mt19937 random(14);
-        for (int i = 0; i < 12; ++i) {
+        for (int i = 0; i < trials(4, 12); ++i) {
             const auto after = static_cast<int>(random() % kLongest);
             QTest::addRow("%d ms%s", after, i % 3 == 0 ? ", muted on purpose" : "")
                 << after << (i % 3 == 0);
@@ -189,10 +177,7 @@ private slots:
 
     void lineIsCut()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Counting));
-        WAIT_VERIFY(inLdb().audioMute);
+        muteByARun();
         {
             const ExpectWarning warning("^Port ");
             m_bus->cut();
@@ -211,17 +196,12 @@ private slots:
         button("startButton")->click();
         WAIT_VERIFY(!inLdb().audioMute);
         WAIT_COMPARE(message(), "The audio mute of LDB 03 from the fault finding has ended.");
-        QVERIFY(answer("formerSettingsBox", kRestore));
-        QVERIFY(waitUntilForgotten());
-        QVERIFY(isAsBefore());
+        QVERIFY(restores());
     }
 
     void muteThatIsRefused()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Counting));
-        WAIT_VERIFY(inLdb().audioMute);
+        muteByARun();
         m_bus->answerTo(kLdb, "73631600", "\x15");
         const ExpectWarning warning("audio mute of LDB \"03\"");
         tracking()->close();
@@ -259,11 +239,7 @@ private slots:
 
     void programDiesBeforeTheStoring()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Rebooting));
-        tracking()->close();
-        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        breakOffARun();
         m_bus->clearRequests();
         m_bus->answerTo(kLdb, "737806", QByteArray());
         press(dialog("formerSettingsBox"), kRestore);
@@ -283,11 +259,7 @@ private slots:
 
     void anotherLdbWhileAsked()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Rebooting));
-        tracking()->close();
-        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        breakOffARun();
         m_bus->change(kLdb, "02", QByteArray("Other").toHex().toUpper());
         m_bus->clearRequests();
         QVERIFY(answer("formerSettingsBox", kRestore));
@@ -298,18 +270,12 @@ private slots:
 
     void changedWhileAsked()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Rebooting));
-        tracking()->close();
-        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+        breakOffARun();
         m_bus->change(kLdb, kDelay, "0700");
         QVERIFY(answer("formerSettingsBox", kRestore));
         WAIT_VERIFY(boxText("before 25, now 7"));
         QCOMPARE(inLdb().openDetectionDelay, quint16(7));
-        QVERIFY(answer("formerSettingsBox", kRestore));
-        QVERIFY(waitUntilForgotten());
-        QVERIFY(isAsBefore());
+        QVERIFY(restores());
     }
 
     void keptFileIsDamaged()
@@ -330,10 +296,7 @@ private slots:
 
     void closingBeforeTheMuteHasEnded()
     {
-        start();
-        QVERIFY(beginRun());
-        QVERIFY(reach(Phase::Counting));
-        WAIT_VERIFY(inLdb().audioMute);
+        muteByARun();
         tracking()->close();
         m_window->close();
         QVERIFY(m_window->isVisible());
@@ -448,6 +411,22 @@ private:
         WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
     }
 
+    /// Until the user is asked what becomes of the former settings.
+    void breakOffARun()
+    {
+        start();
+        QVERIFY(beginRun());
+        QVERIFY(reach(Phase::Rebooting));
+        tracking()->close();
+        WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
+    }
+    void muteByARun()
+    {
+        start();
+        QVERIFY(beginRun());
+        QVERIFY(reach(Phase::Counting));
+        WAIT_VERIFY(inLdb().audioMute);
+    }
     bool reach(Phase phase)
     {
         return waitUntil([&] { return tracking() && tracking()->run().phase() == phase; },
@@ -475,6 +454,11 @@ private:
     }
 
     LdbSettings inLdb() const { return LiveWindow::inLdb(kLdb); }
+    /// When asked.
+    bool restores() const
+    {
+        return answer("formerSettingsBox", kRestore) && waitUntilForgotten() && isAsBefore();
+    }
     bool isAsBefore() const { return differingFields(m_before, inLdb()).empty(); }
     /// Reads the file once a quarter of a second only.
     static bool waitUntilForgotten()

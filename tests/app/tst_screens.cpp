@@ -350,7 +350,6 @@ private slots:
     {
         QFETCH(QString, language);
         QFETCH(QString, screen);
-        const Sandbox sandbox;
         QTranslator translator;
         QVERIFY(translator.load(QStringLiteral("TavroCordexSniffer_") + language,
                                 QStringLiteral(TRANSLATIONS_FOLDER)));
@@ -384,7 +383,6 @@ private slots:
     {
         QFETCH(QPalette, palette);
         QFETCH(QString, screen);
-        const Sandbox sandbox;
         const QPalette formerPalette = QApplication::palette();
         QApplication::setPalette(palette);
         const auto restore =

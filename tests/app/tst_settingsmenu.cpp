@@ -61,13 +61,7 @@ protected slots:
     void init() override
     {
         TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
         m_translations = m_sandbox->path("translations");
-    }
-    void cleanup() override
-    {
-        m_sandbox.reset();
-        TestCase::cleanup();
     }
 
 private slots:
@@ -261,7 +255,6 @@ private:
         return QSettings("Velmark", "Tavro Cordex Sniffer").value(key);
     }
 
-    std::unique_ptr<Sandbox> m_sandbox;
     QString m_translations;
 };
 

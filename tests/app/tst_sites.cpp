@@ -23,7 +23,7 @@ QStringList addresses(int first, int count)
 } // namespace
 
 /// One adapter, several sites.
-class TestSites : public LiveWindow
+class TestSites : public UnpaintedWindow
 {
     Q_OBJECT
 private slots:

@@ -112,15 +112,14 @@ private slots:
     {
         QFETCH(QString, language);
         QFETCH(bool, onlyPlurals);
-        const Sandbox sandbox;
         const QByteArray kept = Sandbox::readFile(cataloguePath(language));
-        sandbox.writeFile(fileName(language), kept);
+        m_sandbox->writeFile(fileName(language), kept);
 
         QStringList arguments = QStringLiteral(LUPDATE_ARGUMENTS).split('|', Qt::SkipEmptyParts);
         if (onlyPlurals) {
             arguments.append("-pluralonly");
         }
-        arguments << "-ts" << sandbox.path(fileName(language));
+        arguments << "-ts" << m_sandbox->path(fileName(language));
         QProcess lupdate;
         lupdate.start(QStringLiteral(LUPDATE), arguments);
         QVERIFY(lupdate.waitForFinished());
@@ -132,7 +131,7 @@ private slots:
 
         // New and changed texts come back unfinished; those that have gone are left out.
         const QStringList inSources =
-            describeAll(readCatalogue(Sandbox::readFile(sandbox.path(fileName(language)))));
+            describeAll(readCatalogue(Sandbox::readFile(m_sandbox->path(fileName(language)))));
         const QStringList inCatalogue = describeAll(readCatalogue(kept));
         for (const QString& text : inSources) {
             QVERIFY2(inCatalogue.contains(text),

@@ -16,12 +16,6 @@ namespace {
 
 constexpr TimeSpan kAll{0, std::numeric_limits<qint64>::max()};
 
-/// How many: all of them with SNIFFER_ALL_DISASTERS, which takes minutes.
-int disasters(int usual, int all)
-{
-    return qEnvironmentVariableIsSet("SNIFFER_ALL_DISASTERS") ? all : usual;
-}
-
 } // namespace
 
 /// What becomes of recordings when programs are killed, disks are full and files are damaged.
@@ -35,7 +29,7 @@ private slots:
         const Sandbox sandbox;
         const QString folder = sandbox.path("recordings");
         int begun = 0;
-        for (int kill = 0; kill < disasters(15, 100); ++kill) {
+        for (int kill = 0; kill < trials(15, 100); ++kill) {
             QProcess program;
             program.start(VICTIM, {folder, QString::number(begun)});
             int told = begun;
@@ -130,7 +124,7 @@ private slots:
         std::size_t wrong = 0;
         std::size_t read = 0;
         int readable = 0;
-        for (int copy = 0; copy < disasters(50, 1000); ++copy) {
+        for (int copy = 0; copy < trials(50, 1000); ++copy) {
             const QString folder = sandbox.path(QString("copies/%1").arg(copy));
             QVERIFY(QDir().mkpath(folder));
             const QString path = folder + "/recording-2026-03-04.sqlite";

@@ -52,7 +52,7 @@ private slots:
         const double clean = recordsIn(rig, kMinute);
         bad.begin(rig);
         rig.queueByChance(20 * kSecond);
-        rig.run(10 * kMinute);
+        rig.run(trials(3, 10) * kMinute);
         QVERIFY2(rig.tally().wrong == 0, qPrintable(text(rig)));
         QVERIFY2(rig.tally().falseLosses == 0, qPrintable(text(rig)));
 
@@ -74,10 +74,13 @@ private slots:
         const Table<LineKind, int, QByteArray> row("kind", "line", "digest");
         const int worst = static_cast<int>(badLines().size()) - 1;
         row("clean", LineKind::FullDuplex, -1, "4e412d08194d8bc50912c264bafd4d0805c5b1bc");
-        row("bad, full duplex", LineKind::FullDuplex, worst,
-            "37ccce4321b1c2e432ccde88e90d3e4619159c8d");
         row("bad, half duplex", LineKind::HalfDuplex, worst,
             "afc5b78121dabd0f1acf1c268639298be6984680");
+        if (trials(0, 1) == 0) {
+            return;
+        }
+        row("bad, full duplex", LineKind::FullDuplex, worst,
+            "37ccce4321b1c2e432ccde88e90d3e4619159c8d");
         row("bad, queue", LineKind::QueuingConverter, worst,
             "da5c90d40bd9b2022b71645bab963806b702cf3e");
         row("late", LineKind::FullDuplex, 5, "09ce311b4495a5aeb242246b9df7cd7e1d22dba5");

@@ -16,7 +16,6 @@ private slots:
     void init() override
     {
         TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
         m_bus = std::make_unique<TestBus>(QStringList{"03", "0A"});
         m_link = std::make_unique<SerialLink>(m_bus->ports());
         m_link->setPortName(m_bus->portName());
@@ -26,7 +25,6 @@ private slots:
     {
         m_link.reset();
         m_bus.reset();
-        m_sandbox.reset();
         TestCase::cleanup();
     }
 
@@ -276,7 +274,6 @@ private slots:
     }
 
 private:
-    std::unique_ptr<Sandbox> m_sandbox;
     std::unique_ptr<TestBus> m_bus;
     std::unique_ptr<SerialLink> m_link;
 };

@@ -162,7 +162,6 @@ private slots:
 
     void worksInAThreadOfItsOwn()
     {
-        const Sandbox sandbox;
         TerminalBus bus({"03", "0A"});
         SerialLink link;
         link.setPortName(bus.portName());
@@ -203,7 +202,6 @@ private slots:
     {
         QFETCH(QString, end);
         const ExpectWarning gone("Port .*: ", ExpectWarning::Need::MayCome);
-        const Sandbox sandbox;
         TerminalBus bus({"03"});
         bus.setScript([](const QByteArray& body) {
             return body == ask("03", kReset) ? std::optional(kSilence) : std::nullopt;

@@ -28,10 +28,9 @@ private slots:
         QFETCH(QByteArray, count);
         QFETCH(QByteArray, others);
         QFETCH(bool, warns);
-        const Sandbox sandbox;
-        sandbox.writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=" + count +
-                            "\nBYTES_RECEIVED_WAIT_TIME=" + others + "\nIDENTITY_EVERY_ROUNDS=" +
-                            others + "\nSELECTED_WITHIN_MS=" + others + "\n");
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=" + count +
+                               "\nBYTES_RECEIVED_WAIT_TIME=" + others + "\nIDENTITY_EVERY_ROUNDS=" +
+                               others + "\nSELECTED_WITHIN_MS=" + others + "\n");
         const auto expected = warns ? std::make_unique<ExpectWarning>("no whole number") : nullptr;
         const SerialTuning tuning = SerialTuning::load();
         QTEST((QList<int>{tuning.disconnectedCount, tuning.answerWaitTime,

@@ -89,9 +89,8 @@ private slots:
     void comesBackAfterACut()
     {
         qRegisterMetaType<QSerialPort::SerialPortError>();
-        const Sandbox sandbox;
         Simulation::Options options = unpaced();
-        options.linkPath = sandbox.path("port");
+        options.linkPath = m_sandbox->path("port");
         // Left behind by one that was killed.
         QVERIFY(QFile::link("/nowhere", options.linkPath));
         Simulation simulation(twoBoards(), options);
@@ -140,9 +139,8 @@ private slots:
 
     void writesTheJournal()
     {
-        const Sandbox sandbox;
         Simulation::Options options = unpaced();
-        options.journalPath = sandbox.path("journal.txt");
+        options.journalPath = m_sandbox->path("journal.txt");
         // Read while the simulation still runs: every line is in the file already.
         const auto lines = [&options] {
             return Sandbox::readFile(options.journalPath).trimmed().split('\n');
@@ -191,8 +189,7 @@ private slots:
 
     void tellsWhatItCannotOpen()
     {
-        const Sandbox sandbox;
-        sandbox.writeFile("precious", "data");
+        m_sandbox->writeFile("precious", "data");
         for (const char* link : {"precious", "none/link", ""}) {
             Simulation::Options options = unpaced();
             options.linkPath = link;
@@ -213,8 +210,7 @@ private slots:
     void runsAsAProgramUntilToldToEnd()
     {
         QFETCH(QString, signal);
-        const Sandbox sandbox;
-        const QString link = sandbox.path("port");
+        const QString link = m_sandbox->path("port");
         Program program({"--unpaced", "--link", link});
         const QString portName = program.nextLine();
         QCOMPARE(QFileInfo(link).symLinkTarget(), portName);
@@ -241,8 +237,7 @@ private slots:
 
     void refusesWrongArguments()
     {
-        const Sandbox sandbox;
-        sandbox.writeFile("bad.json", R"({"ldbs": [{"address": "0A", "fims": "x"}]})");
+        m_sandbox->writeFile("bad.json", R"({"ldbs": [{"address": "0A", "fims": "x"}]})");
         const std::pair<const char*, const char*> complaints[] = {
             {"--scenario none", "none: "},
             {"--scenario bad.json", "bad.json: ldbs[0].fims: "},

@@ -40,6 +40,7 @@ void recordMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 void TestCase::init()
 {
+    m_sandbox.emplace();
     const QMutexLocker lock(&guard);
     unexpected.clear();
     previousHandler = qInstallMessageHandler(recordMessage);
@@ -47,6 +48,7 @@ void TestCase::init()
 
 void TestCase::cleanup()
 {
+    m_sandbox.reset();
     qInstallMessageHandler(previousHandler);
     const QMutexLocker lock(&guard);
     const QStringList messages = unexpected;
@@ -97,4 +99,9 @@ bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
+}
+
+int trials(int usual, int all)
+{
+    return qEnvironmentVariableIsSet("SNIFFER_ALL_TRIALS") ? all : usual;
 }

@@ -1,14 +1,17 @@
 #pragma once
 
+#include "tests/support/sandbox.h"
+
 #include <QList>
 #include <QObject>
 #include <QRegularExpression>
 #include <QtTest>
 
 #include <functional>
+#include <optional>
 
-/// Base of every test class: a warning or critical message that nobody expected fails the test
-/// function in which it comes.
+/// Base of every test class. Each test function has a sandbox of its own. A warning or critical
+/// message that nobody expected fails the function in which it comes.
 class TestCase : public QObject
 {
     Q_OBJECT
@@ -16,6 +19,9 @@ protected slots:
     // Run by Qt Test around every test function; an override calls the base.
     virtual void init();
     virtual void cleanup();
+
+protected:
+    std::optional<Sandbox> m_sandbox;
 };
 
 /// Expects warnings that match `pattern` while it lives; any number may come. At least one must,
@@ -45,6 +51,10 @@ private:
 /// waiting sleeps between looks, which makes a conversation over a line take seconds. In virtual
 /// time the limit, too, is virtual: by default a scan and a few rounds of a small bus.
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 100000);
+
+/// How many seeds, minutes or other trials of a kind a test goes through: `all` of them where
+/// SNIFFER_ALL_TRIALS is set, which takes minutes, `usual` otherwise.
+int trials(int usual, int all);
 
 /// The columns of a data table: addColumns<int, QString>("port", "text").
 template <typename... Types, typename... Names>

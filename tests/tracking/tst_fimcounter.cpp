@@ -419,13 +419,13 @@ private slots:
 
     void thresholdsFromTuningFile()
     {
-        const Sandbox sandbox;
         const TrackingThresholds builtIn = TrackingThresholds::fromTuningFile(); // there is none
         QCOMPARE(builtIn.shortDetection, 220.0);
         QCOMPARE(builtIn.fimStartup.primary, 11.0);
         QCOMPARE(builtIn.fimStartup.secondary, 11.0);
-        sandbox.writeTuning("[FimTracking]\nSHORT_DETECTION_CURRENT=300\n"
-                            "PRIMARY_FIM_STARTUP_CURRENT=12\nSECONDARY_FIM_STARTUP_CURRENT=13\n");
+        m_sandbox->writeTuning(
+            "[FimTracking]\nSHORT_DETECTION_CURRENT=300\n"
+            "PRIMARY_FIM_STARTUP_CURRENT=12\nSECONDARY_FIM_STARTUP_CURRENT=13\n");
         const TrackingThresholds thresholds = TrackingThresholds::fromTuningFile();
         QCOMPARE(thresholds.shortDetection, 300.0);
         QCOMPARE(thresholds.fimStartup.primary, 12.0);

@@ -131,8 +131,7 @@ private slots:
         QFETCH(QByteArray, tuning);
         QFETCH(QList<QStringList>, record);
         QFETCH(QList<double>, values);
-        const Sandbox sandbox;
-        sandbox.writeTuning(tuning);
+        m_sandbox->writeTuning(tuning);
         Bench bench;
         bench.add("0A", record);
         QCOMPARE(bench.samples(), 1);

@@ -78,8 +78,7 @@ private slots:
         QFETCH(int, value);
         QFETCH(QString, colour);
         QFETCH(QByteArray, warning);
-        const Sandbox sandbox;
-        sandbox.writeTuning(ini);
+        m_sandbox->writeTuning(ini);
         const auto expected =
             warning.isEmpty() ? nullptr : std::make_unique<ExpectWarning>(warning.constData());
         const QColor painted = colourOf(CellColourRules::fromTuningFile(), ModeRow, value);
@@ -88,9 +87,8 @@ private slots:
 
     void rulesBelongToTheirRow()
     {
-        const Sandbox sandbox;
         QVERIFY(!CellColourRules::fromTuningFile().colourName(ModeRow, 5)); // no file
-        sandbox.writeTuning(tuning("value0=0 color0=red"));
+        m_sandbox->writeTuning(tuning("value0=0 color0=red"));
         const CellColourRules rules = CellColourRules::fromTuningFile();
         for (int row = -1; row <= RowCount; ++row) {
             QCOMPARE(rules.colourName(row, 5).has_value(), row == ModeRow);
@@ -99,7 +97,6 @@ private slots:
 
     void shippedTuningHasTheBuiltInValues()
     {
-        const Sandbox sandbox;
         const SerialTuning builtIn = SerialTuning::load();
         const QSettings shipped(kShippedFile, QSettings::IniFormat);
         const auto number = [&shipped](const char* key) {

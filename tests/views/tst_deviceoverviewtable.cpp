@@ -100,17 +100,6 @@ class TestDeviceOverviewTable : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override
-    {
-        m_sandbox = std::make_unique<Sandbox>();
-        TestCase::init();
-    }
-    void cleanup() override
-    {
-        m_sandbox.reset();
-        TestCase::cleanup();
-    }
-
     void refreshChangesInPlace()
     {
         Overview table;
@@ -406,9 +395,6 @@ private slots:
         table.poll(kFive);
         QCOMPARE(header->saveState(), layout);
     }
-
-private:
-    std::unique_ptr<Sandbox> m_sandbox;
 };
 
 REGISTER_TEST(TestDeviceOverviewTable, QApplication)

@@ -62,7 +62,6 @@ private slots:
     void init() override
     {
         TestCase::init();
-        m_sandbox.emplace();
         m_logger = std::make_unique<FileLogger>();
         m_logger->setFileName(path());
         m_failed = std::make_unique<QSignalSpy>(m_logger.get(), &FileLogger::loggingFailed);
@@ -70,7 +69,6 @@ private slots:
     void cleanup() override
     {
         m_logger.reset();
-        m_sandbox.reset();
         TestCase::cleanup();
     }
 
@@ -304,7 +302,6 @@ private:
         return all;
     }
 
-    std::optional<Sandbox> m_sandbox;
     std::unique_ptr<FileLogger> m_logger;
     std::unique_ptr<QSignalSpy> m_failed;
 };

@@ -90,17 +90,6 @@ class TestOverviewBar : public TestCase
 {
     Q_OBJECT
 private slots:
-    void init() override
-    {
-        m_sandbox = std::make_unique<Sandbox>();
-        TestCase::init();
-    }
-    void cleanup() override
-    {
-        m_sandbox.reset();
-        TestCase::cleanup();
-    }
-
     void filter_data()
     {
         const Table<QString, bool, QString, QString> row("text", "onlyFaults", "shown", "counts");
@@ -330,9 +319,6 @@ private slots:
         QCOMPARE(overview.counts(), "[1 of 2], [1 faults hidden]");
         QCOMPARE(overview.text->placeholderText(), "[Filter (Ctrl+F)]");
     }
-
-private:
-    std::unique_ptr<Sandbox> m_sandbox;
 };
 
 REGISTER_TEST(TestOverviewBar, InVirtualTime<QApplication>)
