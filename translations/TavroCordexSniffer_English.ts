@@ -237,13 +237,6 @@
             <numerusform>The table of settings has %n changes that are not written.</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>%n left out...</source>
-        <translation>
-            <numerusform>%n left out...</numerusform>
-            <numerusform>%n left out...</numerusform>
-        </translation>
-    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>
@@ -259,6 +252,16 @@
         <translation>
             <numerusform>Written: %n LDB</numerusform>
             <numerusform>Written: %n LDB&apos;s</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TableImport</name>
+    <message numerus="yes">
+        <source>%n left out...</source>
+        <translation>
+            <numerusform>%n left out...</numerusform>
+            <numerusform>%n left out...</numerusform>
         </translation>
     </message>
 </context>

@@ -929,6 +929,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>There is nothing to zoom into before the counting begins.</source>
         <translation>Il n&apos;y a rien à agrandir avant le début du comptage.</translation>
     </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
 </context>
 <context>
     <name>FormerList</name>

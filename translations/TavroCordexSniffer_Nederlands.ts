@@ -929,6 +929,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>There is nothing to zoom into before the counting begins.</source>
         <translation>Er is niets om op in te zoomen voordat het tellen begint.</translation>
     </message>
+    <message>
+        <source>Attention</source>
+        <translation>Let op</translation>
+    </message>
 </context>
 <context>
     <name>FormerList</name>
