@@ -38,10 +38,10 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 12;
     constexpr int kUsual = 13;
-    constexpr int kId = 9;
+    constexpr int kId = 10;
     constexpr int kName = 27;
     constexpr int kTime = 10;
-    constexpr int kFirmware = 19;
+    constexpr int kFirmware = 14;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;

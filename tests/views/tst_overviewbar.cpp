@@ -277,6 +277,50 @@ private slots:
         QVERIFY(overview.view->rowHeight(1) > oneLine);
     }
 
+    void wordsInPlaceOfAMeasurementFit()
+    {
+        Overview overview;
+        overview.poll("01");
+        overview.poll("02");
+        Overview::settle();
+        const int oneLine = overview.view->rowHeight(0);
+        QList<QStringList> record = withCodes("02", kWell, "Hall");
+        record[generalinformation::PrimaryCurrentRow] =
+            QStringList{"Court-circuit", "-40000", "-40000"};
+        overview.view->setColumnWidth(
+            overview::PrimaryCurrentColumn,
+            overview.view->fontMetrics().horizontalAdvance("Court-circuit"));
+        overview.table->processData("02", record);
+        Overview::settle();
+        QVERIFY(overview.view->rowHeight(1) > oneLine);
+        overview.poll("02");
+        Overview::settle();
+        QCOMPARE(overview.view->rowHeight(1), oneLine);
+    }
+
+    void columnsFitBesideTheScrollBar()
+    {
+        Overview overview;
+        overview.view->verticalHeader()->hide(); // as in the window
+        int width = 1300;
+        do {
+            overview.window.resize(--width, 400);
+            Overview::settle();
+        } while (overview.view->horizontalScrollBar()->maximum() == 0);
+        // The narrowest in which all have room, with the scroll bar beside them.
+        const int bar = overview.view->verticalScrollBar()->sizeHint().width() +
+                        overview.view->style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing,
+                                                            nullptr, overview.view);
+        overview.window.resize(width + 1 + bar, 400);
+        Overview::settle();
+        QCOMPARE(overview.view->horizontalScrollBar()->maximum(), 0);
+        QVERIFY(overview.view->columnWidth(overview::NameColumn) <
+                overview.view->fontMetrics().horizontalAdvance("Control_room"));
+        overview.fill();
+        QVERIFY(overview.view->verticalScrollBar()->isVisible());
+        QCOMPARE(overview.view->horizontalScrollBar()->maximum(), 0);
+    }
+
     void mutesOfHiddenRows()
     {
         Overview overview;
