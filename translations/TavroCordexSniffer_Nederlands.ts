@@ -3346,7 +3346,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>Keep</source>
-        <translation>Bewaren</translation>
+        <translation>Laten staan</translation>
     </message>
     <message>
         <source>Stay</source>
