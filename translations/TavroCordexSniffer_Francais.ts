@@ -792,8 +792,8 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
         <translation>Le LDB est déconnecté.</translation>
     </message>
     <message>
-        <source>The connection is lost.</source>
-        <translation>La connexion est perdue.</translation>
+        <source>The connection was lost.</source>
+        <translation>La connexion a été perdue.</translation>
     </message>
     <message>
         <source>%1 s left</source>
@@ -1364,7 +1364,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Détection de l&apos;amplificateur</translation>
+        <translation>Détection de l&apos;ampli­ficateur</translation>
     </message>
     <message>
         <source>Audio Mute</source>

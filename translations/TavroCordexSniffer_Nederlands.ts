@@ -792,8 +792,8 @@ Weet u zeker dat u dit wilt doen?</translation>
         <translation>De LDB is niet verbonden.</translation>
     </message>
     <message>
-        <source>The connection is lost.</source>
-        <translation>De verbinding is verbroken.</translation>
+        <source>The connection was lost.</source>
+        <translation>De verbinding werd verbroken.</translation>
     </message>
     <message>
         <source>%1 s left</source>
@@ -1344,15 +1344,15 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Open Detection Delay</source>
-        <translation>Vertraging onderbrekingsdetectie</translation>
+        <translation>Vertraging onder­brekings­detectie</translation>
     </message>
     <message>
         <source>General Fault Output</source>
-        <translation>Algemene storingsuitgang</translation>
+        <translation>Algemene storings­uitgang</translation>
     </message>
     <message>
         <source>Earth Leakage Detection</source>
-        <translation>Aardlekdetectie</translation>
+        <translation>Aardlek­detectie</translation>
     </message>
     <message>
         <source>Earth Wire Open Detection</source>
@@ -1360,11 +1360,11 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Start in Service Mode</source>
-        <translation>Starten in servicemodus</translation>
+        <translation>Starten in service­modus</translation>
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Versterkerdetectie</translation>
+        <translation>Versterker­detectie</translation>
     </message>
     <message>
         <source>Audio Mute</source>
@@ -3329,7 +3329,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>Keep</source>
-        <translation>Bewaren</translation>
+        <translation>Laten staan</translation>
     </message>
     <message>
         <source>Stay</source>

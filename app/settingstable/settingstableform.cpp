@@ -37,9 +37,9 @@ constexpr int kHeaderLines = 4;
 /// How many letters a column is wide; the last one takes the rest.
 int lettersOf(int column)
 {
-    constexpr int kNumber = 12;
+    constexpr int kNumber = 10;
     constexpr int kUsual = 13;
-    constexpr int kId = 9;
+    constexpr int kId = 10;
     constexpr int kName = 27;
     constexpr int kTime = 10;
     constexpr int kFirmware = 19;

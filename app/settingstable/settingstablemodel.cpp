@@ -171,7 +171,7 @@ QVariant SettingsTableModel::headerData(int section, Qt::Orientation orientation
         return {};
     }
     if (const auto field = fieldOf(section)) {
-        return fieldName(*field);
+        return role == Qt::DisplayRole ? fieldTitle(*field) : fieldName(*field);
     }
     switch (section) {
     case LdbColumn:

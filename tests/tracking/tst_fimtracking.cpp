@@ -357,7 +357,7 @@ private slots:
     {
         QFETCH(Phase, phase);
         QFETCH(QString, by);
-        const QMap<QString, QString> notices{{"lost", "The connection is lost."},
+        const QMap<QString, QString> notices{{"lost", "The connection was lost."},
                                              {"failed", "The factory reset failed."},
                                              {"silent", "The LDB is disconnected."}};
         auto bench = std::make_unique<Bench>();

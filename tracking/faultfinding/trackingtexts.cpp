@@ -56,7 +56,7 @@ QString stopReason(StopReason stopReason)
     case StopReason::LdbDisconnected:
         return Texts::tr("The LDB is disconnected.");
     case StopReason::ConnectionLost:
-        return Texts::tr("The connection is lost.");
+        return Texts::tr("The connection was lost.");
     case StopReason::None:
     case StopReason::User:
         break;

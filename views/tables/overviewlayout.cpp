@@ -11,6 +11,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -108,15 +109,17 @@ void OverviewLayout::retranslate()
     m_leastWidths = QVector<int>(overview::ColumnCount);
     for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
         const bool isBold = column == overview::IdColumn || column == overview::NameColumn;
+        // The mark of the ticked row stands beside its id, not beside the title.
+        const int mark = column == overview::IdColumn ? plain.ascent() : 0;
         int& least = m_leastWidths[column];
         least = m_header->sectionSizeHint(column);
         for (const QString& text : textsOf(column)) {
             for (const QString& word : breakable(text).split(gap)) {
-                least = std::max(least, (isBold ? bold : plain).horizontalAdvance(word) + margin);
+                const int advance = (isBold ? bold : plain).horizontalAdvance(word);
+                least = std::max(least, advance + margin + mark);
             }
         }
     }
-    m_leastWidths[overview::IdColumn] += plain.ascent(); // the mark of the ticked row
     if (!m_isLoaded) {
         fillWidth();
     }
@@ -134,15 +137,13 @@ void OverviewLayout::hideServiceColumns()
 /// Stretches the shown columns over the table's width.
 void OverviewLayout::fillWidth()
 {
-    int width = m_viewport->width();
-    for (const int least : qAsConst(m_leastWidths)) {
-        width -= least;
-    }
-    const auto least = [this](int column) {
-        return m_leastWidths.at(column);
+    const QVector<int> leastWidths = leastWidthsIn(m_viewport->width());
+    const auto least = [&](int column) {
+        return leastWidths.at(column);
     };
     // Each its least, and its share of the rest.
-    const int rest = std::max(0, width);
+    const int rest = std::max(0, m_viewport->width() -
+                                     std::accumulate(leastWidths.begin(), leastWidths.end(), 0));
     int shares = 0;
     for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
         shares += widthShareOf(column);
@@ -150,6 +151,16 @@ void OverviewLayout::fillWidth()
     shareWidth(
         m_viewport->width(),
         [&](int column) { return least(column) * shares + widthShareOf(column) * rest; }, least);
+}
+
+/// Where not all have room, the names give way: they take a second line.
+QVector<int> OverviewLayout::leastWidthsIn(int width) const
+{
+    QVector<int> leastWidths = m_leastWidths;
+    const int lack = std::accumulate(leastWidths.begin(), leastWidths.end(), -width);
+    int& name = leastWidths[overview::NameColumn];
+    name -= std::clamp(lack, 0, name / 3);
+    return leastWidths;
 }
 
 /// Gives each shown column its share of the width, but none less than its least.
@@ -205,8 +216,9 @@ void OverviewLayout::followWidth(const QResizeEvent& resize)
         const auto present = [this](int column) {
             return m_header->sectionSize(column);
         };
+        const QVector<int> leastWidths = leastWidthsIn(resize.size().width());
         shareWidth(resize.size().width(), present,
-                   [&](int column) { return std::min(m_leastWidths.at(column), present(column)); });
+                   [&](int column) { return std::min(leastWidths.at(column), present(column)); });
     }
 }
 

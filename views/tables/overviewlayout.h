@@ -38,6 +38,7 @@ protected:
 
 private:
     void hideServiceColumns();
+    QVector<int> leastWidthsIn(int width) const;
     void fillWidth();
     void followWidth(const QResizeEvent& resize);
     void shareWidth(int width, const std::function<int(int column)>& shareOf,

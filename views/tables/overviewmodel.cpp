@@ -50,13 +50,13 @@ QStandardItem* newDataItem()
     return item;
 }
 
-/// Whether a text of that row may take more than one line. A measurement does not: only what stands
-/// in its place.
+/// Whether a text of that row may take more than one line. A measurement does not, nor the dash for
+/// one that is missing: only the words that stand in its place.
 bool takesLines(int recordRow, const QString& text)
 {
     using namespace generalinformation;
     const bool isMeasurement = recordRow >= PrimaryVoltageRow && recordRow <= SecondaryCurrentRow;
-    return isMeasurement ? text.contains(QLatin1Char('(')) : recordRow != TimestampRow;
+    return isMeasurement ? !text.isEmpty() && text.at(0).isLetter() : recordRow != TimestampRow;
 }
 
 } // namespace
