@@ -88,8 +88,10 @@ private slots:
         m_bus->cut();
         WAIT_VERIFY(child<QPushButton>("endWaitingButton")->isVisible());
         QVERIFY(strip().contains("waiting"));
+        QVERIFY(boxText().contains("The program waits for the port"));
         if (by == "button") {
             click("endWaitingButton");
+            QVERIFY(!boxText().isEmpty() && !boxText().contains("waits"));
         } else if (by == "start") {
             click("startButton");
         } else {
@@ -180,6 +182,12 @@ private:
         click("startButton");
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         VirtualTime::current()->advance(5 * kSecond);
+    }
+
+    QString boxText() const
+    {
+        const auto* box = m_window->findChild<MessageBox*>("communicationErrorBox");
+        return box ? box->text() + box->informativeText() : QString();
     }
 
     QStringList shownIds() const
