@@ -72,13 +72,13 @@ void InstallationDesk::forget(const QStringList& hexIds)
     m_control->forget(m_control->current().id, hexIds);
 }
 
-void InstallationDesk::askWhich(bool isAnother, const QString& proposed)
+void InstallationDesk::askWhich(bool isAnother, const QString& id)
 {
     closeQuestion();
     const std::vector<Installation> installations = m_control->all();
-    QString title = proposed;
+    QString title = id;
     for (const Installation& installation : installations) {
-        if (installation.id == proposed) {
+        if (installation.id == id) {
             title = installation.title();
         }
     }
@@ -93,7 +93,9 @@ void InstallationDesk::askWhich(bool isAnother, const QString& proposed)
                         "one?")
                          .arg(portName, title);
     };
-    m_question = new InstallationQuestion(text, installations, proposed, m_window);
+    // The one that it is not is not proposed.
+    m_question =
+        new InstallationQuestion(text, installations, isAnother ? QString() : id, m_window);
     connect(m_question, &InstallationQuestion::answered, this,
             [this](const QString& id) { m_control->choose(id, port()); });
     m_question->show();
