@@ -97,7 +97,7 @@ void InstallationDesk::askWhich(bool isAnother, const QString& id)
     m_question =
         new InstallationQuestion(text, installations, isAnother ? QString() : id, m_window);
     connect(m_question, &InstallationQuestion::answered, this,
-            [this](const QString& id) { m_control->choose(id, port()); });
+            [this](const QString& chosen) { m_control->choose(chosen, port()); });
     m_question->show();
 }
 
