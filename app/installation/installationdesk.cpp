@@ -9,6 +9,13 @@
 
 #include <utility>
 
+namespace {
+
+/// It is news, and not true for ever, ms.
+constexpr int kBackShown = 10000;
+
+} // namespace
+
 InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource& ports,
                                    QWidget* window)
     : QObject(window)
@@ -40,9 +47,11 @@ InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource&
     });
     connect(m_waiter, &PortWaiter::severalFound, this, &InstallationDesk::askWhichPort);
     connect(m_waiter, &PortWaiter::back, this, [this] {
-        m_around.notices->say([name = m_around.link->portName()] {
-            return tr("The connection to %1 is back.").arg(name);
-        });
+        m_around.notices->say(
+            [name = m_around.link->portName()] {
+                return tr("The connection to %1 is back.").arg(name);
+            },
+            kBackShown);
     });
 }
 

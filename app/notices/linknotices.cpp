@@ -189,8 +189,9 @@ void LinkNotices::setWaiting(bool isWaiting)
 {
     m_isWaiting = isWaiting;
     if (isWaiting) {
-        m_notices->hush(); // that the connection is back is not true any more
-    } else if (m_link->isRunning()) {
+        return;
+    }
+    if (m_link->isRunning()) {
         m_notices->closeBox(kFailureBox);
     } else if (m_notices->isOpen(kFailureBox)) {
         showFailure(); // it says that the program waits
