@@ -3,7 +3,7 @@
 // 506 turns; the comparison is the same number of turns with a command each, all of them queued
 // beforehand. Ends with status 1 when the ratio of the medians is out of bounds.
 // --short measures once.
-#include "benchmarks/support/installation.h"
+#include "benchmarks/support/simulatedsite.h"
 #include "benchmarks/support/report.h"
 #include "importexport/importexportdevicesettings.h"
 #include "serial/link/seriallink.h"
@@ -120,7 +120,7 @@ bool benchExport()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("export.csv"));
-    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
+    const SimulatedSite installation(fullScenario(), Simulation::Pace::Unpaced);
     SerialLink link;
     link.setPortName(installation.portName());
     link.start();

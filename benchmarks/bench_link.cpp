@@ -4,7 +4,7 @@
 //   exchanges unpaced: exchanges a second beside a bare read/write loop on the same simulator
 // Ends with status 1 when a figure is out of its bounds. One of the names as argument runs it
 // alone; --short runs the exchanges, once.
-#include "benchmarks/support/installation.h"
+#include "benchmarks/support/simulatedsite.h"
 #include "benchmarks/support/report.h"
 #include "serial/link/seriallink.h"
 #include "serial/wire/framecodec.h"
@@ -96,7 +96,7 @@ bool benchCycle()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     QString firstLdb;
     {
-        const Installation installation(defaultScenario(), Simulation::Pace::Baud9600, journalPath);
+        const SimulatedSite installation(defaultScenario(), Simulation::Pace::Baud9600, journalPath);
         SerialLink link;
         link.setPortName(installation.portName());
         QEventLoop loop;
@@ -126,7 +126,7 @@ bool benchScan()
 {
     Scenario silent = defaultScenario();
     silent.ldbs.clear();
-    const Installation installation(silent, Simulation::Pace::Baud9600);
+    const SimulatedSite installation(silent, Simulation::Pace::Baud9600);
     SerialLink link;
     link.setPortName(installation.portName());
     QEventLoop loop;
@@ -198,7 +198,7 @@ double linkExchanges(const QString& portName)
 bool benchExchanges()
 {
     // A full bus: with every address answering, the scans before each round take no time.
-    const Installation installation(fullScenario(), Simulation::Pace::Unpaced);
+    const SimulatedSite installation(fullScenario(), Simulation::Pace::Unpaced);
     std::vector<double> bareRounds;
     std::vector<double> ourRounds;
     for (int i = 0; i < (isShortForm() ? 1 : kExchangeRounds); ++i) {

@@ -1,8 +1,6 @@
 #include "app/installation/installationcontrol.h"
 
 #include "app/shared/usersettings.h"
-#include "serial/ldb/exchange.h"
-#include "serial/ldb/generalinformation.h"
 #include "serial/link/seriallink.h"
 
 #include <QDir>
@@ -13,12 +11,11 @@
 
 namespace {
 
-/// After the last probe names are waited for so long, ms; then those heard decide.
+/// From when all have been probed, or one has told its name first, until it is decided with the
+/// names heard so far, ms. On a large site a round with all names takes longer.
 constexpr int kPatience = 30000;
 /// Changes are gathered for so long, ms.
 constexpr int kSaveAfter = 2000;
-/// Another name counts when it has been told twice; see the conversation.
-constexpr int kTimesTold = 2;
 
 bool mayStartKnown()
 {
@@ -34,9 +31,7 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
     , m_store(std::move(store))
     , m_wallTime(std::move(wallTime))
 {
-    connect(link, &SerialLink::exchanged, this, &InstallationControl::processExchange);
-    connect(link, &SerialLink::generalInformationUpdated, this,
-            &InstallationControl::processRecord);
+    connect(link, &SerialLink::nameTold, this, &InstallationControl::processName);
     connect(link, &SerialLink::knownProbed, this,
             [this](int answered, int) { processProbed(answered); });
     connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isOn) {
@@ -152,6 +147,7 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     useOn(port);
     if (m_link->isRunning()) {
         setState(State::Settled);
+        remember(m_told.keys());
         if (!m_hasScanned && !m_isScanning) {
             emit scanWanted();
         }
@@ -185,6 +181,7 @@ void InstallationControl::forget(const QString& id, const QStringList& hexIds)
     change(id, [&](Installation& installation) {
         for (const QString& hexId : hexIds) {
             installation.forget(hexId);
+            m_told.remove(hexId);
         }
     });
 }
@@ -244,37 +241,38 @@ void InstallationControl::useOn(const PortIdentity& port)
     }
 }
 
-void InstallationControl::processExchange(const Exchange& exchange)
+/// Comes when the name is certain: one that differs from what was known, after a cut, too, has been
+/// told twice then.
+void InstallationControl::processName(const QString& hexId, const QString& name)
 {
-    if (exchange.kind == ExchangeKind::Name && exchange.outcome == ExchangeOutcome::Believed) {
-        ++m_told[exchange.hexId];
+    if (!m_told.contains(hexId) && m_patience.isActive()) {
+        m_patience.start(kPatience);
     }
-}
-
-/// Until an LDB has told its name, its records carry none, or the one remembered.
-void InstallationControl::processRecord(const QString& hexId, const QList<QStringList>& rows)
-{
-    const int timesTold = m_told.value(hexId);
-    if (timesTold == 0 || generalinformation::isLost(rows)) {
-        return;
-    }
-    const QString name = generalinformation::ownName(rows);
-    // After a cut the conversation goes on with the names that it knew.
-    if (m_state == State::Checking || timesTold >= kTimesTold) {
-        m_check.processName(hexId, name);
-    }
+    m_told.insert(hexId, name.isNull() ? QStringLiteral("") : name);
+    m_check.processName(hexId, name);
     if (m_state == State::Checking || (isSettled() && m_check.remembered() > 0)) {
         decide(m_check.verdict());
     }
-    if (!isSettled() || m_check.remembered() > 0) {
-        return; // it may be another bus: nothing of it is remembered
+    remember({hexId});
+    if (m_isNew && !m_isCompared && m_hasScanned && isSettled() &&
+        namedLdbs() >= m_link->connectedLdbs().size()) {
+        recognise();
     }
-    if (m_current.remember({hexId, name.isNull() ? QStringLiteral("") : name})) {
+}
+
+/// With the names that they have told. Nothing, while it may be another bus.
+void InstallationControl::remember(const QStringList& hexIds)
+{
+    if (!isSettled() || m_check.remembered() > 0) {
+        return;
+    }
+    bool isChanged = false;
+    for (const QString& hexId : hexIds) {
+        isChanged = m_current.remember({hexId, m_told.value(hexId)}) || isChanged;
+    }
+    if (isChanged) {
         m_saving.start(kSaveAfter);
         emit changed();
-    }
-    if (m_isNew && !m_isCompared && m_hasScanned && namedLdbs() >= m_link->connectedLdbs().size()) {
-        recognise();
     }
 }
 
@@ -356,6 +354,7 @@ void InstallationControl::endCheck()
     if (m_check.remembered() > 0) {
         m_check = SiteCheck();
         emit settledChanged();
+        remember(m_told.keys());
     }
 }
 

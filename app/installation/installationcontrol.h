@@ -10,7 +10,6 @@
 #include <functional>
 
 class SerialLink;
-struct Exchange;
 
 /// The installation in force: which one it is, whether what answers is it, and what is remembered
 /// of it. Knows no widgets. GUI thread.
@@ -84,8 +83,8 @@ private:
     void useOn(const PortIdentity& port);
     void beginRun(const PortIdentity& port);
     StartPlan checkCurrent();
-    void processExchange(const Exchange& exchange);
-    void processRecord(const QString& hexId, const QList<QStringList>& rows);
+    void processName(const QString& hexId, const QString& name);
+    void remember(const QStringList& hexIds);
     void processScanEnd();
     void rememberFound(const QStringList& hexIds);
     int namedLdbs() const;
@@ -105,12 +104,12 @@ private:
     PortIdentity m_port; ///< of the run, or of the last one
     State m_state = State::Idle;
     bool m_isScanning = false;
-    bool m_hasScanned = false;  ///< in this run
-    bool m_mayResume = false;   ///< the last run ended settled, and not in a scan
-    bool m_isNew = false;       ///< made at this start: the bus may be that of one remembered
-    bool m_isCompared = false;  ///< a new one, with all that are remembered
-    SiteCheck m_check;          ///< against nothing, once it has been decided
-    QHash<QString, int> m_told; ///< how often each LDB has told its name in this run
+    bool m_hasScanned = false;      ///< in this run
+    bool m_mayResume = false;       ///< the last run ended settled, and not in a scan
+    bool m_isNew = false;           ///< made at this start: the bus may be that of one remembered
+    bool m_isCompared = false;      ///< a new one, with all that are remembered
+    SiteCheck m_check;              ///< against nothing, once it has been decided
+    QHash<QString, QString> m_told; ///< the names that the LDBs have told in this run
     QTimer m_patience;
     QTimer m_saving;
     QString m_failure; ///< told last

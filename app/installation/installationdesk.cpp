@@ -9,6 +9,13 @@
 
 #include <utility>
 
+namespace {
+
+/// It is news, and not true for ever, ms.
+constexpr int kBackShown = 10000;
+
+} // namespace
+
 InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource& ports,
                                    QWidget* window)
     : QObject(window)
@@ -40,9 +47,11 @@ InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource&
     });
     connect(m_waiter, &PortWaiter::severalFound, this, &InstallationDesk::askWhichPort);
     connect(m_waiter, &PortWaiter::back, this, [this] {
-        m_around.notices->say([name = m_around.link->portName()] {
-            return tr("The connection to %1 is back.").arg(name);
-        });
+        m_around.notices->say(
+            [name = m_around.link->portName()] {
+                return tr("The connection to %1 is back.").arg(name);
+            },
+            kBackShown);
     });
 }
 
@@ -72,13 +81,13 @@ void InstallationDesk::forget(const QStringList& hexIds)
     m_control->forget(m_control->current().id, hexIds);
 }
 
-void InstallationDesk::askWhich(bool isAnother, const QString& proposed)
+void InstallationDesk::askWhich(bool isAnother, const QString& id)
 {
     closeQuestion();
     const std::vector<Installation> installations = m_control->all();
-    QString title = proposed;
+    QString title = id;
     for (const Installation& installation : installations) {
-        if (installation.id == proposed) {
+        if (installation.id == id) {
             title = installation.title();
         }
     }
@@ -93,9 +102,11 @@ void InstallationDesk::askWhich(bool isAnother, const QString& proposed)
                         "one?")
                          .arg(portName, title);
     };
-    m_question = new InstallationQuestion(text, installations, proposed, m_window);
+    // The one that it is not is not proposed.
+    m_question =
+        new InstallationQuestion(text, installations, isAnother ? QString() : id, m_window);
     connect(m_question, &InstallationQuestion::answered, this,
-            [this](const QString& id) { m_control->choose(id, port()); });
+            [this](const QString& chosen) { m_control->choose(chosen, port()); });
     m_question->show();
 }
 

@@ -46,7 +46,7 @@ signals:
     void resumable(const QString& portName, const StartPlan& plan);
 
 private:
-    void askWhich(bool isAnother, const QString& proposed);
+    void askWhich(bool isAnother, const QString& id);
     void askWhichPort(const QStringList& names);
     void closeQuestion();
     void showTitle();

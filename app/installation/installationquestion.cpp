@@ -51,7 +51,6 @@ InstallationQuestion::InstallationQuestion(Text text,
             m_list->setCurrentItem(item);
         }
     }
-    m_choose->setEnabled(m_list->currentItem() != nullptr);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_choose);
@@ -60,10 +59,18 @@ InstallationQuestion::InstallationQuestion(Text text,
     layout->addWidget(m_text);
     layout->addWidget(m_list);
     layout->addLayout(buttons);
-    connect(m_list, &QListWidget::currentItemChanged, this,
-            [this](const QListWidgetItem* item) { m_choose->setEnabled(item != nullptr); });
-    connect(m_choose, &QPushButton::clicked, this,
-            [this] { answer(m_list->currentItem()->data(Qt::UserRole).toString()); });
+    const auto enable = [this] {
+        m_choose->setEnabled(!m_list->selectedItems().isEmpty());
+    };
+    enable();
+    // Enter must not take one that nobody has proposed or chosen.
+    QPushButton* first = m_choose->isEnabled() ? m_choose : m_new;
+    first->setDefault(true);
+    first->setFocus();
+    connect(m_list, &QListWidget::itemSelectionChanged, this, enable);
+    connect(m_choose, &QPushButton::clicked, this, [this] {
+        answer(m_list->selectedItems().constFirst()->data(Qt::UserRole).toString());
+    });
     connect(m_new, &QPushButton::clicked, this, [this] { answer({}); });
     retranslate();
 }

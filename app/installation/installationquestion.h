@@ -17,7 +17,8 @@ class InstallationQuestion : public QDialog
 {
     Q_OBJECT
 public:
-    /// `text` says what was found. `proposed`: the id of the one selected at first.
+    /// `text` says what was found. `proposed`: the id of the one selected at first; none for an
+    /// empty one.
     InstallationQuestion(Text text, const std::vector<Installation>& installations,
                          const QString& proposed, QWidget* parent);
 

@@ -171,9 +171,13 @@ void LinkNotices::follow(const SerialLink* link)
 
 void LinkNotices::tellFailure()
 {
-    if (m_isTry) {
-        return;
+    if (!m_isTry) {
+        showFailure();
     }
+}
+
+void LinkNotices::showFailure()
+{
     const auto texts = [failure = m_failure, device = m_device, isWaited = m_isWaiting] {
         return portFailureText(failure, device, isWaited);
     };
@@ -184,8 +188,13 @@ void LinkNotices::tellFailure()
 void LinkNotices::setWaiting(bool isWaiting)
 {
     m_isWaiting = isWaiting;
-    if (!isWaiting && m_link->isRunning()) {
+    if (isWaiting) {
+        return;
+    }
+    if (m_link->isRunning()) {
         m_notices->closeBox(kFailureBox);
+    } else if (m_notices->isOpen(kFailureBox)) {
+        showFailure(); // it says that the program waits
     }
 }
 

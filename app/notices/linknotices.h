@@ -69,6 +69,7 @@ public:
 
 private:
     void tellFailure();
+    void showFailure();
 
     const SerialLink* m_link = nullptr;
     Notices* m_notices;

@@ -4,6 +4,7 @@
 #include "serial/link/seriallink.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -15,8 +16,11 @@ constexpr int kTick = 1000; // ms
 /// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
 /// again, and one may be slow.
 constexpr int kRounds = 3;
-/// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
+/// The part of a round that an LDB takes when all is well, ms: where it gives name and firmware in
+/// each, and until it is known how long it takes here.
 constexpr qint64 kTurn = 200;
+/// A command now and then, and the selected LDB in between.
+constexpr double kRoomInTurn = 1.1;
 /// Room for what holds up a small bus besides.
 constexpr qint64 kShortestLife = 15000; // ms
 /// An LDB that does not answer is asked two things in its turn, each twice.
@@ -44,6 +48,9 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
     connect(link, &SerialLink::opened, this, [this] { m_isOpen = true; });
     connect(link, &SerialLink::roundBegun, this, &Monitor::poll);
+    connect(link, &SerialLink::usualTurnTold, this, [this](qint64 time) {
+        m_turn = std::lround(kRoomInTurn * static_cast<double>(time) / kMicrosecondsPerMillisecond);
+    });
     connect(link, &SerialLink::awaitedChanged, this, &Monitor::tell);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
@@ -80,8 +87,9 @@ Monitoring Monitor::monitoring() const
     result.lost = result.known - result.awaited - m_link->connectedLdbs().size();
     if (m_state == State::Polling) {
         const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
-        const qint64 silent = std::min(silence() + turns(), kLongestQuiet);
-        if (result.now - heard > std::max(lifetime(0), silent)) {
+        // Any LDB counts here: how long it is until one is asked again makes no difference.
+        const qint64 quiet = std::clamp(silence() + turns(), kShortestLife, kLongestQuiet);
+        if (result.now - heard > quiet) {
             result.state = State::NoAnswer;
             result.since = heard;
         }
@@ -99,7 +107,7 @@ int Monitor::awaitedLdbs() const
 
 qint64 Monitor::turns() const
 {
-    return kTurn * m_link->knownLdbs().size();
+    return m_turn.value_or(kTurn) * m_link->knownLdbs().size();
 }
 
 qint64 Monitor::silence() const
@@ -129,6 +137,7 @@ void Monitor::begin()
 {
     m_failedPort.clear();
     m_silences.clear();
+    m_turn.reset();
     m_isOpen = false;
     m_isScanning = false;
     m_from = now();

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 struct Exchange;
 class SerialLink;
@@ -55,6 +56,7 @@ private:
     std::optional<qint64> m_lastAnswer;
     /// Of each LDB that has not answered its last question and is not lost, ms of a round.
     QHash<QString, qint64> m_silences;
+    std::optional<qint64> m_turn; ///< the part of a round that an LDB takes here, ms
     QString m_failedPort;
     bool m_isOpen = false; ///< the port, in this run
     bool m_isScanning = false;

@@ -98,7 +98,10 @@ void RunControl::begin(const StartPlan& plan)
 void RunControl::reload()
 {
     if (!m_link->isRunning()) {
-        start();
+        if (m_plan) {
+            m_plan(); // it is still to be known which bus it is
+        }
+        begin({});
         return;
     }
     m_situation.initialising = true;
@@ -110,7 +113,7 @@ void RunControl::changePort(const QString& portName)
 {
     m_link->stop();
     m_link->setPortName(portName);
-    reload();
+    start();
 }
 
 void RunControl::setSelectedLdb(const QString& hexId)

@@ -1,5 +1,6 @@
 #include "docs/screenshots/scenes.h"
 
+#include "app/installation/installationform.h"
 #include "app/notices/messagebox.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/transfer/settingstransfer.h"
@@ -115,7 +116,14 @@ void shootDialogs(Stage& stage)
     Stage::pass(1);
     stage.shoot(&about, QStringLiteral("about"));
     about.close();
-    stage.click(QStringLiteral("cancelButton"), menu);
+    stage.click(QStringLiteral("installationButton"), menu);
+    auto* form = stage.waitForWindow<InstallationForm>();
+    stage.child<QLineEdit>(QStringLiteral("installationNameEdit"), form)
+        ->setText(QStringLiteral("Town hall"));
+    stage.child<QLineEdit>(QStringLiteral("installationPlaceEdit"), form)
+        ->setText(QStringLiteral("Leuven"));
+    stage.shoot(form, QStringLiteral("installation-form"));
+    form->close();
 }
 
 void shootLanguages(Stage& stage)

@@ -210,11 +210,14 @@ void Conversation::pollNext(const Moment& moment)
         m_plan.countRound();
     }
     m_plan.judge(m_roster.polled());
+    if (const auto usual = m_plan.usualTurn(); usual && m_turn.beginsRound) {
+        m_telling.tell(event::UsualTurn{*usual});
+    }
     m_questions = {};
     switch (m_turn.kind) {
     case PollSchedule::Turn::Kind::Poll:
         m_questions =
-            m_plan.questions(m_roster.position(), m_roster.memory().isNameHeard(m_turn.hexId));
+            m_plan.questions(m_roster.position(), m_roster.memory().isNameDue(m_turn.hexId));
         break;
     case PollSchedule::Turn::Kind::Probe:
         m_questions = {true, true}; // it may be another one
@@ -416,13 +419,20 @@ bool Conversation::hear(const InquiryEnd& end)
     const Request& request = m_inquiry.request();
     LdbMemory& memory = m_roster.memory();
     switch (request.answer) {
-    case AnswerShape::Name:
-        return memory.hearName(request.hexId, hextext::toText(end.answer));
+    case AnswerShape::Name: {
+        const QString name = hextext::toText(end.answer);
+        const bool isTaken = memory.hearName(request.hexId, name);
+        if (isTaken) {
+            m_telling.tell(event::NameTold{request.hexId, name});
+        }
+        return isTaken;
+    }
     case AnswerShape::Firmware:
         return memory.hearFirmware(request.hexId, decodeFirmwareId(end.answer).value_or(QString()));
     case AnswerShape::Settings:
         if (const auto settings = decodeLdbSettings(end.answer, request.hexId)) {
             memory.takeName(request.hexId, settings->name);
+            m_telling.tell(event::NameTold{request.hexId, settings->name});
         }
         return true;
     default:

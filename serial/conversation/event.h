@@ -27,6 +27,11 @@ struct RoundBegun
 {
     qint64 time = 0; ///< that its records carry, ms since 1970 UTC
 };
+/// What of a round an LDB takes on the average when all is well; once a round, when it is known.
+struct UsualTurn
+{
+    qint64 time = 0; ///< µs
+};
 struct RoundEnded
 {
 };
@@ -55,6 +60,12 @@ struct ScanProgress
 struct ListChange
 {
     QStringList hexIds;
+};
+/// An LDB has told its name, and that is the one taken for its own now.
+struct NameTold
+{
+    QString hexId;
+    QString name;
 };
 /// Whether an LDB of the list, or one that joins it now, has still to be heard in this run.
 struct AwaitedChange
@@ -92,5 +103,6 @@ struct Diagnostic
 
 using Event = std::variant<event::Record, event::RoundBegun, event::RoundEnded, event::StateChange,
                            event::Loss, event::ScanState, event::ScanProgress, event::ListChange,
-                           event::AwaitedChange, event::KnownProbed, event::CommandDone,
-                           event::QueueLength, event::Stopped, event::Diagnostic, Exchange>;
+                           event::UsualTurn, event::NameTold, event::AwaitedChange,
+                           event::KnownProbed, event::CommandDone, event::QueueLength,
+                           event::Stopped, event::Diagnostic, Exchange>;

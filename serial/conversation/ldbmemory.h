@@ -39,6 +39,7 @@ public:
     bool hearName(const QString& hexId, const QString& name)
     {
         Ldb& ldb = m_ldbs[hexId];
+        ldb.isNameDue = false;
         if (!std::exchange(ldb.isNameHeard, true)) {
             ldb.name.known = name;
         }
@@ -49,9 +50,11 @@ public:
     {
         Ldb& ldb = m_ldbs[hexId];
         ldb.isNameHeard = true;
+        ldb.isNameDue = false;
         ldb.name = {name, std::nullopt};
     }
-    bool isNameHeard(const QString& hexId) const { return m_ldbs.value(hexId).isNameHeard; }
+    /// Whether it has still to tell its name in this run.
+    bool isNameDue(const QString& hexId) const { return m_ldbs.value(hexId).isNameDue; }
     /// As for a name, but the first one needs two as well: nothing in a firmware identification
     /// tells a right one from one that got past the check digits.
     bool hearFirmware(const QString& hexId, const QString& firmware)
@@ -71,12 +74,14 @@ public:
     /// Counts one more. Gives how many in a row there are now.
     int countMiss(const QString& hexId) { return ++m_ldbs[hexId].misses; }
     void forgetMisses(const QString& hexId) { m_ldbs[hexId].misses = 0; }
-    /// Names and firmware stay; states are to be told anew, and misses are forgiven.
+    /// Names and firmware stay, but each name is due: it may be another bus. States are to be told
+    /// anew, and misses are forgiven.
     void beginRun()
     {
         for (Ldb& ldb : m_ldbs) {
             ldb.state.reset();
             ldb.misses = 0;
+            ldb.isNameDue = true;
         }
     }
 
@@ -114,6 +119,7 @@ private:
         int misses = 0;
         bool isProven = false;
         bool isNameHeard = false; ///< since it was found
+        bool isNameDue = true;
     };
     QHash<QString, Ldb> m_ldbs;
 };

@@ -51,17 +51,31 @@ void TurnPlan::took(AnswerShape question, qint64 time)
     times.push_back(time);
 }
 
+std::optional<qint64> TurnPlan::usualTimeOf(AnswerShape question) const
+{
+    return usualTime(m_times[indexOf(question)]);
+}
+
 void TurnPlan::judge(int polled)
 {
-    qint64 turn = 0;
-    for (const auto question : {AnswerShape::Status, AnswerShape::Name, AnswerShape::Firmware}) {
-        const auto time = usualTime(m_times[indexOf(question)]);
-        if (!time) {
-            return; // not known yet
-        }
-        turn += *time;
+    const auto status = usualTimeOf(AnswerShape::Status);
+    const auto name = usualTimeOf(AnswerShape::Name);
+    const auto firmware = usualTimeOf(AnswerShape::Firmware);
+    if (status && name && firmware) {
+        const qint64 round = (*status + *name + *firmware) * polled;
+        m_isLong = round > (m_isLong ? kShortRound : kLongRound);
     }
-    m_isLong = turn * polled > (m_isLong ? kShortRound : kLongRound);
+}
+
+std::optional<qint64> TurnPlan::usualTurn() const
+{
+    const auto status = usualTimeOf(AnswerShape::Status);
+    const auto name = usualTimeOf(AnswerShape::Name);
+    const auto firmware = usualTimeOf(AnswerShape::Firmware);
+    if (!status || !name || !firmware) {
+        return std::nullopt;
+    }
+    return *status + (*name + *firmware) / identityEvery();
 }
 
 int TurnPlan::identityEvery() const
@@ -72,10 +86,10 @@ int TurnPlan::identityEvery() const
     return m_isLong ? kIdentityInLongRounds : 1;
 }
 
-TurnPlan::Questions TurnPlan::questions(int position, bool isNameHeard) const
+TurnPlan::Questions TurnPlan::questions(int position, bool isNameDue) const
 {
     const bool isDue = (position + m_round) % identityEvery() == 0;
-    return {isDue || !isNameHeard, isDue};
+    return {isDue || isNameDue, isDue};
 }
 
 void TurnPlan::select(const QString& hexId)

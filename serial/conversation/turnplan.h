@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// What the turns of a round ask. Short rounds ask each LDB for status, name and firmware. A round
@@ -44,9 +45,11 @@ public:
     /// Before each turn; `polled`: how many LDBs a round has.
     void judge(int polled);
     bool isLong() const { return m_isLong; }
+    /// What a turn takes on the average when all is well, µs; nothing while that is not known.
+    std::optional<qint64> usualTurn() const;
     void countRound() { ++m_round; }
     /// `position`: of the LDB in the round. An LDB that has not told its name yet is asked for it.
-    Questions questions(int position, bool isNameHeard) const;
+    Questions questions(int position, bool isNameDue) const;
     /// Whether most turns of a long round ask the status only. Then a name or firmware that is not
     /// confirmed is asked again at once, and a silence ends the turn.
     bool isSparse() const { return m_isLong && identityEvery() > 1; }
@@ -61,6 +64,7 @@ public:
 
 private:
     int identityEvery() const;
+    std::optional<qint64> usualTimeOf(AnswerShape question) const;
 
     const Options m_options;
     std::array<std::vector<qint64>, kAnswerShapes> m_times; ///< the last ones of each question

@@ -273,6 +273,8 @@ void SerialLink::followRun()
     follow(&Processor::exchanged, &SerialLink::exchanged);
     follow(&Processor::roundBegun, &SerialLink::roundBegun);
     follow(&Processor::roundEnded, &SerialLink::roundEnded);
+    follow(&Processor::usualTurnTold, &SerialLink::usualTurnTold);
+    follow(&Processor::nameTold, &SerialLink::nameTold);
     follow(&Processor::extraInformationUpdated, &SerialLink::processExtraRecord);
     follow(&Processor::awaitedChanged, &SerialLink::processAwaited);
     follow(&Processor::knownProbed, &SerialLink::knownProbed);

@@ -102,6 +102,11 @@ signals:
     /// that a scan, the end of the run or `pollOnly` breaks off has no end.
     void roundBegun(const QDateTime& wall);
     void roundEnded();
+    /// What of a round an LDB takes on the average when all is well, µs. Once a round, when that
+    /// is known.
+    void usualTurnTold(qint64 time);
+    /// An LDB has told its name, and that is the one taken for its own now: at each time.
+    void nameTold(const QString& hexId, const QString& name);
     /// A record that came between the turns of a long round, with its own time: for whoever shows
     /// what is now. The round has its own one of this LDB.
     void extraInformationUpdated(QString hexId, QList<QStringList> dataList);

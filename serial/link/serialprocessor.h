@@ -99,12 +99,16 @@ signals:
     void ldbStateUpdated(QString hexId, LdbState state);
     /// Whether an LDB of the list, or one that joins it now, has still to be heard in this run.
     void awaitedChanged(QString hexId, bool isAwaited);
+    /// The name taken for the LDB's own now, when it has told it.
+    void nameTold(QString hexId, QString name);
     void knownProbed(int answered, int asked);
     void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
     /// A record that is no part of a round.
     void extraInformationUpdated(QString hexId, QList<QStringList> dataList);
     void roundBegun(QDateTime wall);
     void roundEnded();
+    /// What of a round an LDB takes when all is well, µs.
+    void usualTurnTold(qint64 time);
     void exchanged(Exchange exchange);
     void externalCommandsInQueueUpdated(int commandsInQueue);
     /// What the port said; comes just before `communicationFailed()`.
@@ -133,6 +137,8 @@ private:
         emit roundBegun(QDateTime::fromMSecsSinceEpoch(round.time));
     }
     void tell(const event::RoundEnded&) { emit roundEnded(); }
+    void tell(const event::UsualTurn& turn) { emit usualTurnTold(turn.time); }
+    void tell(const event::NameTold& told) { emit nameTold(told.hexId, told.name); }
     void tell(const event::AwaitedChange& awaited)
     {
         emit awaitedChanged(awaited.hexId, awaited.isAwaited);

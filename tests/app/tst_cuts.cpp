@@ -90,8 +90,10 @@ private slots:
         m_bus->cut();
         WAIT_VERIFY(button("endWaitingButton")->isVisible());
         QVERIFY(strip().contains("waiting"));
+        QVERIFY(boxText().contains("The program waits for the port"));
         if (by == "button") {
             click("endWaitingButton");
+            QVERIFY(!boxText().isEmpty() && !boxText().contains("waits"));
         } else if (by == "start") {
             click("startButton");
         } else {
@@ -181,6 +183,21 @@ private:
         click("startButton");
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         VirtualTime::current()->advance(5 * kSecond);
+    }
+
+    QString boxText() const
+    {
+        const auto* box = m_window->findChild<MessageBox*>("communicationErrorBox");
+        return box ? box->text() + box->informativeText() : QString();
+    }
+
+    QStringList shownIds() const
+    {
+        QStringList ids;
+        for (int row = 0; row < overview()->model()->rowCount(); ++row) {
+            ids += overview()->model()->index(row, overview::IdColumn).data().toString();
+        }
+        return ids;
     }
 
     QDialog* question() const { return dialog("installationQuestion"); }

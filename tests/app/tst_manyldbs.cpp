@@ -1,3 +1,4 @@
+#include "app/window/monitor.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
@@ -13,6 +14,7 @@ const QString kOther = "46";
 constexpr qint64 kRoundMs = 20000; // longer than a round
 constexpr qint64 kWithinMs = 2500; // the selected LDB is heard that often
 constexpr qint64 kStepMs = 100;
+constexpr qint64 kQuietMs = 22000;
 
 QStringList manyLdbs()
 {
@@ -86,6 +88,29 @@ private slots:
         WAIT_COMPARE(text(kOther, overview::EarthColumn), QString("Ok"));
         QCOMPARE(lamp(), "EARTH FAULT: blinking fast");
         WAIT_COMPARE(lamp(), QString("EARTH FAULT: off"));
+    }
+
+    /// Three rounds, as they are here, and not as long as if each LDB were asked for all it is.
+    void valuesLiveForThreeRounds()
+    {
+        m_sandbox->writeTuning("[SerialSettings]\nDISCONNECTED_COUNT=1000\n");
+        setUp(manyLdbs());
+        const auto* monitor = m_window->findChild<Monitor*>();
+        VirtualTime::current()->advance(kRoundMs);
+        const QString first = text(kOne, overview::TimestampColumn);
+        WAIT_VERIFY(text(kOne, overview::TimestampColumn) != first);
+        const qint64 begun = VirtualTime::current()->now();
+        const QString second = text(kOne, overview::TimestampColumn);
+        WAIT_VERIFY(text(kOne, overview::TimestampColumn) != second);
+        const qint64 round = VirtualTime::current()->now() - begun;
+        const qint64 lifetime = monitor->monitoring().lifetime;
+        QVERIFY2(lifetime >= 3 * round && lifetime <= 4 * round,
+                 qPrintable(QStringLiteral("%1 of %2").arg(lifetime).arg(round)));
+
+        // That nobody answers is said sooner: any answer would tell that it is not so.
+        m_bus->setPresent({});
+        VirtualTime::current()->advance(kQuietMs);
+        QVERIFY2(strip().endsWith("no LDB answers"), qPrintable(strip()));
     }
 
     void filterIsKept()

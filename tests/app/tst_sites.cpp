@@ -8,6 +8,7 @@ namespace {
 constexpr qint64 kSecond = 1000;
 constexpr qint64 kMinute = 60 * kSecond;
 const PortIdentity kAdapter{"ttyUSB0", "A1", 0x0403, 0x6001};
+constexpr int kLarge = 200; // all their names take longer than anybody waits for one
 const QByteArray kName("02");
 const QByteArray kMute("16");
 
@@ -40,6 +41,9 @@ private slots:
             add("other names", 8, 0, 8);
             add("a third the same", 12, 0, 8);
             add("the only one", 1, 0, 1);
+            if (qstrcmp(when, "long cut") != 0) {
+                add("a large site", kLarge, 0, kLarge);
+            }
             if (qstrcmp(when, "short cut") != 0) {
                 add("other addresses", 8, 8, 0);
                 add("a third the same, others moved", 12, 4, 4);
@@ -74,7 +78,7 @@ private slots:
         m_bus->clearRequests();
         comeBack(when);
         bool isNoticed = false;
-        for (int second = 0; second < 90; ++second) {
+        for (int second = 0; second < (known == kLarge ? 120 : 90); ++second) {
             VirtualTime::current()->advance(kSecond);
             isNoticed = isNoticed || question() != nullptr;
             QVERIFY(dialog("lossBox") == nullptr);
@@ -85,8 +89,10 @@ private slots:
         QVERIFY(!button("settingsSaveButton")->isEnabled());
         QCOMPARE(ldbsIn(stored()), ldbsIn(remembered));
 
-        question()->findChild<QPushButton*>("newInstallationButton")->click();
-        VirtualTime::current()->advance(20 * kSecond);
+        // Whoever presses Enter has not said that it is the one that it is not.
+        QVERIFY(!question()->findChild<QPushButton*>("chooseInstallationButton")->isEnabled());
+        QTest::keyClick(question(), Qt::Key_Return);
+        VirtualTime::current()->advance((known == kLarge ? 90 : 20) * kSecond);
         QVERIFY(button("allLdbResetButton")->isEnabled());
         QVERIFY(m_bus->writes().isEmpty());
         const auto all = Installations().read().installations;
@@ -127,6 +133,48 @@ private slots:
         // It is greyed, and no lamp counts it.
         QVERIFY(!cell("20", overview::TickColumn).data(overview::LiveRole).toBool());
         QVERIFY(causes().filter("20").isEmpty());
+    }
+
+    /// The names of a large site take longer than those of a small one are waited for.
+    void sameLargeSiteIsRecognised_data()
+    {
+        const Table<QString> row("when");
+        row("start", "start");
+        row("short cut", "short cut");
+    }
+
+    void sameLargeSiteIsRecognised()
+    {
+        QFETCH(QString, when);
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        const QStringList site = addresses(1, kLarge);
+        openSite(site);
+        leave(when);
+        m_bus->setPresent(site.mid(3));
+        const KeptLdb muted{"C8", "LDB C8", QDateTime::currentDateTimeUtc(), false, std::nullopt};
+        Installations().keptLdbsOf("installation-1").keep(muted);
+        m_bus->change("C8", kMute, "01");
+        comeBack(when);
+        for (int second = 0; second < 150; ++second) {
+            VirtualTime::current()->advance(kSecond);
+            QVERIFY(question() == nullptr);
+        }
+        QVERIFY(child<QPushButton>("allLdbResetButton")->isEnabled());
+        QVERIFY(!decodeLdbSettings(m_bus->settingsOf("C8"))->audioMute);
+    }
+
+    /// Whatever is remembered.
+    void reloadScansAllOfTheBus()
+    {
+        openSite(kLdbs);
+        leave("start");
+        m_bus->clearRequests();
+        click("reloadDevicesButton");
+        WAIT_VERIFY(strip().endsWith("the bus is being scanned"));
+        WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
+        QCOMPARE(m_bus->requests().first(), QByteArray("FE0170"));
+        WAIT_VERIFY(child<QPushButton>("ldbResetButton")->isEnabled());
+        QVERIFY(question() == nullptr);
     }
 
     void firstStartIsAsEver()
@@ -256,7 +304,7 @@ private:
         makeWindow();
         click("startButton");
         WAIT_VERIFY(strip().startsWith("Monitored: "));
-        VirtualTime::current()->advance(20 * kSecond);
+        VirtualTime::current()->advance((ldbs.size() < kLarge ? 20 : 60) * kSecond); // their names
     }
 
     void leave(const QString& when)

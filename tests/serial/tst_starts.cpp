@@ -245,7 +245,7 @@ private slots:
             rig.run(chance.between(0, seed % 5 == 0 ? 12 * kSecond : kSecond));
             rig.line().setAdversaries({}, rig.now());
             rig.start(kResume);
-            rig.run(12 * kSecond);
+            rig.run(20 * kSecond); // the names are told anew
             QVERIFY2(sent == before, qPrintable(text(rig, seed)));
             QVERIFY2(rig.tally().wrong == 0, qPrintable(text(rig, seed)));
             QVERIFY2(rig.tally().losses == losses, qPrintable(text(rig, seed)));

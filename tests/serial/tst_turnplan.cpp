@@ -73,10 +73,10 @@ private slots:
             plan.judge(ldbs);
             int ofRound = 0;
             for (int position = 0; position < ldbs; ++position) {
-                const TurnPlan::Questions questions = plan.questions(position, true);
+                const TurnPlan::Questions questions = plan.questions(position, false);
                 QCOMPARE(questions.name, questions.firmware);
                 ofRound += questions.name ? 1 : 0;
-                QVERIFY(plan.questions(position, false).name);
+                QVERIFY(plan.questions(position, true).name);
             }
             most = std::max(most, ofRound);
             least = std::min(least, ofRound);

@@ -1,8 +1,8 @@
-#include "benchmarks/support/installation.h"
+#include "benchmarks/support/simulatedsite.h"
 
 #include "serial/ldb/serialcommand.h"
 
-Installation::Installation(const Scenario& scenario, Simulation::Pace pace,
+SimulatedSite::SimulatedSite(const Scenario& scenario, Simulation::Pace pace,
                            const QString& journalPath)
 {
     m_thread.start();
@@ -22,7 +22,7 @@ Installation::Installation(const Scenario& scenario, Simulation::Pace pace,
     }
 }
 
-Installation::~Installation()
+SimulatedSite::~SimulatedSite()
 {
     QMetaObject::invokeMethod(
         &m_context, [this] { m_simulation.reset(); }, Qt::BlockingQueuedConnection);

@@ -10,14 +10,14 @@
 
 /// A simulated installation in a thread of its own, so that it answers while the program under
 /// measurement is busy. Ends the benchmark when it cannot start. Destroying it hangs up its line.
-class Installation
+class SimulatedSite
 {
 public:
     /// An empty journal path keeps no journal.
-    Installation(const Scenario& scenario, Simulation::Pace pace, const QString& journalPath = {});
-    ~Installation();
-    Installation(const Installation&) = delete;
-    Installation& operator=(const Installation&) = delete;
+    SimulatedSite(const Scenario& scenario, Simulation::Pace pace, const QString& journalPath = {});
+    ~SimulatedSite();
+    SimulatedSite(const SimulatedSite&) = delete;
+    SimulatedSite& operator=(const SimulatedSite&) = delete;
 
     QString portName() const { return m_portName; }
 
