@@ -3,8 +3,8 @@
 // 506 turns; the comparison is the same number of turns with a command each, all of them queued
 // beforehand. Ends with status 1 when the ratio of the medians is out of bounds.
 // --short measures once.
-#include "benchmarks/support/simulatedsite.h"
 #include "benchmarks/support/report.h"
+#include "benchmarks/support/simulatedsite.h"
 #include "importexport/importexportdevicesettings.h"
 #include "serial/link/seriallink.h"
 

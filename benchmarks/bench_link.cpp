@@ -4,8 +4,8 @@
 //   exchanges unpaced: exchanges a second beside a bare read/write loop on the same simulator
 // Ends with status 1 when a figure is out of its bounds. One of the names as argument runs it
 // alone; --short runs the exchanges, once.
-#include "benchmarks/support/simulatedsite.h"
 #include "benchmarks/support/report.h"
+#include "benchmarks/support/simulatedsite.h"
 #include "serial/link/seriallink.h"
 #include "serial/wire/framecodec.h"
 
@@ -96,7 +96,8 @@ bool benchCycle()
     const QString journalPath = folder.filePath(QStringLiteral("journal"));
     QString firstLdb;
     {
-        const SimulatedSite installation(defaultScenario(), Simulation::Pace::Baud9600, journalPath);
+        const SimulatedSite installation(defaultScenario(), Simulation::Pace::Baud9600,
+                                         journalPath);
         SerialLink link;
         link.setPortName(installation.portName());
         QEventLoop loop;

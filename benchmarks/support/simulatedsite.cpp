@@ -3,7 +3,7 @@
 #include "serial/ldb/serialcommand.h"
 
 SimulatedSite::SimulatedSite(const Scenario& scenario, Simulation::Pace pace,
-                           const QString& journalPath)
+                             const QString& journalPath)
 {
     m_thread.start();
     m_context.moveToThread(&m_thread);
