@@ -58,7 +58,7 @@ QString foldedText(const RecordedEvent& event)
 
 QString flappedText(const RecordedEvent& event)
 {
-    const QString text = Texts::tr("%1: %n times in %2", nullptr, event.count)
+    QString text = Texts::tr("%1: %n times in %2", nullptr, event.count)
                              .arg(foldedText(event), durationText(event.at - event.since));
     const bool isOfMode = event.before.toInt() == static_cast<int>(EventKind::ModeChanged);
     if (isOfMode) {

@@ -34,7 +34,7 @@ QString inPieces(RecordingReader& reader, TimeSpan span, const GoesOn& goesOn,
     }
     span = {qMax(span.from, extent->from), qMin(span.to, extent->to)};
     for (qint64 from = span.from; from < span.to; from += kPiece) {
-        const QString reason = write({from, qMin(from + kPiece, span.to)});
+        QString reason = write({from, qMin(from + kPiece, span.to)});
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -86,7 +86,7 @@ QString writeLog(RecordingReader& reader, TimeSpan span, const LogChoice& choice
 QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
                      const GoesOn& goesOn)
 {
-    const QString reason = put(device, pcapng::header());
+    QString reason = put(device, pcapng::header());
     if (!reason.isEmpty()) {
         return reason;
     }

@@ -340,7 +340,7 @@ QString RecordingReader::copyTo(const QString& folder, TimeSpan span)
         if (!file->extent || file->extent->from >= span.to || file->extent->to < span.from) {
             continue;
         }
-        const QString path = QDir(folder).filePath(QFileInfo(file->source.path()).fileName());
+        QString path = QDir(folder).filePath(QFileInfo(file->source.path()).fileName());
         if (QFileInfo::exists(path)) {
             return path;
         }
