@@ -100,6 +100,7 @@ inline RecordWriter::Options optionsFor(const QString& folder)
 inline std::vector<RecordingNotice::Kind> kindsOf(const std::vector<RecordingNotice>& notices)
 {
     std::vector<RecordingNotice::Kind> kinds;
+    kinds.reserve(notices.size());
     for (const RecordingNotice& notice : notices) {
         kinds.push_back(notice.kind);
     }

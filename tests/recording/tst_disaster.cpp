@@ -181,7 +181,7 @@ QString TestDisaster::makeRecording(const QString& folder)
     }
     bus.stop();
     writer.take(bus.take());
-    const QString path = writer.path();
+    QString path = writer.path();
     writer.finish();
     return path;
 }

@@ -138,7 +138,7 @@ private slots:
         finder.heard(0, "0A", quiescent());
         // Every 10 s there, and gone 5 s later.
         for (int i = 1; i <= 20; ++i) {
-            finder.heard(i * 10 * kSecond, "0A", withLoop(1));
+            finder.heard(i * 10LL * kSecond, "0A", withLoop(1));
             finder.heard((i * 10 + 5) * kSecond, "0A", quiescent());
         }
         QCOMPARE(summary(finder.takeEvents()), QString("0@10 1@15 0@20 1@25 0@30 1@35"));
@@ -160,7 +160,7 @@ private slots:
     {
         EventFinder finder;
         for (int i = 0; i < 5; ++i) {
-            finder.heard(i * 10 * kSecond, "0A", quiescent());
+            finder.heard(i * 10LL * kSecond, "0A", quiescent());
             finder.heard((i * 10 + 5) * kSecond, "0A", withLoop(1));
         }
         finder.heard(200 * kSecond, "0A", withLoop(1));
@@ -177,7 +177,7 @@ private slots:
     void aRestartChangesNothing()
     {
         const auto step = [](EventFinder& finder, int i) {
-            const qint64 at = i * 7 * kSecond;
+            const qint64 at = i * 7LL * kSecond;
             if (i % 11 == 5) {
                 finder.lost(at, "0A");
             } else if (i % 23 == 7) {
