@@ -440,12 +440,13 @@ std::vector<RecordedMinute> RecordingSource::minutes(const QString& hexId, TimeS
 }
 
 std::vector<RecordedEvent> RecordingSource::readEvents(const QString& condition,
-                                                       const QVariantList& values)
+                                                       const QVariantList& values, int limit)
 {
     std::vector<RecordedEvent> result;
     auto query = ask(QStringLiteral("SELECT at,kind,ldb,place,since,count,still,before,after,text"
-                                    " FROM events WHERE ") +
-                         condition + QStringLiteral(" ORDER BY at, id"),
+                                    " FROM events WHERE %1 ORDER BY at DESC, id DESC LIMIT %2")
+                         .arg(condition)
+                         .arg(limit),
                      values);
     while (query && next(*query)) {
         RecordedEvent event;
@@ -455,19 +456,25 @@ std::vector<RecordedEvent> RecordingSource::readEvents(const QString& condition,
         event.place = static_cast<FaultPlace>(query->value(3).toInt());
         event.since = query->value(4).toLongLong();
         event.count = query->value(5).toInt();
-        event.isStill = query->value(6).toInt() != 0;
+        event.isStill = (query->value(6).toInt() & filerow::kStillFlag) != 0;
+        event.isVague = (query->value(6).toInt() & filerow::kVagueFlag) != 0;
         event.before = query->value(7).toString();
         event.after = query->value(8).toString();
         event.text = query->value(9).toString();
         result.push_back(std::move(event));
     }
+    std::reverse(result.begin(), result.end());
     return result;
 }
 
-std::vector<RecordedEvent> RecordingSource::events(TimeSpan span)
+std::vector<RecordedEvent> RecordingSource::events(TimeSpan span, int limit)
 {
+    // Lists are not for people, and would use up the limit.
     std::vector<RecordedEvent> result =
-        readEvents(QStringLiteral("at>=? AND at<?"), {span.from, span.to});
+        readEvents(QStringLiteral("at>=? AND at<? AND kind<>? AND NOT (kind=? AND before IS NULL)"),
+                   {span.from, span.to, static_cast<int>(EventKind::Listed),
+                    static_cast<int>(EventKind::Named)},
+                   limit);
     result.erase(std::remove_if(result.begin(), result.end(),
                                 [](const RecordedEvent& event) { return !event.isForPeople(); }),
                  result.end());

@@ -38,7 +38,7 @@ public:
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit);
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// All but those that are not for people.
-    std::vector<RecordedEvent> events(TimeSpan span);
+    std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
     std::vector<RecordedRun> runs();
 
     /// The last list up to `at`; nothing when there is none.
@@ -78,7 +78,8 @@ private:
     Context contextOf(TimeSpan span);
     std::optional<RecordedRecord> recordOf(const Row& row, const Context& context);
     void sayDamaged(const QString& reason = {});
-    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
+    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values,
+                                          int limit = -1);
     qint64 beginOfLast(const QString& hexId, qint64 to, int count);
     std::optional<Row> lastOf(const QString& hexId, qint64 at);
 
