@@ -8,6 +8,7 @@ namespace Ui {
 class MainWindow;
 }
 
+class EventDesk;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
@@ -39,4 +40,5 @@ public:
 
 private:
     RecordingControl* m_control;
+    EventDesk* m_events;
 };
