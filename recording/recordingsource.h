@@ -40,14 +40,13 @@ public:
     /// All but those that are not for people.
     std::vector<RecordedEvent> events(TimeSpan span);
     std::vector<RecordedRun> runs();
+    std::vector<RecordedRound> rounds(TimeSpan span, int limit);
+    std::vector<RecordedList> lists(TimeSpan span);
+    /// Those that overlap the span.
+    std::vector<RecordedGap> gaps(TimeSpan span);
 
     /// The last list up to `at`; nothing when there is none.
-    struct Listed
-    {
-        qint64 at = 0;
-        QStringList hexIds;
-    };
-    std::optional<Listed> listAt(qint64 at);
+    std::optional<RecordedList> listAt(qint64 at);
     /// The last record up to `at` of each of these LDBs that has one; of all without any.
     std::vector<RecordedRecord> latest(qint64 at, const QSet<QString>& hexIds);
     /// The next record after, or the last one before `at`.
@@ -79,6 +78,7 @@ private:
     std::optional<RecordedRecord> recordOf(const Row& row, const Context& context);
     void sayDamaged(const QString& reason = {});
     std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
+    std::vector<RecordedList> readLists(const QString& condition, const QVariantList& values);
     qint64 beginOfLast(const QString& hexId, qint64 to, int count);
     std::optional<Row> lastOf(const QString& hexId, qint64 at);
 
