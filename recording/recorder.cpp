@@ -2,6 +2,7 @@
 
 #include "recording/recordwriter.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 #include <utility>
@@ -60,19 +61,23 @@ private:
     RecordWriter m_writer;
 };
 
-Recorder::Recorder(const QString& programVersion, QObject* parent)
+Recorder::Recorder(const QString& programVersion, std::function<qint64()> wallTime, Thread thread,
+                   QObject* parent)
     : QObject(parent)
-    , m_collector([] { return QDateTime::currentMSecsSinceEpoch(); })
+    , m_collector(std::move(wallTime))
     , m_host(new RecordWriterHost(this, programVersion))
+    , m_hasThread(thread == Thread::Own)
 {
     m_options.isEnabled = false; // until it is told where
     m_handOver.setSingleShot(true);
     m_handOver.setInterval(kHandOverMs);
     connect(&m_handOver, &QTimer::timeout, this, &Recorder::flush);
-    m_thread.setObjectName(QStringLiteral("recording"));
-    m_host->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_host, &QObject::deleteLater);
-    m_thread.start();
+    if (m_hasThread) {
+        m_thread.setObjectName(QStringLiteral("recording"));
+        m_host->moveToThread(&m_thread);
+        connect(&m_thread, &QThread::finished, m_host, &QObject::deleteLater);
+        m_thread.start();
+    }
 }
 
 Recorder::~Recorder()
@@ -81,6 +86,11 @@ Recorder::~Recorder()
     flush();
     QMetaObject::invokeMethod(
         m_host, [host = m_host] { host->finish(); }, Qt::QueuedConnection);
+    if (!m_hasThread) {
+        QCoreApplication::sendPostedEvents(m_host, QEvent::MetaCall);
+        delete m_host;
+        return;
+    }
     // Behind what was posted before.
     QMetaObject::invokeMethod(
         m_host, [thread = &m_thread] { thread->quit(); }, Qt::QueuedConnection);

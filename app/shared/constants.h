@@ -48,6 +48,12 @@ inline const QString kLogPathKey = QStringLiteral("log/path");
 inline const QString kLogIntervalKey = QStringLiteral("log/interval");
 inline const QString kLogAllKey = QStringLiteral("log/all");
 
+// Per-user settings: the recorder.
+inline const QString kRecordingKey = QStringLiteral("recording/isOn");
+inline const QString kRecordingFolderKey = QStringLiteral("recording/folder");
+inline const QString kRecordingDaysKey = QStringLiteral("recording/days");
+inline const QString kRecordingMegabytesKey = QStringLiteral("recording/megabytes");
+
 // Translation files: TavroCordexSniffer_<language>.qm.
 inline const QString kTranslationFileTemplate =
     QStringLiteral("%1%2").arg(kApplicationName, QStringLiteral("_%1.qm"));

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "serial/link/portsource.h"
+
+#include <QObject>
+
+namespace Ui {
+class MainWindow;
+}
+
+class InstallationDesk;
+class LdbViews;
+class LdbWork;
+class Notices;
+class RecordingControl;
+class RunControl;
+class SerialLink;
+
+/// Everything of the window that records, or shows what is recorded. GUI thread.
+class Evidence : public QObject
+{
+    Q_OBJECT
+public:
+    struct Surroundings
+    {
+        const Ui::MainWindow& ui;
+        SerialLink* link;
+        Notices* notices;
+        InstallationDesk* desk;
+        RunControl* run;
+        LdbViews* views;
+        LdbWork* work;
+        const PortSource& ports; ///< used while it is made
+    };
+
+    /// All of the surroundings but the ports outlive this object.
+    Evidence(const Surroundings& around, QWidget* window);
+    ~Evidence() override;
+
+private:
+    RecordingControl* m_control;
+};
