@@ -138,16 +138,58 @@ std::vector<RecordedRun> RecordedTables::runs()
     return result;
 }
 
-std::optional<RecordedTables::Listed> RecordedTables::listAt(qint64 at)
+std::vector<RecordedRound> RecordedTables::rounds(TimeSpan span, int limit)
 {
-    auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=? AND at<=?"
-                                    " ORDER BY at DESC, id DESC LIMIT 1"),
-                     {static_cast<int>(EventKind::Listed), at});
-    if (!query || !next(*query)) {
-        return std::nullopt;
+    std::vector<RecordedRound> result;
+    auto query = ask(QStringLiteral("SELECT at,wall,offset FROM rounds WHERE single=0 AND at>=? AND"
+                                    " at<? ORDER BY at DESC LIMIT %1")
+                         .arg(limit),
+                     {span.from, span.to});
+    while (query && next(*query)) {
+        result.push_back({query->value(0).toLongLong(), query->value(1).toLongLong(),
+                          query->value(2).toInt()});
     }
-    return Listed{query->value(0).toLongLong(),
-                  query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)};
+    std::reverse(result.begin(), result.end());
+    return result;
+}
+
+std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
+                                                     const QVariantList& values)
+{
+    std::vector<RecordedList> result;
+    auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=%1 AND ")
+                             .arg(static_cast<int>(EventKind::Listed)) +
+                         condition,
+                     values);
+    while (query && next(*query)) {
+        result.push_back(
+            {query->value(0).toLongLong(),
+             query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
+    }
+    return result;
+}
+
+std::vector<RecordedList> RecordedTables::lists(TimeSpan span)
+{
+    return readLists(QStringLiteral("at>=? AND at<? ORDER BY at, id"), {span.from, span.to});
+}
+
+std::optional<RecordedList> RecordedTables::listAt(qint64 at)
+{
+    std::vector<RecordedList> last =
+        readLists(QStringLiteral("at<=? ORDER BY at DESC, id DESC LIMIT 1"), {at});
+    return last.empty() ? std::nullopt : std::make_optional(std::move(last.front()));
+}
+
+std::vector<RecordedGap> RecordedTables::gaps(TimeSpan span)
+{
+    std::vector<RecordedGap> result;
+    const auto told = readEvents(QStringLiteral("kind=? AND since<? AND at>=?"),
+                                 {static_cast<int>(EventKind::Gap), span.to, span.from});
+    for (const RecordedEvent& event : told) {
+        result.push_back({event.since, event.at, event.count});
+    }
+    return result;
 }
 
 /// Going forward from there, the disk is read ahead.
