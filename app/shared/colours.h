@@ -24,6 +24,11 @@ inline const QString kMonitored = QStringLiteral("#d6ecd6");
 inline const QString kPartlyMonitored = QStringLiteral("#ffeca0");
 inline const QString kNotMonitored = QStringLiteral("#ffcd78");
 
+// How well exchanges went, on the ground of a table.
+inline const QString kQualityGood = QStringLiteral("#5aa469");
+inline const QString kQualitySome = QStringLiteral("#e0a100");
+inline const QString kQualityBad = QStringLiteral("#c62828");
+
 // Plots. The canvas is dark in every palette: the bright named colours of the curves are told apart
 // on it; on white, lime and orange are not.
 inline const QString kPlotCanvas = QStringLiteral("#181a1e");
