@@ -37,6 +37,10 @@ inline const QString kTickGood = QStringLiteral("#1b6e36");
 inline const QString kTickMark = QStringLiteral("#7a1fa2");
 inline const QString kTickWork = QStringLiteral("#1c5fa8");
 inline const QString kTickOther = QStringLiteral("#6e727a");
+// How well exchanges went, on the ground of a table.
+inline const QString kQualityGood = QStringLiteral("#5aa469");
+inline const QString kQualitySome = QStringLiteral("#e0a100");
+inline const QString kQualityBad = QStringLiteral("#c62828");
 
 // Plots. The canvas is dark in every palette: the bright named colours of the curves are told apart
 // on it; on white, lime and orange are not.
