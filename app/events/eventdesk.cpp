@@ -3,6 +3,7 @@
 #include "app/notices/filedialog.h"
 #include "app/notices/notices.h"
 #include "app/recording/recordingcontrol.h"
+#include "app/shared/usersettings.h"
 #include "views/events/eventlist.h"
 #include "views/events/markdialog.h"
 
@@ -12,9 +13,13 @@
 #include <QDockWidget>
 #include <QKeySequence>
 #include <QEvent>
+#include <QGuiApplication>
+#include <QLayout>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSaveFile>
+#include <QScreen>
+#include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QThread>
@@ -27,11 +32,13 @@ EventDesk::EventDesk(const Surroundings& around, const std::function<qint64()>& 
     : QObject(parent)
     , m_around(around)
     , m_shown([] { return std::nullopt; })
+    , m_room(new QMainWindow(nullptr, Qt::Widget))
     , m_list(new EventList(now))
-    , m_dock(new QDockWidget(around.window))
+    , m_dock(new QDockWidget)
     , m_show(new QAction(around.window))
 {
     makeDock();
+    makeButton(around.bar);
     Recorder* recorder = around.control->recorder();
     RecordingAccess* access = around.control->access();
     connect(recorder, &Recorder::eventRecorded, this, [this](const RecordedEvent& event) {
@@ -52,16 +59,30 @@ EventDesk::EventDesk(const Surroundings& around, const std::function<qint64()>& 
             &EventDesk::askForMark);
     connect(m_show, &QAction::triggered, this, &EventDesk::showOrHide);
     around.window->installEventFilter(this);
-    updateMarks();
+    load();
     retranslate();
 }
 
+/// At the tables alone: beside the panels at the left there is no room below on a small screen.
 void EventDesk::makeDock()
 {
+    QLayout* layout = m_around.tables->parentWidget()->layout();
+    delete layout->replaceWidget(m_around.tables, m_room);
+    m_room->setObjectName(QStringLiteral("eventRoom"));
+    m_room->setCentralWidget(m_around.tables);
+    m_room->setContextMenuPolicy(Qt::NoContextMenu);
     m_dock->setObjectName(QStringLiteral("eventDock"));
     m_dock->setWidget(m_list);
-    m_around.window->addDockWidget(Qt::BottomDockWidgetArea, m_dock);
+    m_room->addDockWidget(Qt::BottomDockWidgetArea, m_dock);
     m_dock->hide();
+    connect(m_dock, &QDockWidget::visibilityChanged, this, [this] {
+        m_show->setChecked(!m_dock->isHidden());
+        read();
+    });
+}
+
+void EventDesk::makeButton(QStatusBar* bar)
+{
     m_show->setCheckable(true);
     m_show->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
     m_around.window->addAction(m_show);
@@ -70,11 +91,24 @@ void EventDesk::makeDock()
     button->setDefaultAction(m_show);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    m_around.window->statusBar()->addPermanentWidget(button);
-    connect(m_dock, &QDockWidget::visibilityChanged, this, [this] {
-        m_show->setChecked(m_dock->isVisible());
-        read();
-    });
+    bar->insertPermanentWidget(0, button);
+}
+
+void EventDesk::load()
+{
+    const QSettings settings = userSettings();
+    // A place on another screen may be out of sight.
+    if (settings.value(constants::kScreenGeometryKey).toRect() ==
+        QGuiApplication::primaryScreen()->virtualGeometry()) {
+        m_room->restoreState(settings.value(constants::kEventsDockKey).toByteArray());
+    }
+    m_show->setChecked(!m_dock->isHidden());
+}
+
+void EventDesk::save() const
+{
+    m_list->save();
+    userSettings().setValue(constants::kEventsDockKey, m_room->saveState());
 }
 
 void EventDesk::retranslate()
@@ -89,7 +123,7 @@ void EventDesk::retranslate()
 /// The keyboard goes where the list is.
 void EventDesk::showOrHide()
 {
-    const bool isWanted = !m_dock->isVisible();
+    const bool isWanted = m_dock->isHidden();
     m_dock->setVisible(isWanted);
     m_show->setChecked(isWanted);
     if (isWanted) {
@@ -200,7 +234,7 @@ void EventDesk::write(const QString& path)
 bool EventDesk::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Close) {
-        m_list->save();
+        save();
     } else if (event->type() == QEvent::LanguageChange) {
         retranslate();
     }

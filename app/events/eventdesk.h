@@ -12,6 +12,8 @@ class Notices;
 class QAction;
 class QDockWidget;
 class QMainWindow;
+class QStatusBar;
+class QWidget;
 class RecordingControl;
 
 /// The list of events in the window: its dock, what it reads, marks and export. GUI thread.
@@ -21,13 +23,14 @@ class EventDesk : public QObject
 public:
     struct Surroundings
     {
-        QMainWindow* window;
+        QWidget* window;
+        QWidget* tables; ///< what the list is docked at, and shares the room with
         RecordingControl* control;
         Notices* notices;
+        QStatusBar* bar; ///< gets a button
     };
 
-    /// Made before the window's state is restored; the surroundings outlive this object. `now`:
-    /// UTC, ms since 1970.
+    /// The surroundings outlive this object. `now`: UTC, ms since 1970.
     EventDesk(const Surroundings& around, const std::function<qint64()>& now, QObject* parent);
 
     /// Tells which moment is shown (UTC, µs since 1970); nothing while it is the present.
@@ -44,6 +47,9 @@ protected:
 
 private:
     void makeDock();
+    void makeButton(QStatusBar* bar);
+    void load();
+    void save() const;
     void retranslate();
     void showOrHide();
     void read();
@@ -56,7 +62,8 @@ private:
 
     Surroundings m_around;
     std::function<std::optional<qint64>()> m_shown;
-    EventList* m_list; ///< in the dock
+    QMainWindow* m_room; ///< in place of the tables, which are in it: around them the list docks
+    EventList* m_list;   ///< in the dock
     QDockWidget* m_dock;
     QAction* m_show;
     QString m_markHindrance;

@@ -39,7 +39,8 @@ inline const QString kOverviewOnlyFaultsKey = QStringLiteral("overview/onlyFault
 inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFirst");
 inline const QString kOverviewLineQualityKey = QStringLiteral("overview/lineQuality");
 
-// Per-user settings: which events the list shows.
+// Per-user settings: where the list of events is, and which it shows.
+inline const QString kEventsDockKey = QStringLiteral("position/eventDockState");
 inline const QString kEventsTextKey = QStringLiteral("events/text");
 inline const QString kEventsLdbKey = QStringLiteral("events/ldb");
 inline const QString kEventsGroupKey = QStringLiteral("events/group");

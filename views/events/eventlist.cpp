@@ -26,7 +26,7 @@ constexpr int kCellMargin = 8;
 constexpr int kRowMargin = 6;
 constexpr int kWidest = 3000;
 constexpr int kDetailLines = 3;
-constexpr int kLeastRows = 3;
+constexpr int kLeastRows = 2;
 /// A text of letters so much narrower than the usual ones is not measured.
 constexpr double kNarrow = 0.7;
 constexpr qint64 kSecond = 1000000;
