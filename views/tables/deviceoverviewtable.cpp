@@ -275,7 +275,7 @@ void DeviceOverviewTable::beginRound()
 void DeviceOverviewTable::endRound()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (m_selectedRow == kNoRow && m_isRoundWhole && m_model.rowCount() > 0) {
+    if (m_selectedRow == kNoRow && m_isRoundWhole && !m_isSelectionHeld && m_model.rowCount() > 0) {
         tickFirst();
     }
 }
@@ -421,7 +421,7 @@ void DeviceOverviewTable::openMenu(const QPoint& position)
 {
     const QStringList lost = lostLdbs();
     const QModelIndex cell = m_view->indexAt(position);
-    if (!cell.isValid() || lost.isEmpty()) {
+    if (!cell.isValid() || lost.isEmpty() || !m_isDismissEnabled) {
         return;
     }
     auto* menu = new QMenu(m_view);
@@ -448,7 +448,8 @@ QStringList DeviceOverviewTable::lostLdbs() const
     return lost;
 }
 
-void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+/// Gives the ticked LDB of before.
+QString DeviceOverviewTable::removeOthers(const QStringList& hexIds)
 {
     m_isRoundWhole = false;
     const QString ticked = m_selectedRow == kNoRow ? QString() : hexIdOf(m_selectedRow);
@@ -464,11 +465,23 @@ void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
     for (int row = 0; row < m_model.rowCount(); ++row) {
         m_rowOfLdb.insert(hexIdOf(row), row);
     }
-    if (m_rowOfLdb.contains(ticked)) {
-        m_selectedRow = m_rowOfLdb.value(ticked);
-    } else if (!ticked.isEmpty() && m_model.rowCount() > 0) {
+    m_selectedRow = m_rowOfLdb.value(ticked, kNoRow);
+    return ticked;
+}
+
+void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+{
+    m_isSelectionHeld = false;
+    const QString ticked = removeOthers(hexIds);
+    if (m_selectedRow == kNoRow && !ticked.isEmpty() && m_model.rowCount() > 0) {
         tickFirst();
     }
+}
+
+void DeviceOverviewTable::showOnly(const QStringList& hexIds)
+{
+    m_isSelectionHeld = true;
+    removeOthers(hexIds);
 }
 
 void DeviceOverviewTable::saveTableState() const
