@@ -11,6 +11,7 @@ class MainWindow;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
+class LookBack;
 class Notices;
 class RecordingControl;
 class RunControl;
@@ -37,6 +38,13 @@ public:
     Evidence(const Surroundings& around, QWidget* window);
     ~Evidence() override;
 
+    LookBack* lookBack() const { return m_lookBack; }
+    /// Shows the present.
+    void goLive();
+
 private:
+    void initLookBack(const Surroundings& around, QWidget* window);
+
     RecordingControl* m_control;
+    LookBack* m_lookBack = nullptr;
 };
