@@ -18,6 +18,8 @@ namespace {
 /// What of a span is in the memory at a time: ten minutes.
 constexpr qint64 kPiece = 600LL * 1000000;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+constexpr qint64 kMicroseconds = 1000000;
+constexpr QLatin1Char kSeparator(';');
 
 struct Texts
 {
@@ -115,20 +117,36 @@ QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
     });
 }
 
+QString eventHeader()
+{
+    return QStringList{Texts::tr("Time"),  Texts::tr("LDB"),    Texts::tr("Duration [s]"),
+                       Texts::tr("Event"), Texts::tr("Before"), Texts::tr("After")}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
+QString eventLine(const RecordedEvent& event)
+{
+    const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
+                             .toString(generalinformation::kMillisecondsFormat);
+    const QString seconds =
+        event.since == 0 ? QString() : QString::number((event.at - event.since) / kMicroseconds);
+    const bool hasValues = event.hasValues();
+    return QStringList{time,
+                       event.hexId,
+                       seconds,
+                       quoted(event.description()),
+                       hasValues ? quoted(event.before) : QString(),
+                       hasValues ? quoted(event.after) : QString()}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
 QString writeEvents(RecordingReader& reader, TimeSpan span, QIODevice& device)
 {
-    const QChar separator = QLatin1Char(';');
-    QString lines = QStringList{Texts::tr("Time"), Texts::tr("LDB"), Texts::tr("Event"),
-                                Texts::tr("Before"), Texts::tr("After")}
-                        .join(separator) +
-                    QLatin1Char('\n');
+    QString lines = eventHeader();
     for (const RecordedEvent& event : reader.events(span)) {
-        const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
-                                 .toString(generalinformation::kMillisecondsFormat);
-        lines += QStringList{time, event.hexId, quoted(event.description()), quoted(event.before),
-                             quoted(event.after)}
-                     .join(separator) +
-                 QLatin1Char('\n');
+        lines += eventLine(event);
     }
     return put(device, lines.toUtf8());
 }

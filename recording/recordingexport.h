@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
 
 #include <QString>
@@ -31,6 +32,10 @@ QString writeLog(RecordingReader& reader, TimeSpan span, const LogChoice& choice
 /// something is missing.
 QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
                      const GoesOn& goesOn = {});
+
+/// The lines of such a table, each with its end: the header, and that of an event.
+QString eventHeader();
+QString eventLine(const RecordedEvent& event);
 
 /// The events of a span as a table, separated by ";", in the language and local time in force.
 QString writeEvents(RecordingReader& reader, TimeSpan span, QIODevice& device);

@@ -1,5 +1,6 @@
 #include "app/window/evidence.h"
 
+#include "app/events/eventdesk.h"
 #include "app/installation/installationdesk.h"
 #include "app/lookback/lookback.h"
 #include "app/lookback/recordedband.h"
@@ -12,6 +13,8 @@
 #include "serial/link/seriallink.h"
 #include "ui_mainwindow.h"
 #include "views/lamps/lampcondition.h"
+
+#include <QMainWindow>
 
 namespace {
 
@@ -38,12 +41,17 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     : QObject(window)
     , m_control(new RecordingControl({around.link, around.desk->control(), around.notices},
                                      around.ports, this))
+    , m_events(new EventDesk({static_cast<QMainWindow*>(window), m_control, around.notices},
+                             around.ports.wallTime, this))
 {
     initLookBack(around, window);
+    m_events->setShown([this] { return m_lookBack->shown(); });
+    connect(m_events, &EventDesk::momentWanted, m_lookBack, &LookBack::goTo);
 }
 
 Evidence::~Evidence()
 {
+    delete m_events; // it asks what is shown
     delete m_lookBack; // it reads by the control
 }
 

@@ -8,6 +8,7 @@ namespace Ui {
 class MainWindow;
 }
 
+class EventDesk;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
@@ -47,4 +48,5 @@ private:
 
     RecordingControl* m_control;
     LookBack* m_lookBack = nullptr;
+    EventDesk* m_events;
 };
