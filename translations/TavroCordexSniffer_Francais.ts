@@ -1844,6 +1844,77 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2404,6 +2475,13 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Plot</name>
     <message>
         <source>Follow</source>
@@ -2591,6 +2669,157 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
         <translation>Rien n&apos;a été rétabli : l&apos;LDB %1 s&apos;appelle maintenant %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Nom</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

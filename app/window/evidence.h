@@ -12,6 +12,7 @@ class InstallationDesk;
 class LdbViews;
 class LdbWork;
 class Notices;
+class QualityDisplay;
 class RecordingControl;
 class RunControl;
 class SerialLink;
@@ -38,5 +39,8 @@ public:
     ~Evidence() override;
 
 private:
+    void showQuality(const Surroundings& around);
+
     RecordingControl* m_control;
+    QualityDisplay* m_quality = nullptr; ///< owned as a child
 };
