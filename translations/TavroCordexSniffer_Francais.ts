@@ -2690,11 +2690,11 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>LDB</source>
-        <translation type="unfinished">LDB</translation>
+        <translation>LDB</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished">Nom</translation>
+        <translation>Nom</translation>
     </message>
     <message>
         <source>How often the LDB was asked</source>

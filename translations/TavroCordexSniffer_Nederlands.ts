@@ -2690,11 +2690,11 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>LDB</source>
-        <translation type="unfinished">LDB</translation>
+        <translation>LDB</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished">Naam</translation>
+        <translation>Naam</translation>
     </message>
     <message>
         <source>How often the LDB was asked</source>
