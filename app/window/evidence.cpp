@@ -13,6 +13,7 @@
 #include "serial/link/seriallink.h"
 #include "ui_mainwindow.h"
 #include "views/lamps/lampcondition.h"
+#include "views/quality/qualitydisplay.h"
 
 #include <QMainWindow>
 
@@ -47,11 +48,12 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     initLookBack(around, window);
     m_events->setShown([this] { return m_lookBack->shown(); });
     connect(m_events, &EventDesk::momentWanted, m_lookBack, &LookBack::goTo);
+    showQuality(around);
 }
 
 Evidence::~Evidence()
 {
-    delete m_events; // it asks what is shown
+    delete m_events;   // it asks what is shown
     delete m_lookBack; // it reads by the control
 }
 
@@ -102,4 +104,19 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
 void Evidence::goLive()
 {
     m_lookBack->live();
+}
+
+void Evidence::showQuality(const Surroundings& around)
+{
+    m_quality = new QualityDisplay(
+        {m_control->access(), [recorder = m_control->recorder()] { return recorder->moment(); },
+         [link = around.link](const QString& hexId) {
+             return link->nameOf(hexId);
+         }},
+        around.ui.deviceOverviewTableView, around.ui.overviewBar, this);
+    connect(around.link, &SerialLink::exchanged, m_quality->live(), &LiveQuality::takeExchange);
+    connect(around.link, &SerialLink::ldbListChanged, m_quality->live(), &LiveQuality::setList);
+    connect(m_quality, &QualityDisplay::ldbActivated, around.views, &LdbViews::select);
+    connect(m_lookBack, &LookBack::shownChanged, m_quality,
+            [this] { m_quality->setShown(m_lookBack->shown()); });
 }

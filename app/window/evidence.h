@@ -14,6 +14,7 @@ class LdbViews;
 class LdbWork;
 class LookBack;
 class Notices;
+class QualityDisplay;
 class RecordingControl;
 class RunControl;
 class SerialLink;
@@ -49,4 +50,8 @@ private:
     RecordingControl* m_control;
     LookBack* m_lookBack = nullptr;
     EventDesk* m_events;
+    void showQuality(const Surroundings& around);
+
+    RecordingControl* m_control;
+    QualityDisplay* m_quality = nullptr; ///< owned as a child
 };
