@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr qint64 kMegabyte = 1LL << 20;
-
 /// The one that was used last of all.
 QString lastUsed(const Installations& store)
 {
@@ -116,7 +114,15 @@ void RecordingControl::followLink()
     });
 }
 
+QString RecordingControl::outageText() const
+{
+    return m_recorder.isOutage() ? m_outage.text() : QString();
+}
+
 void RecordingControl::tell(const RecordingNotice& notice)
 {
+    if (notice.isOutage()) {
+        m_outage = notice;
+    }
     m_around.notices->say([notice] { return notice.text(); });
 }

@@ -34,6 +34,11 @@ public:
     /// start. Empty when there has never been one.
     QString folder() const { return m_folder; }
 
+    /// Why nothing is recorded, in the language in force; empty unless it is so.
+    QString outageText() const;
+
+    static constexpr qint64 kMegabyte = 1LL << 20; ///< of the size that is set
+
 public slots:
     /// Takes what the user has set.
     void loadPreferences();
@@ -48,5 +53,6 @@ private:
     RecordingAccess m_access;
     QString m_installation; ///< id
     QString m_folder;
+    RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
 };

@@ -3,16 +3,21 @@
 #include "serial/link/portsource.h"
 
 #include <QObject>
+#include <QPointer>
 
 namespace Ui {
 class MainWindow;
 }
 
+class EvidenceForm;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
 class Notices;
+class QAction;
 class RecordingControl;
+class RecordingForm;
+class RecordingIndicator;
 class RunControl;
 class SerialLink;
 
@@ -35,8 +40,24 @@ public:
 
     /// All of the surroundings but the ports outlive this object.
     Evidence(const Surroundings& around, QWidget* window);
+    /// What was told by now is on the disk afterwards.
     ~Evidence() override;
 
+    /// Opens the form that says what is recorded.
+    void showPreferences();
+    /// Shows in the language in force what no form of its own does.
+    void retranslate();
+
 private:
+    void makeMenu(const Surroundings& around, QWidget* window);
+    void makeIndicator(const Surroundings& around);
+
+    QWidget* m_window;
     RecordingControl* m_control;
+    QPointer<RecordingIndicator> m_indicator;
+    QPointer<RecordingForm> m_preferences;
+    QPointer<EvidenceForm> m_form;
+    QAction* m_take = nullptr;
+    QAction* m_copy = nullptr;
+    QAction* m_settings = nullptr;
 };
