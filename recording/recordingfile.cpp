@@ -16,7 +16,7 @@ using recordingschema::Fit;
 
 namespace {
 
-constexpr qint64 kMinute = 60 * 1000000LL;
+constexpr qint64 kMinute = recordingschema::kMinute;
 
 QVariant ldbValue(const QString& hexId)
 {

@@ -134,7 +134,7 @@ std::vector<Value> RecordingReader::collectLast(TimeSpan span, int limit, qint64
     }
     std::vector<File*> files;
     for (const auto& file : m_files) {
-        if (file->extent) {
+        if (file->extent && file->extent->from < span.to) {
             files.push_back(file.get());
         }
     }
@@ -232,21 +232,24 @@ std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
     return result;
 }
 
+std::vector<RecordedRound> RecordingReader::rounds(TimeSpan span, int limit)
+{
+    return collectLast(span, limit, &RecordedRound::at, [&](RecordingSource& source) {
+        return source.rounds(span, limit);
+    });
+}
+
+std::vector<RecordedList> RecordingReader::lists(TimeSpan span)
+{
+    return collect(span, &RecordedList::at,
+                   [&](RecordingSource& source) { return source.lists(span); });
+}
+
 std::vector<RecordedGap> RecordingReader::gaps(TimeSpan span)
 {
     // A gap is told at its end.
-    const auto told =
-        collect({span.from, std::numeric_limits<qint64>::max()}, &RecordedEvent::at,
-                [&span](RecordingSource& source) {
-                    return source.events({span.from, std::numeric_limits<qint64>::max()});
-                });
-    std::vector<RecordedGap> result;
-    for (const RecordedEvent& event : told) {
-        if (event.kind == EventKind::Gap && event.since < span.to) {
-            result.push_back({event.since, event.at, event.count});
-        }
-    }
-    return result;
+    return collect({span.from, std::numeric_limits<qint64>::max()}, &RecordedGap::from,
+                   [&](RecordingSource& source) { return source.gaps(span); });
 }
 
 std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
@@ -261,11 +264,11 @@ std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
         return left->extent->to > right->extent->to;
     });
     files.resize(qMin<std::size_t>(files.size(), kFilesBack));
-    std::optional<RecordingSource::Listed> list;
+    std::optional<RecordedList> list;
     for (File* file : files) {
-        const auto listed = use(*file).listAt(at);
+        auto listed = use(*file).listAt(at);
         if (listed && (!list || listed->at > list->at)) {
-            list = listed;
+            list = std::move(listed);
         }
     }
     QHash<QString, RecordedRecord> latest;

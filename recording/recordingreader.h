@@ -54,6 +54,10 @@ public:
     std::vector<RecordedEvent> events(TimeSpan span);
     /// Those that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
+    /// The rounds that began in the span; with a limit the last ones.
+    std::vector<RecordedRound> rounds(TimeSpan span, int limit = -1);
+    /// What became of the list in the span.
+    std::vector<RecordedList> lists(TimeSpan span);
     /// Where exchanges are missing, by events of the recorder.
     std::vector<RecordedGap> gaps(TimeSpan span);
 

@@ -37,6 +37,7 @@ inline const QString kPlotDetailSplitterKey = QStringLiteral("position/plotAndDe
 inline const QString kOverviewFilterKey = QStringLiteral("overview/filter");
 inline const QString kOverviewOnlyFaultsKey = QStringLiteral("overview/onlyFaults");
 inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFirst");
+inline const QString kOverviewLineQualityKey = QStringLiteral("overview/lineQuality");
 
 // Per-user settings: language, port, sound, log controls.
 inline const QString kLanguageKey = QStringLiteral("translation/language");
