@@ -3,10 +3,14 @@
 #include "app/installation/installationdesk.h"
 #include "app/notices/notices.h"
 #include "app/recording/evidenceform.h"
+#include "app/recording/recordedplot.h"
 #include "app/recording/recordingcontrol.h"
 #include "app/recording/recordingform.h"
 #include "app/recording/recordingindicator.h"
+#include "app/window/ldbviews.h"
+#include "app/window/ldbwork.h"
 #include "app/window/runcontrol.h"
+#include "app/window/worknotes.h"
 #include "ui_mainwindow.h"
 
 #include <QDir>
@@ -19,6 +23,8 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     , m_control(new RecordingControl({around.link, around.desk->control(), around.notices},
                                      around.ports, this))
 {
+    connect(around.work->notes(), &WorkNotes::noted, m_control->recorder(), &Recorder::note);
+    around.views->setHistorySource(new RecordedPlot(m_control->access(), m_control));
     makeIndicator(around);
     makeMenu(around, window);
 }
