@@ -66,6 +66,11 @@ public:
     std::optional<qint64> nextRecord(qint64 at, const QString& hexId = {});
     std::optional<qint64> formerRecord(qint64 at, const QString& hexId = {});
 
+    /// The files that have something of the span.
+    QStringList filesIn(TimeSpan span) const;
+    /// Copies one of them, as it is now, into a folder that exists. A file of that name is an
+    /// error. Gives an empty text, or what went wrong, untranslated.
+    QString copyFile(const QString& path, const QString& folder);
     /// Copies the files that overlap the span, as they are now, into a folder that exists. A file
     /// of that name is an error. Gives an empty text, or what went wrong, untranslated.
     QString copyTo(const QString& folder, TimeSpan span);
