@@ -157,6 +157,23 @@
     </message>
 </context>
 <context>
+    <name>RecordedEvent</name>
+    <message numerus="yes">
+        <source>%1: %n times in %2</source>
+        <translation>
+            <numerusform>%1: %n time in %2</numerusform>
+            <numerusform>%1: %n times in %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Not recorded: %n exchanges in %1</source>
+        <translation>
+            <numerusform>Not recorded: %n exchange in %1</numerusform>
+            <numerusform>Not recorded: %n exchanges in %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SetValueDialog</name>
     <message numerus="yes">
         <source>Set for %n LDB(s)</source>

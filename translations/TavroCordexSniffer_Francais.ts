@@ -2743,6 +2743,29 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordingExport</name>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Événement</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Avant</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Après</translation>
+    </message>
+</context>
+<context>
     <name>RecordingNotice</name>
     <message>
         <source>Recording goes on, into %1.</source>

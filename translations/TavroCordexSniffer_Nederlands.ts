@@ -2743,6 +2743,29 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordingExport</name>
+    <message>
+        <source>Time</source>
+        <translation>Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Gebeurtenis</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vooraf</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Daarna</translation>
+    </message>
+</context>
+<context>
     <name>RecordingNotice</name>
     <message>
         <source>Recording goes on, into %1.</source>

@@ -156,7 +156,7 @@ private slots:
         desk.bus.change(kLdb, "16", "01"); // muted while the editor reads
         QVERIFY(desk.prepare());
         QVERIFY(desk.mute()->isChecked());
-        desk.delay()->setValue(25);
+        desk.delay()->setValue(26);
         desk.fims()->setValue(7);
         desk.ui<QCheckBox>("settingsEarthWireOpenDetectionCheckBox")->click();
         // Meanwhile the mute is ended, and somebody else sets another count and another flag.
@@ -168,7 +168,7 @@ private slots:
         desk.save()->click();
         WAIT_COMPARE(desk.boxes().size(), 1);
         QCOMPARE(withoutRepetitions(desk.bus.writes()),
-                 (QList<QByteArray>{"FE0A736302" + hex("Roof"), "FE0A7363140F", "FE0A737806"}));
+                 (QList<QByteArray>{"FE0A7363140F", "FE0A7363171A00", "FE0A737806"}));
         QVERIFY(!desk.mute()->isChecked());
         QVERIFY(desk.ui<QCheckBox>("settingsStartInServiceModeCheckBox")->isChecked());
         const QString reason =
