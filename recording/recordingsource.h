@@ -35,7 +35,8 @@ public:
 
     // Ascending. A limit leaves the last ones; -1 is none.
     std::vector<RecordedRecord> records(const QString& hexId, TimeSpan span, int limit);
-    std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit);
+    std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit,
+                                    std::optional<ExchangeKind> only = {});
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// All but those that are not for people.
     std::vector<RecordedEvent> events(TimeSpan span);
