@@ -1,6 +1,9 @@
 #include "importexport/report/documentbuilder.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFontMetricsF>
+#include <QRegularExpression>
+#include <QSet>
 #include <QTextBlock>
 #include <QTextOption>
 #include <QTextTable>
@@ -15,14 +18,17 @@ namespace {
 
 // In 0.1 mm.
 constexpr int kTextSize = 34;
-constexpr int kTableSize = 27;
+constexpr int kTableSize = 26;
 constexpr int kHeadingSizes[] = {60, 44, 36};
 constexpr double kHeadingAbove[] = {0, 60, 40};
+constexpr double kHeadingBelow[] = {24, 14, 10};
 constexpr double kPadding = 7;
-constexpr double kSlack = 30; // what Qt's own layout of pages may take
+constexpr double kSlack = 40; // what Qt's own layout of pages may take
 constexpr double kSignatureSpace = 260;
 constexpr double kLine = 2;
 constexpr double kWhole = 100; // per cent
+constexpr double kBelowTable = 20;
+constexpr double kWidestWord = 0.25; // of the page; a longer one is parted
 
 const QColor kHeadGround(0xe8, 0xec, 0xf0);
 const QColor kLineColour(0xb0, 0xb0, 0xb0);
@@ -53,6 +59,22 @@ QTextCharFormat formatOf(const Cell& cell)
     return format;
 }
 
+/// As wide as any text of a table is set.
+QFont tableFont()
+{
+    QFont font;
+    font.setPixelSize(kTableSize);
+    font.setBold(true);
+    return font;
+}
+
+QSet<QString> wordsOf(const QString& text)
+{
+    static const QRegularExpression blank(QStringLiteral("\\s"));
+    const QStringList words = text.split(blank, Qt::SkipEmptyParts);
+    return QSet<QString>(words.begin(), words.end());
+}
+
 /// A cell is one block, so that its place is known.
 QString inOneBlock(QString text)
 {
@@ -67,7 +89,43 @@ void fill(QTextTable* table, int row, int column, const QString& text,
     cursor.insertText(inOneBlock(text), format);
 }
 
-QTextTableFormat tableFormat(const std::vector<Column>& columns)
+/// The columns' shares of the page; none is narrower than its longest word.
+std::vector<double> widthsOf(const Table& table, double page)
+{
+    const QFontMetricsF metrics(tableFont());
+    std::vector<double> least;
+    double sum = 0;
+    double sumOfLeast = 0;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        QSet<QString> words = wordsOf(table.columns[i].title);
+        for (const auto& row : table.rows) {
+            words += wordsOf(row[i].text);
+        }
+        double width = 0;
+        for (const QString& word : qAsConst(words)) {
+            width = qMax(width, metrics.horizontalAdvance(word));
+        }
+        least.push_back(qMin(width + 2 * kPadding + 2 * kLine, page * kWidestWord));
+        sum += table.columns[i].width;
+        sumOfLeast += least.back();
+    }
+    // What is left beyond the words goes where the columns want more.
+    std::vector<double> widths;
+    double wanted = 0;
+    for (std::size_t i = 0; i < least.size(); ++i) {
+        const double share = page * table.columns[i].width / sum;
+        widths.push_back(qMax(share - least[i], 0.0));
+        wanted += widths[i];
+    }
+    const double left = qMax(page - sumOfLeast, 0.0);
+    for (std::size_t i = 0; i < least.size(); ++i) {
+        const double more = wanted > 0 ? left * widths[i] / wanted : 0;
+        widths[i] = kWhole * (least[i] + more) / qMax(page, sumOfLeast);
+    }
+    return widths;
+}
+
+QTextTableFormat tableFormat(const std::vector<double>& widths)
 {
     QTextTableFormat format;
     format.setWidth(QTextLength(QTextLength::PercentageLength, kWhole));
@@ -77,16 +135,12 @@ QTextTableFormat tableFormat(const std::vector<Column>& columns)
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setBorderBrush(kLineColour);
     format.setBorderCollapse(true);
-    int sum = 0;
-    for (const Column& column : columns) {
-        sum += column.width;
+    QVector<QTextLength> lengths;
+    lengths.reserve(static_cast<int>(widths.size()));
+    for (const double width : widths) {
+        lengths.append(QTextLength(QTextLength::PercentageLength, width));
     }
-    QVector<QTextLength> widths;
-    widths.reserve(static_cast<int>(columns.size()));
-    for (const Column& column : columns) {
-        widths.append(QTextLength(QTextLength::PercentageLength, kWhole * column.width / sum));
-    }
-    format.setColumnWidthConstraints(widths);
+    format.setColumnWidthConstraints(lengths);
     return format;
 }
 
@@ -159,7 +213,7 @@ void DocumentBuilder::beginBlock(double above, double below)
 void DocumentBuilder::put(const Heading& heading)
 {
     const int level = qBound(0, heading.level, static_cast<int>(std::size(kHeadingSizes)) - 1);
-    beginBlock(kHeadingAbove[level], kPadding * 2);
+    beginBlock(kHeadingAbove[level], kHeadingBelow[level]);
     m_placed.back().isHeading = true;
     m_cursor.insertText(inOneBlock(heading.text), formatOf(kHeadingSizes[level], true));
 }
@@ -173,6 +227,7 @@ void DocumentBuilder::put(const Paragraph& paragraph)
 
 void DocumentBuilder::put(const Table& table)
 {
+    m_widths = widthsOf(table, m_body.width());
     std::size_t from = 0;
     for (std::size_t row = 1; row < table.rows.size(); ++row) {
         if (isBreak(static_cast<int>(row))) {
@@ -187,7 +242,7 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
 {
     const int head = table.hasHead() ? 1 : 0;
     const int columns = static_cast<int>(table.columns.size());
-    QTextTableFormat format = tableFormat(table.columns);
+    QTextTableFormat format = tableFormat(m_widths);
     if (isBreak(static_cast<int>(from))) {
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     }
@@ -226,6 +281,9 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
     // What follows a table; Qt wants a block there.
     m_cursor.movePosition(QTextCursor::End);
     m_cursor.setBlockCharFormat(formatOf(1));
+    QTextBlockFormat below;
+    below.setBottomMargin(kBelowTable);
+    m_cursor.setBlockFormat(below);
 }
 
 void DocumentBuilder::put(const Picture& picture)
@@ -250,6 +308,7 @@ void DocumentBuilder::put(const Signatures& signatures)
         captions.emplace_back(caption);
     }
     table.rows.push_back(std::move(captions));
+    m_widths = widthsOf(table, m_body.width());
     putRows(table, 0, 1);
     QTextTable* placed = m_placed.back().table;
     for (int column = 0; column < placed->columns(); ++column) {

@@ -56,6 +56,7 @@ private:
     QTextDocument* m_document = nullptr;
     QTextCursor m_cursor;
     std::size_t m_part = 0;
+    std::vector<double> m_widths; ///< of the table's columns, per cent
     struct Placed
     {
         Place place;

@@ -133,8 +133,9 @@ RecordedMinute sumOf(const VisitReport& report)
 {
     RecordedMinute sum;
     for (const ReportedLdb& ldb : report.ldbs) {
-        // One that is lost is told as lost; its probes say nothing about the line.
+        // One that does not answer is told as such; its probes say nothing about the line.
         const bool wasLost =
+            !isHeard(ldb) ||
             std::any_of(report.faults.begin(), report.faults.end(), [&ldb](const FaultSpan& span) {
                 return span.hexId == ldb.hexId && span.place == FaultPlace::None;
             });

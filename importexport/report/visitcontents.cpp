@@ -158,7 +158,7 @@ void Composer::putLdbs()
     }
     table({{Texts::tr("ID"), 9},
            {Texts::tr("Name"), 27},
-           {Texts::tr("Mode"), 21},
+           {Texts::tr("Mode"), 23},
            {Texts::tr("Loop"), 24},
            {Texts::tr("Earth"), 21},
            {Texts::tr("Amplifier"), 21},
