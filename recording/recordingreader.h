@@ -56,6 +56,10 @@ public:
     std::vector<RecordedEvent> events(TimeSpan span);
     /// Those that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
+    /// The rounds that began in the span; with a limit the last ones.
+    std::vector<RecordedRound> rounds(TimeSpan span, int limit = -1);
+    /// What became of the list in the span.
+    std::vector<RecordedList> lists(TimeSpan span);
     /// Where exchanges are missing, by events of the recorder.
     std::vector<RecordedGap> gaps(TimeSpan span);
 
@@ -64,6 +68,11 @@ public:
     std::optional<qint64> nextRecord(qint64 at, const QString& hexId = {});
     std::optional<qint64> formerRecord(qint64 at, const QString& hexId = {});
 
+    /// The files that have something of the span.
+    QStringList filesIn(TimeSpan span) const;
+    /// Copies one of them, as it is now, into a folder that exists. A file of that name is an
+    /// error. Gives an empty text, or what went wrong, untranslated.
+    QString copyFile(const QString& path, const QString& folder);
     /// Copies the files that overlap the span, as they are now, into a folder that exists. A file
     /// of that name is an error. Gives an empty text, or what went wrong, untranslated.
     QString copyTo(const QString& folder, TimeSpan span);

@@ -12,13 +12,6 @@ namespace {
 using State = Monitoring::State;
 
 constexpr int kTick = 1000; // ms
-/// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
-/// again, and one may be slow.
-constexpr int kRounds = 3;
-/// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
-constexpr qint64 kTurn = 200;
-/// Room for what holds up a small bus besides.
-constexpr qint64 kShortestLife = 15000; // ms
 /// An LDB that does not answer is asked two things in its turn, each twice.
 constexpr qint64 kQuestions = 4;
 /// After so long without any answer, ms, the bus is no longer monitored, however many are silent.
@@ -99,7 +92,7 @@ int Monitor::awaitedLdbs() const
 
 qint64 Monitor::turns() const
 {
-    return kTurn * m_link->knownLdbs().size();
+    return Monitoring::roundOf(m_link->knownLdbs().size());
 }
 
 qint64 Monitor::silence() const
@@ -109,7 +102,7 @@ qint64 Monitor::silence() const
 
 qint64 Monitor::lifetime(qint64 silence) const
 {
-    return std::clamp(kRounds * (turns() + silence), kShortestLife, Monitoring::kLongestLife);
+    return Monitoring::lifetimeOf(m_link->knownLdbs().size(), silence);
 }
 
 void Monitor::processExchange(const Exchange& exchange)
