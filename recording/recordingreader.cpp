@@ -174,6 +174,13 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
+{
+    return collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+        return source.exchanges({}, span, -1, kind);
+    });
+}
+
 std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
 {
     const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
