@@ -1,5 +1,6 @@
 #include "recording/recordedtables.h"
 
+#include "recording/filerows.h"
 #include "serial/ldb/busaddress.h"
 
 #include <QJsonDocument>
@@ -78,12 +79,13 @@ std::vector<RecordedMinute> RecordedTables::minutes(const QString& hexId, TimeSp
 }
 
 std::vector<RecordedEvent> RecordedTables::readEvents(const QString& condition,
-                                                      const QVariantList& values)
+                                                      const QVariantList& values, int limit)
 {
     std::vector<RecordedEvent> result;
     auto query = ask(QStringLiteral("SELECT at,kind,ldb,place,since,count,still,before,after,text"
-                                    " FROM events WHERE ") +
-                         condition + QStringLiteral(" ORDER BY at, id"),
+                                    " FROM events WHERE %1 ORDER BY at DESC, id DESC LIMIT %2")
+                         .arg(condition)
+                         .arg(limit),
                      values);
     while (query && next(*query)) {
         RecordedEvent event;
@@ -93,19 +95,25 @@ std::vector<RecordedEvent> RecordedTables::readEvents(const QString& condition,
         event.place = static_cast<FaultPlace>(query->value(3).toInt());
         event.since = query->value(4).toLongLong();
         event.count = query->value(5).toInt();
-        event.isStill = query->value(6).toInt() != 0;
+        event.isStill = (query->value(6).toInt() & filerow::kStillFlag) != 0;
+        event.isVague = (query->value(6).toInt() & filerow::kVagueFlag) != 0;
         event.before = query->value(7).toString();
         event.after = query->value(8).toString();
         event.text = query->value(9).toString();
         result.push_back(std::move(event));
     }
+    std::reverse(result.begin(), result.end());
     return result;
 }
 
-std::vector<RecordedEvent> RecordedTables::events(TimeSpan span)
+std::vector<RecordedEvent> RecordedTables::events(TimeSpan span, int limit)
 {
+    // Those that are not for people would use up the limit.
     std::vector<RecordedEvent> result =
-        readEvents(QStringLiteral("at>=? AND at<?"), {span.from, span.to});
+        readEvents(QStringLiteral("at>=? AND at<? AND kind<>? AND NOT (kind=? AND before IS NULL)"),
+                   {span.from, span.to, static_cast<int>(EventKind::Listed),
+                    static_cast<int>(EventKind::Named)},
+                   limit);
     result.erase(std::remove_if(result.begin(), result.end(),
                                 [](const RecordedEvent& event) { return !event.isForPeople(); }),
                  result.end());
@@ -138,16 +146,58 @@ std::vector<RecordedRun> RecordedTables::runs()
     return result;
 }
 
-std::optional<RecordedTables::Listed> RecordedTables::listAt(qint64 at)
+std::vector<RecordedRound> RecordedTables::rounds(TimeSpan span, int limit)
 {
-    auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=? AND at<=?"
-                                    " ORDER BY at DESC, id DESC LIMIT 1"),
-                     {static_cast<int>(EventKind::Listed), at});
-    if (!query || !next(*query)) {
-        return std::nullopt;
+    std::vector<RecordedRound> result;
+    auto query = ask(QStringLiteral("SELECT at,wall,offset FROM rounds WHERE single=0 AND at>=? AND"
+                                    " at<? ORDER BY at DESC LIMIT %1")
+                         .arg(limit),
+                     {span.from, span.to});
+    while (query && next(*query)) {
+        result.push_back({query->value(0).toLongLong(), query->value(1).toLongLong(),
+                          query->value(2).toInt()});
     }
-    return Listed{query->value(0).toLongLong(),
-                  query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)};
+    std::reverse(result.begin(), result.end());
+    return result;
+}
+
+std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
+                                                     const QVariantList& values)
+{
+    std::vector<RecordedList> result;
+    auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=%1 AND ")
+                             .arg(static_cast<int>(EventKind::Listed)) +
+                         condition,
+                     values);
+    while (query && next(*query)) {
+        result.push_back(
+            {query->value(0).toLongLong(),
+             query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
+    }
+    return result;
+}
+
+std::vector<RecordedList> RecordedTables::lists(TimeSpan span)
+{
+    return readLists(QStringLiteral("at>=? AND at<? ORDER BY at, id"), {span.from, span.to});
+}
+
+std::optional<RecordedList> RecordedTables::listAt(qint64 at)
+{
+    std::vector<RecordedList> last =
+        readLists(QStringLiteral("at<=? ORDER BY at DESC, id DESC LIMIT 1"), {at});
+    return last.empty() ? std::nullopt : std::make_optional(std::move(last.front()));
+}
+
+std::vector<RecordedGap> RecordedTables::gaps(TimeSpan span)
+{
+    std::vector<RecordedGap> result;
+    const auto told = readEvents(QStringLiteral("kind=? AND since<? AND at>=?"),
+                                 {static_cast<int>(EventKind::Gap), span.to, span.from});
+    for (const RecordedEvent& event : told) {
+        result.push_back({event.since, event.at, event.count});
+    }
+    return result;
 }
 
 /// Going forward from there, the disk is read ahead.

@@ -21,16 +21,17 @@ public:
     /// Ascending, summed up over `each` minutes.
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// Ascending; all but those that are not for people.
-    std::vector<RecordedEvent> events(TimeSpan span);
+    std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
     std::vector<RecordedRun> runs();
 
+    /// Ascending; a limit leaves the last ones.
+    std::vector<RecordedRound> rounds(TimeSpan span, int limit);
+    std::vector<RecordedList> lists(TimeSpan span);
+    /// Those that overlap the span.
+    std::vector<RecordedGap> gaps(TimeSpan span);
+
     /// The last list up to `at`; nothing when there is none.
-    struct Listed
-    {
-        qint64 at = 0;
-        QStringList hexIds;
-    };
-    std::optional<Listed> listAt(qint64 at);
+    std::optional<RecordedList> listAt(qint64 at);
 
 protected:
     /// The names that LDBs told before `to`, ascending.
@@ -41,5 +42,7 @@ protected:
 
 private:
     std::optional<TimeSpan> rangeOf(const QString& statement);
-    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
+    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values,
+                                          int limit = -1);
+    std::vector<RecordedList> readLists(const QString& condition, const QVariantList& values);
 };

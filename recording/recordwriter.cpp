@@ -23,6 +23,7 @@ constexpr std::size_t kMostWaitingRows = RecordWriter::kMostWaiting + 2000;
 
 RecordWriter::RecordWriter(Options options)
     : m_options(std::move(options))
+    , m_file(m_options.isSynced)
 {
 }
 
@@ -49,13 +50,51 @@ void RecordWriter::take(const RecorderInputs& inputs)
         return;
     }
     for (const RecorderInput& input : inputs) {
+        const auto* event = std::get_if<RecordedEvent>(&input);
+        const bool isMark = event != nullptr && event->kind == EventKind::Mark;
+        if (isMark && writeIntoPast(*event)) {
+            continue;
+        }
         if (!m_day.isValid() || isAnotherFileDue(input)) {
             beginFile(timeOf(input));
         }
-        m_now = timeOf(input);
+        m_now = isMark ? qMax(m_now, event->at) : timeOf(input);
         enqueue(input);
     }
     flush();
+}
+
+/// A mark of another day belongs to that day's file: it is copied, kept and deleted with it. False
+/// where there is none that can be written.
+bool RecordWriter::writeIntoPast(const RecordedEvent& mark)
+{
+    const QDate day = recordingfolder::dayOf(mark.at);
+    if (day == m_day) {
+        return false;
+    }
+    for (const recordingfolder::DayFile& dayFile : recordingfolder::filesOf(m_options.folder)) {
+        RecordingFile file;
+        if (dayFile.day == day &&
+            file.open(dayFile.path, m_options.programVersion) == RecordingFile::Opening::Done) {
+            const bool isWritten = file.write({mark});
+            file.close();
+            if (isWritten) {
+                m_pastMarks.push_back(mark);
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+std::vector<RecordedEvent> RecordWriter::takeEvents()
+{
+    std::vector<RecordedEvent> events = m_maker.takeEvents();
+    for (RecordedEvent& mark : m_pastMarks) {
+        events.push_back(std::move(mark));
+    }
+    m_pastMarks.clear();
+    return events;
 }
 
 bool RecordWriter::isAnotherFileDue(const RecorderInput& input) const

@@ -21,6 +21,7 @@ public:
         QString folder;
         QString programVersion;
         recordingfolder::Limits limits;
+        bool isSynced = true; ///< a power cut takes nothing; otherwise only a crash takes nothing
     };
     explicit RecordWriter(Options options);
     ~RecordWriter();
@@ -37,7 +38,7 @@ public:
     /// What is to be told since the last call.
     std::vector<RecordingNotice> takeNotices() { return std::exchange(m_notices, {}); }
     /// The events since the last call, found or handed in.
-    std::vector<RecordedEvent> takeEvents() { return m_maker.takeEvents(); }
+    std::vector<RecordedEvent> takeEvents();
     /// The file that is being recorded into; empty without one.
     QString path() const { return m_file.isOpen() ? m_file.path() : QString(); }
 
@@ -45,6 +46,7 @@ public:
     static constexpr int kMostWaiting = 20000;
 
 private:
+    bool writeIntoPast(const RecordedEvent& mark);
     bool isAnotherFileDue(const RecorderInput& input) const;
     void beginFile(qint64 at);
     bool openFile();
@@ -75,4 +77,5 @@ private:
     bool m_isOtherWindowTold = false;
     qint64 m_nextCleaning = 0;
     std::vector<RecordingNotice> m_notices;
+    std::vector<RecordedEvent> m_pastMarks; ///< written, and not told yet
 };

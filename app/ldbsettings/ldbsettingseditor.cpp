@@ -170,6 +170,7 @@ void LdbSettingsEditor::processSaved()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     tellOutcome();
+    emit saved(outcome);
     if (!outcome.isGood()) {
         m_notices->box(
             QMessageBox::Warning,

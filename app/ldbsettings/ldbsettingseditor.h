@@ -74,6 +74,8 @@ public slots:
 signals:
     /// A Save begins, or its last command has its reply.
     void savingChanged(bool saving);
+    /// A Save has ended, in whatever way.
+    void saved(const SettingsOutcome& outcome);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -293,6 +293,70 @@ private slots:
         QCOMPARE(faults[1].since, begun);
     }
 
+    /// A mark belongs to the moment that was shown when it was set.
+    void marksGoIntoTheirOwnDay_data()
+    {
+        addColumns<bool>("isRecording");
+        QTest::newRow("while another day is recorded") << true;
+        QTest::newRow("while nothing is recorded") << false;
+    }
+
+    void marksGoIntoTheirOwnDay()
+    {
+        QFETCH(bool, isRecording);
+        const Sandbox sandbox;
+        const QString folder = sandbox.path("recordings");
+        qint64 past = 0;
+        {
+            RecordWriter writer(optionsFor(folder));
+            RecordedBus bus(kNoon);
+            bus.start({"0A"});
+            bus.beginRound();
+            bus.status("0A");
+            past = bus.now;
+            bus.now += RecordedBus::kSecond;
+            bus.status("0A");
+            bus.stop();
+            writer.take(bus.take());
+            writer.finish();
+        }
+        RecordWriter writer(optionsFor(folder));
+        RecordedBus bus(kNoon.addDays(2));
+        if (isRecording) {
+            bus.start({"2B"});
+            bus.beginRound();
+            bus.status("2B");
+            writer.take(bus.take());
+            writer.takeEvents();
+        }
+        RecordedEvent mark;
+        mark.at = past;
+        mark.kind = EventKind::Mark;
+        mark.text = "plug pulled";
+        writer.take({mark});
+        const auto told = writer.takeEvents();
+        QCOMPARE(told.size(), std::size_t(1));
+        QVERIFY(told[0] == mark);
+        if (isRecording) {
+            bus.status("2B");
+            writer.take(bus.take());
+        }
+        writer.finish();
+        // The day's file alone has it, and what it says of that moment is as before.
+        RecordingReader day(fileOf(sandbox, "recording-2026-03-04.sqlite"));
+        const auto events = day.events({past, past + 1});
+        QCOMPARE(events.size(), std::size_t(1));
+        QCOMPARE(events[0].text, mark.text);
+        RecordingReader all(folder);
+        QCOMPARE(all.events({past, past + 1}).size(), std::size_t(1));
+        QCOMPARE(all.stateAt(past).size(), std::size_t(1));
+        QCOMPARE(all.exchanges("2B", kAll).size(), std::size_t(isRecording ? 2 : 0));
+        // The last ones of a span, for who goes back from it by pages.
+        const auto lastOnes = all.events({0, past + 1}, 1);
+        QCOMPARE(lastOnes.size(), std::size_t(1));
+        QCOMPARE(lastOnes[0].kind, EventKind::Mark);
+    }
+
     void goesOnBesideAFileThatItCannotUse_data()
     {
         addColumns<QString, int>("statement", "kind");
