@@ -55,6 +55,21 @@ struct RecordedRun
     QHash<QString, QString> names;
 };
 
+/// The wall time that records carry from a moment on, as it began a round.
+struct RecordedRound
+{
+    qint64 at = 0;
+    qint64 wall = 0; ///< ms since 1970 UTC
+    int offset = 0;  ///< local time there less UTC, s
+};
+
+/// The LDBs that were listed from a moment on.
+struct RecordedList
+{
+    qint64 at = 0;
+    QStringList hexIds;
+};
+
 /// A time of which the recorder lacks exchanges that there were.
 struct RecordedGap
 {

@@ -2,6 +2,7 @@
 
 #include "recording/recordwriter.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 #include <utility>
@@ -19,9 +20,9 @@ constexpr int kEndMs = 10000;
 class RecordWriterHost : public QObject
 {
 public:
-    RecordWriterHost(Recorder* recorder, const QString& programVersion)
+    RecordWriterHost(Recorder* recorder, const QString& programVersion, bool isSynced)
         : m_recorder(recorder)
-        , m_writer({QString(), programVersion, {}})
+        , m_writer({QString(), programVersion, {}, isSynced})
     {
     }
 
@@ -60,19 +61,23 @@ private:
     RecordWriter m_writer;
 };
 
-Recorder::Recorder(const QString& programVersion, QObject* parent)
+Recorder::Recorder(const QString& programVersion, std::function<qint64()> wallTime, Thread thread,
+                   QObject* parent)
     : QObject(parent)
-    , m_collector([] { return QDateTime::currentMSecsSinceEpoch(); })
-    , m_host(new RecordWriterHost(this, programVersion))
+    , m_collector(std::move(wallTime))
+    , m_host(new RecordWriterHost(this, programVersion, thread == Thread::Own))
+    , m_hasThread(thread == Thread::Own)
 {
     m_options.isEnabled = false; // until it is told where
     m_handOver.setSingleShot(true);
     m_handOver.setInterval(kHandOverMs);
     connect(&m_handOver, &QTimer::timeout, this, &Recorder::flush);
-    m_thread.setObjectName(QStringLiteral("recording"));
-    m_host->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_host, &QObject::deleteLater);
-    m_thread.start();
+    if (m_hasThread) {
+        m_thread.setObjectName(QStringLiteral("recording"));
+        m_host->moveToThread(&m_thread);
+        connect(&m_thread, &QThread::finished, m_host, &QObject::deleteLater);
+        m_thread.start();
+    }
 }
 
 Recorder::~Recorder()
@@ -81,6 +86,11 @@ Recorder::~Recorder()
     flush();
     QMetaObject::invokeMethod(
         m_host, [host = m_host] { host->finish(); }, Qt::QueuedConnection);
+    if (!m_hasThread) {
+        QCoreApplication::sendPostedEvents(m_host, QEvent::MetaCall);
+        delete m_host;
+        return;
+    }
     // Behind what was posted before.
     QMetaObject::invokeMethod(
         m_host, [thread = &m_thread] { thread->quit(); }, Qt::QueuedConnection);
@@ -98,13 +108,14 @@ void Recorder::setOptions(const Options& options)
     const bool wasRunning = m_isRunning;
     endRun();
     flush();
+    const auto placeOf = [](const Options& of) {
+        return of.isEnabled ? of.folder : QString();
+    };
+    const QString place = placeOf(options);
+    m_isOutage = m_isOutage && place == placeOf(m_options);
     m_options = options;
-    m_isOutage = false;
     QMetaObject::invokeMethod(
-        m_host,
-        [host = m_host, options] {
-            host->setPlace(options.isEnabled ? options.folder : QString(), options.limits);
-        },
+        m_host, [host = m_host, place, limits = options.limits] { host->setPlace(place, limits); },
         Qt::QueuedConnection);
     if (wasRunning) {
         beginRun(m_port);

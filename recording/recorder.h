@@ -8,6 +8,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class RecordWriterHost;
@@ -24,8 +25,21 @@ public:
         bool isEnabled = true;
         QString folder; ///< made when the first row is written
         recordingfolder::Limits limits;
+
+        bool operator==(const Options& other) const
+        {
+            return isEnabled == other.isEnabled && folder == other.folder &&
+                   limits.days == other.limits.days && limits.bytes == other.limits.bytes;
+        }
     };
-    explicit Recorder(const QString& programVersion, QObject* parent = nullptr);
+    enum class Thread
+    {
+        Own,
+        Callers ///< for virtual time: writes when the event loop comes to it, and waits for no disk
+    };
+    /// `wallTime`: the clock of the link's ports, ms since 1970 UTC.
+    Recorder(const QString& programVersion, std::function<qint64()> wallTime,
+             Thread thread = Thread::Own, QObject* parent = nullptr);
     /// What was told by now is on the disk afterwards, unless the disk hangs.
     ~Recorder() override;
 
@@ -34,6 +48,8 @@ public:
     const Options& options() const { return m_options; }
     /// Whether a run is on and what it brings gets onto the disk.
     bool isRecording() const { return m_options.isEnabled && m_isRunning && !m_isOutage; }
+    /// Whether nothing can be written.
+    bool isOutage() const { return m_isOutage; }
     /// The file that is being recorded into; empty without one.
     QString filePath() const { return m_filePath; }
     /// The moment of now, on the time line of the recording (UTC, µs since 1970).
@@ -76,6 +92,7 @@ private:
     QTimer m_handOver;
     QThread m_thread;
     RecordWriterHost* m_host; ///< in the thread, which deletes it
+    bool m_hasThread;
     int m_unwritten = 0;
     bool m_isRunning = false;
     bool m_isOutage = false;

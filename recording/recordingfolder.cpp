@@ -64,6 +64,9 @@ std::vector<DayFile> filesOf(const QString& path)
         return result;
     };
     std::vector<DayFile> files;
+    if (path.isEmpty()) {
+        return files; // not what lies where the program was started
+    }
     if (info.isFile()) {
         files.push_back(dayFile(info));
         return files;

@@ -4,6 +4,7 @@
 #include "recording/recordingsource.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -133,7 +134,7 @@ std::vector<Value> RecordingReader::collectLast(TimeSpan span, int limit, qint64
     }
     std::vector<File*> files;
     for (const auto& file : m_files) {
-        if (file->extent) {
+        if (file->extent && file->extent->from < span.to) {
             files.push_back(file.get());
         }
     }
@@ -173,6 +174,13 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
+{
+    return collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+        return source.exchanges({}, span, -1, kind);
+    });
+}
+
 std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
 {
     const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
@@ -203,10 +211,10 @@ std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)
+std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 {
-    return collect(span, &RecordedEvent::at,
-                   [&](RecordingSource& source) { return source.events(span); });
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.events(span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
@@ -231,21 +239,24 @@ std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
     return result;
 }
 
+std::vector<RecordedRound> RecordingReader::rounds(TimeSpan span, int limit)
+{
+    return collectLast(span, limit, &RecordedRound::at, [&](RecordingSource& source) {
+        return source.rounds(span, limit);
+    });
+}
+
+std::vector<RecordedList> RecordingReader::lists(TimeSpan span)
+{
+    return collect(span, &RecordedList::at,
+                   [&](RecordingSource& source) { return source.lists(span); });
+}
+
 std::vector<RecordedGap> RecordingReader::gaps(TimeSpan span)
 {
     // A gap is told at its end.
-    const auto told =
-        collect({span.from, std::numeric_limits<qint64>::max()}, &RecordedEvent::at,
-                [&span](RecordingSource& source) {
-                    return source.events({span.from, std::numeric_limits<qint64>::max()});
-                });
-    std::vector<RecordedGap> result;
-    for (const RecordedEvent& event : told) {
-        if (event.kind == EventKind::Gap && event.since < span.to) {
-            result.push_back({event.since, event.at, event.count});
-        }
-    }
-    return result;
+    return collect({span.from, std::numeric_limits<qint64>::max()}, &RecordedGap::from,
+                   [&](RecordingSource& source) { return source.gaps(span); });
 }
 
 std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
@@ -260,11 +271,11 @@ std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
         return left->extent->to > right->extent->to;
     });
     files.resize(qMin<std::size_t>(files.size(), kFilesBack));
-    std::optional<RecordingSource::Listed> list;
+    std::optional<RecordedList> list;
     for (File* file : files) {
-        const auto listed = use(*file).listAt(at);
+        auto listed = use(*file).listAt(at);
         if (listed && (!list || listed->at > list->at)) {
-            list = listed;
+            list = std::move(listed);
         }
     }
     QHash<QString, RecordedRecord> latest;
@@ -334,19 +345,40 @@ std::optional<qint64> RecordingReader::formerRecord(qint64 at, const QString& he
     return result;
 }
 
+QStringList RecordingReader::filesIn(TimeSpan span) const
+{
+    QStringList paths;
+    for (const auto& file : m_files) {
+        if (file->extent && file->extent->from < span.to && file->extent->to >= span.from) {
+            paths.append(file->source.path());
+        }
+    }
+    return paths;
+}
+
+QString RecordingReader::copyFile(const QString& path, const QString& folder)
+{
+    const auto file = std::find_if(m_files.begin(), m_files.end(),
+                                   [&path](const auto& one) { return one->source.path() == path; });
+    const QString copy = QDir(folder).filePath(QFileInfo(path).fileName());
+    if (file == m_files.end() || QFileInfo::exists(copy)) {
+        return file == m_files.end() ? path : copy;
+    }
+    const QString reason = use(**file).copyTo(copy);
+    if (reason.isEmpty()) {
+        return {};
+    }
+    QFile::remove(copy); // a part of it looks like a whole one
+    return copy + QStringLiteral(": ") + reason;
+}
+
 QString RecordingReader::copyTo(const QString& folder, TimeSpan span)
 {
-    for (const auto& file : m_files) {
-        if (!file->extent || file->extent->from >= span.to || file->extent->to < span.from) {
-            continue;
-        }
-        const QString path = QDir(folder).filePath(QFileInfo(file->source.path()).fileName());
-        if (QFileInfo::exists(path)) {
-            return path;
-        }
-        const QString reason = use(*file).copyTo(path);
+    const QStringList paths = filesIn(span);
+    for (const QString& path : paths) {
+        const QString reason = copyFile(path, folder);
         if (!reason.isEmpty()) {
-            return path + QStringLiteral(": ") + reason;
+            return reason;
         }
     }
     return {};

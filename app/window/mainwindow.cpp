@@ -10,6 +10,7 @@
 #include "app/shared/usersettings.h"
 #include "app/shared/whynot.h"
 #include "app/window/closingquestion.h"
+#include "app/window/evidence.h"
 #include "app/window/installationwiring.h"
 #include "app/window/ldbviews.h"
 #include "app/window/ldbwork.h"
@@ -54,6 +55,7 @@ MainWindow::~MainWindow()
     // What these say while they end must not reach a window half gone.
     delete m_work;
     delete m_ui->ldbSettingsEditor;
+    delete m_evidence;
     m_link->disconnect();
     m_link.reset();
 }
@@ -113,8 +115,11 @@ void MainWindow::initPanels(const PortSource& ports)
     m_link->setPortName(m_portName);
     connect(m_settingsMenu, &SettingsMenu::comPortUpdated, this,
             &MainWindow::processComPortUpdated);
+    m_evidence = new Evidence(
+        {*m_ui, m_link.get(), m_notices.get(), m_desk, m_run, m_views, m_work, ports}, this);
     connect(m_ui->settingsMenuButton, &QAbstractButton::clicked, m_settingsMenu, &QWidget::show);
     connect(m_settingsMenu, &SettingsMenu::installationWanted, m_desk, &InstallationDesk::showForm);
+    connect(m_settingsMenu, &SettingsMenu::recordingWanted, m_evidence, &Evidence::showPreferences);
     connect(m_ui->helpButton, &QAbstractButton::clicked, this,
             [this] { ManualWindow::showIndex(this); });
 }
@@ -125,6 +130,7 @@ void MainWindow::retranslate()
     m_notices->retranslate();
     m_status->retranslate();
     m_views->retranslate();
+    m_evidence->retranslate();
 }
 
 void MainWindow::updateButtonTexts()
@@ -157,6 +163,7 @@ void MainWindow::on_reloadDevicesButton_clicked()
 void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
+        m_evidence->goLive(); // a run begins
         m_portName = comPort;
         m_work->forget();
         m_run->changePort(comPort);
@@ -241,6 +248,7 @@ void MainWindow::setLdbActionButtonsState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
+    WhyNot::permit(m_ui->startButton, controls.start);
     WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
     m_views->setSelectionEnabled(controls.selection);
     m_work->apply(controls);

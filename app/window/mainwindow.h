@@ -11,6 +11,7 @@ class MainWindow;
 }
 
 class ClosingQuestion;
+class Evidence;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
@@ -82,5 +83,6 @@ private:
     LdbWork* m_work = nullptr;
     ClosingQuestion* m_closing = nullptr;
     InstallationDesk* m_desk = nullptr;
+    Evidence* m_evidence = nullptr;
     SettingsMenu* m_settingsMenu = nullptr;
 };

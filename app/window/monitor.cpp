@@ -13,16 +13,8 @@ namespace {
 using State = Monitoring::State;
 
 constexpr int kTick = 1000; // ms
-/// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
-/// again, and one may be slow.
-constexpr int kRounds = 3;
-/// The part of a round that an LDB takes when all is well, ms: where it gives name and firmware in
-/// each, and until it is known how long it takes here.
-constexpr qint64 kTurn = 200;
-/// A command now and then, and the selected LDB in between.
+/// In a turn: a command now and then, and the selected LDB in between.
 constexpr double kRoomInTurn = 1.1;
-/// Room for what holds up a small bus besides.
-constexpr qint64 kShortestLife = 15000; // ms
 /// An LDB that does not answer is asked two things in its turn, each twice.
 constexpr qint64 kQuestions = 4;
 /// After so long without any answer, ms, the bus is no longer monitored, however many are silent.
@@ -88,7 +80,8 @@ Monitoring Monitor::monitoring() const
     if (m_state == State::Polling) {
         const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
         // Any LDB counts here: how long it is until one is asked again makes no difference.
-        const qint64 quiet = std::clamp(silence() + turns(), kShortestLife, kLongestQuiet);
+        const qint64 quiet =
+            std::clamp(silence() + turns(), Monitoring::kShortestLife, kLongestQuiet);
         if (result.now - heard > quiet) {
             result.state = State::NoAnswer;
             result.since = heard;
@@ -107,7 +100,7 @@ int Monitor::awaitedLdbs() const
 
 qint64 Monitor::turns() const
 {
-    return m_turn.value_or(kTurn) * m_link->knownLdbs().size();
+    return Monitoring::roundOf(m_link->knownLdbs().size(), turn());
 }
 
 qint64 Monitor::silence() const
@@ -117,7 +110,7 @@ qint64 Monitor::silence() const
 
 qint64 Monitor::lifetime(qint64 silence) const
 {
-    return std::clamp(kRounds * (turns() + silence), kShortestLife, Monitoring::kLongestLife);
+    return Monitoring::lifetimeOf(m_link->knownLdbs().size(), silence, turn());
 }
 
 void Monitor::processExchange(const Exchange& exchange)

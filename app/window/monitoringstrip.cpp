@@ -125,6 +125,9 @@ QString MonitoringStrip::text(const Monitoring& monitoring)
     case Monitoring::State::ConnectionLost:
         reason = tr("the connection to %1 was lost").arg(monitoring.portName);
         break;
+    case Monitoring::State::NotRecorded:
+        reason = tr("it was not recorded");
+        break;
     case Monitoring::State::Scanning:
         reason = tr("the bus is being scanned");
         break;

@@ -8,6 +8,10 @@
 
 namespace {
 
+/// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
+/// again, and one may be slow.
+constexpr int kRounds = 3;
+
 struct Unit
 {
     qint64 milliseconds;
@@ -28,6 +32,16 @@ QDateTime shown(qint64 time)
 }
 
 } // namespace
+
+qint64 Monitoring::roundOf(int ldbs, qint64 turn)
+{
+    return turn * ldbs;
+}
+
+qint64 Monitoring::lifetimeOf(int ldbs, qint64 silence, qint64 turn)
+{
+    return std::clamp(kRounds * (roundOf(ldbs, turn) + silence), kShortestLife, kLongestLife);
+}
 
 bool Monitoring::isLive(const QString& hexId, std::optional<qint64> time) const
 {

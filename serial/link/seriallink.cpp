@@ -16,7 +16,7 @@ constexpr unsigned long kStopWaitMs = 1000;
 } // namespace
 
 SerialLink::SerialLink(const PortSource& ports, QObject* parent)
-    : QObject(parent)
+    : RecordSource(parent)
     , m_processor(std::make_unique<SerialProcessor>(ports.make))
 {
     if (ports.thread == PortSource::Thread::OfLink) {

@@ -2,6 +2,7 @@
 
 #include "serial/ldb/exchange.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/recordsource.h"
 #include "serial/ldb/serialcommand.h"
 #include "serial/ldb/startplan.h"
 #include "serial/link/portsource.h"
@@ -24,7 +25,7 @@ class SerialProcessor;
 ///
 /// Every start is a run of its own. What a stopped run still had to say is dropped here, and what
 /// it had not sent yet is destroyed unsent.
-class SerialLink : public QObject
+class SerialLink : public RecordSource
 {
     Q_OBJECT
 public:
@@ -79,9 +80,9 @@ public:
 
     /// Every LDB of the last scan, in the order found, then those that were there before it and
     /// did not answer it; lost ones included.
-    QStringList knownLdbs() const { return m_ldbs; }
+    QStringList knownLdbs() const override { return m_ldbs; }
     /// Whether an LDB is listed because it was known before the run, and has not been heard in it.
-    bool isAwaited(const QString& hexId) const { return m_awaited.contains(hexId); }
+    bool isAwaited(const QString& hexId) const override { return m_awaited.contains(hexId); }
     /// The known LDBs less those lost now, and those awaited.
     QStringList connectedLdbs() const;
     bool isConnected(const QString& hexId) const;
@@ -89,7 +90,7 @@ public:
     LdbState stateOf(const QString& hexId) const;
     /// The name that the LDB told last; empty until it has, stays when the LDB is lost. Of one that
     /// is awaited, the remembered name.
-    QString nameOf(const QString& hexId) const { return m_names.value(hexId); }
+    QString nameOf(const QString& hexId) const override { return m_names.value(hexId); }
 
 signals:
     void started();
@@ -98,28 +99,17 @@ signals:
     void stopped();
     /// A transmission and what became of it; each one, in order.
     void exchanged(const Exchange& exchange);
-    /// A round of all LDBs, or of the one polled alone, begins; its records carry this time. One
-    /// that a scan, the end of the run or `pollOnly` breaks off has no end.
-    void roundBegun(const QDateTime& wall);
-    void roundEnded();
     /// What of a round an LDB takes on the average when all is well, µs. Once a round, when that
     /// is known.
     void usualTurnTold(qint64 time);
     /// An LDB has told its name, and that is the one taken for its own now: at each time.
     void nameTold(const QString& hexId, const QString& name);
-    /// A record that came between the turns of a long round, with its own time: for whoever shows
-    /// what is now. The round has its own one of this LDB.
-    void extraInformationUpdated(QString hexId, QList<QStringList> dataList);
-    /// `isAwaited` of this LDB is another.
-    void awaitedChanged(const QString& hexId);
     /// Each LDB that a `Known` start was given has been probed, and so many of those asked
     /// answered. Once in such a run, at the earliest before the first round.
     void knownProbed(int answered, int asked);
     void ldbListInitializationStateChange(bool initializing);
     void ldbListInitializationProgress(int checked, int found);
-    void ldbListChanged(const QStringList& hexIds);
     void ldbStateUpdated(QString hexId, LdbState state);
-    void generalInformationUpdated(QString hexId, QList<QStringList> dataList);
     void externalCommandsInQueueUpdated(int commandsInQueue);
     /// An LDB's settings were read, or a mute was written and accepted, whoever asked for it.
     void audioMuteTold(const QString& hexId, bool isMuted);

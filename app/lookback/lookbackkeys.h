@@ -1,0 +1,41 @@
+#pragma once
+
+#include <Qt>
+
+#include <optional>
+
+/// What a key does on the time bar.
+enum class BarKey
+{
+    PlayOrPause,
+    Back, ///< 10 s
+    On,
+    FormerRecord,
+    NextRecord,
+    FarBack, ///< 10 min
+    FarOn,
+    FormerEvent,
+    NextEvent,
+    Begin,
+    End,
+    Slower,
+    Faster,
+    GoTo,
+    Live
+};
+
+/// Where the keyboard is; each keeps the keys that it needs itself.
+enum class KeyPlace
+{
+    Bar,     ///< and whatever has no keys of its own
+    Table,   ///< rows: up, down, page by page
+    Plot,    ///< its own cursor
+    Button,  ///< Space
+    Control, ///< lists, tabs and the like
+    Text
+};
+
+/// What a key means for the bar; nothing where it is not the bar's. The present is left by a key
+/// only on the bar itself.
+std::optional<BarKey> barKeyOf(int key, Qt::KeyboardModifiers modifiers, KeyPlace place,
+                               bool isLookingBack);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "recording/recordedvalues.h"
+#include "tracking/plot/plothistorysource.h"
+
+#include <QPointer>
+
+#include <vector>
+
+class RecordingAccess;
+class Replay;
+
+/// The samples of records as a plot makes them that is told of each: with a gap behind one after
+/// which nothing came for so long that it was not live any more.
+std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qint64 lifetimeMs);
+
+/// The past of a plot that looks back: what came with the moment at once, anything else from the
+/// recording. GUI thread.
+class PastSamples : public PlotHistorySource
+{
+public:
+    /// Both outlive this object.
+    PastSamples(const Replay* replay, RecordingAccess* access);
+
+    void ask(const QString& hexId, qint64 from, qint64 to, const Answer& answer) override;
+
+private:
+    const Replay* m_replay;
+    RecordingAccess* m_access;
+};

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "app/lookback/moment.h"
+#include "serial/ldb/monitoring.h"
+#include "serial/ldb/recordsource.h"
+
+#include <QDateTime>
+#include <QHash>
+
+#include <deque>
+#include <optional>
+
+/// Tells what was recorded, as the link told it then: the source of a window that looks back. It
+/// has no clock and reads nothing: moments and what follows them are handed in, and so is the time
+/// that goes by. Moments are UTC, µs since 1970. GUI thread.
+class Replay : public RecordSource
+{
+    Q_OBJECT
+public:
+    explicit Replay(QObject* parent = nullptr);
+
+    QStringList knownLdbs() const override { return m_list; }
+    bool isAwaited(const QString& hexId) const override;
+    QString nameOf(const QString& hexId) const override;
+
+    /// Tells the state of another moment.
+    void show(Moment moment);
+    /// What comes behind that which is there; another stretch is ignored.
+    void add(Stretch stretch);
+    /// Tells what is due within so much recorded time. Where it is not there yet, it stays.
+    void advance(qint64 microseconds);
+
+    qint64 position() const { return m_position; }
+    /// Until when everything is there.
+    qint64 readyUntil() const { return m_readyUntil; }
+    /// What was monitored at the position.
+    Monitoring monitoring() const;
+    /// What a clock on the wall showed there, with its offset from UTC.
+    QDateTime wallTime() const;
+    /// The records of one LDB from a moment on, up to where those begin that are told.
+    const std::vector<RecordedRecord>& past() const { return m_past; }
+    QString pastOf() const { return m_pastOf; }
+    qint64 pastFrom() const { return m_pastFrom; }
+
+signals:
+    /// Comes before what is told at that moment.
+    void monitoringChanged(const Monitoring& monitoring);
+
+private:
+    void lookAhead(const std::vector<RecordedRecord>& base);
+    void tell(const ReplayStep& step);
+    void tellRecord(const RecordedRecord& record);
+    void tellDue(qint64 until);
+    void setList(const QStringList& hexIds);
+    const RecordedRun* run() const;
+    const RecordedGap* gap() const;
+    qint64 clockOf(qint64 at) const;
+
+    qint64 m_position = 0;
+    qint64 m_readyUntil = 0;
+    std::deque<ReplayStep> m_steps; ///< not told yet
+    std::vector<RecordedRun> m_runs;
+    std::vector<RecordedGap> m_gaps;
+    std::optional<qint64> m_lastRun;
+    std::optional<RecordedRound> m_round;
+    bool m_isRoundOn = false;
+    bool m_isScanning = false;
+    std::optional<qint64> m_lastAnswer; ///< as a clock on the wall shows it, ms
+    QStringList m_list;
+    QHash<QString, QList<QStringList>> m_records;
+    std::vector<RecordedRecord> m_past;
+    QString m_pastOf;
+    qint64 m_pastFrom = 0;
+};

@@ -1,0 +1,6 @@
+#include "serial/ldb/recordsource.h"
+
+RecordSource::RecordSource(QObject* parent)
+    : QObject(parent)
+{
+}
