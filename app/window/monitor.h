@@ -41,6 +41,7 @@ private:
     int awaitedLdbs() const;
     /// How long a round lasts on which all is well, ms.
     qint64 turns() const;
+    qint64 turn() const { return m_turn.value_or(Monitoring::kTurn); }
     /// How much longer it lasts for those that do not answer, ms.
     qint64 silence() const;
     qint64 lifetime(qint64 silence) const;

@@ -11,10 +11,6 @@ namespace {
 /// A record is live for so many rounds: one passes until its LDB is asked, one until it is asked
 /// again, and one may be slow.
 constexpr int kRounds = 3;
-/// The part of a round that an LDB takes when all is well, ms; a command between two LDBs included.
-constexpr qint64 kTurn = 200;
-/// Room for what holds up a small bus besides.
-constexpr qint64 kShortestLife = 15000; // ms
 
 struct Unit
 {
@@ -37,14 +33,14 @@ QDateTime shown(qint64 time)
 
 } // namespace
 
-qint64 Monitoring::roundOf(int ldbs)
+qint64 Monitoring::roundOf(int ldbs, qint64 turn)
 {
-    return kTurn * ldbs;
+    return turn * ldbs;
 }
 
-qint64 Monitoring::lifetimeOf(int ldbs, qint64 silence)
+qint64 Monitoring::lifetimeOf(int ldbs, qint64 silence, qint64 turn)
 {
-    return std::clamp(kRounds * (roundOf(ldbs) + silence), kShortestLife, kLongestLife);
+    return std::clamp(kRounds * (roundOf(ldbs, turn) + silence), kShortestLife, kLongestLife);
 }
 
 bool Monitoring::isLive(const QString& hexId, std::optional<qint64> time) const

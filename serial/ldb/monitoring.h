@@ -27,11 +27,16 @@ struct Monitoring
         Polling
     };
 
+    /// The part of a round that an LDB takes when all is well, ms: where it gives name and firmware
+    /// in each, and where it is not known how long it takes.
+    static constexpr qint64 kTurn = 200;
     /// How long a round of so many LDBs lasts on which all is well, ms.
-    static qint64 roundOf(int ldbs);
+    static qint64 roundOf(int ldbs, qint64 turn = kTurn);
     /// How long a value is live on such a bus, ms; `silence`: how much longer a round takes for
     /// those that do not answer.
-    static qint64 lifetimeOf(int ldbs, qint64 silence = 0);
+    static qint64 lifetimeOf(int ldbs, qint64 silence = 0, qint64 turn = kTurn);
+    /// At least so long, ms: room for what holds up a small bus besides.
+    static constexpr qint64 kShortestLife = 15000;
 
     /// No value is older than that and still live, ms.
     static constexpr qint64 kLongestLife = 180000;

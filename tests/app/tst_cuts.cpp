@@ -191,15 +191,6 @@ private:
         return box ? box->text() + box->informativeText() : QString();
     }
 
-    QStringList shownIds() const
-    {
-        QStringList ids;
-        for (int row = 0; row < overview()->model()->rowCount(); ++row) {
-            ids += overview()->model()->index(row, overview::IdColumn).data().toString();
-        }
-        return ids;
-    }
-
     QDialog* question() const { return dialog("installationQuestion"); }
 
     bool hasProbed() const
