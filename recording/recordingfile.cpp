@@ -265,7 +265,7 @@ bool RecordingFile::insert(const filerow::Round& row)
     query.bindValue(0, row.at);
     query.bindValue(1, row.wall);
     query.bindValue(2, row.offset);
-    query.bindValue(3, row.isSingle ? 1 : 0);
+    query.bindValue(3, (row.isSingle ? filerow::kSingleFlag : 0) | (row.isBreak ? filerow::kBreakFlag : 0));
     return run(query);
 }
 

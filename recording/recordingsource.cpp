@@ -248,12 +248,12 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
     if (auto query =
             ask(QStringLiteral("SELECT at,wall,offset,single FROM rounds WHERE at<? AND at>="
                                "ifnull((SELECT max(at) FROM rounds WHERE at<=? AND"
-                               " single=0),?)"),
+                               " (single & 1)=0),?)"),
                 {span.to, span.from, span.from})) {
         while (next(*query)) {
             const Round round{query->value(1).toLongLong(), query->value(2).toInt()};
             const qint64 at = query->value(0).toLongLong();
-            if (query->value(3).toInt() != 0) {
+            if ((query->value(3).toInt() & filerow::kSingleFlag) != 0) {
                 context.singles.insert(at, round);
             } else {
                 context.rounds.insert(at, round);
@@ -498,13 +498,15 @@ std::vector<RecordedRun> RecordingSource::runs()
 std::vector<RecordedRound> RecordingSource::rounds(TimeSpan span, int limit)
 {
     std::vector<RecordedRound> result;
-    auto query = ask(QStringLiteral("SELECT at,wall,offset FROM rounds WHERE single=0 AND at>=? AND"
-                                    " at<? ORDER BY at DESC LIMIT %1")
+    auto query = ask(QStringLiteral("SELECT at,wall,offset,single FROM rounds WHERE (single & %1)=0"
+                                    " AND at>=? AND at<? ORDER BY at DESC LIMIT %2")
+                         .arg(filerow::kSingleFlag)
                          .arg(limit),
                      {span.from, span.to});
     while (query && next(*query)) {
         result.push_back({query->value(0).toLongLong(), query->value(1).toLongLong(),
-                          query->value(2).toInt()});
+                          query->value(2).toInt(),
+                          (query->value(3).toInt() & filerow::kBreakFlag) != 0});
     }
     std::reverse(result.begin(), result.end());
     return result;

@@ -174,6 +174,10 @@ void LookBack::readMoment()
 void LookBack::show(Moment moment)
 {
     m_isStretchDue = false;
+    if (!moment.isRecorded) {
+        emit nothingFound();
+        return;
+    }
     if (!m_isShowing) {
         m_isShowing = true;
         m_around.source->show(m_replay);

@@ -2,6 +2,7 @@
 
 #include "app/lookback/lookbackkeys.h"
 #include "app/lookback/pastsamples.h"
+#include "app/lookback/recordedband.h"
 #include "app/lookback/replay.h"
 #include "app/lookback/timebar.h"
 #include "serial/ldb/monitoring.h"
@@ -14,7 +15,6 @@
 #include <memory>
 #include <optional>
 
-class RecordedBand;
 class RecordingAccess;
 class ShownSource;
 
@@ -69,6 +69,8 @@ signals:
     void shownChanged();
     /// Before the first record of a moment is shown, and after the last one.
     void lookingBackChanged(bool isLookingBack);
+    /// A moment was wanted, and there is no recording.
+    void nothingFound();
     /// What was monitored at the moment shown.
     void monitoringChanged(const Monitoring& monitoring);
 

@@ -34,6 +34,9 @@ public:
     /// start. Empty when there has never been one.
     QString folder() const { return m_folder; }
 
+    /// From now on this file or folder is what is looked back at, wherever is recorded.
+    void open(const QString& path);
+
 public slots:
     /// Takes what the user has set.
     void loadPreferences();
@@ -48,5 +51,6 @@ private:
     RecordingAccess m_access;
     QString m_installation; ///< id
     QString m_folder;
+    QString m_opened; ///< empty: the folder
     bool m_isScanning = false; ///< the list is not whole
 };

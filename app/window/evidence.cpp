@@ -3,6 +3,7 @@
 #include "app/installation/installationdesk.h"
 #include "app/lookback/lookback.h"
 #include "app/lookback/recordedband.h"
+#include "app/notices/notices.h"
 #include "app/recording/recordingcontrol.h"
 #include "app/window/ldbviews.h"
 #include "app/window/ldbwork.h"
@@ -12,6 +13,11 @@
 #include "serial/link/seriallink.h"
 #include "ui_mainwindow.h"
 #include "views/lamps/lampcondition.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <limits>
 
 namespace {
 
@@ -38,6 +44,7 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     : QObject(window)
     , m_control(new RecordingControl({around.link, around.desk->control(), around.notices},
                                      around.ports, this))
+    , m_notices(around.notices)
 {
     initLookBack(around, window);
 }
@@ -68,6 +75,16 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
     connect(around.link, &SerialLink::portFailed, lookBack, [lookBack](const QString& portName) {
         lookBack->alert(tr("the connection to %1 was lost").arg(portName));
     });
+    connect(lookBack, &LookBack::nothingFound, this, [this] {
+        const QString path = QDir::toNativeSeparators(m_control->access()->path());
+        m_notices->box(
+            QMessageBox::Warning,
+            [path] {
+                return BoxText{tr("No Recording"),
+                               tr("There is no recording that can be read in %1.").arg(path)};
+            },
+            QStringLiteral("noRecordingBox"));
+    });
     RunControl* run = around.run;
     connect(run, &RunControl::enabledChanged, lookBack,
             [lookBack, run] { lookBack->setSelectedLdb(run->selectedLdb()); });
@@ -89,6 +106,12 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
     connect(recorder, &Recorder::changed, lookBack, followRecorder);
     connect(m_control->access(), &RecordingAccess::pathChanged, lookBack, followRecorder);
     connect(recorder, &Recorder::eventRecorded, lookBack, &LookBack::refresh);
+}
+
+void Evidence::open(const QString& path)
+{
+    m_control->open(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    m_lookBack->goTo(std::numeric_limits<qint64>::max());
 }
 
 void Evidence::goLive()

@@ -41,10 +41,13 @@ public:
     LookBack* lookBack() const { return m_lookBack; }
     /// Shows the present.
     void goLive();
+    /// Shows the end of a recording that was made here or elsewhere; says where it cannot.
+    void open(const QString& path);
 
 private:
     void initLookBack(const Surroundings& around, QWidget* window);
 
     RecordingControl* m_control;
+    Notices* m_notices;
     LookBack* m_lookBack = nullptr;
 };
