@@ -8,6 +8,7 @@
 namespace recordingschema {
 
 constexpr int kVersion = 1;
+constexpr qint64 kMinute = 60 * 1000000LL; ///< what a row of the table `minutes` spans, µs
 constexpr int kApplicationId = 0x4C444252; ///< "LDBR"
 
 enum class Fit

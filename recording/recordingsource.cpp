@@ -6,22 +6,18 @@
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
 
-#include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QDateTime>
+#include <QHash>
+#include <QMap>
 #include <QSqlError>
-#include <QUrl>
 #include <QVariant>
 
 #include <algorithm>
 
-using recordingschema::Fit;
-
 namespace {
 
-constexpr qint64 kMinute = 60 * 1000000LL;
+constexpr qint64 kMinute = recordingschema::kMinute;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr int kLastLdb = 255;
 /// So many rows back an LDB that is being polled has long been asked again.
 constexpr int kRowsBack = 4000;
 constexpr int kStatus = static_cast<int>(ExchangeKind::Status);
@@ -38,13 +34,6 @@ const QString& recordCondition()
             .arg(filerow::kOutcomeMask)
             .arg(static_cast<int>(ExchangeOutcome::Believed));
     return condition;
-}
-
-QString hexIdOf(const QVariant& value)
-{
-    const int address = value.toInt();
-    return value.isNull() || address < 0 || address > kLastLdb ? QString()
-                                                               : busaddress::toHexId(address);
 }
 
 } // namespace
@@ -66,139 +55,6 @@ struct RecordingSource::Context
     QHash<qint64, Round> singles;
     QHash<QString, QMap<qint64, QString>> names;
 };
-
-RecordingSource::RecordingSource(QString path)
-    : m_path(std::move(path))
-{
-}
-
-RecordingSource::~RecordingSource() = default;
-
-bool RecordingSource::open()
-{
-    if (isOpen() || m_isUnreadable) {
-        return isOpen();
-    }
-    if (!openAs(m_path, QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=1000")) &&
-        !m_isUnreadable) {
-        // Left open by a program that died, on a medium that cannot be written to.
-        const QString name = QString::fromLatin1(QUrl::fromLocalFile(m_path).toEncoded());
-        if (openAs(name + QStringLiteral("?immutable=1"),
-                   QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI")) &&
-            QFileInfo(m_path + QStringLiteral("-wal")).size() > 0) {
-            say(RecordingNotice::Kind::LatestMissing);
-        }
-    }
-    if (!isOpen() && !m_isUnreadable) {
-        m_isUnreadable = true;
-        say(RecordingNotice::Kind::CannotRead);
-    }
-    return isOpen();
-}
-
-/// False when it could not; a file of which nothing will ever be read is said and marked.
-bool RecordingSource::openAs(const QString& name, const QString& options)
-{
-    auto connection = std::make_unique<recordingschema::Connection>();
-    QSqlDatabase& database = connection->database();
-    database.setDatabaseName(name);
-    database.setConnectOptions(options);
-    if (!database.open()) {
-        return false;
-    }
-    QString reason;
-    switch (recordingschema::examine(database, &reason)) {
-    case Fit::Fits:
-        m_connection = std::move(connection);
-        return true;
-    case Fit::Newer:
-        m_isUnreadable = true;
-        return say(RecordingNotice::Kind::NewerToRead);
-    case Fit::Foreign:
-        m_isUnreadable = true;
-        return say(RecordingNotice::Kind::CannotRead);
-    case Fit::Empty:      // being made just now
-    case Fit::Unreadable: // as it seems, this way
-    case Fit::NotNow:
-        break;
-    }
-    return false;
-}
-
-void RecordingSource::close()
-{
-    m_connection.reset();
-}
-
-/// Always false.
-bool RecordingSource::say(RecordingNotice::Kind kind, const QString& reason)
-{
-    m_notices.push_back({kind, m_path, reason});
-    return false;
-}
-
-std::optional<QSqlQuery> RecordingSource::ask(const QString& statement, const QVariantList& values)
-{
-    if (!open()) {
-        return std::nullopt;
-    }
-    QSqlQuery query(m_connection->database());
-    query.setForwardOnly(true);
-    bool isDone = query.prepare(statement);
-    for (const QVariant& value : values) {
-        query.addBindValue(value);
-    }
-    isDone = isDone && query.exec();
-    if (!isDone) {
-        sayDamaged(query.lastError().databaseText());
-        return std::nullopt;
-    }
-    return query;
-}
-
-bool RecordingSource::next(QSqlQuery& query)
-{
-    if (query.next()) {
-        return true;
-    }
-    if (query.lastError().isValid()) {
-        sayDamaged(query.lastError().databaseText());
-    }
-    return false;
-}
-
-/// Once a file.
-void RecordingSource::sayDamaged(const QString& reason)
-{
-    if (!std::exchange(m_isDamageTold, true)) {
-        say(RecordingNotice::Kind::DamagedPart, reason);
-    }
-}
-
-std::optional<TimeSpan> RecordingSource::rangeOf(const QString& statement)
-{
-    auto query = ask(statement, {});
-    if (!query || !next(*query) || query->value(0).isNull() || query->value(1).isNull()) {
-        return std::nullopt;
-    }
-    return TimeSpan{query->value(0).toLongLong(), query->value(1).toLongLong()};
-}
-
-std::optional<TimeSpan> RecordingSource::extent()
-{
-    std::optional<TimeSpan> extent;
-    // Each end by itself: both in one go would read the whole table.
-    for (const char* statement :
-         {"SELECT (SELECT min(at) FROM exchanges), (SELECT max(at) FROM exchanges)",
-          "SELECT min(at), max(at) FROM events", "SELECT min(begun), max(until) FROM runs"}) {
-        const auto range = rangeOf(QLatin1String(statement));
-        if (range && range->from <= range->to) {
-            extent = extent ? TimeSpan{qMin(extent->from, range->from), qMax(extent->to, range->to)}
-                            : *range;
-        }
-    }
-    return extent;
-}
 
 std::vector<RecordingSource::Row> RecordingSource::rows(const QString& condition,
                                                         const QVariantList& values,
@@ -265,9 +121,7 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
             context.singles.clear();
         }
     }
-    const auto named = readEvents(QStringLiteral("kind=? AND at<?"),
-                                  {static_cast<int>(EventKind::Named), span.to});
-    for (const RecordedEvent& event : named) {
+    for (const RecordedEvent& event : namings(span.to)) {
         context.names[event.hexId].insert(event.at, event.after);
     }
     return context;
@@ -315,27 +169,6 @@ std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Co
     return record;
 }
 
-/// A minute from which on there are that many records before `to`: going forward from there, the
-/// disk is read ahead.
-qint64 RecordingSource::beginOfLast(const QString& hexId, qint64 to, int count)
-{
-    QString statement = QStringLiteral("SELECT minute,told FROM minutes WHERE minute<?");
-    QVariantList values{to / kMinute};
-    if (!hexId.isEmpty()) {
-        statement += QStringLiteral(" AND ldb=?");
-        values.append(busaddress::fromHexId(hexId));
-    }
-    auto query = ask(statement + QStringLiteral(" ORDER BY minute DESC"), values);
-    qint64 told = 0;
-    while (query && told < count && next(*query)) {
-        told += query->value(1).toInt();
-        if (told >= count) {
-            return query->value(0).toLongLong() * kMinute;
-        }
-    }
-    return 0;
-}
-
 std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeSpan span, int limit)
 {
     if (limit >= 0) {
@@ -365,13 +198,19 @@ std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan span, int limit)
+std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan span, int limit,
+                                                 std::optional<ExchangeKind> only)
 {
     QString condition = QStringLiteral("at>=? AND at<? AND kind<>?");
     QVariantList values{span.from, span.to, filerow::kLossTold};
     if (!hexId.isEmpty()) {
         condition += QStringLiteral(" AND ldb=?");
         values.append(busaddress::fromHexId(hexId));
+    }
+    if (only) {
+        condition += QStringLiteral(" AND (kind & ?)=?");
+        values.append(filerow::kKindMask);
+        values.append(static_cast<int>(*only));
     }
     const bool isLimited = limit >= 0;
     std::vector<Exchange> result;
@@ -397,156 +236,6 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
     }
     if (isLimited) {
         std::reverse(result.begin(), result.end());
-    }
-    return result;
-}
-
-std::vector<RecordedMinute> RecordingSource::minutes(const QString& hexId, TimeSpan span, int each)
-{
-    std::vector<RecordedMinute> result;
-    // Summed up there, where it is fast. The flight times of a minute without a good answer are 0.
-    QString statement =
-        QStringLiteral("SELECT minute-(minute-%1) % %2 AS begin,ldb,sum(asked),sum(good),"
-                       "sum(damaged),sum(silent),sum(told),"
-                       "ifnull(min(CASE WHEN good>0 THEN least END),0),sum(sum),max(most)"
-                       " FROM minutes WHERE minute>=? AND minute<=?")
-            .arg(span.from / kMinute)
-            .arg(each);
-    // A minute that has begun before the span is a part of it.
-    QVariantList values{span.from / kMinute, (span.to - 1) / kMinute};
-    if (!hexId.isEmpty()) {
-        statement += QStringLiteral(" AND ldb=?");
-        values.append(busaddress::fromHexId(hexId));
-    }
-    statement += QStringLiteral(" GROUP BY begin,ldb ORDER BY begin,ldb");
-    auto query = ask(statement, values);
-    while (query && next(*query)) {
-        RecordedMinute minute;
-        minute.at = query->value(0).toLongLong() * kMinute;
-        minute.hexId = hexIdOf(query->value(1));
-        minute.asked = query->value(2).toInt();
-        minute.good = query->value(3).toInt();
-        minute.damaged = query->value(4).toInt();
-        minute.silent = query->value(5).toInt();
-        minute.told = query->value(6).toInt();
-        minute.leastFlight = query->value(7).toLongLong();
-        minute.sumOfFlights = query->value(8).toLongLong();
-        minute.mostFlight = query->value(9).toLongLong();
-        if (!minute.hexId.isEmpty()) {
-            result.push_back(std::move(minute));
-        }
-    }
-    return result;
-}
-
-std::vector<RecordedEvent> RecordingSource::readEvents(const QString& condition,
-                                                       const QVariantList& values)
-{
-    std::vector<RecordedEvent> result;
-    auto query = ask(QStringLiteral("SELECT at,kind,ldb,place,since,count,still,before,after,text"
-                                    " FROM events WHERE ") +
-                         condition + QStringLiteral(" ORDER BY at, id"),
-                     values);
-    while (query && next(*query)) {
-        RecordedEvent event;
-        event.at = query->value(0).toLongLong();
-        event.kind = static_cast<EventKind>(query->value(1).toInt());
-        event.hexId = hexIdOf(query->value(2));
-        event.place = static_cast<FaultPlace>(query->value(3).toInt());
-        event.since = query->value(4).toLongLong();
-        event.count = query->value(5).toInt();
-        event.isStill = query->value(6).toInt() != 0;
-        event.before = query->value(7).toString();
-        event.after = query->value(8).toString();
-        event.text = query->value(9).toString();
-        result.push_back(std::move(event));
-    }
-    return result;
-}
-
-std::vector<RecordedEvent> RecordingSource::events(TimeSpan span)
-{
-    std::vector<RecordedEvent> result =
-        readEvents(QStringLiteral("at>=? AND at<?"), {span.from, span.to});
-    result.erase(std::remove_if(result.begin(), result.end(),
-                                [](const RecordedEvent& event) { return !event.isForPeople(); }),
-                 result.end());
-    return result;
-}
-
-std::vector<RecordedRun> RecordingSource::runs()
-{
-    std::vector<RecordedRun> result;
-    auto query = ask(QStringLiteral("SELECT begun,until,ended,port,found,names FROM runs"), {});
-    while (query && next(*query)) {
-        RecordedRun run;
-        run.begun = query->value(0).toLongLong();
-        run.until = query->value(1).toLongLong();
-        run.isEnded = query->value(2).toInt() != 0;
-        run.port = query->value(3).toString();
-        run.found = query->value(4).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        const QJsonObject names =
-            QJsonDocument::fromJson(query->value(5).toString().toUtf8()).object();
-        for (auto name = names.begin(); name != names.end(); ++name) {
-            run.names.insert(name.key(), name.value().toString());
-        }
-        result.push_back(std::move(run));
-    }
-    return result;
-}
-
-std::vector<RecordedRound> RecordingSource::rounds(TimeSpan span, int limit)
-{
-    std::vector<RecordedRound> result;
-    auto query = ask(QStringLiteral("SELECT at,wall,offset,single FROM rounds WHERE (single & %1)=0"
-                                    " AND at>=? AND at<? ORDER BY at DESC LIMIT %2")
-                         .arg(filerow::kSingleFlag)
-                         .arg(limit),
-                     {span.from, span.to});
-    while (query && next(*query)) {
-        result.push_back({query->value(0).toLongLong(), query->value(1).toLongLong(),
-                          query->value(2).toInt(),
-                          (query->value(3).toInt() & filerow::kBreakFlag) != 0});
-    }
-    std::reverse(result.begin(), result.end());
-    return result;
-}
-
-std::vector<RecordedList> RecordingSource::readLists(const QString& condition,
-                                                     const QVariantList& values)
-{
-    std::vector<RecordedList> result;
-    auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=%1 AND ")
-                             .arg(static_cast<int>(EventKind::Listed)) +
-                         condition,
-                     values);
-    while (query && next(*query)) {
-        result.push_back(
-            {query->value(0).toLongLong(),
-             query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
-    }
-    return result;
-}
-
-std::vector<RecordedList> RecordingSource::lists(TimeSpan span)
-{
-    return readLists(QStringLiteral("at>=? AND at<? ORDER BY at, id"), {span.from, span.to});
-}
-
-std::optional<RecordedList> RecordingSource::listAt(qint64 at)
-{
-    std::vector<RecordedList> last =
-        readLists(QStringLiteral("at<=? ORDER BY at DESC, id DESC LIMIT 1"), {at});
-    return last.empty() ? std::nullopt : std::make_optional(std::move(last.front()));
-}
-
-std::vector<RecordedGap> RecordingSource::gaps(TimeSpan span)
-{
-    std::vector<RecordedGap> result;
-    const auto told = readEvents(QStringLiteral("kind=? AND since<? AND at>=?"),
-                                 {static_cast<int>(EventKind::Gap), span.to, span.from});
-    for (const RecordedEvent& event : told) {
-        result.push_back({event.since, event.at, event.count});
     }
     return result;
 }
@@ -621,15 +310,4 @@ std::optional<qint64> RecordingSource::neighbour(qint64 at, bool isAfter, const 
     }
     const auto found = rows(condition, values, !isAfter, 1);
     return found.empty() ? std::nullopt : std::make_optional(found.front().at);
-}
-
-QString RecordingSource::copyTo(const QString& path)
-{
-    if (!open()) {
-        return m_path;
-    }
-    QSqlQuery query(m_connection->database());
-    query.prepare(QStringLiteral("VACUUM INTO ?"));
-    query.addBindValue(path);
-    return query.exec() ? QString() : query.lastError().databaseText();
 }

@@ -1,5 +1,6 @@
 #include "recording/rowmaker.h"
 
+#include "recording/minutecount.h"
 #include "serial/ldb/busaddress.h"
 #include "serial/ldb/exchangebytes.h"
 #include "serial/ldb/ldbstatus.h"
@@ -76,34 +77,10 @@ void RowMaker::put(const input::Told& told, FileRows& rows)
     }
 }
 
-/// A scan's probes of addresses at which nothing stands say nothing about the line.
 void RowMaker::count(const Exchange& exchange)
 {
-    const bool isListed = m_list.contains(exchange.hexId);
-    if (exchange.kind == ExchangeKind::Broadcast ||
-        (exchange.kind == ExchangeKind::Probe && !isListed)) {
-        return;
-    }
-    RecordedMinute& minute = minuteOf(exchange.sentAt, exchange.hexId);
-    ++minute.asked;
-    switch (exchange.outcome) {
-    case ExchangeOutcome::Believed: {
-        const qint64 flight = qMax<qint64>(exchange.flight, 0);
-        minute.leastFlight = minute.good == 0 ? flight : qMin(minute.leastFlight, flight);
-        minute.mostFlight = qMax(minute.mostFlight, flight);
-        minute.sumOfFlights += flight;
-        ++minute.good;
-        break;
-    }
-    case ExchangeOutcome::Damaged:
-        ++minute.damaged;
-        break;
-    case ExchangeOutcome::Silent:
-        ++minute.silent;
-        break;
-    case ExchangeOutcome::Unbelieved:
-    case ExchangeOutcome::Late:
-        break;
+    if (minutecount::counts(exchange, m_list.contains(exchange.hexId))) {
+        minutecount::add(minuteOf(exchange.sentAt, exchange.hexId), exchange);
     }
 }
 
@@ -162,6 +139,7 @@ void RowMaker::put(const input::ScanEnded& scan, FileRows& rows)
 
 void RowMaker::put(const input::RunBegun& run, FileRows& rows)
 {
+    m_finder.runBegun();
     m_run = RecordedRun();
     m_run->begun = run.at;
     m_run->port = run.port;

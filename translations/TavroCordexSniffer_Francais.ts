@@ -1844,6 +1844,77 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation>%1 échanges : %2 bons, %3 endommagés, %4 muets, %5 non crus</translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation>Dommages sur les seuls LDB %1 : regardez leurs raccordements.</translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation>Seuls les LDB %1 se taisent : regardez ces LDB et leurs raccordements.</translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation>Dommages sur le seul LDB %1 : regardez son raccordement.</translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation>Seul le LDB %1 se tait : regardez ce LDB et son raccordement.</translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation>Dommages sur tous les LDB, et bien plus sur %1 : regardez d&apos;abord le raccordement à cet endroit, puis l&apos;adaptateur et le câble principal.</translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation>Tous les LDB se taisent parfois, et %1 bien plus : regardez d&apos;abord là, puis l&apos;adaptateur et le câble principal.</translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation>Dommages égaux sur tous les LDB : regardez l&apos;adaptateur et le câble principal.</translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation>Tous les LDB se taisent autant : regardez l&apos;adaptateur et le câble principal.</translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation>Dommages sur plusieurs LDB, plus sur certains que sur d&apos;autres : aucun endroit précis ne peut être nommé.</translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation>Plusieurs LDB se taisent, certains plus que d&apos;autres : aucun endroit précis ne peut être nommé.</translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation>Dommages sur le LDB %1. Il n&apos;y en a pas d&apos;autre pour comparer, l&apos;endroit ne peut donc pas être nommé.</translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation>Le LDB %1 se tait. Il n&apos;y en a pas d&apos;autre pour comparer, l&apos;endroit ne peut donc pas être nommé.</translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation>Trop peu d&apos;échanges pour dire quoi que ce soit de la ligne.</translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation>Des réponses sont venues à des moments inhabituels et n&apos;ont pas été crues.</translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation>La ligne est bonne : pas plus d&apos;un échange sur mille ne l&apos;était pas.</translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation>Rien ne ressort.</translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2404,6 +2475,13 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation>La ligne durant les 15 dernières minutes : %1</translation>
+    </message>
+</context>
+<context>
     <name>Plot</name>
     <message>
         <source>Follow</source>
@@ -2591,6 +2669,159 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
         <translation>Rien n&apos;a été rétabli : l&apos;LDB %1 s&apos;appelle maintenant %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation>Qualité de ligne</translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation>Montre comment vont et allaient les échanges avec chaque LDB</translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation>Bus</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation>Combien de fois le LDB a été interrogé</translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation>Échanges</translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation>Part des échanges avec une réponse intacte</translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation>Bons</translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation>Part des échanges avec une réponse endommagée</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Endommagés</translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation>Part des échanges sans réponse</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Muets</translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation>Part des réponses intactes qui peuvent répondre à une autre question, car elles sont venues à un moment inhabituel</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Non crus</translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation>La moitié des réponses sont venues dans ce délai</translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation>Temps de réponse
+(médiane)</translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation>95 réponses sur 100 sont venues dans ce délai</translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation>Temps de réponse
+(95 %)</translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation>Combien était mauvais, dans le temps : plus la barre est haute, plus il y en avait</translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation>Dans le temps</translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation>Enregistré : jusqu&apos;à %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation>Rien n&apos;est enregistré : ce qui a été compté durant la dernière heure est montré, sans temps de réponse.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Lecture de l&apos;enregistrement...</translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation>Les temps de réponse avec ≈ viennent d&apos;un échantillon réparti régulièrement.</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Qualité de ligne</translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation>Maintenant (5 minutes)</translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation>Dernière heure</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Dernier jour</translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation>Dernière semaine</translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation>Jusqu&apos;où en arrière</translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation>Jusqu&apos;où en arrière la qualité de la ligne est regardée</translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation>Qualité de ligne, les pires d&apos;abord</translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation>Petites barres dans la vue d&apos;ensemble</translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation>Montre à chaque nom comment se sont passés les échanges du LDB durant les 15 dernières minutes</translation>
     </message>
 </context>
 <context>

@@ -1844,6 +1844,77 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation>%1 uitwisselingen: %2 goed, %3 beschadigd, %4 stil, %5 niet geloofd</translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation>Schade alleen bij de LDB&apos;s %1: kijk naar hun aansluitingen.</translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation>Alleen de LDB&apos;s %1 zwijgen: kijk naar deze en hun aansluitingen.</translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation>Schade alleen bij LDB %1: kijk naar zijn aansluiting.</translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation>Alleen LDB %1 zwijgt: kijk ernaar en naar zijn aansluiting.</translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation>Schade bij alle LDB&apos;s, en veel meer bij %1: kijk eerst naar de aansluiting daar, dan naar de adapter en de hoofdkabel.</translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation>Alle LDB&apos;s zwijgen soms, en %1 veel meer: kijk daar eerst, dan naar de adapter en de hoofdkabel.</translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation>Schade bij alle LDB&apos;s in gelijke mate: kijk naar de adapter en de hoofdkabel.</translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation>Alle LDB&apos;s zwijgen in gelijke mate: kijk naar de adapter en de hoofdkabel.</translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation>Schade bij meerdere LDB&apos;s, bij de ene meer dan bij de andere: er is niet één plaats te noemen.</translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation>Meerdere LDB&apos;s zwijgen, de ene meer dan de andere: er is niet één plaats te noemen.</translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation>Schade bij LDB %1. Er is geen andere om mee te vergelijken, dus de plaats is niet te noemen.</translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation>LDB %1 zwijgt. Er is geen andere om mee te vergelijken, dus de plaats is niet te noemen.</translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation>Te weinig uitwisselingen om iets over de lijn te zeggen.</translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation>Er kwamen antwoorden op ongewone tijden; die zijn niet geloofd.</translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation>De lijn is goed: niet meer dan één op de duizend uitwisselingen was het niet.</translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation>Niets valt op.</translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2404,6 +2475,13 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation>De lijn in de laatste 15 minuten: %1</translation>
+    </message>
+</context>
+<context>
     <name>Plot</name>
     <message>
         <source>Follow</source>
@@ -2591,6 +2669,159 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
         <translation>Er is niets hersteld: LDB %1 heet nu %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation>Lijnkwaliteit</translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation>Toont hoe goed de uitwisselingen met elke LDB gaan en gingen</translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation>Bus</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation>Hoe vaak de LDB is gevraagd</translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation>Vragen</translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation>Deel van de uitwisselingen met een gaaf antwoord</translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation>Goed</translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation>Deel van de uitwisselingen met een beschadigd antwoord</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Beschadigd</translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation>Deel van de uitwisselingen zonder antwoord</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation>Deel van de gave antwoorden die bij een andere vraag kunnen horen, want ze kwamen op een ongewone tijd</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Niet geloofd</translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation>De helft van de antwoorden kwam binnen deze tijd</translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation>Antwoordtijd
+(mediaan)</translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation>95 van de 100 antwoorden kwamen binnen deze tijd</translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation>Antwoordtijd
+(95 %)</translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation>Hoeveel er slecht was, in de tijd: hoe hoger een staafje, hoe meer</translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation>In de tijd</translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation>Opgenomen: tot %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation>Er wordt niets opgenomen: te zien is wat in het laatste uur is geteld, zonder antwoordtijden.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>De opname wordt gelezen...</translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation>Antwoordtijden met ≈ komen uit een gelijkmatig verdeelde steekproef.</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Lijnkwaliteit</translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation>Nu (5 minuten)</translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation>Laatste uur</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Laatste dag</translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation>Laatste week</translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation>Hoe ver terug</translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation>Hoe ver terug naar de kwaliteit van de lijn wordt gekeken</translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation>Lijnkwaliteit, de slechtste eerst</translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation>Staafjes in het overzicht</translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation>Toont bij elke naam hoe goed de uitwisselingen van de LDB in de laatste 15 minuten gingen</translation>
     </message>
 </context>
 <context>

@@ -36,6 +36,10 @@ public:
 
     /// From now on this file or folder is what is looked back at, wherever is recorded.
     void open(const QString& path);
+    /// Why nothing is recorded, in the language in force; empty unless it is so.
+    QString outageText() const;
+
+    static constexpr qint64 kMegabyte = 1LL << 20; ///< of the size that is set
 
 public slots:
     /// Takes what the user has set.
@@ -43,6 +47,7 @@ public slots:
 
 private:
     void followLink();
+    void followPort();
     void followInstallation();
     void tell(const RecordingNotice& notice);
 
@@ -52,5 +57,8 @@ private:
     QString m_installation; ///< id
     QString m_folder;
     QString m_opened; ///< empty: the folder
+    RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
+    bool m_isOpen = false;     ///< the port
+    qint64 m_lostAt = 0;       ///< when the port was lost; 0: it is not, or has come back
 };

@@ -3,17 +3,24 @@
 #include "serial/link/portsource.h"
 
 #include <QObject>
+#include <QPointer>
 
 namespace Ui {
 class MainWindow;
 }
 
+class EventDesk;
+class EvidenceForm;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
 class LookBack;
 class Notices;
+class QAction;
+class QualityDisplay;
 class RecordingControl;
+class RecordingForm;
+class RecordingIndicator;
 class RunControl;
 class SerialLink;
 
@@ -36,6 +43,7 @@ public:
 
     /// All of the surroundings but the ports outlive this object.
     Evidence(const Surroundings& around, QWidget* window);
+    /// What was told by now is on the disk afterwards.
     ~Evidence() override;
 
     LookBack* lookBack() const { return m_lookBack; }
@@ -43,11 +51,28 @@ public:
     void goLive();
     /// Shows the end of a recording that was made here or elsewhere; says where it cannot.
     void open(const QString& path);
+    /// Opens the form that says what is recorded.
+    void showPreferences();
+    /// Shows in the language in force what no form of its own does.
+    void retranslate();
 
 private:
+    void makeIndicator(const Surroundings& around);
+    void makeMenu(const Surroundings& around, QWidget* window);
     void initLookBack(const Surroundings& around, QWidget* window);
+    void showQuality(const Surroundings& around);
 
+    QWidget* m_window;
     RecordingControl* m_control;
     Notices* m_notices;
+    // All owned as children, of this object or of the window.
     LookBack* m_lookBack = nullptr;
+    EventDesk* m_events;
+    QualityDisplay* m_quality = nullptr;
+    QPointer<RecordingIndicator> m_indicator;
+    QPointer<RecordingForm> m_preferences;
+    QPointer<EvidenceForm> m_form;
+    QAction* m_take = nullptr;
+    QAction* m_copy = nullptr;
+    QAction* m_settings = nullptr;
 };

@@ -265,6 +265,11 @@ void LdbViews::clearPlot()
     m_plot->clearPlot();
 }
 
+void LdbViews::setHistorySource(PlotHistorySource* source)
+{
+    m_plot->setHistorySource(source);
+}
+
 void LdbViews::setZoomEnabled(bool enabled)
 {
     m_plot->setZoomEnabled(enabled);

@@ -53,6 +53,8 @@ public:
     /// Shows this LDB wherever one is shown alone.
     void setSelectedLdb(const QString& hexId);
 
+    /// Where the plot gets the past from; outlives the plot's use.
+    void setHistorySource(PlotHistorySource* source);
     void clearPlot();
     void setZoomEnabled(bool enabled);
 

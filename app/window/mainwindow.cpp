@@ -124,6 +124,7 @@ void MainWindow::initPanels(const PortSource& ports)
         {*m_ui, m_link.get(), m_notices.get(), m_desk, m_run, m_views, m_work, ports}, this);
     connect(m_ui->settingsMenuButton, &QAbstractButton::clicked, m_settingsMenu, &QWidget::show);
     connect(m_settingsMenu, &SettingsMenu::installationWanted, m_desk, &InstallationDesk::showForm);
+    connect(m_settingsMenu, &SettingsMenu::recordingWanted, m_evidence, &Evidence::showPreferences);
     connect(m_ui->helpButton, &QAbstractButton::clicked, this,
             [this] { ManualWindow::showIndex(this); });
 }
@@ -134,6 +135,7 @@ void MainWindow::retranslate()
     m_notices->retranslate();
     m_status->retranslate();
     m_views->retranslate();
+    m_evidence->retranslate();
 }
 
 void MainWindow::updateButtonTexts()

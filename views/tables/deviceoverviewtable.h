@@ -2,22 +2,20 @@
 
 #include "serial/ldb/monitoring.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QStandardItemModel>
 #include <QStringList>
 
 #include <memory>
-#include <optional>
 
 class QKeyEvent;
 class QTableView;
 
-class CellColourRules;
 class CheckBoxDelegate;
 class OverviewFilter;
 class OverviewLayout;
+class OverviewModel;
 class OverviewRowDelegate;
 class OverviewRows;
 
@@ -60,7 +58,7 @@ public:
     /// The LDBs that the table shows as lost.
     QStringList lostLdbs() const;
     /// Every LDB that has a row.
-    QStringList shownLdbs() const { return m_rowOfLdb.keys(); }
+    QStringList shownLdbs() const;
 
     /// Stores the header's layout in the per-user settings, once it has been restored from there.
     void saveTableState() const;
@@ -90,21 +88,13 @@ private slots:
     void dataChanged(const QModelIndex& index);
 
 private:
-    static constexpr int kNoRow = -1;
+    static constexpr int kNoRow = -1; ///< as the model has it
 
     QString removeOthers(const QStringList& hexIds);
 
     void setupTable();
     void setupHeader();
 
-    void appendRow(const QString& hexId, const QList<QStringList>& dataList);
-    void refreshRow(int row, const QList<QStringList>& dataList);
-    bool fillCell(QStandardItem& item, int recordRow, const QStringList& entry) const;
-
-    void showLiveness(int row);
-    void showAge(int row, const QString& age);
-    void colourRow(int row);
-    void colourCell(QStandardItem& item, bool isLive) const;
     void openMenu(const QPoint& position);
 
     void settleSelection(const QString& hexId);
@@ -113,23 +103,18 @@ private:
     void tick(int row);
     void moveTick(int row);
     void announceRow(int row, bool isTicked);
-    QString hexIdOf(int row) const;
 
     QPointer<QTableView> m_view;
-    QStandardItemModel m_model;
+    std::unique_ptr<OverviewModel> m_model;
     QStandardItemModel m_headerModel;
-    std::unique_ptr<OverviewFilter> m_proxy;
-    std::unique_ptr<const CellColourRules> m_colourRules;
+    std::unique_ptr<OverviewFilter> m_proxy;        // of m_model, so it dies first
     OverviewLayout* m_layout = nullptr;             // owned as a child
     OverviewRows* m_rows = nullptr;                 // owned as a child
     CheckBoxDelegate* m_checkBoxDelegate = nullptr; // owned as a child
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
-    QHash<QString, int> m_rowOfLdb;                 // source rows
     int m_selectedRow = kNoRow;                     // source row of the tick
     QString m_selectedHexId;
     bool m_isDismissEnabled = true;
     bool m_isSelectionHeld = false; ///< no other row is ticked by itself
     bool m_isRoundWhole = false; ///< the round that is on has begun with the rows that there are
-    QHash<QString, std::optional<qint64>> m_times; ///< clock times of the records shown
-    Monitoring m_monitoring;
 };
