@@ -56,9 +56,9 @@ private:
     qint64 m_drift = 0;                  ///< what the clock shows, less the time line; µs
     std::optional<QDateTime> m_roundDue; ///< told, and none of its exchanges is there yet
     bool m_isRoundOn = false;
-    bool m_isBreakDue = false;           ///< no whole round of this run is before the one due
-    bool m_isFormerDue = false;          ///< one of before that round is still to come
-    bool m_hasExchange = false;          ///< in this run
+    bool m_isBreakDue = false;  ///< no whole round of this run is before the one due
+    bool m_isFormerDue = false; ///< one of before that round is still to come
+    bool m_hasExchange = false; ///< in this run
     QDateTime m_round;
     struct Record
     {

@@ -164,7 +164,7 @@ std::vector<RecordedRound> RecordedTables::rounds(TimeSpan span, int limit)
 }
 
 std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
-                                                     const QVariantList& values)
+                                                    const QVariantList& values)
 {
     std::vector<RecordedList> result;
     auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=%1 AND ")
@@ -172,9 +172,8 @@ std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
                          condition,
                      values);
     while (query && next(*query)) {
-        result.push_back(
-            {query->value(0).toLongLong(),
-             query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
+        result.push_back({query->value(0).toLongLong(),
+                          query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
     }
     return result;
 }

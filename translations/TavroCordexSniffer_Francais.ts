@@ -476,6 +476,374 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished">Dernière heure</translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Événement</translation>
+    </message>
+</context>
+<context>
+    <name>Evidence</name>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation>LDB %1 perdu</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation type="unfinished">la connexion à %1 a été perdue</translation>
+    </message>
+    <message>
+        <source>No Recording</source>
+        <translation>Aucun enregistrement</translation>
+    </message>
+    <message>
+        <source>There is no recording that can be read in %1.</source>
+        <translation>Il n&apos;y a aucun enregistrement lisible dans %1.</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation type="unfinished">LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation type="unfinished">Non enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation type="unfinished">s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation type="unfinished">Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished">Progression</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1019,6 +1387,17 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation>Aller à un moment</translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation>&amp;Moment à afficher :</translation>
+    </message>
+</context>
+<context>
     <name>Hindrance</name>
     <message>
         <source>Nothing is monitored: click Start first.</source>
@@ -1059,6 +1438,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
+    </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation>Vous regardez en arrière : revenez d&apos;abord au direct (Échap).</translation>
     </message>
 </context>
 <context>
@@ -1486,14 +1869,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>Les réglages n’ont pas encore été lus.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2265,6 +2640,14 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Table...</source>
         <translation>Tableau...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2314,6 +2697,29 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>&amp;Forward</source>
         <translation>Sui&amp;vant</translation>
+    </message>
+</context>
+<context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished">Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuler</translation>
     </message>
 </context>
 <context>
@@ -2415,6 +2821,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>no serial port is chosen</source>
         <translation>aucun port série n&apos;est choisi</translation>
+    </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation>cela n&apos;a pas été enregistré</translation>
     </message>
 </context>
 <context>
@@ -2825,6 +3235,65 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation>rien n&apos;a été enregistré depuis %1</translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation>le bus était en cours de balayage</translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation>aucun LDB ne répondait</translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation>non surveillé depuis %1</translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation>pas encore surveillé</translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation>Enregistré : %1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>Pause (Espace)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>Lecture (Espace)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation>Retour au direct</translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation>Afficher ce qui est maintenant (Échap)</translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation>maintenant : %1</translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation>%1 ; retour au direct</translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2861,10 +3330,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Lost</source>
         <translation>Perdu</translation>
-    </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Mode, maintenant %1</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
@@ -2972,6 +3437,131 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>%1 d %2 h</source>
         <translation>%1 j %2 h</translation>
     </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation type="unfinished">laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation type="unfinished">non envoyé</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Mise en service</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation type="unfinished">Fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation type="unfinished">Fuite CC de boucle</translation>
+    </message>
 </context>
 <context>
     <name>RecordingExport</name>
@@ -2994,6 +3584,123 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3048,6 +3755,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation type="unfinished">Attention</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -3070,6 +3784,17 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation type="unfinished">Cochez d’abord Activer la détection de coupure.</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation type="unfinished">Les réglages n’ont pas encore été lus.</translation>
     </message>
 </context>
 <context>
@@ -3165,6 +3890,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installation...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3853,6 +4586,466 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation>Direct</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation>Rien n&apos;est encore enregistré.</translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation>Retour à ce qui est maintenant (Échap)</translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation>Temps enregistré</translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished">Ouvert</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation type="unfinished">Court-circuit</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation type="unfinished">non suivi</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation type="unfinished">Installation</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation type="unfinished">ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation type="unfinished">Mode</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation type="unfinished">Boucle</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation type="unfinished">Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation type="unfinished">Amplificateur</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation type="unfinished">Défaut</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Mise en service</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation type="unfinished">Paramètre</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished">Nouvelle</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Événement</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished">Qualité de ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished">Endommagés</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished">Non crus</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation type="unfinished">non lu</translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -476,6 +476,374 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 van %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished">Laatste uur</translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Gebeurtenis</translation>
+    </message>
+</context>
+<context>
+    <name>Evidence</name>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation>LDB %1 verloren</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished">LDB %1: %2</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation type="unfinished">de verbinding met %1 is verbroken</translation>
+    </message>
+    <message>
+        <source>No Recording</source>
+        <translation>Geen opname</translation>
+    </message>
+    <message>
+        <source>There is no recording that can be read in %1.</source>
+        <translation>In %1 staat geen opname die gelezen kan worden.</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation type="unfinished">LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation type="unfinished">Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation type="unfinished">s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation type="unfinished">Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished">Voortgang</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1019,6 +1387,17 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation>Naar een tijdstip</translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation>Te tonen &amp;moment:</translation>
+    </message>
+</context>
+<context>
     <name>Hindrance</name>
     <message>
         <source>Nothing is monitored: click Start first.</source>
@@ -1059,6 +1438,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Er wordt naar fouten gezocht: wacht tot het klaar is, of stop het.</translation>
+    </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation>U kijkt terug: ga eerst terug naar nu (Esc).</translation>
     </message>
 </context>
 <context>
@@ -1486,14 +1869,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>LDB %1 is weg. Deze wijzigingen zijn niet opgeslagen:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>De instellingen zijn nog niet gelezen.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2265,6 +2640,14 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Table...</source>
         <translation>Tabel...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2314,6 +2697,29 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>&amp;Forward</source>
         <translation>&amp;Vooruit</translation>
+    </message>
+</context>
+<context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished">Instellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuleren</translation>
     </message>
 </context>
 <context>
@@ -2415,6 +2821,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>no serial port is chosen</source>
         <translation>er is geen seriële poort gekozen</translation>
+    </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation>dit is niet opgenomen</translation>
     </message>
 </context>
 <context>
@@ -2825,6 +3235,65 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation>sinds %1 is niets opgenomen</translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation>de bus werd gescand</translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation>geen LDB antwoordde</translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation>niet bewaakt sinds %1</translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation>nog niet bewaakt</translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation>Opgenomen: %1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>Pauze (spatie)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>Afspelen (spatie)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pauze</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Afspelen</translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation>Terug naar nu</translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation>Tonen wat er nu is (Esc)</translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation>nu: %1</translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation>%1; terug naar nu</translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2861,10 +3330,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Lost</source>
         <translation>Verloren</translation>
-    </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Modus, nu %1</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
@@ -2972,6 +3437,131 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>%1 d %2 h</source>
         <translation>%1 d %2 u</translation>
     </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation type="unfinished">met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation type="unfinished">niet verzonden</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation type="unfinished">Aardlek</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation type="unfinished">DC-lek in de lus</translation>
+    </message>
 </context>
 <context>
     <name>RecordingExport</name>
@@ -2994,6 +3584,123 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>After</source>
         <translation>Daarna</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3048,6 +3755,13 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation type="unfinished">Let op</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -3070,6 +3784,17 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Cancel</source>
         <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation type="unfinished">Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation type="unfinished">De instellingen zijn nog niet gelezen.</translation>
     </message>
 </context>
 <context>
@@ -3165,6 +3890,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installatie...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3853,6 +4586,466 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation>Nu</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation>Er is nog niets opgenomen.</translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation>Terug naar wat er nu is (Esc)</translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation>Opgenomen tijd</translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished">Open</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation type="unfinished">Kortsluiting</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation type="unfinished">niet gevolgd</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation type="unfinished">Installatie</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation type="unfinished">LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation type="unfinished">ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation type="unfinished">Modus</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation type="unfinished">Lus</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation type="unfinished">Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation type="unfinished">Versterker</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation type="unfinished">Storing</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Fout zoeken</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished">LDB %1: %2</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation type="unfinished">Instelling</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished">Nieuw</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Gebeurtenis</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished">Lijnkwaliteit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished">Beschadigd</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished">Niet geloofd</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation type="unfinished">niet gelezen</translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The round that is on, the one before it, what was in force before, and one that is there twice at
-/// midnight.
+/// The round that is on, the one before it, what was in force before, and one that is there twice
+/// at midnight.
 constexpr int kRounds = 4;
 /// No round takes so long, µs.
 constexpr qint64 kFurthestBase = 300LL * 1000000;

@@ -65,10 +65,9 @@ void Replay::show(Moment moment)
     lookAhead(moment.base);
     emit monitoringChanged(monitoring());
     emit replaced(m_list);
-    std::stable_sort(moment.base.begin(), moment.base.end(),
-                     [](const RecordedRecord& left, const RecordedRecord& right) {
-                         return left.at < right.at;
-                     });
+    std::stable_sort(
+        moment.base.begin(), moment.base.end(),
+        [](const RecordedRecord& left, const RecordedRecord& right) { return left.at < right.at; });
     for (const RecordedRecord& record : moment.base) {
         if (!record.rows.isEmpty()) {
             tellRecord(record);
@@ -179,8 +178,7 @@ void Replay::tellRound(const RecordedRound& round)
         emit roundEnded();
     }
     m_isRoundOn = true;
-    emit roundBegun(
-        QDateTime::fromMSecsSinceEpoch(round.wall, Qt::OffsetFromUTC, round.offset));
+    emit roundBegun(QDateTime::fromMSecsSinceEpoch(round.wall, Qt::OffsetFromUTC, round.offset));
 }
 
 void Replay::setList(const QStringList& hexIds)

@@ -56,7 +56,7 @@ private:
     RecordingAccess m_access;
     QString m_installation; ///< id
     QString m_folder;
-    QString m_opened; ///< empty: the folder
+    QString m_opened;          ///< empty: the folder
     RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
     bool m_isOpen = false;     ///< the port

@@ -126,7 +126,6 @@ private slots:
         const auto records = reader.records({}, extent);
         for (const qint64 step : {kSecond / 7, 3 * kSecond, 100 * kSecond}) {
             Replay replay;
-            replay.show(moment::read(reader, extent.from, {}));
             std::size_t told = 0;
             connect(&replay, &RecordSource::generalInformationUpdated, this,
                     [&](const QString& hexId, const QList<QStringList>& rows) {
@@ -134,6 +133,7 @@ private slots:
                         QCOMPARE(rows, records.at(told).rows);
                         ++told;
                     });
+            replay.show(moment::read(reader, extent.from, {}));
             while (replay.position() < extent.to - 1) {
                 if (replay.readyUntil() - replay.position() < step) {
                     replay.add(moment::stretchOf(reader, replay.readyUntil(),

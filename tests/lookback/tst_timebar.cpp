@@ -14,9 +14,9 @@ const qint64 kNoon = QDateTime(QDate(2026, 3, 4), QTime(12, 0)).toMSecsSinceEpoc
 /// Of what a key does, or "-" where it is not the bar's.
 QString nameOf(std::optional<BarKey> key)
 {
-    static const QStringList names{"play",     "back",     "on",         "former record",
-                                   "next record", "far back", "far on",  "former event",
-                                   "next event",  "begin",    "end",     "slower",
+    static const QStringList names{"play",        "back",     "on",     "former record",
+                                   "next record", "far back", "far on", "former event",
+                                   "next event",  "begin",    "end",    "slower",
                                    "faster",      "go to",    "live"};
     return key ? names.at(static_cast<int>(*key)) : QStringLiteral("-");
 }
