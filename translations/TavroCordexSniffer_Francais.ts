@@ -678,7 +678,7 @@ maintenance</translation>
     </message>
     <message>
         <source>the connection to %1 was lost</source>
-        <translation type="unfinished">la connexion à %1 a été perdue</translation>
+        <translation>la connexion à %1 a été perdue</translation>
     </message>
     <message>
         <source>No Recording</source>
@@ -4604,7 +4604,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>LDB %1:</source>
-        <translation type="unfinished">LDB %1:</translation>
+        <translation>LDB %1 :</translation>
     </message>
     <message>
         <source>Recorded time</source>

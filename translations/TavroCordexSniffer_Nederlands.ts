@@ -678,7 +678,7 @@ modus</translation>
     </message>
     <message>
         <source>the connection to %1 was lost</source>
-        <translation type="unfinished">de verbinding met %1 is verbroken</translation>
+        <translation>de verbinding met %1 is verbroken</translation>
     </message>
     <message>
         <source>No Recording</source>
@@ -4604,7 +4604,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>LDB %1:</source>
-        <translation type="unfinished">LDB %1:</translation>
+        <translation>LDB %1:</translation>
     </message>
     <message>
         <source>Recorded time</source>
