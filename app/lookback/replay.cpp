@@ -86,7 +86,8 @@ void Replay::show(Moment moment)
 void Replay::lookAhead(const std::vector<RecordedRecord>& base)
 {
     for (const ReplayStep& step : m_steps) {
-        if (step.kind == ReplayStep::Kind::Round) {
+        if (step.kind == ReplayStep::Kind::Round &&
+            !(m_round && m_round->wall == step.round.wall)) {
             m_round = step.round;
         } else if (step.kind == ReplayStep::Kind::List) {
             m_list = step.hexIds;
@@ -161,12 +162,11 @@ void Replay::tell(const ReplayStep& step)
 
 void Replay::tellRound(const RecordedRound& round)
 {
-    const bool isSame = m_isRoundOn && m_round && m_round->wall == round.wall;
+    if (m_isRoundOn && m_round && m_round->wall == round.wall) {
+        return; // the file of another day says it again, with its own begin
+    }
     m_round = round;
     m_isScanning = false;
-    if (isSame) {
-        return; // the file of another day says it again
-    }
     // When a round ended is not recorded, but with the next one, whether it did.
     if (round.isBreak) {
         // Not the whole bus was monitored in between, and nothing is known of whole rounds.

@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(stateAt(scanned + 10 * kSecond), State::Polling);
         QCOMPARE(stateAt(polled + 30 * kSecond), State::NotRecorded);
         QCOMPARE(stateAt(quiet), State::Polling);
-        QCOMPARE(stateAt(quiet + 30 * kSecond), State::NoAnswer);
+        QCOMPARE(int(stateAt(quiet + 30 * kSecond)), int(State::NoAnswer));
         QCOMPARE(stateAt(stopped + 1800 * kSecond), State::Stopped);
         QCOMPARE(monitoringAt(stopped + 1800 * kSecond).since,
                  std::make_optional(generalinformation::clockTime(stopped / 1000)));
