@@ -69,8 +69,6 @@ private slots:
         QCOMPARE(stateAt(quiet), State::Polling);
         QCOMPARE(int(stateAt(quiet + 30 * kSecond)), int(State::NoAnswer));
         QCOMPARE(stateAt(stopped + 1800 * kSecond), State::Stopped);
-        QCOMPARE(monitoringAt(stopped + 1800 * kSecond).since,
-                 std::make_optional(generalinformation::clockTime(stopped / 1000)));
         // Values of before a gap are not live in it, nor are they behind it until they are told
         // again; and the same when the way there is played.
         const Monitoring inGap = monitoringAt(polled + 50 * kSecond);
