@@ -43,6 +43,10 @@ int main(int argc, char* argv[])
     QApplication::setWindowIcon(QIcon::fromTheme(constants::kDesktopName));
     const HelpKey helpKey;
     MainWindow window;
+    const QString recording = recordingToOpen(application.arguments());
+    if (!recording.isEmpty()) {
+        window.openRecording(recording);
+    }
     window.show();
     return QApplication::exec();
 }

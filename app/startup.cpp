@@ -4,6 +4,8 @@
 #include "app/shared/constants.h"
 
 #include <QByteArray>
+#include <QCommandLineOption>
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -93,6 +95,23 @@ void setNames()
 {
     QCoreApplication::setOrganizationName(constants::kOrganisationName);
     QCoreApplication::setApplicationName(constants::kApplicationName);
+}
+
+QString recordingToOpen(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(constants::kApplicationDisplayName);
+    parser.addHelpOption();
+    const QCommandLineOption recording(
+        QStringLiteral("recording"),
+        QStringLiteral("Look back at a recording: a file, or a folder of days."),
+        QStringLiteral("PATH"));
+    parser.addOption(recording);
+    // Known for its help; it is answered before there is a window.
+    parser.addOption({QStringLiteral("version"),
+                      QStringLiteral("Print what the program is and which files it finds.")});
+    parser.process(arguments);
+    return parser.value(recording);
 }
 
 QStringList installationReport()

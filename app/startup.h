@@ -20,6 +20,10 @@ void setPlatformAttributes();
 /// the program's file is called: what an LDB is to get back must be found again.
 void setNames();
 
+/// The recording that the program was called with ("--recording PATH"); empty for none. Ends the
+/// program where the arguments make no sense, or ask for help.
+QString recordingToOpen(const QStringList& arguments);
+
 /// What the program is and which files it finds around it, a line each: for a person or a script
 /// that has to know which installation and which tuning file are in force. Not translated. Needs
 /// the application object, and no display.

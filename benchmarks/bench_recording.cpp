@@ -54,6 +54,8 @@ RecorderInputs makePiece()
                                  time.toString(generalinformation::kMillisecondsFormat)));
         } else if (const auto* round = std::get_if<event::RoundBegun>(&event)) {
             collector.roundBegun(QDateTime::fromMSecsSinceEpoch(round->time));
+        } else if (std::holds_alternative<event::RoundEnded>(event)) {
+            collector.roundEnded();
         } else if (const auto* exchange = std::get_if<Exchange>(&event)) {
             collector.exchanged(*exchange);
         }

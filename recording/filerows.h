@@ -40,6 +40,10 @@ struct Transmission
     QByteArray answer;
 };
 
+// What a round is, as a sum of flags.
+constexpr int kSingleFlag = 1;
+constexpr int kBreakFlag = 2;
+
 /// The wall time that records carry from here on, or, of a single one, the record at that key.
 struct Round
 {
@@ -47,6 +51,7 @@ struct Round
     qint64 wall = 0; ///< ms since 1970 UTC
     int offset = 0;  ///< local time less UTC, s
     bool isSingle = false;
+    bool isBreak = false; ///< the round before was broken off, or was of another run
 };
 
 struct Run

@@ -77,6 +77,8 @@ void RecordCollector::runBegun(const QString& port)
     m_last = moment();
     m_isRunning = true;
     m_roundDue.reset();
+    m_isRoundOn = false;
+    m_isBreakDue = true;
     m_isFormerDue = false;
     m_hasExchange = false;
     m_record.reset();
@@ -94,6 +96,7 @@ void RecordCollector::runEnded()
 
 void RecordCollector::roundBegun(const QDateTime& wall)
 {
+    m_isBreakDue = std::exchange(m_isRoundOn, true) || m_isBreakDue;
     m_roundDue = wall;
     m_isFormerDue = m_hasExchange;
 }
@@ -111,7 +114,8 @@ void RecordCollector::putRound(const Exchange& exchange)
         return; // the run's first one, and the round began behind it
     }
     m_round = *std::exchange(m_roundDue, std::nullopt);
-    put(input::Round{exchange.sentAt, m_round.toMSecsSinceEpoch(), m_round.offsetFromUtc(), false});
+    put(input::Round{exchange.sentAt, m_round.toMSecsSinceEpoch(), m_round.offsetFromUtc(), false,
+                     std::exchange(m_isBreakDue, false)});
     const qint64 drift = wall - exchange.sentAt;
     if (qAbs(drift - std::exchange(m_drift, drift)) > kClockSet) {
         RecordedEvent event;

@@ -21,6 +21,7 @@ public:
     void runBegun(const QString& port);
     void runEnded();
     void roundBegun(const QDateTime& wall);
+    void roundEnded() { m_isRoundOn = false; }
     void exchanged(const Exchange& exchange);
     /// Comes before its exchange, which is told when the next transmission begins.
     void record(const QString& hexId, const QList<QStringList>& rows);
@@ -54,8 +55,10 @@ private:
     qint64 m_last = 0;                   ///< the latest moment of this run
     qint64 m_drift = 0;                  ///< what the clock shows, less the time line; µs
     std::optional<QDateTime> m_roundDue; ///< told, and none of its exchanges is there yet
-    bool m_isFormerDue = false;          ///< one of before that round is still to come
-    bool m_hasExchange = false;          ///< in this run
+    bool m_isRoundOn = false;
+    bool m_isBreakDue = false;  ///< no whole round of this run is before the one due
+    bool m_isFormerDue = false; ///< one of before that round is still to come
+    bool m_hasExchange = false; ///< in this run
     QDateTime m_round;
     struct Record
     {

@@ -149,20 +149,22 @@ std::vector<RecordedRun> RecordedTables::runs()
 std::vector<RecordedRound> RecordedTables::rounds(TimeSpan span, int limit)
 {
     std::vector<RecordedRound> result;
-    auto query = ask(QStringLiteral("SELECT at,wall,offset FROM rounds WHERE single=0 AND at>=? AND"
-                                    " at<? ORDER BY at DESC LIMIT %1")
+    auto query = ask(QStringLiteral("SELECT at,wall,offset,single FROM rounds WHERE (single & %1)=0"
+                                    " AND at>=? AND at<? ORDER BY at DESC LIMIT %2")
+                         .arg(filerow::kSingleFlag)
                          .arg(limit),
                      {span.from, span.to});
     while (query && next(*query)) {
         result.push_back({query->value(0).toLongLong(), query->value(1).toLongLong(),
-                          query->value(2).toInt()});
+                          query->value(2).toInt(),
+                          (query->value(3).toInt() & filerow::kBreakFlag) != 0});
     }
     std::reverse(result.begin(), result.end());
     return result;
 }
 
 std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
-                                                     const QVariantList& values)
+                                                    const QVariantList& values)
 {
     std::vector<RecordedList> result;
     auto query = ask(QStringLiteral("SELECT at,after FROM events WHERE kind=%1 AND ")
@@ -170,9 +172,8 @@ std::vector<RecordedList> RecordedTables::readLists(const QString& condition,
                          condition,
                      values);
     while (query && next(*query)) {
-        result.push_back(
-            {query->value(0).toLongLong(),
-             query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
+        result.push_back({query->value(0).toLongLong(),
+                          query->value(1).toString().split(QLatin1Char(' '), Qt::SkipEmptyParts)});
     }
     return result;
 }

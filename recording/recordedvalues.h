@@ -59,8 +59,9 @@ struct RecordedRun
 struct RecordedRound
 {
     qint64 at = 0;
-    qint64 wall = 0; ///< ms since 1970 UTC
-    int offset = 0;  ///< local time there less UTC, s
+    qint64 wall = 0;      ///< ms since 1970 UTC
+    int offset = 0;       ///< local time there less UTC, s
+    bool isBreak = false; ///< the round before was broken off, or was of another run
 };
 
 /// The LDBs that were listed from a moment on.

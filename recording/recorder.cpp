@@ -205,6 +205,13 @@ void Recorder::beginRound(const QDateTime& wall)
     }
 }
 
+void Recorder::endRound()
+{
+    if (isTaking()) {
+        m_collector.roundEnded();
+    }
+}
+
 void Recorder::takeExchange(const Exchange& exchange)
 {
     if (isTaking()) {

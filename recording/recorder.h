@@ -66,6 +66,7 @@ public slots:
     void beginRun(const QString& port);
     void endRun();
     void beginRound(const QDateTime& wall);
+    void endRound();
     void takeExchange(const Exchange& exchange);
     /// Those of the rounds and those in between.
     void takeRecord(const QString& hexId, const QList<QStringList>& rows);

@@ -31,6 +31,7 @@ struct Round
     qint64 wall = 0; ///< ms since 1970 UTC
     int offset = 0;  ///< local time less UTC, s
     bool isSingle = false;
+    bool isBreak = false; ///< the round before was broken off, or was of another run
 };
 /// A record that says "lost".
 struct LossTold

@@ -130,7 +130,8 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return m_failure == Failure::Damaged ? Opening::Damaged : Opening::Failed;
     }
     // The disk has it when a commit returns: this is about what is there after a power cut.
-    bool isDone = run("PRAGMA journal_mode=WAL") && run(m_isSynced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
+    bool isDone = run("PRAGMA journal_mode=WAL") &&
+                  run(m_isSynced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
     if (isDone && fit == Fit::Empty) {
         const QSqlError error = recordingschema::create(database, programVersion);
         isDone = !error.isValid() || fail(error);
@@ -268,7 +269,8 @@ bool RecordingFile::insert(const filerow::Round& row)
     query.bindValue(0, row.at);
     query.bindValue(1, row.wall);
     query.bindValue(2, row.offset);
-    query.bindValue(3, row.isSingle ? 1 : 0);
+    query.bindValue(3, (row.isSingle ? filerow::kSingleFlag : 0) |
+                           (row.isBreak ? filerow::kBreakFlag : 0));
     return run(query);
 }
 

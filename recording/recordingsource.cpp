@@ -104,12 +104,12 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
     if (auto query =
             ask(QStringLiteral("SELECT at,wall,offset,single FROM rounds WHERE at<? AND at>="
                                "ifnull((SELECT max(at) FROM rounds WHERE at<=? AND"
-                               " single=0),?)"),
+                               " (single & 1)=0),?)"),
                 {span.to, span.from, span.from})) {
         while (next(*query)) {
             const Round round{query->value(1).toLongLong(), query->value(2).toInt()};
             const qint64 at = query->value(0).toLongLong();
-            if (query->value(3).toInt() != 0) {
+            if ((query->value(3).toInt() & filerow::kSingleFlag) != 0) {
                 context.singles.insert(at, round);
             } else {
                 context.rounds.insert(at, round);

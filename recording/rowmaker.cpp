@@ -95,7 +95,7 @@ RecordedMinute& RowMaker::minuteOf(qint64 at, const QString& hexId)
 
 void RowMaker::put(const input::Round& round, FileRows& rows)
 {
-    const filerow::Round row{round.at, round.wall, round.offset, round.isSingle};
+    const filerow::Round row{round.at, round.wall, round.offset, round.isSingle, round.isBreak};
     rows.emplace_back(row);
     if (!round.isSingle) {
         m_round = row;
@@ -193,6 +193,7 @@ FileRows RowMaker::beginFile(qint64 at)
     if (m_round) {
         filerow::Round round = *m_round;
         round.at = at - 1; // another round may begin at once
+        round.isBreak = false;
         rows.emplace_back(round);
     }
     if (!m_list.isEmpty()) {

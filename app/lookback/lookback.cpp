@@ -174,6 +174,10 @@ void LookBack::readMoment()
 void LookBack::show(Moment moment)
 {
     m_isStretchDue = false;
+    if (!moment.isRecorded) {
+        emit nothingFound();
+        return;
+    }
     if (!m_isShowing) {
         m_isShowing = true;
         m_around.source->show(m_replay);
@@ -217,8 +221,8 @@ qint64 LookBack::position() const
 void LookBack::showPosition()
 {
     m_bar->setPosition(m_replay->position());
-    m_band->setShown({m_replay->wallTime(), m_replay->monitoring(), m_isPlaying,
-                  kSpeeds.at(m_speed)});
+    m_band->setShown(
+        {m_replay->wallTime(), m_replay->monitoring(), m_isPlaying, kSpeeds.at(m_speed)});
     m_band->setNow(m_alert.isEmpty() ? m_now : m_alert, !m_alert.isEmpty());
     emit shownChanged();
 }
@@ -331,7 +335,9 @@ void LookBack::stepToRecord(bool isForward)
 void LookBack::stepToEvent(bool isForward)
 {
     const std::vector<RecordedEvent>& events = m_bar->content().events;
-    const auto isBefore = [](const RecordedEvent& event, qint64 at) { return event.at < at; };
+    const auto isBefore = [](const RecordedEvent& event, qint64 at) {
+        return event.at < at;
+    };
     const qint64 at = position();
     if (isForward) {
         const auto next = std::lower_bound(events.begin(), events.end(), at + 1, isBefore);
@@ -412,8 +418,7 @@ bool LookBack::eventFilter(QObject* watched, QEvent* event)
     const auto* widget = static_cast<const QWidget*>(watched);
     const QWidget* focus = m_window->focusWidget();
     const bool isMeant = focus == nullptr ? widget == m_window : widget == focus;
-    if (!isMeant || widget->window() != m_window ||
-        QApplication::activePopupWidget() != nullptr ||
+    if (!isMeant || widget->window() != m_window || QApplication::activePopupWidget() != nullptr ||
         QApplication::activeModalWidget() != nullptr) {
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include "app/lookback/lookbackkeys.h"
 #include "app/lookback/pastsamples.h"
+#include "app/lookback/recordedband.h"
 #include "app/lookback/replay.h"
 #include "app/lookback/timebar.h"
 #include "serial/ldb/monitoring.h"
@@ -14,7 +15,6 @@
 #include <memory>
 #include <optional>
 
-class RecordedBand;
 class RecordingAccess;
 class ShownSource;
 
@@ -69,6 +69,8 @@ signals:
     void shownChanged();
     /// Before the first record of a moment is shown, and after the last one.
     void lookingBackChanged(bool isLookingBack);
+    /// A moment was wanted, and there is no recording.
+    void nothingFound();
     /// What was monitored at the moment shown.
     void monitoringChanged(const Monitoring& monitoring);
 
@@ -93,24 +95,24 @@ private:
 
     Surroundings m_around;
     QWidget* m_window;
-    Replay* m_replay;                    // owned as a child
-    QPointer<TimeBar> m_bar;             // owned by the window, as the band
+    Replay* m_replay;        // owned as a child
+    QPointer<TimeBar> m_bar; // owned by the window, as the band
     QPointer<RecordedBand> m_band;
     PastSamples m_past;
-    std::unique_ptr<QObject> m_asking;   ///< answers reach nobody when it is another one
+    std::unique_ptr<QObject> m_asking; ///< answers reach nobody when it is another one
     QTimer m_ticks;
     QTimer m_refresh;
     QString m_hexId;
-    std::optional<qint64> m_wanted;      ///< not asked for yet
-    std::optional<qint64> m_target;      ///< asked for last
+    std::optional<qint64> m_wanted; ///< not asked for yet
+    std::optional<qint64> m_target; ///< asked for last
     bool m_isMomentDue = false;
     bool m_isStretchDue = false;
     bool m_isContentDue = false;
     bool m_isShowing = false;
     bool m_isPlaying = false;
     bool m_isRecording = false;
-    std::size_t m_speed = 0;             ///< of the speeds
-    qint64 m_lastTick = 0;               ///< ms
+    std::size_t m_speed = 0; ///< of the speeds
+    qint64 m_lastTick = 0;   ///< ms
     QString m_now;
     QString m_alert;
 };

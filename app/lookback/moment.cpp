@@ -8,8 +8,9 @@
 
 namespace {
 
-/// Whole rounds before the one that is on.
-constexpr int kRoundsBack = 2;
+/// The round that is on, the one before it, what was in force before, and one that is there twice
+/// at midnight.
+constexpr int kRounds = 4;
 /// No round takes so long, µs.
 constexpr qint64 kFurthestBase = 300LL * 1000000;
 /// While the bus is polled, there is one probe between two other questions at the most.
@@ -28,6 +29,21 @@ void append(std::vector<ReplayStep>& steps, std::vector<Value>&& values, const M
         make(step, std::move(value));
         steps.push_back(std::move(step));
     }
+}
+
+/// From where on the lamps are what they were: from the last whole round, or from where they began
+/// anew.
+std::size_t firstRound(const std::vector<RecordedRound>& rounds, qint64 at)
+{
+    std::size_t first = rounds.size();
+    bool isBehindWhole = false;
+    while (first > 0 && rounds[first - 1].at > at - kFurthestBase && !isBehindWhole) {
+        --first;
+        const bool isOther =
+            first + 1 < rounds.size() && rounds[first].wall != rounds[first + 1].wall;
+        isBehindWhole = rounds[first].isBreak || isOther;
+    }
+    return first;
 }
 
 bool isScanning(RecordingReader& reader, qint64 at)
@@ -71,17 +87,19 @@ Stretch moment::stretchOf(RecordingReader& reader, qint64 from, qint64 to)
 Moment moment::read(RecordingReader& reader, qint64 at, const QString& hexId)
 {
     Moment result;
+    const auto extent = reader.extent();
+    if (!extent) {
+        return result;
+    }
+    at = std::clamp(at, extent->from, std::max(extent->from, extent->to - 1));
     result.at = at;
+    result.isRecorded = true;
     result.hexId = hexId;
-    // The one that is on, those before it, and one that says which wall time is in force.
-    const auto rounds = reader.rounds({0, at + 1}, kRoundsBack + 2);
-    qint64 begin = at;
-    for (const RecordedRound& round : rounds) {
-        if (round.at > at - kFurthestBase && &round != &rounds.front()) {
-            begin = round.at - 1;
-            break;
-        }
-        result.round = round;
+    const auto rounds = reader.rounds({0, at + 1}, kRounds);
+    const std::size_t first = firstRound(rounds, at);
+    const qint64 begin = first < rounds.size() ? rounds[first].at - 1 : at;
+    if (first > 0) {
+        result.round = rounds[first - 1];
     }
     result.base = reader.stateAt(begin);
     result.stretch = stretchOf(reader, begin, at);

@@ -42,8 +42,9 @@ struct Stretch
 struct Moment
 {
     qint64 at = 0;
-    std::vector<RecordedRecord> base; ///< every LDB listed then, as `RecordingReader::stateAt`
-    Stretch stretch;                  ///< from the base up to `at`, that included
+    bool isRecorded = false;            ///< false: there is no recording at all
+    std::vector<RecordedRecord> base;   ///< every LDB listed then, as `RecordingReader::stateAt`
+    Stretch stretch;                    ///< from the base up to `at`, that included
     std::optional<RecordedRound> round; ///< in force at the base
     bool isScanning = false;            ///< nothing but the addresses is asked for
     std::optional<qint64> lastRun;      ///< no run is on: the end of the one before
@@ -54,7 +55,8 @@ struct Moment
 /// Reads what a window needs. In the reader's thread.
 namespace moment {
 
-/// The moment itself, with what the plot of one LDB shows before it.
+/// The moment itself, or the nearest one that is recorded, with what the plot of one LDB shows
+/// before it.
 Moment read(RecordingReader& reader, qint64 at, const QString& hexId);
 /// What was told after `from`, up to `to` or the end of the recording.
 Stretch stretchOf(RecordingReader& reader, qint64 from, qint64 to);

@@ -65,10 +65,9 @@ void Replay::show(Moment moment)
     lookAhead(moment.base);
     emit monitoringChanged(monitoring());
     emit replaced(m_list);
-    std::stable_sort(moment.base.begin(), moment.base.end(),
-                     [](const RecordedRecord& left, const RecordedRecord& right) {
-                         return left.at < right.at;
-                     });
+    std::stable_sort(
+        moment.base.begin(), moment.base.end(),
+        [](const RecordedRecord& left, const RecordedRecord& right) { return left.at < right.at; });
     for (const RecordedRecord& record : moment.base) {
         if (!record.rows.isEmpty()) {
             tellRecord(record);
@@ -87,7 +86,8 @@ void Replay::show(Moment moment)
 void Replay::lookAhead(const std::vector<RecordedRecord>& base)
 {
     for (const ReplayStep& step : m_steps) {
-        if (step.kind == ReplayStep::Kind::Round) {
+        if (step.kind == ReplayStep::Kind::Round &&
+            !(m_round && m_round->wall == step.round.wall)) {
             m_round = step.round;
         } else if (step.kind == ReplayStep::Kind::List) {
             m_list = step.hexIds;
@@ -149,14 +149,7 @@ void Replay::tell(const ReplayStep& step)
 {
     switch (step.kind) {
     case ReplayStep::Kind::Round:
-        // The end of one is not recorded: it is there when the next begins.
-        if (std::exchange(m_isRoundOn, true)) {
-            emit roundEnded();
-        }
-        m_round = step.round;
-        m_isScanning = false;
-        emit roundBegun(QDateTime::fromMSecsSinceEpoch(step.round.wall, Qt::OffsetFromUTC,
-                                                       step.round.offset));
+        tellRound(step.round);
         break;
     case ReplayStep::Kind::Record:
         tellRecord(step.record);
@@ -165,6 +158,27 @@ void Replay::tell(const ReplayStep& step)
         setList(step.hexIds);
         break;
     }
+}
+
+void Replay::tellRound(const RecordedRound& round)
+{
+    if (m_isRoundOn && m_round && m_round->wall == round.wall) {
+        return; // the file of another day says it again, with its own begin
+    }
+    m_round = round;
+    m_isScanning = false;
+    // When a round ended is not recorded, but with the next one, whether it did.
+    if (round.isBreak) {
+        // Not the whole bus was monitored in between, and nothing is known of whole rounds.
+        Monitoring broken = monitoring();
+        broken.state = Monitoring::State::Scanning;
+        emit monitoringChanged(broken);
+        emit monitoringChanged(monitoring());
+    } else if (m_isRoundOn) {
+        emit roundEnded();
+    }
+    m_isRoundOn = true;
+    emit roundBegun(QDateTime::fromMSecsSinceEpoch(round.wall, Qt::OffsetFromUTC, round.offset));
 }
 
 void Replay::setList(const QStringList& hexIds)

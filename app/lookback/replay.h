@@ -49,6 +49,7 @@ signals:
 private:
     void lookAhead(const std::vector<RecordedRecord>& base);
     void tell(const ReplayStep& step);
+    void tellRound(const RecordedRound& round);
     void tellRecord(const RecordedRecord& record);
     void tellDue(qint64 until);
     void setList(const QStringList& hexIds);

@@ -82,7 +82,13 @@ void RecordingControl::loadPreferences()
     if (!(options == former)) {
         m_recorder.setOptions(options);
     }
-    m_access.setPath(m_folder);
+    m_access.setPath(m_opened.isEmpty() ? m_folder : m_opened);
+}
+
+void RecordingControl::open(const QString& path)
+{
+    m_opened = path;
+    m_access.setPath(path);
 }
 
 /// Before the link: its runs are told behind what happened to the port.
@@ -122,6 +128,7 @@ void RecordingControl::followLink()
     connect(link, &SerialLink::started, this, [this] { m_isScanning = false; });
     connect(link, &SerialLink::stopped, recorder, &Recorder::endRun);
     connect(link, &SerialLink::roundBegun, recorder, &Recorder::beginRound);
+    connect(link, &SerialLink::roundEnded, recorder, &Recorder::endRound);
     connect(link, &SerialLink::exchanged, recorder, &Recorder::takeExchange);
     connect(link, &SerialLink::generalInformationUpdated, recorder, &Recorder::takeRecord);
     connect(link, &SerialLink::extraInformationUpdated, recorder, &Recorder::takeRecord);

@@ -34,6 +34,8 @@ public:
     /// start. Empty when there has never been one.
     QString folder() const { return m_folder; }
 
+    /// From now on this file or folder is what is looked back at, wherever is recorded.
+    void open(const QString& path);
     /// Why nothing is recorded, in the language in force; empty unless it is so.
     QString outageText() const;
 
@@ -54,6 +56,7 @@ private:
     RecordingAccess m_access;
     QString m_installation; ///< id
     QString m_folder;
+    QString m_opened;          ///< empty: the folder
     RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
     bool m_isOpen = false;     ///< the port

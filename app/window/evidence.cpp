@@ -22,9 +22,12 @@
 #include "views/quality/qualitydisplay.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
 #include <QStatusBar>
+
+#include <limits>
 
 namespace {
 
@@ -52,6 +55,7 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     , m_window(window)
     , m_control(new RecordingControl({around.link, around.desk->control(), around.notices},
                                      around.ports, this))
+    , m_notices(around.notices)
     , m_events(new EventDesk({window, around.ui.deviceOverviewAndPlotSplitter, m_control,
                               around.notices, around.ui.statusBar},
                              around.ports.wallTime, this))
@@ -97,6 +101,16 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
     connect(around.link, &SerialLink::portFailed, lookBack, [lookBack](const QString& portName) {
         lookBack->alert(tr("the connection to %1 was lost").arg(portName));
     });
+    connect(lookBack, &LookBack::nothingFound, this, [this] {
+        const QString path = QDir::toNativeSeparators(m_control->access()->path());
+        m_notices->box(
+            QMessageBox::Warning,
+            [path] {
+                return BoxText{tr("No Recording"),
+                               tr("There is no recording that can be read in %1.").arg(path)};
+            },
+            QStringLiteral("noRecordingBox"));
+    });
     RunControl* run = around.run;
     connect(run, &RunControl::enabledChanged, lookBack,
             [lookBack, run] { lookBack->setSelectedLdb(run->selectedLdb()); });
@@ -118,6 +132,12 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
     connect(recorder, &Recorder::changed, lookBack, followRecorder);
     connect(m_control->access(), &RecordingAccess::pathChanged, lookBack, followRecorder);
     connect(recorder, &Recorder::eventRecorded, lookBack, &LookBack::refresh);
+}
+
+void Evidence::open(const QString& path)
+{
+    m_control->open(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    m_lookBack->goTo(std::numeric_limits<qint64>::max());
 }
 
 void Evidence::goLive()

@@ -49,6 +49,8 @@ public:
     LookBack* lookBack() const { return m_lookBack; }
     /// Shows the present.
     void goLive();
+    /// Shows the end of a recording that was made here or elsewhere; says where it cannot.
+    void open(const QString& path);
     /// Opens the form that says what is recorded.
     void showPreferences();
     /// Shows in the language in force what no form of its own does.
@@ -62,6 +64,7 @@ private:
 
     QWidget* m_window;
     RecordingControl* m_control;
+    Notices* m_notices;
     // All owned as children, of this object or of the window.
     LookBack* m_lookBack = nullptr;
     EventDesk* m_events;

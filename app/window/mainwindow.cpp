@@ -60,6 +60,11 @@ MainWindow::~MainWindow()
     m_link.reset();
 }
 
+void MainWindow::openRecording(const QString& path)
+{
+    m_evidence->open(path);
+}
+
 void MainWindow::init(const PortSource& ports)
 {
     setWindowTitle(QStringLiteral("%1 Version %2")

@@ -36,6 +36,9 @@ public:
     /// Ends the serial worker before anything that it could still reach.
     ~MainWindow() override;
 
+    /// Looks back at a recording, a file or a folder of days, and at its last moment first.
+    void openRecording(const QString& path);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;

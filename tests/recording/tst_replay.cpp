@@ -155,6 +155,7 @@ void TestReplay::follow()
     });
     connect(link, &SerialLink::roundBegun, link,
             [this](const QDateTime& wall) { m_collector->roundBegun(wall); });
+    connect(link, &SerialLink::roundEnded, link, [this] { m_collector->roundEnded(); });
     connect(link, &SerialLink::ldbListInitializationStateChange, link, [this](bool isScanning) {
         m_isListWhole = !isScanning;
         if (!isScanning) {

@@ -1,0 +1,330 @@
+#include "app/log/logpanel.h"
+#include "app/lookback/lookback.h"
+#include "app/lookback/shownsource.h"
+#include "app/recording/recordingcontrol.h"
+#include "recording/recordingreader.h"
+#include "tests/app/livewindow.h"
+#include "tests/support/testprogram.h"
+
+#include <limits>
+#include <random>
+
+namespace {
+
+constexpr TimeSpan kAll{0, std::numeric_limits<qint64>::max()};
+constexpr double kPlotSpan = 600000; // ms
+const QStringList kBus{"03", "0A", "2B", "FD"};
+
+/// The texts of a view, with what is live of it.
+QStringList textsOf(const QTableView& view)
+{
+    QStringList texts;
+    const QAbstractItemModel* model = view.model();
+    for (int row = 0; row < model->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column) {
+            cells << model->index(row, column).data().toString();
+        }
+        texts << cells.join('|');
+    }
+    return texts;
+}
+
+} // namespace
+
+/// The whole window looking back: it shows what it showed then, and nothing is sent.
+class TestLookBack : public LiveWindow
+{
+    Q_OBJECT
+private slots:
+    /// Records, lamps, their pages, details and plot of a bad time, as they were.
+    void showsWhatTheLiveWindowHad_data()
+    {
+        const Table<int> row("minutes");
+        row("ten minutes", 10);
+        if (qEnvironmentVariableIsSet("SNIFFER_LONG_TESTS")) {
+            row("an hour", 60);
+        }
+    }
+
+    void showsWhatTheLiveWindowHad()
+    {
+        QFETCH(int, minutes);
+        open(kBus);
+        std::size_t told = 0;
+        std::map<std::size_t, QStringList> shown;
+        std::vector<QList<QStringList>> tellings;
+        const auto note = [this, &told, &shown, &tellings](const QString&,
+                                                           const QList<QStringList>& rows) {
+            tellings.push_back(rows);
+            if (++told % 23 == 0) {
+                shown[told - 1] = picture();
+            }
+        };
+        // Behind the views.
+        auto* source = m_window->findChild<ShownSource*>();
+        connect(source, &RecordSource::generalInformationUpdated, m_window.get(), note,
+                Qt::QueuedConnection);
+        connect(source, &RecordSource::extraInformationUpdated, m_window.get(), note,
+                Qt::QueuedConnection);
+        live(minutes);
+        click("startButton");
+        VirtualTime::current()->advance(2000);
+
+        RecordingReader reader(control()->folder());
+        const auto records = reader.records({}, kAll);
+        // What is told in the last instant of a run has no transmission behind it that tells of it.
+        std::map<std::size_t, std::size_t> recordOf;
+        for (std::size_t i = 0, record = 0; i < told && record < records.size(); ++i) {
+            if (records[record].rows == tellings[i]) {
+                recordOf[i] = record++;
+            }
+        }
+        QCOMPARE(recordOf.size(), records.size());
+        QVERIFY(told - records.size() < 6);
+        QVERIFY(shown.size() > 50);
+        source->disconnect(m_window.get());
+        int different = 0;
+        for (const auto& [telling, live] : shown) {
+            if (recordOf.count(telling) == 0) {
+                continue;
+            }
+            const std::size_t index = recordOf[telling];
+            lookBack()->goTo(records[index].at);
+            VirtualTime::current()->advance(1);
+            QCOMPARE(lookBack()->shown(), std::make_optional(records[index].at));
+            const QStringList now = picture();
+            if (now != live && ++different < 4) {
+                qWarning() << "at" << index << records[index].hexId;
+                for (int i = 0; i < qMax(now.size(), live.size()); ++i) {
+                    if (now.value(i) != live.value(i)) {
+                        qWarning().noquote()
+                            << "live  " << live.value(i) << "\nreplay" << now.value(i);
+                    }
+                }
+            }
+        }
+        QCOMPARE(different, 0);
+        const auto recorded = reader.events(kAll);
+        QVERIFY(recorded.size() > 10);
+        QVERIFY(m_window->findChild<TimeBar*>()->content().events == recorded);
+    }
+
+    void nothingIsSentAndLiveGoesOn()
+    {
+        start();
+        const QString log = setLogPath();
+        click("logStartStopButton");
+        VirtualTime::current()->advance(30000);
+        QCOMPARE(lookBack()->shown(), std::optional<qint64>());
+        const QStringList before = picture();
+        m_bus->clearRequests();
+        auto* bar = m_window->findChild<TimeBar*>();
+        bar->setFocus();
+        QTest::keyClick(bar, Qt::Key_Left);
+        VirtualTime::current()->advance(10);
+        QVERIFY(lookBack()->shown());
+        const qint64 at = *lookBack()->shown();
+        QVERIFY(child<QWidget>("recordedBand")->isVisible());
+        QVERIFY(!child<QWidget>("monitoringStrip")->isVisible());
+        QVERIFY(label("recordedLabel").startsWith("Recorded: "));
+        QVERIFY(label("recordedNowLabel").contains("Monitored: 3 LDBs answer."));
+        for (const char* name : {"startButton", "reloadDevicesButton", "exportDeviceSettingsButton",
+                                 "importDeviceSettingsButton", "fimTrackingButton"}) {
+            QVERIFY2(!child<QWidget>(name)->isEnabled(), name);
+        }
+        for (const auto* button : child<QWidget>("ldbActionsGroup")->findChildren<QPushButton*>()) {
+            QVERIFY2(!button->isEnabled(), qPrintable(button->objectName()));
+        }
+        // Another LDB can be looked at, which asks nobody for anything.
+        clickRow("FD");
+        VirtualTime::current()->advance(5000);
+        QCOMPARE(child<QTableView>("deviceDetailTableView")->model()->index(0, 1).data(), "FD");
+        QVERIFY(!detailTime().isEmpty());
+        QCOMPARE(m_bus->commands(), QList<QByteArray>());
+        QCOMPARE(*lookBack()->shown(), at);
+
+        // What happens now is said now, logged and recorded.
+        const QString mode = text("0A", overview::ModeColumn);
+        const auto logged = Sandbox::readFile(log).count('\n');
+        m_bus->setPresent({"03", "FD"});
+        VirtualTime::current()->advance(20000);
+        QCOMPARE(label("recordedNowLabel"), "now: LDB 0A lost; back to live");
+        QVERIFY(Sandbox::readFile(log).count('\n') > logged + 20);
+        QCOMPARE(text("0A", overview::ModeColumn), mode);
+
+        lookBack()->press(BarKey::Live);
+        QCOMPARE(lookBack()->shown(), std::optional<qint64>());
+        QVERIFY(!child<QWidget>("recordedBand")->isVisible());
+        QVERIFY(text("0A", overview::ModeColumn) != mode);
+        QVERIFY(isLive("03"));
+        QVERIFY(!areLampsHatched());
+        QCOMPARE(causes().size(), 1);
+        VirtualTime::current()->advance(3000);
+        // It is the present again: the settings of the LDB selected meanwhile are read.
+        QVERIFY(!m_bus->commands().isEmpty());
+        m_bus->setPresent(kLdbs);
+        VirtualTime::current()->advance(20000);
+        QCOMPARE(picture().first().section('|', 0, 3), before.first().section('|', 0, 3));
+    }
+
+    void playsAtItsSpeed()
+    {
+        start();
+        VirtualTime::current()->advance(120000);
+        lookBack()->goTo(0); // the begin
+        VirtualTime::current()->advance(10);
+        const qint64 begin = *lookBack()->shown();
+        auto* bar = m_window->findChild<TimeBar*>();
+        QTest::keyClick(bar, Qt::Key_Space);
+        VirtualTime::current()->advance(5000);
+        QCOMPARE((*lookBack()->shown() - begin) / 1000000, 5);
+        QTest::keyClick(bar, Qt::Key_BracketRight);
+        QTest::keyClick(bar, Qt::Key_BracketRight);
+        const qint64 slow = *lookBack()->shown();
+        VirtualTime::current()->advance(10000);
+        QCOMPARE((*lookBack()->shown() - slow) / 1000000, 50);
+        QTest::keyClick(bar, Qt::Key_Space);
+        const qint64 paused = *lookBack()->shown();
+        VirtualTime::current()->advance(5000);
+        QCOMPARE(*lookBack()->shown(), paused);
+        QVERIFY(!areLampsHatched());
+        QTest::keyClick(bar, Qt::Key_Right, Qt::ShiftModifier);
+        VirtualTime::current()->advance(10);
+        QVERIFY(*lookBack()->shown() > paused);
+        QVERIFY(*lookBack()->shown() < paused + 1000000);
+        QTest::keyClick(bar, Qt::Key_Home);
+        VirtualTime::current()->advance(10);
+        QCOMPARE(*lookBack()->shown(), begin);
+    }
+
+    void opensARecordingWithoutABus()
+    {
+        start();
+        VirtualTime::current()->advance(60000);
+        const QString folder = control()->folder();
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(m_bus->ports());
+        m_window->openRecording(folder);
+        m_window->show();
+        VirtualTime::current()->advance(100);
+        QVERIFY(lookBack()->shown());
+        QCOMPARE(overview()->model()->rowCount(), kLdbs.size());
+        QCOMPARE(text("0A", overview::IdColumn), "0A");
+        QVERIFY(!detailTime().isEmpty());
+        QVERIFY(!child<QWidget>("startButton")->isEnabled());
+
+        m_window = std::make_unique<MainWindow>(m_bus->ports());
+        m_window->openRecording(m_sandbox->path("nothing here"));
+        m_window->show();
+        VirtualTime::current()->advance(100);
+        QVERIFY(!lookBack()->shown());
+        auto* box = m_window->findChild<MessageBox*>("noRecordingBox");
+        QVERIFY(box != nullptr);
+        QVERIFY(box->text().contains("nothing here"));
+    }
+
+private:
+    LookBack* lookBack() const { return m_window->findChild<LookBack*>(); }
+    RecordingControl* control() const { return m_window->findChild<RecordingControl*>(); }
+
+    /// Everything that the window shows of the bus, but how old it is.
+    QStringList picture() const
+    {
+        QStringList lines = textsOf(*overview());
+        const auto* details = child<QTableView>("deviceDetailTableView")->model();
+        for (int row = 0; row < details->rowCount(); ++row) {
+            lines << "detail " + details->index(row, 1).data().toString();
+        }
+        for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
+            lines << child<QLabel>(lamp)->accessibleName();
+        }
+        for (const char* page :
+             {"lampCausesA", "lampCausesB", "lampCausesC", "lampCausesD", "lampCausesOut"}) {
+            const auto* list = child<QListWidget>(page);
+            for (int row = 0; row < list->count(); ++row) {
+                lines << page + (' ' + list->item(row)->text());
+            }
+        }
+        return lines + curves();
+    }
+
+    /// The values of ten minutes of the chart that is shown.
+    QStringList curves() const
+    {
+        QStringList lines;
+        for (const Plot* plot : m_window->findChildren<Plot*>()) {
+            const PlotHistory& history = plot->history();
+            if (!plot->isVisible() || history.isEmpty()) {
+                continue;
+            }
+            const double from = history.newestTime() - kPlotSpan + 60000;
+            for (int i = history.firstNotBefore(from); i < history.size(); ++i) {
+                if (!history.isRecord(i)) {
+                    continue; // a gap
+                }
+                QString line = QStringLiteral("curve");
+                for (const int curve : history.curves()) {
+                    line += ' ' + QString::number(history.values(curve)[i]);
+                }
+                lines << line;
+            }
+        }
+        return lines;
+    }
+
+    /// A bad line, LDBs that go and come, faults, renames, restarts.
+    void live(int minutes)
+    {
+        std::mt19937 chance(20260304);
+        Adversaries bad;
+        bad.flippedAnswers = 3;
+        bad.lostAnswers = 3;
+        bad.lateAnswers = 2;
+        click("startButton");
+        VirtualTime::current()->advance(60000);
+        m_bus->host().setAdversaries(bad);
+        for (int second = 60; second < minutes * 60; second += 10) {
+            switch (chance() % 20) {
+            case 0:
+                m_bus->change("0A", "02", "4E6F727468");
+                break;
+            case 1:
+                m_bus->setPresent({"03", "2B"});
+                break;
+            case 2:
+                m_bus->setPresent(kBus);
+                break;
+            case 3:
+                click("reloadDevicesButton");
+                break;
+            case 4:
+                click("startButton");
+                click("startButton");
+                break;
+            case 5:
+            case 6:
+                setLeakage(chance() % 2 == 0);
+                break;
+            default:
+                break;
+            }
+            VirtualTime::current()->advance(10000);
+        }
+    }
+    void setLeakage(bool isThere)
+    {
+        m_bus->setScript([isThere](const QByteArray& body) -> std::optional<QByteArray> {
+            constexpr int kLeakagePlace = 17;
+            if (!isThere || body != "FE2B737803") {
+                return std::nullopt;
+            }
+            QByteArray answer = TestBus::status();
+            answer[kLeakagePlace] = '1';
+            return TestBus::framed(answer);
+        });
+    }
+};
+
+REGISTER_TEST(TestLookBack, InVirtualTime<QApplication>)
+#include "tst_lookback.moc"
