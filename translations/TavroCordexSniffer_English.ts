@@ -174,6 +174,23 @@
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SetValueDialog</name>
     <message numerus="yes">
         <source>Set for %n LDB(s)</source>

@@ -476,6 +476,163 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>Evidence</name>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation>Rien n&apos;a encore été enregistré.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation>%1 n&apos;a pas pu être ouvert.</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation>&amp;Emporter les preuves...</translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation>&amp;Copier cette visite...</translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation>En&amp;registrement...</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui, %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>La fin de la période est avant son début.</translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation>Emporter les preuves</translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation>Où va la copie</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>Écriture de %1</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation>Arrêté&#xa0;: %1 n&apos;est pas complet, ou n&apos;a pas été écrit.</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Quoi</translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation>&amp;Journal (CSV), comme il aurait été écrit au fil du temps</translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation>De&#xa0;:</translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation>toutes les&#xa0;:</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation>Évé&amp;nements (CSV)</translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation>Chaque &amp;octet sur le bus, pour Wireshark (pcapng)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation>&amp;Copie de l&apos;enregistrement de ces jours, pour revoir dans ce programme</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Quand</translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation>La dernière &amp;heure</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation>&amp;De, à&#xa0;:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Enregistrer...</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>Arrê&amp;ter</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation>Une autre installation est utilisée maintenant.</translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1016,6 +1173,17 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Not heard yet</source>
         <translation>Pas encore entendu</translation>
+    </message>
+</context>
+<context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1844,6 +2012,77 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2194,6 +2433,14 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Table...</source>
         <translation>Tableau...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation>Ce qui a été enregistré&#xa0;: l&apos;emporter</translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation>Preuves</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2345,6 +2592,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>no serial port is chosen</source>
         <translation>aucun port série n&apos;est choisi</translation>
     </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2401,6 +2652,13 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Le filtre masque des LDB perdus ou en défaut : cliquez pour tout afficher</translation>
+    </message>
+</context>
+<context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2594,6 +2852,216 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Nom</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2743,6 +3211,107 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation type="unfinished">Fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation type="unfinished">Fuite CC de boucle</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation type="unfinished">laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation type="unfinished">non envoyé</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Mise en service</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordingExport</name>
     <message>
         <source>Time</source>
@@ -2763,6 +3332,121 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation>Dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation>Les jours à conserver n&apos;ont pas pu être notés. Ils peuvent être supprimés quand ils seront anciens.</translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation>&amp;Enregistrer tout pendant que le bus est surveillé</translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation>&amp;Dossier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation>À côté de ce qui est mémorisé de l&apos;installation</translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation>Les enregistrements s&apos;y trouvent sous l&apos;installation&#xa0;; ce qui a été enregistré avant reste où il est</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation>&amp;Jours conservés&#xa0;:</translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation>Ce qui est plus ancien est supprimé par jours entiers</translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation>Conserver au &amp;plus&#xa0;:</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation> Go</translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation>Par installation. S&apos;il y en a plus, les jours les plus anciens sont supprimés</translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation>Jours e&amp;nregistrés&#xa0;; ceux cochés sont conservés quels que soient leur âge et leur taille&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation>Conserver le jour</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation>Jours enregistrés</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation>Enregistrement désactivé</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: c&apos;est désactivé dans les paramètres.</translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation>Non enregistré&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation>Tout ce qui passe sur le bus est enregistré. Cliquez pour ouvrir le dossier.
+%1</translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation>Pas d&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation>Ce qui se passe sur le bus est enregistré dès qu&apos;il est surveillé. Cliquez pour ouvrir le dossier.
+%1</translation>
     </message>
 </context>
 <context>
@@ -2934,6 +3618,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installation...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation>Si ce qui se passe sur le bus est enregistré, où, et combien de temps</translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation>E&amp;nregistrement...</translation>
     </message>
 </context>
 <context>
@@ -3622,6 +4314,36 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation>La recherche de défaut s&apos;est terminée sans résultat</translation>
     </message>
 </context>
 <context>

@@ -476,6 +476,163 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>Evidence</name>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation>Er is nog niets opgenomen.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation>%1 kon niet worden geopend.</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation>Bewijs &amp;meenemen...</translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation>Een &amp;kopie van dit bezoek opslaan...</translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation>&amp;Opname...</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag, %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>Het einde van de periode ligt vóór het begin.</translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation>Bewijs meenemen</translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation>Waar de kopie komt</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wordt geschreven</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation>Gestopt: %1 is niet volledig, of is niet geschreven.</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 kon niet worden geschreven.</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Wat</translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation>&amp;Logbestand (CSV), zoals de logger het geschreven zou hebben</translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation>Van:</translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation>elke:</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation>&amp;Gebeurtenissen (CSV)</translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation>Elke &amp;byte op de bus, voor Wireshark (pcapng)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation>&amp;Kopie van de opname van deze dagen, om in dit programma terug te kijken</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wanneer</translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation>Het laatste &amp;uur</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Vandaag</translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation>V&amp;an, tot:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Van</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Tot</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Voortgang</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Opslaan...</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>Sto&amp;ppen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation>Er is nu een andere installatie in gebruik.</translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1016,6 +1173,17 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Not heard yet</source>
         <translation>Nog niet gehoord</translation>
+    </message>
+</context>
+<context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1844,6 +2012,77 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2194,6 +2433,14 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Table...</source>
         <translation>Tabel...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation>Wat is opgenomen: neem het mee</translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation>Bewijs</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2345,6 +2592,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>no serial port is chosen</source>
         <translation>er is geen seriële poort gekozen</translation>
     </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2401,6 +2652,13 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Het filter verbergt LDB&apos;s die verloren of fout zijn: klik om alle te tonen</translation>
+    </message>
+</context>
+<context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2594,6 +2852,216 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Naam</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2743,6 +3211,107 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation type="unfinished">Aardlek</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation type="unfinished">DC-lek in de lus</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation type="unfinished">met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation type="unfinished">niet verzonden</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordingExport</name>
     <message>
         <source>Time</source>
@@ -2763,6 +3332,121 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>After</source>
         <translation>Daarna</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation>Map voor opnamen</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Opname</translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation>Welke dagen worden bewaard, kon niet worden opgeslagen. De dagen kunnen worden verwijderd wanneer ze oud zijn.</translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation>Alles &amp;opnemen zolang de bus wordt bewaakt</translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation>&amp;Map:</translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation>Naast wat van de installatie is onthouden</translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation>Opnamen liggen erin onder de installatie; wat eerder is opgenomen, blijft waar het is</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Bladeren...</translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation>&amp;Dagen bewaren:</translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation>Wat ouder is, wordt per hele dag verwijderd</translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation>&amp;Hoogstens bewaren:</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation> GB</translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation>Per installatie. Is er meer, dan worden de oudste dagen verwijderd</translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation>Op&amp;genomen dagen; de aangevinkte worden bewaard, hoe oud en groot ook:</translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation>Dag bewaren</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Grootte</translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation>Opgenomen dagen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation>Opname staat uit</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation>Er wordt niets opgenomen: dat staat uit in de instellingen.</translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation>Niet opgenomen!</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Opname loopt</translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation>Alles op de bus wordt opgenomen. Klik om de map te openen.
+%1</translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation>Geen opname</translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation>Wat op de bus gebeurt, wordt opgenomen zodra deze wordt bewaakt. Klik om de map te openen.
+%1</translation>
     </message>
 </context>
 <context>
@@ -2934,6 +3618,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installatie...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation>Of wat op de bus gebeurt wordt opgenomen, waar, en hoe lang het wordt bewaard</translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation>O&amp;pname...</translation>
     </message>
 </context>
 <context>
@@ -3622,6 +4314,36 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation>Foutzoeken eindigde zonder resultaat</translation>
     </message>
 </context>
 <context>
