@@ -174,6 +174,13 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
+{
+    return collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+        return source.exchanges({}, span, -1, kind);
+    });
+}
+
 std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
 {
     const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
@@ -204,10 +211,10 @@ std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)
+std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 {
-    return collect(span, &RecordedEvent::at,
-                   [&](RecordingSource& source) { return source.events(span); });
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.events(span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)

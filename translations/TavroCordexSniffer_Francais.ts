@@ -476,6 +476,197 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished">Tous les LDB</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Événement</translation>
+    </message>
+</context>
+<context>
     <name>Evidence</name>
     <message>
         <source>Nothing has been recorded yet.</source>
@@ -496,6 +687,18 @@ maintenance</translation>
     <message>
         <source>&amp;Recording...</source>
         <translation>En&amp;registrement...</translation>
+    </message>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation type="unfinished">la connexion à %1 a été perdue</translation>
     </message>
 </context>
 <context>
@@ -1228,6 +1431,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
     </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>
@@ -1654,14 +1861,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>Les réglages n’ont pas encore été lus.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2493,6 +2692,29 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished">Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuler</translation>
+    </message>
+</context>
+<context>
     <name>Monitoring</name>
     <message>
         <source>%1 d</source>
@@ -3099,10 +3321,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Lost</source>
         <translation>Perdu</translation>
     </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Mode, maintenant %1</translation>
-    </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
         <translation>
@@ -3208,6 +3426,30 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>%1 d %2 h</source>
         <translation>%1 j %2 h</translation>
+    </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3332,6 +3574,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3501,6 +3747,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation type="unfinished">Attention</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -3523,6 +3776,17 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation type="unfinished">Cochez d’abord Activer la détection de coupure.</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation type="unfinished">Les réglages n’ont pas encore été lus.</translation>
     </message>
 </context>
 <context>
@@ -4337,6 +4601,436 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Recorded time</source>
         <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished">Ouvert</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation type="unfinished">Court-circuit</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation type="unfinished">non suivi</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation type="unfinished">Installation</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation type="unfinished">ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation type="unfinished">Mode</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation type="unfinished">Boucle</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation type="unfinished">Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation type="unfinished">Amplificateur</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation type="unfinished">Défaut</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation type="unfinished">Mise en service</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation type="unfinished">Paramètre</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation type="unfinished">Nouvelle</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished">Quand</translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Événement</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation type="unfinished">non lu</translation>
     </message>
 </context>
 <context>

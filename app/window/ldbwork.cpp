@@ -67,7 +67,8 @@ void LdbWork::initEditor()
     m_ui.ldbSettingsTabLayout->addWidget(editor->footer());
     connect(editor, &LdbSettingsEditor::savingChanged, m_around.run, &RunControl::setSaving);
     connect(m_around.run, &RunControl::settingsStale, this, [this] {
-        if (!m_putBack->isPending(m_around.run->selectedLdb())) {
+        if (!m_around.run->isLookingBack() &&
+            !m_putBack->isPending(m_around.run->selectedLdb())) {
             m_ui.ldbSettingsEditor->requestSettings();
         }
     });
@@ -139,6 +140,9 @@ void LdbWork::showTransfer(bool isOn)
 
 void LdbWork::setSelectedLdb(const QString& hexId)
 {
+    if (m_around.run->isLookingBack()) {
+        return; // what it has now is asked for when the user is back
+    }
     m_ui.ldbActionsGroup->setSelectedLdb(hexId);
     if (!m_ui.ldbSettingsEditor->hasUnsavedChanges()) {
         m_ui.ldbSettingsEditor->setSelectedLdb(hexId);
@@ -182,6 +186,11 @@ void LdbWork::apply(const EnabledControls& controls)
     }
     m_ui.ldbSettingsEditor->apply(ofEditor);
     m_ui.ldbActionsGroup->apply(controls);
+    if (m_tracking) {
+        // A run that is on can be stopped.
+        m_tracking->setEnabled(!m_around.run->isLookingBack() ||
+                               isUnderWay(m_tracking->run().phase()));
+    }
 }
 
 std::vector<Text> LdbWork::underWay() const
