@@ -118,6 +118,15 @@ void shootDialogs(Stage& stage)
     stage.click(QStringLiteral("cancelButton"), menu);
 }
 
+void shootEvidence(Stage& stage)
+{
+    stage.child<QAction>(QStringLiteral("takeHomeAction"))->trigger();
+    auto* form = stage.waitForWindow<QDialog>(QStringLiteral("evidenceForm"));
+    Stage::pass(1); // it looks when the visit began
+    stage.shoot(form, QStringLiteral("evidence-form"));
+    form->close();
+}
+
 void shootLanguages(Stage& stage)
 {
     for (const QString& language :
@@ -142,6 +151,7 @@ void overview(const Stage::Options& options)
     shootFilter(stage);
     shootLog(stage);
     shootDialogs(stage);
+    shootEvidence(stage);
     shootLanguages(stage);
 }
 
