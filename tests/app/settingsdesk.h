@@ -22,7 +22,7 @@ inline constexpr int kMutePosition = 12;
 
 inline constexpr Permission kAllowed{Hindrance::None};
 inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed,
-                                             kAllowed, kAllowed, kAllowed, kAllowed};
+                                             kAllowed, kAllowed, kAllowed, kAllowed, kAllowed};
 
 /// An editor on a bus of two LDBs.
 class Desk

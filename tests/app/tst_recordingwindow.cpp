@@ -1,5 +1,6 @@
 #include "app/preferences/settingsmenu.h"
 #include "history/installation.h"
+#include "recording/recordingfolder.h"
 #include "recording/recordingreader.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
