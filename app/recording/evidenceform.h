@@ -44,6 +44,7 @@ public:
 
     /// Opens it for a thing of this visit, or raises it.
     void offer(EvidenceOrder::Kind kind);
+    bool isWriting() const { return m_writer->isOn(); }
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -199,6 +199,15 @@ void Evidence::makeMenu(const Surroundings& around, QWidget* window)
     m_settings->setObjectName(QStringLiteral("recordingSettingsAction"));
 }
 
+std::vector<Text> Evidence::underWay(std::vector<Text> others) const
+{
+    if (m_form->isWriting()) {
+        others.emplace_back(
+            [] { return tr("Evidence is being written. The file will be missing."); });
+    }
+    return others;
+}
+
 void Evidence::showPreferences()
 {
     m_preferences->open();

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "app/shared/text.h"
 #include "serial/link/portsource.h"
 
 #include <QObject>
 #include <QPointer>
+
+#include <vector>
 
 namespace Ui {
 class MainWindow;
@@ -51,6 +54,8 @@ public:
     void goLive();
     /// Shows the end of a recording that was made here or elsewhere; says where it cannot.
     void open(const QString& path);
+    /// With what an end of the program would break off of the recording.
+    std::vector<Text> underWay(std::vector<Text> others) const;
     /// Opens the form that says what is recorded.
     void showPreferences();
     /// Shows in the language in force what no form of its own does.

@@ -114,7 +114,7 @@ void MainWindow::initPanels(const PortSource& ports)
     wireinstallation::wire(m_desk, m_run, m_views, m_work);
     connect(m_work, &LdbWork::enabledChanged, this, &MainWindow::setLdbActionButtonsState);
     m_closing = new ClosingQuestion(m_notices.get(), this);
-    m_closing->ask([this] { return m_work->underWay(); });
+    m_closing->ask([this] { return m_evidence->underWay(m_work->underWay()); });
     m_settingsMenu = new SettingsMenu(this);
     m_portName = userSettings().value(constants::kComPortKey).toString();
     m_link->setPortName(m_portName);

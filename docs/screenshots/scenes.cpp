@@ -126,6 +126,15 @@ void shootDialogs(Stage& stage)
     form->close();
 }
 
+void shootEvidence(Stage& stage)
+{
+    stage.child<QAction>(QStringLiteral("takeHomeAction"))->trigger();
+    auto* form = stage.waitForWindow<QDialog>(QStringLiteral("evidenceForm"));
+    Stage::pass(1); // it looks when the visit began
+    stage.shoot(form, QStringLiteral("evidence-form"));
+    form->close();
+}
+
 void shootLanguages(Stage& stage)
 {
     for (const QString& language :
@@ -150,6 +159,7 @@ void overview(const Stage::Options& options)
     shootFilter(stage);
     shootLog(stage);
     shootDialogs(stage);
+    shootEvidence(stage);
     shootLanguages(stage);
 }
 
