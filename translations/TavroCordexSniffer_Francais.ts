@@ -476,6 +476,167 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>Evidence</name>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the &amp;Visit...</source>
+        <translation>Rapport de la &amp;visite...</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation type="unfinished">LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation type="unfinished">Non enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation type="unfinished">s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation type="unfinished">Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished">Progression</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1016,6 +1177,17 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Not heard yet</source>
         <translation>Pas encore entendu</translation>
+    </message>
+</context>
+<context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1844,6 +2016,77 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2194,6 +2437,14 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Table...</source>
         <translation>Tableau...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2345,6 +2596,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>no serial port is chosen</source>
         <translation>aucun port série n&apos;est choisi</translation>
     </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2401,6 +2656,13 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Le filtre masque des LDB perdus ou en défaut : cliquez pour tout afficher</translation>
+    </message>
+</context>
+<context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2594,6 +2856,216 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Nom</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2743,6 +3215,107 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation>ouvert</translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation>court-circuit</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>connecté</translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation>%1 : non suivi</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation>
+            <numerusform>%1 : %n FIM compté</numerusform>
+            <numerusform>%1 : %n FIM comptés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation>
+            <numerusform>%1 : %n FIM compté, connecté</numerusform>
+            <numerusform>%1 : %n FIM comptés, connecté</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation>%1 : %2, approximativement au FIM %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation>%1 : %2 -&gt; %3, %4</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>vérifié</translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation>accepté, non vérifié</translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation>refusé par le LDB</translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation>sans réponse, non vérifié</translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation>le LDB a une autre valeur</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>non envoyé</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Mise en service</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Côté primaire</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Côté secondaire</translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation>côté primaire approximativement au FIM %1</translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation>côté secondaire approximativement au FIM %1</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>Fuite CC de la boucle</translation>
+    </message>
+</context>
+<context>
     <name>RecordingExport</name>
     <message>
         <source>Time</source>
@@ -2763,6 +3336,119 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2814,6 +3500,137 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWindow</name>
+    <message>
+        <source>Printed.</source>
+        <translation>Imprimé.</translation>
+    </message>
+    <message>
+        <source>It could not be printed.</source>
+        <translation>L&apos;impression a échoué.</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start, %1</source>
+        <translation>Cette visite : depuis le premier démarrage du jour, %1</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>La fin de la période est avant son début.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Lecture de l&apos;enregistrement...</translation>
+    </message>
+    <message>
+        <source>Making the pages...</source>
+        <translation>Création des pages...</translation>
+    </message>
+    <message>
+        <source>Save the Report as PDF</source>
+        <translation>Enregistrer le rapport en PDF</translation>
+    </message>
+    <message>
+        <source>Save the Report as HTML</source>
+        <translation>Enregistrer le rapport en HTML</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>Écriture de %1</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Report of the Visit</source>
+        <translation>Rapport de la visite</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Impression...</translation>
+    </message>
+    <message>
+        <source>&amp;Time:</source>
+        <translation>&amp;Période :</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;De :</translation>
+    </message>
+    <message>
+        <source>T&amp;o:</source>
+        <translation>&amp;À :</translation>
+    </message>
+    <message>
+        <source>&amp;Engineer:</source>
+        <translation>&amp;Technicien :</translation>
+    </message>
+    <message>
+        <source>&amp;Customer&apos;s reference:</source>
+        <translation>Référence du &amp;client :</translation>
+    </message>
+    <message>
+        <source>Re&amp;marks:</source>
+        <translation>Re&amp;marques :</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>Papie&amp;r :</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start</source>
+        <translation>Cette visite : depuis le premier démarrage du jour</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>From, to</source>
+        <translation>De, à</translation>
+    </message>
+    <message>
+        <source>&amp;Settings of all LDB&apos;s as an appendix</source>
+        <translation>Paramètre&amp;s de tous les LDB en annexe</translation>
+    </message>
+    <message>
+        <source>Those that were read in this time. &quot;Settings of all LDB&apos;s&quot; reads them all</source>
+        <translation>Ceux qui ont été lus pendant cette période. « Paramètres de tous les LDB » les lit tous</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation>Actualis&amp;er</translation>
+    </message>
+    <message>
+        <source>Reads the recording again (F5)</source>
+        <translation>Relit l&apos;enregistrement (F5)</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>Enregistrer en PD&amp;F...</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML...</source>
+        <translation>Enregistrer en &amp;HTML...</translation>
+    </message>
+    <message>
+        <source>Pri&amp;nt...</source>
+        <translation>&amp;Imprimer...</translation>
+    </message>
+    <message>
+        <source>Pages of the report</source>
+        <translation>Pages du rapport</translation>
     </message>
 </context>
 <context>
@@ -2934,6 +3751,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installation...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3622,6 +4447,464 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Les LDB ne sont pas tous surveillés.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Page %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvert</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Court-circuit</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Amplificateur</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Côté primaire</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Côté secondaire</translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation>Le bus n&apos;était pas surveillé de %1 à %2 (%3).</translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation>%1, apparu et disparu entre deux observations</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation>
+            <numerusform>%1, %n fois</numerusform>
+            <numerusform>%1, %n fois</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation>toujours présent</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>non suivi</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation>non terminé</translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation>%1, approximativement au FIM %2</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation>Rien n&apos;est enregistré pour cette période.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation>
+            <numerusform>%n LDB a été trouvé.</numerusform>
+            <numerusform>%n LDB ont été trouvés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation>Aucun LDB n&apos;a de défaut actuellement.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation>LDB avec un défaut actuellement (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation>LDB gardant en mémoire un défaut disparu (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation>Aucun LDB n&apos;est perdu.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation>LDB perdus (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation>Connus de cette installation et non trouvés : %1.</translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation>Trouvés et jamais entendus : %1.</translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation>Perdus, et donc sans valeurs : %1.</translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation>Entendus pour la dernière fois avant cette période : %1.</translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation>Dans la liste un certain temps seulement : %1.</translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation>Sans ID de firmware confirmé : %1.</translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation>Paramètres non lus pendant cette période : %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation>
+            <numerusform>%n échange de %1 à %2 n&apos;est pas enregistré.</numerusform>
+            <numerusform>%n échanges de %1 à %2 ne sont pas enregistrés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation>%1 ms, au plus %2 ms</translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation>Qualité de la ligne : rien n&apos;a été demandé.</translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation>Qualité de la ligne : bonne. Sur %1 questions, %2 ont reçu une bonne réponse.</translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation>Qualité de la ligne : mauvaise. Sur %1 questions, %2 ont reçu une bonne réponse.</translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation>Courant primaire</translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation>Courant secondaire</translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation>Rapport de la visite</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>code of this language</comment>
+        <translation>fr</translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation>Lieu et date</translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation>Technicien</translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation>Référence du client</translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Remarques</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation>Non entendu</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation>État au</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>Défauts</translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation>Aucun défaut n&apos;a été enregistré.</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Défaut</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation>Aucune recherche de défaut ni mise en service n&apos;a été enregistrée.</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Mise en service</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Côté</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Résultat</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation>FIM comptés</translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation>Dernière fois, %1</translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation>Dernière fois : aucune enregistrée</translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation>
+            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
+            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation>Les courants des deux côtés pendant la recherche.</translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation>Paramètres modifiés</translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation>Aucune modification de paramètre n&apos;a été enregistrée.</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Paramètre</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>Ancien</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nouveau</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Quand</translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation>Relecture</translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation>Repères du technicien</translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation>Aucun repère n&apos;a été posé.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Repère</translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation>Autres événements</translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation>Aucun autre événement n&apos;a été enregistré.</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Événement</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Qualité de la ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation>
+            <numerusform>%n LDB a répondu à chaque question du premier coup.</numerusform>
+            <numerusform>%n LDB ont répondu à chaque question du premier coup.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Questions</translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation>Bonnes réponses</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Endommagées</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation>Sans réponse</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Écartées</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation>Réponse après</translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation>Non examiné ou sans réponse</translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation>Chaque LDB a été examiné et a répondu, et rien ne manque dans l&apos;enregistrement de cette période.</translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation>Annexe : paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lu</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>non lu</translation>
     </message>
 </context>
 <context>

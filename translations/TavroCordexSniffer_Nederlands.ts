@@ -476,6 +476,167 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>Evidence</name>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the &amp;Visit...</source>
+        <translation>&amp;Verslag van het bezoek...</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation type="unfinished">LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation type="unfinished">Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation type="unfinished">s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation type="unfinished">Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation type="unfinished">Voortgang</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1016,6 +1177,17 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Not heard yet</source>
         <translation>Nog niet gehoord</translation>
+    </message>
+</context>
+<context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1844,6 +2016,77 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>LineQuality</name>
+    <message>
+        <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDBs %1 alone: look at their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDBs %1 alone: look at them and their connections.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1 alone: look at its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1 alone: look at it and its connection.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too few exchanges to say anything of the line.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answers came at unusual times, and were not believed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The line is good: no more than one exchange in a thousand was not.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing stands out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>LinkNotices</name>
     <message>
         <source>Another program is using this port.</source>
@@ -2194,6 +2437,14 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Table...</source>
         <translation>Tabel...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2345,6 +2596,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>no serial port is chosen</source>
         <translation>er is geen seriële poort gekozen</translation>
     </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MuteMarks</name>
@@ -2401,6 +2656,13 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>The filter hides LDBs that are lost or faulty: click to show all</source>
         <translation>Het filter verbergt LDB&apos;s die verloren of fout zijn: klik om alle te tonen</translation>
+    </message>
+</context>
+<context>
+    <name>OverviewQuality</name>
+    <message>
+        <source>The line in the last 15 minutes: %1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2594,6 +2856,216 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>QualityDisplay</name>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows how well the exchanges with each LDB go, and went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityModel</name>
+    <message>
+        <source>Bus</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">Naam</translation>
+    </message>
+    <message>
+        <source>How often the LDB was asked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exchanges</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a sound answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges with a damaged answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of exchanges without an answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Half of the answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(median)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>95 of 100 answers came within this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer time
+(95 %)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much was bad, over time: the higher a bar, the more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QualityWindow</name>
+    <message>
+        <source>Recorded: up to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Answer times with ≈ are of an evenly spread sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now (5 minutes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last week</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How far back the quality of the line is looked at</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line quality, worst first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small bars in the overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2743,6 +3215,107 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation>kortsluiting</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>verbonden</translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation>%1: niet gevolgd</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation>
+            <numerusform>%1: %n FIM geteld</numerusform>
+            <numerusform>%1: %n FIM&apos;s geteld</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation>
+            <numerusform>%1: %n FIM geteld, verbonden</numerusform>
+            <numerusform>%1: %n FIM&apos;s geteld, verbonden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation>%1: %2, ongeveer bij FIM %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation>%1: %2 -&gt; %3, %4</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>gecontroleerd</translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation>aanvaard, niet gecontroleerd</translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation>geweigerd door de LDB</translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation>niet beantwoord, niet gecontroleerd</translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation>de LDB heeft een andere waarde</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>niet verzonden</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Primaire zijde</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Secundaire zijde</translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation>primaire zijde ongeveer bij FIM %1</translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation>secundaire zijde ongeveer bij FIM %1</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Aardlek</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>DC-lek in de lus</translation>
+    </message>
+</context>
+<context>
     <name>RecordingExport</name>
     <message>
         <source>Time</source>
@@ -2763,6 +3336,119 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>After</source>
         <translation>Daarna</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished">OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2814,6 +3500,137 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWindow</name>
+    <message>
+        <source>Printed.</source>
+        <translation>Afgedrukt.</translation>
+    </message>
+    <message>
+        <source>It could not be printed.</source>
+        <translation>Het kon niet worden afgedrukt.</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start, %1</source>
+        <translation>Dit bezoek: sinds de eerste start van vandaag, %1</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>Het einde van de periode ligt voor het begin.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Opname wordt gelezen...</translation>
+    </message>
+    <message>
+        <source>Making the pages...</source>
+        <translation>Pagina&apos;s worden gemaakt...</translation>
+    </message>
+    <message>
+        <source>Save the Report as PDF</source>
+        <translation>Verslag opslaan als PDF</translation>
+    </message>
+    <message>
+        <source>Save the Report as HTML</source>
+        <translation>Verslag opslaan als HTML</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wordt geschreven</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Report of the Visit</source>
+        <translation>Verslag van het bezoek</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 kon niet worden geschreven.</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Bezig met afdrukken...</translation>
+    </message>
+    <message>
+        <source>&amp;Time:</source>
+        <translation>&amp;Tijd:</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;Van:</translation>
+    </message>
+    <message>
+        <source>T&amp;o:</source>
+        <translation>T&amp;ot:</translation>
+    </message>
+    <message>
+        <source>&amp;Engineer:</source>
+        <translation>T&amp;echnicus:</translation>
+    </message>
+    <message>
+        <source>&amp;Customer&apos;s reference:</source>
+        <translation>&amp;Kenmerk van de klant:</translation>
+    </message>
+    <message>
+        <source>Re&amp;marks:</source>
+        <translation>Op&amp;merkingen:</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>&amp;Papier:</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start</source>
+        <translation>Dit bezoek: sinds de eerste start van vandaag</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Vandaag</translation>
+    </message>
+    <message>
+        <source>From, to</source>
+        <translation>Van, tot</translation>
+    </message>
+    <message>
+        <source>&amp;Settings of all LDB&apos;s as an appendix</source>
+        <translation>In&amp;stellingen van alle LDB&apos;s als bijlage</translation>
+    </message>
+    <message>
+        <source>Those that were read in this time. &quot;Settings of all LDB&apos;s&quot; reads them all</source>
+        <translation>Die in deze tijd zijn gelezen. &quot;Instellingen van alle LDB&apos;s&quot; leest ze allemaal</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation>Ver&amp;nieuwen</translation>
+    </message>
+    <message>
+        <source>Reads the recording again (F5)</source>
+        <translation>Leest de opname opnieuw (F5)</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>Opslaan als P&amp;DF...</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML...</source>
+        <translation>Opslaan als &amp;HTML...</translation>
+    </message>
+    <message>
+        <source>Pri&amp;nt...</source>
+        <translation>&amp;Afdrukken...</translation>
+    </message>
+    <message>
+        <source>Pages of the report</source>
+        <translation>Pagina&apos;s van het verslag</translation>
     </message>
 </context>
 <context>
@@ -2934,6 +3751,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installatie...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3622,6 +4447,464 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Not all LDBs are monitored.</source>
         <translation>Niet alle LDB&apos;s worden bewaakt.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation type="unfinished">LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Pagina %1 van %2</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Kortsluiting</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbonden</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Lus</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Versterker</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Primaire zijde</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Secundaire zijde</translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation>De bus werd niet bewaakt van %1 tot %2 (%3).</translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation>%1, kwam en ging tussen twee waarnemingen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation>
+            <numerusform>%1, %n keer</numerusform>
+            <numerusform>%1, %n keer</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation>nog aanwezig</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>niet gevolgd</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation>niet beëindigd</translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation>%1, ongeveer bij FIM %2</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation>Van deze tijd is niets opgenomen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation>
+            <numerusform>%n LDB is gevonden.</numerusform>
+            <numerusform>%n LDB&apos;s zijn gevonden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation>Geen LDB heeft nu een fout.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation>LDB&apos;s met nu een fout (%1): %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation>LDB&apos;s die een verdwenen fout onthouden (%1): %2.</translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation>Geen LDB is verloren.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation>Verloren LDB&apos;s (%1): %2.</translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation>Bekend van deze installatie en niet gevonden: %1.</translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation>Gevonden en nooit gehoord: %1.</translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation>Verloren, en daarom zonder waarden: %1.</translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation>Laatst gehoord voor deze tijd: %1.</translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation>Slechts tijdelijk in de lijst: %1.</translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation>Zonder bevestigde firmware-ID: %1.</translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation>Instellingen in deze tijd niet gelezen: %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation>
+            <numerusform>%n uitwisseling van %1 tot %2 is niet opgenomen.</numerusform>
+            <numerusform>%n uitwisselingen van %1 tot %2 zijn niet opgenomen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation>%1 ms, hoogstens %2 ms</translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation>Lijnkwaliteit: er werd niets gevraagd.</translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation>Lijnkwaliteit: goed. Van %1 vragen is %2 goed beantwoord.</translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation>Lijnkwaliteit: niet goed. Van %1 vragen is %2 goed beantwoord.</translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation>Primaire stroom</translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation>Secundaire stroom</translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation>Verslag van het bezoek</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>code of this language</comment>
+        <translation>nl</translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation>Plaats en datum</translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation>Technicus</translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation>Klant</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Plaats</translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation>Kenmerk van de klant</translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation>Begonnen</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Beëindigd</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programma</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Poort</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Opmerkingen</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Samenvatting</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation>Niet gehoord</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation>Stand van</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>Fouten</translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation>Er is geen fout opgenomen.</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>niet bekend</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Begin</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Einde</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duur</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation>Er is geen foutzoeking of inbedrijfstelling opgenomen.</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Zijde</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Resultaat</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation>FIM&apos;s geteld</translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation>Vorige keer, %1</translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation>Vorige keer: niet opgenomen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation>
+            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
+            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation>De stromen van beide zijden tijdens het zoeken.</translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation>Gewijzigde instellingen</translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation>Er is geen wijziging van een instelling opgenomen.</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Instelling</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>Oud</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nieuw</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wanneer</translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation>Teruggelezen</translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation>Markeringen van de technicus</translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation>Er is geen markering gemaakt.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markering</translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation>Andere gebeurtenissen</translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation>Er is geen andere gebeurtenis opgenomen.</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Gebeurtenis</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Lijnkwaliteit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation>
+            <numerusform>%n LDB heeft elke vraag meteen beantwoord.</numerusform>
+            <numerusform>%n LDB&apos;s hebben elke vraag meteen beantwoord.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Vragen</translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation>Goed beantwoord</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Beschadigd</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation>Niet beantwoord</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Niet geloofd</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation>Antwoord na</translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation>Niet bekeken of niet beantwoord</translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation>Elke LDB is bekeken en heeft geantwoord, en van deze tijd ontbreekt niets in de opname.</translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation>Bijlage: instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Gelezen</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>niet gelezen</translation>
     </message>
 </context>
 <context>

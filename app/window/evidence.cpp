@@ -6,6 +6,7 @@
 #include "app/recording/recordingcontrol.h"
 #include "app/recording/recordingform.h"
 #include "app/recording/recordingindicator.h"
+#include "app/report/reportwindow.h"
 #include "app/window/runcontrol.h"
 #include "ui_mainwindow.h"
 
@@ -20,12 +21,14 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
                                      around.ports, this))
 {
     makeIndicator(around);
+    makeReport(around, window);
     makeMenu(around, window);
 }
 
 Evidence::~Evidence()
 {
     // They use the recording.
+    delete m_report;
     delete m_form;
     delete m_preferences;
     delete m_indicator;
@@ -61,13 +64,32 @@ void Evidence::makeMenu(const Surroundings& around, QWidget* window)
     auto* menu = new QMenu(button);
     menu->setObjectName(QStringLiteral("evidenceMenu"));
     button->setMenu(menu);
+    m_makeReport = menu->addAction(QString(), this, [this] { m_report->open(); });
     m_take = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Log); });
     m_copy = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Copy); });
     menu->addSeparator();
     m_settings = menu->addAction(QString(), this, &Evidence::showPreferences);
+    m_makeReport->setObjectName(QStringLiteral("reportAction"));
     m_take->setObjectName(QStringLiteral("takeHomeAction"));
     m_copy->setObjectName(QStringLiteral("copyVisitAction"));
     m_settings->setObjectName(QStringLiteral("recordingSettingsAction"));
+}
+
+void Evidence::makeReport(const Surroundings& around, QWidget* window)
+{
+    const InstallationControl* installation = around.desk->control();
+    const auto describe = [installation] {
+        const Installation& current = installation->current();
+        ReportRequest request;
+        request.head.installation = current.title();
+        request.head.place = current.place;
+        request.known = current.ldbs;
+        return request;
+    };
+    m_report = new ReportWindow({m_control->access(),
+                                 [control = m_control] { control->recorder()->flush(); },
+                                 around.ports.wallTime, describe},
+                                window);
 }
 
 void Evidence::showPreferences()
@@ -77,6 +99,7 @@ void Evidence::showPreferences()
 
 void Evidence::retranslate()
 {
+    m_makeReport->setText(tr("Report of the &Visit..."));
     m_take->setText(tr("Take Evidence &Home..."));
     m_copy->setText(tr("Save a &Copy of This Visit..."));
     m_settings->setText(tr("&Recording..."));

@@ -18,6 +18,7 @@ class QAction;
 class RecordingControl;
 class RecordingForm;
 class RecordingIndicator;
+class ReportWindow;
 class RunControl;
 class SerialLink;
 
@@ -51,12 +52,15 @@ public:
 private:
     void makeMenu(const Surroundings& around, QWidget* window);
     void makeIndicator(const Surroundings& around);
+    void makeReport(const Surroundings& around, QWidget* window);
 
     QWidget* m_window;
     RecordingControl* m_control;
     QPointer<RecordingIndicator> m_indicator;
     QPointer<RecordingForm> m_preferences;
     QPointer<EvidenceForm> m_form;
+    QPointer<ReportWindow> m_report;
+    QAction* m_makeReport = nullptr;
     QAction* m_take = nullptr;
     QAction* m_copy = nullptr;
     QAction* m_settings = nullptr;

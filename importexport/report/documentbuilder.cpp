@@ -99,7 +99,8 @@ std::vector<double> widthsOf(const Table& table, double page)
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         QSet<QString> words = wordsOf(table.columns[i].title);
         for (const auto& row : table.rows) {
-            words += wordsOf(row[i].text);
+            words +=
+                table.columns[i].isInOneLine ? QSet<QString>{row[i].text} : wordsOf(row[i].text);
         }
         double width = 0;
         for (const QString& word : qAsConst(words)) {

@@ -87,17 +87,17 @@ QString faultyText(const ReportedLdb& ldb)
     using namespace generalinformation;
     const QList<QStringList>& rows = ldb.record.rows;
     QStringList what;
-    const auto add = [&what, &rows](Row row, FaultLevel level) {
+    const auto add = [&what, &rows](Row row, const QString& part, FaultLevel level) {
         if (level != FaultLevel::None) {
-            what.append(text(rows, row));
+            what.append(QStringLiteral("%1: %2").arg(part, text(rows, row)));
         }
     };
     if (isOutOfOrder(rows)) {
         what.append(text(rows, ModeRow));
     }
-    add(LoopRow, ldbLoopFault(integer(rows, LoopRow)));
-    add(EarthRow, ldbEarthFault(integer(rows, EarthRow)));
-    add(AmplifierRow, ldbAmplifierFault(integer(rows, AmplifierRow)));
+    add(LoopRow, Texts::tr("Loop"), ldbLoopFault(integer(rows, LoopRow)));
+    add(EarthRow, Texts::tr("Earth"), ldbEarthFault(integer(rows, EarthRow)));
+    add(AmplifierRow, Texts::tr("Amplifier"), ldbAmplifierFault(integer(rows, AmplifierRow)));
     const auto port = [&what, &rows](Row row, const QString& side) {
         if (integer(rows, row) == kMissingMeasurement) {
             what.append(QStringLiteral("%1: %2").arg(side, text(rows, row)));

@@ -30,6 +30,7 @@ public:
 private:
     using Step = std::function<void(RecordingReader&)>;
 
+    void takeNotices(RecordingReader& reader);
     void readFrame(RecordingReader& reader);
     void readLdbs(RecordingReader& reader);
     void addLeft(RecordingReader& reader, const QStringList& hexIds);

@@ -64,6 +64,7 @@ void Composer::table(std::vector<Column> columns, Rows rows)
 ReportContents Composer::compose()
 {
     m_contents.title = Texts::tr("Report of the visit");
+    m_contents.language = Texts::tr("en", "code of this language");
     m_contents.subject = m_report.head.installation;
     putHead();
     putSummary();
@@ -157,7 +158,7 @@ void Composer::putLdbs()
              text(record, TimestampRow)});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Mode"), 23},
            {Texts::tr("Loop"), 24},
            {Texts::tr("Earth"), 21},
@@ -188,7 +189,7 @@ void Composer::putFaults()
              {durationOf(fault, m_report), fault.isThere() ? Cell::Tone::Bad : Cell::Tone::Plain}});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Fault"), 46},
            {Texts::tr("Begin"), 36},
            {Texts::tr("End"), 36},
@@ -273,7 +274,7 @@ void Composer::putChanges()
                          isGood ? Cell::Tone::Plain : Cell::Tone::Warned}});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Setting"), 38},
            {Texts::tr("Old"), 24},
            {Texts::tr("New"), 24},
@@ -346,7 +347,7 @@ void Composer::putLine()
     }
     if (!rows.empty()) {
         table({{Texts::tr("ID"), 9},
-               {Texts::tr("Name"), 30},
+               {Texts::tr("Name"), 30, true},
                {Texts::tr("Questions"), 22},
                {Texts::tr("Answered well"), 24},
                {Texts::tr("Damaged"), 22},
@@ -376,7 +377,8 @@ void Composer::putSettings()
     std::vector<Column> columns{{Texts::tr("ID"), 9}};
     columns.reserve(kLdbFields.size() + 2);
     for (const LdbField field : kLdbFields) {
-        columns.push_back({fieldName(field), field == LdbField::Name ? 27 : 17});
+        const bool isName = field == LdbField::Name;
+        columns.push_back({fieldName(field), isName ? 27 : 17, isName});
     }
     columns.push_back({Texts::tr("Read"), 22});
     Rows rows;
