@@ -207,7 +207,6 @@ void DocumentBuilder::beginBlock(double above, double below)
     placed.place = {m_part, -1};
     placed.position = m_cursor.position();
     placed.margin = above;
-    placed.isLastOfPart = true;
     m_placed.push_back(placed);
 }
 
@@ -276,7 +275,6 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
         here.place = {m_part, static_cast<int>(row)};
         here.table = placed;
         here.row = placedRow;
-        here.isLastOfPart = row + 1 == to;
         m_placed.push_back(here);
     }
     // What follows a table; Qt wants a block there.
@@ -309,16 +307,17 @@ void DocumentBuilder::put(const Signatures& signatures)
         captions.emplace_back(caption);
     }
     table.rows.push_back(std::move(captions));
+    beginBlock(kSignatureSpace, 0); // room to sign
+    m_placed.back().isHeading = true;
     m_widths = widthsOf(table, m_body.width());
     putRows(table, 0, 1);
     QTextTable* placed = m_placed.back().table;
     for (int column = 0; column < placed->columns(); ++column) {
         QTextTableCell cell = placed->cellAt(0, column);
         QTextTableCellFormat format = cell.format().toTableCellFormat();
-        format.setTopPadding(kSignatureSpace);
-        format.setBottomBorder(kLine);
-        format.setBottomBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBottomBorderBrush(QColor(Qt::black));
+        format.setTopBorder(kLine);
+        format.setTopBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setTopBorderBrush(QColor(Qt::black));
         cell.setFormat(format);
     }
 }
@@ -349,7 +348,7 @@ std::vector<DocumentBuilder::Unit> DocumentBuilder::measure(const QTextDocument&
                 rect |= head;
             } else if (hasHead) {
                 unit.head = head.height();
-            } else {
+            } else if (placed.place.second == 0) {
                 rect.setTop(layout->frameBoundingRect(placed.table).top());
             }
         } else {

@@ -65,7 +65,6 @@ private:
         int row = -1; ///< in that table
         double margin = 0;
         bool isHeading = false;
-        bool isLastOfPart = false;
     };
     std::vector<Placed> m_placed;
 };
