@@ -17,6 +17,8 @@ namespace recordingexport {
 namespace {
 
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+constexpr qint64 kMicroseconds = 1000000;
+constexpr QLatin1Char kSeparator(';');
 
 struct Texts
 {
@@ -124,25 +126,37 @@ QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
     return inPieces(reader, span, device, goesOn, capturePiece());
 }
 
+QString eventHeader()
+{
+    return QStringList{Texts::tr("Time"),  Texts::tr("LDB"),    Texts::tr("Duration [s]"),
+                       Texts::tr("Event"), Texts::tr("Before"), Texts::tr("After")}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
+QString eventLine(const RecordedEvent& event)
+{
+    const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
+                             .toString(generalinformation::kMillisecondsFormat);
+    const QString seconds =
+        event.since == 0 ? QString() : QString::number((event.at - event.since) / kMicroseconds);
+    const bool hasValues = event.hasValues();
+    return QStringList{time,
+                       event.hexId,
+                       seconds,
+                       quoted(event.description()),
+                       hasValues ? quoted(event.before) : QString(),
+                       hasValues ? quoted(event.after) : QString()}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
 Piece eventsPiece()
 {
     return [hasHeader = false](RecordingReader& reader, TimeSpan piece, QIODevice& device) mutable {
-        const QChar separator = QLatin1Char(';');
-        QString lines;
-        if (!std::exchange(hasHeader, true)) {
-            lines = QStringList{Texts::tr("Time"), Texts::tr("LDB"), Texts::tr("Event"),
-                                Texts::tr("Before"), Texts::tr("After")}
-                        .join(separator) +
-                    QLatin1Char('\n');
-        }
+        QString lines = std::exchange(hasHeader, true) ? QString() : eventHeader();
         for (const RecordedEvent& event : reader.events(piece)) {
-            const QString time =
-                QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
-                    .toString(generalinformation::kMillisecondsFormat);
-            lines += QStringList{time, event.hexId, quoted(event.description()),
-                                 quoted(event.before), quoted(event.after)}
-                         .join(separator) +
-                     QLatin1Char('\n');
+            lines += eventLine(event);
         }
         return put(device, lines.toUtf8());
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
 
 #include <QString>
@@ -40,6 +41,9 @@ Piece logPiece(const LogChoice& choice);
 QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
                      const GoesOn& goesOn = {});
 
+/// The lines of such a table, each with its end: the header, and that of an event.
+QString eventHeader();
+QString eventLine(const RecordedEvent& event);
 Piece capturePiece();
 
 /// The events of a span as a table, separated by ";", in the language and local time in force.

@@ -297,7 +297,8 @@ bool RecordingFile::insert(const RecordedEvent& row)
     query.bindValue(3, static_cast<int>(row.place));
     query.bindValue(4, row.since);
     query.bindValue(5, row.count);
-    query.bindValue(6, row.isStill ? 1 : 0);
+    query.bindValue(6, (row.isStill ? filerow::kStillFlag : 0) |
+                           (row.isVague ? filerow::kVagueFlag : 0));
     query.bindValue(7, orNull(row.before));
     query.bindValue(8, orNull(row.after));
     query.bindValue(9, orNull(row.text));

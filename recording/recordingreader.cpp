@@ -211,10 +211,10 @@ std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)
+std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 {
-    return collect(span, &RecordedEvent::at,
-                   [&](RecordingSource& source) { return source.events(span); });
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.events(span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)

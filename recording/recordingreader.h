@@ -52,8 +52,8 @@ public:
     /// Those that overlap the span. With `each` above 1 so many minutes from the span's begin on
     /// are summed up in one; `at` is then where they begin. LDBs that were not asked have none.
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each = 1);
-    /// Those that people care for.
-    std::vector<RecordedEvent> events(TimeSpan span);
+    /// Those that people care for; with a limit the last ones.
+    std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
     /// Those that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
     /// The rounds that began in the span; with a limit the last ones.

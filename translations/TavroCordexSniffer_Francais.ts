@@ -476,6 +476,197 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation type="unfinished">%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation type="unfinished">Défauts</translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation type="unfinished">Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation type="unfinished">non terminé</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished">Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation type="unfinished">LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished">Durée</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation type="unfinished">Événement</translation>
+    </message>
+</context>
+<context>
     <name>Evidence</name>
     <message>
         <source>Nothing has been recorded yet.</source>
@@ -501,6 +692,18 @@ maintenance</translation>
         <source>&amp;Recording...</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation type="unfinished">la connexion à %1 a été perdue</translation>
+    </message>
 </context>
 <context>
     <name>EvidenceForm</name>
@@ -522,7 +725,7 @@ maintenance</translation>
     </message>
     <message>
         <source>The end of the span is before its begin.</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">La fin de la période est avant son début.</translation>
     </message>
     <message>
         <source>Take Evidence Home</source>
@@ -534,11 +737,11 @@ maintenance</translation>
     </message>
     <message>
         <source>Writing %1</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Écriture de %1</translation>
     </message>
     <message>
         <source>Saved: %1</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Enregistré : %1</translation>
     </message>
     <message>
         <source>Stopped: %1 is not complete, or was not written.</source>
@@ -550,7 +753,7 @@ maintenance</translation>
     </message>
     <message>
         <source>%1 could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">%1 n&apos;a pas pu être écrit.</translation>
     </message>
     <message>
         <source>What</source>
@@ -590,7 +793,7 @@ maintenance</translation>
     </message>
     <message>
         <source>When</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Quand</translation>
     </message>
     <message>
         <source>The last &amp;hour</source>
@@ -1232,6 +1435,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
     </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ImportExportDeviceSettings</name>
@@ -1658,14 +1865,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>LDB %1 is gone. These changes were not saved:</source>
         <translation>Le LDB %1 a disparu. Ces modifications n’ont pas été enregistrées&#xa0;:</translation>
-    </message>
-    <message>
-        <source>The settings have not been read yet.</source>
-        <translation>Les réglages n’ont pas encore été lus.</translation>
-    </message>
-    <message>
-        <source>Tick Enable Open Detection first.</source>
-        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
@@ -2497,6 +2696,29 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation type="unfinished">Repère</translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished">Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Annuler</translation>
+    </message>
+</context>
+<context>
     <name>Monitoring</name>
     <message>
         <source>%1 d</source>
@@ -2859,7 +3081,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>QualityDisplay</name>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Qualité de la ligne</translation>
     </message>
     <message>
         <source>Shows how well the exchanges with each LDB go, and went</source>
@@ -2902,7 +3124,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Damaged</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Endommagées</translation>
     </message>
     <message>
         <source>Share of exchanges without an answer</source>
@@ -2918,7 +3140,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Not believed</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Écartées</translation>
     </message>
     <message>
         <source>Half of the answers came within this time</source>
@@ -2959,7 +3181,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Reading the recording...</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Lecture de l&apos;enregistrement...</translation>
     </message>
     <message>
         <source>Answer times with ≈ are of an evenly spread sample.</source>
@@ -2967,7 +3189,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished"></translation>
+        <translation type="unfinished">Qualité de la ligne</translation>
     </message>
     <message>
         <source>Now (5 minutes)</source>
@@ -3103,10 +3325,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Lost</source>
         <translation>Perdu</translation>
     </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Mode, maintenant %1</translation>
-    </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
         <translation>
@@ -3212,6 +3430,30 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>%1 d %2 h</source>
         <translation>%1 j %2 h</translation>
+    </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3336,6 +3578,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3634,6 +3880,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RunFindings</name>
+    <message>
+        <source>Attention</source>
+        <translation type="unfinished">Attention</translation>
+    </message>
+</context>
+<context>
     <name>SerialLink</name>
     <message>
         <source>The former connection has not ended yet.</source>
@@ -3656,6 +3909,17 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFields</name>
+    <message>
+        <source>Tick Enable Open Detection first.</source>
+        <translation type="unfinished">Cochez d’abord Activer la détection de coupure.</translation>
+    </message>
+    <message>
+        <source>The settings have not been read yet.</source>
+        <translation type="unfinished">Les réglages n’ont pas encore été lus.</translation>
     </message>
 </context>
 <context>
@@ -4905,6 +5169,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>not read</source>
         <translation>non lu</translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -45,6 +45,7 @@ public slots:
 
 private:
     void followLink();
+    void followPort();
     void followInstallation();
     void tell(const RecordingNotice& notice);
 
@@ -55,4 +56,6 @@ private:
     QString m_folder;
     RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
+    bool m_isOpen = false;     ///< the port
+    qint64 m_lostAt = 0;       ///< when the port was lost; 0: it is not, or has come back
 };

@@ -9,12 +9,15 @@ namespace Ui {
 class MainWindow;
 }
 
+class EventDesk;
 class EvidenceForm;
 class InstallationDesk;
 class LdbViews;
 class LdbWork;
+class LookBack;
 class Notices;
 class QAction;
+class QualityDisplay;
 class RecordingControl;
 class RecordingForm;
 class RecordingIndicator;
@@ -44,18 +47,27 @@ public:
     /// What was told by now is on the disk afterwards.
     ~Evidence() override;
 
+    LookBack* lookBack() const { return m_lookBack; }
+    /// Shows the present.
+    void goLive();
     /// Opens the form that says what is recorded.
     void showPreferences();
     /// Shows in the language in force what no form of its own does.
     void retranslate();
 
 private:
-    void makeMenu(const Surroundings& around, QWidget* window);
     void makeIndicator(const Surroundings& around);
     void makeReport(const Surroundings& around, QWidget* window);
+    void makeMenu(const Surroundings& around, QWidget* window);
+    void initLookBack(const Surroundings& around, QWidget* window);
+    void showQuality(const Surroundings& around);
 
     QWidget* m_window;
     RecordingControl* m_control;
+    // All owned as children, of this object or of the window.
+    LookBack* m_lookBack = nullptr;
+    EventDesk* m_events;
+    QualityDisplay* m_quality = nullptr;
     QPointer<RecordingIndicator> m_indicator;
     QPointer<RecordingForm> m_preferences;
     QPointer<EvidenceForm> m_form;

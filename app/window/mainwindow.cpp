@@ -163,6 +163,7 @@ void MainWindow::on_reloadDevicesButton_clicked()
 void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
+        m_evidence->goLive(); // a run begins
         m_portName = comPort;
         m_work->forget();
         m_run->changePort(comPort);
@@ -247,6 +248,7 @@ void MainWindow::setLdbActionButtonsState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
+    WhyNot::permit(m_ui->startButton, controls.start);
     WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
     m_views->setSelectionEnabled(controls.selection);
     m_work->apply(controls);

@@ -92,7 +92,7 @@ private slots:
     void share_data()
     {
         const Table<qint64, qint64, QString> row("part", "whole", "shown");
-        row("over nothing", 0, 0, "-");
+        row("over nothing", 0, 0, "\u2013");
         row("none", 0, 7, "0 %");
         row("all", 7, 7, "100 %");
         row("one in a million", 1, 1000000, "< 0.01 %");

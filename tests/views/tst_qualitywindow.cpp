@@ -122,7 +122,8 @@ private slots:
         desk.now += 60 * kMinute;
         VirtualTime::current()->advance(6000);
         QCOMPARE(Shown(*window).table->model()->rowCount(), 1);
-        QCOMPARE(Shown(*window).row(0), QString("Bus||0|-|-|-|-|-|-"));
+        QCOMPARE(Shown(*window).row(0),
+                 QString("Bus||0|\u2013|\u2013|\u2013|\u2013|\u2013|\u2013"));
         QCOMPARE(Shown(*window).words, QString("Too few exchanges to say anything of the line."));
     }
 
@@ -148,7 +149,7 @@ private slots:
         Desk desk(false);
         const auto window = desk.open();
         const Shown now(*window);
-        QCOMPARE(now.row(1), QString("2B|Hall 2B|150|66.67 %|33.33 %|0 %|0 %|-|-"));
+        QCOMPARE(now.row(1), QString("2B|Hall 2B|150|66.67 %|33.33 %|0 %|0 %|\u2013|\u2013"));
         QVERIFY(now.note.startsWith("Nothing is recorded"));
     }
 

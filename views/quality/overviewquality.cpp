@@ -37,6 +37,8 @@ OverviewQuality::OverviewQuality(QTableView* view, const LiveQuality* live, Reco
     m_refresh.setInterval(kRefreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &OverviewQuality::refresh);
     m_refresh.start();
+    // What was asked of the former one is not answered.
+    connect(m_access, &RecordingAccess::pathChanged, this, [this] { m_asked.reset(); });
 }
 
 void OverviewQuality::setBarsShown(bool areShown)
@@ -70,11 +72,19 @@ void OverviewQuality::refresh()
         take(end, m_live->minutes(span));
         return;
     }
+    if (m_asked) {
+        return; // what comes next is read behind it
+    }
+    m_asked = end;
     m_access->ask(
         this, [span](RecordingReader& reader) { return reader.minutes({}, span); },
         [this, end](const std::vector<RecordedMinute>& minutes) {
-            if (m_shown == end) {
+            m_asked.reset();
+            if (m_shown) {
                 take(end, minutes);
+            }
+            if (m_shown && *m_shown != end) {
+                refresh();
             }
         });
 }

@@ -29,7 +29,7 @@ public:
                     std::function<qint64()> moment, QObject* parent = nullptr);
 
     bool areShown() const { return m_areShown; }
-    /// The moment that is shown instead of the present.
+    /// The moment that is shown instead of the present. May come many times a second.
     void setShown(std::optional<qint64> at);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -51,6 +51,7 @@ private:
     RecordingAccess* m_access;
     std::function<qint64()> m_moment;
     std::optional<qint64> m_shown;
+    std::optional<qint64> m_asked; ///< the moment that is being read
     bool m_areShown = true;
     QHash<QString, std::vector<QualityBar>> m_bars; ///< by LDB
     QTimer m_refresh;

@@ -74,9 +74,7 @@ std::optional<QualityHistory::Need> QualityHistory::need() const
 {
     const TimeSpan whole = span();
     if (m_readUntil < whole.to) {
-        // Of the last bar that was read, more may have come.
-        const qint64 from =
-            std::max(whole.from, m_readUntil == 0 ? 0 : barBegin(m_readUntil - kSettled));
+        const qint64 from = std::max(whole.from, barBegin(m_settledUntil));
         return Need{{from, std::min(whole.to, from + kPiece)},
                     static_cast<int>(barLength() / kMinute),
                     false};
@@ -115,6 +113,7 @@ void QualityHistory::take(const Need& need, const std::vector<RecordedMinute>& m
         m_bars[minute.hexId][barBegin(minute.at)].add(minute);
     }
     m_readUntil = std::max(m_readUntil, need.span.to);
+    m_settledUntil = std::min(m_readUntil, m_end - kSettled);
 }
 
 void QualityHistory::take(const Need& need, const std::vector<std::pair<QString, int>>& flights)
@@ -127,6 +126,7 @@ void QualityHistory::take(const Need& need, const std::vector<std::pair<QString,
 void QualityHistory::clear()
 {
     m_readUntil = 0;
+    m_settledUntil = 0;
     m_bars.clear();
     m_flights.clear();
     m_flightsUntil.clear();

@@ -73,7 +73,8 @@ private:
 
     QualityReach m_reach = QualityReach::Now;
     qint64 m_end = 0;
-    qint64 m_readUntil = 0; ///< the minutes up to here are there; 0 for none
+    qint64 m_readUntil = 0;    ///< the minutes up to here are there; 0 for none
+    qint64 m_settledUntil = 0; ///< and nothing more comes to those up to here
     QMap<QString, QMap<qint64, QualityCounts>> m_bars;            ///< by LDB and begin
     QMap<qint64, std::vector<std::pair<QString, int>>> m_flights; ///< by the piece's begin
     QMap<qint64, qint64> m_flightsUntil;                          ///< how far each piece was read

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int kRefreshInterval = 5000; // ms
+constexpr int kPace = 300;             // ms between two moments that are read
 
 using Flights = std::vector<std::pair<QString, int>>;
 
@@ -37,6 +38,13 @@ QualityReading::QualityReading(RecordingAccess* access, const LiveQuality* live,
 {
     m_refresh.setInterval(kRefreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &QualityReading::refresh);
+    m_pace.setSingleShot(true);
+    m_pace.setInterval(kPace);
+    connect(&m_pace, &QTimer::timeout, this, [this] {
+        if (std::exchange(m_isDue, false)) {
+            refreshPaced();
+        }
+    });
     connect(m_access, &RecordingAccess::pathChanged, this, &QualityReading::restart);
 }
 
@@ -55,9 +63,24 @@ void QualityReading::setReach(QualityReach reach)
 void QualityReading::setShown(std::optional<qint64> at)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (at != m_shown) {
-        m_shown = at;
-        restart();
+    if (at == m_shown) {
+        return;
+    }
+    m_shown = at;
+    if (isOn()) {
+        refreshPaced();
+    }
+}
+
+void QualityReading::refreshPaced()
+{
+    m_isDue = m_pace.isActive();
+    if (!m_isDue) {
+        m_pace.start();
+        // What is asked for is of another moment, and would make this one wait.
+        ++m_generation;
+        m_isAsked = false;
+        refresh();
     }
 }
 

@@ -23,7 +23,7 @@ public:
                    QObject* parent = nullptr);
 
     void setReach(QualityReach reach);
-    /// The moment that is shown instead of the present.
+    /// The moment that is shown instead of the present. May come many times a second.
     void setShown(std::optional<qint64> at);
     /// While off nothing is read. Off at the start.
     void setOn(bool isOn);
@@ -41,6 +41,7 @@ signals:
 
 private:
     void refresh();
+    void refreshPaced();
     void readNext();
     void restart();
 
@@ -51,6 +52,8 @@ private:
     QualityReach m_reach = QualityReach::Now;
     QualityHistory m_history;
     QTimer m_refresh;
+    QTimer m_pace; ///< on: the last moment was taken just now
+    bool m_isDue = false;
     bool m_isAsked = false;
     int m_generation = 0; ///< an answer to a question of a former one is not taken
 };
