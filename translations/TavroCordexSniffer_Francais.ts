@@ -5170,6 +5170,18 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>not read</source>
         <translation>non lu</translation>
     </message>
+    <message>
+        <source>before %1</source>
+        <translation>avant %1</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <translation>au moins %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <translation>au plus %1</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

@@ -5170,6 +5170,18 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>not read</source>
         <translation>niet gelezen</translation>
     </message>
+    <message>
+        <source>before %1</source>
+        <translation>voor %1</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <translation>minstens %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <translation>hoogstens %1</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

@@ -211,21 +211,38 @@ QString faultText(const FaultSpan& fault)
                            : fault.text();
 }
 
+QString beginText(const FaultSpan& fault)
+{
+    if (fault.begun == 0) {
+        return Texts::tr("not known");
+    }
+    return fault.isBeginVague ? Texts::tr("before %1").arg(timeText(fault.begun))
+                              : timeText(fault.begun);
+}
+
 QString endText(const FaultSpan& fault)
 {
     if (fault.isRemembered) {
         return kNoValue;
     }
-    return fault.isThere() ? Texts::tr("still there") : timeText(fault.ended);
+    if (fault.isThere()) {
+        return Texts::tr("still there");
+    }
+    return fault.isEndVague ? Texts::tr("before %1").arg(timeText(fault.ended))
+                            : timeText(fault.ended);
 }
 
 QString durationOf(const FaultSpan& fault, const VisitReport& report)
 {
-    if (fault.isRemembered || fault.begun == 0) {
+    if (fault.isRemembered || fault.begun == 0 || (fault.isBeginVague && fault.isEndVague)) {
         return kNoValue;
     }
     const qint64 end = fault.isThere() ? report.recorded.value_or(report.span).to : fault.ended;
-    return durationText(qMax<qint64>(end - fault.begun, 0));
+    const QString duration = durationText(qMax<qint64>(end - fault.begun, 0));
+    if (fault.isBeginVague) {
+        return Texts::tr("%1 at least").arg(duration);
+    }
+    return fault.isEndVague ? Texts::tr("%1 at most").arg(duration) : duration;
 }
 
 QString sideText(const recordedwork::Finding::Side& side)

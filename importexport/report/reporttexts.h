@@ -16,6 +16,7 @@ QString portsText(const VisitReport& report);
 
 /// What it is, how often, and whether it came and went between two looks.
 QString faultText(const FaultSpan& fault);
+QString beginText(const FaultSpan& fault);
 QString endText(const FaultSpan& fault);
 /// How long; of one that is there still until the end of the report.
 QString durationOf(const FaultSpan& fault, const VisitReport& report);

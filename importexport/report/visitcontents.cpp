@@ -184,7 +184,7 @@ void Composer::putFaults()
             {fault.hexId,
              m_report.nameOf(fault.hexId),
              faultText(fault),
-             fault.begun == 0 ? Texts::tr("not known") : timeText(fault.begun),
+             beginText(fault),
              endText(fault),
              {durationOf(fault, m_report), fault.isThere() ? Cell::Tone::Bad : Cell::Tone::Plain}});
     }

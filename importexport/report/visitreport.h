@@ -63,10 +63,12 @@ struct FaultSpan
     QString hexId;
     FaultPlace place = FaultPlace::None; ///< None: it did not answer
     qint64 begun = 0;
+    // It was so when the LDB was heard again: it has begun, or ended, before.
+    bool isBeginVague = false;
+    bool isEndVague = false;
     qint64 ended = 0;          ///< 0: it is there still at the end of the span
     int times = 1;             ///< of one that came and went
     bool isRemembered = false; ///< it came and went between two looks, at `begun`
-    bool isFlapStill = false;  ///< one that came and went was there at the last look
 
     bool isThere() const { return ended == 0 && !isRemembered; }
     /// For people, in the language in force.
