@@ -259,6 +259,7 @@ void ReportWindow::collect()
 {
     const TimeSpan chosen = span();
     if (chosen.from >= chosen.to) {
+        setState(State::Empty);
         m_status->setText(tr("The end of the span is before its begin."));
         return;
     }
@@ -279,6 +280,14 @@ void ReportWindow::make()
     m_report->head = head();
     setState(State::Making);
     m_maker->make(*m_report, paper());
+}
+
+/// What goes out has all that was typed by then.
+void ReportWindow::makeTyped()
+{
+    if (m_typing.isActive()) {
+        make();
+    }
 }
 
 void ReportWindow::setState(State state)
@@ -354,6 +363,7 @@ void ReportWindow::save(bool isPdf)
         QDir(m_folder).filePath(name.trimmed()), false,
         [this, isPdf](const QString& path) {
             m_folder = QFileInfo(path).absolutePath();
+            makeTyped();
             m_status->setText(tr("Writing %1").arg(QDir::toNativeSeparators(path)));
             isPdf ? m_maker->savePdf(path) : m_maker->saveHtml(path);
         },
@@ -389,6 +399,7 @@ void ReportWindow::print()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     // The dialog uses the printer until it is gone.
     connect(dialog, QOverload<QPrinter*>::of(&QPrintDialog::accepted), this, [this, printer] {
+        makeTyped();
         m_status->setText(tr("Printing..."));
         m_maker->print(printer);
     });

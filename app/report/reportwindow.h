@@ -75,6 +75,7 @@ private:
     void findVisit();
     void collect();
     void make();
+    void makeTyped();
     void setState(State state);
     void updateControls();
     TimeSpan span() const;

@@ -5,7 +5,7 @@
 #include "importexport/report/visitcontents.h"
 #include "recording/recordingreader.h"
 #include "serial/ldb/busaddress.h"
-#include "tests/importexport/reportedvisit.h"
+#include "tests/report/reportedvisit.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/testprogram.h"
 

@@ -1,4 +1,4 @@
-#include "tests/importexport/reportedvisit.h"
+#include "tests/report/reportedvisit.h"
 
 #include "serial/ldb/busaddress.h"
 
