@@ -7,6 +7,24 @@
 
 #include <utility>
 
+namespace {
+
+/// On a disk that gets full, a part is written without an error; the rest tells why.
+bool writeAll(QIODevice& device, const QByteArray& bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 written = device.write(bytes.constData() + done, bytes.size() - done);
+        if (written <= 0) {
+            return false;
+        }
+        done += written;
+    }
+    return true;
+}
+
+} // namespace
+
 /// In the thread: has the document.
 class ReportMakerHost : public QObject
 {
@@ -47,7 +65,7 @@ public:
                                           : htmlOf(m_contents);
         QSaveFile file(path);
         const bool isSaved = !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
-                             file.write(bytes) == bytes.size() && file.commit();
+                             writeAll(file, bytes) && file.commit();
         const QString failure = isSaved ? QString() : file.errorString();
         tell([path, failure](ReportMaker& maker) { emit maker.saved(path, failure); });
     }

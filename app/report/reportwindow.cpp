@@ -245,7 +245,7 @@ void ReportWindow::findVisit()
             const bool isFirst = !m_visit;
             m_visit = visit;
             m_span->setItemText(int(Span::Visit),
-                                tr("This visit: since today's first start, %1")
+                                tr("This visit: since %1, today's first start")
                                     .arg(timeOf(visit.from).toString(QStringLiteral("HH:mm:ss"))));
             if (isFirst) {
                 m_from->setDateTime(timeOf(visit.from));

@@ -89,7 +89,7 @@ QString faultyText(const ReportedLdb& ldb)
     QStringList what;
     const auto add = [&what, &rows](Row row, const QString& part, FaultLevel level) {
         if (level != FaultLevel::None) {
-            what.append(QStringLiteral("%1: %2").arg(part, text(rows, row)));
+            what.append(Texts::tr("%1: %2").arg(part, text(rows, row)));
         }
     };
     if (isOutOfOrder(rows)) {
@@ -100,7 +100,7 @@ QString faultyText(const ReportedLdb& ldb)
     add(AmplifierRow, Texts::tr("Amplifier"), ldbAmplifierFault(integer(rows, AmplifierRow)));
     const auto port = [&what, &rows](Row row, const QString& side) {
         if (integer(rows, row) == kMissingMeasurement) {
-            what.append(QStringLiteral("%1: %2").arg(side, text(rows, row)));
+            what.append(Texts::tr("%1: %2").arg(side, text(rows, row)));
         }
     };
     port(PrimaryVoltageRow, Texts::tr("Primary side"));
