@@ -3759,10 +3759,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>L&apos;impression a échoué.</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start, %1</source>
-        <translation>Cette visite : depuis le premier démarrage du jour, %1</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>La fin de la période est avant son début.</translation>
     </message>
@@ -3877,6 +3873,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Pages of the report</source>
         <translation>Pages du rapport</translation>
+    </message>
+    <message>
+        <source>This visit: since %1, today&apos;s first start</source>
+        <translation>Cette visite : depuis %1, premier démarrage du jour</translation>
     </message>
 </context>
 <context>
@@ -5181,6 +5181,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>%1 at most</source>
         <translation>au plus %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
     </message>
 </context>
 <context>

@@ -3759,10 +3759,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Het kon niet worden afgedrukt.</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start, %1</source>
-        <translation>Dit bezoek: sinds de eerste start van vandaag, %1</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>Het einde van de periode ligt voor het begin.</translation>
     </message>
@@ -3877,6 +3873,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Pages of the report</source>
         <translation>Pagina&apos;s van het verslag</translation>
+    </message>
+    <message>
+        <source>This visit: since %1, today&apos;s first start</source>
+        <translation>Dit bezoek: sinds %1, de eerste start van vandaag</translation>
     </message>
 </context>
 <context>
@@ -5181,6 +5181,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>%1 at most</source>
         <translation>hoogstens %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
