@@ -118,6 +118,19 @@ void shootDialogs(Stage& stage)
     stage.click(QStringLiteral("cancelButton"), menu);
 }
 
+void shootReport(Stage& stage)
+{
+    stage.child<QAction>(QStringLiteral("reportAction"))->trigger();
+    auto* report = stage.waitForWindow<QWidget>(QStringLiteral("reportWindow"));
+    stage.child<QLineEdit>(QStringLiteral("reportEngineerEdit"), report)
+        ->setText(QStringLiteral("A. Weber"));
+    const auto* save = stage.child<QPushButton>(QStringLiteral("reportPdfButton"), report);
+    Stage::waitFor("the report", [save] { return save->isEnabled(); }, 20);
+    Stage::pass(2); // its pages are drawn
+    stage.shoot(report, QStringLiteral("report-window"));
+    report->close();
+}
+
 void shootLanguages(Stage& stage)
 {
     for (const QString& language :
@@ -142,6 +155,7 @@ void overview(const Stage::Options& options)
     shootFilter(stage);
     shootLog(stage);
     shootDialogs(stage);
+    shootReport(stage);
     shootLanguages(stage);
 }
 
