@@ -5186,6 +5186,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
     </message>
+    <message>
+        <source>LDB&apos;s in service mode (%1): %2.</source>
+        <translation>LDB en mode maintenance (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
+        <translation>LDB dont les paramètres sont à vérifier (%1) : %2.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

@@ -5186,6 +5186,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>LDB&apos;s in service mode (%1): %2.</source>
+        <translation>LDB&apos;s in servicemodus (%1): %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
+        <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden (%1): %2.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

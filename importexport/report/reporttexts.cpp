@@ -294,6 +294,19 @@ QStringList summaryTexts(const VisitReport& report)
         tell(remembered, {}, Texts::tr("LDB's that remember a fault that has gone (%1): %2."));
     }
     tell(namesOf(report, isLost), Texts::tr("No LDB is lost."), Texts::tr("LDB's lost (%1): %2."));
+    // What an engineer must not leave behind unseen.
+    const auto tellMode = [&](LdbState state, const QString& some) {
+        const QStringList names = namesOf(report, [state](const ReportedLdb& ldb) {
+            return isHeard(ldb) && static_cast<LdbState>(generalinformation::integer(
+                                       ldb.record.rows, generalinformation::ModeRow)) == state;
+        });
+        if (!names.isEmpty()) {
+            tell(names, {}, some);
+        }
+    };
+    tellMode(LdbState::ServiceMode, Texts::tr("LDB's in service mode (%1): %2."));
+    tellMode(LdbState::CheckSettings,
+             Texts::tr("LDB's whose settings are to be checked (%1): %2."));
     return texts;
 }
 
