@@ -5194,6 +5194,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
         <translation>LDB dont les paramètres sont à vérifier (%1) : %2.</translation>
     </message>
+    <message>
+        <source>Last heard more than 5 minutes before the end: %1.</source>
+        <translation>Entendus pour la dernière fois plus de 5 minutes avant la fin : %1.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

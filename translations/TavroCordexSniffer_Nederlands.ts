@@ -5194,6 +5194,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
         <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden (%1): %2.</translation>
     </message>
+    <message>
+        <source>Last heard more than 5 minutes before the end: %1.</source>
+        <translation>Laatst gehoord meer dan 5 minuten voor het einde: %1.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

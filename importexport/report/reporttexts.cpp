@@ -20,8 +20,9 @@ struct Texts
 };
 
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kGoodOneIn = 1000;     // of a good line no more questions end badly
-constexpr qint64 kShortPause = 2000000; // between two runs: nobody has missed anything
+constexpr qint64 kGoodOneIn = 1000;              // of a good line no more questions end badly
+constexpr qint64 kLongUnheard = 300LL * 1000000; // rounds of large sites are far shorter
+constexpr qint64 kShortPause = 2000000;          // between two runs: nobody has missed anything
 
 const QString kSeparator = QStringLiteral(", ");
 
@@ -327,6 +328,12 @@ QStringList missingTexts(const VisitReport& report)
     addNames(texts, Texts::tr("Last heard before this time: %1."),
              namesOf(report, [&report](const ReportedLdb& ldb) {
                  return isHeard(ldb) && ldb.record.at < report.span.from;
+             }));
+    const qint64 end = report.recorded.value_or(report.span).to;
+    addNames(texts, Texts::tr("Last heard more than 5 minutes before the end: %1."),
+             namesOf(report, [&report, end](const ReportedLdb& ldb) {
+                 return isHeard(ldb) && !isLost(ldb) && ldb.record.at >= report.span.from &&
+                        ldb.record.at < end - kLongUnheard;
              }));
     addNames(texts, Texts::tr("In the list for a time only: %1."),
              namesOf(report, [](const ReportedLdb& ldb) { return !ldb.isListed; }));

@@ -272,15 +272,16 @@ private slots:
         bus.stop();
         bus.now += 600 * kSecond;
         const qint64 begin = bus.now;
-        bus.start({"0A", "0B", "0C"});
+        bus.start({"0A", "0B", "0C", "0D"});
         bus.beginRound();
         bus.status("0A", RecordedBus::loopOpen(true));
+        bus.status("0D");
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.07").toHex().toUpper());
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.08").toHex().toUpper());
         const qint64 stopped = bus.now;
         bus.stop();
         bus.now += 300 * kSecond;
-        bus.start({"0A", "0B", "0C"});
+        bus.start({"0A", "0B", "0C", "0D"});
         RecordedEvent gap;
         gap.kind = EventKind::Gap;
         gap.since = bus.now;
@@ -304,7 +305,8 @@ private slots:
              {QString("not found: 2B Platform."), QString("never heard: 0C."),
               QString("heard before this time: 0B."),
               // Told once so and once so.
-              QString("confirmed firmware ID: 0A, 0B, 0C."),
+              QString("confirmed firmware ID: 0A, 0B, 0C, 0D."),
+              QString("5 minutes before the end: 0D."),
               QString("not monitored from %1 to").arg(momentText(stopped)),
               QString("17 exchanges from"), QString("a fault now (1): 0A (Loop: Open).")}) {
             QVERIFY2(html.contains(expected), qPrintable(expected));
