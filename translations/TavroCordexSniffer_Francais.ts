@@ -5198,6 +5198,26 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Last heard more than 5 minutes before the end: %1.</source>
         <translation>Entendus pour la dernière fois plus de 5 minutes avant la fin : %1.</translation>
     </message>
+    <message>
+        <source>a save</source>
+        <translation>un enregistrement</translation>
+    </message>
+    <message>
+        <source>a writing of the table</source>
+        <translation>une écriture du tableau</translation>
+    </message>
+    <message>
+        <source>an import</source>
+        <translation>une importation</translation>
+    </message>
+    <message>
+        <source>a put back</source>
+        <translation>une restauration</translation>
+    </message>
+    <message>
+        <source>%1: before %2 the former settings were kept of %3.</source>
+        <translation>%1 : avant %2, les anciens paramètres ont été conservés de %3.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

@@ -5198,6 +5198,26 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Last heard more than 5 minutes before the end: %1.</source>
         <translation>Laatst gehoord meer dan 5 minuten voor het einde: %1.</translation>
     </message>
+    <message>
+        <source>a save</source>
+        <translation>opslaan</translation>
+    </message>
+    <message>
+        <source>a writing of the table</source>
+        <translation>schrijven van de tabel</translation>
+    </message>
+    <message>
+        <source>an import</source>
+        <translation>een import</translation>
+    </message>
+    <message>
+        <source>a put back</source>
+        <translation>terugzetten</translation>
+    </message>
+    <message>
+        <source>%1: before %2 the former settings were kept of %3.</source>
+        <translation>%1: voor %2 zijn de vorige instellingen bewaard van %3.</translation>
+    </message>
 </context>
 <context>
     <name>WorkNotes</name>

@@ -192,6 +192,9 @@ void Evidence::makeReport(const Surroundings& around, QWidget* window)
         request.head.installation = current.title();
         request.head.place = current.place;
         request.known = current.ldbs;
+        if (!current.id.isEmpty()) {
+            request.formerFolder = installation->store().folderOf(current.id);
+        }
         return request;
     };
     m_report = new ReportWindow({m_control->access(),

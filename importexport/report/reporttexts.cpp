@@ -246,6 +246,21 @@ QString durationOf(const FaultSpan& fault, const VisitReport& report)
     return fault.isEndVague ? Texts::tr("%1 at most").arg(duration) : duration;
 }
 
+QString occasionText(FormerSettings::Occasion occasion)
+{
+    switch (occasion) {
+    case FormerSettings::Occasion::Save:
+        return Texts::tr("a save");
+    case FormerSettings::Occasion::Write:
+        return Texts::tr("a writing of the table");
+    case FormerSettings::Occasion::Import:
+        return Texts::tr("an import");
+    case FormerSettings::Occasion::PutBack:
+        break;
+    }
+    return Texts::tr("a put back");
+}
+
 QString sideText(const recordedwork::Finding::Side& side)
 {
     using End = recordedwork::Finding::End;

@@ -21,6 +21,8 @@ QString endText(const FaultSpan& fault);
 /// How long; of one that is there still until the end of the report.
 QString durationOf(const FaultSpan& fault, const VisitReport& report);
 
+QString occasionText(FormerSettings::Occasion occasion);
+
 /// How a side of a run ended, with the FIM before the fault.
 QString sideText(const recordedwork::Finding::Side& side);
 QString countText(const recordedwork::Finding::Side& side);

@@ -124,6 +124,7 @@ void VisitCollector::takeNotices(RecordingReader& reader)
 void VisitCollector::readFrame(RecordingReader& reader)
 {
     const TimeSpan span = m_report.span;
+    readFormerSettings();
     // What the reader has said to others by now is to be in the report, too.
     RecordingReader another(reader.path());
     another.runs(span);
@@ -199,6 +200,21 @@ void VisitCollector::findMissing()
             find(known.hexId)->name = known.name;
         }
     }
+}
+
+void VisitCollector::readFormerSettings()
+{
+    if (m_request.formerFolder.isEmpty()) {
+        return;
+    }
+    const TimeSpan span = m_report.span;
+    for (FormerSettings& former : FormerSettingsStore(m_request.formerFolder).all()) {
+        const qint64 at = former.at.toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+        if (at >= span.from && at < span.to) {
+            m_report.former.push_back(std::move(former));
+        }
+    }
+    std::reverse(m_report.former.begin(), m_report.former.end()); // the latest came first
 }
 
 /// What is there at the begin of the span has begun before.

@@ -35,6 +35,7 @@ private:
     void readLdbs(RecordingReader& reader);
     void addLeft(RecordingReader& reader, const QStringList& hexIds);
     void findMissing();
+    void readFormerSettings();
     void readFormerEvents(RecordingReader& reader);
     void readEvents(RecordingReader& reader);
     void takeEvent(const RecordedEvent& event);

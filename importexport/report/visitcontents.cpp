@@ -1,6 +1,7 @@
 #include "importexport/report/visitcontents.h"
 
 #include "importexport/report/reporttexts.h"
+#include "serial/ldb/busaddress.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
 
@@ -45,6 +46,7 @@ private:
     void putFindings();
     void putFinding(const ReportedFinding& reported);
     void putChanges();
+    void putFormer();
     void putMarks();
     void putEvents();
     void putLine();
@@ -257,6 +259,7 @@ void Composer::putChanges()
     heading(Texts::tr("Changed settings"));
     if (m_report.changes.empty()) {
         paragraph(Texts::tr("No change of a setting was recorded."));
+        putFormer();
         return;
     }
     Rows rows;
@@ -281,6 +284,25 @@ void Composer::putChanges()
            {Texts::tr("When"), 34},
            {Texts::tr("Read back"), 30}},
           std::move(rows));
+    putFormer();
+}
+
+/// Kept by the program itself: it tells of changes of which nothing is recorded, too.
+void Composer::putFormer()
+{
+    for (const FormerSettings& former : m_report.former) {
+        QStringList hexIds;
+        for (const LdbSettings& settings : former.ldbs) {
+            hexIds.append(busaddress::toHexId(settings.address));
+        }
+        const QString occasion =
+            former.note.isEmpty()
+                ? occasionText(former.occasion)
+                : QStringLiteral("%1 (%2)").arg(occasionText(former.occasion), former.note);
+        paragraph(Texts::tr("%1: before %2 the former settings were kept of %3.")
+                      .arg(former.at.toLocalTime().toString(generalinformation::kSecondsFormat),
+                           occasion, hexIds.join(QStringLiteral(", "))));
+    }
 }
 
 void Composer::putMarks()

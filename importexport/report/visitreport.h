@@ -1,5 +1,6 @@
 #pragma once
 
+#include "history/formersettings.h"
 #include "importexport/report/recordedwork.h"
 #include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
@@ -32,6 +33,7 @@ struct ReportRequest
     ReportHead head;
     TimeSpan span;
     std::vector<KnownLdb> known; ///< LDBs remembered of the installation
+    QString formerFolder;        ///< where what LDBs had before is kept; may be empty
     bool hasAppendix = false;    ///< all settings
 };
 
@@ -113,6 +115,8 @@ struct VisitReport
     std::vector<FaultSpan> faults; ///< that were there in the span, by begin
     std::vector<ReportedFinding> findings;
     std::vector<ReportedChange> changes;
+    /// What LDBs had before something was written; also of what was not recorded.
+    std::vector<FormerSettings> former;
     std::vector<RecordedEvent> marks;
     std::vector<RecordedEvent> others; ///< events that are in none of the lists above
     std::vector<RecordedGap> gaps;

@@ -296,6 +296,18 @@ private slots:
         ReportRequest request;
         request.span = {begin, bus.now};
         request.known = {{"2B", "Platform"}};
+        // Written while nothing was recorded of it; and before.
+        request.formerFolder = sandbox.path("former");
+        const FormerSettingsStore store(request.formerFolder);
+        FormerSettings former;
+        former.at = QDateTime::fromMSecsSinceEpoch((begin + kSecond) / 1000);
+        former.occasion = FormerSettings::Occasion::Import;
+        former.note = "north.csv";
+        former.ldbs.resize(1);
+        former.ldbs[0].address = 0x2B;
+        QCOMPARE(store.keep(former), QString());
+        former.at = QDateTime::fromMSecsSinceEpoch((begin - kSecond) / 1000);
+        QCOMPARE(store.keep(former), QString());
         const VisitReport report = collect(folder, request);
         QCOMPARE(report.faults.size(), std::size_t(1));
         QCOMPARE(report.faults[0].begun, opened);
@@ -308,8 +320,11 @@ private slots:
               QString("confirmed firmware ID: 0A, 0B, 0C, 0D."),
               QString("5 minutes before the end: 0D."),
               QString("not monitored from %1 to").arg(momentText(stopped)),
-              QString("17 exchanges from"), QString("a fault now (1): 0A (Loop: Open).")}) {
-            QVERIFY2(html.contains(expected), qPrintable(expected));
+              QString("17 exchanges from"),
+              momentText(begin + kSecond) +
+                  ": before an import (north.csv) the former settings were kept of 2B.",
+              QString("a fault now (1): 0A (Loop: Open).")}) {
+            QVERIFY2(html.count(expected) == 1, qPrintable(expected));
         }
     }
 
