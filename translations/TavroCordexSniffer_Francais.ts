@@ -670,11 +670,11 @@ maintenance</translation>
     <name>Evidence</name>
     <message>
         <source>Nothing has been recorded yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien n&apos;a encore été enregistré.</translation>
     </message>
     <message>
         <source>%1 could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 n&apos;a pas pu être ouvert.</translation>
     </message>
     <message>
         <source>Report of the &amp;Visit...</source>
@@ -682,15 +682,15 @@ maintenance</translation>
     </message>
     <message>
         <source>Take Evidence &amp;Home...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Emporter les preuves...</translation>
     </message>
     <message>
         <source>Save a &amp;Copy of This Visit...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copier cette visite...</translation>
     </message>
     <message>
         <source>&amp;Recording...</source>
-        <translation type="unfinished"></translation>
+        <translation>En&amp;registrement...</translation>
     </message>
     <message>
         <source>LDB %1 lost</source>
@@ -709,134 +709,134 @@ maintenance</translation>
     <name>EvidenceForm</name>
     <message>
         <source>All LDBs</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les LDB</translation>
     </message>
     <message>
         <source>LDB %1</source>
-        <translation type="unfinished">LDB %1</translation>
+        <translation>LDB %1</translation>
     </message>
     <message>
         <source>This &amp;visit: since today&apos;s first start, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui, %1</translation>
     </message>
     <message>
         <source>This &amp;visit: since today&apos;s first start</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui</translation>
     </message>
     <message>
         <source>The end of the span is before its begin.</source>
-        <translation type="unfinished">La fin de la période est avant son début.</translation>
+        <translation>La fin de la période est avant son début.</translation>
     </message>
     <message>
         <source>Take Evidence Home</source>
-        <translation type="unfinished"></translation>
+        <translation>Emporter les preuves</translation>
     </message>
     <message>
         <source>Where the Copy Goes</source>
-        <translation type="unfinished"></translation>
+        <translation>Où va la copie</translation>
     </message>
     <message>
         <source>Writing %1</source>
-        <translation type="unfinished">Écriture de %1</translation>
+        <translation>Écriture de %1</translation>
     </message>
     <message>
         <source>Saved: %1</source>
-        <translation type="unfinished">Enregistré : %1</translation>
+        <translation>Enregistré&#xa0;: %1</translation>
     </message>
     <message>
         <source>Stopped: %1 is not complete, or was not written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrêté&#xa0;: %1 n&apos;est pas complet, ou n&apos;a pas été écrit.</translation>
     </message>
     <message>
         <source>Not saved: %1</source>
-        <translation type="unfinished">Non enregistré&#xa0;: %1</translation>
+        <translation>Non enregistré&#xa0;: %1</translation>
     </message>
     <message>
         <source>%1 could not be written.</source>
-        <translation type="unfinished">%1 n&apos;a pas pu être écrit.</translation>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Quoi</translation>
     </message>
     <message>
         <source>&amp;Log (CSV), as the logger would have written it</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Journal (CSV), comme il aurait été écrit au fil du temps</translation>
     </message>
     <message>
         <source>Of:</source>
-        <translation type="unfinished"></translation>
+        <translation>De&#xa0;:</translation>
     </message>
     <message>
         <source>every:</source>
-        <translation type="unfinished"></translation>
+        <translation>toutes les&#xa0;:</translation>
     </message>
     <message>
         <source>s</source>
-        <translation type="unfinished">s</translation>
+        <translation>s</translation>
     </message>
     <message>
         <source>Seconds between two records of an LDB; at 0 every record is written</source>
-        <translation type="unfinished">Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
     </message>
     <message>
         <source>&amp;Events (CSV)</source>
-        <translation type="unfinished"></translation>
+        <translation>Évé&amp;nements (CSV)</translation>
     </message>
     <message>
         <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
-        <translation type="unfinished"></translation>
+        <translation>Chaque &amp;octet sur le bus, pour Wireshark (pcapng)</translation>
     </message>
     <message>
         <source>&amp;Copy of the recording of these days, to look back in this program</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copie de l&apos;enregistrement de ces jours, pour revoir dans ce programme</translation>
     </message>
     <message>
         <source>When</source>
-        <translation type="unfinished">Quand</translation>
+        <translation>Quand</translation>
     </message>
     <message>
         <source>The last &amp;hour</source>
-        <translation type="unfinished"></translation>
+        <translation>La dernière &amp;heure</translation>
     </message>
     <message>
         <source>&amp;Today</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aujourd&apos;hui</translation>
     </message>
     <message>
         <source>&amp;From, to:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;De, à&#xa0;:</translation>
     </message>
     <message>
         <source>From</source>
-        <translation type="unfinished"></translation>
+        <translation>De</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>À</translation>
     </message>
     <message>
         <source>Progress</source>
-        <translation type="unfinished">Progression</translation>
+        <translation>Progression</translation>
     </message>
     <message>
         <source>&amp;Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enregistrer...</translation>
     </message>
     <message>
         <source>Sto&amp;p</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrê&amp;ter</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Fermer</translation>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
     <name>EvidenceWriter</name>
     <message>
         <source>Another installation is in use now.</source>
-        <translation type="unfinished"></translation>
+        <translation>Une autre installation est utilisée maintenant.</translation>
     </message>
 </context>
 <context>
@@ -2218,71 +2218,71 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <name>LineQuality</name>
     <message>
         <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 échanges : %2 bons, %3 endommagés, %4 muets, %5 non crus</translation>
     </message>
     <message>
         <source>Damage on LDBs %1 alone: look at their connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages sur les seuls LDB %1 : regardez leurs raccordements.</translation>
     </message>
     <message>
         <source>Silence of LDBs %1 alone: look at them and their connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seuls les LDB %1 se taisent : regardez ces LDB et leurs raccordements.</translation>
     </message>
     <message>
         <source>Damage on LDB %1 alone: look at its connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages sur le seul LDB %1 : regardez son raccordement.</translation>
     </message>
     <message>
         <source>Silence of LDB %1 alone: look at it and its connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seul le LDB %1 se tait : regardez ce LDB et son raccordement.</translation>
     </message>
     <message>
         <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages sur tous les LDB, et bien plus sur %1 : regardez d&apos;abord le raccordement à cet endroit, puis l&apos;adaptateur et le câble principal.</translation>
     </message>
     <message>
         <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les LDB se taisent parfois, et %1 bien plus : regardez d&apos;abord là, puis l&apos;adaptateur et le câble principal.</translation>
     </message>
     <message>
         <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages égaux sur tous les LDB : regardez l&apos;adaptateur et le câble principal.</translation>
     </message>
     <message>
         <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les LDB se taisent autant : regardez l&apos;adaptateur et le câble principal.</translation>
     </message>
     <message>
         <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages sur plusieurs LDB, plus sur certains que sur d&apos;autres : aucun endroit précis ne peut être nommé.</translation>
     </message>
     <message>
         <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Plusieurs LDB se taisent, certains plus que d&apos;autres : aucun endroit précis ne peut être nommé.</translation>
     </message>
     <message>
         <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dommages sur le LDB %1. Il n&apos;y en a pas d&apos;autre pour comparer, l&apos;endroit ne peut donc pas être nommé.</translation>
     </message>
     <message>
         <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le LDB %1 se tait. Il n&apos;y en a pas d&apos;autre pour comparer, l&apos;endroit ne peut donc pas être nommé.</translation>
     </message>
     <message>
         <source>Too few exchanges to say anything of the line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Trop peu d&apos;échanges pour dire quoi que ce soit de la ligne.</translation>
     </message>
     <message>
         <source>Answers came at unusual times, and were not believed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Des réponses sont venues à des moments inhabituels et n&apos;ont pas été crues.</translation>
     </message>
     <message>
         <source>The line is good: no more than one exchange in a thousand was not.</source>
-        <translation type="unfinished"></translation>
+        <translation>La ligne est bonne : pas plus d&apos;un échange sur mille ne l&apos;était pas.</translation>
     </message>
     <message>
         <source>Nothing stands out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien ne ressort.</translation>
     </message>
 </context>
 <context>
@@ -2638,11 +2638,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>What was recorded: take it home</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce qui a été enregistré&#xa0;: l&apos;emporter</translation>
     </message>
     <message>
         <source>Evidence</source>
-        <translation type="unfinished"></translation>
+        <translation>Preuves</translation>
     </message>
 </context>
 <context>
@@ -2884,7 +2884,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <name>OverviewQuality</name>
     <message>
         <source>The line in the last 15 minutes: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>La ligne durant les 15 dernières minutes : %1</translation>
     </message>
 </context>
 <context>
@@ -3081,151 +3081,153 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>QualityDisplay</name>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished">Qualité de la ligne</translation>
+        <translation>Qualité de ligne</translation>
     </message>
     <message>
         <source>Shows how well the exchanges with each LDB go, and went</source>
-        <translation type="unfinished"></translation>
+        <translation>Montre comment vont et allaient les échanges avec chaque LDB</translation>
     </message>
 </context>
 <context>
     <name>QualityModel</name>
     <message>
         <source>Bus</source>
-        <translation type="unfinished"></translation>
+        <translation>Bus</translation>
     </message>
     <message>
         <source>LDB</source>
-        <translation type="unfinished">LDB</translation>
+        <translation>LDB</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished">Nom</translation>
+        <translation>Nom</translation>
     </message>
     <message>
         <source>How often the LDB was asked</source>
-        <translation type="unfinished"></translation>
+        <translation>Combien de fois le LDB a été interrogé</translation>
     </message>
     <message>
         <source>Exchanges</source>
-        <translation type="unfinished"></translation>
+        <translation>Échanges</translation>
     </message>
     <message>
         <source>Share of exchanges with a sound answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Part des échanges avec une réponse intacte</translation>
     </message>
     <message>
         <source>Good</source>
-        <translation type="unfinished"></translation>
+        <translation>Bons</translation>
     </message>
     <message>
         <source>Share of exchanges with a damaged answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Part des échanges avec une réponse endommagée</translation>
     </message>
     <message>
         <source>Damaged</source>
-        <translation type="unfinished">Endommagées</translation>
+        <translation>Endommagés</translation>
     </message>
     <message>
         <source>Share of exchanges without an answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Part des échanges sans réponse</translation>
     </message>
     <message>
         <source>Silent</source>
-        <translation type="unfinished"></translation>
+        <translation>Muets</translation>
     </message>
     <message>
         <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
-        <translation type="unfinished"></translation>
+        <translation>Part des réponses intactes qui peuvent répondre à une autre question, car elles sont venues à un moment inhabituel</translation>
     </message>
     <message>
         <source>Not believed</source>
-        <translation type="unfinished">Écartées</translation>
+        <translation>Non crus</translation>
     </message>
     <message>
         <source>Half of the answers came within this time</source>
-        <translation type="unfinished"></translation>
+        <translation>La moitié des réponses sont venues dans ce délai</translation>
     </message>
     <message>
         <source>Answer time
 (median)</source>
-        <translation type="unfinished"></translation>
+        <translation>Temps de réponse
+(médiane)</translation>
     </message>
     <message>
         <source>95 of 100 answers came within this time</source>
-        <translation type="unfinished"></translation>
+        <translation>95 réponses sur 100 sont venues dans ce délai</translation>
     </message>
     <message>
         <source>Answer time
 (95 %)</source>
-        <translation type="unfinished"></translation>
+        <translation>Temps de réponse
+(95 %)</translation>
     </message>
     <message>
         <source>How much was bad, over time: the higher a bar, the more</source>
-        <translation type="unfinished"></translation>
+        <translation>Combien était mauvais, dans le temps : plus la barre est haute, plus il y en avait</translation>
     </message>
     <message>
         <source>Over time</source>
-        <translation type="unfinished"></translation>
+        <translation>Dans le temps</translation>
     </message>
 </context>
 <context>
     <name>QualityWindow</name>
     <message>
         <source>Recorded: up to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistré : jusqu&apos;à %1.</translation>
     </message>
     <message>
         <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien n&apos;est enregistré : ce qui a été compté durant la dernière heure est montré, sans temps de réponse.</translation>
     </message>
     <message>
         <source>Reading the recording...</source>
-        <translation type="unfinished">Lecture de l&apos;enregistrement...</translation>
+        <translation>Lecture de l&apos;enregistrement...</translation>
     </message>
     <message>
         <source>Answer times with ≈ are of an evenly spread sample.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les temps de réponse avec ≈ viennent d&apos;un échantillon réparti régulièrement.</translation>
     </message>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished">Qualité de la ligne</translation>
+        <translation>Qualité de ligne</translation>
     </message>
     <message>
         <source>Now (5 minutes)</source>
-        <translation type="unfinished"></translation>
+        <translation>Maintenant (5 minutes)</translation>
     </message>
     <message>
         <source>Last hour</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernière heure</translation>
     </message>
     <message>
         <source>Last day</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernier jour</translation>
     </message>
     <message>
         <source>Last week</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernière semaine</translation>
     </message>
     <message>
         <source>How far back</source>
-        <translation type="unfinished"></translation>
+        <translation>Jusqu&apos;où en arrière</translation>
     </message>
     <message>
         <source>How far back the quality of the line is looked at</source>
-        <translation type="unfinished"></translation>
+        <translation>Jusqu&apos;où en arrière la qualité de la ligne est regardée</translation>
     </message>
     <message>
         <source>Line quality, worst first</source>
-        <translation type="unfinished"></translation>
+        <translation>Qualité de ligne, les pires d&apos;abord</translation>
     </message>
     <message>
         <source>Small bars in the overview</source>
-        <translation type="unfinished"></translation>
+        <translation>Petites barres dans la vue d&apos;ensemble</translation>
     </message>
     <message>
         <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
-        <translation type="unfinished"></translation>
+        <translation>Montre à chaque nom comment se sont passés les échanges du LDB durant les 15 dernières minutes</translation>
     </message>
 </context>
 <context>
@@ -3588,113 +3590,115 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>RecordingForm</name>
     <message>
         <source>Folder for Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Dossier des enregistrements</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement</translation>
     </message>
     <message>
         <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les jours à conserver n&apos;ont pas pu être notés. Ils peuvent être supprimés quand ils seront anciens.</translation>
     </message>
     <message>
         <source>&amp;Record everything while the bus is monitored</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enregistrer tout pendant que le bus est surveillé</translation>
     </message>
     <message>
         <source>&amp;Folder:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dossier&#xa0;:</translation>
     </message>
     <message>
         <source>Beside what is remembered of the installation</source>
-        <translation type="unfinished"></translation>
+        <translation>À côté de ce qui est mémorisé de l&apos;installation</translation>
     </message>
     <message>
         <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
-        <translation type="unfinished"></translation>
+        <translation>Les enregistrements s&apos;y trouvent sous l&apos;installation&#xa0;; ce qui a été enregistré avant reste où il est</translation>
     </message>
     <message>
         <source>Browse...</source>
-        <translation type="unfinished"></translation>
+        <translation>Parcourir...</translation>
     </message>
     <message>
         <source>Keep for &amp;days:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Jours conservés&#xa0;:</translation>
     </message>
     <message>
         <source>What is older is deleted by whole days</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce qui est plus ancien est supprimé par jours entiers</translation>
     </message>
     <message>
         <source>Keep at &amp;most:</source>
-        <translation type="unfinished"></translation>
+        <translation>Conserver au &amp;plus&#xa0;:</translation>
     </message>
     <message>
         <source> GB</source>
         <extracomment>gigabytes</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> Go</translation>
     </message>
     <message>
         <source>For each installation. When there is more, the oldest days are deleted</source>
-        <translation type="unfinished"></translation>
+        <translation>Par installation. S&apos;il y en a plus, les jours les plus anciens sont supprimés</translation>
     </message>
     <message>
         <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
-        <translation type="unfinished"></translation>
+        <translation>Jours e&amp;nregistrés&#xa0;; ceux cochés sont conservés quels que soient leur âge et leur taille&#xa0;:</translation>
     </message>
     <message>
         <source>Keep Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Conserver le jour</translation>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Taille</translation>
     </message>
     <message>
         <source>Days recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Jours enregistrés</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished">OK</translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Annuler</translation>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
     <name>RecordingIndicator</name>
     <message>
         <source>Recording is off</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement désactivé</translation>
     </message>
     <message>
         <source>Nothing is recorded: it is turned off in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien n&apos;est enregistré&#xa0;: c&apos;est désactivé dans les paramètres.</translation>
     </message>
     <message>
         <source>Not recorded!</source>
-        <translation type="unfinished"></translation>
+        <translation>Non enregistré&#xa0;!</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement</translation>
     </message>
     <message>
         <source>Everything on the bus is recorded. Click to open the folder.
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout ce qui passe sur le bus est enregistré. Cliquez pour ouvrir le dossier.
+%1</translation>
     </message>
     <message>
         <source>Not recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas d&apos;enregistrement</translation>
     </message>
     <message>
         <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce qui se passe sur le bus est enregistré dès qu&apos;il est surveillé. Cliquez pour ouvrir le dossier.
+%1</translation>
     </message>
 </context>
 <context>
@@ -3883,7 +3887,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>RunFindings</name>
     <message>
         <source>Attention</source>
-        <translation type="unfinished">Attention</translation>
+        <translation>Attention</translation>
     </message>
 </context>
 <context>
@@ -3915,11 +3919,11 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>SettingsFields</name>
     <message>
         <source>Tick Enable Open Detection first.</source>
-        <translation type="unfinished">Cochez d’abord Activer la détection de coupure.</translation>
+        <translation>Cochez d’abord Activer la détection de coupure.</translation>
     </message>
     <message>
         <source>The settings have not been read yet.</source>
-        <translation type="unfinished">Les réglages n’ont pas encore été lus.</translation>
+        <translation>Les réglages n’ont pas encore été lus.</translation>
     </message>
 </context>
 <context>
@@ -4018,11 +4022,11 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
-        <translation type="unfinished"></translation>
+        <translation>Si ce qui se passe sur le bus est enregistré, où, et combien de temps</translation>
     </message>
     <message>
         <source>Re&amp;cording...</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;nregistrement...</translation>
     </message>
 </context>
 <context>
@@ -5223,7 +5227,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>WorkNotes</name>
     <message>
         <source>Fault finding ended without a result</source>
-        <translation type="unfinished"></translation>
+        <translation>La recherche de défaut s&apos;est terminée sans résultat</translation>
     </message>
 </context>
 <context>

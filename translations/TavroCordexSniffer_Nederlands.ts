@@ -670,11 +670,11 @@ modus</translation>
     <name>Evidence</name>
     <message>
         <source>Nothing has been recorded yet.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er is nog niets opgenomen.</translation>
     </message>
     <message>
         <source>%1 could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kon niet worden geopend.</translation>
     </message>
     <message>
         <source>Report of the &amp;Visit...</source>
@@ -682,15 +682,15 @@ modus</translation>
     </message>
     <message>
         <source>Take Evidence &amp;Home...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewijs &amp;meenemen...</translation>
     </message>
     <message>
         <source>Save a &amp;Copy of This Visit...</source>
-        <translation type="unfinished"></translation>
+        <translation>Een &amp;kopie van dit bezoek opslaan...</translation>
     </message>
     <message>
         <source>&amp;Recording...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Opname...</translation>
     </message>
     <message>
         <source>LDB %1 lost</source>
@@ -709,134 +709,134 @@ modus</translation>
     <name>EvidenceForm</name>
     <message>
         <source>All LDBs</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle LDB&apos;s</translation>
     </message>
     <message>
         <source>LDB %1</source>
-        <translation type="unfinished">LDB %1</translation>
+        <translation>LDB %1</translation>
     </message>
     <message>
         <source>This &amp;visit: since today&apos;s first start, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag, %1</translation>
     </message>
     <message>
         <source>This &amp;visit: since today&apos;s first start</source>
-        <translation type="unfinished"></translation>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag</translation>
     </message>
     <message>
         <source>The end of the span is before its begin.</source>
-        <translation type="unfinished">Het einde van de periode ligt voor het begin.</translation>
+        <translation>Het einde van de periode ligt vóór het begin.</translation>
     </message>
     <message>
         <source>Take Evidence Home</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewijs meenemen</translation>
     </message>
     <message>
         <source>Where the Copy Goes</source>
-        <translation type="unfinished"></translation>
+        <translation>Waar de kopie komt</translation>
     </message>
     <message>
         <source>Writing %1</source>
-        <translation type="unfinished">%1 wordt geschreven</translation>
+        <translation>%1 wordt geschreven</translation>
     </message>
     <message>
         <source>Saved: %1</source>
-        <translation type="unfinished">Opgeslagen: %1</translation>
+        <translation>Opgeslagen: %1</translation>
     </message>
     <message>
         <source>Stopped: %1 is not complete, or was not written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Gestopt: %1 is niet volledig, of is niet geschreven.</translation>
     </message>
     <message>
         <source>Not saved: %1</source>
-        <translation type="unfinished">Niet opgeslagen: %1</translation>
+        <translation>Niet opgeslagen: %1</translation>
     </message>
     <message>
         <source>%1 could not be written.</source>
-        <translation type="unfinished">%1 kon niet worden geschreven.</translation>
+        <translation>%1 kon niet worden geschreven.</translation>
     </message>
     <message>
         <source>What</source>
-        <translation type="unfinished"></translation>
+        <translation>Wat</translation>
     </message>
     <message>
         <source>&amp;Log (CSV), as the logger would have written it</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Logbestand (CSV), zoals de logger het geschreven zou hebben</translation>
     </message>
     <message>
         <source>Of:</source>
-        <translation type="unfinished"></translation>
+        <translation>Van:</translation>
     </message>
     <message>
         <source>every:</source>
-        <translation type="unfinished"></translation>
+        <translation>elke:</translation>
     </message>
     <message>
         <source>s</source>
-        <translation type="unfinished">s</translation>
+        <translation>s</translation>
     </message>
     <message>
         <source>Seconds between two records of an LDB; at 0 every record is written</source>
-        <translation type="unfinished">Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
     </message>
     <message>
         <source>&amp;Events (CSV)</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Gebeurtenissen (CSV)</translation>
     </message>
     <message>
         <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
-        <translation type="unfinished"></translation>
+        <translation>Elke &amp;byte op de bus, voor Wireshark (pcapng)</translation>
     </message>
     <message>
         <source>&amp;Copy of the recording of these days, to look back in this program</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopie van de opname van deze dagen, om in dit programma terug te kijken</translation>
     </message>
     <message>
         <source>When</source>
-        <translation type="unfinished">Wanneer</translation>
+        <translation>Wanneer</translation>
     </message>
     <message>
         <source>The last &amp;hour</source>
-        <translation type="unfinished"></translation>
+        <translation>Het laatste &amp;uur</translation>
     </message>
     <message>
         <source>&amp;Today</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vandaag</translation>
     </message>
     <message>
         <source>&amp;From, to:</source>
-        <translation type="unfinished"></translation>
+        <translation>V&amp;an, tot:</translation>
     </message>
     <message>
         <source>From</source>
-        <translation type="unfinished"></translation>
+        <translation>Van</translation>
     </message>
     <message>
         <source>To</source>
-        <translation type="unfinished"></translation>
+        <translation>Tot</translation>
     </message>
     <message>
         <source>Progress</source>
-        <translation type="unfinished">Voortgang</translation>
+        <translation>Voortgang</translation>
     </message>
     <message>
         <source>&amp;Save...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Opslaan...</translation>
     </message>
     <message>
         <source>Sto&amp;p</source>
-        <translation type="unfinished"></translation>
+        <translation>Sto&amp;ppen</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Sluiten</translation>
+        <translation>Sluiten</translation>
     </message>
 </context>
 <context>
     <name>EvidenceWriter</name>
     <message>
         <source>Another installation is in use now.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er is nu een andere installatie in gebruik.</translation>
     </message>
 </context>
 <context>
@@ -2218,71 +2218,71 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <name>LineQuality</name>
     <message>
         <source>%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 uitwisselingen: %2 goed, %3 beschadigd, %4 stil, %5 niet geloofd</translation>
     </message>
     <message>
         <source>Damage on LDBs %1 alone: look at their connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade alleen bij de LDB&apos;s %1: kijk naar hun aansluitingen.</translation>
     </message>
     <message>
         <source>Silence of LDBs %1 alone: look at them and their connections.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alleen de LDB&apos;s %1 zwijgen: kijk naar deze en hun aansluitingen.</translation>
     </message>
     <message>
         <source>Damage on LDB %1 alone: look at its connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade alleen bij LDB %1: kijk naar zijn aansluiting.</translation>
     </message>
     <message>
         <source>Silence of LDB %1 alone: look at it and its connection.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alleen LDB %1 zwijgt: kijk ernaar en naar zijn aansluiting.</translation>
     </message>
     <message>
         <source>Damage on all LDBs, and far more on %1: look at the connection there first, then at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade bij alle LDB&apos;s, en veel meer bij %1: kijk eerst naar de aansluiting daar, dan naar de adapter en de hoofdkabel.</translation>
     </message>
     <message>
         <source>Silence of all LDBs, and far more of %1: look there first, then at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle LDB&apos;s zwijgen soms, en %1 veel meer: kijk daar eerst, dan naar de adapter en de hoofdkabel.</translation>
     </message>
     <message>
         <source>Damage on all LDBs alike: look at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade bij alle LDB&apos;s in gelijke mate: kijk naar de adapter en de hoofdkabel.</translation>
     </message>
     <message>
         <source>Silence of all LDBs alike: look at the adapter and the trunk.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle LDB&apos;s zwijgen in gelijke mate: kijk naar de adapter en de hoofdkabel.</translation>
     </message>
     <message>
         <source>Damage on several LDBs, more on some than on others: no one place can be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade bij meerdere LDB&apos;s, bij de ene meer dan bij de andere: er is niet één plaats te noemen.</translation>
     </message>
     <message>
         <source>Silence of several LDBs, more of some than of others: no one place can be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Meerdere LDB&apos;s zwijgen, de ene meer dan de andere: er is niet één plaats te noemen.</translation>
     </message>
     <message>
         <source>Damage on LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>Schade bij LDB %1. Er is geen andere om mee te vergelijken, dus de plaats is niet te noemen.</translation>
     </message>
     <message>
         <source>Silence of LDB %1. There is no other one to compare it with, so the place cannot be named.</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB %1 zwijgt. Er is geen andere om mee te vergelijken, dus de plaats is niet te noemen.</translation>
     </message>
     <message>
         <source>Too few exchanges to say anything of the line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Te weinig uitwisselingen om iets over de lijn te zeggen.</translation>
     </message>
     <message>
         <source>Answers came at unusual times, and were not believed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er kwamen antwoorden op ongewone tijden; die zijn niet geloofd.</translation>
     </message>
     <message>
         <source>The line is good: no more than one exchange in a thousand was not.</source>
-        <translation type="unfinished"></translation>
+        <translation>De lijn is goed: niet meer dan één op de duizend uitwisselingen was het niet.</translation>
     </message>
     <message>
         <source>Nothing stands out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Niets valt op.</translation>
     </message>
 </context>
 <context>
@@ -2638,11 +2638,11 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>What was recorded: take it home</source>
-        <translation type="unfinished"></translation>
+        <translation>Wat is opgenomen: neem het mee</translation>
     </message>
     <message>
         <source>Evidence</source>
-        <translation type="unfinished"></translation>
+        <translation>Bewijs</translation>
     </message>
 </context>
 <context>
@@ -2884,7 +2884,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <name>OverviewQuality</name>
     <message>
         <source>The line in the last 15 minutes: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>De lijn in de laatste 15 minuten: %1</translation>
     </message>
 </context>
 <context>
@@ -3081,151 +3081,153 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <name>QualityDisplay</name>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished">Lijnkwaliteit</translation>
+        <translation>Lijnkwaliteit</translation>
     </message>
     <message>
         <source>Shows how well the exchanges with each LDB go, and went</source>
-        <translation type="unfinished"></translation>
+        <translation>Toont hoe goed de uitwisselingen met elke LDB gaan en gingen</translation>
     </message>
 </context>
 <context>
     <name>QualityModel</name>
     <message>
         <source>Bus</source>
-        <translation type="unfinished"></translation>
+        <translation>Bus</translation>
     </message>
     <message>
         <source>LDB</source>
-        <translation type="unfinished">LDB</translation>
+        <translation>LDB</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished">Naam</translation>
+        <translation>Naam</translation>
     </message>
     <message>
         <source>How often the LDB was asked</source>
-        <translation type="unfinished"></translation>
+        <translation>Hoe vaak de LDB is gevraagd</translation>
     </message>
     <message>
         <source>Exchanges</source>
-        <translation type="unfinished"></translation>
+        <translation>Vragen</translation>
     </message>
     <message>
         <source>Share of exchanges with a sound answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Deel van de uitwisselingen met een gaaf antwoord</translation>
     </message>
     <message>
         <source>Good</source>
-        <translation type="unfinished"></translation>
+        <translation>Goed</translation>
     </message>
     <message>
         <source>Share of exchanges with a damaged answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Deel van de uitwisselingen met een beschadigd antwoord</translation>
     </message>
     <message>
         <source>Damaged</source>
-        <translation type="unfinished">Beschadigd</translation>
+        <translation>Beschadigd</translation>
     </message>
     <message>
         <source>Share of exchanges without an answer</source>
-        <translation type="unfinished"></translation>
+        <translation>Deel van de uitwisselingen zonder antwoord</translation>
     </message>
     <message>
         <source>Silent</source>
-        <translation type="unfinished"></translation>
+        <translation>Stil</translation>
     </message>
     <message>
         <source>Share of sound answers that may be those to another question, as they came at an unusual time</source>
-        <translation type="unfinished"></translation>
+        <translation>Deel van de gave antwoorden die bij een andere vraag kunnen horen, want ze kwamen op een ongewone tijd</translation>
     </message>
     <message>
         <source>Not believed</source>
-        <translation type="unfinished">Niet geloofd</translation>
+        <translation>Niet geloofd</translation>
     </message>
     <message>
         <source>Half of the answers came within this time</source>
-        <translation type="unfinished"></translation>
+        <translation>De helft van de antwoorden kwam binnen deze tijd</translation>
     </message>
     <message>
         <source>Answer time
 (median)</source>
-        <translation type="unfinished"></translation>
+        <translation>Antwoordtijd
+(mediaan)</translation>
     </message>
     <message>
         <source>95 of 100 answers came within this time</source>
-        <translation type="unfinished"></translation>
+        <translation>95 van de 100 antwoorden kwamen binnen deze tijd</translation>
     </message>
     <message>
         <source>Answer time
 (95 %)</source>
-        <translation type="unfinished"></translation>
+        <translation>Antwoordtijd
+(95 %)</translation>
     </message>
     <message>
         <source>How much was bad, over time: the higher a bar, the more</source>
-        <translation type="unfinished"></translation>
+        <translation>Hoeveel er slecht was, in de tijd: hoe hoger een staafje, hoe meer</translation>
     </message>
     <message>
         <source>Over time</source>
-        <translation type="unfinished"></translation>
+        <translation>In de tijd</translation>
     </message>
 </context>
 <context>
     <name>QualityWindow</name>
     <message>
         <source>Recorded: up to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Opgenomen: tot %1.</translation>
     </message>
     <message>
         <source>Nothing is recorded: what was counted within the last hour is shown, without answer times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er wordt niets opgenomen: te zien is wat in het laatste uur is geteld, zonder antwoordtijden.</translation>
     </message>
     <message>
         <source>Reading the recording...</source>
-        <translation type="unfinished">Opname wordt gelezen...</translation>
+        <translation>De opname wordt gelezen...</translation>
     </message>
     <message>
         <source>Answer times with ≈ are of an evenly spread sample.</source>
-        <translation type="unfinished"></translation>
+        <translation>Antwoordtijden met ≈ komen uit een gelijkmatig verdeelde steekproef.</translation>
     </message>
     <message>
         <source>Line quality</source>
-        <translation type="unfinished">Lijnkwaliteit</translation>
+        <translation>Lijnkwaliteit</translation>
     </message>
     <message>
         <source>Now (5 minutes)</source>
-        <translation type="unfinished"></translation>
+        <translation>Nu (5 minuten)</translation>
     </message>
     <message>
         <source>Last hour</source>
-        <translation type="unfinished"></translation>
+        <translation>Laatste uur</translation>
     </message>
     <message>
         <source>Last day</source>
-        <translation type="unfinished"></translation>
+        <translation>Laatste dag</translation>
     </message>
     <message>
         <source>Last week</source>
-        <translation type="unfinished"></translation>
+        <translation>Laatste week</translation>
     </message>
     <message>
         <source>How far back</source>
-        <translation type="unfinished"></translation>
+        <translation>Hoe ver terug</translation>
     </message>
     <message>
         <source>How far back the quality of the line is looked at</source>
-        <translation type="unfinished"></translation>
+        <translation>Hoe ver terug naar de kwaliteit van de lijn wordt gekeken</translation>
     </message>
     <message>
         <source>Line quality, worst first</source>
-        <translation type="unfinished"></translation>
+        <translation>Lijnkwaliteit, de slechtste eerst</translation>
     </message>
     <message>
         <source>Small bars in the overview</source>
-        <translation type="unfinished"></translation>
+        <translation>Staafjes in het overzicht</translation>
     </message>
     <message>
         <source>Shows at each name how well the LDB&apos;s exchanges of the last 15 minutes went</source>
-        <translation type="unfinished"></translation>
+        <translation>Toont bij elke naam hoe goed de uitwisselingen van de LDB in de laatste 15 minuten gingen</translation>
     </message>
 </context>
 <context>
@@ -3588,113 +3590,115 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <name>RecordingForm</name>
     <message>
         <source>Folder for Recordings</source>
-        <translation type="unfinished"></translation>
+        <translation>Map voor opnamen</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Opname</translation>
     </message>
     <message>
         <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
-        <translation type="unfinished"></translation>
+        <translation>Welke dagen worden bewaard, kon niet worden opgeslagen. De dagen kunnen worden verwijderd wanneer ze oud zijn.</translation>
     </message>
     <message>
         <source>&amp;Record everything while the bus is monitored</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles &amp;opnemen zolang de bus wordt bewaakt</translation>
     </message>
     <message>
         <source>&amp;Folder:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Map:</translation>
     </message>
     <message>
         <source>Beside what is remembered of the installation</source>
-        <translation type="unfinished"></translation>
+        <translation>Naast wat van de installatie is onthouden</translation>
     </message>
     <message>
         <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
-        <translation type="unfinished"></translation>
+        <translation>Opnamen liggen erin onder de installatie; wat eerder is opgenomen, blijft waar het is</translation>
     </message>
     <message>
         <source>Browse...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bladeren...</translation>
     </message>
     <message>
         <source>Keep for &amp;days:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dagen bewaren:</translation>
     </message>
     <message>
         <source>What is older is deleted by whole days</source>
-        <translation type="unfinished"></translation>
+        <translation>Wat ouder is, wordt per hele dag verwijderd</translation>
     </message>
     <message>
         <source>Keep at &amp;most:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hoogstens bewaren:</translation>
     </message>
     <message>
         <source> GB</source>
         <extracomment>gigabytes</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> GB</translation>
     </message>
     <message>
         <source>For each installation. When there is more, the oldest days are deleted</source>
-        <translation type="unfinished"></translation>
+        <translation>Per installatie. Is er meer, dan worden de oudste dagen verwijderd</translation>
     </message>
     <message>
         <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
-        <translation type="unfinished"></translation>
+        <translation>Op&amp;genomen dagen; de aangevinkte worden bewaard, hoe oud en groot ook:</translation>
     </message>
     <message>
         <source>Keep Day</source>
-        <translation type="unfinished"></translation>
+        <translation>Dag bewaren</translation>
     </message>
     <message>
         <source>Size</source>
-        <translation type="unfinished"></translation>
+        <translation>Grootte</translation>
     </message>
     <message>
         <source>Days recorded</source>
-        <translation type="unfinished"></translation>
+        <translation>Opgenomen dagen</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished">OK</translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Annuleren</translation>
+        <translation>Annuleren</translation>
     </message>
 </context>
 <context>
     <name>RecordingIndicator</name>
     <message>
         <source>Recording is off</source>
-        <translation type="unfinished"></translation>
+        <translation>Opname staat uit</translation>
     </message>
     <message>
         <source>Nothing is recorded: it is turned off in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er wordt niets opgenomen: dat staat uit in de instellingen.</translation>
     </message>
     <message>
         <source>Not recorded!</source>
-        <translation type="unfinished"></translation>
+        <translation>Niet opgenomen!</translation>
     </message>
     <message>
         <source>Recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Opname loopt</translation>
     </message>
     <message>
         <source>Everything on the bus is recorded. Click to open the folder.
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles op de bus wordt opgenomen. Klik om de map te openen.
+%1</translation>
     </message>
     <message>
         <source>Not recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Geen opname</translation>
     </message>
     <message>
         <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wat op de bus gebeurt, wordt opgenomen zodra deze wordt bewaakt. Klik om de map te openen.
+%1</translation>
     </message>
 </context>
 <context>
@@ -3883,7 +3887,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <name>RunFindings</name>
     <message>
         <source>Attention</source>
-        <translation type="unfinished">Let op</translation>
+        <translation>Let op</translation>
     </message>
 </context>
 <context>
@@ -3915,11 +3919,11 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <name>SettingsFields</name>
     <message>
         <source>Tick Enable Open Detection first.</source>
-        <translation type="unfinished">Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
+        <translation>Vink eerst Onderbrekingsdetectie inschakelen aan.</translation>
     </message>
     <message>
         <source>The settings have not been read yet.</source>
-        <translation type="unfinished">De instellingen zijn nog niet gelezen.</translation>
+        <translation>De instellingen zijn nog niet gelezen.</translation>
     </message>
 </context>
 <context>
@@ -4018,11 +4022,11 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
-        <translation type="unfinished"></translation>
+        <translation>Of wat op de bus gebeurt wordt opgenomen, waar, en hoe lang het wordt bewaard</translation>
     </message>
     <message>
         <source>Re&amp;cording...</source>
-        <translation type="unfinished"></translation>
+        <translation>Op&amp;name...</translation>
     </message>
 </context>
 <context>
@@ -5223,7 +5227,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <name>WorkNotes</name>
     <message>
         <source>Fault finding ended without a result</source>
-        <translation type="unfinished"></translation>
+        <translation>Foutzoeken eindigde zonder resultaat</translation>
     </message>
 </context>
 <context>
