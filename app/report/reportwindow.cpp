@@ -28,6 +28,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+#include <memory>
 #include <utility>
 
 namespace {
@@ -398,10 +399,14 @@ void ReportWindow::print()
     dialog->setObjectName(QStringLiteral("reportPrintDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     // The dialog uses the printer until it is gone.
-    connect(dialog, QOverload<QPrinter*>::of(&QPrintDialog::accepted), this, [this, printer] {
-        makeTyped();
-        m_status->setText(tr("Printing..."));
-        m_maker->print(printer);
+    auto isWanted = std::make_shared<bool>(false);
+    connect(dialog, &QDialog::accepted, this, [isWanted] { *isWanted = true; });
+    connect(dialog, &QObject::destroyed, this, [this, printer, isWanted] {
+        if (*isWanted) {
+            makeTyped();
+            m_status->setText(tr("Printing..."));
+            m_maker->print(printer);
+        }
     });
     dialog->open();
 }
