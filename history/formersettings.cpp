@@ -19,6 +19,8 @@ namespace {
 const QString kFolderName = QStringLiteral("former-settings");
 const QString kFileTime = QStringLiteral("yyyy-MM-dd_hh-mm-ss-zzz");
 const QString kSuffix = QStringLiteral(".json");
+// What else is kept of an installation lies beside them.
+const QString kNamePattern = QStringLiteral("[0-9]*-[0-9]*-[0-9]*_[0-9]*-[0-9]*.json");
 
 // Keys of a file.
 const QString kAt = QStringLiteral("at");
@@ -117,7 +119,7 @@ std::vector<FormerSettings> FormerSettingsStore::all() const
     std::vector<FormerSettings> found;
     const QDir folder(m_folder);
     const QStringList names =
-        folder.entryList({QLatin1Char('*') + kSuffix}, QDir::Files, QDir::Name | QDir::Reversed);
+        folder.entryList({kNamePattern}, QDir::Files, QDir::Name | QDir::Reversed);
     for (const QString& name : names) {
         if (auto former = read(folder.filePath(name))) {
             found.push_back(std::move(*former));

@@ -11,7 +11,8 @@ build_packages=(
 )
 
 # What the checks of the sources take beyond that.
-check_packages=(clang clang-format clang-tidy desktop-file-utils libclang-rt-dev)
+check_packages=(clang clang-format clang-tidy desktop-file-utils libclang-rt-dev
+                poppler-utils)
 
 # What the checks of everything take beyond those.
 all_check_packages=(tshark)

@@ -64,6 +64,11 @@ inline const QString kRecordingFolderKey = QStringLiteral("recording/folder");
 inline const QString kRecordingDaysKey = QStringLiteral("recording/days");
 inline const QString kRecordingMegabytesKey = QStringLiteral("recording/megabytes");
 
+// Per-user settings: what every report says.
+inline const QString kReportEngineerKey = QStringLiteral("report/engineer");
+inline const QString kReportReferenceKey = QStringLiteral("report/reference");
+inline const QString kReportPaperKey = QStringLiteral("report/paper");
+
 // Translation files: TavroCordexSniffer_<language>.qm.
 inline const QString kTranslationFileTemplate =
     QStringLiteral("%1%2").arg(kApplicationName, QStringLiteral("_%1.qm"));

@@ -10,6 +10,7 @@
 #include "app/recording/recordingcontrol.h"
 #include "app/recording/recordingform.h"
 #include "app/recording/recordingindicator.h"
+#include "app/report/reportwindow.h"
 #include "app/window/ldbviews.h"
 #include "app/window/ldbwork.h"
 #include "app/window/monitoringstrip.h"
@@ -63,6 +64,7 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     connect(around.work->notes(), &WorkNotes::noted, m_control->recorder(), &Recorder::note);
     around.views->setHistorySource(new RecordedPlot(m_control->access(), m_control));
     makeIndicator(around);
+    makeReport(around, window);
     makeMenu(around, window);
     initLookBack(around, window);
     m_events->setShown([this] { return m_lookBack->shown(); });
@@ -75,6 +77,7 @@ Evidence::~Evidence()
     delete m_events;   // it asks what is shown
     delete m_lookBack; // it reads by the control
     // They use the recording.
+    delete m_report;
     delete m_form;
     delete m_preferences;
     delete m_indicator;
@@ -190,10 +193,12 @@ void Evidence::makeMenu(const Surroundings& around, QWidget* window)
     auto* menu = new QMenu(button);
     menu->setObjectName(QStringLiteral("evidenceMenu"));
     button->setMenu(menu);
+    m_makeReport = menu->addAction(QString(), this, [this] { m_report->open(); });
     m_take = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Log); });
     m_copy = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Copy); });
     menu->addSeparator();
     m_settings = menu->addAction(QString(), this, &Evidence::showPreferences);
+    m_makeReport->setObjectName(QStringLiteral("reportAction"));
     m_take->setObjectName(QStringLiteral("takeHomeAction"));
     m_copy->setObjectName(QStringLiteral("copyVisitAction"));
     m_settings->setObjectName(QStringLiteral("recordingSettingsAction"));
@@ -208,6 +213,26 @@ std::vector<Text> Evidence::underWay(std::vector<Text> others) const
     return others;
 }
 
+void Evidence::makeReport(const Surroundings& around, QWidget* window)
+{
+    const InstallationControl* installation = around.desk->control();
+    const auto describe = [installation] {
+        const Installation& current = installation->current();
+        ReportRequest request;
+        request.head.installation = current.title();
+        request.head.place = current.place;
+        request.known = current.ldbs;
+        if (!current.id.isEmpty()) {
+            request.formerFolder = installation->store().folderOf(current.id);
+        }
+        return request;
+    };
+    m_report = new ReportWindow({m_control->access(),
+                                 [control = m_control] { control->recorder()->flush(); },
+                                 around.ports.wallTime, describe},
+                                window);
+}
+
 void Evidence::showPreferences()
 {
     m_preferences->open();
@@ -215,6 +240,7 @@ void Evidence::showPreferences()
 
 void Evidence::retranslate()
 {
+    m_makeReport->setText(tr("Report of the &Visit..."));
     m_take->setText(tr("Take Evidence &Home..."));
     m_copy->setText(tr("Save a &Copy of This Visit..."));
     m_settings->setText(tr("&Recording..."));

@@ -24,6 +24,7 @@ class QualityDisplay;
 class RecordingControl;
 class RecordingForm;
 class RecordingIndicator;
+class ReportWindow;
 class RunControl;
 class SerialLink;
 
@@ -63,6 +64,7 @@ public:
 
 private:
     void makeIndicator(const Surroundings& around);
+    void makeReport(const Surroundings& around, QWidget* window);
     void makeMenu(const Surroundings& around, QWidget* window);
     void initLookBack(const Surroundings& around, QWidget* window);
     void showQuality(const Surroundings& around);
@@ -77,6 +79,8 @@ private:
     QPointer<RecordingIndicator> m_indicator;
     QPointer<RecordingForm> m_preferences;
     QPointer<EvidenceForm> m_form;
+    QPointer<ReportWindow> m_report;
+    QAction* m_makeReport = nullptr;
     QAction* m_take = nullptr;
     QAction* m_copy = nullptr;
     QAction* m_settings = nullptr;

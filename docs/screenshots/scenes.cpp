@@ -6,6 +6,7 @@
 #include "app/transfer/settingstransfer.h"
 #include "docs/screenshots/trackingscene.h"
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -135,6 +137,24 @@ void shootEvidence(Stage& stage)
     form->close();
 }
 
+void shootReport(Stage& stage)
+{
+    stage.child<QAction>(QStringLiteral("reportAction"))->trigger();
+    auto* report = stage.waitForWindow<QWidget>(QStringLiteral("reportWindow"));
+    stage.child<QLineEdit>(QStringLiteral("reportEngineerEdit"), report)
+        ->setText(QStringLiteral("A. Weber"));
+    const auto* save = stage.child<QPushButton>(QStringLiteral("reportPdfButton"), report);
+    Stage::waitFor(
+        "the report", [save] { return save->isEnabled(); }, 20);
+    constexpr int kPastHead = 270; // which names the port of the day
+    stage.child<QAbstractScrollArea>(QStringLiteral("reportPreview"), report)
+        ->verticalScrollBar()
+        ->setValue(kPastHead);
+    Stage::pass(2); // its pages are drawn
+    stage.shoot(report, QStringLiteral("report-window"));
+    report->close();
+}
+
 void shootLanguages(Stage& stage)
 {
     for (const QString& language :
@@ -160,6 +180,7 @@ void overview(const Stage::Options& options)
     shootLog(stage);
     shootDialogs(stage);
     shootEvidence(stage);
+    shootReport(stage);
     shootLanguages(stage);
 }
 

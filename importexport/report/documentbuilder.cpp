@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 using namespace reportpart;
@@ -19,6 +20,7 @@ namespace {
 // In 0.1 mm.
 constexpr int kTextSize = 34;
 constexpr int kTableSize = 26;
+constexpr int kHeadSizes[] = {kTableSize, 23, 20, 18};
 constexpr int kHeadingSizes[] = {60, 44, 36};
 constexpr double kHeadingAbove[] = {0, 60, 40};
 constexpr double kHeadingBelow[] = {24, 14, 10};
@@ -60,10 +62,10 @@ QTextCharFormat formatOf(const Cell& cell)
 }
 
 /// As wide as any text of a table is set.
-QFont tableFont()
+QFont tableFont(int size)
 {
     QFont font;
-    font.setPixelSize(kTableSize);
+    font.setPixelSize(size);
     font.setBold(true);
     return font;
 }
@@ -89,38 +91,57 @@ void fill(QTextTable* table, int row, int column, const QString& text,
     cursor.insertText(inOneBlock(text), format);
 }
 
-/// The columns' shares of the page; none is narrower than its longest word.
-std::vector<double> widthsOf(const Table& table, double page)
+double widestOf(const QSet<QString>& words, int size)
 {
-    const QFontMetricsF metrics(tableFont());
+    const QFontMetricsF metrics(tableFont(size));
+    double width = 0;
+    for (const QString& word : words) {
+        width = qMax(width, metrics.horizontalAdvance(word));
+    }
+    return width;
+}
+
+/// What each column needs for its longest word, with or without its title.
+std::vector<double> leastOf(const Table& table, double page, int headSize)
+{
     std::vector<double> least;
-    double sum = 0;
-    double sumOfLeast = 0;
+    least.reserve(table.columns.size());
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        QSet<QString> words = wordsOf(table.columns[i].title);
+        QSet<QString> words;
         for (const auto& row : table.rows) {
-            words += wordsOf(row[i].text);
+            words +=
+                table.columns[i].isInOneLine ? QSet<QString>{row[i].text} : wordsOf(row[i].text);
         }
-        double width = 0;
-        for (const QString& word : qAsConst(words)) {
-            width = qMax(width, metrics.horizontalAdvance(word));
-        }
+        const double ofTitle =
+            headSize > 0 ? widestOf(wordsOf(table.columns[i].title), headSize) : 0;
+        const double width = qMax(widestOf(words, kTableSize), ofTitle);
         least.push_back(qMin(width + 2 * kPadding + 2 * kLine, page * kWidestWord));
-        sum += table.columns[i].width;
-        sumOfLeast += least.back();
     }
-    // What is left beyond the words goes where the columns want more.
+    return least;
+}
+
+double sumOf(const std::vector<double>& widths)
+{
+    return std::accumulate(widths.begin(), widths.end(), 0.0);
+}
+
+/// Beyond what they need at least, the columns share the page as they want.
+std::vector<double> spread(const std::vector<double>& least, const std::vector<double>& wanted,
+                           double page)
+{
+    std::vector<double> more;
+    more.reserve(least.size());
+    for (std::size_t i = 0; i < least.size(); ++i) {
+        more.push_back(qMax(wanted[i] - least[i], 0.0));
+    }
+    const double sum = sumOf(more);
+    const double left = qMax(page - sumOf(least), 0.0);
+    const double whole = qMax(page, sumOf(least));
     std::vector<double> widths;
-    double wanted = 0;
+    widths.reserve(least.size());
     for (std::size_t i = 0; i < least.size(); ++i) {
-        const double share = page * table.columns[i].width / sum;
-        widths.push_back(qMax(share - least[i], 0.0));
-        wanted += widths[i];
-    }
-    const double left = qMax(page - sumOfLeast, 0.0);
-    for (std::size_t i = 0; i < least.size(); ++i) {
-        const double more = wanted > 0 ? left * widths[i] / wanted : 0;
-        widths[i] = kWhole * (least[i] + more) / qMax(page, sumOfLeast);
+        const double share = sum > 0 ? left * more[i] / sum : 0;
+        widths.push_back(kWhole * (least[i] + share) / whole);
     }
     return widths;
 }
@@ -206,7 +227,6 @@ void DocumentBuilder::beginBlock(double above, double below)
     placed.place = {m_part, -1};
     placed.position = m_cursor.position();
     placed.margin = above;
-    placed.isLastOfPart = true;
     m_placed.push_back(placed);
 }
 
@@ -225,9 +245,34 @@ void DocumentBuilder::put(const Paragraph& paragraph)
     m_cursor.insertText(inOneBlock(paragraph.text), formatOf(kTextSize));
 }
 
+/// No column is narrower than its longest word. Titles with very long ones are set smaller; if that
+/// does not help, they are parted.
+void DocumentBuilder::fit(const Table& table)
+{
+    const double page = m_body.width();
+    std::vector<double> wanted;
+    wanted.reserve(table.columns.size());
+    for (const Column& column : table.columns) {
+        wanted.push_back(column.width);
+    }
+    const double sum = sumOf(wanted);
+    for (double& width : wanted) {
+        width *= page / sum;
+    }
+    for (const int size : kHeadSizes) {
+        m_headSize = size;
+        const std::vector<double> least = leastOf(table, page, size);
+        if (sumOf(least) <= page) {
+            m_widths = spread(least, wanted, page);
+            return;
+        }
+    }
+    m_widths = spread(leastOf(table, page, 0), leastOf(table, page, m_headSize), page);
+}
+
 void DocumentBuilder::put(const Table& table)
 {
-    m_widths = widthsOf(table, m_body.width());
+    fit(table);
     std::size_t from = 0;
     for (std::size_t row = 1; row < table.rows.size(); ++row) {
         if (isBreak(static_cast<int>(row))) {
@@ -258,7 +303,7 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
         ground.setBackground(kHeadGround);
         cell.setFormat(ground);
         fill(placed, 0, column, table.columns[static_cast<std::size_t>(column)].title,
-             formatOf(kTableSize, true));
+             formatOf(m_headSize, true));
     }
     for (std::size_t row = from; row < to; ++row) {
         const std::vector<Cell>& cells = table.rows[row];
@@ -275,7 +320,6 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
         here.place = {m_part, static_cast<int>(row)};
         here.table = placed;
         here.row = placedRow;
-        here.isLastOfPart = row + 1 == to;
         m_placed.push_back(here);
     }
     // What follows a table; Qt wants a block there.
@@ -308,16 +352,17 @@ void DocumentBuilder::put(const Signatures& signatures)
         captions.emplace_back(caption);
     }
     table.rows.push_back(std::move(captions));
-    m_widths = widthsOf(table, m_body.width());
+    beginBlock(kSignatureSpace, 0); // room to sign
+    m_placed.back().isHeading = true;
+    fit(table);
     putRows(table, 0, 1);
     QTextTable* placed = m_placed.back().table;
     for (int column = 0; column < placed->columns(); ++column) {
         QTextTableCell cell = placed->cellAt(0, column);
         QTextTableCellFormat format = cell.format().toTableCellFormat();
-        format.setTopPadding(kSignatureSpace);
-        format.setBottomBorder(kLine);
-        format.setBottomBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBottomBorderBrush(QColor(Qt::black));
+        format.setTopBorder(kLine);
+        format.setTopBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setTopBorderBrush(QColor(Qt::black));
         cell.setFormat(format);
     }
 }
@@ -348,7 +393,7 @@ std::vector<DocumentBuilder::Unit> DocumentBuilder::measure(const QTextDocument&
                 rect |= head;
             } else if (hasHead) {
                 unit.head = head.height();
-            } else {
+            } else if (placed.place.second == 0) {
                 rect.setTop(layout->frameBoundingRect(placed.table).top());
             }
         } else {

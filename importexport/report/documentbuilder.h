@@ -45,6 +45,7 @@ private:
     void put(const reportpart::Table& table);
     void put(const reportpart::Picture& picture);
     void put(const reportpart::Signatures& signatures);
+    void fit(const reportpart::Table& table);
     void putRows(const reportpart::Table& table, std::size_t from, std::size_t to);
     void beginBlock(double above, double below);
     bool isBreak(int row) const { return m_breaks.count({m_part, row}) > 0; }
@@ -57,6 +58,7 @@ private:
     QTextCursor m_cursor;
     std::size_t m_part = 0;
     std::vector<double> m_widths; ///< of the table's columns, per cent
+    int m_headSize = 0;           ///< of the table's titles
     struct Placed
     {
         Place place;
@@ -65,7 +67,6 @@ private:
         int row = -1; ///< in that table
         double margin = 0;
         bool isHeading = false;
-        bool isLastOfPart = false;
     };
     std::vector<Placed> m_placed;
 };

@@ -40,7 +40,8 @@ struct Cell
 struct Column
 {
     QString title;
-    int width = 1; ///< share of the page's width, against the other columns
+    int width = 1;            ///< share of the page's width, against the other columns
+    bool isInOneLine = false; ///< where the page has room for it
 };
 struct Table
 {
@@ -67,6 +68,7 @@ using ReportPart = std::variant<reportpart::Heading, reportpart::Paragraph, repo
 struct ReportContents
 {
     QString title;
-    QString subject; ///< stands at the head of each page
+    QString language; ///< its code: "fr"
+    QString subject;  ///< stands at the head of each page
     std::vector<ReportPart> parts;
 };

@@ -89,9 +89,10 @@ QString htmlOfPart(const Signatures& signatures)
 
 } // namespace
 
-QByteArray htmlOf(const ReportContents& contents, const QString& language)
+QByteArray htmlOf(const ReportContents& contents)
 {
-    QString html = QStringLiteral("<!DOCTYPE html>\n<html lang=\"") + language +
+    QString html = QStringLiteral("<!DOCTYPE html>\n<html lang=\"") +
+                   contents.language.toHtmlEscaped() +
                    QStringLiteral("\">\n<head><meta charset=\"utf-8\">\n") +
                    element(QStringLiteral("title"), contents.title) + QStringLiteral("<style>") +
                    kStyle + QStringLiteral("</style></head>\n<body>\n");

@@ -4,5 +4,5 @@
 
 #include <QByteArray>
 
-/// The document as one HTML file, UTF-8, pictures within. Pure. `language`: as "fr".
-QByteArray htmlOf(const ReportContents& contents, const QString& language);
+/// The document as one HTML file, UTF-8, pictures within. Pure.
+QByteArray htmlOf(const ReportContents& contents);

@@ -20,8 +20,9 @@ struct Texts
 };
 
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kGoodOneIn = 1000;     // of a good line no more questions end badly
-constexpr qint64 kShortPause = 2000000; // between two runs: nobody has missed anything
+constexpr qint64 kGoodOneIn = 1000;              // of a good line no more questions end badly
+constexpr qint64 kLongUnheard = 300LL * 1000000; // rounds of large sites are far shorter
+constexpr qint64 kShortPause = 2000000;          // between two runs: nobody has missed anything
 
 const QString kSeparator = QStringLiteral(", ");
 
@@ -87,20 +88,20 @@ QString faultyText(const ReportedLdb& ldb)
     using namespace generalinformation;
     const QList<QStringList>& rows = ldb.record.rows;
     QStringList what;
-    const auto add = [&what, &rows](Row row, FaultLevel level) {
+    const auto add = [&what, &rows](Row row, const QString& part, FaultLevel level) {
         if (level != FaultLevel::None) {
-            what.append(text(rows, row));
+            what.append(Texts::tr("%1: %2").arg(part, text(rows, row)));
         }
     };
     if (isOutOfOrder(rows)) {
         what.append(text(rows, ModeRow));
     }
-    add(LoopRow, ldbLoopFault(integer(rows, LoopRow)));
-    add(EarthRow, ldbEarthFault(integer(rows, EarthRow)));
-    add(AmplifierRow, ldbAmplifierFault(integer(rows, AmplifierRow)));
+    add(LoopRow, Texts::tr("Loop"), ldbLoopFault(integer(rows, LoopRow)));
+    add(EarthRow, Texts::tr("Earth"), ldbEarthFault(integer(rows, EarthRow)));
+    add(AmplifierRow, Texts::tr("Amplifier"), ldbAmplifierFault(integer(rows, AmplifierRow)));
     const auto port = [&what, &rows](Row row, const QString& side) {
         if (integer(rows, row) == kMissingMeasurement) {
-            what.append(QStringLiteral("%1: %2").arg(side, text(rows, row)));
+            what.append(Texts::tr("%1: %2").arg(side, text(rows, row)));
         }
     };
     port(PrimaryVoltageRow, Texts::tr("Primary side"));
@@ -211,21 +212,53 @@ QString faultText(const FaultSpan& fault)
                            : fault.text();
 }
 
+QString beginText(const FaultSpan& fault)
+{
+    if (fault.begun == 0) {
+        return Texts::tr("not known");
+    }
+    return fault.isBeginVague ? Texts::tr("before %1").arg(timeText(fault.begun))
+                              : timeText(fault.begun);
+}
+
 QString endText(const FaultSpan& fault)
 {
     if (fault.isRemembered) {
         return kNoValue;
     }
-    return fault.isThere() ? Texts::tr("still there") : timeText(fault.ended);
+    if (fault.isThere()) {
+        return Texts::tr("still there");
+    }
+    return fault.isEndVague ? Texts::tr("before %1").arg(timeText(fault.ended))
+                            : timeText(fault.ended);
 }
 
 QString durationOf(const FaultSpan& fault, const VisitReport& report)
 {
-    if (fault.isRemembered || fault.begun == 0) {
+    if (fault.isRemembered || fault.begun == 0 || (fault.isBeginVague && fault.isEndVague)) {
         return kNoValue;
     }
     const qint64 end = fault.isThere() ? report.recorded.value_or(report.span).to : fault.ended;
-    return durationText(qMax<qint64>(end - fault.begun, 0));
+    const QString duration = durationText(qMax<qint64>(end - fault.begun, 0));
+    if (fault.isBeginVague) {
+        return Texts::tr("%1 at least").arg(duration);
+    }
+    return fault.isEndVague ? Texts::tr("%1 at most").arg(duration) : duration;
+}
+
+QString occasionText(FormerSettings::Occasion occasion)
+{
+    switch (occasion) {
+    case FormerSettings::Occasion::Save:
+        return Texts::tr("a save");
+    case FormerSettings::Occasion::Write:
+        return Texts::tr("a writing of the table");
+    case FormerSettings::Occasion::Import:
+        return Texts::tr("an import");
+    case FormerSettings::Occasion::PutBack:
+        break;
+    }
+    return Texts::tr("a put back");
 }
 
 QString sideText(const recordedwork::Finding::Side& side)
@@ -277,6 +310,19 @@ QStringList summaryTexts(const VisitReport& report)
         tell(remembered, {}, Texts::tr("LDB's that remember a fault that has gone (%1): %2."));
     }
     tell(namesOf(report, isLost), Texts::tr("No LDB is lost."), Texts::tr("LDB's lost (%1): %2."));
+    // What an engineer must not leave behind unseen.
+    const auto tellMode = [&](LdbState state, const QString& some) {
+        const QStringList names = namesOf(report, [state](const ReportedLdb& ldb) {
+            return isHeard(ldb) && static_cast<LdbState>(generalinformation::integer(
+                                       ldb.record.rows, generalinformation::ModeRow)) == state;
+        });
+        if (!names.isEmpty()) {
+            tell(names, {}, some);
+        }
+    };
+    tellMode(LdbState::ServiceMode, Texts::tr("LDB's in service mode (%1): %2."));
+    tellMode(LdbState::CheckSettings,
+             Texts::tr("LDB's whose settings are to be checked (%1): %2."));
     return texts;
 }
 
@@ -297,6 +343,12 @@ QStringList missingTexts(const VisitReport& report)
     addNames(texts, Texts::tr("Last heard before this time: %1."),
              namesOf(report, [&report](const ReportedLdb& ldb) {
                  return isHeard(ldb) && ldb.record.at < report.span.from;
+             }));
+    const qint64 end = report.recorded.value_or(report.span).to;
+    addNames(texts, Texts::tr("Last heard more than 5 minutes before the end: %1."),
+             namesOf(report, [&report, end](const ReportedLdb& ldb) {
+                 return isHeard(ldb) && !isLost(ldb) && ldb.record.at >= report.span.from &&
+                        ldb.record.at < end - kLongUnheard;
              }));
     addNames(texts, Texts::tr("In the list for a time only: %1."),
              namesOf(report, [](const ReportedLdb& ldb) { return !ldb.isListed; }));

@@ -16,9 +16,12 @@ QString portsText(const VisitReport& report);
 
 /// What it is, how often, and whether it came and went between two looks.
 QString faultText(const FaultSpan& fault);
+QString beginText(const FaultSpan& fault);
 QString endText(const FaultSpan& fault);
 /// How long; of one that is there still until the end of the report.
 QString durationOf(const FaultSpan& fault, const VisitReport& report);
+
+QString occasionText(FormerSettings::Occasion occasion);
 
 /// How a side of a run ended, with the FIM before the fault.
 QString sideText(const recordedwork::Finding::Side& side);

@@ -103,16 +103,18 @@ void Chart::drawGrid(QPainter& painter) const
                          QString::number(value, 'g', 4) + QStringLiteral(" mA"));
     }
     constexpr int kTextWidth = 200;
+    constexpr int kEdge = 10; // where a page may cut
     for (int tick = 0; tick <= kTicks; ++tick) {
         const qint64 at = m_from + (m_to - m_from) * tick / kTicks;
         painter.setPen(QPen(kGridColour, 2));
         painter.drawLine(QPointF(x(at), area().top()), QPointF(x(at), area().bottom()));
         painter.setPen(Qt::black);
         const double left =
-            qBound(0.0, x(at) - kTextWidth / 2.0, double(kSize.width() - kTextWidth));
+            qBound(0.0, x(at) - kTextWidth / 2.0, double(kSize.width() - kTextWidth - kEdge));
         painter.drawText(QRectF(left, area().bottom() + 4, kTextWidth, kBottom - 4),
-                         left + kTextWidth >= kSize.width() ? Qt::AlignRight | Qt::AlignVCenter
-                                                            : int(Qt::AlignCenter),
+                         left + kTextWidth + kEdge >= kSize.width()
+                             ? Qt::AlignRight | Qt::AlignVCenter
+                             : int(Qt::AlignCenter),
                          QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond)
                              .toString(QStringLiteral("hh:mm:ss")));
     }

@@ -108,14 +108,28 @@ void VisitCollector::step(RecordingReader& reader)
     const Step next = std::move(m_steps.front());
     m_steps.pop_front();
     next(reader);
+    takeNotices(reader);
+}
+
+void VisitCollector::takeNotices(RecordingReader& reader)
+{
+    std::vector<RecordingNotice>& notices = m_report.notices;
     for (RecordingNotice& notice : reader.takeNotices()) {
-        m_report.notices.push_back(std::move(notice));
+        if (std::find(notices.begin(), notices.end(), notice) == notices.end()) {
+            notices.push_back(std::move(notice));
+        }
     }
 }
 
 void VisitCollector::readFrame(RecordingReader& reader)
 {
-    TimeSpan& span = m_report.span;
+    const TimeSpan span = m_report.span;
+    readFormerSettings();
+    // What the reader has said to others by now is to be in the report, too.
+    RecordingReader another(reader.path());
+    another.runs(span);
+    another.events(span);
+    takeNotices(another);
     const auto extent = reader.extent();
     if (!extent || extent->from >= span.to || extent->to <= span.from) {
         m_steps.clear(); // nothing is recorded of it
@@ -186,6 +200,21 @@ void VisitCollector::findMissing()
             find(known.hexId)->name = known.name;
         }
     }
+}
+
+void VisitCollector::readFormerSettings()
+{
+    if (m_request.formerFolder.isEmpty()) {
+        return;
+    }
+    const TimeSpan span = m_report.span;
+    for (FormerSettings& former : FormerSettingsStore(m_request.formerFolder).all()) {
+        const qint64 at = former.at.toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+        if (at >= span.from && at < span.to) {
+            m_report.former.push_back(std::move(former));
+        }
+    }
+    std::reverse(m_report.former.begin(), m_report.former.end()); // the latest came first
 }
 
 /// What is there at the begin of the span has begun before.

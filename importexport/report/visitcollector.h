@@ -30,10 +30,12 @@ public:
 private:
     using Step = std::function<void(RecordingReader&)>;
 
+    void takeNotices(RecordingReader& reader);
     void readFrame(RecordingReader& reader);
     void readLdbs(RecordingReader& reader);
     void addLeft(RecordingReader& reader, const QStringList& hexIds);
     void findMissing();
+    void readFormerSettings();
     void readFormerEvents(RecordingReader& reader);
     void readEvents(RecordingReader& reader);
     void takeEvent(const RecordedEvent& event);

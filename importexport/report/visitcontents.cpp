@@ -1,6 +1,7 @@
 #include "importexport/report/visitcontents.h"
 
 #include "importexport/report/reporttexts.h"
+#include "serial/ldb/busaddress.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
 
@@ -45,6 +46,7 @@ private:
     void putFindings();
     void putFinding(const ReportedFinding& reported);
     void putChanges();
+    void putFormer();
     void putMarks();
     void putEvents();
     void putLine();
@@ -64,6 +66,7 @@ void Composer::table(std::vector<Column> columns, Rows rows)
 ReportContents Composer::compose()
 {
     m_contents.title = Texts::tr("Report of the visit");
+    m_contents.language = Texts::tr("en", "code of this language");
     m_contents.subject = m_report.head.installation;
     putHead();
     putSummary();
@@ -157,7 +160,7 @@ void Composer::putLdbs()
              text(record, TimestampRow)});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Mode"), 23},
            {Texts::tr("Loop"), 24},
            {Texts::tr("Earth"), 21},
@@ -183,12 +186,12 @@ void Composer::putFaults()
             {fault.hexId,
              m_report.nameOf(fault.hexId),
              faultText(fault),
-             fault.begun == 0 ? Texts::tr("not known") : timeText(fault.begun),
+             beginText(fault),
              endText(fault),
              {durationOf(fault, m_report), fault.isThere() ? Cell::Tone::Bad : Cell::Tone::Plain}});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Fault"), 46},
            {Texts::tr("Begin"), 36},
            {Texts::tr("End"), 36},
@@ -256,6 +259,7 @@ void Composer::putChanges()
     heading(Texts::tr("Changed settings"));
     if (m_report.changes.empty()) {
         paragraph(Texts::tr("No change of a setting was recorded."));
+        putFormer();
         return;
     }
     Rows rows;
@@ -273,13 +277,32 @@ void Composer::putChanges()
                          isGood ? Cell::Tone::Plain : Cell::Tone::Warned}});
     }
     table({{Texts::tr("ID"), 9},
-           {Texts::tr("Name"), 27},
+           {Texts::tr("Name"), 27, true},
            {Texts::tr("Setting"), 38},
            {Texts::tr("Old"), 24},
            {Texts::tr("New"), 24},
            {Texts::tr("When"), 34},
            {Texts::tr("Read back"), 30}},
           std::move(rows));
+    putFormer();
+}
+
+/// Kept by the program itself: it tells of changes of which nothing is recorded, too.
+void Composer::putFormer()
+{
+    for (const FormerSettings& former : m_report.former) {
+        QStringList hexIds;
+        for (const LdbSettings& settings : former.ldbs) {
+            hexIds.append(busaddress::toHexId(settings.address));
+        }
+        const QString occasion =
+            former.note.isEmpty()
+                ? occasionText(former.occasion)
+                : QStringLiteral("%1 (%2)").arg(occasionText(former.occasion), former.note);
+        paragraph(Texts::tr("%1: before %2 the former settings were kept of %3.")
+                      .arg(former.at.toLocalTime().toString(generalinformation::kSecondsFormat),
+                           occasion, hexIds.join(QStringLiteral(", "))));
+    }
 }
 
 void Composer::putMarks()
@@ -346,7 +369,7 @@ void Composer::putLine()
     }
     if (!rows.empty()) {
         table({{Texts::tr("ID"), 9},
-               {Texts::tr("Name"), 30},
+               {Texts::tr("Name"), 30, true},
                {Texts::tr("Questions"), 22},
                {Texts::tr("Answered well"), 24},
                {Texts::tr("Damaged"), 22},
@@ -376,7 +399,8 @@ void Composer::putSettings()
     std::vector<Column> columns{{Texts::tr("ID"), 9}};
     columns.reserve(kLdbFields.size() + 2);
     for (const LdbField field : kLdbFields) {
-        columns.push_back({fieldName(field), field == LdbField::Name ? 27 : 17});
+        const bool isName = field == LdbField::Name;
+        columns.push_back({fieldName(field), isName ? 27 : 17, isName});
     }
     columns.push_back({Texts::tr("Read"), 22});
     Rows rows;

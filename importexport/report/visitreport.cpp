@@ -61,6 +61,7 @@ void FaultSpans::take(const RecordedEvent& event)
     span.hexId = event.hexId;
     span.place = event.place;
     span.begun = event.at;
+    span.isBeginVague = event.isVague;
     switch (event.kind) {
     case EventKind::FaultBegun:
     case EventKind::Lost:
@@ -101,11 +102,12 @@ void FaultSpans::end(const RecordedEvent& event)
         span.begun = event.since;
     }
     span.ended = event.at;
+    span.isEndVague = event.isVague;
     m_ended.push_back(std::move(span));
 }
 
-/// One that came and went more often than is told one by one. What was told to have begun before
-/// is the first of them.
+/// One that came and went more often than is told one by one. What was told to have begun is
+/// the first of them.
 void FaultSpans::fold(const RecordedEvent& event)
 {
     FaultSpan span;
@@ -115,13 +117,12 @@ void FaultSpans::fold(const RecordedEvent& event)
     span.times = event.count;
     const auto open = m_open.find({event.hexId, event.place});
     if (open != m_open.end()) {
-        FaultSpan before = open->second;
+        span.begun = open->second.begun;
+        span.isBeginVague = open->second.isBeginVague;
+        span.times += open->second.times;
         m_open.erase(open);
-        before.ended = qMax(before.begun, event.since);
-        m_ended.push_back(std::move(before));
     }
     if (event.isStill) {
-        span.isFlapStill = true;
         m_open[{event.hexId, event.place}] = std::move(span);
     } else {
         span.ended = event.at;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "history/formersettings.h"
 #include "importexport/report/recordedwork.h"
 #include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
@@ -32,6 +33,7 @@ struct ReportRequest
     ReportHead head;
     TimeSpan span;
     std::vector<KnownLdb> known; ///< LDBs remembered of the installation
+    QString formerFolder;        ///< where what LDBs had before is kept; may be empty
     bool hasAppendix = false;    ///< all settings
 };
 
@@ -63,10 +65,12 @@ struct FaultSpan
     QString hexId;
     FaultPlace place = FaultPlace::None; ///< None: it did not answer
     qint64 begun = 0;
+    // It was so when the LDB was heard again: it has begun, or ended, before.
+    bool isBeginVague = false;
+    bool isEndVague = false;
     qint64 ended = 0;          ///< 0: it is there still at the end of the span
     int times = 1;             ///< of one that came and went
     bool isRemembered = false; ///< it came and went between two looks, at `begun`
-    bool isFlapStill = false;  ///< one that came and went was there at the last look
 
     bool isThere() const { return ended == 0 && !isRemembered; }
     /// For people, in the language in force.
@@ -111,6 +115,8 @@ struct VisitReport
     std::vector<FaultSpan> faults; ///< that were there in the span, by begin
     std::vector<ReportedFinding> findings;
     std::vector<ReportedChange> changes;
+    /// What LDBs had before something was written; also of what was not recorded.
+    std::vector<FormerSettings> former;
     std::vector<RecordedEvent> marks;
     std::vector<RecordedEvent> others; ///< events that are in none of the lists above
     std::vector<RecordedGap> gaps;

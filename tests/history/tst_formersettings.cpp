@@ -76,8 +76,11 @@ private slots:
         QCOMPARE(store.keep(former(kAt)), QString());
         const QString name = QDir().entryList({"*.json"}).constFirst();
         QByteArray content = Sandbox::readFile(folder.path(name));
-        folder.writeFile("torn.json", content.left(content.size() / 2));
-        folder.writeFile("lacking.json", content.replace("\"openDetectionDelay\"", "\"delay\""));
+        folder.writeFile("installation.json", "{}"); // another's, and no reason to warn
+        QCOMPARE(store.all().size(), std::size_t(1));
+        folder.writeFile("2026-01-02_03-04-05-678.json", content.left(content.size() / 2));
+        folder.writeFile("2026-01-02_03-04-05-679.json",
+                         content.replace("\"openDetectionDelay\"", "\"delay\""));
         const ExpectWarning warning("cannot be understood");
         QCOMPARE(store.all().size(), std::size_t(1));
     }

@@ -3,6 +3,7 @@
 #include "importexport/report/visitreport.h"
 #include "tests/recording/recordedbus.h"
 
+#include <QMap>
 #include <QStringList>
 
 /// The recording of a visit to a site with so many LDBs, on which about everything happens that a
@@ -14,11 +15,12 @@ public:
     ReportedVisit(const QString& folder, int ldbs);
 
     ReportRequest request() const;
+    static QString nameOf(const QString& hexId);
 
     QStringList ldbs;
     QString lost;    ///< and not back
     QString silent;  ///< listed, and never heard
-    QString opened;  ///< its loop was open for `kOpenFor`, and is whole again
+    QString opened;  ///< its loop was open, and is whole again
     QString tracked; ///< commissioned the day before, and searched for a fault
     QString changed; ///< its settings were written
     qint64 begin = 0;
@@ -26,6 +28,9 @@ public:
     qint64 openedAt = 0;
     qint64 closedAt = 0;
     qint64 lostAt = 0;
+    qint64 changedAt = 0;
+    qint64 readAt = 0;
+    QMap<QString, qint64> leaking; ///< earth leakage, since when
 
     static const QString kInstallation;
     static const QString kMark;

@@ -1,4 +1,4 @@
-#include "tests/importexport/reportedvisit.h"
+#include "tests/report/reportedvisit.h"
 
 #include "serial/ldb/busaddress.h"
 
@@ -17,11 +17,16 @@ QByteArray lowFirst(int number)
     return hex(number) + hex(number >> 8);
 }
 
+bool isLeaking(int address)
+{
+    return address % 29 == 5;
+}
+
 /// A status whose values tell LDB and round.
 QByteArray statusOf(int address, int round, const QByteArray& loopByte = "00")
 {
     const int value = (address * 37 + round * 11) % kNumberOfValues;
-    const QByteArray earth = address % 29 == 5 ? "01" : "00"; // leakage
+    const QByteArray earth = isLeaking(address) ? "01" : "00";
     return "0000000000"
            "0A" +
            loopByte + "00" + earth +
@@ -111,7 +116,10 @@ void ReportedVisit::round(RecordedBus& bus, int number)
             continue;
         }
         if (number == 0) {
-            bus.name(hexId, QString::fromUtf8("Gleis %1 été").arg(address));
+            bus.name(hexId, nameOf(hexId));
+            if (isLeaking(address)) {
+                leaking.insert(hexId, bus.now);
+            }
         }
         const bool wasOpen = hexId == opened && number >= 3 && number < 6;
         if (hexId == opened && number == 3) {
@@ -175,13 +183,20 @@ void ReportedVisit::change(RecordedBus& bus)
     outcome.record->audioMute = false;
     auto event = *recordedwork::settingsEvent(EventKind::SettingsSaved, outcome);
     event.at = bus.now;
+    changedAt = bus.now;
     bus.inputs.push_back(event);
     // The last one says how it is.
     for (const QByteArray& delay : {QByteArray("0A00"), QByteArray("0C00")}) {
         QByteArray record = TestBus::record(changed);
         record.replace(14, 4, delay);
+        readAt = bus.now;
         bus.ask(changed, ExchangeKind::Read, record);
     }
+}
+
+QString ReportedVisit::nameOf(const QString& hexId)
+{
+    return QString::fromUtf8("Gleis %1 été").arg(busaddress::fromHexId(hexId));
 }
 
 ReportRequest ReportedVisit::request() const
@@ -195,6 +210,6 @@ ReportRequest ReportedVisit::request() const
                     "Sniffer 2.2"};
     request.span = {begin, end};
     request.hasAppendix = true;
-    request.known = {{ldbs.at(0), "remembered"}, {"FD", ldbs.contains("FD") ? "" : "gone"}};
+    request.known = {{ldbs.at(0), "remembered"}, {"FD", "gone"}};
     return request;
 }
