@@ -17,8 +17,9 @@ namespace {
 constexpr int kRefreshInterval = 5000; // ms
 constexpr qint64 kMinute = 60 * 1000000LL;
 constexpr int kBars = 15;
-constexpr int kHeight = 3; // pixels: a line of text keeps its room
-constexpr int kMargin = 4; // to the sides and, for the mark of the selected row, below
+constexpr int kHeight = 3;     // pixels: a line of text keeps its room
+constexpr int kSideMargin = 4; // pixels
+constexpr int kBelow = 2;      // for the mark of the selected row
 
 } // namespace
 
@@ -116,11 +117,8 @@ void OverviewQuality::paint(QPainter* painter, const QStyleOptionViewItem& optio
     if (!m_areShown || bars == m_bars.constEnd()) {
         return;
     }
-    const QRect place(option.rect.left() + kMargin,
-                      option.rect.bottom() + 1 - kMargin - kHeight + 1,
-                      option.rect.width() - 2 * kMargin, kHeight);
-    // A frame in the ground's colour tells the bars from any colour of a fault below them.
-    painter->fillRect(place.adjusted(-1, -1, 1, 1), option.palette.color(QPalette::Base));
+    const QRect place(option.rect.left() + kSideMargin, option.rect.bottom() + 1 - kBelow - kHeight,
+                      option.rect.width() - 2 * kSideMargin, kHeight);
     qualitystrip::paint(*painter, place, *bars, true);
 }
 

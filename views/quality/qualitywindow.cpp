@@ -19,9 +19,10 @@
 namespace {
 
 constexpr int kRefreshDelay = 100; // ms
-constexpr int kWidth = 1060;
+constexpr int kWidth = 1200;
 constexpr int kHeight = 560;
-constexpr int kNameWidth = 150;
+constexpr int kNameWidth = 140;
+constexpr int kRowMargin = 8;   // above and below a text, together
 constexpr int kCellMargin = 12; // pixels beside a text
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
@@ -83,6 +84,7 @@ void QualityWindow::build()
     m_view->setTabKeyNavigation(false);
     m_view->setWordWrap(false);
     m_view->verticalHeader()->hide();
+    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->horizontalHeader()->setHighlightSections(false);
 
