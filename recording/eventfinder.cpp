@@ -12,13 +12,24 @@ namespace {
 constexpr qint64 kSecond = 1000000;
 constexpr qint64 kMinute = 60 * kSecond;
 
-/// So many beginnings within that time are flapping.
-constexpr std::size_t kFlappingBegins = 4;
-constexpr qint64 kFlappingTime = 3 * kMinute;
-/// It has settled when it keeps still for that long.
-constexpr qint64 kSettled = kMinute;
+/// So many beginnings within a time are flapping: fast, or slowly and without an end.
+struct Flapping
+{
+    std::size_t begins;
+    qint64 within;
+    qint64 settled; ///< it is over when all keeps still for that long
+};
+constexpr Flapping kFast{4, 3 * kMinute, kMinute};
+constexpr Flapping kSlow{10, 60 * kMinute, 10 * kMinute};
 /// What never settles is told of so often.
 constexpr qint64 kLongestFold = 60 * kMinute;
+
+/// A board at work goes to and fro between two modes all day: that is no change.
+int modeOf(const LdbStatus& status)
+{
+    const LdbState mode = status.state == LdbState::Measuring ? LdbState::Quiescent : status.state;
+    return static_cast<int>(mode);
+}
 
 QString number(qint64 value)
 {
@@ -33,12 +44,13 @@ std::map<FaultPlace, EventFinder::Level> EventFinder::faultsOf(const LdbStatus& 
     const auto set = [&faults](FaultPlace place, bool isPresent, bool isRemembered) {
         faults[place] = isPresent ? Level::Present : isRemembered ? Level::Remembered : Level::None;
     };
-    // A code that stands for no fault has none of its parts, and of one that counts as remembered
-    // none is present.
+    // A code without a meaning says nothing of its parts, and of one that counts as remembered none
+    // is present.
     const auto parts = [&set](FaultLevel level, int code, FaultPlace place, int present) {
-        const bool isPresent = level == FaultLevel::Major && (code & present) != 0;
-        const bool isEither = level != FaultLevel::None && (code & (present * 3)) != 0;
-        set(place, isPresent, isEither);
+        if (code == 0 || level != FaultLevel::None) {
+            set(place, level == FaultLevel::Major && (code & present) != 0,
+                (code & (present * 3)) != 0);
+        }
     };
     const int loop = static_cast<int>(status.loopState());
     parts(ldbLoopFault(loop), loop, FaultPlace::LoopOpen, static_cast<int>(LdbLoopState::Open));
@@ -61,6 +73,14 @@ std::map<FaultPlace, EventFinder::Level> EventFinder::faultsOf(const LdbStatus& 
     return faults;
 }
 
+void EventFinder::runBegun()
+{
+    for (auto& [hexId, ldb] : m_ldbs) {
+        m_revision += ldb.isFollowed ? 1 : 0;
+        ldb.isFollowed = false;
+    }
+}
+
 void EventFinder::heard(qint64 at, const QString& hexId, const LdbStatus& status)
 {
     passed(at);
@@ -77,7 +97,8 @@ void EventFinder::heard(qint64 at, const QString& hexId, const LdbStatus& status
     for (const auto& [place, level] : faultsOf(status)) {
         compareFault(at, hexId, ldb, place, level);
     }
-    const int mode = static_cast<int>(status.state);
+    m_revision += std::exchange(ldb.isFollowed, true) ? 0 : 1;
+    const int mode = modeOf(status);
     const int former = std::exchange(ldb.mode, mode);
     m_revision += former == mode ? 0 : 1;
     if (former >= 0 && former != mode) {
@@ -87,7 +108,7 @@ void EventFinder::heard(qint64 at, const QString& hexId, const LdbStatus& status
         event.hexId = hexId;
         event.before = number(former);
         event.after = number(mode);
-        changed(ldb.tracks[Mode], true, event);
+        changed(ldb.tracks[Mode + mode], true, event);
     }
 }
 
@@ -104,6 +125,7 @@ void EventFinder::compareFault(qint64 at, const QString& hexId, Ldb& ldb, FaultP
     event.at = at;
     event.hexId = hexId;
     event.place = place;
+    event.isVague = !ldb.isFollowed;
     if (now == Level::Present) {
         event.kind = EventKind::FaultBegun;
     } else if (before == Level::Present) {
@@ -124,31 +146,44 @@ void EventFinder::changed(Track& track, bool isPresent, const RecordedEvent& eve
     ++m_revision;
     track.isPresent = isPresent;
     track.lastChange = event.at;
-    track.since = isPresent ? event.at : 0;
+    if (isBegin) {
+        track.since = event.isVague ? 0 : event.at;
+    }
     if (track.isFolding) {
         track.folded += isBegin ? 1 : 0;
         return;
     }
-    if (isBegin) {
-        track.begins.push_back(event.at);
-        if (track.begins.size() > kFlappingBegins) {
-            track.begins.erase(track.begins.begin());
-        }
-        if (track.begins.size() == kFlappingBegins &&
-            event.at - track.begins.front() <= kFlappingTime) {
-            track.isFolding = true;
-            track.foldedSince = event.at;
-            track.folded = 1;
-            return;
-        }
-    }
     m_events.push_back(event);
+    track.isToldPresent = isPresent;
+    if (isBegin) {
+        beginFolding(track, event.at);
+    }
+}
+
+/// Where it has begun too often by now.
+void EventFinder::beginFolding(Track& track, qint64 at)
+{
+    track.begins.push_back(at);
+    if (track.begins.size() > kSlow.begins) {
+        track.begins.erase(track.begins.begin());
+    }
+    const auto isFlapping = [&track, at](const Flapping& flapping) {
+        const std::size_t begins = track.begins.size();
+        return begins >= flapping.begins &&
+               at - track.begins[begins - flapping.begins] <= flapping.within;
+    };
+    const bool isFast = isFlapping(kFast);
+    track.isFolding = isFast || isFlapping(kSlow);
+    track.isSlow = track.isFolding && !isFast;
+    track.foldedSince = at;
+    track.folded = 0;
 }
 
 void EventFinder::lost(qint64 at, const QString& hexId)
 {
     passed(at);
     Ldb& ldb = m_ldbs[hexId];
+    ldb.isFollowed = false;
     if (!std::exchange(ldb.isLost, true)) {
         RecordedEvent event;
         event.at = at;
@@ -186,36 +221,46 @@ void EventFinder::passed(qint64 at)
 
 void EventFinder::settle(qint64 at, const QString& hexId, int subject, Track& track)
 {
-    const bool hasSettled = at - track.lastChange >= kSettled;
+    const bool hasSettled = at - track.lastChange >= (track.isSlow ? kSlow : kFast).settled;
     if (!hasSettled && at - track.foldedSince < kLongestFold) {
         return;
     }
     ++m_revision;
-    RecordedEvent event;
-    event.at = track.lastChange;
-    event.kind = EventKind::Flapped;
-    event.hexId = hexId;
-    event.since = track.foldedSince;
-    event.count = track.folded;
-    event.isStill = track.isPresent;
-    EventKind folded = EventKind::FaultBegun;
-    if (subject == Loss) {
-        folded = EventKind::Lost;
-    } else if (subject == Mode) {
-        folded = EventKind::ModeChanged;
-        event.after = number(m_ldbs[hexId].mode);
-    } else {
-        event.place = static_cast<FaultPlace>(subject);
-    }
-    event.before = number(static_cast<int>(folded));
-    if (event.count > 0) {
-        m_events.push_back(event);
-    }
+    tellFolded(hexId, subject, track);
+    track.isToldPresent = track.isPresent;
     track.folded = 0;
     track.foldedSince = at;
     track.isFolding = !hasSettled;
     if (hasSettled) {
         track.begins.clear();
+    }
+}
+
+void EventFinder::tellFolded(const QString& hexId, int subject, const Track& track)
+{
+    RecordedEvent event;
+    event.at = track.lastChange;
+    event.hexId = hexId;
+    event.since = track.foldedSince;
+    const bool isOfFault = subject < Loss;
+    event.place = isOfFault ? static_cast<FaultPlace>(subject) : FaultPlace::None;
+    if (track.folded > 0) {
+        event.kind = EventKind::Flapped;
+        event.count = track.folded;
+        event.isStill = track.isPresent;
+        const EventKind folded = isOfFault         ? EventKind::FaultBegun
+                                 : subject == Loss ? EventKind::Lost
+                                                   : EventKind::ModeChanged;
+        event.before = number(static_cast<int>(folded));
+        if (subject >= Mode) {
+            event.after = number(subject - Mode);
+        }
+        m_events.push_back(event);
+    } else if (track.isToldPresent && !track.isPresent) {
+        // It went, and did not come again.
+        event.kind = isOfFault ? EventKind::FaultEnded : EventKind::Returned;
+        event.since = track.since;
+        m_events.push_back(event);
     }
 }
 
@@ -247,15 +292,18 @@ QByteArray EventFinder::toJson() const
             tracks.append(QJsonObject{{QStringLiteral("subject"), subject},
                                       {QStringLiteral("since"), number(track.since)},
                                       {QStringLiteral("isFolding"), track.isFolding},
+                                      {QStringLiteral("isSlow"), track.isSlow},
                                       {QStringLiteral("foldedSince"), number(track.foldedSince)},
                                       {QStringLiteral("folded"), track.folded},
                                       {QStringLiteral("lastChange"), number(track.lastChange)},
                                       {QStringLiteral("isPresent"), track.isPresent},
+                                      {QStringLiteral("isToldPresent"), track.isToldPresent},
                                       {QStringLiteral("begins"), begins}});
         }
         ldbs.append(QJsonObject{{QStringLiteral("ldb"), hexId},
                                 {QStringLiteral("faults"), faults},
                                 {QStringLiteral("isLost"), ldb.isLost},
+                                {QStringLiteral("isFollowed"), ldb.isFollowed},
                                 {QStringLiteral("mode"), ldb.mode},
                                 {QStringLiteral("tracks"), tracks}});
     }
@@ -283,6 +331,7 @@ EventFinder EventFinder::fromJson(const QByteArray& json)
                 static_cast<Level>(qBound(0, fault.value().toInt(), 2));
         }
         ldb.isLost = object.value(QStringLiteral("isLost")).toBool();
+        ldb.isFollowed = object.value(QStringLiteral("isFollowed")).toBool();
         ldb.mode = object.value(QStringLiteral("mode")).toInt(-1);
         const QJsonArray tracks = object.value(QStringLiteral("tracks")).toArray();
         for (const QJsonValue& entry : tracks) {
@@ -290,10 +339,12 @@ EventFinder EventFinder::fromJson(const QByteArray& json)
             Track& track = ldb.tracks[kept.value(QStringLiteral("subject")).toInt()];
             track.since = time(kept, QStringLiteral("since"));
             track.isFolding = kept.value(QStringLiteral("isFolding")).toBool();
+            track.isSlow = kept.value(QStringLiteral("isSlow")).toBool();
             track.foldedSince = time(kept, QStringLiteral("foldedSince"));
             track.folded = kept.value(QStringLiteral("folded")).toInt();
             track.lastChange = time(kept, QStringLiteral("lastChange"));
             track.isPresent = kept.value(QStringLiteral("isPresent")).toBool();
+            track.isToldPresent = kept.value(QStringLiteral("isToldPresent")).toBool();
             const QJsonArray begins = kept.value(QStringLiteral("begins")).toArray();
             for (const QJsonValue& begin : begins) {
                 track.begins.push_back(begin.toString().toLongLong());

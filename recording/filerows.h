@@ -25,6 +25,10 @@ constexpr int kFrameShift = 4;
 constexpr int kNoFrame = 15; ///< of none
 constexpr int kOutcomeMask = (1 << kFrameShift) - 1;
 
+// Of an event.
+constexpr int kStillFlag = 1;
+constexpr int kVagueFlag = 2;
+
 struct Transmission
 {
     qint64 at = 0; ///< the key; the file raises it by one where two meet

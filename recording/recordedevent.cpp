@@ -50,7 +50,7 @@ QString foldedText(const RecordedEvent& event)
     case EventKind::Lost:
         return Texts::tr("Lost");
     case EventKind::ModeChanged:
-        return Texts::tr("Mode, now %1").arg(modeText(event.after));
+        return Texts::tr("Mode %1").arg(modeText(event.after));
     default:
         return placeText(event.place);
     }
@@ -60,12 +60,16 @@ QString flappedText(const RecordedEvent& event)
 {
     const QString text = Texts::tr("%1: %n times in %2", nullptr, event.count)
                              .arg(foldedText(event), durationText(event.at - event.since));
-    const bool isOfMode = event.before.toInt() == static_cast<int>(EventKind::ModeChanged);
-    if (isOfMode) {
+    switch (static_cast<EventKind>(event.before.toInt())) {
+    case EventKind::ModeChanged:
         return text;
+    case EventKind::Lost:
+        return event.isStill ? Texts::tr("%1, still lost").arg(text)
+                             : Texts::tr("%1, back now").arg(text);
+    default:
+        return event.isStill ? Texts::tr("%1, still there").arg(text)
+                             : Texts::tr("%1, gone now").arg(text);
     }
-    return event.isStill ? Texts::tr("%1, still there").arg(text)
-                         : Texts::tr("%1, gone now").arg(text);
 }
 
 QString afterTime(const RecordedEvent& event, const QString& without, const QString& with)
@@ -106,7 +110,7 @@ bool RecordedEvent::operator==(const RecordedEvent& other) const
 {
     const auto tied = [](const RecordedEvent& event) {
         return std::tie(event.at, event.kind, event.hexId, event.place, event.since, event.count,
-                        event.isStill, event.before, event.after, event.text);
+                        event.isStill, event.isVague, event.before, event.after, event.text);
     };
     return tied(*this) == tied(other);
 }
@@ -121,8 +125,13 @@ QString RecordedEvent::description() const
 {
     switch (kind) {
     case EventKind::FaultBegun:
-        return placeText(place);
+        return isVague ? Texts::tr("%1, there already").arg(placeText(place)) : placeText(place);
     case EventKind::FaultEnded:
+        if (isVague) {
+            return afterTime(
+                *this, Texts::tr("%1 gone meanwhile").arg(placeText(place)),
+                Texts::tr("%1 gone after %2 at most").arg(placeText(place), QStringLiteral("%1")));
+        }
         return afterTime(*this, Texts::tr("%1 gone").arg(placeText(place)),
                          Texts::tr("%1 gone after %2").arg(placeText(place), QStringLiteral("%1")));
     case EventKind::FaultRemembered:
@@ -162,6 +171,19 @@ QString RecordedEvent::description() const
         break;
     }
     return text;
+}
+
+bool RecordedEvent::hasValues() const
+{
+    switch (kind) {
+    case EventKind::ActionSent:
+    case EventKind::SettingsSaved:
+    case EventKind::SettingsImported:
+    case EventKind::FaultFinding:
+        return !before.isEmpty() || !after.isEmpty();
+    default:
+        return false;
+    }
 }
 
 QString durationText(qint64 microseconds)

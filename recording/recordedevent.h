@@ -53,6 +53,7 @@ struct RecordedEvent
     qint64 since = 0;     ///< 0: not known, or without meaning
     int count = 1;        ///< of what was folded or lost
     bool isStill = false; ///< of what flapped: it is there still
+    bool isVague = false; ///< of a fault: it came or went while nothing was heard of the LDB
     QString before;       ///< what was, for machines: codes, or settings
     QString after;
     QString text; ///< what people wrote, or were told
@@ -64,6 +65,8 @@ struct RecordedEvent
 
     /// For people, in the language in force, without the time and the LDB.
     QString description() const;
+    /// Whether `before` and `after` are for people. Elsewhere the description says what they mean.
+    bool hasValues() const;
 };
 Q_DECLARE_METATYPE(RecordedEvent)
 

@@ -1,5 +1,6 @@
 #include "recording/recordedtables.h"
 
+#include "recording/filerows.h"
 #include "serial/ldb/busaddress.h"
 
 #include <QJsonDocument>
@@ -78,12 +79,13 @@ std::vector<RecordedMinute> RecordedTables::minutes(const QString& hexId, TimeSp
 }
 
 std::vector<RecordedEvent> RecordedTables::readEvents(const QString& condition,
-                                                      const QVariantList& values)
+                                                      const QVariantList& values, int limit)
 {
     std::vector<RecordedEvent> result;
     auto query = ask(QStringLiteral("SELECT at,kind,ldb,place,since,count,still,before,after,text"
-                                    " FROM events WHERE ") +
-                         condition + QStringLiteral(" ORDER BY at, id"),
+                                    " FROM events WHERE %1 ORDER BY at DESC, id DESC LIMIT %2")
+                         .arg(condition)
+                         .arg(limit),
                      values);
     while (query && next(*query)) {
         RecordedEvent event;
@@ -93,19 +95,25 @@ std::vector<RecordedEvent> RecordedTables::readEvents(const QString& condition,
         event.place = static_cast<FaultPlace>(query->value(3).toInt());
         event.since = query->value(4).toLongLong();
         event.count = query->value(5).toInt();
-        event.isStill = query->value(6).toInt() != 0;
+        event.isStill = (query->value(6).toInt() & filerow::kStillFlag) != 0;
+        event.isVague = (query->value(6).toInt() & filerow::kVagueFlag) != 0;
         event.before = query->value(7).toString();
         event.after = query->value(8).toString();
         event.text = query->value(9).toString();
         result.push_back(std::move(event));
     }
+    std::reverse(result.begin(), result.end());
     return result;
 }
 
-std::vector<RecordedEvent> RecordedTables::events(TimeSpan span)
+std::vector<RecordedEvent> RecordedTables::events(TimeSpan span, int limit)
 {
+    // Those that are not for people would use up the limit.
     std::vector<RecordedEvent> result =
-        readEvents(QStringLiteral("at>=? AND at<?"), {span.from, span.to});
+        readEvents(QStringLiteral("at>=? AND at<? AND kind<>? AND NOT (kind=? AND before IS NULL)"),
+                   {span.from, span.to, static_cast<int>(EventKind::Listed),
+                    static_cast<int>(EventKind::Named)},
+                   limit);
     result.erase(std::remove_if(result.begin(), result.end(),
                                 [](const RecordedEvent& event) { return !event.isForPeople(); }),
                  result.end());

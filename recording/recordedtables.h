@@ -21,7 +21,7 @@ public:
     /// Ascending, summed up over `each` minutes.
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// Ascending; all but those that are not for people.
-    std::vector<RecordedEvent> events(TimeSpan span);
+    std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
     std::vector<RecordedRun> runs();
 
     /// Ascending; a limit leaves the last ones.
@@ -42,6 +42,7 @@ protected:
 
 private:
     std::optional<TimeSpan> rangeOf(const QString& statement);
-    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values);
+    std::vector<RecordedEvent> readEvents(const QString& condition, const QVariantList& values,
+                                          int limit = -1);
     std::vector<RecordedList> readLists(const QString& condition, const QVariantList& values);
 };

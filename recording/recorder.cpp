@@ -20,9 +20,9 @@ constexpr int kEndMs = 10000;
 class RecordWriterHost : public QObject
 {
 public:
-    RecordWriterHost(Recorder* recorder, const QString& programVersion)
+    RecordWriterHost(Recorder* recorder, const QString& programVersion, bool isSynced)
         : m_recorder(recorder)
-        , m_writer({QString(), programVersion, {}})
+        , m_writer({QString(), programVersion, {}, isSynced})
     {
     }
 
@@ -65,7 +65,7 @@ Recorder::Recorder(const QString& programVersion, std::function<qint64()> wallTi
                    QObject* parent)
     : QObject(parent)
     , m_collector(std::move(wallTime))
-    , m_host(new RecordWriterHost(this, programVersion))
+    , m_host(new RecordWriterHost(this, programVersion, thread == Thread::Own))
     , m_hasThread(thread == Thread::Own)
 {
     m_options.isEnabled = false; // until it is told where
@@ -108,13 +108,14 @@ void Recorder::setOptions(const Options& options)
     const bool wasRunning = m_isRunning;
     endRun();
     flush();
+    const auto placeOf = [](const Options& of) {
+        return of.isEnabled ? of.folder : QString();
+    };
+    const QString place = placeOf(options);
+    m_isOutage = m_isOutage && place == placeOf(m_options);
     m_options = options;
-    m_isOutage = false;
     QMetaObject::invokeMethod(
-        m_host,
-        [host = m_host, options] {
-            host->setPlace(options.isEnabled ? options.folder : QString(), options.limits);
-        },
+        m_host, [host = m_host, place, limits = options.limits] { host->setPlace(place, limits); },
         Qt::QueuedConnection);
     if (wasRunning) {
         beginRun(m_port);

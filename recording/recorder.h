@@ -35,7 +35,7 @@ public:
     enum class Thread
     {
         Own,
-        Callers ///< for virtual time: writes when the event loop comes to it
+        Callers ///< for virtual time: writes when the event loop comes to it, and waits for no disk
     };
     /// `wallTime`: the clock of the link's ports, ms since 1970 UTC.
     Recorder(const QString& programVersion, std::function<qint64()> wallTime,
@@ -48,6 +48,8 @@ public:
     const Options& options() const { return m_options; }
     /// Whether a run is on and what it brings gets onto the disk.
     bool isRecording() const { return m_options.isEnabled && m_isRunning && !m_isOutage; }
+    /// Whether nothing can be written.
+    bool isOutage() const { return m_isOutage; }
     /// The file that is being recorded into; empty without one.
     QString filePath() const { return m_filePath; }
     /// The moment of now, on the time line of the recording (UTC, µs since 1970).

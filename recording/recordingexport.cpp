@@ -10,40 +10,39 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <utility>
 
 namespace recordingexport {
 
 namespace {
 
-/// What of a span is in the memory at a time: ten minutes.
-constexpr qint64 kPiece = 600LL * 1000000;
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+constexpr qint64 kMicroseconds = 1000000;
+constexpr QLatin1Char kSeparator(';');
 
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(RecordingExport)
 };
 
-/// Calls `write` with each piece; an empty text, or what `write` gave.
-QString inPieces(RecordingReader& reader, TimeSpan span, const GoesOn& goesOn,
-                 const std::function<QString(TimeSpan)>& write)
+/// Writes all pieces; an empty text, or what one of them gave.
+QString inPieces(RecordingReader& reader, TimeSpan span, QIODevice& device, const GoesOn& goesOn,
+                 const Piece& write)
 {
-    const auto extent = reader.extent();
-    if (!extent) {
-        return {};
-    }
-    span = {qMax(span.from, extent->from), qMin(span.to, extent->to)};
-    for (qint64 from = span.from; from < span.to; from += kPiece) {
-        const QString reason = write({from, qMin(from + kPiece, span.to)});
+    span = readable(reader, span);
+    qint64 from = span.from;
+    do {
+        const QString reason = write(reader, {from, qMin(from + kPiece, span.to)}, device);
         if (!reason.isEmpty()) {
             return reason;
         }
-        const double share = static_cast<double>(from + kPiece - span.from) /
-                             static_cast<double>(span.to - span.from);
-        if (goesOn && !goesOn(qMin(share, 1.0))) {
+        from += kPiece;
+        const double share =
+            static_cast<double>(from - span.from) / static_cast<double>(span.to - span.from);
+        if (goesOn && from < span.to && !goesOn(share)) {
             break;
         }
-    }
+    } while (from < span.to);
     return {};
 }
 
@@ -61,12 +60,17 @@ QString quoted(QString text)
 
 } // namespace
 
-QString writeLog(RecordingReader& reader, TimeSpan span, const LogChoice& choice, QIODevice& device,
-                 const GoesOn& goesOn)
+TimeSpan readable(const RecordingReader& reader, TimeSpan span)
 {
-    LogPeriod period;
-    bool hasHeader = false;
-    return inPieces(reader, span, goesOn, [&](TimeSpan piece) {
+    const auto extent = reader.extent();
+    return extent ? TimeSpan{qMax(span.from, extent->from), qMin(span.to, extent->to)}
+                  : TimeSpan{span.from, span.from};
+}
+
+Piece logPiece(const LogChoice& choice)
+{
+    return [choice, period = LogPeriod(),
+            hasHeader = false](RecordingReader& reader, TimeSpan piece, QIODevice& device) mutable {
         QByteArray lines;
         for (const RecordedRecord& record : reader.records(choice.hexId, piece)) {
             if (record.isExtra) {
@@ -80,17 +84,18 @@ QString writeLog(RecordingReader& reader, TimeSpan span, const LogChoice& choice
             }
         }
         return put(device, lines);
-    });
+    };
 }
 
-QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
-                     const GoesOn& goesOn)
+QString writeLog(RecordingReader& reader, TimeSpan span, const LogChoice& choice, QIODevice& device,
+                 const GoesOn& goesOn)
 {
-    const QString reason = put(device, pcapng::header());
-    if (!reason.isEmpty()) {
-        return reason;
-    }
-    return inPieces(reader, span, goesOn, [&](TimeSpan piece) {
+    return inPieces(reader, span, device, goesOn, logPiece(choice));
+}
+
+Piece capturePiece()
+{
+    return [hasHeader = false](RecordingReader& reader, TimeSpan piece, QIODevice& device) mutable {
         std::vector<pcapng::Packet> packets;
         // A gap stands before what comes at its end.
         for (const RecordedEvent& event : reader.events(piece)) {
@@ -107,30 +112,59 @@ QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
         }
         std::stable_sort(packets.begin(), packets.end(),
                          [](const auto& left, const auto& right) { return left.at < right.at; });
-        QByteArray bytes;
+        QByteArray bytes = std::exchange(hasHeader, true) ? QByteArray() : pcapng::header();
         for (const pcapng::Packet& packet : packets) {
             bytes += pcapng::block(packet);
         }
         return put(device, bytes);
-    });
+    };
+}
+
+QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
+                     const GoesOn& goesOn)
+{
+    return inPieces(reader, span, device, goesOn, capturePiece());
+}
+
+QString eventHeader()
+{
+    return QStringList{Texts::tr("Time"),  Texts::tr("LDB"),    Texts::tr("Duration [s]"),
+                       Texts::tr("Event"), Texts::tr("Before"), Texts::tr("After")}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
+QString eventLine(const RecordedEvent& event)
+{
+    const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
+                             .toString(generalinformation::kMillisecondsFormat);
+    const QString seconds =
+        event.since == 0 ? QString() : QString::number((event.at - event.since) / kMicroseconds);
+    const bool hasValues = event.hasValues();
+    return QStringList{time,
+                       event.hexId,
+                       seconds,
+                       quoted(event.description()),
+                       hasValues ? quoted(event.before) : QString(),
+                       hasValues ? quoted(event.after) : QString()}
+               .join(kSeparator) +
+           QLatin1Char('\n');
+}
+
+Piece eventsPiece()
+{
+    return [hasHeader = false](RecordingReader& reader, TimeSpan piece, QIODevice& device) mutable {
+        QString lines = std::exchange(hasHeader, true) ? QString() : eventHeader();
+        for (const RecordedEvent& event : reader.events(piece)) {
+            lines += eventLine(event);
+        }
+        return put(device, lines.toUtf8());
+    };
 }
 
 QString writeEvents(RecordingReader& reader, TimeSpan span, QIODevice& device)
 {
-    const QChar separator = QLatin1Char(';');
-    QString lines = QStringList{Texts::tr("Time"), Texts::tr("LDB"), Texts::tr("Event"),
-                                Texts::tr("Before"), Texts::tr("After")}
-                        .join(separator) +
-                    QLatin1Char('\n');
-    for (const RecordedEvent& event : reader.events(span)) {
-        const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
-                                 .toString(generalinformation::kMillisecondsFormat);
-        lines += QStringList{time, event.hexId, quoted(event.description()), quoted(event.before),
-                             quoted(event.after)}
-                     .join(separator) +
-                 QLatin1Char('\n');
-    }
-    return put(device, lines.toUtf8());
+    return eventsPiece()(reader, span, device);
 }
 
 } // namespace recordingexport

@@ -66,7 +66,10 @@ struct RecordingFile::Queries
     QSqlQuery finder;
 };
 
-RecordingFile::RecordingFile() = default;
+RecordingFile::RecordingFile(bool isSynced)
+    : m_isSynced(isSynced)
+{
+}
 
 RecordingFile::~RecordingFile()
 {
@@ -127,7 +130,7 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return m_failure == Failure::Damaged ? Opening::Damaged : Opening::Failed;
     }
     // The disk has it when a commit returns: this is about what is there after a power cut.
-    bool isDone = run("PRAGMA journal_mode=WAL") && run("PRAGMA synchronous=FULL");
+    bool isDone = run("PRAGMA journal_mode=WAL") && run(m_isSynced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
     if (isDone && fit == Fit::Empty) {
         const QSqlError error = recordingschema::create(database, programVersion);
         isDone = !error.isValid() || fail(error);
@@ -294,7 +297,8 @@ bool RecordingFile::insert(const RecordedEvent& row)
     query.bindValue(3, static_cast<int>(row.place));
     query.bindValue(4, row.since);
     query.bindValue(5, row.count);
-    query.bindValue(6, row.isStill ? 1 : 0);
+    query.bindValue(6, (row.isStill ? filerow::kStillFlag : 0) |
+                           (row.isVague ? filerow::kVagueFlag : 0));
     query.bindValue(7, orNull(row.before));
     query.bindValue(8, orNull(row.after));
     query.bindValue(9, orNull(row.text));

@@ -25,7 +25,8 @@ public:
         Failed   ///< the folder or the disk does not let us
     };
 
-    RecordingFile();
+    /// `isSynced`: the disk has what is written before anything else happens.
+    explicit RecordingFile(bool isSynced = true);
     ~RecordingFile();
     RecordingFile(const RecordingFile&) = delete;
     RecordingFile& operator=(const RecordingFile&) = delete;
@@ -68,6 +69,7 @@ private:
     QString m_path;
     QString m_errorString;
     recordingschema::Failure m_failure = recordingschema::Failure::None;
+    bool m_isSynced;
     qint64 m_lastAt = 0;
     std::unique_ptr<QLockFile> m_lock;
     // In this order: a query goes before its connection.

@@ -4,6 +4,7 @@
 #include "recording/recordingsource.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -173,6 +174,13 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
+{
+    return collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
+        return source.exchanges({}, span, -1, kind);
+    });
+}
+
 std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
 {
     const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
@@ -203,10 +211,10 @@ std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<RecordedEvent> RecordingReader::events(TimeSpan span)
+std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 {
-    return collect(span, &RecordedEvent::at,
-                   [&](RecordingSource& source) { return source.events(span); });
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.events(span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
@@ -337,19 +345,40 @@ std::optional<qint64> RecordingReader::formerRecord(qint64 at, const QString& he
     return result;
 }
 
+QStringList RecordingReader::filesIn(TimeSpan span) const
+{
+    QStringList paths;
+    for (const auto& file : m_files) {
+        if (file->extent && file->extent->from < span.to && file->extent->to >= span.from) {
+            paths.append(file->source.path());
+        }
+    }
+    return paths;
+}
+
+QString RecordingReader::copyFile(const QString& path, const QString& folder)
+{
+    const auto file = std::find_if(m_files.begin(), m_files.end(),
+                                   [&path](const auto& one) { return one->source.path() == path; });
+    const QString copy = QDir(folder).filePath(QFileInfo(path).fileName());
+    if (file == m_files.end() || QFileInfo::exists(copy)) {
+        return file == m_files.end() ? path : copy;
+    }
+    const QString reason = use(**file).copyTo(copy);
+    if (reason.isEmpty()) {
+        return {};
+    }
+    QFile::remove(copy); // a part of it looks like a whole one
+    return copy + QStringLiteral(": ") + reason;
+}
+
 QString RecordingReader::copyTo(const QString& folder, TimeSpan span)
 {
-    for (const auto& file : m_files) {
-        if (!file->extent || file->extent->from >= span.to || file->extent->to < span.from) {
-            continue;
-        }
-        const QString path = QDir(folder).filePath(QFileInfo(file->source.path()).fileName());
-        if (QFileInfo::exists(path)) {
-            return path;
-        }
-        const QString reason = use(*file).copyTo(path);
+    const QStringList paths = filesIn(span);
+    for (const QString& path : paths) {
+        const QString reason = copyFile(path, folder);
         if (!reason.isEmpty()) {
-            return path + QStringLiteral(": ") + reason;
+            return reason;
         }
     }
     return {};

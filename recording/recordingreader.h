@@ -47,11 +47,13 @@ public:
     std::vector<RecordedRecord> stateAt(qint64 at);
     /// `sentAt` is the key in the recording; a request that kind and LDB say is there again.
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit = -1);
+    /// Those of one kind, of all LDBs.
+    std::vector<Exchange> exchangesOf(ExchangeKind kind, TimeSpan span);
     /// Those that overlap the span. With `each` above 1 so many minutes from the span's begin on
     /// are summed up in one; `at` is then where they begin. LDBs that were not asked have none.
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each = 1);
-    /// Those that people care for.
-    std::vector<RecordedEvent> events(TimeSpan span);
+    /// Those that people care for; with a limit the last ones.
+    std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
     /// Those that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
     /// The rounds that began in the span; with a limit the last ones.
@@ -66,6 +68,11 @@ public:
     std::optional<qint64> nextRecord(qint64 at, const QString& hexId = {});
     std::optional<qint64> formerRecord(qint64 at, const QString& hexId = {});
 
+    /// The files that have something of the span.
+    QStringList filesIn(TimeSpan span) const;
+    /// Copies one of them, as it is now, into a folder that exists. A file of that name is an
+    /// error. Gives an empty text, or what went wrong, untranslated.
+    QString copyFile(const QString& path, const QString& folder);
     /// Copies the files that overlap the span, as they are now, into a folder that exists. A file
     /// of that name is an error. Gives an empty text, or what went wrong, untranslated.
     QString copyTo(const QString& folder, TimeSpan span);

@@ -198,13 +198,19 @@ std::vector<RecordedRecord> RecordingSource::records(const QString& hexId, TimeS
     return result;
 }
 
-std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan span, int limit)
+std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan span, int limit,
+                                                 std::optional<ExchangeKind> only)
 {
     QString condition = QStringLiteral("at>=? AND at<? AND kind<>?");
     QVariantList values{span.from, span.to, filerow::kLossTold};
     if (!hexId.isEmpty()) {
         condition += QStringLiteral(" AND ldb=?");
         values.append(busaddress::fromHexId(hexId));
+    }
+    if (only) {
+        condition += QStringLiteral(" AND (kind & ?)=?");
+        values.append(filerow::kKindMask);
+        values.append(static_cast<int>(*only));
     }
     const bool isLimited = limit >= 0;
     std::vector<Exchange> result;

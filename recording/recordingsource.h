@@ -17,7 +17,8 @@ public:
 
     // Ascending. A limit leaves the last ones; -1 is none.
     std::vector<RecordedRecord> records(const QString& hexId, TimeSpan span, int limit);
-    std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit);
+    std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit,
+                                    std::optional<ExchangeKind> only = {});
 
     /// The last record up to `at` of each of these LDBs that has one; of all without any.
     std::vector<RecordedRecord> latest(qint64 at, const QSet<QString>& hexIds);

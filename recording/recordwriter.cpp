@@ -23,6 +23,7 @@ constexpr std::size_t kMostWaitingRows = RecordWriter::kMostWaiting + 2000;
 
 RecordWriter::RecordWriter(Options options)
     : m_options(std::move(options))
+    , m_file(m_options.isSynced)
 {
 }
 

@@ -21,6 +21,7 @@ public:
         QString folder;
         QString programVersion;
         recordingfolder::Limits limits;
+        bool isSynced = true; ///< a power cut takes nothing; otherwise only a crash takes nothing
     };
     explicit RecordWriter(Options options);
     ~RecordWriter();

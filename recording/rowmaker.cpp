@@ -139,6 +139,7 @@ void RowMaker::put(const input::ScanEnded& scan, FileRows& rows)
 
 void RowMaker::put(const input::RunBegun& run, FileRows& rows)
 {
+    m_finder.runBegun();
     m_run = RecordedRun();
     m_run->begun = run.at;
     m_run->port = run.port;

@@ -196,6 +196,7 @@ void ActionsPanel::send(LdbControl control, const QString& hexId)
                     if (isFailure(reply.kind())) {
                         showFailure(text);
                     }
+                    emit told(hexId, text());
                 });
 }
 
@@ -225,6 +226,7 @@ void ActionsPanel::sendToAll(LdbControl control)
                         return outcomeForAll(controlName(control), kind);
                     };
                     m_notices->say(text, kOutcomeMs);
+                    emit told(QString(), text());
                     if (reply.kind() == Reply::Kind::Unsent) {
                         showFailure(text);
                         return;

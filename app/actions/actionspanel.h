@@ -35,6 +35,11 @@ public:
     void setSelectedLdb(const QString& hexId) { m_hexId = hexId; }
     void apply(const EnabledControls& controls);
 
+signals:
+    /// An action was to be sent, and this became of it, in the language in force. To all LDBs where
+    /// `hexId` is empty.
+    void told(const QString& hexId, const QString& text);
+
 protected:
     void changeEvent(QEvent* event) override;
 

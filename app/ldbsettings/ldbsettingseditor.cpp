@@ -1,7 +1,7 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 
-#include "app/ldbsettings/fieldcontrols.h"
 #include "app/ldbsettings/leavequestion.h"
+#include "app/ldbsettings/settingsfields.h"
 #include "app/ldbsettings/settingstexts.h"
 #include "app/notices/notices.h"
 #include "app/shared/whynot.h"
@@ -9,7 +9,6 @@
 #include "ui_ldbsettingseditor.h"
 
 #include <QEvent>
-#include <QSignalBlocker>
 #include <QThread>
 
 #include <utility>
@@ -26,11 +25,11 @@ LdbSettingsEditor::LdbSettingsEditor(QWidget* parent)
     , ui(std::make_unique<Ui::LdbSettingsEditor>())
 {
     ui->setupUi(this);
-    fieldcontrols::limit(ui->settingsNameLineEdit);
-    fieldcontrols::limit(ui->settingsNumberOfFimsSpinBox);
-    fieldcontrols::limit(ui->settingsOpenDetectionDelaySpinBox);
-    initFlagBoxes();
-    reserveBoldWidths();
+    m_fields = std::make_unique<SettingsFields>(*ui);
+    for (const SettingsFields::Flag& flag : m_fields->flags()) {
+        connect(flag.box, &QCheckBox::toggled, this,
+                [this, flag](bool checked) { change(flag.field, flag.member, checked); });
+    }
     refresh();
 }
 
@@ -44,34 +43,6 @@ void LdbSettingsEditor::change(LdbField field, Value LdbSettings::*member, const
     values.*member = value;
     m_edit.edit(field, values);
     refresh();
-}
-
-void LdbSettingsEditor::initFlagBoxes()
-{
-    m_flagBoxes = {
-        {LdbField::GeneralFaultOutput, &LdbSettings::generalFaultOutput,
-         ui->settingsGeneralFaultOutputCheckBox},
-        {LdbField::EarthLeakageDetection, &LdbSettings::earthLeakageDetection,
-         ui->settingsEarthLeakageDetectionCheckBox},
-        {LdbField::EarthWireOpenDetection, &LdbSettings::earthWireOpenDetection,
-         ui->settingsEarthWireOpenDetectionCheckBox},
-        {LdbField::StartInServiceMode, &LdbSettings::startInServiceMode,
-         ui->settingsStartInServiceModeCheckBox},
-        {LdbField::AmplifierDetection, &LdbSettings::amplifierDetection,
-         ui->settingsAmplifierDetectionCheckBox},
-        {LdbField::AudioMute, &LdbSettings::audioMute, ui->settingsAudioMuteCheckBox},
-    };
-    for (const FlagBox& entry : m_flagBoxes) {
-        connect(entry.box, &QCheckBox::toggled, this,
-                [this, entry](bool checked) { change(entry.field, entry.member, checked); });
-    }
-}
-
-void LdbSettingsEditor::reserveBoldWidths()
-{
-    for (auto* box : findChildren<QCheckBox*>()) {
-        fieldcontrols::reserveBoldWidth(box);
-    }
 }
 
 void LdbSettingsEditor::init(SerialLink* link, Notices* notices)
@@ -107,7 +78,7 @@ void LdbSettingsEditor::setSelectedLdb(const QString& hexId)
     m_afterSave = nullptr;
     m_afterFailedSave = nullptr;
     m_edit.clear();
-    showFirmwareId({});
+    m_fields->showFirmwareId({});
     showLastRead();
     refresh();
 }
@@ -168,15 +139,8 @@ void LdbSettingsEditor::processFirmwareId(const QString& hexId, const QByteArray
     Q_ASSERT(QThread::currentThread() == thread());
     const std::optional<QString> firmwareId = decodeFirmwareId(answer);
     if (firmwareId && hexId == m_hexId) {
-        showFirmwareId(*firmwareId);
+        m_fields->showFirmwareId(*firmwareId);
     }
-}
-
-void LdbSettingsEditor::showFirmwareId(const QString& firmwareId)
-{
-    ui->settingsFirmwareIdLabel->setText(firmwareId);
-    // However long the id is, the column keeps its width.
-    ui->settingsFirmwareIdLabel->setToolTip(firmwareId.toHtmlEscaped());
 }
 
 void LdbSettingsEditor::processCompared()
@@ -206,6 +170,7 @@ void LdbSettingsEditor::processSaved()
 {
     const SettingsOutcome& outcome = m_writer->outcome();
     tellOutcome();
+    emit saved(outcome);
     if (!outcome.isGood()) {
         m_notices->box(
             QMessageBox::Warning,
@@ -298,7 +263,7 @@ void LdbSettingsEditor::apply(const EnabledControls& controls)
     m_allowed = controls;
     showLastRead();
     if (!hadRecord && m_edit.hasRecord()) {
-        showValues();
+        m_fields->showValues(m_edit);
     }
     showState(); // the values as they are: the user may be typing one
 }
@@ -369,67 +334,19 @@ void LdbSettingsEditor::on_settingsNameLineEdit_textChanged(const QString& name)
 
 void LdbSettingsEditor::refresh()
 {
-    showValues();
+    m_fields->showValues(m_edit);
     showState();
 }
 
 void LdbSettingsEditor::showState()
 {
-    markChanges();
-    updateEnabled();
+    m_fields->markChanges(m_edit, failedSave());
+    m_fields->permit(m_edit, m_allowed.editing);
+    updateButtons();
     QStringList lines{recordText()};
     lines.append(settingstexts::ofAll(m_edit, failedSave()));
     lines.removeAll(QString());
     ui->settingsStateLabel->setText(lines.join(QLatin1Char('\n')));
-}
-
-void LdbSettingsEditor::showValues()
-{
-    const LdbSettings& values = m_edit.values();
-    // Only the user's own changes are edits.
-    const QSignalBlocker nameBlocker(ui->settingsNameLineEdit);
-    const QSignalBlocker fimsBlocker(ui->settingsNumberOfFimsSpinBox);
-    const QSignalBlocker delayBlocker(ui->settingsOpenDetectionDelaySpinBox);
-    const QSignalBlocker detectionBlocker(ui->settingsOpenDetectionDelayCheckBox);
-    if (ui->settingsNameLineEdit->text() != values.name) {
-        ui->settingsNameLineEdit->setText(values.name);
-    }
-    ui->settingsNumberOfFimsSpinBox->setValue(values.numberOfFims);
-    ui->settingsOpenDetectionDelayCheckBox->setChecked(m_edit.openDetection());
-    ui->settingsOpenDetectionDelaySpinBox->setSpecialValueText(
-        m_edit.openDetection() ? QString() : QStringLiteral("0"));
-    ui->settingsOpenDetectionDelaySpinBox->setValue(values.openDetectionDelay);
-    for (const FlagBox& entry : m_flagBoxes) {
-        const QSignalBlocker blocker(entry.box);
-        entry.box->setChecked(values.*entry.member);
-    }
-}
-
-void LdbSettingsEditor::markChanges()
-{
-    const auto markField = [this](QWidget* widget, LdbField field) {
-        mark(widget, m_edit.isChanged(field), field);
-    };
-    markField(ui->settingsNameLineEdit, LdbField::Name);
-    markField(ui->settingsNumberOfFimsSpinBox, LdbField::NumberOfFims);
-    markField(ui->settingsOpenDetectionDelaySpinBox, LdbField::OpenDetectionDelay);
-    mark(ui->settingsOpenDetectionDelayCheckBox,
-         m_edit.hasRecord() && m_edit.openDetection() != m_edit.record().openDetection(),
-         LdbField::OpenDetectionDelay);
-    for (const FlagBox& entry : m_flagBoxes) {
-        markField(entry.box, entry.field);
-    }
-}
-
-void LdbSettingsEditor::mark(QWidget* widget, bool isChanged, LdbField field) const
-{
-    const QString words =
-        isChanged ? settingstexts::ofField(m_edit, field, failedSave()) : QString();
-    widget->setAccessibleDescription(words);
-    widget->setToolTip(words);
-    QFont font = widget->font();
-    font.setBold(isChanged);
-    widget->setFont(font);
 }
 
 const SettingsOutcome* LdbSettingsEditor::failedSave() const
@@ -437,35 +354,16 @@ const SettingsOutcome* LdbSettingsEditor::failedSave() const
     return m_hasFailed ? &m_writer->outcome() : nullptr;
 }
 
-void LdbSettingsEditor::updateEnabled()
+void LdbSettingsEditor::updateButtons()
 {
-    const bool hasRecord = m_edit.hasRecord();
-    const auto permitField = [this, hasRecord](QWidget* widget, const Text& whyNot = {}) {
-        if (!m_allowed.editing) {
-            WhyNot::permit(widget, m_allowed.editing);
-        } else if (!hasRecord) {
-            WhyNot::permit(widget, [] { return tr("The settings have not been read yet."); });
-        } else {
-            WhyNot::permit(widget, whyNot);
-        }
-    };
-    for (QWidget* widget : std::initializer_list<QWidget*>{
-             ui->settingsNameLabel, ui->settingsNameLineEdit, ui->settingsNumberOfFimsLabel,
-             ui->settingsNumberOfFimsSpinBox, ui->settingsOpenDetectionDelayCheckBox}) {
-        permitField(widget);
-    }
-    for (const FlagBox& entry : m_flagBoxes) {
-        permitField(entry.box);
-    }
-    const Text noDelay = m_edit.openDetection() ? Text() : [] {
-        return tr("Tick Enable Open Detection first.");
-    };
-    permitField(ui->settingsOpenDetectionDelayLabel, noDelay);
-    permitField(ui->settingsOpenDetectionDelaySpinBox, noDelay);
     const Permission use = isSaving() ? Permission{Hindrance::Saving} : m_allowed.settings;
     for (QWidget* button :
          {ui->settingsSaveButton, ui->settingsUndoButton, ui->settingsDefaultButton}) {
-        use ? permitField(button) : WhyNot::permit(button, use);
+        if (use) {
+            m_fields->permit(button, m_edit, m_allowed.editing);
+        } else {
+            WhyNot::permit(button, use);
+        }
     }
 }
 
@@ -493,7 +391,7 @@ void LdbSettingsEditor::changeEvent(QEvent* event)
         const QString firmwareId = ui->settingsFirmwareIdLabel->text();
         ui->retranslateUi(this);
         ui->settingsFirmwareIdLabel->setText(firmwareId);
-        reserveBoldWidths();
+        m_fields->reserveBoldWidths();
         refresh();
     }
     QWidget::changeEvent(event);

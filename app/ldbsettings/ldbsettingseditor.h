@@ -11,11 +11,10 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 class Notices;
-class QCheckBox;
 class SerialLink;
+class SettingsFields;
 
 namespace Ui {
 class LdbSettingsEditor;
@@ -75,6 +74,8 @@ public slots:
 signals:
     /// A Save begins, or its last command has its reply.
     void savingChanged(bool saving);
+    /// A Save has ended, in whatever way.
+    void saved(const SettingsOutcome& outcome);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -89,14 +90,6 @@ private slots:
     void on_settingsNameLineEdit_textChanged(const QString& name);
 
 private:
-    struct FlagBox
-    {
-        LdbField field;
-        bool LdbSettings::*member;
-        QCheckBox* box;
-    };
-
-    void initFlagBoxes();
     bool isSaving() const { return m_writer && m_writer->isWriting(); }
     void save();
     void processCompared();
@@ -108,21 +101,15 @@ private:
     /// Null while none is shown.
     const SettingsOutcome* failedSave() const;
     void endLeaving(bool isSaved);
-    void showFirmwareId(const QString& firmwareId);
-    /// So that the form keeps its width when a change turns a text bold.
-    void reserveBoldWidths();
     void refresh();
-    void showValues();
     void showState();
-    void markChanges();
-    void mark(QWidget* widget, bool isChanged, LdbField field) const;
     template <typename Value>
     void change(LdbField field, Value LdbSettings::*member, const Value& value);
-    void updateEnabled();
+    void updateButtons();
     QString recordText() const;
 
     std::unique_ptr<Ui::LdbSettingsEditor> ui;
-    std::vector<FlagBox> m_flagBoxes;
+    std::unique_ptr<SettingsFields> m_fields; ///< of `ui`
     SerialLink* m_link = nullptr;
     Notices* m_notices = nullptr;
     FormerSettingsStore m_formerSettings;

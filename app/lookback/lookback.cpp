@@ -75,8 +75,8 @@ KeyPlace placeOf(const QWidget* widget)
 
 } // namespace
 
-LookBack::LookBack(const Surroundings& around, QWidget* window)
-    : QObject(window)
+LookBack::LookBack(const Surroundings& around, QWidget* window, QObject* parent)
+    : QObject(parent)
     , m_around(around)
     , m_window(window)
     , m_replay(new Replay(this))
@@ -221,6 +221,13 @@ void LookBack::showPosition()
                   kSpeeds.at(m_speed)});
     m_band->setNow(m_alert.isEmpty() ? m_now : m_alert, !m_alert.isEmpty());
     emit shownChanged();
+}
+
+void LookBack::setSelectedLdb(const QString& hexId)
+{
+    if (std::exchange(m_hexId, hexId) != hexId && m_isShowing && !m_wanted) {
+        goTo(position()); // with this one's past
+    }
 }
 
 void LookBack::setNow(const QString& text)

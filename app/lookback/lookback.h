@@ -30,9 +30,9 @@ public:
         ShownSource* source;
         std::function<qint64()> wallTime; ///< ms since 1970 UTC
     };
-    /// Makes bar and band, which the window has yet to place. The surroundings outlive this object,
-    /// and so does the window, which owns it.
-    LookBack(const Surroundings& around, QWidget* window);
+    /// Makes bar and band, which the window has yet to place. The surroundings and the window
+    /// outlive this object.
+    LookBack(const Surroundings& around, QWidget* window, QObject* parent);
     ~LookBack() override;
 
     TimeBar* bar() { return m_bar; }
@@ -50,7 +50,7 @@ public:
     void press(BarKey key);
 
     /// Whose past the plot shows.
-    void setSelectedLdb(const QString& hexId) { m_hexId = hexId; }
+    void setSelectedLdb(const QString& hexId);
     /// Whether what happens now gets into the recording: it reaches up to now then.
     void setRecording(bool isRecording) { m_isRecording = isRecording; }
     /// What is monitored now, as the band says it.

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QHash>
+#include <QPointer>
 
 /// What the window shows of the bus: what the link tells now or, while another source is set, what
 /// that one tells. It keeps what the link told meanwhile, so that the present is there at once when
@@ -42,7 +43,7 @@ private:
     void tellPresent();
 
     RecordSource* m_live;
-    RecordSource* m_past = nullptr;
+    QPointer<RecordSource> m_past;
     QHash<QString, Record> m_latest; ///< of the link
     QDateTime m_round;               ///< the last one that began
     bool m_isRoundOn = false;

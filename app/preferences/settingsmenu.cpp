@@ -186,6 +186,12 @@ void SettingsMenu::on_installationButton_clicked()
     emit installationWanted();
 }
 
+void SettingsMenu::on_recordingButton_clicked()
+{
+    reject();
+    emit recordingWanted();
+}
+
 void SettingsMenu::showPortInfo(int index)
 {
     QComboBox* ports = m_ui->portComboBox;

@@ -50,6 +50,8 @@ public slots:
     void on_aboutButton_clicked();
     /// Closes, stores nothing and emits `installationWanted()`.
     void on_installationButton_clicked();
+    /// Closes, stores nothing and emits `recordingWanted()`.
+    void on_recordingButton_clicked();
     /// Shows the details of a port of the list; those of a port that is not in the list (-1), a
     /// typed one, are blank.
     void showPortInfo(int index);
@@ -59,6 +61,8 @@ signals:
     void comPortUpdated(const QString& comPort);
     /// The user wants to see the installations; the dialog is closed.
     void installationWanted();
+    /// The user wants to set what is recorded; the dialog is closed.
+    void recordingWanted();
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr qint64 kMegabyte = 1LL << 20;
-
 /// The one that was used last of all.
 QString lastUsed(const Installations& store)
 {
@@ -48,6 +46,7 @@ RecordingControl::RecordingControl(const Surroundings& around, const PortSource&
             &RecordingControl::followInstallation);
     m_installation = lastUsed(around.installation->store());
     followInstallation();
+    followPort();
     followLink();
 }
 
@@ -86,13 +85,40 @@ void RecordingControl::loadPreferences()
     m_access.setPath(m_folder);
 }
 
+/// Before the link: its runs are told behind what happened to the port.
+void RecordingControl::followPort()
+{
+    SerialLink* link = m_around.link;
+    connect(link, &SerialLink::portFailed, this, [this](const QString& portName) {
+        if (!std::exchange(m_isOpen, false)) {
+            return; // it was not there to be lost
+        }
+        RecordedEvent event;
+        event.at = m_recorder.moment();
+        event.kind = EventKind::PortLost;
+        event.text = portName;
+        m_lostAt = event.at;
+        m_recorder.note(event);
+    });
+    connect(link, &SerialLink::stopped, this, [this] { m_isOpen = false; });
+}
+
 void RecordingControl::followLink()
 {
     SerialLink* link = m_around.link;
     Recorder* recorder = &m_recorder;
     // Not when it is started: a port that is waited for is tried again and again.
-    connect(link, &SerialLink::opened, recorder,
-            [link, recorder] { recorder->beginRun(link->portName()); });
+    connect(link, &SerialLink::opened, this, [this] {
+        m_isOpen = true;
+        m_recorder.beginRun(m_around.link->portName());
+        if (const qint64 lostAt = std::exchange(m_lostAt, 0)) {
+            RecordedEvent event;
+            event.kind = EventKind::PortBack;
+            event.since = lostAt;
+            event.text = m_around.link->portName();
+            m_recorder.note(event);
+        }
+    });
     connect(link, &SerialLink::started, this, [this] { m_isScanning = false; });
     connect(link, &SerialLink::stopped, recorder, &Recorder::endRun);
     connect(link, &SerialLink::roundBegun, recorder, &Recorder::beginRound);
@@ -116,7 +142,15 @@ void RecordingControl::followLink()
     });
 }
 
+QString RecordingControl::outageText() const
+{
+    return m_recorder.isOutage() ? m_outage.text() : QString();
+}
+
 void RecordingControl::tell(const RecordingNotice& notice)
 {
+    if (notice.isOutage()) {
+        m_outage = notice;
+    }
     m_around.notices->say([notice] { return notice.text(); });
 }

@@ -34,12 +34,18 @@ public:
     /// start. Empty when there has never been one.
     QString folder() const { return m_folder; }
 
+    /// Why nothing is recorded, in the language in force; empty unless it is so.
+    QString outageText() const;
+
+    static constexpr qint64 kMegabyte = 1LL << 20; ///< of the size that is set
+
 public slots:
     /// Takes what the user has set.
     void loadPreferences();
 
 private:
     void followLink();
+    void followPort();
     void followInstallation();
     void tell(const RecordingNotice& notice);
 
@@ -48,5 +54,8 @@ private:
     RecordingAccess m_access;
     QString m_installation; ///< id
     QString m_folder;
+    RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
+    bool m_isOpen = false;     ///< the port
+    qint64 m_lostAt = 0;       ///< when the port was lost; 0: it is not, or has come back
 };

@@ -24,6 +24,13 @@ inline const QString kMonitored = QStringLiteral("#d6ecd6");
 inline const QString kPartlyMonitored = QStringLiteral("#ffeca0");
 inline const QString kNotMonitored = QStringLiteral("#ffcd78");
 
+// Events, in their list and on the time bar.
+inline const QString kEventFault = QStringLiteral("#d07000");
+inline const QString kEventLoss = QStringLiteral("#b3261e");
+inline const QString kEventGood = QStringLiteral("#1b6e36");
+inline const QString kEventMark = QStringLiteral("#7a1fa2");
+inline const QString kEventWork = QStringLiteral("#1c5fa8");
+inline const QString kEventOther = QStringLiteral("#6e727a");
 // Looking back: a band of its own, and the bar of the recorded time.
 inline const QString kRecorded = QStringLiteral("#d8c8f4");
 inline const QString kRecordedText = QStringLiteral("#3b1a78");

@@ -39,6 +39,14 @@ inline const QString kOverviewOnlyFaultsKey = QStringLiteral("overview/onlyFault
 inline const QString kOverviewFaultsFirstKey = QStringLiteral("overview/faultsFirst");
 inline const QString kOverviewLineQualityKey = QStringLiteral("overview/lineQuality");
 
+// Per-user settings: which events the list shows.
+inline const QString kEventsTextKey = QStringLiteral("events/text");
+inline const QString kEventsLdbKey = QStringLiteral("events/ldb");
+inline const QString kEventsGroupKey = QStringLiteral("events/group");
+inline const QString kEventsPeriodKey = QStringLiteral("events/period");
+inline const QString kEventsFromKey = QStringLiteral("events/from");
+inline const QString kEventsToKey = QStringLiteral("events/to");
+
 // Per-user settings: language, port, sound, log controls.
 inline const QString kLanguageKey = QStringLiteral("translation/language");
 inline const QString kDefaultLanguage = QStringLiteral("English");

@@ -14,6 +14,8 @@ struct Texts
 QString hindranceText(Hindrance hindrance)
 {
     switch (hindrance) {
+    case Hindrance::LookingBack:
+        return Texts::tr("You are looking back: go back to live first (Esc).");
     case Hindrance::NotMonitored:
         return Texts::tr("Nothing is monitored: click Start first.");
     case Hindrance::Scanning:

@@ -6,6 +6,7 @@
 enum class Hindrance
 {
     None,
+    LookingBack,  ///< the window shows what is recorded
     NotMonitored, ///< no run is on
     Scanning,
     Unsettled, ///< which installation answers is not known
@@ -34,6 +35,7 @@ struct Permission
 /// Which controls can be used. Each panel takes it with `apply()`.
 struct EnabledControls
 {
+    Permission start; ///< a run, or its end
     Permission reload;
     Permission transfer;       ///< export and import
     Permission selection;      ///< selecting another LDB

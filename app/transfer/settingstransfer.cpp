@@ -145,7 +145,12 @@ SettingsBatch* SettingsTransfer::write(std::vector<LdbChange> changes)
         m_transfer = std::move(m_planned);
         setOn(Kind::Import);
         m_notices->say([] { return statusText(Status::ImportStarted); });
-        return m_transfer->write(std::move(changes));
+        SettingsBatch* batch = m_transfer->write(std::move(changes));
+        if (batch != nullptr) {
+            connect(batch, &SettingsBatch::ldbDone, this,
+                    [this](const SettingsOutcome& outcome) { emit ldbDone(outcome, true); });
+        }
+        return batch;
     }
     m_touched.clear();
     m_written.clear();
@@ -174,6 +179,7 @@ void SettingsTransfer::processWritten(const SettingsOutcome& outcome)
         m_failures.emplace_back(
             [outcome] { return tr("LDB %1: %2").arg(outcome.hexId, outcome.text()); });
     }
+    emit ldbDone(outcome, false);
 }
 
 void SettingsTransfer::endWriting()

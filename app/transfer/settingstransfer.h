@@ -71,6 +71,8 @@ signals:
     /// An import has read the LDBs.
     void planned();
     void statusChanged(ImportExportDeviceSettings::ImportExportStatus status);
+    /// Settings were written into an LDB, or were to be.
+    void ldbDone(const SettingsOutcome& outcome, bool isImport);
     /// A transfer begins, or is over in whatever way.
     void changed(bool isOn);
 

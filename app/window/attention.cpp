@@ -55,7 +55,11 @@ Attention::Attention(QWidget* window)
 void Attention::processData(const QString& hexId, const QList<QStringList>& dataList)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (m_faults.update(hexId, dataList) && isUserElsewhere()) {
+    if (!m_faults.update(hexId, dataList)) {
+        return;
+    }
+    emit faultTold(hexId, dataList);
+    if (isUserElsewhere()) {
         QApplication::alert(m_window);
         m_sound->soundOnce();
         emit called();

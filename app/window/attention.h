@@ -31,6 +31,8 @@ public slots:
     void processData(const QString& hexId, const QList<QStringList>& dataList);
 
 signals:
+    /// A new fault or loss, wherever the user is.
+    void faultTold(const QString& hexId, const QList<QStringList>& dataList);
     /// The user was called.
     void called();
 

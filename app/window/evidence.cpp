@@ -1,21 +1,128 @@
 #include "app/window/evidence.h"
 
+#include "app/events/eventdesk.h"
 #include "app/installation/installationdesk.h"
+#include "app/lookback/lookback.h"
+#include "app/lookback/recordedband.h"
+#include "app/notices/notices.h"
+#include "app/recording/evidenceform.h"
+#include "app/recording/recordedplot.h"
 #include "app/recording/recordingcontrol.h"
+#include "app/recording/recordingform.h"
+#include "app/recording/recordingindicator.h"
 #include "app/window/ldbviews.h"
+#include "app/window/ldbwork.h"
+#include "app/window/monitoringstrip.h"
+#include "app/window/runcontrol.h"
+#include "app/window/worknotes.h"
+#include "serial/ldb/generalinformation.h"
 #include "serial/link/seriallink.h"
 #include "ui_mainwindow.h"
+#include "views/lamps/lampcondition.h"
 #include "views/quality/qualitydisplay.h"
+
+#include <QDir>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStatusBar>
+
+namespace {
+
+/// What a record tells of that is new.
+QString faultText(const QString& hexId, const QList<QStringList>& rows)
+{
+    if (generalinformation::isLost(rows)) {
+        return Evidence::tr("LDB %1 lost").arg(hexId);
+    }
+    LampCauses causes;
+    QStringList conditions;
+    for (const CausePage page : causes.update(hexId, rows)) {
+        const QString condition = causes.of(page).value(hexId).condition;
+        if (!conditions.contains(condition)) {
+            conditions.append(condition);
+        }
+    }
+    return Evidence::tr("LDB %1: %2").arg(hexId, conditions.join(QStringLiteral(", ")));
+}
+
+} // namespace
 
 Evidence::Evidence(const Surroundings& around, QWidget* window)
     : QObject(window)
+    , m_window(window)
     , m_control(new RecordingControl({around.link, around.desk->control(), around.notices},
                                      around.ports, this))
+    , m_events(new EventDesk({static_cast<QMainWindow*>(window), m_control, around.notices},
+                             around.ports.wallTime, this))
 {
+    connect(around.work->notes(), &WorkNotes::noted, m_control->recorder(), &Recorder::note);
+    around.views->setHistorySource(new RecordedPlot(m_control->access(), m_control));
+    makeIndicator(around);
+    makeMenu(around, window);
+    initLookBack(around, window);
+    m_events->setShown([this] { return m_lookBack->shown(); });
+    connect(m_events, &EventDesk::momentWanted, m_lookBack, &LookBack::goTo);
     showQuality(around);
 }
 
-Evidence::~Evidence() = default;
+Evidence::~Evidence()
+{
+    delete m_events;   // it asks what is shown
+    delete m_lookBack; // it reads by the control
+    // They use the recording.
+    delete m_form;
+    delete m_preferences;
+    delete m_indicator;
+}
+
+void Evidence::initLookBack(const Surroundings& around, QWidget* window)
+{
+    auto* lookBack = new LookBack(
+        {m_control->access(), around.views->source(), around.ports.wallTime}, window, this);
+    m_lookBack = lookBack;
+    around.ui.centralLayout->insertWidget(0, lookBack->band());
+    around.ui.centralLayout->addWidget(lookBack->bar());
+    around.views->setPast(lookBack->source(), lookBack->past());
+    connect(lookBack, &LookBack::monitoringChanged, around.views, &LdbViews::setPastMonitoring);
+    connect(lookBack->source(), &RecordSource::ldbListChanged, around.views, &LdbViews::keepKnown);
+    connect(around.views, &LdbViews::monitoringTold, lookBack,
+            [lookBack](const Monitoring& monitoring) {
+                lookBack->setNow(MonitoringStrip::text(monitoring));
+            });
+    connect(around.views, &LdbViews::faultTold, lookBack,
+            [lookBack](const QString& hexId, const QList<QStringList>& rows) {
+                lookBack->alert(faultText(hexId, rows));
+            });
+    connect(around.link, &SerialLink::portFailed, lookBack, [lookBack](const QString& portName) {
+        lookBack->alert(tr("the connection to %1 was lost").arg(portName));
+    });
+    RunControl* run = around.run;
+    connect(run, &RunControl::enabledChanged, lookBack,
+            [lookBack, run] { lookBack->setSelectedLdb(run->selectedLdb()); });
+    connect(lookBack, &LookBack::lookingBackChanged, this,
+            [strip = around.ui.monitoringStrip, views = around.views, work = around.work,
+             run](bool isLookingBack) {
+                strip->setVisible(!isLookingBack);
+                views->setLookingBack(isLookingBack);
+                run->setLookingBack(isLookingBack);
+                if (!isLookingBack && !run->selectedLdb().isEmpty()) {
+                    work->setSelectedLdb(run->selectedLdb());
+                }
+            });
+    Recorder* recorder = m_control->recorder();
+    const auto followRecorder = [this, recorder] {
+        m_lookBack->setRecording(recorder->isRecording() &&
+                                 m_control->access()->path() == m_control->folder());
+    };
+    connect(recorder, &Recorder::changed, lookBack, followRecorder);
+    connect(m_control->access(), &RecordingAccess::pathChanged, lookBack, followRecorder);
+    connect(recorder, &Recorder::eventRecorded, lookBack, &LookBack::refresh);
+}
+
+void Evidence::goLive()
+{
+    m_lookBack->live();
+}
 
 void Evidence::showQuality(const Surroundings& around)
 {
@@ -28,4 +135,57 @@ void Evidence::showQuality(const Surroundings& around)
     connect(around.link, &SerialLink::exchanged, m_quality->live(), &LiveQuality::takeExchange);
     connect(around.link, &SerialLink::ldbListChanged, m_quality->live(), &LiveQuality::setList);
     connect(m_quality, &QualityDisplay::ldbActivated, around.views, &LdbViews::select);
+    connect(m_lookBack, &LookBack::shownChanged, m_quality,
+            [this] { m_quality->setShown(m_lookBack->shown()); });
+}
+
+void Evidence::makeIndicator(const Surroundings& around)
+{
+    m_indicator = new RecordingIndicator(m_control, around.ui.statusBar);
+    around.ui.statusBar->insertPermanentWidget(0, m_indicator);
+    connect(
+        m_indicator, &RecordingIndicator::failed, this,
+        [notices = around.notices](const QString& folder) {
+            notices->say([folder] {
+                return folder.isEmpty() || !QDir(folder).exists()
+                           ? tr("Nothing has been recorded yet.")
+                           : tr("%1 could not be opened.").arg(QDir::toNativeSeparators(folder));
+            });
+        });
+}
+
+void Evidence::makeMenu(const Surroundings& around, QWidget* window)
+{
+    const InstallationControl* installation = around.desk->control();
+    m_form = new EvidenceForm({m_control, around.ports.wallTime,
+                               [run = around.run] { return run->selectedLdb(); },
+                               [installation] {
+                                   return installation->current().title();
+                               }},
+                              window);
+    m_preferences = new RecordingForm(m_control, window);
+    QToolButton* button = around.ui.evidenceButton;
+    button->setIcon(window->style()->standardIcon(QStyle::SP_DialogSaveButton));
+    auto* menu = new QMenu(button);
+    menu->setObjectName(QStringLiteral("evidenceMenu"));
+    button->setMenu(menu);
+    m_take = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Log); });
+    m_copy = menu->addAction(QString(), this, [this] { m_form->offer(EvidenceOrder::Kind::Copy); });
+    menu->addSeparator();
+    m_settings = menu->addAction(QString(), this, &Evidence::showPreferences);
+    m_take->setObjectName(QStringLiteral("takeHomeAction"));
+    m_copy->setObjectName(QStringLiteral("copyVisitAction"));
+    m_settings->setObjectName(QStringLiteral("recordingSettingsAction"));
+}
+
+void Evidence::showPreferences()
+{
+    m_preferences->open();
+}
+
+void Evidence::retranslate()
+{
+    m_take->setText(tr("Take Evidence &Home..."));
+    m_copy->setText(tr("Save a &Copy of This Visit..."));
+    m_settings->setText(tr("&Recording..."));
 }

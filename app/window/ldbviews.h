@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serial/ldb/monitoring.h"
+
 #include <QObject>
 #include <QStringList>
 
@@ -13,11 +15,15 @@ class DeviceOverviewTable;
 class LampPanel;
 class MainWindowPlot;
 class MuteMarks;
-struct Monitoring;
+class PlotHistorySource;
+class RecordSource;
 class SerialLink;
+class ShownSource;
 
 /// All that shows what the LDBs say: overview, details, lamps, plot, the log and the strip above
-/// them. They get the same records, are live or not together, and show the same LDBs. GUI thread.
+/// them. They get the same records, are live or not together, and show the same LDBs: those of now
+/// or, while the window looks back, of another moment. The log and the strip are always of now. GUI
+/// thread.
 class LdbViews : public QObject
 {
     Q_OBJECT
@@ -25,8 +31,17 @@ public:
     /// Makes the views in the widgets of the form. Form, link and parent outlive this object.
     LdbViews(const Ui::MainWindow& ui, SerialLink* link, QWidget* parent);
 
-    /// What is live.
+    /// What is live now.
     void setMonitoring(const Monitoring& monitoring);
+    /// Decides what is shown.
+    ShownSource* source() const { return m_source; }
+    /// Where the plot of another moment gets its samples from: what is told, and what was before.
+    /// Once, before the window looks back; both outlive this object.
+    void setPast(const RecordSource* past, PlotHistorySource* samples);
+    /// From now on what is told is of another moment, or of now again.
+    void setLookingBack(bool isLookingBack);
+    /// What was live at the moment that is shown.
+    void setPastMonitoring(const Monitoring& monitoring);
     /// Whether the program waits for the port.
     void setWaiting(bool isWaiting);
     /// Drops the LDBs that the link knows no more.
@@ -38,6 +53,8 @@ public:
     /// Shows this LDB wherever one is shown alone.
     void setSelectedLdb(const QString& hexId);
 
+    /// Where the plot gets the past from; outlives the plot's use.
+    void setHistorySource(PlotHistorySource* source);
     void clearPlot();
     void setZoomEnabled(bool enabled);
 
@@ -52,21 +69,39 @@ signals:
     void dismissed(const QStringList& hexIds);
     /// The user waits for the port no more.
     void waitingEnded();
+    /// What is live now is told to this object.
+    void monitoringTold(const Monitoring& monitoring);
+    /// A new fault or loss happens now.
+    void faultTold(const QString& hexId, const QList<QStringList>& dataList);
 
 private:
     void makeViews();
-    void feed(Attention* attention);
+    void makePlots();
+    void feed();
+    void followPresent();
     void connectViews();
     void dismiss(const QStringList& hexIds);
     void keepOnly(const QStringList& hexIds);
     void showAwaited(const QString& hexId);
+    void showMonitoring(const Monitoring& monitoring);
+    void processReplaced(const QStringList& hexIds);
 
     const Ui::MainWindow& m_ui;
     SerialLink* m_link;
     // All owned as children.
+    ShownSource* m_source = nullptr;
     DeviceDetailTable* m_details = nullptr;
     DeviceOverviewTable* m_overview = nullptr;
     MuteMarks* m_muteMarks = nullptr;
-    MainWindowPlot* m_plot = nullptr;
+    MainWindowPlot* m_plot = nullptr;     ///< of now
+    MainWindowPlot* m_pastPlot = nullptr; ///< of the moment that is looked back at
     LampPanel* m_lamps = nullptr;
+    // Owned by the form.
+    QWidget* m_presentChart = nullptr;
+    QWidget* m_pastChart = nullptr;
+
+    bool m_isLookingBack = false;
+    QString m_selected;
+    Monitoring m_monitoring; ///< now
+    Monitoring m_past;       ///< at the moment that is looked back at
 };

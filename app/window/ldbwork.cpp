@@ -5,6 +5,7 @@
 #include "app/shared/whynot.h"
 #include "app/transfer/settingstransfer.h"
 #include "app/window/runcontrol.h"
+#include "app/window/worknotes.h"
 #include "serial/link/seriallink.h"
 #include "tracking/faultfinding/fimtracking.h"
 #include "ui_mainwindow.h"
@@ -37,6 +38,9 @@ LdbWork::LdbWork(const Ui::MainWindow& ui, const Surroundings& surroundings, QWi
     , m_window(window)
 {
     m_ui.ldbActionsGroup->init(m_around.link, m_around.notices);
+    m_notes = new WorkNotes(m_around.wallTime, this);
+    m_notes->follow(m_ui.ldbActionsGroup);
+    m_notes->follow(m_ui.ldbSettingsEditor);
     initEditor();
     initPutBack();
     initTransfer();
@@ -63,7 +67,8 @@ void LdbWork::initEditor()
     m_ui.ldbSettingsTabLayout->addWidget(editor->footer());
     connect(editor, &LdbSettingsEditor::savingChanged, m_around.run, &RunControl::setSaving);
     connect(m_around.run, &RunControl::settingsStale, this, [this] {
-        if (!m_putBack->isPending(m_around.run->selectedLdb())) {
+        if (!m_around.run->isLookingBack() &&
+            !m_putBack->isPending(m_around.run->selectedLdb())) {
             m_ui.ldbSettingsEditor->requestSettings();
         }
     });
@@ -83,6 +88,7 @@ void LdbWork::initPutBack()
 void LdbWork::initTransfer()
 {
     m_transfer = new SettingsTransfer(m_around.link, m_around.notices, m_around.status, m_window);
+    m_notes->follow(m_transfer);
     connect(m_transfer, &SettingsTransfer::changed, this, &LdbWork::showTransfer);
     m_ui.stopTransferButton->hide();
     const auto let = [this](const QAbstractButton* button, auto slot) {
@@ -134,6 +140,9 @@ void LdbWork::showTransfer(bool isOn)
 
 void LdbWork::setSelectedLdb(const QString& hexId)
 {
+    if (m_around.run->isLookingBack()) {
+        return; // what it has now is asked for when the user is back
+    }
     m_ui.ldbActionsGroup->setSelectedLdb(hexId);
     if (!m_ui.ldbSettingsEditor->hasUnsavedChanges()) {
         m_ui.ldbSettingsEditor->setSelectedLdb(hexId);
@@ -156,6 +165,7 @@ void LdbWork::startFaultFinding()
     m_tracking =
         new FimTracking(m_around.run->selectedLdb(), m_around.link, m_window, m_putBack->kept());
     m_putBack->follow(m_tracking);
+    m_notes->follow(m_tracking);
     connect(m_tracking, &FimTracking::runBegins, this,
             [this] { m_around.run->setFaultFinding(true); });
     connect(m_tracking, &FimTracking::runEnds, this,
@@ -176,6 +186,11 @@ void LdbWork::apply(const EnabledControls& controls)
     }
     m_ui.ldbSettingsEditor->apply(ofEditor);
     m_ui.ldbActionsGroup->apply(controls);
+    if (m_tracking) {
+        // A run that is on can be stopped.
+        m_tracking->setEnabled(!m_around.run->isLookingBack() ||
+                               isUnderWay(m_tracking->run().phase()));
+    }
 }
 
 std::vector<Text> LdbWork::underWay() const

@@ -23,6 +23,7 @@ class SerialLink;
 class SettingsTableWindow;
 class SettingsTransfer;
 class StatusBarDisplay;
+class WorkNotes;
 
 /// All that asks LDBs for more than their status, or changes them: the editor, the actions, the
 /// transfers, fault finding, and what puts back what that has changed. Wires them, keeps them out
@@ -64,6 +65,8 @@ public:
     /// What an end of the program would break off, a sentence each; empty when nothing is under
     /// way.
     std::vector<Text> underWay() const;
+    /// Tells what the user does, for the recording.
+    const WorkNotes* notes() const { return m_notes; }
 
 signals:
     /// What can be used may differ from before.
@@ -79,6 +82,7 @@ private:
     const Ui::MainWindow& m_ui;
     Surroundings m_around;
     QWidget* m_window;
+    WorkNotes* m_notes = nullptr;           // owned
     SettingsTransfer* m_transfer = nullptr; // owned
     SettingsTableWindow* m_table = nullptr; // owned
     PutBack* m_putBack = nullptr;           // owned

@@ -119,6 +119,7 @@ void MainWindow::initPanels(const PortSource& ports)
         {*m_ui, m_link.get(), m_notices.get(), m_desk, m_run, m_views, m_work, ports}, this);
     connect(m_ui->settingsMenuButton, &QAbstractButton::clicked, m_settingsMenu, &QWidget::show);
     connect(m_settingsMenu, &SettingsMenu::installationWanted, m_desk, &InstallationDesk::showForm);
+    connect(m_settingsMenu, &SettingsMenu::recordingWanted, m_evidence, &Evidence::showPreferences);
     connect(m_ui->helpButton, &QAbstractButton::clicked, this,
             [this] { ManualWindow::showIndex(this); });
 }
@@ -129,6 +130,7 @@ void MainWindow::retranslate()
     m_notices->retranslate();
     m_status->retranslate();
     m_views->retranslate();
+    m_evidence->retranslate();
 }
 
 void MainWindow::updateButtonTexts()
@@ -161,6 +163,7 @@ void MainWindow::on_reloadDevicesButton_clicked()
 void MainWindow::processComPortUpdated(const QString& comPort)
 {
     const auto change = [this, comPort] {
+        m_evidence->goLive(); // a run begins
         m_portName = comPort;
         m_work->forget();
         m_run->changePort(comPort);
@@ -245,6 +248,7 @@ void MainWindow::setLdbActionButtonsState()
 {
     Q_ASSERT(QThread::currentThread() == thread());
     const EnabledControls controls = m_run->enabled();
+    WhyNot::permit(m_ui->startButton, controls.start);
     WhyNot::permit(m_ui->reloadDevicesButton, controls.reload);
     m_views->setSelectionEnabled(controls.selection);
     m_work->apply(controls);

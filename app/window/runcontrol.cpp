@@ -22,6 +22,7 @@ EnabledControls enabledControls(const LinkSituation& situation)
     const auto when = [](bool is, Hindrance hindrance) {
         return is ? hindrance : Hindrance::None;
     };
+    const Hindrance past = when(situation.lookingBack, Hindrance::LookingBack);
     const Hindrance stopped = when(!situation.running, Hindrance::NotMonitored);
     const Hindrance scanning = when(situation.initialising, Hindrance::Scanning);
     const Hindrance none = when(!situation.selected, Hindrance::NoLdb);
@@ -38,16 +39,18 @@ EnabledControls enabledControls(const LinkSituation& situation)
     EnabledControls controls;
     // A scan would take the LDBs away from under a transfer or a fault finding, and a second one
     // the bus.
-    controls.reload = unless({scanning, transferring, finding});
-    controls.transfer = unless({stopped, scanning, unsettled, transferring, finding});
-    // A lost LDB must not hold the selection.
-    controls.selection = unless({stopped, scanning, saving});
-    controls.allActions = unless({stopped, scanning, unsettled, saving, transferring, finding});
+    controls.start = unless({past});
+    controls.reload = unless({past, scanning, transferring, finding});
+    controls.transfer = unless({past, stopped, scanning, unsettled, transferring, finding});
+    // A lost LDB must not hold the selection. Any LDB that is recorded can be looked at.
+    controls.selection =
+        situation.lookingBack ? unless({saving}) : unless({stopped, scanning, saving});
+    controls.allActions = unless({past, stopped, scanning, unsettled, saving, transferring, finding});
     controls.singleActions =
-        unless({stopped, scanning, unsettled, none, lost, saving, transferring, finding});
+        unless({past, stopped, scanning, unsettled, none, lost, saving, transferring, finding});
     // Also in service mode: without, an LDB that starts in it could never be told not to.
     controls.settings = controls.singleActions;
-    controls.editing = unless({stopped, none, lost});
+    controls.editing = unless({past, stopped, none, lost});
     controls.outsideService = unless({controls.singleActions.hindrance, service});
     return controls;
 }
@@ -140,6 +143,12 @@ void RunControl::setUnsettled(bool unsettled)
 void RunControl::setFaultFinding(bool faultFinding)
 {
     m_situation.faultFinding = faultFinding;
+    emit enabledChanged();
+}
+
+void RunControl::setLookingBack(bool lookingBack)
+{
+    m_situation.lookingBack = lookingBack;
     emit enabledChanged();
 }
 

@@ -15,6 +15,7 @@ class SerialLink;
 /// All that decides which controls of the main window can be used.
 struct LinkSituation
 {
+    bool lookingBack = false; ///< the window shows what is recorded
     bool running = false;
     bool initialising = false;               ///< the bus is being scanned
     bool selected = false;                   ///< an LDB is selected
@@ -56,6 +57,9 @@ public:
     /// Nothing may be written while it is not known which installation answers.
     void setUnsettled(bool unsettled);
     void setFaultFinding(bool faultFinding);
+    /// Nothing is sent by a user who does not see what is now.
+    void setLookingBack(bool lookingBack);
+    bool isLookingBack() const { return m_situation.lookingBack; }
 
     EnabledControls enabled() const;
     /// Whether a scan is on, or has been asked for.

@@ -141,21 +141,6 @@ QString sideText(const QString& side, const Finding::Side& found)
         .arg(found.fims);
 }
 
-QString leakageText(const Finding::Leakage& leakage)
-{
-    QStringList places;
-    if (leakage.primary) {
-        places.append(Texts::tr("primary side approximately at FIM %1").arg(*leakage.primary));
-    }
-    if (leakage.secondary) {
-        places.append(Texts::tr("secondary side approximately at FIM %1").arg(*leakage.secondary));
-    }
-    const QString kind =
-        leakage.isOfEarth ? Texts::tr("Earth leakage") : Texts::tr("Loop DC leakage");
-    return places.isEmpty() ? kind
-                            : QStringLiteral("%1: %2").arg(kind, places.join(QStringLiteral(", ")));
-}
-
 } // namespace
 
 std::optional<RecordedEvent> settingsEvent(EventKind kind, const SettingsOutcome& outcome)
@@ -302,6 +287,21 @@ QStringList findingTexts(const Finding& finding)
         texts.append(leakageText(leakage));
     }
     return texts;
+}
+
+QString leakageText(const Finding::Leakage& leakage)
+{
+    QStringList places;
+    if (leakage.primary) {
+        places.append(Texts::tr("primary side approximately at FIM %1").arg(*leakage.primary));
+    }
+    if (leakage.secondary) {
+        places.append(Texts::tr("secondary side approximately at FIM %1").arg(*leakage.secondary));
+    }
+    const QString kind =
+        leakage.isOfEarth ? Texts::tr("Earth leakage") : Texts::tr("Loop DC leakage");
+    return places.isEmpty() ? kind
+                            : QStringLiteral("%1: %2").arg(kind, places.join(QStringLiteral(", ")));
 }
 
 } // namespace recordedwork

@@ -80,5 +80,6 @@ std::optional<Finding> findingOf(const RecordedEvent& event);
 
 /// What the finding says, in a line each, in the language in force.
 QStringList findingTexts(const Finding& finding);
+QString leakageText(const Finding::Leakage& leakage);
 
 } // namespace recordedwork

@@ -2,10 +2,9 @@
 #include "app/settingstable/settingstablewindow.h"
 #include "app/settingstable/writepreview.h"
 #include "app/transfer/settingstransfer.h"
-#include "serial/ldb/ldbsettings.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
-#include "tracking/faultfinding/fimtracking.h"
+#include "tests/support/views.h"
 
 #include <random>
 
@@ -61,14 +60,14 @@ private slots:
         const ExpectWarning warning("^Port |audio mute of LDB", ExpectWarning::Need::MayCome);
         m_chance.seed(static_cast<unsigned>(seed));
         openSite();
-        const QStringList rows = shownIds();
+        const QStringList rows = columnTexts(*overview()->model(), overview::IdColumn);
         for (int cut = 0; cut < cuts; ++cut) {
             const QString where = QString::number(cut) + ". cut: ";
             QVERIFY2(begin(work), qPrintable(where + "the work does not begin"));
             VirtualTime::current()->advance(below(latest));
             const QString wrong = cutAndRestore(cut % 2 == 1, work);
             QVERIFY2(wrong.isEmpty(), qPrintable(where + wrong));
-            QCOMPARE(shownIds(), rows);
+            QCOMPARE(columnTexts(*overview()->model(), overview::IdColumn), rows);
         }
     }
 
@@ -86,7 +85,7 @@ private slots:
         const ExpectWarning warning("^Port ");
         openSite();
         m_bus->cut();
-        WAIT_VERIFY(child<QPushButton>("endWaitingButton")->isVisible());
+        WAIT_VERIFY(button("endWaitingButton")->isVisible());
         QVERIFY(strip().contains("waiting"));
         if (by == "button") {
             click("endWaitingButton");
@@ -96,11 +95,11 @@ private slots:
             emit m_window->findChild<SettingsMenu*>()->comPortUpdated("COM9");
         }
         VirtualTime::current()->advance(3 * kSecond);
-        QVERIFY(!child<QPushButton>("endWaitingButton")->isVisible());
+        QVERIFY(!button("endWaitingButton")->isVisible());
         m_bus->restore();
         m_bus->clearRequests();
         VirtualTime::current()->advance(kMinute);
-        QVERIFY(!child<QPushButton>("startButton")->isChecked());
+        QVERIFY(!button("startButton")->isChecked());
         QVERIFY(m_bus->requests().isEmpty());
     }
 
@@ -126,7 +125,7 @@ private slots:
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         VirtualTime::current()->advance(10 * kSecond);
         QVERIFY(!question());
-        QVERIFY(child<QPushButton>("ldbResetButton")->isEnabled());
+        QVERIFY(button("ldbResetButton")->isEnabled());
     }
 
     void twoThatFit()
@@ -141,7 +140,7 @@ private slots:
         VirtualTime::current()->advance(5 * kSecond);
         auto* box = m_window->findChild<MessageBox*>("whichPortBox");
         QVERIFY(box != nullptr);
-        QVERIFY(!child<QPushButton>("startButton")->isChecked());
+        QVERIFY(!button("startButton")->isChecked());
         for (auto* button : box->findChildren<QPushButton*>()) {
             if (button->text() == "ttyUSB3") {
                 button->click();
@@ -163,7 +162,7 @@ private slots:
         m_bus->setPort(adapter("nobody's"), {adapter("ttyUSB0")});
         VirtualTime::current()->advance(kMinute);
         QVERIFY(m_window->findChildren<MessageBox*>().isEmpty());
-        QVERIFY(child<QPushButton>("endWaitingButton")->isVisible());
+        QVERIFY(button("endWaitingButton")->isVisible());
         m_bus->setPort(adapter("ttyUSB0"));
         m_bus->restore();
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
@@ -172,30 +171,16 @@ private slots:
 private:
     void openSite(const PortIdentity& port = adapter("ttyUSB0"))
     {
-        m_bus = std::make_unique<TestBus>(kSite);
+        makeBus(kSite);
         m_bus->setPort(port);
-        userSettings().setValue(constants::kComPortKey, m_bus->portName());
-        m_window = std::make_unique<MainWindow>(m_bus->ports());
-        m_window->show();
+        userSettings().setValue(constants::kComPortKey, port.name);
+        makeWindow();
         click("startButton");
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         VirtualTime::current()->advance(5 * kSecond);
     }
 
-    QStringList shownIds() const
-    {
-        QStringList ids;
-        for (int row = 0; row < overview()->model()->rowCount(); ++row) {
-            ids += overview()->model()->index(row, overview::IdColumn).data().toString();
-        }
-        return ids;
-    }
-
-    QDialog* question() const
-    {
-        auto* dialog = m_window->findChild<QDialog*>("installationQuestion");
-        return dialog && dialog->isVisible() ? dialog : nullptr;
-    }
+    QDialog* question() const { return dialog("installationQuestion"); }
 
     bool hasProbed() const
     {
@@ -214,7 +199,7 @@ private:
             return true;
         case Work::Save: {
             auto* fims = child<QSpinBox>("settingsNumberOfFimsSpinBox");
-            auto* save = child<QPushButton>("settingsSaveButton");
+            auto* save = button("settingsSaveButton");
             const bool isReady = waitUntil([&] { return save->isEnabled(); });
             fims->setValue(fims->value() % 90 + 1);
             child<QSpinBox>("settingsOpenDetectionDelaySpinBox")->setValue(10 + below(90));
@@ -224,8 +209,7 @@ private:
         case Work::Import:
             return beginImport();
         case Work::Run:
-            return waitUntil(
-                       [&] { return child<QPushButton>("fimTrackingButton")->isEnabled(); }) &&
+            return waitUntil([&] { return button("fimTrackingButton")->isEnabled(); }) &&
                    beginRun();
         }
         return false;
@@ -253,37 +237,6 @@ private:
         return true;
     }
 
-    bool beginRun()
-    {
-        click("fimTrackingButton");
-        return answer("startConfirmationBox", "Yes") && answer("trackingModeBox", "Commissioning");
-    }
-
-    QDialog* dialog(const QString& name) const
-    {
-        const auto dialogs = m_window->findChildren<QDialog*>(name);
-        for (QDialog* open : dialogs) {
-            if (open->isVisible()) {
-                return open;
-            }
-        }
-        return nullptr;
-    }
-
-    bool answer(const QString& name, const QString& text) const
-    {
-        if (!waitUntil([&] { return dialog(name) != nullptr; })) {
-            return false;
-        }
-        for (auto* button : dialog(name)->findChildren<QPushButton*>()) {
-            if (button->text().remove(QLatin1Char('&')) == text) {
-                button->click();
-                return true;
-            }
-        }
-        return false;
-    }
-
     /// What went wrong; empty if nothing did.
     QString cutAndRestore(bool isRenamed, Work work)
     {
@@ -294,7 +247,7 @@ private:
         }
         m_bus->cut();
         VirtualTime::current()->advance(below(12000) + 1);
-        if (child<QPushButton>("startButton")->isChecked()) {
+        if (button("startButton")->isChecked()) {
             return "the run goes on without a port";
         }
         const bool wasMuted = isAnyMuted();
@@ -310,11 +263,11 @@ private:
             return "it does not come back: " + strip();
         }
         VirtualTime::current()->advance(4 * kSecond);
-        if (auto* tracking = m_window->findChild<FimTracking*>()) {
-            if (tracking->run().phase() == TrackingRun::Phase::Counting) {
+        if (FimTracking* window = tracking()) {
+            if (window->run().phase() == TrackingRun::Phase::Counting) {
                 return "the run is resumed";
             }
-            tracking->close();
+            window->close();
         }
         // A factory reset that was sent takes its time, and nobody is asked before its end.
         for (int second = 0; second < 200 && (isAnyMuted() || !disabled().isEmpty()); ++second) {
@@ -352,15 +305,14 @@ private:
 
     bool isAnyMuted() const
     {
-        return std::any_of(kSite.begin(), kSite.end(), [this](const QString& hexId) {
-            return decodeLdbSettings(m_bus->settingsOf(hexId))->audioMute;
-        });
+        return std::any_of(kSite.begin(), kSite.end(),
+                           [this](const QString& hexId) { return inLdb(hexId).audioMute; });
     }
 
     bool isBusy() const
     {
-        return child<QPushButton>("stopTransferButton")->isVisible() ||
-               !child<QPushButton>("importDeviceSettingsButton")->isEnabled();
+        return button("stopTransferButton")->isVisible() ||
+               !button("importDeviceSettingsButton")->isEnabled();
     }
 
     /// What cannot be used, though it could on a bus at rest; empty for nothing.
@@ -370,7 +322,7 @@ private:
              {"startButton", "reloadDevicesButton", "importDeviceSettingsButton",
               "exportDeviceSettingsButton", "ldbResetButton", "fimTrackingButton",
               "settingsSaveButton", "allServiceModeButton"}) {
-            if (!child<QPushButton>(name)->isEnabled()) {
+            if (!button(name)->isEnabled()) {
                 return name;
             }
         }

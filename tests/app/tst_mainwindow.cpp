@@ -1,49 +1,29 @@
-#include "app/notices/messagebox.h"
 #include "app/preferences/settingsmenu.h"
 #include "app/settingstable/settingstablewindow.h"
 #include "app/settingstable/writepreview.h"
-#include "app/shared/usersettings.h"
 #include "app/transfer/settingstransfer.h"
-#include "app/window/mainwindow.h"
 #include "app/window/windowlook.h"
+#include "tests/app/livewindow.h"
 #include "tests/support/bracketingtranslator.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testbus.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
-#include "tracking/faultfinding/fimtracking.h"
-
-#include <QtWidgets>
-
-#include <memory>
 
 namespace {
 
-const QStringList kLdbs{"03", "0A", "FD"};
 constexpr int kIdColumn = 1;
 const QString kAllAnswer = "Monitored: 3 LDBs answer.";
 const QString kFailed = "Serial communication failed.";
 
 } // namespace
 
-class TestMainWindow : public TestCase
+class TestMainWindow : public LiveWindow
 {
     Q_OBJECT
 private slots:
     void init() override
     {
-        TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
-        m_bus = std::make_unique<TestBus>(kLdbs);
-        userSettings().setValue(constants::kComPortKey, m_bus->portName());
-    }
-
-    void cleanup() override
-    {
-        m_window.reset();
-        m_bus.reset();
-        m_sandbox.reset();
-        TestCase::cleanup();
+        LiveWindow::init();
+        makeBus(kLdbs);
     }
 
     void startsAndStops()
@@ -58,8 +38,7 @@ private slots:
         QCOMPARE(button("startButton")->text(), "Stop");
         QVERIFY(!button("reloadDevicesButton")->isEnabled());
         WAIT_VERIFY(child<QProgressBar>("progressBar")->isVisible());
-        QVERIFY(m_window->statusBar()->currentMessage().startsWith(
-            "Scanning for connected LDB's...  LDB's Checked "));
+        QVERIFY(message().startsWith("Scanning for connected LDB's...  LDB's Checked "));
 
         WAIT_COMPARE(rows(), 3);
         QCOMPARE(label("countLabel"), "Available LDB's: 3.");
@@ -118,7 +97,7 @@ private slots:
         // All behind the box can be used.
         QCOMPARE(boxes().constFirst()->windowModality(), Qt::NonModal);
         QVERIFY(button("endWaitingButton")->isVisible());
-        QCOMPARE(m_window->statusBar()->currentMessage(), "LDB 03 did not answer: LDB reset.");
+        QCOMPARE(message(), "LDB 03 did not answer: LDB reset.");
         QVERIFY(!button("startButton")->isChecked());
         QCOMPARE(label("countLabel"), kFailed);
         QVERIFY(!button("ldbResetButton")->isEnabled());
@@ -147,7 +126,7 @@ private slots:
         button("startButton")->click();
         QTRY_COMPARE(boxes().size(), 1);
         QVERIFY(boxes().constFirst()->informativeText().startsWith("No serial port is chosen."));
-        QCOMPARE(label("monitoringLabel"), "Not monitored: no serial port is chosen");
+        QCOMPARE(strip(), "Not monitored: no serial port is chosen");
     }
 
     void otherPort()
@@ -295,7 +274,7 @@ private slots:
         if (choice.isEmpty()) {
             QTest::keyClick(box, Qt::Key_Escape);
         } else {
-            answer(box, choice);
+            press(box, choice);
         }
 
         const auto hasGoneOn = [this, &leave] {
@@ -339,7 +318,7 @@ private slots:
             QCOMPARE(box->informativeText(),
                      "They cannot be saved now. The selected LDB is not connected.");
             QCOMPARE(box->buttons().size(), 2);
-            answer(box, choice);
+            press(box, choice);
             QCOMPARE(name->text(), choice == "Stay" ? "Roof" : "");
             delete box;
         }
@@ -401,7 +380,7 @@ private slots:
         box->click();
         m_bus->clearRequests();
         button("settingsSaveButton")->click();
-        WAIT_COMPARE(m_window->statusBar()->currentMessage(), "The settings of LDB 03 are saved.");
+        WAIT_COMPARE(message(), "The settings of LDB 03 are saved.");
         QCOMPARE(m_bus->writes(), (QList<QByteArray>{"FE0373631403", "FE03737806"}));
     }
 
@@ -450,7 +429,7 @@ private slots:
             return request == body ? std::make_optional(answer) : std::nullopt;
         });
         button(buttonName.constData())->click();
-        WAIT_COMPARE(m_window->statusBar()->currentMessage(), QTest::currentDataTag());
+        WAIT_COMPARE(message(), QTest::currentDataTag());
         QVERIFY(m_bus->requests().contains(body));
 
         // What was in vain stays in sight until the next action.
@@ -461,7 +440,7 @@ private slots:
         QCOMPARE(child<QLabel>("actionFailureLabel")->isVisible(), isInVain);
         m_bus->setScript(nullptr);
         button("fimResetButton")->click();
-        WAIT_COMPARE(m_window->statusBar()->currentMessage(), "LDB 03 accepted: FIM reset.");
+        WAIT_COMPARE(message(), "LDB 03 accepted: FIM reset.");
         QCOMPARE(label("actionFailureLabel"), QString());
     }
 
@@ -506,7 +485,7 @@ private slots:
         }
         button(buttonName.constData())->click();
         boxes().constFirst()->buttons().constFirst()->click();
-        WAIT_COMPARE(m_window->statusBar()->currentMessage(), sent);
+        WAIT_COMPARE(message(), sent);
         QVERIFY(m_bus->requests().contains(body));
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), seen);
@@ -609,7 +588,7 @@ private slots:
         QVERIFY(table()->underWay() != nullptr);
         const auto* bar = table()->findChild<QFrame*>("importBar");
         bar->findChild<QPushButton*>("barCloseButton")->click();
-        QCOMPARE(m_window->statusBar()->currentMessage(), "Nothing was imported.");
+        QCOMPARE(message(), "Nothing was imported.");
         QVERIFY(table()->underWay() == nullptr);
         QVERIFY(boxes().isEmpty());
     }
@@ -640,8 +619,7 @@ private slots:
         table()->findChild<QPushButton*>("putBackFormerButton")->click();
         WAIT_VERIFY(preview() != nullptr);
         writeButton()->click();
-        WAIT_COMPARE(m_window->statusBar()->currentMessage(),
-                     "The settings of 3 LDB(s) are written.");
+        WAIT_COMPARE(message(), "The settings of 3 LDB(s) are written.");
         for (const QString& hexId : kLdbs) {
             QCOMPARE(m_bus->settingsOf(hexId), former[hexId]);
         }
@@ -703,9 +681,7 @@ private slots:
         m_bus->restore();
         button("startButton")->click();
         WAIT_VERIFY(write->isEnabled());
-        for (MessageBox* box : boxes()) {
-            box->close();
-        }
+        closeBoxes();
         openPreview();
         writeButton()->click();
         WAIT_COMPARE(m_bus->settingsOf("03"), TestBus::record("03"));
@@ -730,14 +706,8 @@ private slots:
         WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
         WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
         if (work == "run") {
-            button("fimTrackingButton")->click();
-            auto* tracking = m_window->findChild<FimTracking*>();
-            for (int question = 0; question < 2; ++question) {
-                WAIT_VERIFY(!tracking->findChildren<QMessageBox*>().isEmpty());
-                tracking->findChildren<QMessageBox*>().constLast()->buttons().constFirst()->click();
-                QCoreApplication::processEvents();
-            }
-            WAIT_VERIFY(tracking->run().phase() == TrackingRun::Phase::FactoryReset);
+            QVERIFY(beginRun());
+            WAIT_VERIFY(tracking()->run().phase() == TrackingRun::Phase::FactoryReset);
         } else if (work == "save") {
             button("settingsSaveButton")->click();
         } else {
@@ -795,13 +765,10 @@ private slots:
         clickRow("0A");
         WAIT_COMPARE(detail(0), "0A");
         button("fimTrackingButton")->click();
-        WAIT_COMPARE(label("monitoringLabel"), "Only LDB 0A is polled.");
-        auto* tracking = m_window->findChild<FimTracking*>();
-        QVERIFY(tracking != nullptr);
-        QVERIFY(tracking->isVisible());
-
-        tracking->close();
-        WAIT_COMPARE(label("monitoringLabel"), kAllAnswer);
+        WAIT_COMPARE(strip(), "Only LDB 0A is polled.");
+        QVERIFY(tracking() != nullptr && tracking()->isVisible());
+        tracking()->close();
+        WAIT_COMPARE(strip(), kAllAnswer);
         m_bus->clearRequests();
         WAIT_VERIFY(m_bus->requests().contains("FEFD737803"));
     }
@@ -816,13 +783,7 @@ private slots:
                    name.data(Qt::ToolTipRole).toString().contains("muted");
         };
         const auto nameOf = [&](const QString& hexId) {
-            const QAbstractItemModel* model = overview()->model();
-            for (int row = 0; row < model->rowCount(); ++row) {
-                if (model->index(row, 1).data().toString() == hexId) {
-                    return model->index(row, 2);
-                }
-            }
-            return QModelIndex();
+            return cell(hexId, overview::NameColumn);
         };
         WAIT_VERIFY(nameOf("0A").isValid());
         clickRow("0A");
@@ -990,11 +951,6 @@ private slots:
     }
 
 private:
-    void makeWindow()
-    {
-        m_window = std::make_unique<MainWindow>(m_bus->ports());
-        m_window->show();
-    }
     void start()
     {
         makeWindow();
@@ -1038,16 +994,6 @@ private:
         }
         return texts;
     }
-    template <typename T>
-    T* child(const char* name) const
-    {
-        T* found = m_window->findChild<T*>(QLatin1String(name));
-        Q_ASSERT(found != nullptr);
-        return found;
-    }
-    QPushButton* button(const char* name) const { return child<QPushButton>(name); }
-    QString label(const char* name) const { return child<QLabel>(name)->text(); }
-    QTableView* overview() const { return child<QTableView>("deviceOverviewTableView"); }
     int rows() const { return overview()->model()->rowCount(); }
     /// Of the LDBs that have a row, in the order of their addresses.
     QStringList ids() const
@@ -1056,31 +1002,11 @@ private:
         found.sort();
         return found;
     }
-    QList<MessageBox*> boxes() const { return m_window->findChildren<MessageBox*>(); }
     QString settingsState() const { return label("settingsStateLabel"); }
-    static void answer(const MessageBox* box, const QString& choice)
-    {
-        for (QAbstractButton* button : box->buttons()) {
-            if (button->text() == choice) {
-                button->click();
-                return;
-            }
-        }
-        QFAIL(qPrintable("There is no answer " + choice));
-    }
     QString detail(int row) const
     {
         return child<QTableView>("deviceDetailTableView")->model()->index(row, 1).data().toString();
     }
-    void clickRow(const QString& hexId)
-    {
-        const QStringList shown = columnTexts(*overview()->model(), kIdColumn);
-        clickCell(*overview(), shown.indexOf(hexId), kIdColumn);
-    }
-
-    std::unique_ptr<Sandbox> m_sandbox;
-    std::unique_ptr<TestBus> m_bus;
-    std::unique_ptr<MainWindow> m_window;
 };
 
 REGISTER_TEST(TestMainWindow, InVirtualTime<QApplication>)

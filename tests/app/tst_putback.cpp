@@ -1,18 +1,9 @@
-#include "app/notices/messagebox.h"
-#include "app/shared/usersettings.h"
-#include "app/window/mainwindow.h"
 #include "history/installation.h"
 #include "importexport/ldbfields.h"
-#include "serial/ldb/ldbsettings.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testbus.h"
+#include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
-#include "tracking/faultfinding/fimtracking.h"
 
-#include <QtWidgets>
-
-#include <memory>
 #include <random>
 
 using Phase = TrackingRun::Phase;
@@ -21,7 +12,6 @@ Q_DECLARE_METATYPE(Phase)
 
 namespace {
 
-const QStringList kLdbs{"03", "0A"};
 const QString kLdb = "03"; // the one that is ticked at first
 constexpr qint64 kSecond = 1000;
 constexpr int kWholeRun = 1500000; // ms
@@ -36,27 +26,17 @@ const QString kRestore = "Restore the former settings";
 } // namespace
 
 /// What fault finding leaves in an LDB: nothing, whatever ends the run, the window or the program.
-class TestPutBack : public TestCase
+class TestPutBack : public LiveWindow
 {
     Q_OBJECT
 private slots:
     void init() override
     {
-        TestCase::init();
-        m_sandbox = std::make_unique<Sandbox>();
-        m_bus = std::make_unique<TestBus>(kLdbs);
-        userSettings().setValue(constants::kComPortKey, m_bus->portName());
+        LiveWindow::init();
+        makeBus({kLdb, "0A"});
         m_bus->change(kLdb, kDelay, "1900");
         m_bus->change(kLdb, kFlags, "06");
         m_before = inLdb();
-    }
-
-    void cleanup() override
-    {
-        m_window.reset();
-        m_bus.reset();
-        m_sandbox.reset();
-        TestCase::cleanup();
     }
 
     void runLeavesTheLdbAsItWas_data()
@@ -85,7 +65,7 @@ private slots:
         m_bus->change(kLdb, kMute, wasMuted ? "01" : "00");
         m_before = inLdb();
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(phase));
         WAIT_VERIFY(m_bus->requests().contains("FE0373780002"));
         if (phase == Phase::Counting) {
@@ -121,7 +101,7 @@ private slots:
             return isLate ? std::make_optional(TestBus::framed(TestBus::status())) : std::nullopt;
         });
         start();
-        openRun();
+        QVERIFY(beginRun());
         WAIT_VERIFY(left > 0);
         tracking()->close();
         QVERIFY(answer("formerSettingsBox", kRestore));
@@ -132,7 +112,7 @@ private slots:
     void leavingForgets()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
@@ -149,7 +129,7 @@ private slots:
     void laterIsAskedAtTheNextStart()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
@@ -187,7 +167,7 @@ private slots:
         m_bus->change(kLdb, kMute, wasMuted ? "01" : "00");
         m_before = inLdb();
         start();
-        openRun();
+        QVERIFY(beginRun());
         VirtualTime::current()->advance(afterMs);
         m_window.reset();
 
@@ -210,7 +190,7 @@ private slots:
     void lineIsCut()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Counting));
         WAIT_VERIFY(inLdb().audioMute);
         {
@@ -222,10 +202,7 @@ private slots:
         auto* startRun = tracking()->findChild<QPushButton*>("startButton");
         QVERIFY(!startRun->isEnabled());
         QVERIFY(!shownTip(startRun).isEmpty());
-        QVERIFY(!m_window->findChild<QWidget*>("monitoringStrip")
-                     ->findChild<QLabel*>()
-                     ->text()
-                     .contains("Only"));
+        QVERIFY(!strip().contains("Only"));
         WAIT_VERIFY(dialog("stillMutedBox") != nullptr);
         QVERIFY(inLdb().audioMute);
         tracking()->close();
@@ -242,7 +219,7 @@ private slots:
     void muteThatIsRefused()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Counting));
         WAIT_VERIFY(inLdb().audioMute);
         m_bus->answerTo(kLdb, "73631600", "\x15");
@@ -267,7 +244,7 @@ private slots:
         // In the way of the file.
         const QString folder = Installations().folderOf("installation-1");
         QVERIFY(QDir().mkpath(folder + "/kept-ldbs.json"));
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(answer("noWayBackBox", "Start all the same"));
         QVERIFY(reach(Phase::Counting));
         WAIT_VERIFY(inLdb().audioMute);
@@ -283,7 +260,7 @@ private slots:
     void programDiesBeforeTheStoring()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
@@ -307,7 +284,7 @@ private slots:
     void anotherLdbWhileAsked()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
@@ -322,7 +299,7 @@ private slots:
     void changedWhileAsked()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Rebooting));
         tracking()->close();
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
@@ -354,7 +331,7 @@ private slots:
     void closingBeforeTheMuteHasEnded()
     {
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Counting));
         WAIT_VERIFY(inLdb().audioMute);
         tracking()->close();
@@ -414,7 +391,7 @@ private slots:
     {
         start();
         WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Counting));
         WAIT_VERIFY(inLdb().audioMute);
         VirtualTime::current()->advance(20 * kSecond); // the editor would have read it by now
@@ -445,7 +422,7 @@ private slots:
     {
         m_bus->change(kLdb, "03", "0900"); // 9 of the 20 that are there
         start();
-        openRun();
+        QVERIFY(beginRun());
         QVERIFY(reach(Phase::Finished));
         WAIT_VERIFY(dialog("formerSettingsBox") != nullptr);
         closeAlarms();
@@ -464,25 +441,11 @@ private slots:
     }
 
 private:
-    void makeWindow()
-    {
-        m_window = std::make_unique<MainWindow>(m_bus->ports());
-        m_window->show();
-    }
-
     void start()
     {
         makeWindow();
         button("startButton")->click();
         WAIT_VERIFY(button("fimTrackingButton")->isEnabled());
-    }
-
-    /// Opens the window for the ticked LDB, and has a run begun.
-    void openRun()
-    {
-        button("fimTrackingButton")->click();
-        QVERIFY(answer("startConfirmationBox", "Yes"));
-        QVERIFY(answer("trackingModeBox", "Commissioning"));
     }
 
     bool reach(Phase phase)
@@ -491,45 +454,13 @@ private:
                          kWholeRun);
     }
 
-    /// The dialog of that name that is open, over whichever window.
-    QDialog* dialog(const QString& name) const
-    {
-        const auto dialogs = m_window->findChildren<QDialog*>(name);
-        for (QDialog* open : dialogs) {
-            if (open->isVisible()) {
-                return open;
-            }
-        }
-        return nullptr;
-    }
-
-    static void press(const QDialog* dialog, const QString& text)
-    {
-        for (auto* candidate : dialog->findChildren<QPushButton*>()) {
-            if (candidate->text().remove(QLatin1Char('&')) == text) {
-                candidate->click();
-                return;
-            }
-        }
-        QFAIL(qPrintable("no button " + text));
-    }
-
     /// Whether a box that is open says so.
     bool boxText(const QString& part) const
     {
-        const auto boxes = m_window->findChildren<MessageBox*>();
-        return std::any_of(boxes.begin(), boxes.end(), [&](const MessageBox* box) {
+        const auto open = boxes();
+        return std::any_of(open.begin(), open.end(), [&](const MessageBox* box) {
             return box->isVisible() && (box->text() + box->informativeText()).contains(part);
         });
-    }
-
-    bool answer(const QString& name, const QString& text)
-    {
-        if (!waitUntil([&] { return dialog(name) != nullptr; }, kWholeRun)) {
-            return false;
-        }
-        press(dialog(name), text);
-        return true;
     }
 
     /// Those of the sides and of leakages.
@@ -543,7 +474,7 @@ private:
         }
     }
 
-    LdbSettings inLdb() const { return *decodeLdbSettings(m_bus->settingsOf(kLdb)); }
+    LdbSettings inLdb() const { return LiveWindow::inLdb(kLdb); }
     bool isAsBefore() const { return differingFields(m_before, inLdb()).empty(); }
     /// Reads the file once a quarter of a second only.
     static bool waitUntilForgotten()
@@ -555,16 +486,6 @@ private:
     }
 
     static bool isForgotten() { return Installations().keptLdbsOf("installation-1").all().empty(); }
-    FimTracking* tracking() const { return m_window->findChild<FimTracking*>(); }
-    QPushButton* button(const char* name) const
-    {
-        return m_window->findChild<QPushButton*>(QLatin1String(name));
-    }
-    QString message() const { return m_window->statusBar()->currentMessage(); }
-
-    std::unique_ptr<Sandbox> m_sandbox;
-    std::unique_ptr<TestBus> m_bus;
-    std::unique_ptr<MainWindow> m_window;
     LdbSettings m_before;
 };
 

@@ -1,6 +1,5 @@
 #include "app/preferences/settingsmenu.h"
 #include "history/installation.h"
-#include "serial/ldb/ldbsettings.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
 
@@ -82,13 +81,13 @@ private slots:
             QVERIFY2(m_bus->writes().isEmpty(), "something is written");
         }
         QVERIFY(isNoticed && question());
-        QVERIFY(!child<QPushButton>("ldbResetButton")->isEnabled());
-        QVERIFY(!child<QPushButton>("settingsSaveButton")->isEnabled());
+        QVERIFY(!button("ldbResetButton")->isEnabled());
+        QVERIFY(!button("settingsSaveButton")->isEnabled());
         QCOMPARE(ldbsIn(stored()), ldbsIn(remembered));
 
         question()->findChild<QPushButton*>("newInstallationButton")->click();
         VirtualTime::current()->advance(20 * kSecond);
-        QVERIFY(child<QPushButton>("allLdbResetButton")->isEnabled());
+        QVERIFY(button("allLdbResetButton")->isEnabled());
         QVERIFY(m_bus->writes().isEmpty());
         const auto all = Installations().read().installations;
         QCOMPARE(all.size(), std::size_t(2));
@@ -118,7 +117,7 @@ private slots:
         WAIT_VERIFY(text("1F", overview::ModeColumn) == "Quiescent");
         QVERIFY2(VirtualTime::current()->now() - begun <= 4 * kSecond,
                  qPrintable(QString::number(VirtualTime::current()->now() - begun)));
-        WAIT_VERIFY(!decodeLdbSettings(m_bus->settingsOf("05"))->audioMute);
+        WAIT_VERIFY(!inLdb("05").audioMute);
         VirtualTime::current()->advance(kMinute);
         QVERIFY(question() == nullptr && dialog("lossBox") == nullptr);
         QCOMPARE(text("07", overview::NameColumn), "Renamed");
@@ -151,7 +150,7 @@ private slots:
         QVERIFY(strip().endsWith("the bus is being scanned"));
         WAIT_VERIFY(strip().startsWith("Monitored: 3 LDBs"));
         QVERIFY(m_bus->requests().contains("FE5070"));
-        WAIT_VERIFY(child<QPushButton>("ldbResetButton")->isEnabled());
+        WAIT_VERIFY(button("ldbResetButton")->isEnabled());
         QVERIFY(question() == nullptr);
     }
 
@@ -251,11 +250,10 @@ private slots:
 private:
     void openSite(const QStringList& ldbs)
     {
-        m_bus = std::make_unique<TestBus>(ldbs);
+        makeBus(ldbs);
         m_bus->setPort(kAdapter);
-        userSettings().setValue(constants::kComPortKey, m_bus->portName());
-        m_window = std::make_unique<MainWindow>(m_bus->ports());
-        m_window->show();
+        userSettings().setValue(constants::kComPortKey, kAdapter.name);
+        makeWindow();
         click("startButton");
         WAIT_VERIFY(strip().startsWith("Monitored: "));
         VirtualTime::current()->advance(20 * kSecond);
@@ -299,16 +297,6 @@ private:
         return file.mid(begin, file.indexOf(']', begin) - begin);
     }
 
-    QDialog* dialog(const QString& name) const
-    {
-        const auto dialogs = m_window->findChildren<QDialog*>(name);
-        for (QDialog* open : dialogs) {
-            if (open->isVisible()) {
-                return open;
-            }
-        }
-        return nullptr;
-    }
     QDialog* question() const { return dialog("installationQuestion"); }
 };
 

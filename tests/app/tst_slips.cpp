@@ -1,25 +1,17 @@
-#include "app/notices/messagebox.h"
 #include "app/settingstable/settingstablewindow.h"
-#include "app/shared/usersettings.h"
 #include "app/transfer/settingstransfer.h"
-#include "app/window/mainwindow.h"
 #include "history/installation.h"
 #include "importexport/ldbfields.h"
 #include "importexport/settingscsv.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testbus.h"
+#include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
-#include "tracking/faultfinding/fimtracking.h"
-
-#include <QtWidgets>
 
 #include <map>
-#include <memory>
 #include <random>
 
 namespace {
 
-const QStringList kLdbs{QStringLiteral("03"), QStringLiteral("04"), QStringLiteral("09")};
+const QStringList kSite{QStringLiteral("03"), QStringLiteral("04"), QStringLiteral("09")};
 constexpr int kSeeds = 200;
 constexpr qint64 kStep = 50; // ms between two looks of the user
 constexpr qint64 kSecond = 1000;
@@ -59,13 +51,12 @@ QByteArray digits(int value, int count = 2)
 /// A hand slips in the middle of a save, an import, an export or a fault finding: afterwards each
 /// LDB has what it had before or what was asked for, or the program has said that it has not.
 /// SNIFFER_SLIPS gives another number of seeds, or "first-last".
-class TestSlips : public TestCase
+class TestSlips : public LiveWindow
 {
     Q_OBJECT
 private slots:
     void nothingIsSilent_data();
     void nothingIsSilent();
-    void cleanup() override;
 
 private:
     void prepareBoards();
@@ -91,16 +82,6 @@ private:
     bool isSaid(const QString& hexId) const;
     bool isSaidOfAll() const;
     bool isStored(const QString& hexId) const;
-    LdbSettings inLdb(const QString& hexId) const
-    {
-        return *decodeLdbSettings(m_bus->settingsOf(hexId));
-    }
-    template <typename T>
-    T* child(const char* name) const
-    {
-        return m_window->findChild<T*>(QLatin1String(name));
-    }
-    FimTracking* tracking() const { return m_window->findChild<FimTracking*>(); }
     int below(int end) { return static_cast<int>(m_chance() % static_cast<unsigned>(end)); }
 
     std::mt19937 m_chance;
@@ -113,18 +94,7 @@ private:
     std::map<QString, LdbSettings> m_before;
     std::map<QString, LdbSettings> m_asked; ///< those that were asked to change
     QStringList m_said;
-    std::unique_ptr<Sandbox> m_sandbox;
-    std::unique_ptr<TestBus> m_bus;
-    std::unique_ptr<MainWindow> m_window;
 };
-
-void TestSlips::cleanup()
-{
-    m_window.reset();
-    m_bus.reset();
-    m_sandbox.reset();
-    TestCase::cleanup();
-}
 
 void TestSlips::nothingIsSilent_data()
 {
@@ -141,7 +111,7 @@ void TestSlips::nothingIsSilent_data()
 void TestSlips::prepareBoards()
 {
     const bool hasTwins = below(5) == 0;
-    for (const QString& hexId : kLdbs) {
+    for (const QString& hexId : kSite) {
         m_bus->change(hexId, "17", digits(below(40)) + "00");
         m_bus->change(hexId, "14", digits(below(kFlagValues)));
         m_bus->change(hexId, "16", digits(below(4) == 0 ? 1 : 0));
@@ -158,12 +128,12 @@ void TestSlips::openWindow()
     m_window = std::make_unique<MainWindow>(m_bus->ports());
     m_window->setUpdatesEnabled(false); // nobody looks at its pixels
     m_window->show();
-    child<QPushButton>("startButton")->click();
+    button("startButton")->click();
 }
 
 void TestSlips::askToSave()
 {
-    const QString& hexId = kLdbs.first(); // the one that is ticked at first
+    const QString& hexId = kSite.first(); // the one that is ticked at first
     LdbSettings& asked = m_asked[hexId] = m_before[hexId];
     asked.numberOfFims = static_cast<quint16>(1 + below(200));
     child<QSpinBox>("settingsNumberOfFimsSpinBox")->setValue(asked.numberOfFims);
@@ -180,13 +150,13 @@ void TestSlips::askToSave()
         asked.name = QStringLiteral("Kitchen");
         child<QLineEdit>("settingsNameLineEdit")->setText(asked.name);
     }
-    child<QPushButton>("settingsSaveButton")->click();
+    button("settingsSaveButton")->click();
 }
 
 QString TestSlips::settingsFile()
 {
     QString text = settingscsv::fileHead();
-    for (const QString& hexId : kLdbs) {
+    for (const QString& hexId : kSite) {
         LdbSettings& asked = m_asked[hexId] = m_before[hexId];
         asked.name = QStringLiteral("Room ") + hexId;
         asked.numberOfFims = static_cast<quint16>(1 + below(200));
@@ -212,7 +182,7 @@ void TestSlips::begin()
         transfer->exportTo(m_sandbox->path("out.csv"));
         break;
     case Work::FaultFinding:
-        child<QPushButton>("fimTrackingButton")->click();
+        button("fimTrackingButton")->click();
         break;
     }
 }
@@ -349,10 +319,10 @@ void TestSlips::makeContact()
     if (isWindowGone()) {
         m_window.reset();
         openWindow();
-    } else if (!child<QPushButton>("startButton")->isChecked()) {
-        child<QPushButton>("startButton")->click();
+    } else if (!button("startButton")->isChecked()) {
+        button("startButton")->click();
     }
-    waitUntil([this] { return child<QPushButton>("reloadDevicesButton")->isEnabled(); });
+    waitUntil([this] { return button("reloadDevicesButton")->isEnabled(); });
 }
 
 /// All that was begun comes to its end, then the program meets the LDBs anew.
@@ -375,16 +345,15 @@ void TestSlips::settle()
         for (int looks = 0; looks < 40; ++looks) {
             step(false);
         }
-        if (child<QPushButton>("startButton")->isChecked()) {
-            child<QPushButton>("startButton")->click();
+        if (button("startButton")->isChecked()) {
+            button("startButton")->click();
         }
     }
     makeContact();
     qint64 quiet = 0;
     for (qint64 gone = 0; gone < kDust && quiet < kContact; gone += kStep) {
         step(false);
-        const bool isQuiet = dialogs().isEmpty() &&
-                             child<QPushButton>("reloadDevicesButton")->isEnabled() &&
+        const bool isQuiet = dialogs().isEmpty() && button("reloadDevicesButton")->isEnabled() &&
                              (gone % kSecond != 0 || isNothingKept());
         quiet = isQuiet ? quiet + kStep : 0;
     }
@@ -401,8 +370,7 @@ bool TestSlips::isNothingKept()
 
 void TestSlips::listen()
 {
-    QStringList texts{m_window->statusBar()->currentMessage(),
-                      child<QLabel>("settingsStateLabel")->text()};
+    QStringList texts{message(), child<QLabel>("settingsStateLabel")->text()};
     if (const Text edits = m_window->findChild<SettingsTableWindow*>()->underWay()) {
         texts.append(edits()); // the table shows them
     }
@@ -454,7 +422,7 @@ QStringList TestSlips::silentFaults()
     QStringList silent;
     const bool isSaidToBeDone = m_said.contains("The settings of LDB 03 are saved.") ||
                                 m_said.contains("Importing LDB settings finished!\n");
-    for (const QString& hexId : kLdbs) {
+    for (const QString& hexId : kSite) {
         const LdbSettings& before = m_before[hexId];
         const LdbSettings now = inLdb(hexId);
         const auto asked = m_asked.find(hexId);
@@ -492,15 +460,14 @@ void TestSlips::nothingIsSilent()
     m_isPreviewDue = true;
     m_asked.clear();
     m_said.clear();
-    m_sandbox = std::make_unique<Sandbox>();
     LdbTiming timing = TestBus::usualTiming();
     timing.factoryReset = kFactoryReset;
     timing.factoryResetOutcome = kFactoryResetOutcome;
-    m_bus = std::make_unique<TestBus>(kLdbs, LineOptions(), nullptr, timing);
+    m_bus = std::make_unique<TestBus>(kSite, LineOptions(), nullptr, timing);
     userSettings().setValue(constants::kComPortKey, m_bus->portName());
     prepareBoards();
     openWindow();
-    WAIT_VERIFY(child<QPushButton>("settingsSaveButton")->isEnabled());
+    WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
 
     constexpr int kLongest[] = {2500, 6000, 2500, 5000};
     constexpr int kMuted =

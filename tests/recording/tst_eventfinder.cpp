@@ -103,6 +103,7 @@ private slots:
     void whatIsUnknownEndsNothing()
     {
         EventFinder finder;
+        finder.heard(0, "0A", quiescent());
         finder.heard(1 * kSecond, "0A", withLoop(1));
         finder.takeEvents();
         finder.lost(2 * kSecond, "0A");
@@ -111,8 +112,51 @@ private slots:
         const auto events = finder.takeEvents();
         QCOMPARE(summary(events), QString("5@2 6@62"));
         QCOMPARE(events[1].since, 2 * kSecond);
-        finder.heard(63 * kSecond, "0A", quiescent());
+        // A code without a meaning.
+        LdbStatus unknown = quiescent();
+        unknown.loopNibbles = 0x40;
+        finder.heard(63 * kSecond, "0A", unknown);
+        QVERIFY(finder.takeEvents().empty());
+        finder.heard(64 * kSecond, "0A", quiescent());
         QCOMPARE(finder.takeEvents().at(0).since, 1 * kSecond);
+    }
+
+    /// Nobody listened: it cannot be said when it came or went.
+    void saysWhatCameAboutUnheard_data()
+    {
+        addColumns<int, int, int, QString>("before", "after", "absence", "description");
+        QTest::newRow("came") << 0 << 1 << 0 << "Loop open, there already";
+        QTest::newRow("went") << 1 << 0 << 0 << "Loop open gone after 1 h 0 min at most";
+        QTest::newRow("came in a loss") << 0 << 1 << 1 << "Loop open, there already";
+        QTest::newRow("went in a loss") << 1 << 0 << 1 << "Loop open gone after 1 h 0 min at most";
+        QTest::newRow("came unheard, went heard") << -1 << 1 << 0 << "Loop open, there already";
+    }
+
+    void saysWhatCameAboutUnheard()
+    {
+        QFETCH(int, before);
+        QFETCH(int, after);
+        QFETCH(int, absence);
+        constexpr qint64 kHour = 3600 * kSecond;
+        EventFinder finder;
+        finder.runBegun();
+        if (before >= 0) {
+            finder.heard(1, "2B", quiescent());
+            finder.heard(kSecond, "2B", withLoop(quint8(before)));
+            finder.takeEvents();
+        }
+        if (absence == 0) {
+            finder = EventFinder::fromJson(finder.toJson());
+            finder.runBegun();
+        } else {
+            finder.lost(2 * kSecond, "2B");
+        }
+        finder.heard(kHour + kSecond, "2B", withLoop(quint8(after)));
+        QTEST(finder.takeEvents().back().description(), "description");
+        finder.heard(kHour + 61 * kSecond, "2B", withLoop(quint8(1 - after)));
+        // How long it was there is told only when it was heard coming.
+        QCOMPARE(finder.takeEvents().back().description(),
+                 QString(after == 1 ? "Loop open gone" : "Loop open"));
     }
 
     void tellsModesAndScansThatDiffer()
@@ -141,19 +185,107 @@ private slots:
             finder.heard(i * 10 * kSecond, "0A", withLoop(1));
             finder.heard((i * 10 + 5) * kSecond, "0A", quiescent());
         }
-        QCOMPARE(summary(finder.takeEvents()), QString("0@10 1@15 0@20 1@25 0@30 1@35"));
+        // The last one told by itself says that it is there: it comes and goes from then on.
+        QCOMPARE(summary(finder.takeEvents()), QString("0@10 1@15 0@20 1@25 0@30 1@35 0@40"));
         finder.passed((205 + 59) * kSecond);
         QVERIFY(finder.takeEvents().empty());
         finder.passed((205 + 60) * kSecond);
         const auto folded = finder.takeEvents();
         QCOMPARE(summary(folded), QString("3@205"));
-        QCOMPARE(folded[0].count, 17);
+        QCOMPARE(folded[0].count, 16);
         QCOMPARE(folded[0].since, 40 * kSecond);
         QVERIFY(!folded[0].isStill);
-        QCOMPARE(folded[0].description(), QString("Loop open: 17 times in 2 min 45 s, gone now"));
+        QCOMPARE(folded[0].description(), QString("Loop open: 16 times in 2 min 45 s, gone now"));
         // From here on it is a fault like any other.
         finder.heard(400 * kSecond, "0A", withLoop(1));
         QCOMPARE(summary(finder.takeEvents()), QString("0@400"));
+    }
+
+    /// However it ends, the list ends with what is so.
+    void saysHowFlappingEnds_data()
+    {
+        addColumns<int, QString>("ends", "told");
+        QTest::newRow("with the begin that was told") << 0 << "1@300";
+        QTest::newRow("with its end") << 1 << "1@45 0@300";
+        QTest::newRow("with another begin") << 2 << "3@50 1@300";
+        QTest::newRow("with another end") << 3 << "3@55 0@300";
+    }
+
+    void saysHowFlappingEnds()
+    {
+        QFETCH(int, ends);
+        EventFinder finder;
+        finder.heard(0, "0A", quiescent());
+        for (int i = 1; i <= 3; ++i) {
+            finder.heard(i * 10 * kSecond, "0A", withLoop(1));
+            finder.heard((i * 10 + 5) * kSecond, "0A", quiescent());
+        }
+        bool isOpen = false;
+        for (int i = 0; i <= ends; ++i) {
+            isOpen = !isOpen;
+            finder.heard((40 + i * 5) * kSecond, "0A", withLoop(isOpen ? 1 : 0));
+        }
+        finder.takeEvents();
+        finder.heard(300 * kSecond, "0A", withLoop(isOpen ? 0 : 1));
+        QTEST(summary(finder.takeEvents()), "told");
+    }
+
+    void foldsWhatComesAndGoesAllDay()
+    {
+        EventFinder finder;
+        finder.heard(0, "0A", quiescent());
+        int events = 0;
+        int times = 0;
+        constexpr int kDay = 24 * 60;
+        for (int minute = 2; minute <= kDay; minute += 2) {
+            finder.heard(minute * 60 * kSecond, "0A", withLoop(1));
+            finder.heard((minute * 60 + 30) * kSecond, "0A", quiescent());
+            for (const RecordedEvent& event : finder.takeEvents()) {
+                ++events;
+                times += event.kind == EventKind::Flapped      ? event.count
+                         : event.kind == EventKind::FaultBegun ? 1
+                                                               : 0;
+            }
+        }
+        QVERIFY2(events < 60, qPrintable(QString::number(events)));
+        QVERIFY2(times > kDay / 2 - 40, qPrintable(QString::number(times)));
+    }
+
+    void boardsAtWorkAreNoEvents()
+    {
+        EventFinder finder;
+        for (int second = 0; second < 3600; second += 20) {
+            LdbStatus status = quiescent();
+            status.state = second % 60 == 0 ? LdbState::Measuring : LdbState::Quiescent;
+            finder.heard(second * kSecond, "0A", status);
+        }
+        QVERIFY(finder.takeEvents().empty());
+        // Their usual changes do not hide another one.
+        LdbStatus status = quiescent();
+        status.state = LdbState::Fault;
+        finder.heard(3601 * kSecond, "0A", status);
+        QCOMPARE(finder.takeEvents().at(0).description(), QString("Mode Fault, before Quiescent"));
+    }
+
+    void foldsLossesAndModes()
+    {
+        EventFinder finder;
+        for (int i = 0; i < 10; ++i) {
+            LdbStatus status = quiescent();
+            status.state = i % 2 == 0 ? LdbState::Quiescent : LdbState::Fault;
+            finder.heard(i * 10 * kSecond, "0A", status);
+            finder.heard(i * 10 * kSecond, "2B", quiescent());
+            finder.lost((i * 10 + 5) * kSecond, "2B");
+        }
+        finder.takeEvents();
+        finder.passed(1000 * kSecond);
+        QStringList texts;
+        for (const RecordedEvent& event : finder.takeEvents()) {
+            texts << event.hexId + ' ' + event.description();
+        }
+        texts.sort();
+        QCOMPARE(texts, (QStringList{"0A Mode Fault: 1 times in 20 s",
+                                     "2B Lost: 6 times in 1 min 0 s, still lost"}));
     }
 
     void whatIsStillThereAfterFlappingEndsLater()

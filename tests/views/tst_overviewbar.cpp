@@ -65,6 +65,10 @@ struct Overview
         const QString count = bar->findChild<QLabel*>("overviewCountLabel")->text();
         return hidden->isHidden() ? count : count + ", " + hidden->text();
     }
+    bool isCountMarked() const
+    {
+        return bar->findChild<QLabel*>("overviewCountLabel")->autoFillBackground();
+    }
     bool isInSight(const QString& hexId) const
     {
         const int row = columnTexts(*view->model(), overview::IdColumn).indexOf(hexId);
@@ -158,10 +162,12 @@ private slots:
         monitoring.known = 4;
         overview.table->setMonitoring(monitoring);
         QCOMPARE(overview.counts(), "3 of 4");
+        QVERIFY(!overview.isCountMarked()); // nothing hides it
         monitoring.known = 3;
         overview.table->setMonitoring(monitoring);
         overview.text->setText("none such");
         QCOMPARE(overview.counts(), "1 of 3, 1 faults hidden");
+        QVERIFY(overview.isCountMarked());
         overview.poll("01", kLost);
         QCOMPARE(overview.counts(), "1 of 3, 2 faults hidden");
         overview.poll("02");
@@ -243,6 +249,32 @@ private slots:
         overview.view->sortByColumn(overview::IdColumn, Qt::DescendingOrder);
         Overview::settle();
         QVERIFY(overview.view->rowHeight(0) > overview.view->rowHeight(1));
+    }
+
+    void namesFitBesideTheirMark()
+    {
+        Overview overview;
+        QTableView details;
+        const DeviceDetailTable detailTable(&details);
+        MuteMarks marks(overview.view->model(), details.model());
+        overview.poll("01");
+        overview.poll("02", {}, "Gate & admin");
+        overview.table->selectLdb("01");
+        Overview::settle();
+        const QModelIndex name = overview.view->model()->index(1, overview::NameColumn);
+        const int width = overview.view->sizeHintForIndex(name).width();
+        overview.view->setColumnWidth(overview::NameColumn, width + 1);
+        Overview::settle();
+        const int oneLine = overview.view->rowHeight(1);
+        marks.setMuted("02", true);
+        Overview::settle();
+        QVERIFY(overview.view->rowHeight(1) > oneLine);
+        marks.setMuted("02", false);
+        Overview::settle();
+        QCOMPARE(overview.view->rowHeight(1), oneLine);
+        overview.table->selectLdb("02"); // stands in bold
+        Overview::settle();
+        QVERIFY(overview.view->rowHeight(1) > oneLine);
     }
 
     void mutesOfHiddenRows()

@@ -1,11 +1,10 @@
 #include "tracking/faultfinding/fimtracking.h"
 
-#include "app/notices/messagebox.h"
 #include "app/shared/colours.h"
 #include "app/shared/whynot.h"
 #include "serial/ldb/generalinformation.h"
-#include "tracking/faultfinding/alarmsound.h"
 #include "tracking/faultfinding/formerstate.h"
+#include "tracking/faultfinding/runfindings.h"
 #include "tracking/faultfinding/sidepanel.h"
 #include "tracking/faultfinding/startquestions.h"
 #include "tracking/faultfinding/trackedldb.h"
@@ -16,6 +15,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
 
@@ -52,9 +52,8 @@ FimTracking::FimTracking(std::shared_ptr<TrackedLdb> ldb, QWidget* parent, const
     , m_ui(std::make_unique<Ui::FimTracking>())
     , m_ldb(std::move(ldb))
     , m_run(TrackingThresholds::fromTuningFile())
-    , m_report(std::make_unique<TrackingReport>())
     , m_questions(new StartQuestions(this))
-    , m_alarmSound(new AlarmSound(this))
+    , m_findings(new RunFindings(this))
     , m_former(new FormerState(m_ldb.get(), kept, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -225,7 +224,7 @@ void FimTracking::start()
     for (QMessageBox* box : findChildren<QMessageBox*>()) {
         box->close();
     }
-    *m_report = TrackingReport();
+    m_findings->clear();
     initGui();
     resetPlots();
     m_run.prepare(m_ldb->now());
@@ -239,7 +238,7 @@ void FimTracking::stop()
     endRun();
     m_run.stop(m_run.isActive() ? TrackingRun::StopReason::User : TrackingRun::StopReason::None);
     setFactoryResetCountdownVisible(false);
-    m_alarmSound->stop();
+    m_findings->silence();
     m_clock.stop();
     showTimes();
 }
@@ -378,16 +377,7 @@ void FimTracking::showCountdown(int secondsLeft)
 void FimTracking::processSideFinished(int ldbPort, SideEnd result)
 {
     panel(ldbPort)->showEnd(result);
-    // Opens the box after the rest of the record has been processed.
-    QTimer::singleShot(0, this, [this, ldbPort, result] {
-        const auto text = [ldbPort, result] {
-            return trackingtexts::sideAlarm(ldbPort, result);
-        };
-        if (const auto* box = showErrorMessage(text)) {
-            m_alarmSound->soundWhileOpen(box);
-            QApplication::alert(this);
-        }
-    });
+    m_findings->addSideEnd(ldbPort, result);
 }
 
 void FimTracking::processFault(const FaultReport& report)
@@ -397,25 +387,14 @@ void FimTracking::processFault(const FaultReport& report)
             panel(port)->showFault(report.kind, *report.positions[port]);
         }
     }
-    m_report->faults.append(report);
-    QTimer::singleShot(0, this, [this, report] {
-        showErrorMessage([report] { return trackingtexts::fault(report); });
-    });
+    m_findings->addFault(report);
 }
 
 void FimTracking::showResults(int totalFimCount, LoopResult result)
 {
-    m_report->hexId = m_ldb->hexId();
-    m_report->name = m_deviceName;
-    m_report->mode = m_run.mode();
-    m_report->finishedAt = QDateTime::currentDateTime();
-    for (int port : {PrimaryPort, SecondaryPort}) {
-        const FimCounter& counter = m_run.counter();
-        m_report->sides[port] = {counter.fimCount(port), counter.isSideTracked(port),
-                                 counter.isSideFinished(port), counter.sideResult(port)};
-    }
-    m_report->summary = trackingtexts::summary(totalFimCount, result);
-    m_ui->resultLabel->setText(m_report->summary);
+    const QString summary = trackingtexts::summary(totalFimCount, result);
+    m_findings->finish(m_ldb->hexId(), m_deviceName, m_run, summary);
+    m_ui->resultLabel->setText(summary);
     m_ui->resultLabel->setStyleSheet(
         QStringLiteral("background: %1;")
             .arg(result == LoopResult::Connected ? colours::kConnected : colours::kShort));
@@ -438,25 +417,13 @@ void FimTracking::processTakenOver(int fimCount, const QString& failure)
 
 QString FimTracking::reportText() const
 {
-    return m_report->finishedAt.isValid() ? trackingtexts::report(*m_report) : QString();
+    return m_findings->reportText();
 }
 
 void FimTracking::on_copyReportButton_clicked()
 {
     QApplication::clipboard()->setText(reportText());
     showNotice(tr("The report has been copied."));
-}
-
-MessageBox* FimTracking::showErrorMessage(const Text& message)
-{
-    if (!isVisible()) {
-        return nullptr; // closed since
-    }
-    MessageBox* box = MessageBox::tell(this, QMessageBox::Warning, [message] {
-        return BoxText{tr("Attention"), message()};
-    });
-    box->setStyleSheet(QStringLiteral("QLabel { font-size: 20px; }")); // read from a distance
-    return box;
 }
 
 void FimTracking::on_zoomButton_toggled(bool checked)

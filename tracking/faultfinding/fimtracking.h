@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/shared/text.h"
 #include "history/keptldbs.h"
 #include "tracking/counting/trackingrun.h"
 
@@ -9,14 +8,12 @@
 
 #include <memory>
 
-class AlarmSound;
 class FormerState;
-class MessageBox;
+class RunFindings;
 class SerialLink;
 class SidePanel;
 class StartQuestions;
 class TrackedLdb;
-struct TrackingReport;
 
 namespace Ui {
 class FimTracking;
@@ -105,8 +102,6 @@ private:
     void processFault(const FaultReport& report);
     void showResults(int totalFimCount, LoopResult result);
 
-    MessageBox* showErrorMessage(const Text& message);
-
     void sendCommand(TrackingCommand command);
     void processFailure(int runNumber, TrackingCommand command, bool isRefused);
     void showNotice(const QString& text);
@@ -116,9 +111,8 @@ private:
     std::unique_ptr<Ui::FimTracking> m_ui;
     std::shared_ptr<TrackedLdb> m_ldb;
     TrackingRun m_run;
-    std::unique_ptr<TrackingReport> m_report;
-    StartQuestions* m_questions; // owned as a child, as is the sound
-    AlarmSound* m_alarmSound;
+    StartQuestions* m_questions; // owned as a child, as are the findings
+    RunFindings* m_findings;
     QTimer m_clock;        ///< wakes the run when something is due, and the times shown
     FormerState* m_former; // owned as a child
     Stage m_stage = Stage::Idle;

@@ -314,6 +314,16 @@ void MainWindowPlot::setZoomEnabled(bool enabled)
     }
 }
 
+void MainWindowPlot::beginMoment()
+{
+    m_recent.clear();
+    m_roundTimes.clear();
+    if (m_plot->view().isHeld()) {
+        m_plot->view().follow();
+    }
+    beginChart();
+}
+
 void MainWindowPlot::clearPlot()
 {
     m_recent.clear();

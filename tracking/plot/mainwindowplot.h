@@ -50,6 +50,9 @@ public slots:
     void setSelectedDevice(const QString& hexId);
     /// While on, wheel and drag move the view; switching off brings the rolling view back.
     void setZoomEnabled(bool enabled);
+    /// Starts the chart of another moment for the same LDB, which ends with what is told from now
+    /// on; before that it has what the history source knows. A held view is given up.
+    void beginMoment();
     /// Starts a rolling chart for the same LDB, as for a fresh run: it has only what the history
     /// source knows.
     void clearPlot();

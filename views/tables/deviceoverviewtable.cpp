@@ -159,7 +159,7 @@ void DeviceOverviewTable::beginRound()
 void DeviceOverviewTable::endRound()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (m_selectedRow == kNoRow && m_isRoundWhole && m_model->rowCount() > 0) {
+    if (m_selectedRow == kNoRow && m_isRoundWhole && !m_isSelectionHeld && m_model->rowCount() > 0) {
         tickFirst();
     }
 }
@@ -253,7 +253,7 @@ void DeviceOverviewTable::openMenu(const QPoint& position)
 {
     const QStringList lost = m_model->lostLdbs();
     const QModelIndex cell = m_view->indexAt(position);
-    if (!cell.isValid() || lost.isEmpty()) {
+    if (!cell.isValid() || lost.isEmpty() || !m_isDismissEnabled) {
         return;
     }
     auto* menu = new QMenu(m_view);
@@ -278,16 +278,30 @@ QStringList DeviceOverviewTable::shownLdbs() const
     return m_model->ldbs();
 }
 
-void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+/// Gives the ticked LDB of before.
+QString DeviceOverviewTable::removeOthers(const QStringList& hexIds)
 {
     m_isRoundWhole = false;
     const QString ticked = m_selectedRow == kNoRow ? QString() : m_model->hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
     m_model->keepOnly(hexIds);
     m_selectedRow = m_model->rowOf(ticked);
+    return ticked;
+}
+
+void DeviceOverviewTable::keepOnly(const QStringList& hexIds)
+{
+    m_isSelectionHeld = false;
+    const QString ticked = removeOthers(hexIds);
     if (m_selectedRow == kNoRow && !ticked.isEmpty() && m_model->rowCount() > 0) {
         tickFirst();
     }
+}
+
+void DeviceOverviewTable::showOnly(const QStringList& hexIds)
+{
+    m_isSelectionHeld = true;
+    removeOthers(hexIds);
 }
 
 void DeviceOverviewTable::saveTableState() const

@@ -50,6 +50,11 @@ public:
     /// selected LDB is ticked again, without a signal, when its next record comes; if it has not
     /// come by the end of a whole round, the first row is ticked and announced instead.
     void keepOnly(const QStringList& hexIds);
+    /// Shows another moment, of these LDBs. The same as `keepOnly`, but the selected LDB stays the
+    /// selected one even where it has no row, until `keepOnly` is called.
+    void showOnly(const QStringList& hexIds);
+    /// Whether lost LDBs can be given up. True at the start.
+    void setDismissEnabled(bool enabled) { m_isDismissEnabled = enabled; }
     /// The LDBs that the table shows as lost.
     QStringList lostLdbs() const;
     /// Every LDB that has a row.
@@ -85,6 +90,8 @@ private slots:
 private:
     static constexpr int kNoRow = -1; ///< as the model has it
 
+    QString removeOthers(const QStringList& hexIds);
+
     void setupTable();
     void setupHeader();
 
@@ -107,5 +114,7 @@ private:
     OverviewRowDelegate* m_rowDelegate = nullptr;   // owned as a child
     int m_selectedRow = kNoRow;                     // source row of the tick
     QString m_selectedHexId;
+    bool m_isDismissEnabled = true;
+    bool m_isSelectionHeld = false; ///< no other row is ticked by itself
     bool m_isRoundWhole = false; ///< the round that is on has begun with the rows that there are
 };

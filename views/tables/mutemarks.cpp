@@ -68,6 +68,12 @@ void MuteMarks::setSelectedLdb(const QString& hexId)
     markDetails();
 }
 
+void MuteMarks::setHidden(bool isHidden)
+{
+    m_isHidden = isHidden;
+    retranslate();
+}
+
 void MuteMarks::retranslate()
 {
     for (int row = 0; row < m_overview->rowCount(); ++row) {
@@ -91,13 +97,13 @@ void MuteMarks::processChange(const QModelIndex& first, const QModelIndex& last)
 void MuteMarks::markRow(int row)
 {
     const QString hexId = m_overview->index(row, overview::IdColumn).data().toString();
-    mark(m_overview, m_overview->index(row, overview::NameColumn), m_muted.contains(hexId));
+    mark(m_overview, m_overview->index(row, overview::NameColumn), isMarked(hexId));
 }
 
 void MuteMarks::markDetails()
 {
     mark(m_details, m_details->index(generalinformation::NameRow, DeviceDetailTable::ValueColumn),
-         m_muted.contains(m_selected));
+         isMarked(m_selected));
 }
 
 void MuteMarks::mark(QAbstractItemModel* model, const QModelIndex& cell, bool isMuted)

@@ -20,6 +20,10 @@ public:
     /// The LDB whose details are shown.
     void setSelectedLdb(const QString& hexId);
 
+    /// Which LDBs are muted is known of the present alone: nothing is marked while another moment
+    /// is shown.
+    void setHidden(bool isHidden);
+
     /// In the language in force.
     void retranslate();
 
@@ -31,7 +35,10 @@ private:
 
     QAbstractItemModel* m_overview;
     QAbstractItemModel* m_details;
+    bool isMarked(const QString& hexId) const { return !m_isHidden && m_muted.contains(hexId); }
+
     QSet<QString> m_muted;
+    bool m_isHidden = false;
     QString m_selected;
     QIcon m_picture;
 };

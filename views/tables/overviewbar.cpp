@@ -123,7 +123,8 @@ void OverviewBar::showCounts()
     }
     const OverviewFilter::Counts counts = m_filter->counts();
     m_count->setText(tr("%1 of %2").arg(counts.shown).arg(counts.all));
-    const bool isHiding = counts.shown < counts.all;
+    // An LDB that has not told anything yet has no row: nobody hides it.
+    const bool isHiding = counts.hidden > 0;
     if (isHiding != m_count->autoFillBackground()) {
         setGround(m_count, isHiding ? colours::kPartlyMonitored : QString());
     }

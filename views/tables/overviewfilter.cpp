@@ -94,6 +94,7 @@ OverviewFilter::Counts OverviewFilter::counts() const
     counts.shown = rowCount();
     const int rows = source.rowCount();
     counts.all = std::max(rows, m_known);
+    counts.hidden = rows - counts.shown;
     for (int row = 0; row < rows; ++row) {
         const QModelIndex tickCell = source.index(row, overview::TickColumn);
         if (isFaultyRow(tickCell) && !mapFromSource(tickCell).isValid()) {

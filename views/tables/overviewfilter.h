@@ -25,7 +25,8 @@ public:
     {
         int shown = 0;
         int all = 0;          ///< known LDBs; some may not have a row yet
-        int hiddenFaults = 0; ///< rows of faulty LDBs that are not shown
+        int hidden = 0;       ///< rows that are not shown
+        int hiddenFaults = 0; ///< those of them that are of faulty LDBs
     };
 
     using ProxyModelHierachicalHeader::ProxyModelHierachicalHeader;

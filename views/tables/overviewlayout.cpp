@@ -108,15 +108,17 @@ void OverviewLayout::retranslate()
     m_leastWidths = QVector<int>(overview::ColumnCount);
     for (int column = overview::IdColumn; column < overview::TimestampColumn; ++column) {
         const bool isBold = column == overview::IdColumn || column == overview::NameColumn;
+        // The mark of the ticked row stands beside its id, not beside the title.
+        const int mark = column == overview::IdColumn ? plain.ascent() : 0;
         int& least = m_leastWidths[column];
         least = m_header->sectionSizeHint(column);
         for (const QString& text : textsOf(column)) {
             for (const QString& word : breakable(text).split(gap)) {
-                least = std::max(least, (isBold ? bold : plain).horizontalAdvance(word) + margin);
+                const int advance = (isBold ? bold : plain).horizontalAdvance(word);
+                least = std::max(least, advance + margin + mark);
             }
         }
     }
-    m_leastWidths[overview::IdColumn] += plain.ascent(); // the mark of the ticked row
     if (!m_isLoaded) {
         fillWidth();
     }

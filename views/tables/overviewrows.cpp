@@ -37,6 +37,15 @@ OverviewRows::OverviewRows(QTableView* view, OverviewFilter* rows, QObject* pare
                     fit(m_rows->mapToSource(m_rows->index(row, 0)).row());
                 }
             });
+    // A picture takes room from the text beside it, and the name of the ticked LDB is bold.
+    connect(rows->sourceModel(), &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& first, const QModelIndex& last, const QVector<int>& roles) {
+                const bool isWider =
+                    roles.contains(Qt::DecorationRole) || roles.contains(Qt::CheckStateRole);
+                for (int row = first.row(); isWider && row <= last.row(); ++row) {
+                    fit(row);
+                }
+            });
     // The numbers of the source rows behind it change.
     connect(rows->sourceModel(), &QAbstractItemModel::rowsRemoved, this, &OverviewRows::fitAll);
     connect(rows, &QAbstractItemModel::rowsAboutToBeInserted, this, &OverviewRows::beginChange);

@@ -1,0 +1,363 @@
+#include "importexport/report/reporttexts.h"
+
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/ldbstatus.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+
+#include <algorithm>
+
+using generalinformation::kNoValue;
+
+namespace reporttexts {
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(VisitReport)
+};
+
+constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+constexpr qint64 kGoodOneIn = 1000;     // of a good line no more questions end badly
+constexpr qint64 kShortPause = 2000000; // between two runs: nobody has missed anything
+
+const QString kSeparator = QStringLiteral(", ");
+
+QString endName(recordedwork::Finding::End end)
+{
+    switch (end) {
+    case recordedwork::Finding::End::Open:
+        return Texts::tr("Open");
+    case recordedwork::Finding::End::Short:
+        return Texts::tr("Short");
+    case recordedwork::Finding::End::Connected:
+        break;
+    }
+    return Texts::tr("Connected");
+}
+
+/// The ids and names of those for which it holds.
+template <typename Holds>
+QStringList namesOf(const VisitReport& report, Holds holds)
+{
+    QStringList names;
+    for (const ReportedLdb& ldb : report.ldbs) {
+        if (holds(ldb)) {
+            names.append(nameText(ldb.hexId, ldb.name));
+        }
+    }
+    return names;
+}
+
+bool isHeard(const ReportedLdb& ldb)
+{
+    return !ldb.record.rows.isEmpty();
+}
+
+bool isLost(const ReportedLdb& ldb)
+{
+    return isHeard(ldb) && generalinformation::isLost(ldb.record.rows);
+}
+
+FaultLevel worstOf(const ReportedLdb& ldb)
+{
+    using namespace generalinformation;
+    const QList<QStringList>& rows = ldb.record.rows;
+    if (!isHeard(ldb) || isLost(ldb)) {
+        return FaultLevel::None;
+    }
+    const auto level =
+        std::max({ldbLoopFault(integer(rows, LoopRow)), ldbEarthFault(integer(rows, EarthRow)),
+                  ldbAmplifierFault(integer(rows, AmplifierRow))});
+    const auto isShort = [&rows](Row row) {
+        return integer(rows, row) == kMissingMeasurement;
+    };
+    const bool isPortShort = isShort(PrimaryVoltageRow) || isShort(SecondaryVoltageRow);
+    if (isOutOfOrder(rows)) {
+        return FaultLevel::Major;
+    }
+    return isPortShort ? std::max(level, FaultLevel::Minor) : level;
+}
+
+/// "0A Platform (Open, Earth leakage)".
+QString faultyText(const ReportedLdb& ldb)
+{
+    using namespace generalinformation;
+    const QList<QStringList>& rows = ldb.record.rows;
+    QStringList what;
+    const auto add = [&what, &rows](Row row, FaultLevel level) {
+        if (level != FaultLevel::None) {
+            what.append(text(rows, row));
+        }
+    };
+    if (isOutOfOrder(rows)) {
+        what.append(text(rows, ModeRow));
+    }
+    add(LoopRow, ldbLoopFault(integer(rows, LoopRow)));
+    add(EarthRow, ldbEarthFault(integer(rows, EarthRow)));
+    add(AmplifierRow, ldbAmplifierFault(integer(rows, AmplifierRow)));
+    const auto port = [&what, &rows](Row row, const QString& side) {
+        if (integer(rows, row) == kMissingMeasurement) {
+            what.append(QStringLiteral("%1: %2").arg(side, text(rows, row)));
+        }
+    };
+    port(PrimaryVoltageRow, Texts::tr("Primary side"));
+    port(SecondaryVoltageRow, Texts::tr("Secondary side"));
+    return QStringLiteral("%1 (%2)").arg(nameText(ldb.hexId, ldb.name), what.join(kSeparator));
+}
+
+/// Which LDBs have a fault that is there, or has gone and is remembered.
+QStringList faultyOf(const VisitReport& report, FaultLevel level)
+{
+    const auto isThere = [&report](const QString& hexId) {
+        return std::any_of(report.faults.begin(), report.faults.end(), [&](const FaultSpan& span) {
+            return span.hexId == hexId && span.isThere() && span.place != FaultPlace::None;
+        });
+    };
+    QStringList texts;
+    for (const ReportedLdb& ldb : report.ldbs) {
+        FaultLevel worst = worstOf(ldb);
+        if (worst == FaultLevel::Minor && isThere(ldb.hexId)) {
+            worst = FaultLevel::Major; // a port's short
+        }
+        if (worst == level) {
+            texts.append(faultyText(ldb));
+        }
+    }
+    return texts;
+}
+
+RecordedMinute sumOf(const VisitReport& report)
+{
+    RecordedMinute sum;
+    for (const ReportedLdb& ldb : report.ldbs) {
+        // One that does not answer is told as such; its probes say nothing about the line.
+        const bool wasLost =
+            !isHeard(ldb) ||
+            std::any_of(report.faults.begin(), report.faults.end(), [&ldb](const FaultSpan& span) {
+                return span.hexId == ldb.hexId && span.place == FaultPlace::None;
+            });
+        if (!wasLost) {
+            sum.asked += ldb.line.asked;
+            sum.good += ldb.line.good;
+            sum.damaged += ldb.line.damaged;
+            sum.silent += ldb.line.silent;
+        }
+    }
+    return sum;
+}
+
+/// Times of the span in which no run was on.
+void addPauses(const VisitReport& report, QStringList& texts)
+{
+    const TimeSpan span = *report.recorded;
+    qint64 until = span.from;
+    const auto add = [&texts](qint64 from, qint64 to) {
+        if (to - from > kShortPause) {
+            texts.append(Texts::tr("The bus was not monitored from %1 to %2 (%3).")
+                             .arg(timeText(from), timeText(to), durationText(to - from)));
+        }
+    };
+    std::vector<RecordedRun> runs = report.runs;
+    std::sort(runs.begin(), runs.end(),
+              [](const RecordedRun& a, const RecordedRun& b) { return a.begun < b.begun; });
+    for (const RecordedRun& run : runs) {
+        add(until, qMin(run.begun, span.to));
+        until = qMax(until, run.until);
+    }
+    add(until, span.to);
+}
+
+void addNames(QStringList& texts, const QString& sentence, const QStringList& names)
+{
+    if (!names.isEmpty()) {
+        texts.append(sentence.arg(names.join(kSeparator)));
+    }
+}
+
+} // namespace
+
+QString timeText(qint64 at)
+{
+    return at == 0 ? kNoValue
+                   : QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond)
+                         .toString(generalinformation::kSecondsFormat);
+}
+
+QString nameText(const QString& hexId, const QString& name)
+{
+    return name.trimmed().isEmpty() ? hexId : QStringLiteral("%1 %2").arg(hexId, name);
+}
+
+QString portsText(const VisitReport& report)
+{
+    QStringList ports;
+    for (const RecordedRun& run : report.runs) {
+        if (!ports.contains(run.port)) {
+            ports.append(run.port);
+        }
+    }
+    return ports.join(kSeparator);
+}
+
+QString faultText(const FaultSpan& fault)
+{
+    if (fault.isRemembered) {
+        return Texts::tr("%1, came and went between two looks").arg(fault.text());
+    }
+    return fault.times > 1 ? Texts::tr("%1, %n times", nullptr, fault.times).arg(fault.text())
+                           : fault.text();
+}
+
+QString endText(const FaultSpan& fault)
+{
+    if (fault.isRemembered) {
+        return kNoValue;
+    }
+    return fault.isThere() ? Texts::tr("still there") : timeText(fault.ended);
+}
+
+QString durationOf(const FaultSpan& fault, const VisitReport& report)
+{
+    if (fault.isRemembered || fault.begun == 0) {
+        return kNoValue;
+    }
+    const qint64 end = fault.isThere() ? report.recorded.value_or(report.span).to : fault.ended;
+    return durationText(qMax<qint64>(end - fault.begun, 0));
+}
+
+QString sideText(const recordedwork::Finding::Side& side)
+{
+    using End = recordedwork::Finding::End;
+    if (!side.isTracked) {
+        return Texts::tr("not tracked");
+    }
+    if (!side.isFinished) {
+        return Texts::tr("not ended");
+    }
+    return side.end == End::Connected
+               ? endName(side.end)
+               : Texts::tr("%1, approximately at FIM %2").arg(endName(side.end)).arg(side.fims);
+}
+
+QString countText(const recordedwork::Finding::Side& side)
+{
+    return side.isTracked ? QString::number(side.fims) : kNoValue;
+}
+
+bool isOutOfOrder(const QList<QStringList>& rows)
+{
+    switch (static_cast<LdbState>(generalinformation::integer(rows, generalinformation::ModeRow))) {
+    case LdbState::Fault:
+    case LdbState::Disconnected:
+    case LdbState::FimResetFailed:
+    case LdbState::FactoryResetFailed:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QStringList summaryTexts(const VisitReport& report)
+{
+    if (!report.recorded) {
+        return {Texts::tr("Nothing is recorded of this time.")};
+    }
+    QStringList texts{
+        Texts::tr("%n LDB's were found.", nullptr, static_cast<int>(report.ldbs.size()))};
+    const auto tell = [&texts](const QStringList& names, const QString& none, const QString& some) {
+        texts.append(names.isEmpty() ? none : some.arg(names.size()).arg(names.join(kSeparator)));
+    };
+    tell(faultyOf(report, FaultLevel::Major), Texts::tr("No LDB has a fault now."),
+         Texts::tr("LDB's with a fault now (%1): %2."));
+    const QStringList remembered = faultyOf(report, FaultLevel::Minor);
+    if (!remembered.isEmpty()) {
+        tell(remembered, {}, Texts::tr("LDB's that remember a fault that has gone (%1): %2."));
+    }
+    tell(namesOf(report, isLost), Texts::tr("No LDB is lost."), Texts::tr("LDB's lost (%1): %2."));
+    return texts;
+}
+
+QStringList missingTexts(const VisitReport& report)
+{
+    QStringList texts;
+    if (!report.recorded) {
+        texts.append(Texts::tr("Nothing is recorded of this time."));
+    }
+    QStringList missing;
+    for (const KnownLdb& ldb : report.missing) {
+        missing.append(nameText(ldb.hexId, ldb.name));
+    }
+    addNames(texts, Texts::tr("Remembered of this installation, and not found: %1."), missing);
+    addNames(texts, Texts::tr("Found, and never heard: %1."),
+             namesOf(report, [](const ReportedLdb& ldb) { return !isHeard(ldb); }));
+    addNames(texts, Texts::tr("Lost, and without values therefore: %1."), namesOf(report, isLost));
+    addNames(texts, Texts::tr("Last heard before this time: %1."),
+             namesOf(report, [&report](const ReportedLdb& ldb) {
+                 return isHeard(ldb) && ldb.record.at < report.span.from;
+             }));
+    addNames(texts, Texts::tr("In the list for a time only: %1."),
+             namesOf(report, [](const ReportedLdb& ldb) { return !ldb.isListed; }));
+    addNames(texts, Texts::tr("Without a confirmed firmware ID: %1."),
+             namesOf(report, [](const ReportedLdb& ldb) { return !ldb.firmware; }));
+    if (report.hasAppendix) {
+        addNames(texts, Texts::tr("Settings not read in this time: %1."),
+                 namesOf(report, [](const ReportedLdb& ldb) { return !ldb.settings; }));
+    }
+    if (report.recorded) {
+        addPauses(report, texts);
+    }
+    for (const RecordedGap& gap : report.gaps) {
+        texts.append(Texts::tr("%n exchanges from %1 to %2 are not recorded.", nullptr, gap.lost)
+                         .arg(timeText(gap.from), timeText(gap.to)));
+    }
+    for (const RecordingNotice& notice : report.notices) {
+        texts.append(notice.text());
+    }
+    return texts;
+}
+
+QString shareText(qint64 part, qint64 whole)
+{
+    constexpr double kPercent = 100.0;
+    constexpr double kLeast = 0.01; // of what is shown
+    if (whole <= 0) {
+        return kNoValue;
+    }
+    double share = kPercent * static_cast<double>(part) / static_cast<double>(whole);
+    share = part == whole ? kPercent : qMin(share, kPercent - kLeast);
+    share = part == 0 ? 0 : qMax(share, kLeast);
+    return QString::number(share, 'f', 2) + QStringLiteral(" %");
+}
+
+QString flightText(const RecordedMinute& line)
+{
+    constexpr double kPerMillisecond = 1000.0;
+    if (line.good == 0) {
+        return kNoValue;
+    }
+    const auto text = [](double microseconds) {
+        return QString::number(microseconds / kPerMillisecond, 'f', 0);
+    };
+    return Texts::tr("%1 ms, at most %2 ms")
+        .arg(text(static_cast<double>(line.sumOfFlights) / line.good),
+             text(static_cast<double>(line.mostFlight)));
+}
+
+QString lineText(const VisitReport& report)
+{
+    const RecordedMinute sum = sumOf(report);
+    if (sum.asked == 0) {
+        return Texts::tr("Line quality: nothing was asked.");
+    }
+    const bool isGood = (sum.asked - sum.good) * kGoodOneIn <= sum.asked;
+    const QString text = isGood ? Texts::tr("Line quality: good. Of %1 questions %2 were answered "
+                                            "well.")
+                                : Texts::tr("Line quality: not good. Of %1 questions %2 were "
+                                            "answered well.");
+    return text.arg(sum.asked).arg(shareText(sum.good, sum.asked));
+}
+
+} // namespace reporttexts

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "recording/recordedvalues.h"
+#include "views/events/eventkinds.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <limits>
+#include <optional>
+
+/// Which events a list shows. A plain value.
+struct EventFilter
+{
+    QString hexId; ///< empty: of all LDBs, and of the whole bus
+    std::optional<EventGroup> group;
+    TimeSpan span{0, std::numeric_limits<qint64>::max()};
+    QStringList words; ///< each of which the event's text has somewhere, in any case
+
+    /// `text`: all that the list says of the event.
+    bool accepts(const RecordedEvent& event, const QString& text) const;
+    bool operator==(const EventFilter& other) const;
+};

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "views/events/eventhistory.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class EventBar;
+class EventModel;
+class QPlainTextEdit;
+class QTableView;
+
+/// The list of events, newest first: those recorded and, as they come, the present ones. The user
+/// chooses which are shown; Enter or a double click wants an event's moment. GUI thread.
+class EventList : public QWidget
+{
+    Q_OBJECT
+public:
+    /// `now`: UTC, ms since 1970.
+    explicit EventList(std::function<qint64()> now, QWidget* parent = nullptr);
+
+    /// Lists another recording; a null function is none.
+    void read(EventHistory::Ask ask);
+    /// An event that has just been recorded there. It may be in what is read, too.
+    void add(const RecordedEvent& event);
+    /// Why no mark can be made; empty where one can.
+    void setMarkHindrance(const QString& reason);
+
+    /// What is listed, as a CSV file has it, in the language in force.
+    QString csv() const;
+
+    /// Keeps in the per-user settings which events are shown.
+    void save() const;
+    /// Into the list, from wherever the keyboard is.
+    void takeFocus();
+
+signals:
+    /// Moments are UTC, µs since 1970.
+    void momentWanted(qint64 at);
+    void markWanted();
+    void exportWanted();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setUpTable();
+    void filter();
+    void showCounts();
+    void showDetails();
+    void fitColumns();
+    void measure(int first, int last);
+    void goTo(const QModelIndex& index);
+
+    EventModel* m_model;
+    EventHistory* m_history;
+    EventBar* m_bar;
+    QTableView* m_table;
+    QPlainTextEdit* m_details;
+    int m_widest = 0; ///< text of an event, pixels
+};
