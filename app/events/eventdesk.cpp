@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QEvent>
+#include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSaveFile>
@@ -62,7 +63,7 @@ void EventDesk::makeDock()
     m_around.window->addDockWidget(Qt::BottomDockWidgetArea, m_dock);
     m_dock->hide();
     m_show->setCheckable(true);
-    m_show->setShortcut(Qt::CTRL + Qt::Key_E);
+    m_show->setShortcut(QKeySequence(QStringLiteral("Ctrl+E")));
     m_around.window->addAction(m_show);
     auto* button = new QToolButton;
     button->setObjectName(QStringLiteral("eventsButton"));
