@@ -2743,7 +2743,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Answer time
 (median)</source>
-        <translation>Réponse
+        <translation>Temps de réponse
 (médiane)</translation>
     </message>
     <message>
@@ -2753,7 +2753,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Answer time
 (95 %)</source>
-        <translation>Réponse
+        <translation>Temps de réponse
 (95 %)</translation>
     </message>
     <message>
@@ -3475,6 +3475,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>The file cannot be written.</source>
         <translation>Le fichier ne peut pas être écrit.</translation>
+    </message>
+    <message>
+        <source>Names have characters that the file cannot hold.</source>
+        <translation>Des noms ont des caractères que le fichier ne peut pas contenir.</translation>
     </message>
     <message numerus="yes">
         <source>Reading: %n left</source>

@@ -3476,6 +3476,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>The file cannot be written.</source>
         <translation>Het bestand kan niet worden geschreven.</translation>
     </message>
+    <message>
+        <source>Names have characters that the file cannot hold.</source>
+        <translation>Namen hebben tekens die het bestand niet kan bevatten.</translation>
+    </message>
     <message numerus="yes">
         <source>Reading: %n left</source>
         <translation>

@@ -7,7 +7,7 @@
 #include "app/settingstable/tablewriting.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/settingscomparison.h"
-#include "importexport/settingscsv.h"
+#include "importexport/settingsfilewriter.h"
 #include "serial/ldb/busaddress.h"
 
 #include <QAction>
@@ -18,11 +18,13 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QSaveFile>
+#include <QStyle>
 #include <QTableView>
-#include <QTextCodec>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,8 +32,6 @@ constexpr QSize kFirstSize(1270, 640);
 constexpr int kSearchWidth = 160;
 constexpr int kProgressWidth = 160;
 constexpr int kCellMargin = 6;
-
-constexpr int kHeaderLines = 4;
 
 /// How many letters a column is wide; the last one takes the rest.
 int lettersOf(int column)
@@ -207,8 +207,6 @@ void SettingsTableWindow::buildTable()
                                                     static_cast<Qt::Alignment>(Qt::TextWordWrap));
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->setTabKeyNavigation(false); // Tab leaves the table
-    m_view->horizontalHeader()->setFixedHeight(kHeaderLines * fontMetrics().lineSpacing() +
-                                               kCellMargin);
     const int letter = fontMetrics().averageCharWidth();
     for (int column = 0; column < SettingsTableModel::StateColumn; ++column) {
         m_view->setColumnWidth(column, lettersOf(column) * letter);
@@ -336,9 +334,33 @@ void SettingsTableWindow::retranslate()
          {tr("All LDB's"), tr("Only differing"), tr("Only changed")});
     m_view->setAccessibleName(tr("Settings of all LDB's"));
     m_model->retranslate();
+    fitHeads();
     showImport();
     showComparison();
     updateActions();
+}
+
+/// Each column takes the longest word of its title, and the header as many lines as they need.
+void SettingsTableWindow::fitHeads()
+{
+    QHeaderView* header = m_view->horizontalHeader();
+    const QFontMetrics metrics = header->fontMetrics();
+    const int margin = 2 * (header->style()->pixelMetric(QStyle::PM_HeaderMargin) + 2);
+    int height = 0;
+    for (int column = 0; column < SettingsTableModel::ColumnCount; ++column) {
+        const QString title =
+            m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        int width = m_view->columnWidth(column);
+        for (const QString& word : title.split(QLatin1Char(' '))) {
+            width = std::max(width, metrics.horizontalAdvance(word) + margin);
+        }
+        m_view->setColumnWidth(column, width);
+        const QRect room(0, 0, width - margin, QWIDGETSIZE_MAX);
+        height = std::max(
+            height, metrics.boundingRect(room, int{Qt::TextWordWrap} | int{Qt::AlignCenter}, title)
+                        .height());
+    }
+    header->setFixedHeight(height + kCellMargin);
 }
 
 void SettingsTableWindow::changeEvent(QEvent* event)
@@ -352,21 +374,29 @@ void SettingsTableWindow::changeEvent(QEvent* event)
 void SettingsTableWindow::exportFile()
 {
     filedialog::save(this, tr("Select File"), {}, false, [this](const QString& path) {
-        QString text = settingscsv::fileHead();
-        for (const TableRow& row : m_model->rows()) {
-            if (row.read || row.edits.size() >= kFileFields.size()) {
-                LdbSettings settings = row.shown();
-                settings.address = busaddress::fromHexId(row.hexId);
-                text += settingscsv::settingsLine(settings, row.firmwareId);
+        QSaveFile file(path);
+        bool isWritten = file.open(QIODevice::WriteOnly);
+        QStringList spoiled;
+        if (isWritten) {
+            SettingsFileWriter writer(&file);
+            isWritten = writer.writeHead();
+            for (const TableRow& row : m_model->rows()) {
+                if (row.read || row.edits.size() >= kFileFields.size()) {
+                    LdbSettings settings = row.shown();
+                    settings.address = busaddress::fromHexId(row.hexId);
+                    isWritten = isWritten && writer.writeLine(settings, row.firmwareId);
+                    if (!SettingsFileWriter::canHold(settings, row.firmwareId)) {
+                        spoiled.append(row.hexId);
+                    }
+                }
             }
         }
-        const QByteArray content = QTextCodec::codecForLocale()->fromUnicode(text);
-        QSaveFile file(path);
-        const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                               file.write(content) == content.size() && file.commit();
-        if (!isWritten) {
+        if (!isWritten || !file.commit()) {
             tell([] { return tr("The file cannot be written."); },
                  [error = file.errorString()] { return error; });
+        } else if (!spoiled.isEmpty()) {
+            tell([] { return tr("Names have characters that the file cannot hold."); },
+                 [spoiled] { return spoiled.join(QStringLiteral(", ")); });
         }
     });
 }

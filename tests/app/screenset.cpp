@@ -103,7 +103,8 @@ void fillViews(MainWindow& window)
 EnabledControls allAllowed()
 {
     constexpr Permission kAllowed{Hindrance::None};
-    return {kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed, kAllowed};
+    return {kAllowed, kAllowed, kAllowed, kAllowed, kAllowed,
+            kAllowed, kAllowed, kAllowed, kAllowed};
 }
 
 /// Every value changed, as changes stand out in bold, and not saved.

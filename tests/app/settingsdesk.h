@@ -21,7 +21,7 @@ inline const QByteArray kNak("\x15");
 inline constexpr int kMutePosition = 12;
 
 inline constexpr Permission kAllowed{Hindrance::None};
-inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed,
+inline constexpr EnabledControls kAllAllowed{kAllowed, kAllowed, kAllowed, kAllowed, kAllowed,
                                              kAllowed, kAllowed, kAllowed, kAllowed};
 
 /// An editor on a bus of two LDBs.

@@ -28,6 +28,7 @@ public:
     /// `bar` stands above the overview and takes the button. The widgets may die first, the
     /// sources outlive this object.
     QualityDisplay(Sources sources, QTableView* overview, QWidget* bar, QObject* parent);
+    ~QualityDisplay() override;
 
     /// What counts the present; it takes what the serial link tells.
     LiveQuality* live() { return &m_live; }
