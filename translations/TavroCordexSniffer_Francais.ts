@@ -2743,7 +2743,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Answer time
 (median)</source>
-        <translation>Temps de réponse
+        <translation>Réponse
 (médiane)</translation>
     </message>
     <message>
@@ -2753,7 +2753,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Answer time
 (95 %)</source>
-        <translation>Temps de réponse
+        <translation>Réponse
 (95 %)</translation>
     </message>
     <message>
