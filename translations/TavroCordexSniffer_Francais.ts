@@ -3860,6 +3860,45 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>TableHeads</name>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Nombre de FIM</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Délai de détection de coupure</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Sortie de défaut général</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Démarrer en mode maint.</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Détection de l&apos;ampli</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio coupé</translation>
+    </message>
+</context>
+<context>
     <name>WritePreview</name>
     <message>
         <source>Write Settings</source>

@@ -3860,6 +3860,45 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>TableHeads</name>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Vertraging onderbr.-detectie</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Alg. storings-uitgang</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Aardlek-detectie</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Detectie aarddraad onderbr.</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Start in service-modus</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Versterker-detectie</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio dempen</translation>
+    </message>
+</context>
+<context>
     <name>WritePreview</name>
     <message>
         <source>Write Settings</source>

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStyle>
 #include <QTableView>
@@ -39,9 +40,9 @@ int lettersOf(int column)
     constexpr int kNumber = 12;
     constexpr int kUsual = 13;
     constexpr int kId = 9;
-    constexpr int kName = 27;
+    constexpr int kName = 22;
     constexpr int kTime = 10;
-    constexpr int kFirmware = 19;
+    constexpr int kFirmware = 17;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;
@@ -237,6 +238,11 @@ void SettingsTableWindow::buildActions()
         m_writing->stop();
     });
     m_tools->addSeparator();
+    // Not at the end, where a narrow window hides what does not fit.
+    addAction("goOn", QStringLiteral("Ctrl+G"), [this] { goOn(); });
+    addAction("write", QStringLiteral("Ctrl+Return"),
+              [this] { preview(FormerSettings::Occasion::Write); });
+    m_tools->addSeparator();
     addAction("undo", QKeySequence::Undo, [this] { m_model->undoStack()->undo(); });
     addAction("redo", QKeySequence::Redo, [this] { m_model->undoStack()->redo(); });
     addAction("copy", QKeySequence::Copy, [this] { copy(); });
@@ -246,10 +252,6 @@ void SettingsTableWindow::buildActions()
     addAction("import", QKeySequence::Open, [this] { chooseImport(); });
     addAction("export", QKeySequence::Save, [this] { exportFile(); });
     addAction("former", QStringLiteral("Ctrl+H"), [this] { showFormer(); });
-    m_tools->addSeparator();
-    addAction("goOn", QStringLiteral("Ctrl+G"), [this] { goOn(); });
-    addAction("write", QStringLiteral("Ctrl+Return"),
-              [this] { preview(FormerSettings::Occasion::Write); });
     auto* search = new QAction(this);
     search->setShortcut(QKeySequence::Find);
     connect(search, &QAction::triggered, m_search, [this] { m_search->setFocus(); });
@@ -344,14 +346,19 @@ void SettingsTableWindow::retranslate()
 void SettingsTableWindow::fitHeads()
 {
     QHeaderView* header = m_view->horizontalHeader();
-    const QFontMetrics metrics = header->fontMetrics();
+    // As the title of a column with selected cells stands.
+    QFont bold = header->font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
     const int margin = 2 * (header->style()->pixelMetric(QStyle::PM_HeaderMargin) + 2);
+    // A line ends at a blank, or behind a hyphen.
+    static const QRegularExpression pieces(QStringLiteral(" |(?<=-)"));
     int height = 0;
     for (int column = 0; column < SettingsTableModel::ColumnCount; ++column) {
         const QString title =
             m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
         int width = m_view->columnWidth(column);
-        for (const QString& word : title.split(QLatin1Char(' '))) {
+        for (const QString& word : title.split(pieces)) {
             width = std::max(width, metrics.horizontalAdvance(word) + margin);
         }
         m_view->setColumnWidth(column, width);
