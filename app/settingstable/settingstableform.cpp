@@ -39,7 +39,7 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 12;
     constexpr int kUsual = 13;
-    constexpr int kId = 9;
+    constexpr int kId = 12; // beside the mark of the sorting
     constexpr int kName = 22;
     constexpr int kTime = 10;
     constexpr int kFirmware = 17;
