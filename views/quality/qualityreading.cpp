@@ -63,6 +63,9 @@ void QualityReading::setReach(QualityReach reach)
 void QualityReading::setShown(std::optional<qint64> at)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    if (at) {
+        at = wholeMinutes(*at);
+    }
     if (at == m_shown) {
         return;
     }

@@ -156,10 +156,10 @@ QString QualityWindow::noteText() const
 {
     QStringList sentences;
     if (m_shown) {
-        sentences.append(
-            tr("Recorded: up to %1.")
-                .arg(QDateTime::fromMSecsSinceEpoch(*m_shown / kMicrosecondsPerMillisecond)
-                         .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))));
+        sentences.append(tr("Recorded: up to %1.")
+                             .arg(QDateTime::fromMSecsSinceEpoch(wholeMinutes(*m_shown) /
+                                                                 kMicrosecondsPerMillisecond)
+                                      .toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
     }
     if (!m_reading->isRecorded()) {
         sentences.append(tr("Nothing is recorded: what was counted within the last hour is shown, "
