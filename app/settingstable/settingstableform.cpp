@@ -39,10 +39,10 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 12;
     constexpr int kUsual = 13;
-    constexpr int kId = 12; // beside the mark of the sorting
-    constexpr int kName = 22;
+    constexpr int kId = 11; // beside the mark of the sorting
+    constexpr int kName = 20;
     constexpr int kTime = 10;
-    constexpr int kFirmware = 17;
+    constexpr int kFirmware = 16;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;
