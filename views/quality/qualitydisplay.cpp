@@ -44,7 +44,9 @@ void QualityDisplay::openWindow()
 {
     if (!m_window) {
         m_window = new QualityWindow(
-            {m_sources.access, &m_live, m_sources.moment, m_sources.nameOf}, m_button->window());
+            {{m_sources.access, &m_live, m_sources.moment, m_sources.isUnrecorded},
+             m_sources.nameOf},
+            m_button->window());
         m_window->setBarsShown(m_bars->areShown());
         m_window->setShown(m_shown);
         connect(m_window, &QualityWindow::barsShownChanged, m_bars, &OverviewQuality::setBarsShown);

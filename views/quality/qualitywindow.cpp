@@ -31,7 +31,7 @@ constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 QualityWindow::QualityWindow(const Sources& sources, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_model(new QualityModel(this))
-    , m_reading(new QualityReading(sources.access, sources.live, sources.moment, this))
+    , m_reading(new QualityReading(sources.reading, this))
     , m_reach(new QComboBox(this))
     , m_words(new QLabel(this))
     , m_note(new QLabel(this))
