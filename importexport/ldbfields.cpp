@@ -159,11 +159,6 @@ bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& setting
 
 QString fieldName(LdbField field)
 {
-    return fieldTitle(field).remove(QChar::SoftHyphen);
-}
-
-QString fieldTitle(LdbField field)
-{
     return Texts::tr(entryOf(field).name);
 }
 

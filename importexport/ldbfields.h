@@ -54,9 +54,6 @@ bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& setting
 
 /// The field's name, and its value as words, in the language in force.
 QString fieldName(LdbField field);
-/// The same as a title that may take several lines: with soft hyphens where the language wants
-/// them.
-QString fieldTitle(LdbField field);
 QString fieldValue(LdbField field, const LdbSettings& settings);
 
 /// What an LDB has after a factory reset. What tells one LDB from another, its name and its number

@@ -1,17 +1,14 @@
 #include "importexport/settingsexport.h"
 
-#include "importexport/settingscsv.h"
 #include "serial/link/seriallink.h"
 
 #include <QPointer>
-#include <QTextCodec>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-// Enough that the processor never waits for this thread between two LDBs.
-constexpr std::size_t kLdbsAhead = 8;
 constexpr int kCommandsAnLdb = 2;
 
 } // namespace
@@ -26,11 +23,16 @@ bool SettingsExport::begin(const QString& filePath)
     if (!openFile(filePath)) {
         return false;
     }
-    for (const QString& hexId : ldbs) {
-        m_entries.push_back({hexId, kCommandsAnLdb, std::nullopt, QString()});
+    m_entries.resize(static_cast<std::size_t>(ldbs.size()));
+    for (std::size_t index = 0; index < m_entries.size(); ++index) {
+        m_entries[index].reading.hexId = ldbs.at(static_cast<int>(index));
     }
     m_ldbCount = ldbs.size();
-    QMetaObject::invokeMethod(this, &SettingsExport::proceed, Qt::QueuedConnection);
+    m_reader = std::make_unique<SettingsReader>(
+        m_link, ldbs, SettingsReader::Extent::SettingsAndFirmware, SettingsReader::Lost::Skip);
+    connect(m_reader.get(), &SettingsReader::ldbRead, this, &SettingsExport::take);
+    connect(m_reader.get(), &SettingsReader::finished, this, &SettingsExport::processEnd);
+    QMetaObject::invokeMethod(m_reader.get(), &SettingsReader::start, Qt::QueuedConnection);
     expectReplies(kCommandsAnLdb * m_ldbCount);
     return true;
 }
@@ -42,101 +44,72 @@ bool SettingsExport::openFile(const QString& filePath)
         fail(QT_TR_NOOP("The file cannot be opened: %1"), m_file.errorString());
         return false;
     }
-    m_stream << settingscsv::fileHead();
-    flushFile();
+    m_writer = std::make_unique<SettingsFileWriter>(&m_file);
+    noteWritten(m_writer->writeHead());
     return !m_writeFailed;
 }
 
 QStringList SettingsExport::leftLdbs() const
 {
     QStringList left;
-    for (std::size_t index = m_nextToAsk; index < m_entries.size(); ++index) {
-        left.append(m_entries[index].hexId);
+    for (const Entry& entry : m_entries) {
+        if (!entry.isRead) {
+            left.append(entry.reading.hexId);
+        }
     }
     return left;
 }
 
-void SettingsExport::flushFile()
+void SettingsExport::proceed()
 {
-    m_stream.flush();
-    const bool written = m_stream.status() == QTextStream::Ok && m_file.flush();
-    if (!written && !std::exchange(m_writeFailed, true)) {
+    if (m_reader) {
+        m_reader->stop();
+    }
+}
+
+void SettingsExport::take(const LdbReading& reading)
+{
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& each) {
+        return each.reading.hexId == reading.hexId;
+    });
+    entry->reading = reading;
+    entry->isRead = true;
+    // One that another requester had asked already may come before its turn.
+    while (m_nextToWrite < m_entries.size() && m_entries[m_nextToWrite].isRead) {
+        writeEntry(m_entries[m_nextToWrite++].reading);
+    }
+    m_repliesLeft -= kCommandsAnLdb;
+    tellProgress();
+}
+
+void SettingsExport::processEnd()
+{
+    m_file.close();
+    end(m_failures.empty() ? Status::ExportFinished : Status::ExportFailed);
+}
+
+void SettingsExport::noteWritten(bool isWritten)
+{
+    if (!isWritten && !std::exchange(m_writeFailed, true)) {
         fail(QT_TR_NOOP("The file cannot be written: %1"), m_file.errorString());
     }
 }
 
-void SettingsExport::proceed()
+void SettingsExport::writeEntry(const LdbReading& reading)
 {
-    while (!m_isStopping && m_nextToAsk < m_entries.size() &&
-           m_nextToAsk - m_nextToWrite < kLdbsAhead) {
-        const std::size_t index = m_nextToAsk++;
-        Entry& entry = m_entries[index];
-        if (m_linkEnded || !m_link->isConnected(entry.hexId)) {
-            entry.isCut = m_linkEnded;
-            m_repliesLeft -= std::exchange(entry.repliesLeft, 0);
-            writeEntriesInTurn();
-            continue;
-        }
-        ask(index, std::make_unique<RequestCommand>(entry.hexId, LdbParameter::Settings),
-            [](Entry& asked, const QByteArray& answer) {
-                asked.settings = decodeLdbSettings(answer, asked.hexId);
-            });
-        ask(index, std::make_unique<ExecuteCommand>(entry.hexId, LdbAction::FirmwareId),
-            [](Entry& asked, const QByteArray& answer) {
-                asked.firmwareId = decodeFirmwareId(answer).value_or(QString());
-            });
+    if (reading.isUnsent) {
+        failLdb(reading.hexId, QT_TR_NOOP("the connection ended before its answer"));
+    } else if (!m_link->isConnected(reading.hexId)) {
+        failLdb(reading.hexId, QT_TR_NOOP("not connected"));
+    } else if (!reading.settings || reading.firmwareId.isEmpty()) {
+        failLdb(reading.hexId, QT_TR_NOOP("no answer"));
     }
-    const std::size_t last = m_isStopping ? m_nextToAsk : m_entries.size();
-    if (m_nextToWrite == last && !std::exchange(m_hasEnded, true)) {
-        m_file.close();
-        end(m_failures.empty() ? Status::ExportFinished : Status::ExportFailed);
-    }
-}
-
-void SettingsExport::ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
-                         void (*take)(Entry& entry, const QByteArray& answer))
-{
-    m_link->ask(std::move(command), this, [this, index, take](const Reply& reply) {
-        Entry& entry = m_entries[index];
-        entry.isCut = entry.isCut || reply.kind() == Reply::Kind::Unsent;
-        m_linkEnded = m_linkEnded || entry.isCut;
-        take(entry, reply.answer());
-        --entry.repliesLeft;
-        --m_repliesLeft;
-        writeEntriesInTurn();
-        const QPointer<SettingsExport> alive(this);
-        tellProgress();
-        if (alive) {
-            proceed();
-        }
-    });
-}
-
-void SettingsExport::writeEntriesInTurn()
-{
-    // An answer that another requester had asked for already may come before its turn.
-    while (m_nextToWrite < m_nextToAsk && m_entries[m_nextToWrite].repliesLeft == 0) {
-        writeEntry(m_entries[m_nextToWrite++]);
-    }
-}
-
-void SettingsExport::writeEntry(const Entry& entry)
-{
-    if (entry.isCut) {
-        failLdb(entry.hexId, QT_TR_NOOP("the connection ended before its answer"));
-    } else if (!m_link->isConnected(entry.hexId)) {
-        failLdb(entry.hexId, QT_TR_NOOP("not connected"));
-    } else if (!entry.settings || entry.firmwareId.isEmpty()) {
-        failLdb(entry.hexId, QT_TR_NOOP("no answer"));
-    }
-    if (!entry.settings) {
+    if (!reading.settings) {
         return;
     }
-    const QString line = settingscsv::settingsLine(*entry.settings, entry.firmwareId);
-    if (!QTextCodec::codecForLocale()->canEncode(line)) {
-        failLdb(entry.hexId, QT_TR_NOOP("the name has characters that the file cannot hold"));
+    if (!SettingsFileWriter::canHold(*reading.settings, reading.firmwareId)) {
+        failLdb(reading.hexId, QT_TR_NOOP("the name has characters that the file cannot hold"));
     }
-    m_stream << line;
-    flushFile();
-    m_done.append(entry.hexId);
+    noteWritten(m_writer->writeLine(*reading.settings, reading.firmwareId));
+    m_done.append(reading.hexId);
 }

@@ -1,16 +1,14 @@
 #pragma once
 
 #include "importexport/ldbtransfer.h"
-#include "serial/ldb/ldbsettings.h"
+#include "importexport/settingsfilewriter.h"
+#include "importexport/settingsreader.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTextStream>
 
 #include <memory>
-#include <optional>
-
-class ISerialCommand;
+#include <vector>
 
 /// Asks every known LDB for its settings and its firmware id and writes a line for each that gave
 /// its settings, in the order of the LDB list. What was written stays when it ends early.
@@ -25,32 +23,25 @@ public:
     QStringList leftLdbs() const override;
 
 protected:
-    /// Keeps some LDBs' commands at the processor: other users of the bus get their turn between
-    /// them.
     void proceed() override;
 
 private:
     struct Entry
     {
-        QString hexId;
-        int repliesLeft;
-        std::optional<LdbSettings> settings;
-        QString firmwareId;
-        bool isCut = false; ///< some command was never sent
+        LdbReading reading;
+        bool isRead = false;
     };
 
     bool openFile(const QString& filePath);
-    void ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
-             void (*take)(Entry& entry, const QByteArray& answer));
-    void writeEntriesInTurn();
-    void writeEntry(const Entry& entry);
-    void flushFile();
+    void take(const LdbReading& reading);
+    void processEnd();
+    void writeEntry(const LdbReading& reading);
+    void noteWritten(bool isWritten);
 
     QFile m_file;
-    QTextStream m_stream{&m_file};
+    std::unique_ptr<SettingsFileWriter> m_writer;
+    std::unique_ptr<SettingsReader> m_reader;
     std::vector<Entry> m_entries;
-    std::size_t m_nextToAsk = 0;
     std::size_t m_nextToWrite = 0;
     bool m_writeFailed = false;
-    bool m_hasEnded = false;
 };

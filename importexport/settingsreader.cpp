@@ -13,14 +13,16 @@ constexpr int kLdbsAhead = 8;
 
 } // namespace
 
-SettingsReader::SettingsReader(SerialLink* link, QStringList hexIds, Extent extent)
+SettingsReader::SettingsReader(SerialLink* link, QStringList hexIds, Extent extent, Lost lost)
     : m_link(link)
     , m_extent(extent)
+    , m_lost(lost)
     , m_left(hexIds.size())
 {
     for (const QString& hexId : qAsConst(hexIds)) {
         m_readings.push_back({hexId, std::nullopt, QString()});
     }
+    connect(link, &SerialLink::stopped, this, [this] { m_hasLinkEnded = true; });
 }
 
 void SettingsReader::start()
@@ -50,6 +52,12 @@ void SettingsReader::askNext()
     }
     const std::size_t index = m_nextToAsk++;
     LdbReading& reading = m_readings[index];
+    if (!isToBeAsked(reading)) {
+        // From the event loop, as all others are told.
+        QMetaObject::invokeMethod(
+            this, [this, index] { processLdb(m_readings[index]); }, Qt::QueuedConnection);
+        return;
+    }
     reading.left = m_extent == Extent::Settings ? 1 : 2;
     ask(index, std::make_unique<RequestCommand>(reading.hexId, LdbParameter::Settings),
         [](LdbReading& asked, const Reply& reply) {
@@ -61,6 +69,12 @@ void SettingsReader::askNext()
                 asked.firmwareId = decodeFirmwareId(reply.answer()).value_or(QString());
             });
     }
+}
+
+bool SettingsReader::isToBeAsked(LdbReading& reading) const
+{
+    reading.isUnsent = m_hasLinkEnded;
+    return !m_hasLinkEnded && (m_lost == Lost::Ask || m_link->isConnected(reading.hexId));
 }
 
 void SettingsReader::ask(std::size_t index, std::unique_ptr<ISerialCommand> command,

@@ -36,8 +36,17 @@ public:
         SettingsAndFirmware
     };
 
-    /// `link` outlives the reader.
-    SettingsReader(SerialLink* link, QStringList hexIds, Extent extent = Extent::Settings);
+    /// What becomes of an LDB that is lost when it has its turn.
+    enum class Lost
+    {
+        Ask,
+        Skip ///< it is not asked, and told as one without an answer
+    };
+
+    /// `link` outlives the reader. When the run ends, what is left is told as unsent: what begins
+    /// after it is another run, perhaps on another bus.
+    SettingsReader(SerialLink* link, QStringList hexIds, Extent extent = Extent::Settings,
+                   Lost lost = Lost::Ask);
 
     /// Begins; once. Without LDBs `finished()` comes all the same, from the event loop.
     void start();
@@ -58,6 +67,7 @@ signals:
 
 private:
     void askNext();
+    bool isToBeAsked(LdbReading& reading) const;
     void ask(std::size_t index, std::unique_ptr<ISerialCommand> command,
              void (*take)(LdbReading& reading, const Reply& reply));
     void processLdb(const LdbReading& reading);
@@ -65,6 +75,8 @@ private:
     SerialLink* m_link;
     std::vector<LdbReading> m_readings;
     const Extent m_extent;
+    const Lost m_lost;
+    bool m_hasLinkEnded = false;
     std::size_t m_nextToAsk = 0;
     int m_left;
     bool m_isStopping = false;

@@ -1364,7 +1364,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Détection de l&apos;ampli­ficateur</translation>
+        <translation>Détection de l&apos;amplificateur</translation>
     </message>
     <message>
         <source>Audio Mute</source>

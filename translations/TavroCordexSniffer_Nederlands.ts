@@ -1344,15 +1344,15 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Open Detection Delay</source>
-        <translation>Vertraging onder­brekings­detectie</translation>
+        <translation>Vertraging onderbrekingsdetectie</translation>
     </message>
     <message>
         <source>General Fault Output</source>
-        <translation>Algemene storings­uitgang</translation>
+        <translation>Algemene storingsuitgang</translation>
     </message>
     <message>
         <source>Earth Leakage Detection</source>
-        <translation>Aardlek­detectie</translation>
+        <translation>Aardlekdetectie</translation>
     </message>
     <message>
         <source>Earth Wire Open Detection</source>
@@ -1360,11 +1360,11 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>Start in Service Mode</source>
-        <translation>Starten in service­modus</translation>
+        <translation>Starten in servicemodus</translation>
     </message>
     <message>
         <source>Amplifier Detection</source>
-        <translation>Versterker­detectie</translation>
+        <translation>Versterkerdetectie</translation>
     </message>
     <message>
         <source>Audio Mute</source>

@@ -8,7 +8,7 @@
 #include "app/settingstable/tablewriting.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/settingscomparison.h"
-#include "importexport/settingscsv.h"
+#include "importexport/settingsfilewriter.h"
 #include "serial/ldb/busaddress.h"
 
 #include <QAction>
@@ -18,12 +18,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QRegularExpression>
 #include <QSaveFile>
+#include <QStyle>
 #include <QTableView>
-#include <QTextCodec>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -32,15 +35,13 @@ constexpr int kSearchWidth = 160;
 constexpr int kProgressWidth = 160;
 constexpr int kCellMargin = 6;
 
-constexpr int kHeaderLines = 4;
-
 /// How many letters a column is wide; the last one takes the rest.
 int lettersOf(int column)
 {
     constexpr int kNumber = 10;
     constexpr int kUsual = 13;
-    constexpr int kId = 10;
-    constexpr int kName = 27;
+    constexpr int kId = 11;   // beside the mark of the sorting
+    constexpr int kName = 27; // an edited one stands beside what it was
     constexpr int kTime = 10;
     constexpr int kFirmware = 19;
     switch (column) {
@@ -206,8 +207,6 @@ void SettingsTableWindow::buildTable()
                                                     static_cast<Qt::Alignment>(Qt::TextWordWrap));
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->setTabKeyNavigation(false); // Tab leaves the table
-    m_view->horizontalHeader()->setFixedHeight(kHeaderLines * fontMetrics().lineSpacing() +
-                                               kCellMargin);
     const int letter = fontMetrics().averageCharWidth();
     for (int column = 0; column < SettingsTableModel::StateColumn; ++column) {
         m_view->setColumnWidth(column, lettersOf(column) * letter);
@@ -238,6 +237,11 @@ void SettingsTableWindow::buildActions()
         m_writing->stop();
     });
     m_tools->addSeparator();
+    // Not at the end, where a narrow window hides what does not fit.
+    addAction("goOn", QStringLiteral("Ctrl+G"), [this] { goOn(); });
+    addAction("write", QStringLiteral("Ctrl+Return"),
+              [this] { preview(FormerSettings::Occasion::Write); });
+    m_tools->addSeparator();
     addAction("undo", QKeySequence::Undo, [this] { m_model->undoStack()->undo(); });
     addAction("redo", QKeySequence::Redo, [this] { m_model->undoStack()->redo(); });
     addAction("copy", QKeySequence::Copy, [this] { copy(); });
@@ -247,10 +251,6 @@ void SettingsTableWindow::buildActions()
     addAction("import", QKeySequence::Open, [this] { chooseImport(); });
     addAction("export", QKeySequence::Save, [this] { exportFile(); });
     addAction("former", QStringLiteral("Ctrl+H"), [this] { showFormer(); });
-    m_tools->addSeparator();
-    addAction("goOn", QStringLiteral("Ctrl+G"), [this] { goOn(); });
-    addAction("write", QStringLiteral("Ctrl+Return"),
-              [this] { preview(FormerSettings::Occasion::Write); });
     auto* search = new QAction(this);
     search->setShortcut(QKeySequence::Find);
     connect(search, &QAction::triggered, m_search, [this] { m_search->setFocus(); });
@@ -335,9 +335,38 @@ void SettingsTableWindow::retranslate()
          {tr("All LDB's"), tr("Only differing"), tr("Only changed")});
     m_view->setAccessibleName(tr("Settings of all LDB's"));
     m_model->retranslate();
+    fitHeads();
     m_import->show();
     showComparison();
     updateActions();
+}
+
+/// Each column takes the longest word of its title, and the header as many lines as they need.
+void SettingsTableWindow::fitHeads()
+{
+    QHeaderView* header = m_view->horizontalHeader();
+    // As the title of a column with selected cells stands.
+    QFont bold = header->font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    const int margin = 2 * (header->style()->pixelMetric(QStyle::PM_HeaderMargin) + 2);
+    // A line ends at a blank, or behind a hyphen.
+    static const QRegularExpression pieces(QStringLiteral(" |(?<=-)"));
+    int height = 0;
+    for (int column = 0; column < SettingsTableModel::ColumnCount; ++column) {
+        const QString title =
+            m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        int width = m_view->columnWidth(column);
+        for (const QString& word : title.split(pieces)) {
+            width = std::max(width, metrics.horizontalAdvance(word) + margin);
+        }
+        m_view->setColumnWidth(column, width);
+        const QRect room(0, 0, width - margin, QWIDGETSIZE_MAX);
+        height = std::max(
+            height, metrics.boundingRect(room, int{Qt::TextWordWrap} | int{Qt::AlignCenter}, title)
+                        .height());
+    }
+    header->setFixedHeight(height + kCellMargin);
 }
 
 void SettingsTableWindow::changeEvent(QEvent* event)
@@ -351,21 +380,29 @@ void SettingsTableWindow::changeEvent(QEvent* event)
 void SettingsTableWindow::exportFile()
 {
     filedialog::save(this, tr("Select File"), {}, false, [this](const QString& path) {
-        QString text = settingscsv::fileHead();
-        for (const TableRow& row : m_model->rows()) {
-            if (row.read || row.edits.size() >= kFileFields.size()) {
-                LdbSettings settings = row.shown();
-                settings.address = busaddress::fromHexId(row.hexId);
-                text += settingscsv::settingsLine(settings, row.firmwareId);
+        QSaveFile file(path);
+        bool isWritten = file.open(QIODevice::WriteOnly);
+        QStringList spoiled;
+        if (isWritten) {
+            SettingsFileWriter writer(&file);
+            isWritten = writer.writeHead();
+            for (const TableRow& row : m_model->rows()) {
+                if (row.read || row.edits.size() >= kFileFields.size()) {
+                    LdbSettings settings = row.shown();
+                    settings.address = busaddress::fromHexId(row.hexId);
+                    isWritten = isWritten && writer.writeLine(settings, row.firmwareId);
+                    if (!SettingsFileWriter::canHold(settings, row.firmwareId)) {
+                        spoiled.append(row.hexId);
+                    }
+                }
             }
         }
-        const QByteArray content = QTextCodec::codecForLocale()->fromUnicode(text);
-        QSaveFile file(path);
-        const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                               file.write(content) == content.size() && file.commit();
-        if (!isWritten) {
+        if (!isWritten || !file.commit()) {
             tell([] { return tr("The file cannot be written."); },
                  [error = file.errorString()] { return error; });
+        } else if (!spoiled.isEmpty()) {
+            tell([] { return tr("Names have characters that the file cannot hold."); },
+                 [spoiled] { return spoiled.join(QStringLiteral(", ")); });
         }
     });
 }

@@ -5,6 +5,7 @@
 #include "serial/ldb/busaddress.h"
 
 #include <QBrush>
+#include <QCoreApplication>
 #include <QFont>
 #include <QThread>
 #include <QUndoCommand>
@@ -12,6 +13,22 @@
 #include <algorithm>
 
 namespace {
+
+/// A field's name, shortened in some languages, for a column.
+QString headOf(LdbField field)
+{
+    constexpr const char* kHeads[] = {
+        QT_TRANSLATE_NOOP("TableHeads", "Name"),
+        QT_TRANSLATE_NOOP("TableHeads", "Number of FIM's"),
+        QT_TRANSLATE_NOOP("TableHeads", "Open Detection Delay"),
+        QT_TRANSLATE_NOOP("TableHeads", "General Fault Output"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Leakage Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Wire Open Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
+        QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
+    return QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+}
 
 QColor groundOf(FieldOutcome outcome)
 {
@@ -171,7 +188,7 @@ QVariant SettingsTableModel::headerData(int section, Qt::Orientation orientation
         return {};
     }
     if (const auto field = fieldOf(section)) {
-        return role == Qt::DisplayRole ? fieldTitle(*field) : fieldName(*field);
+        return role == Qt::ToolTipRole ? fieldName(*field) : headOf(*field);
     }
     switch (section) {
     case LdbColumn:

@@ -71,6 +71,7 @@ private:
                        const std::function<void()>& run);
     void follow();
     void retranslate();
+    void fitHeads();
     void updateActions();
     void showProgress(const QString& text, int left, int total);
     void updateStatus();

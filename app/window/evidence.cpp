@@ -152,6 +152,10 @@ void Evidence::showQuality(const Surroundings& around)
 {
     m_quality = new QualityDisplay(
         {m_control->access(), [recorder = m_control->recorder()] { return recorder->moment(); },
+         [link = around.link, control = m_control] {
+             return link->isRunning() && !(control->recorder()->isRecording() &&
+                                           control->access()->path() == control->folder());
+         },
          [link = around.link](const QString& hexId) {
              return link->nameOf(hexId);
          }},

@@ -27,6 +27,7 @@ struct Desk
 {
     Sandbox sandbox;
     qint64 now = kNoon.toMSecsSinceEpoch() * 1000 + 30 * kMinute;
+    bool isUnrecorded = false;
     LiveQuality live;
     RecordingAccess access{RecordingAccess::Thread::Callers};
 
@@ -58,7 +59,10 @@ struct Desk
     std::unique_ptr<QualityWindow> open()
     {
         auto window = std::make_unique<QualityWindow>(
-            QualityWindow::Sources{&access, &live, [this] { return now; },
+            QualityWindow::Sources{{&access, &live, [this] { return now; },
+                                    [this] {
+                                        return isUnrecorded;
+                                    }},
                                    [](const QString& hexId) {
                                        return "Hall " + hexId;
                                    }},
@@ -137,7 +141,12 @@ private slots:
         QCOMPARE(back.row(0), QString("Bus||600|100 %|0 %|0 %|0 %|31.0 ms|31.0 ms"));
         QCOMPARE(back.words,
                  QString("The line is good: no more than one exchange in a thousand was not."));
-        QVERIFY(back.note.contains("2026-03-04 12:15:00"));
+        QVERIFY(back.note.contains("2026-03-04 12:15"));
+        // The minute under way counts what comes only later: the first damage is in it.
+        window->setShown(desk.now - 9 * kMinute - 30 * kSecond);
+        Desk::settle();
+        QCOMPARE(Shown(*window).words, back.words);
+        QVERIFY(Shown(*window).note.contains("2026-03-04 12:20"));
         window->setShown(std::nullopt);
         Desk::settle();
         QVERIFY(Shown(*window).row(1).startsWith("2B|"));
@@ -151,6 +160,23 @@ private slots:
         const Shown now(*window);
         QCOMPARE(now.row(1), QString("2B|Hall 2B|150|66.67 %|33.33 %|0 %|0 %|\u2013|\u2013"));
         QVERIFY(now.note.startsWith("Nothing is recorded"));
+    }
+
+    void whatIsNotRecordedNowIsCounted()
+    {
+        Desk desk;
+        desk.isUnrecorded = true;
+        const auto window = desk.open();
+        QVERIFY(Shown(*window).note.startsWith("Nothing is recorded"));
+        QVERIFY(Shown(*window).row(1).endsWith(QString::fromUtf8("\xE2\x80\x93")));
+        // What lies back is in the recording all the same, and so is what follows.
+        window->setShown(desk.now - 15 * kMinute);
+        Desk::settle();
+        QVERIFY(Shown(*window).row(1).endsWith("31.0 ms"));
+        window->setShown(std::nullopt);
+        desk.isUnrecorded = false;
+        VirtualTime::current()->advance(6000);
+        QVERIFY(Shown(*window).row(1).endsWith("31.0 ms"));
     }
 
     void aSelectedLdbStaysSelected()
@@ -215,7 +241,7 @@ private slots:
         QVERIFY(pixels(1, colours::kQualityBad) > 50);
         QVERIFY(pixels(1, colours::kQualityGood) > 10); // of before
 
-        bars->setShown(desk.now - 15 * kMinute);
+        bars->setShown(desk.now - 9 * kMinute - 30 * kSecond);
         Desk::settle();
         QCOMPARE(pixels(1, colours::kQualityBad), 0);
         QVERIFY(pixels(1, colours::kQualityGood) > 50);

@@ -3,10 +3,8 @@
 #include "serial/ldb/generalinformation.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -104,7 +102,7 @@ QString linequality::sharesText(const QualityCounts& counts)
 {
     return QCoreApplication::translate(
                "LineQuality", "%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed")
-        .arg(QLocale().toString(counts.asked), shareText(counts.good, counts.asked),
+        .arg(QString::number(counts.asked), shareText(counts.good, counts.asked),
              shareText(counts.damaged, counts.asked), shareText(counts.silent, counts.asked),
              shareText(counts.unbelieved(), counts.asked));
 }

@@ -2,6 +2,7 @@
 
 #include "app/shared/usersettings.h"
 #include "recording/recordingaccess.h"
+#include "views/quality/qualityhistory.h"
 #include "views/quality/qualitystrip.h"
 #include "views/tables/overviewcolumns.h"
 
@@ -17,8 +18,15 @@ namespace {
 constexpr int kRefreshInterval = 5000; // ms
 constexpr qint64 kMinute = 60 * 1000000LL;
 constexpr int kBars = 15;
-constexpr int kHeight = 3; // pixels: a line of text keeps its room
-constexpr int kMargin = 4; // to the sides and, for the mark of the selected row, below
+constexpr int kHeight = 3;     // pixels: a line of text keeps its room
+constexpr int kSideMargin = 4; // pixels
+constexpr int kBelow = 2;      // for the mark of the selected row
+
+/// Of the first bar. The minute under way is the last one.
+qint64 beginOf(qint64 end)
+{
+    return wholeMinutes(end - 1) - (kBars - 1) * kMinute;
+}
 
 } // namespace
 
@@ -55,6 +63,9 @@ void OverviewQuality::setBarsShown(bool areShown)
 void OverviewQuality::setShown(std::optional<qint64> at)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    if (at) {
+        at = wholeMinutes(*at);
+    }
     if (at != m_shown) {
         m_shown = at;
         refresh();
@@ -67,7 +78,7 @@ void OverviewQuality::refresh()
         return;
     }
     const qint64 end = m_shown.value_or(m_moment());
-    const TimeSpan span{end - end % kMinute - (kBars - 1) * kMinute, end};
+    const TimeSpan span{beginOf(end), end};
     if (!m_shown) {
         take(end, m_live->minutes(span));
         return;
@@ -91,7 +102,7 @@ void OverviewQuality::refresh()
 
 void OverviewQuality::take(qint64 end, const std::vector<RecordedMinute>& minutes)
 {
-    const qint64 first = end - end % kMinute - (kBars - 1) * kMinute;
+    const qint64 first = beginOf(end);
     m_bars.clear();
     for (const RecordedMinute& minute : minutes) {
         std::vector<QualityBar>& bars = m_bars[minute.hexId];
@@ -116,11 +127,8 @@ void OverviewQuality::paint(QPainter* painter, const QStyleOptionViewItem& optio
     if (!m_areShown || bars == m_bars.constEnd()) {
         return;
     }
-    const QRect place(option.rect.left() + kMargin,
-                      option.rect.bottom() + 1 - kMargin - kHeight + 1,
-                      option.rect.width() - 2 * kMargin, kHeight);
-    // A frame in the ground's colour tells the bars from any colour of a fault below them.
-    painter->fillRect(place.adjusted(-1, -1, 1, 1), option.palette.color(QPalette::Base));
+    const QRect place(option.rect.left() + kSideMargin, option.rect.bottom() + 1 - kBelow - kHeight,
+                      option.rect.width() - 2 * kSideMargin, kHeight);
     qualitystrip::paint(*painter, place, *bars, true);
 }
 

@@ -18,10 +18,17 @@ QualityDisplay::QualityDisplay(Sources sources, QTableView* overview, QWidget* b
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_button->setObjectName(QStringLiteral("lineQualityButton"));
+    // As high as its neighbours: every line of the window is taken.
+    m_button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     bar->layout()->addWidget(m_button);
     connect(m_button, &QAbstractButton::clicked, this, &QualityDisplay::openWindow);
     m_button->installEventFilter(this);
     retranslate();
+}
+
+QualityDisplay::~QualityDisplay()
+{
+    delete m_window; // it reads from what goes now
 }
 
 void QualityDisplay::setShown(std::optional<qint64> at)
@@ -37,7 +44,9 @@ void QualityDisplay::openWindow()
 {
     if (!m_window) {
         m_window = new QualityWindow(
-            {m_sources.access, &m_live, m_sources.moment, m_sources.nameOf}, m_button->window());
+            {{m_sources.access, &m_live, m_sources.moment, m_sources.isUnrecorded},
+             m_sources.nameOf},
+            m_button->window());
         m_window->setBarsShown(m_bars->areShown());
         m_window->setShown(m_shown);
         connect(m_window, &QualityWindow::barsShownChanged, m_bars, &OverviewQuality::setBarsShown);

@@ -22,12 +22,14 @@ public:
     struct Sources
     {
         RecordingAccess* access = nullptr;
-        std::function<qint64()> moment; ///< the present: UTC, µs since 1970
+        std::function<qint64()> moment;     ///< the present: UTC, µs since 1970
+        std::function<bool()> isUnrecorded; ///< as in `QualityReading::Sources`
         std::function<QString(const QString& hexId)> nameOf;
     };
     /// `bar` stands above the overview and takes the button. The widgets may die first, the
     /// sources outlive this object.
     QualityDisplay(Sources sources, QTableView* overview, QWidget* bar, QObject* parent);
+    ~QualityDisplay() override;
 
     /// What counts the present; it takes what the serial link tells.
     LiveQuality* live() { return &m_live; }

@@ -9,6 +9,13 @@
 #include <utility>
 #include <vector>
 
+/// The last whole minute that was over at a moment: what a recording has counted up to then. The
+/// minute under way counts what comes later, too.
+constexpr qint64 wholeMinutes(qint64 at)
+{
+    return at - at % (60 * 1000000LL);
+}
+
 /// How far back the quality of the line is looked at.
 enum class QualityReach : int
 {

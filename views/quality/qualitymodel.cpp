@@ -5,7 +5,6 @@
 
 #include <QFont>
 #include <QHash>
-#include <QLocale>
 
 #include <utility>
 
@@ -92,7 +91,7 @@ QString QualityModel::text(const LineQuality& line, int column) const
     case NameColumn:
         return line.hexId.isEmpty() || !m_nameOf ? QString() : m_nameOf(line.hexId).simplified();
     case AskedColumn:
-        return QLocale().toString(counts.asked);
+        return QString::number(counts.asked);
     case GoodColumn:
         return share(counts.good);
     case DamagedColumn:

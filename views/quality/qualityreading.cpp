@@ -29,12 +29,9 @@ Flights flightsIn(RecordingReader& reader, TimeSpan span)
 
 } // namespace
 
-QualityReading::QualityReading(RecordingAccess* access, const LiveQuality* live,
-                               std::function<qint64()> moment, QObject* parent)
+QualityReading::QualityReading(Sources sources, QObject* parent)
     : QObject(parent)
-    , m_access(access)
-    , m_live(live)
-    , m_moment(std::move(moment))
+    , m_sources(std::move(sources))
 {
     m_refresh.setInterval(kRefreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &QualityReading::refresh);
@@ -45,12 +42,7 @@ QualityReading::QualityReading(RecordingAccess* access, const LiveQuality* live,
             refreshPaced();
         }
     });
-    connect(m_access, &RecordingAccess::pathChanged, this, &QualityReading::restart);
-}
-
-bool QualityReading::isRecorded() const
-{
-    return !m_access->path().isEmpty();
+    connect(m_sources.access, &RecordingAccess::pathChanged, this, &QualityReading::restart);
 }
 
 void QualityReading::setReach(QualityReach reach)
@@ -63,6 +55,9 @@ void QualityReading::setReach(QualityReach reach)
 void QualityReading::setShown(std::optional<qint64> at)
 {
     Q_ASSERT(QThread::currentThread() == thread());
+    if (at) {
+        at = wholeMinutes(*at);
+    }
     if (at == m_shown) {
         return;
     }
@@ -115,7 +110,12 @@ void QualityReading::restart()
 void QualityReading::refresh()
 {
     if (!m_isAsked) {
-        m_history.setEnd(m_reach, m_shown.value_or(m_moment()));
+        const bool isRecorded =
+            !m_sources.access->path().isEmpty() && (m_shown || !m_sources.isUnrecorded());
+        if (isRecorded != std::exchange(m_isRecorded, isRecorded)) {
+            m_history.clear();
+        }
+        m_history.setEnd(m_reach, m_shown.value_or(m_sources.moment()));
         readNext();
     }
 }
@@ -123,9 +123,9 @@ void QualityReading::refresh()
 void QualityReading::readNext()
 {
     while (const auto need = m_history.need()) {
-        if (!isRecorded()) {
+        if (!m_isRecorded) {
             need->isFlights ? m_history.take(*need, Flights())
-                            : m_history.take(*need, m_live->minutes(need->span));
+                            : m_history.take(*need, m_sources.live->minutes(need->span));
             continue;
         }
         m_isAsked = true;
@@ -137,12 +137,12 @@ void QualityReading::readNext()
             }
         };
         if (need->isFlights) {
-            m_access->ask(
+            m_sources.access->ask(
                 this,
                 [span = need->span](RecordingReader& reader) { return flightsIn(reader, span); },
                 answered);
         } else {
-            m_access->ask(
+            m_sources.access->ask(
                 this,
                 [need = *need](RecordingReader& reader) {
                     return reader.minutes({}, need.span, need.each);

@@ -18,9 +18,16 @@ class QualityReading : public QObject
 {
     Q_OBJECT
 public:
-    /// What it reads from outlives it. `moment` gives the present: UTC, µs since 1970.
-    QualityReading(RecordingAccess* access, const LiveQuality* live, std::function<qint64()> moment,
-                   QObject* parent = nullptr);
+    struct Sources
+    {
+        RecordingAccess* access = nullptr;
+        const LiveQuality* live = nullptr;
+        std::function<qint64()> moment; ///< the present: UTC, µs since 1970
+        /// Whether what is heard now gets into no recording, or not into the one that is read.
+        std::function<bool()> isUnrecorded;
+    };
+    /// The sources outlive it.
+    explicit QualityReading(Sources sources, QObject* parent = nullptr);
 
     void setReach(QualityReach reach);
     /// The moment that is shown instead of the present. May come many times a second.
@@ -32,8 +39,8 @@ public:
     bool isOn() const { return m_refresh.isActive(); }
     /// Whether more is being read.
     bool isReading() const { return m_isAsked; }
-    /// Whether there is a recording to read from.
-    bool isRecorded() const;
+    /// Whether what is shown is read from a recording.
+    bool isRecorded() const { return m_isRecorded; }
 
 signals:
     /// There is more, or other, to be shown.
@@ -45,9 +52,8 @@ private:
     void readNext();
     void restart();
 
-    RecordingAccess* m_access;
-    const LiveQuality* m_live;
-    std::function<qint64()> m_moment;
+    Sources m_sources;
+    bool m_isRecorded = false;
     std::optional<qint64> m_shown;
     QualityReach m_reach = QualityReach::Now;
     QualityHistory m_history;

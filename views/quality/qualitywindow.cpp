@@ -19,9 +19,10 @@
 namespace {
 
 constexpr int kRefreshDelay = 100; // ms
-constexpr int kWidth = 1060;
+constexpr int kWidth = 1200;
 constexpr int kHeight = 560;
-constexpr int kNameWidth = 150;
+constexpr int kNameWidth = 140;
+constexpr int kRowMargin = 8;   // above and below a text, together
 constexpr int kCellMargin = 12; // pixels beside a text
 constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
@@ -30,7 +31,7 @@ constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 QualityWindow::QualityWindow(const Sources& sources, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_model(new QualityModel(this))
-    , m_reading(new QualityReading(sources.access, sources.live, sources.moment, this))
+    , m_reading(new QualityReading(sources.reading, this))
     , m_reach(new QComboBox(this))
     , m_words(new QLabel(this))
     , m_note(new QLabel(this))
@@ -83,6 +84,7 @@ void QualityWindow::build()
     m_view->setTabKeyNavigation(false);
     m_view->setWordWrap(false);
     m_view->verticalHeader()->hide();
+    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMargin);
     m_view->horizontalHeader()->setStretchLastSection(true);
     m_view->horizontalHeader()->setHighlightSections(false);
 
@@ -154,10 +156,10 @@ QString QualityWindow::noteText() const
 {
     QStringList sentences;
     if (m_shown) {
-        sentences.append(
-            tr("Recorded: up to %1.")
-                .arg(QDateTime::fromMSecsSinceEpoch(*m_shown / kMicrosecondsPerMillisecond)
-                         .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))));
+        sentences.append(tr("Recorded: up to %1.")
+                             .arg(QDateTime::fromMSecsSinceEpoch(wholeMinutes(*m_shown) /
+                                                                 kMicrosecondsPerMillisecond)
+                                      .toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
     }
     if (!m_reading->isRecorded()) {
         sentences.append(tr("Nothing is recorded: what was counted within the last hour is shown, "

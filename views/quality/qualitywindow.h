@@ -23,9 +23,7 @@ class QualityWindow : public QWidget
 public:
     struct Sources
     {
-        RecordingAccess* access = nullptr;
-        const LiveQuality* live = nullptr;
-        std::function<qint64()> moment; ///< the present: UTC, µs since 1970
+        QualityReading::Sources reading;
         std::function<QString(const QString& hexId)> nameOf;
     };
     /// What it reads from outlives it.
