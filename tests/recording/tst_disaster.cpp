@@ -33,7 +33,7 @@ private slots:
             QProcess program;
             program.start(VICTIM, {folder, QString::number(begun)});
             int told = begun;
-            for (unsigned waits = 1 + chance() % 5; waits > 0; --waits) {
+            for (auto waits = 1 + chance() % 5; waits > 0; --waits) {
                 QVERIFY(program.waitForReadyRead(60000));
                 while (program.canReadLine()) {
                     told = program.readLine().trimmed().toInt();

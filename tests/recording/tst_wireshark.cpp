@@ -36,11 +36,11 @@ private slots:
         QTemporaryDir folder;
         QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755)));
         const auto file = [&folder](const char* name, const QByteArray& content) {
-            QFile file(folder.filePath(name));
-            const bool isDone = file.open(QIODevice::WriteOnly) &&
-                                file.write(content) == content.size() &&
-                                file.setPermissions(QFile::Permissions(0x6644));
-            return isDone ? file.fileName() : QString();
+            QFile readable(folder.filePath(name));
+            const bool isDone = readable.open(QIODevice::WriteOnly) &&
+                                readable.write(content) == content.size() &&
+                                readable.setPermissions(QFile::Permissions(0x6644));
+            return isDone ? readable.fileName() : QString();
         };
         const QString captureFile = file("visit.pcapng", capture);
         const QString script =
