@@ -59,7 +59,7 @@ QString foldedText(const RecordedEvent& event)
 QString flappedText(const RecordedEvent& event)
 {
     QString text = Texts::tr("%1: %n times in %2", nullptr, event.count)
-                             .arg(foldedText(event), durationText(event.at - event.since));
+                       .arg(foldedText(event), durationText(event.at - event.since));
     switch (static_cast<EventKind>(event.before.toInt())) {
     case EventKind::ModeChanged:
         return text;

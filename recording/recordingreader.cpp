@@ -176,9 +176,8 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
 
 std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
 {
-    return collect(span, &Exchange::sentAt, [&](RecordingSource& source) {
-        return source.exchanges({}, span, -1, kind);
-    });
+    return collect(span, &Exchange::sentAt,
+                   [&](RecordingSource& source) { return source.exchanges({}, span, -1, kind); });
 }
 
 std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeSpan span, int each)
@@ -241,9 +240,8 @@ std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
 
 std::vector<RecordedRound> RecordingReader::rounds(TimeSpan span, int limit)
 {
-    return collectLast(span, limit, &RecordedRound::at, [&](RecordingSource& source) {
-        return source.rounds(span, limit);
-    });
+    return collectLast(span, limit, &RecordedRound::at,
+                       [&](RecordingSource& source) { return source.rounds(span, limit); });
 }
 
 std::vector<RecordedList> RecordingReader::lists(TimeSpan span)

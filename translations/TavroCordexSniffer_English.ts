@@ -174,6 +174,23 @@
     </message>
 </context>
 <context>
+    <name>RecordedWork</name>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation>
+            <numerusform>%1: %n FIM counted</numerusform>
+            <numerusform>%1: %n FIM&apos;s counted</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation>
+            <numerusform>%1: %n FIM counted, connected</numerusform>
+            <numerusform>%1: %n FIM&apos;s counted, connected</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SetValueDialog</name>
     <message numerus="yes">
         <source>Set for %n LDB(s)</source>
@@ -262,6 +279,44 @@
         <translation>
             <numerusform>%n left out...</numerusform>
             <numerusform>%n left out...</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation>
+            <numerusform>%1, %n time</numerusform>
+            <numerusform>%1, %n times</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation>
+            <numerusform>%n LDB was found.</numerusform>
+            <numerusform>%n LDB&apos;s were found.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation>
+            <numerusform>%n exchange from %1 to %2 is not recorded.</numerusform>
+            <numerusform>%n exchanges from %1 to %2 are not recorded.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation>
+            <numerusform>The LDB was told to have %n FIM.</numerusform>
+            <numerusform>The LDB was told to have %n FIM&apos;s.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation>
+            <numerusform>%n LDB answered every question at once.</numerusform>
+            <numerusform>%n LDB&apos;s answered every question at once.</numerusform>
         </translation>
     </message>
 </context>

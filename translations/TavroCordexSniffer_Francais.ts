@@ -476,6 +476,382 @@ maintenance</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation>Dernière heure</translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation>Défauts</translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation>non terminé</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Événement</translation>
+    </message>
+</context>
+<context>
+    <name>Evidence</name>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation>LDB %1 perdu</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation>la connexion à %1 a été perdue</translation>
+    </message>
+    <message>
+        <source>No Recording</source>
+        <translation>Aucun enregistrement</translation>
+    </message>
+    <message>
+        <source>There is no recording that can be read in %1.</source>
+        <translation>Il n&apos;y a aucun enregistrement lisible dans %1.</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation>Rien n&apos;a encore été enregistré.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation>%1 n&apos;a pas pu être ouvert.</translation>
+    </message>
+    <message>
+        <source>Evidence is being written. The file will be missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the &amp;Visit...</source>
+        <translation>Rapport de la &amp;visite...</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation>&amp;Emporter les preuves...</translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation>&amp;Copier cette visite...</translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation>En&amp;registrement...</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Tous les LDB</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui, %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation>Cette &amp;visite&#xa0;: depuis le premier démarrage d&apos;aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>La fin de la période est avant son début.</translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation>Emporter les preuves</translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation>Où va la copie</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>Écriture de %1</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation>Arrêté&#xa0;: %1 n&apos;est pas complet, ou n&apos;a pas été écrit.</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Quoi</translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation>&amp;Journal (CSV), comme il aurait été écrit au fil du temps</translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation>De&#xa0;:</translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation>toutes les&#xa0;:</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Secondes entre deux enregistrements d&apos;un LDB&#xa0;; à 0, chaque enregistrement est écrit</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation>Évé&amp;nements (CSV)</translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation>Chaque &amp;octet sur le bus, pour Wireshark (pcapng)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation>&amp;Copie de l&apos;enregistrement de ces jours, pour revoir dans ce programme</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Quand</translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation>La dernière &amp;heure</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation>&amp;De, à&#xa0;:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Enregistrer...</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>Arrê&amp;ter</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation>Une autre installation est utilisée maintenant.</translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1019,6 +1395,17 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
 </context>
 <context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation>Aller à un moment</translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation>&amp;Moment à afficher :</translation>
+    </message>
+</context>
+<context>
     <name>Hindrance</name>
     <message>
         <source>Nothing is monitored: click Start first.</source>
@@ -1059,6 +1446,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
+    </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation>Vous regardez en arrière : revenez d&apos;abord au direct (Échap).</translation>
     </message>
 </context>
 <context>
@@ -2257,6 +2648,14 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <source>Table...</source>
         <translation>Tableau...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation>Ce qui a été enregistré&#xa0;: l&apos;emporter</translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation>Preuves</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2306,6 +2705,29 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>&amp;Forward</source>
         <translation>Sui&amp;vant</translation>
+    </message>
+</context>
+<context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation>Repère</translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Définir</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -2407,6 +2829,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     <message>
         <source>no serial port is chosen</source>
         <translation>aucun port série n&apos;est choisi</translation>
+    </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation>cela n&apos;a pas été enregistré</translation>
     </message>
 </context>
 <context>
@@ -2817,6 +3243,65 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation>rien n&apos;a été enregistré depuis %1</translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation>le bus était en cours de balayage</translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation>aucun LDB ne répondait</translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation>non surveillé depuis %1</translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation>pas encore surveillé</translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation>Enregistré : %1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>Pause (Espace)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>Lecture (Espace)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation>Retour au direct</translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation>Afficher ce qui est maintenant (Échap)</translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation>maintenant : %1</translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation>%1 ; retour au direct</translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2853,10 +3338,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Lost</source>
         <translation>Perdu</translation>
-    </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Mode, maintenant %1</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
@@ -2964,6 +3445,131 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>%1 d %2 h</source>
         <translation>%1 j %2 h</translation>
     </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation>ouvert</translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation>court-circuit</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>connecté</translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation>%1 : non suivi</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation>
+            <numerusform>%1 : %n FIM compté</numerusform>
+            <numerusform>%1 : %n FIM comptés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation>
+            <numerusform>%1 : %n FIM compté, connecté</numerusform>
+            <numerusform>%1 : %n FIM comptés, connecté</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation>%1 : %2, approximativement au FIM %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation>%1 : %2 -&gt; %3, %4</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>vérifié</translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation>accepté, non vérifié</translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation>refusé par le LDB</translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation>sans réponse, non vérifié</translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation>le LDB a une autre valeur</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>laissé tel quel</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>non envoyé</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Mise en service</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Côté primaire</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Côté secondaire</translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation>côté primaire approximativement au FIM %1</translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation>côté secondaire approximativement au FIM %1</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>Fuite CC de la boucle</translation>
+    </message>
 </context>
 <context>
     <name>RecordingExport</name>
@@ -2986,6 +3592,125 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>After</source>
         <translation>Après</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation>Dossier des enregistrements</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation>Les jours à conserver n&apos;ont pas pu être notés. Ils peuvent être supprimés quand ils seront anciens.</translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation>&amp;Enregistrer tout pendant que le bus est surveillé</translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation>&amp;Dossier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation>À côté de ce qui est mémorisé de l&apos;installation</translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation>Les enregistrements s&apos;y trouvent sous l&apos;installation&#xa0;; ce qui a été enregistré avant reste où il est</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Parcourir...</translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation>&amp;Jours conservés&#xa0;:</translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation>Ce qui est plus ancien est supprimé par jours entiers</translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation>Conserver au &amp;plus&#xa0;:</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation> Go</translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation>Par installation. S&apos;il y en a plus, les jours les plus anciens sont supprimés</translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation>Jours e&amp;nregistrés&#xa0;; ceux cochés sont conservés quels que soient leur âge et leur taille&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation>Conserver le jour</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Taille</translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation>Jours enregistrés</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation>Enregistrement désactivé</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: c&apos;est désactivé dans les paramètres.</translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation>Non enregistré&#xa0;!</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation>Tout ce qui passe sur le bus est enregistré. Cliquez pour ouvrir le dossier.
+%1</translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation>Pas d&apos;enregistrement</translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation>Ce qui se passe sur le bus est enregistré dès qu&apos;il est surveillé. Cliquez pour ouvrir le dossier.
+%1</translation>
     </message>
 </context>
 <context>
@@ -3037,6 +3762,137 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWindow</name>
+    <message>
+        <source>Printed.</source>
+        <translation>Imprimé.</translation>
+    </message>
+    <message>
+        <source>It could not be printed.</source>
+        <translation>L&apos;impression a échoué.</translation>
+    </message>
+    <message>
+        <source>This visit: since %1, today&apos;s first start</source>
+        <translation>Cette visite : depuis %1, premier démarrage du jour</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>La fin de la période est avant son début.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Lecture de l&apos;enregistrement...</translation>
+    </message>
+    <message>
+        <source>Making the pages...</source>
+        <translation>Création des pages...</translation>
+    </message>
+    <message>
+        <source>Save the Report as PDF</source>
+        <translation>Enregistrer le rapport en PDF</translation>
+    </message>
+    <message>
+        <source>Save the Report as HTML</source>
+        <translation>Enregistrer le rapport en HTML</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>Écriture de %1</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Report of the Visit</source>
+        <translation>Rapport de la visite</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 n&apos;a pas pu être écrit.</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Impression...</translation>
+    </message>
+    <message>
+        <source>&amp;Time:</source>
+        <translation>&amp;Période :</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;De :</translation>
+    </message>
+    <message>
+        <source>T&amp;o:</source>
+        <translation>&amp;À :</translation>
+    </message>
+    <message>
+        <source>&amp;Engineer:</source>
+        <translation>&amp;Technicien :</translation>
+    </message>
+    <message>
+        <source>&amp;Customer&apos;s reference:</source>
+        <translation>Référence du &amp;client :</translation>
+    </message>
+    <message>
+        <source>Re&amp;marks:</source>
+        <translation>Re&amp;marques :</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>Papie&amp;r :</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start</source>
+        <translation>Cette visite : depuis le premier démarrage du jour</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>From, to</source>
+        <translation>De, à</translation>
+    </message>
+    <message>
+        <source>&amp;Settings of all LDB&apos;s as an appendix</source>
+        <translation>Paramètre&amp;s de tous les LDB en annexe</translation>
+    </message>
+    <message>
+        <source>Those that were read in this time. &quot;Settings of all LDB&apos;s&quot; reads them all</source>
+        <translation>Ceux qui ont été lus pendant cette période. « Paramètres de tous les LDB » les lit tous</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation>Actualis&amp;er</translation>
+    </message>
+    <message>
+        <source>Reads the recording again (F5)</source>
+        <translation>Relit l&apos;enregistrement (F5)</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>Enregistrer en PD&amp;F...</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML...</source>
+        <translation>Enregistrer en &amp;HTML...</translation>
+    </message>
+    <message>
+        <source>Pri&amp;nt...</source>
+        <translation>&amp;Imprimer...</translation>
+    </message>
+    <message>
+        <source>Pages of the report</source>
+        <translation>Pages du rapport</translation>
     </message>
 </context>
 <context>
@@ -3175,6 +4031,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installation...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation>Si ce qui se passe sur le bus est enregistré, où, et combien de temps</translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation>E&amp;nregistrement...</translation>
     </message>
 </context>
 <context>
@@ -3566,6 +4430,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Stay</source>
         <translation>Rester</translation>
     </message>
+    <message>
+        <source>Names have characters that the file cannot hold.</source>
+        <translation>Des noms ont des caractères que le fichier ne peut pas contenir.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>
@@ -3839,6 +4707,45 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
 </context>
 <context>
+    <name>TableHeads</name>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Nombre de FIM</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Délai de détection de coupure</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Sortie de défaut général</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Détection de fuite à la terre</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Détection de coupure du fil de terre</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Démarrer en mode maint.</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Détection de l&apos;ampli</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio coupé</translation>
+    </message>
+</context>
+<context>
     <name>TableImport</name>
     <message>
         <source>Import of %1</source>
@@ -3874,6 +4781,519 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>LDB %1: what fault finding has changed is being put back.</source>
         <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation>Direct</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation>Rien n&apos;est encore enregistré.</translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation>Retour à ce qui est maintenant (Échap)</translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation>LDB %1 :</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation>Temps enregistré</translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Page %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvert</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Court-circuit</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Terre</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Amplificateur</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Côté primaire</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Côté secondaire</translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation>Le bus n&apos;était pas surveillé de %1 à %2 (%3).</translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation>%1, apparu et disparu entre deux observations</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation>
+            <numerusform>%1, %n fois</numerusform>
+            <numerusform>%1, %n fois</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>inconnu</translation>
+    </message>
+    <message>
+        <source>before %1</source>
+        <translation>avant %1</translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation>toujours présent</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <translation>au moins %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <translation>au plus %1</translation>
+    </message>
+    <message>
+        <source>a save</source>
+        <translation>un enregistrement</translation>
+    </message>
+    <message>
+        <source>a writing of the table</source>
+        <translation>une écriture du tableau</translation>
+    </message>
+    <message>
+        <source>an import</source>
+        <translation>une importation</translation>
+    </message>
+    <message>
+        <source>a put back</source>
+        <translation>une restauration</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>non suivi</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation>non terminé</translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation>%1, approximativement au FIM %2</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation>Rien n&apos;est enregistré pour cette période.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation>
+            <numerusform>%n LDB a été trouvé.</numerusform>
+            <numerusform>%n LDB ont été trouvés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation>Aucun LDB n&apos;a de défaut actuellement.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation>LDB avec un défaut actuellement (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation>LDB gardant en mémoire un défaut disparu (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation>Aucun LDB n&apos;est perdu.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation>LDB perdus (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s in service mode (%1): %2.</source>
+        <translation>LDB en mode maintenance (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
+        <translation>LDB dont les paramètres sont à vérifier (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation>Connus de cette installation et non trouvés : %1.</translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation>Trouvés et jamais entendus : %1.</translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation>Perdus, et donc sans valeurs : %1.</translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation>Entendus pour la dernière fois avant cette période : %1.</translation>
+    </message>
+    <message>
+        <source>Last heard more than 5 minutes before the end: %1.</source>
+        <translation>Entendus pour la dernière fois plus de 5 minutes avant la fin : %1.</translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation>Dans la liste un certain temps seulement : %1.</translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation>Sans ID de firmware confirmé : %1.</translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation>Paramètres non lus pendant cette période : %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation>
+            <numerusform>%n échange de %1 à %2 n&apos;est pas enregistré.</numerusform>
+            <numerusform>%n échanges de %1 à %2 ne sont pas enregistrés.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation>%1 ms, au plus %2 ms</translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation>Qualité de la ligne : rien n&apos;a été demandé.</translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation>Qualité de la ligne : bonne. Sur %1 questions, %2 ont reçu une bonne réponse.</translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation>Qualité de la ligne : mauvaise. Sur %1 questions, %2 ont reçu une bonne réponse.</translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation>Courant primaire</translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation>Courant secondaire</translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation>Rapport de la visite</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>code of this language</comment>
+        <translation>fr</translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation>Lieu et date</translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation>Technicien</translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation>Client</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installation</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Lieu</translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation>Référence du client</translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Remarques</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Résumé</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation>Non entendu</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation>État au</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>Défauts</translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation>Aucun défaut n&apos;a été enregistré.</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Défaut</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Début</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Recherche de défaut</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation>Aucune recherche de défaut ni mise en service n&apos;a été enregistrée.</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1 : %2</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Mise en service</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Côté</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Résultat</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation>FIM comptés</translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation>Dernière fois, %1</translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation>Dernière fois : aucune enregistrée</translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation>
+            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
+            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation>Les courants des deux côtés pendant la recherche.</translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation>Paramètres modifiés</translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation>Aucune modification de paramètre n&apos;a été enregistrée.</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Paramètre</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>Ancien</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nouveau</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Quand</translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation>Relecture</translation>
+    </message>
+    <message>
+        <source>%1: before %2 the former settings were kept of %3.</source>
+        <translation>%1 : avant %2, les anciens paramètres ont été conservés de %3.</translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation>Repères du technicien</translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation>Aucun repère n&apos;a été posé.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Repère</translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation>Autres événements</translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation>Aucun autre événement n&apos;a été enregistré.</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Événement</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Qualité de la ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation>
+            <numerusform>%n LDB a répondu à chaque question du premier coup.</numerusform>
+            <numerusform>%n LDB ont répondu à chaque question du premier coup.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Questions</translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation>Bonnes réponses</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Endommagées</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation>Sans réponse</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Écartées</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation>Réponse après</translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation>Non examiné ou sans réponse</translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation>Chaque LDB a été examiné et a répondu, et rien ne manque dans l&apos;enregistrement de cette période.</translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation>Annexe : paramètres de tous les LDB</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Lu</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>non lu</translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation>La recherche de défaut s&apos;est terminée sans résultat</translation>
     </message>
 </context>
 <context>

@@ -476,6 +476,382 @@ modus</translation>
     </message>
 </context>
 <context>
+    <name>EventBar</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 van %2</translation>
+    </message>
+    <message>
+        <source>Set a mark with a line of text at the moment that is shown (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All kinds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <translation>Laatste uur</translation>
+    </message>
+    <message>
+        <source>Last 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last 7 days</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only events with these words. Esc shows all again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter of the events by text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LDB whose events are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kind of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time of the events that are shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events from this time on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events up to this time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Write the events that are listed to a CSV file</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventDesk</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording is only read: no mark can be set in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording is turned off: no mark can be set.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet: start the bus first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The events could not be exported to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventKinds</name>
+    <message>
+        <source>Faults</source>
+        <translation>Fouten</translation>
+    </message>
+    <message>
+        <source>Losses and scans</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actions and settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bus and recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventList</name>
+    <message>
+        <source>Events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, older ones left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Before: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>EventModel</name>
+    <message>
+        <source>not ended</source>
+        <translation>niet beëindigd</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duur</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Gebeurtenis</translation>
+    </message>
+</context>
+<context>
+    <name>Evidence</name>
+    <message>
+        <source>LDB %1 lost</source>
+        <translation>LDB %1 verloren</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
+    </message>
+    <message>
+        <source>the connection to %1 was lost</source>
+        <translation>de verbinding met %1 is verbroken</translation>
+    </message>
+    <message>
+        <source>No Recording</source>
+        <translation>Geen opname</translation>
+    </message>
+    <message>
+        <source>There is no recording that can be read in %1.</source>
+        <translation>In %1 staat geen opname die gelezen kan worden.</translation>
+    </message>
+    <message>
+        <source>Nothing has been recorded yet.</source>
+        <translation>Er is nog niets opgenomen.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened.</source>
+        <translation>%1 kon niet worden geopend.</translation>
+    </message>
+    <message>
+        <source>Evidence is being written. The file will be missing.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Report of the &amp;Visit...</source>
+        <translation>&amp;Verslag van het bezoek...</translation>
+    </message>
+    <message>
+        <source>Take Evidence &amp;Home...</source>
+        <translation>Bewijs &amp;meenemen...</translation>
+    </message>
+    <message>
+        <source>Save a &amp;Copy of This Visit...</source>
+        <translation>Een &amp;kopie van dit bezoek opslaan...</translation>
+    </message>
+    <message>
+        <source>&amp;Recording...</source>
+        <translation>&amp;Opname...</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceForm</name>
+    <message>
+        <source>All LDBs</source>
+        <translation>Alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>LDB %1</source>
+        <translation>LDB %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start, %1</source>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag, %1</translation>
+    </message>
+    <message>
+        <source>This &amp;visit: since today&apos;s first start</source>
+        <translation>Dit be&amp;zoek: sinds de eerste start van vandaag</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>Het einde van de periode ligt vóór het begin.</translation>
+    </message>
+    <message>
+        <source>Take Evidence Home</source>
+        <translation>Bewijs meenemen</translation>
+    </message>
+    <message>
+        <source>Where the Copy Goes</source>
+        <translation>Waar de kopie komt</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wordt geschreven</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Stopped: %1 is not complete, or was not written.</source>
+        <translation>Gestopt: %1 is niet volledig, of is niet geschreven.</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 kon niet worden geschreven.</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Wat</translation>
+    </message>
+    <message>
+        <source>&amp;Log (CSV), as the logger would have written it</source>
+        <translation>&amp;Logbestand (CSV), zoals de logger het geschreven zou hebben</translation>
+    </message>
+    <message>
+        <source>Of:</source>
+        <translation>Van:</translation>
+    </message>
+    <message>
+        <source>every:</source>
+        <translation>elke:</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Seconds between two records of an LDB; at 0 every record is written</source>
+        <translation>Seconden tussen twee records van een LDB; bij 0 wordt elk record geschreven</translation>
+    </message>
+    <message>
+        <source>&amp;Events (CSV)</source>
+        <translation>&amp;Gebeurtenissen (CSV)</translation>
+    </message>
+    <message>
+        <source>Every &amp;byte on the bus, for Wireshark (pcapng)</source>
+        <translation>Elke &amp;byte op de bus, voor Wireshark (pcapng)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy of the recording of these days, to look back in this program</source>
+        <translation>&amp;Kopie van de opname van deze dagen, om in dit programma terug te kijken</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wanneer</translation>
+    </message>
+    <message>
+        <source>The last &amp;hour</source>
+        <translation>Het laatste &amp;uur</translation>
+    </message>
+    <message>
+        <source>&amp;Today</source>
+        <translation>&amp;Vandaag</translation>
+    </message>
+    <message>
+        <source>&amp;From, to:</source>
+        <translation>V&amp;an, tot:</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Van</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Tot</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Voortgang</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Opslaan...</translation>
+    </message>
+    <message>
+        <source>Sto&amp;p</source>
+        <translation>Sto&amp;ppen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+</context>
+<context>
+    <name>EvidenceWriter</name>
+    <message>
+        <source>Another installation is in use now.</source>
+        <translation>Er is nu een andere installatie in gebruik.</translation>
+    </message>
+</context>
+<context>
     <name>FileLogger</name>
     <message>
         <source>Device Id</source>
@@ -1019,6 +1395,17 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
 </context>
 <context>
+    <name>GoToDialog</name>
+    <message>
+        <source>Go to a Time</source>
+        <translation>Naar een tijdstip</translation>
+    </message>
+    <message>
+        <source>&amp;Moment to show:</source>
+        <translation>Te tonen &amp;moment:</translation>
+    </message>
+</context>
+<context>
     <name>Hindrance</name>
     <message>
         <source>Nothing is monitored: click Start first.</source>
@@ -1059,6 +1446,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
         <translation>Er wordt naar fouten gezocht: wacht tot het klaar is, of stop het.</translation>
+    </message>
+    <message>
+        <source>You are looking back: go back to live first (Esc).</source>
+        <translation>U kijkt terug: ga eerst terug naar nu (Esc).</translation>
     </message>
 </context>
 <context>
@@ -2257,6 +2648,14 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>Table...</source>
         <translation>Tabel...</translation>
     </message>
+    <message>
+        <source>What was recorded: take it home</source>
+        <translation>Wat is opgenomen: neem het mee</translation>
+    </message>
+    <message>
+        <source>Evidence</source>
+        <translation>Bewijs</translation>
+    </message>
 </context>
 <context>
     <name>MainWindowPlot</name>
@@ -2306,6 +2705,29 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>&amp;Forward</source>
         <translation>&amp;Vooruit</translation>
+    </message>
+</context>
+<context>
+    <name>MarkDialog</name>
+    <message>
+        <source>Mark</source>
+        <translation>Markering</translation>
+    </message>
+    <message>
+        <source>&amp;What is to be noted at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text of the mark</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Instellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
     </message>
 </context>
 <context>
@@ -2407,6 +2829,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>no serial port is chosen</source>
         <translation>er is geen seriële poort gekozen</translation>
+    </message>
+    <message>
+        <source>it was not recorded</source>
+        <translation>dit is niet opgenomen</translation>
     </message>
 </context>
 <context>
@@ -2817,6 +3243,65 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>RecordedBand</name>
+    <message>
+        <source>nothing was recorded since %1</source>
+        <translation>sinds %1 is niets opgenomen</translation>
+    </message>
+    <message>
+        <source>the bus was being scanned</source>
+        <translation>de bus werd gescand</translation>
+    </message>
+    <message>
+        <source>no LDB answered</source>
+        <translation>geen LDB antwoordde</translation>
+    </message>
+    <message>
+        <source>not monitored since %1</source>
+        <translation>niet bewaakt sinds %1</translation>
+    </message>
+    <message>
+        <source>not monitored yet</source>
+        <translation>nog niet bewaakt</translation>
+    </message>
+    <message>
+        <source>Recorded: %1 %2 (%3)</source>
+        <translation>Opgenomen: %1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>Pause (Space)</source>
+        <translation>Pauze (spatie)</translation>
+    </message>
+    <message>
+        <source>Play (Space)</source>
+        <translation>Afspelen (spatie)</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pauze</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Afspelen</translation>
+    </message>
+    <message>
+        <source>Back to Live</source>
+        <translation>Terug naar nu</translation>
+    </message>
+    <message>
+        <source>Show what is now (Esc)</source>
+        <translation>Tonen wat er nu is (Esc)</translation>
+    </message>
+    <message>
+        <source>now: %1</source>
+        <translation>nu: %1</translation>
+    </message>
+    <message>
+        <source>%1; back to live</source>
+        <translation>%1; terug naar nu</translation>
+    </message>
+</context>
+<context>
     <name>RecordedEvent</name>
     <message>
         <source>Loop open</source>
@@ -2853,10 +3338,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Lost</source>
         <translation>Verloren</translation>
-    </message>
-    <message>
-        <source>Mode, now %1</source>
-        <translation>Modus, nu %1</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n times in %2</source>
@@ -2964,6 +3445,131 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>%1 d %2 h</source>
         <translation>%1 d %2 u</translation>
     </message>
+    <message>
+        <source>Mode %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, still lost</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, back now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 gone after %2 at most</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordedWork</name>
+    <message>
+        <source>open</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>short</source>
+        <translation>kortsluiting</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>verbonden</translation>
+    </message>
+    <message>
+        <source>%1: not tracked</source>
+        <translation>%1: niet gevolgd</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted</source>
+        <translation>
+            <numerusform>%1: %n FIM geteld</numerusform>
+            <numerusform>%1: %n FIM&apos;s geteld</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n FIM&apos;s counted, connected</source>
+        <translation>
+            <numerusform>%1: %n FIM geteld, verbonden</numerusform>
+            <numerusform>%1: %n FIM&apos;s geteld, verbonden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2, approximately at FIM %3</source>
+        <translation>%1: %2, ongeveer bij FIM %3</translation>
+    </message>
+    <message>
+        <source>%1: %2 -&gt; %3, %4</source>
+        <translation>%1: %2 -&gt; %3, %4</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>gecontroleerd</translation>
+    </message>
+    <message>
+        <source>accepted, not verified</source>
+        <translation>aanvaard, niet gecontroleerd</translation>
+    </message>
+    <message>
+        <source>refused by the LDB</source>
+        <translation>geweigerd door de LDB</translation>
+    </message>
+    <message>
+        <source>not answered, not verified</source>
+        <translation>niet beantwoord, niet gecontroleerd</translation>
+    </message>
+    <message>
+        <source>the LDB has another value</source>
+        <translation>de LDB heeft een andere waarde</translation>
+    </message>
+    <message>
+        <source>left alone</source>
+        <translation>met rust gelaten</translation>
+    </message>
+    <message>
+        <source>not sent</source>
+        <translation>niet verzonden</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Primaire zijde</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Secundaire zijde</translation>
+    </message>
+    <message>
+        <source>primary side approximately at FIM %1</source>
+        <translation>primaire zijde ongeveer bij FIM %1</translation>
+    </message>
+    <message>
+        <source>secondary side approximately at FIM %1</source>
+        <translation>secundaire zijde ongeveer bij FIM %1</translation>
+    </message>
+    <message>
+        <source>Earth leakage</source>
+        <translation>Aardlek</translation>
+    </message>
+    <message>
+        <source>Loop DC leakage</source>
+        <translation>DC-lek in de lus</translation>
+    </message>
 </context>
 <context>
     <name>RecordingExport</name>
@@ -2986,6 +3592,125 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>After</source>
         <translation>Daarna</translation>
+    </message>
+    <message>
+        <source>Duration [s]</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecordingForm</name>
+    <message>
+        <source>Folder for Recordings</source>
+        <translation>Map voor opnamen</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Opname</translation>
+    </message>
+    <message>
+        <source>Which days are kept could not be stored. The days may be deleted when they are old.</source>
+        <translation>Welke dagen worden bewaard, kon niet worden opgeslagen. De dagen kunnen worden verwijderd wanneer ze oud zijn.</translation>
+    </message>
+    <message>
+        <source>&amp;Record everything while the bus is monitored</source>
+        <translation>Alles &amp;opnemen zolang de bus wordt bewaakt</translation>
+    </message>
+    <message>
+        <source>&amp;Folder:</source>
+        <translation>&amp;Map:</translation>
+    </message>
+    <message>
+        <source>Beside what is remembered of the installation</source>
+        <translation>Naast wat van de installatie is onthouden</translation>
+    </message>
+    <message>
+        <source>Recordings lie in it under the installation; what was recorded before stays where it is</source>
+        <translation>Opnamen liggen erin onder de installatie; wat eerder is opgenomen, blijft waar het is</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Bladeren...</translation>
+    </message>
+    <message>
+        <source>Keep for &amp;days:</source>
+        <translation>&amp;Dagen bewaren:</translation>
+    </message>
+    <message>
+        <source>What is older is deleted by whole days</source>
+        <translation>Wat ouder is, wordt per hele dag verwijderd</translation>
+    </message>
+    <message>
+        <source>Keep at &amp;most:</source>
+        <translation>&amp;Hoogstens bewaren:</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <extracomment>gigabytes</extracomment>
+        <translation> GB</translation>
+    </message>
+    <message>
+        <source>For each installation. When there is more, the oldest days are deleted</source>
+        <translation>Per installatie. Is er meer, dan worden de oudste dagen verwijderd</translation>
+    </message>
+    <message>
+        <source>Days re&amp;corded; those ticked are kept whatever their age and size:</source>
+        <translation>Op&amp;genomen dagen; de aangevinkte worden bewaard, hoe oud en groot ook:</translation>
+    </message>
+    <message>
+        <source>Keep Day</source>
+        <translation>Dag bewaren</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Grootte</translation>
+    </message>
+    <message>
+        <source>Days recorded</source>
+        <translation>Opgenomen dagen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingIndicator</name>
+    <message>
+        <source>Recording is off</source>
+        <translation>Opname staat uit</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: it is turned off in the settings.</source>
+        <translation>Er wordt niets opgenomen: dat staat uit in de instellingen.</translation>
+    </message>
+    <message>
+        <source>Not recorded!</source>
+        <translation>Niet opgenomen!</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Opname loopt</translation>
+    </message>
+    <message>
+        <source>Everything on the bus is recorded. Click to open the folder.
+%1</source>
+        <translation>Alles op de bus wordt opgenomen. Klik om de map te openen.
+%1</translation>
+    </message>
+    <message>
+        <source>Not recording</source>
+        <translation>Geen opname</translation>
+    </message>
+    <message>
+        <source>What happens on the bus is recorded as soon as it is monitored. Click to open the folder.
+%1</source>
+        <translation>Wat op de bus gebeurt, wordt opgenomen zodra deze wordt bewaakt. Klik om de map te openen.
+%1</translation>
     </message>
 </context>
 <context>
@@ -3037,6 +3762,137 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWindow</name>
+    <message>
+        <source>Printed.</source>
+        <translation>Afgedrukt.</translation>
+    </message>
+    <message>
+        <source>It could not be printed.</source>
+        <translation>Het kon niet worden afgedrukt.</translation>
+    </message>
+    <message>
+        <source>This visit: since %1, today&apos;s first start</source>
+        <translation>Dit bezoek: sinds %1, de eerste start van vandaag</translation>
+    </message>
+    <message>
+        <source>The end of the span is before its begin.</source>
+        <translation>Het einde van de periode ligt voor het begin.</translation>
+    </message>
+    <message>
+        <source>Reading the recording...</source>
+        <translation>Opname wordt gelezen...</translation>
+    </message>
+    <message>
+        <source>Making the pages...</source>
+        <translation>Pagina&apos;s worden gemaakt...</translation>
+    </message>
+    <message>
+        <source>Save the Report as PDF</source>
+        <translation>Verslag opslaan als PDF</translation>
+    </message>
+    <message>
+        <source>Save the Report as HTML</source>
+        <translation>Verslag opslaan als HTML</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wordt geschreven</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Report of the Visit</source>
+        <translation>Verslag van het bezoek</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 kon niet worden geschreven.</translation>
+    </message>
+    <message>
+        <source>Printing...</source>
+        <translation>Bezig met afdrukken...</translation>
+    </message>
+    <message>
+        <source>&amp;Time:</source>
+        <translation>&amp;Tijd:</translation>
+    </message>
+    <message>
+        <source>F&amp;rom:</source>
+        <translation>&amp;Van:</translation>
+    </message>
+    <message>
+        <source>T&amp;o:</source>
+        <translation>T&amp;ot:</translation>
+    </message>
+    <message>
+        <source>&amp;Engineer:</source>
+        <translation>T&amp;echnicus:</translation>
+    </message>
+    <message>
+        <source>&amp;Customer&apos;s reference:</source>
+        <translation>&amp;Kenmerk van de klant:</translation>
+    </message>
+    <message>
+        <source>Re&amp;marks:</source>
+        <translation>Op&amp;merkingen:</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>&amp;Papier:</translation>
+    </message>
+    <message>
+        <source>This visit: since today&apos;s first start</source>
+        <translation>Dit bezoek: sinds de eerste start van vandaag</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Vandaag</translation>
+    </message>
+    <message>
+        <source>From, to</source>
+        <translation>Van, tot</translation>
+    </message>
+    <message>
+        <source>&amp;Settings of all LDB&apos;s as an appendix</source>
+        <translation>In&amp;stellingen van alle LDB&apos;s als bijlage</translation>
+    </message>
+    <message>
+        <source>Those that were read in this time. &quot;Settings of all LDB&apos;s&quot; reads them all</source>
+        <translation>Die in deze tijd zijn gelezen. &quot;Instellingen van alle LDB&apos;s&quot; leest ze allemaal</translation>
+    </message>
+    <message>
+        <source>Re&amp;fresh</source>
+        <translation>Ver&amp;nieuwen</translation>
+    </message>
+    <message>
+        <source>Reads the recording again (F5)</source>
+        <translation>Leest de opname opnieuw (F5)</translation>
+    </message>
+    <message>
+        <source>Save as P&amp;DF...</source>
+        <translation>Opslaan als P&amp;DF...</translation>
+    </message>
+    <message>
+        <source>Save as &amp;HTML...</source>
+        <translation>Opslaan als &amp;HTML...</translation>
+    </message>
+    <message>
+        <source>Pri&amp;nt...</source>
+        <translation>&amp;Afdrukken...</translation>
+    </message>
+    <message>
+        <source>Pages of the report</source>
+        <translation>Pagina&apos;s van het verslag</translation>
     </message>
 </context>
 <context>
@@ -3175,6 +4031,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>&amp;Installation...</source>
         <translation>&amp;Installatie...</translation>
+    </message>
+    <message>
+        <source>Whether what happens on the bus is recorded, where, and how long it is kept</source>
+        <translation>Of wat op de bus gebeurt wordt opgenomen, waar, en hoe lang het wordt bewaard</translation>
+    </message>
+    <message>
+        <source>Re&amp;cording...</source>
+        <translation>Op&amp;name...</translation>
     </message>
 </context>
 <context>
@@ -3566,6 +4430,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Stay</source>
         <translation>Blijven</translation>
     </message>
+    <message>
+        <source>Names have characters that the file cannot hold.</source>
+        <translation>Namen hebben tekens die het bestand niet kan bevatten.</translation>
+    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>
@@ -3839,6 +4707,45 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
 </context>
 <context>
+    <name>TableHeads</name>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Number of FIM&apos;s</source>
+        <translation>Aantal FIM&apos;s</translation>
+    </message>
+    <message>
+        <source>Open Detection Delay</source>
+        <translation>Vertraging onderbr.-detectie</translation>
+    </message>
+    <message>
+        <source>General Fault Output</source>
+        <translation>Alg. storings-uitgang</translation>
+    </message>
+    <message>
+        <source>Earth Leakage Detection</source>
+        <translation>Aardlek-detectie</translation>
+    </message>
+    <message>
+        <source>Earth Wire Open Detection</source>
+        <translation>Detectie aarddraad onderbr.</translation>
+    </message>
+    <message>
+        <source>Start in Service Mode</source>
+        <translation>Start in service-modus</translation>
+    </message>
+    <message>
+        <source>Amplifier Detection</source>
+        <translation>Versterker-detectie</translation>
+    </message>
+    <message>
+        <source>Audio Mute</source>
+        <translation>Audio dempen</translation>
+    </message>
+</context>
+<context>
     <name>TableImport</name>
     <message>
         <source>Import of %1</source>
@@ -3874,6 +4781,519 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>LDB %1: what fault finding has changed is being put back.</source>
         <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeBar</name>
+    <message>
+        <source>Live</source>
+        <translation>Nu</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded yet.</source>
+        <translation>Er is nog niets opgenomen.</translation>
+    </message>
+    <message>
+        <source>Back to what is now (Esc)</source>
+        <translation>Terug naar wat er nu is (Esc)</translation>
+    </message>
+    <message>
+        <source>LDB %1:</source>
+        <translation>LDB %1:</translation>
+    </message>
+    <message>
+        <source>Recorded time</source>
+        <translation>Opgenomen tijd</translation>
+    </message>
+</context>
+<context>
+    <name>VisitReport</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Pagina %1 van %2</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Short</source>
+        <translation>Kortsluiting</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbonden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Lus</translation>
+    </message>
+    <message>
+        <source>Earth</source>
+        <translation>Aarde</translation>
+    </message>
+    <message>
+        <source>Amplifier</source>
+        <translation>Versterker</translation>
+    </message>
+    <message>
+        <source>Primary side</source>
+        <translation>Primaire zijde</translation>
+    </message>
+    <message>
+        <source>Secondary side</source>
+        <translation>Secundaire zijde</translation>
+    </message>
+    <message>
+        <source>The bus was not monitored from %1 to %2 (%3).</source>
+        <translation>De bus werd niet bewaakt van %1 tot %2 (%3).</translation>
+    </message>
+    <message>
+        <source>%1, came and went between two looks</source>
+        <translation>%1, kwam en ging tussen twee waarnemingen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n times</source>
+        <translation>
+            <numerusform>%1, %n keer</numerusform>
+            <numerusform>%1, %n keer</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>niet bekend</translation>
+    </message>
+    <message>
+        <source>before %1</source>
+        <translation>voor %1</translation>
+    </message>
+    <message>
+        <source>still there</source>
+        <translation>nog aanwezig</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <translation>minstens %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <translation>hoogstens %1</translation>
+    </message>
+    <message>
+        <source>a save</source>
+        <translation>opslaan</translation>
+    </message>
+    <message>
+        <source>a writing of the table</source>
+        <translation>schrijven van de tabel</translation>
+    </message>
+    <message>
+        <source>an import</source>
+        <translation>een import</translation>
+    </message>
+    <message>
+        <source>a put back</source>
+        <translation>terugzetten</translation>
+    </message>
+    <message>
+        <source>not tracked</source>
+        <translation>niet gevolgd</translation>
+    </message>
+    <message>
+        <source>not ended</source>
+        <translation>niet beëindigd</translation>
+    </message>
+    <message>
+        <source>%1, approximately at FIM %2</source>
+        <translation>%1, ongeveer bij FIM %2</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded of this time.</source>
+        <translation>Van deze tijd is niets opgenomen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s were found.</source>
+        <translation>
+            <numerusform>%n LDB is gevonden.</numerusform>
+            <numerusform>%n LDB&apos;s zijn gevonden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No LDB has a fault now.</source>
+        <translation>Geen LDB heeft nu een fout.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault now (%1): %2.</source>
+        <translation>LDB&apos;s met nu een fout (%1): %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
+        <translation>LDB&apos;s die een verdwenen fout onthouden (%1): %2.</translation>
+    </message>
+    <message>
+        <source>No LDB is lost.</source>
+        <translation>Geen LDB is verloren.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost (%1): %2.</source>
+        <translation>Verloren LDB&apos;s (%1): %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s in service mode (%1): %2.</source>
+        <translation>LDB&apos;s in servicemodus (%1): %2.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s whose settings are to be checked (%1): %2.</source>
+        <translation>LDB&apos;s waarvan de instellingen gecontroleerd moeten worden (%1): %2.</translation>
+    </message>
+    <message>
+        <source>Remembered of this installation, and not found: %1.</source>
+        <translation>Bekend van deze installatie en niet gevonden: %1.</translation>
+    </message>
+    <message>
+        <source>Found, and never heard: %1.</source>
+        <translation>Gevonden en nooit gehoord: %1.</translation>
+    </message>
+    <message>
+        <source>Lost, and without values therefore: %1.</source>
+        <translation>Verloren, en daarom zonder waarden: %1.</translation>
+    </message>
+    <message>
+        <source>Last heard before this time: %1.</source>
+        <translation>Laatst gehoord voor deze tijd: %1.</translation>
+    </message>
+    <message>
+        <source>Last heard more than 5 minutes before the end: %1.</source>
+        <translation>Laatst gehoord meer dan 5 minuten voor het einde: %1.</translation>
+    </message>
+    <message>
+        <source>In the list for a time only: %1.</source>
+        <translation>Slechts tijdelijk in de lijst: %1.</translation>
+    </message>
+    <message>
+        <source>Without a confirmed firmware ID: %1.</source>
+        <translation>Zonder bevestigde firmware-ID: %1.</translation>
+    </message>
+    <message>
+        <source>Settings not read in this time: %1.</source>
+        <translation>Instellingen in deze tijd niet gelezen: %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exchanges from %1 to %2 are not recorded.</source>
+        <translation>
+            <numerusform>%n uitwisseling van %1 tot %2 is niet opgenomen.</numerusform>
+            <numerusform>%n uitwisselingen van %1 tot %2 zijn niet opgenomen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 ms, at most %2 ms</source>
+        <translation>%1 ms, hoogstens %2 ms</translation>
+    </message>
+    <message>
+        <source>Line quality: nothing was asked.</source>
+        <translation>Lijnkwaliteit: er werd niets gevraagd.</translation>
+    </message>
+    <message>
+        <source>Line quality: good. Of %1 questions %2 were answered well.</source>
+        <translation>Lijnkwaliteit: goed. Van %1 vragen is %2 goed beantwoord.</translation>
+    </message>
+    <message>
+        <source>Line quality: not good. Of %1 questions %2 were answered well.</source>
+        <translation>Lijnkwaliteit: niet goed. Van %1 vragen is %2 goed beantwoord.</translation>
+    </message>
+    <message>
+        <source>Primary current</source>
+        <translation>Primaire stroom</translation>
+    </message>
+    <message>
+        <source>Secondary current</source>
+        <translation>Secundaire stroom</translation>
+    </message>
+    <message>
+        <source>Report of the visit</source>
+        <translation>Verslag van het bezoek</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>code of this language</comment>
+        <translation>nl</translation>
+    </message>
+    <message>
+        <source>Place and date</source>
+        <translation>Plaats en datum</translation>
+    </message>
+    <message>
+        <source>Engineer</source>
+        <translation>Technicus</translation>
+    </message>
+    <message>
+        <source>Customer</source>
+        <translation>Klant</translation>
+    </message>
+    <message>
+        <source>Installation</source>
+        <translation>Installatie</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Plaats</translation>
+    </message>
+    <message>
+        <source>Customer&apos;s reference</source>
+        <translation>Kenmerk van de klant</translation>
+    </message>
+    <message>
+        <source>Begun</source>
+        <translation>Begonnen</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Beëindigd</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programma</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Poort</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Opmerkingen</translation>
+    </message>
+    <message>
+        <source>Summary</source>
+        <translation>Samenvatting</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s</source>
+        <translation>LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Not heard</source>
+        <translation>Niet gehoord</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Naam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modus</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>As of</source>
+        <translation>Stand van</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>Fouten</translation>
+    </message>
+    <message>
+        <source>No fault was recorded.</source>
+        <translation>Er is geen fout opgenomen.</translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation>Fout</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Begin</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Einde</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duur</translation>
+    </message>
+    <message>
+        <source>Fault finding</source>
+        <translation>Fout zoeken</translation>
+    </message>
+    <message>
+        <source>No run of fault finding or commissioning was recorded.</source>
+        <translation>Er is geen foutzoeking of inbedrijfstelling opgenomen.</translation>
+    </message>
+    <message>
+        <source>LDB %1: %2</source>
+        <translation>LDB %1: %2</translation>
+    </message>
+    <message>
+        <source>Commissioning</source>
+        <translation>Inbedrijfstelling</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>Zijde</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Resultaat</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s counted</source>
+        <translation>FIM&apos;s geteld</translation>
+    </message>
+    <message>
+        <source>Last run, %1</source>
+        <translation>Vorige keer, %1</translation>
+    </message>
+    <message>
+        <source>Last run: none recorded</source>
+        <translation>Vorige keer: niet opgenomen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The LDB was told to have %n FIM&apos;s.</source>
+        <translation>
+            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
+            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The currents of both sides during the run.</source>
+        <translation>De stromen van beide zijden tijdens het zoeken.</translation>
+    </message>
+    <message>
+        <source>Changed settings</source>
+        <translation>Gewijzigde instellingen</translation>
+    </message>
+    <message>
+        <source>No change of a setting was recorded.</source>
+        <translation>Er is geen wijziging van een instelling opgenomen.</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Instelling</translation>
+    </message>
+    <message>
+        <source>Old</source>
+        <translation>Oud</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Nieuw</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wanneer</translation>
+    </message>
+    <message>
+        <source>Read back</source>
+        <translation>Teruggelezen</translation>
+    </message>
+    <message>
+        <source>%1: before %2 the former settings were kept of %3.</source>
+        <translation>%1: voor %2 zijn de vorige instellingen bewaard van %3.</translation>
+    </message>
+    <message>
+        <source>Marks of the engineer</source>
+        <translation>Markeringen van de technicus</translation>
+    </message>
+    <message>
+        <source>No mark was made.</source>
+        <translation>Er is geen markering gemaakt.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Tijd</translation>
+    </message>
+    <message>
+        <source>LDB</source>
+        <translation>LDB</translation>
+    </message>
+    <message>
+        <source>Mark</source>
+        <translation>Markering</translation>
+    </message>
+    <message>
+        <source>Other events</source>
+        <translation>Andere gebeurtenissen</translation>
+    </message>
+    <message>
+        <source>No other event was recorded.</source>
+        <translation>Er is geen andere gebeurtenis opgenomen.</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Gebeurtenis</translation>
+    </message>
+    <message>
+        <source>Line quality</source>
+        <translation>Lijnkwaliteit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n LDB&apos;s answered every question at once.</source>
+        <translation>
+            <numerusform>%n LDB heeft elke vraag meteen beantwoord.</numerusform>
+            <numerusform>%n LDB&apos;s hebben elke vraag meteen beantwoord.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Questions</source>
+        <translation>Vragen</translation>
+    </message>
+    <message>
+        <source>Answered well</source>
+        <translation>Goed beantwoord</translation>
+    </message>
+    <message>
+        <source>Damaged</source>
+        <translation>Beschadigd</translation>
+    </message>
+    <message>
+        <source>Not answered</source>
+        <translation>Niet beantwoord</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Niet geloofd</translation>
+    </message>
+    <message>
+        <source>Answer after</source>
+        <translation>Antwoord na</translation>
+    </message>
+    <message>
+        <source>Not looked at, or not answered</source>
+        <translation>Niet bekeken of niet beantwoord</translation>
+    </message>
+    <message>
+        <source>Every LDB was looked at and answered, and nothing of this time is missing in the recording.</source>
+        <translation>Elke LDB is bekeken en heeft geantwoord, en van deze tijd ontbreekt niets in de opname.</translation>
+    </message>
+    <message>
+        <source>Appendix: settings of all LDB&apos;s</source>
+        <translation>Bijlage: instellingen van alle LDB&apos;s</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Gelezen</translation>
+    </message>
+    <message>
+        <source>not read</source>
+        <translation>niet gelezen</translation>
+    </message>
+</context>
+<context>
+    <name>WorkNotes</name>
+    <message>
+        <source>Fault finding ended without a result</source>
+        <translation>Foutzoeken eindigde zonder resultaat</translation>
     </message>
 </context>
 <context>

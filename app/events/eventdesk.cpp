@@ -11,9 +11,9 @@
 #include <QDateTime>
 #include <QDir>
 #include <QDockWidget>
-#include <QKeySequence>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeySequence>
 #include <QLayout>
 #include <QMainWindow>
 #include <QPointer>
@@ -152,8 +152,7 @@ void EventDesk::read()
     m_list->read([access, list = QPointer<EventList>(m_list)](TimeSpan span, int limit,
                                                               EventHistory::Answer answer) {
         access->ask(
-            list,
-            [span, limit](RecordingReader& reader) { return reader.events(span, limit); },
+            list, [span, limit](RecordingReader& reader) { return reader.events(span, limit); },
             std::move(answer));
     });
 }
@@ -226,8 +225,8 @@ void EventDesk::write(const QString& path)
         return;
     }
     m_around.notices->box(QMessageBox::Warning, [path, reason = file.errorString()] {
-        return BoxText{tr("Export Events"),
-                       tr("The events could not be exported to %1").arg(path), reason};
+        return BoxText{tr("Export Events"), tr("The events could not be exported to %1").arg(path),
+                       reason};
     });
 }
 

@@ -47,10 +47,9 @@ QString situationOf(const Monitoring& monitoring)
     default:
         break;
     }
-    return monitoring.since
-               ? RecordedBand::tr("not monitored since %1")
-                     .arg(monitoring.clockText(*monitoring.since))
-               : RecordedBand::tr("not monitored yet");
+    return monitoring.since ? RecordedBand::tr("not monitored since %1")
+                                  .arg(monitoring.clockText(*monitoring.since))
+                            : RecordedBand::tr("not monitored yet");
 }
 
 } // namespace

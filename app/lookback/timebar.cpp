@@ -273,8 +273,8 @@ void TimeBar::wheelEvent(QWheelEvent* event)
     }
     const double notches = event->angleDelta().y() / kNotch;
     const TimeScale shown = scale();
-    const TimeSpan span = shown.zoomed(shown.atOf(event->position().x()),
-                                       std::pow(kZoomStep, -notches), bounds());
+    const TimeSpan span =
+        shown.zoomed(shown.atOf(event->position().x()), std::pow(kZoomStep, -notches), bounds());
     const TimeSpan all = bounds();
     m_zoomed = span.from <= all.from && span.to >= all.to ? std::nullopt : std::make_optional(span);
     m_ground = QPixmap();

@@ -50,8 +50,9 @@ TimeSpan TimeScale::zoomed(qint64 around, double factor, TimeSpan bounds) const
     const qint64 wanted = std::clamp(static_cast<qint64>(static_cast<double>(length) * factor),
                                      std::min(kShortest, longest), longest);
     const double share = xOf(around) / m_width;
-    const qint64 from = std::clamp(around - static_cast<qint64>(share * static_cast<double>(wanted)),
-                                   bounds.from, bounds.from + longest - wanted);
+    const qint64 from =
+        std::clamp(around - static_cast<qint64>(share * static_cast<double>(wanted)), bounds.from,
+                   bounds.from + longest - wanted);
     return {from, from + wanted};
 }
 

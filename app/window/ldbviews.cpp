@@ -201,8 +201,7 @@ void LdbViews::showAwaited(const QString& hexId)
     if (!m_source->isAwaited(hexId)) {
         return;
     }
-    const QList<QStringList> rows =
-        generalinformation::awaitedRows(hexId, m_source->nameOf(hexId));
+    const QList<QStringList> rows = generalinformation::awaitedRows(hexId, m_source->nameOf(hexId));
     m_overview->processData(hexId, rows);
     if (m_isLookingBack) {
         m_details->processData(hexId, rows);

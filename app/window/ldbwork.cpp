@@ -67,8 +67,7 @@ void LdbWork::initEditor()
     m_ui.ldbSettingsTabLayout->addWidget(editor->footer());
     connect(editor, &LdbSettingsEditor::savingChanged, m_around.run, &RunControl::setSaving);
     connect(m_around.run, &RunControl::settingsStale, this, [this] {
-        if (!m_around.run->isLookingBack() &&
-            !m_putBack->isPending(m_around.run->selectedLdb())) {
+        if (!m_around.run->isLookingBack() && !m_putBack->isPending(m_around.run->selectedLdb())) {
             m_ui.ldbSettingsEditor->requestSettings();
         }
     });

@@ -45,7 +45,8 @@ EnabledControls enabledControls(const LinkSituation& situation)
     // A lost LDB must not hold the selection. Any LDB that is recorded can be looked at.
     controls.selection =
         situation.lookingBack ? unless({saving}) : unless({stopped, scanning, saving});
-    controls.allActions = unless({past, stopped, scanning, unsettled, saving, transferring, finding});
+    controls.allActions =
+        unless({past, stopped, scanning, unsettled, saving, transferring, finding});
     controls.singleActions =
         unless({past, stopped, scanning, unsettled, none, lost, saving, transferring, finding});
     // Also in service mode: without, an LDB that starts in it could never be told not to.

@@ -307,8 +307,7 @@ void EventBar::fold()
 
 QSize EventBar::minimumSizeHint() const
 {
-    const int width =
-        qMax(m_first->minimumSizeHint().width(), m_second->minimumSizeHint().width());
+    const int width = qMax(m_first->minimumSizeHint().width(), m_second->minimumSizeHint().width());
     return {width, QWidget::minimumSizeHint().height()};
 }
 

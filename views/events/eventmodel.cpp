@@ -120,7 +120,9 @@ void EventModel::insertOldest(Entries entries)
 bool EventModel::insert(RecordedEvent event)
 {
     const qint64 at = event.at;
-    const auto isBefore = [at](const auto& entry) { return entry->event.at <= at; };
+    const auto isBefore = [at](const auto& entry) {
+        return entry->event.at <= at;
+    };
     const auto behind = std::partition_point(m_entries.begin(), m_entries.end(), isBefore);
     for (auto same = behind; same != m_entries.begin() && (*std::prev(same))->event.at == at;) {
         --same;
@@ -208,9 +210,8 @@ const RecordedEvent* EventModel::eventAt(int row) const
 
 int EventModel::rowAt(qint64 at) const
 {
-    const auto behind =
-        std::partition_point(m_shown.begin(), m_shown.end(),
-                             [at](const Entry* entry) { return entry->event.at <= at; });
+    const auto behind = std::partition_point(
+        m_shown.begin(), m_shown.end(), [at](const Entry* entry) { return entry->event.at <= at; });
     return behind == m_shown.begin() ? -1 : static_cast<int>(std::distance(behind, m_shown.end()));
 }
 

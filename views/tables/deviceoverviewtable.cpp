@@ -159,7 +159,8 @@ void DeviceOverviewTable::beginRound()
 void DeviceOverviewTable::endRound()
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    if (m_selectedRow == kNoRow && m_isRoundWhole && !m_isSelectionHeld && m_model->rowCount() > 0) {
+    if (m_selectedRow == kNoRow && m_isRoundWhole && !m_isSelectionHeld &&
+        m_model->rowCount() > 0) {
         tickFirst();
     }
 }

@@ -116,5 +116,5 @@ private:
     QString m_selectedHexId;
     bool m_isDismissEnabled = true;
     bool m_isSelectionHeld = false; ///< no other row is ticked by itself
-    bool m_isRoundWhole = false; ///< the round that is on has begun with the rows that there are
+    bool m_isRoundWhole = false;    ///< the round that is on has begun with the rows that there are
 };
