@@ -487,15 +487,15 @@ maintenance</translation>
     </message>
     <message>
         <source>Set a mark with a line of text at the moment that is shown (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Placer un repère avec une ligne de texte au moment affiché (M)</translation>
     </message>
     <message>
         <source>All kinds</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les types</translation>
     </message>
     <message>
         <source>All times</source>
-        <translation type="unfinished"></translation>
+        <translation>Toutes les heures</translation>
     </message>
     <message>
         <source>Last hour</source>
@@ -503,94 +503,94 @@ maintenance</translation>
     </message>
     <message>
         <source>Last 24 hours</source>
-        <translation type="unfinished"></translation>
+        <translation>Dernières 24 heures</translation>
     </message>
     <message>
         <source>Last 7 days</source>
-        <translation type="unfinished"></translation>
+        <translation>7 derniers jours</translation>
     </message>
     <message>
         <source>From … to …</source>
-        <translation type="unfinished"></translation>
+        <translation>De … à …</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation type="unfinished"></translation>
+        <translation>Texte des événements</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
-        <translation type="unfinished"></translation>
+        <translation>N&apos;afficher que les événements avec ces mots. Échap affiche tout à nouveau.</translation>
     </message>
     <message>
         <source>Filter of the events by text</source>
-        <translation type="unfinished"></translation>
+        <translation>Filtre des événements par texte</translation>
     </message>
     <message>
         <source>LDB whose events are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB dont les événements sont affichés</translation>
     </message>
     <message>
         <source>Kind of the events that are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Type des événements affichés</translation>
     </message>
     <message>
         <source>Time of the events that are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Période des événements affichés</translation>
     </message>
     <message>
         <source>Events from this time on</source>
-        <translation type="unfinished"></translation>
+        <translation>Événements à partir de cette heure</translation>
     </message>
     <message>
         <source>Events up to this time</source>
-        <translation type="unfinished"></translation>
+        <translation>Événements jusqu&apos;à cette heure</translation>
     </message>
     <message>
         <source>Mark…</source>
-        <translation type="unfinished"></translation>
+        <translation>Repère…</translation>
     </message>
     <message>
         <source>Export…</source>
-        <translation type="unfinished"></translation>
+        <translation>Exporter…</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
-        <translation type="unfinished"></translation>
+        <translation>Écrire les événements de la liste dans un fichier CSV</translation>
     </message>
 </context>
 <context>
     <name>EventDesk</name>
     <message>
         <source>Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Événements</translation>
     </message>
     <message>
         <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher ou masquer ce qui s&apos;est passé&#xa0;: défauts, pertes, actions, repères (Ctrl+E)</translation>
     </message>
     <message>
         <source>This recording is only read: no mark can be set in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cet enregistrement est en lecture seule&#xa0;: aucun repère ne peut y être placé.</translation>
     </message>
     <message>
         <source>Recording is turned off: no mark can be set.</source>
-        <translation type="unfinished"></translation>
+        <translation>L&apos;enregistrement est désactivé&#xa0;: aucun repère ne peut être placé.</translation>
     </message>
     <message>
         <source>Nothing has been recorded yet: start the bus first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien n&apos;a encore été enregistré&#xa0;: démarrez d&apos;abord le bus.</translation>
     </message>
     <message>
         <source>Export Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Exporter les événements</translation>
     </message>
     <message>
         <source>Events exported to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Événements exportés vers %1</translation>
     </message>
     <message>
         <source>The events could not be exported to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Les événements n&apos;ont pas pu être exportés vers %1</translation>
     </message>
 </context>
 <context>
@@ -601,15 +601,15 @@ maintenance</translation>
     </message>
     <message>
         <source>Losses and scans</source>
-        <translation type="unfinished"></translation>
+        <translation>Pertes et scans</translation>
     </message>
     <message>
         <source>Modes</source>
-        <translation type="unfinished"></translation>
+        <translation>Modes</translation>
     </message>
     <message>
         <source>Actions and settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Actions et réglages</translation>
     </message>
     <message>
         <source>Fault finding</source>
@@ -617,30 +617,30 @@ maintenance</translation>
     </message>
     <message>
         <source>Marks</source>
-        <translation type="unfinished"></translation>
+        <translation>Repères</translation>
     </message>
     <message>
         <source>Bus and recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Bus et enregistrement</translation>
     </message>
 </context>
 <context>
     <name>EventList</name>
     <message>
         <source>Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Événements</translation>
     </message>
     <message>
         <source>, older ones left out</source>
-        <translation type="unfinished"></translation>
+        <translation>, plus anciens omis</translation>
     </message>
     <message>
         <source>Before: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Avant&#xa0;: %1</translation>
     </message>
     <message>
         <source>After: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Après&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -698,7 +698,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Evidence is being written. The file will be missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Des données sont en cours d&apos;écriture. Le fichier manquera.</translation>
     </message>
     <message>
         <source>Report of the &amp;Visit...</source>
@@ -2715,11 +2715,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>&amp;What is to be noted at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Que faut-il noter à %1</translation>
     </message>
     <message>
         <source>Text of the mark</source>
-        <translation type="unfinished"></translation>
+        <translation>Texte du repère</translation>
     </message>
     <message>
         <source>Set</source>
@@ -3447,27 +3447,27 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Mode %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Mode %1</translation>
     </message>
     <message>
         <source>%1, still lost</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, toujours perdu</translation>
     </message>
     <message>
         <source>%1, back now</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, de retour</translation>
     </message>
     <message>
         <source>%1, there already</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, déjà là</translation>
     </message>
     <message>
         <source>%1 gone meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 disparu entre-temps</translation>
     </message>
     <message>
         <source>%1 gone after %2 at most</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 disparu après %2 au plus</translation>
     </message>
 </context>
 <context>
@@ -3595,7 +3595,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>Duration [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Durée [s]</translation>
     </message>
 </context>
 <context>

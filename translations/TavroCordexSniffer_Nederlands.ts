@@ -487,15 +487,15 @@ modus</translation>
     </message>
     <message>
         <source>Set a mark with a line of text at the moment that is shown (M)</source>
-        <translation type="unfinished"></translation>
+        <translation>Een markering met een regel tekst zetten op het getoonde moment (M)</translation>
     </message>
     <message>
         <source>All kinds</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle soorten</translation>
     </message>
     <message>
         <source>All times</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle tijden</translation>
     </message>
     <message>
         <source>Last hour</source>
@@ -503,94 +503,94 @@ modus</translation>
     </message>
     <message>
         <source>Last 24 hours</source>
-        <translation type="unfinished"></translation>
+        <translation>Laatste 24 uur</translation>
     </message>
     <message>
         <source>Last 7 days</source>
-        <translation type="unfinished"></translation>
+        <translation>Laatste 7 dagen</translation>
     </message>
     <message>
         <source>From … to …</source>
-        <translation type="unfinished"></translation>
+        <translation>Van … tot …</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation type="unfinished"></translation>
+        <translation>Tekst van de gebeurtenissen</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Alleen gebeurtenissen met deze woorden tonen. Esc toont weer alles.</translation>
     </message>
     <message>
         <source>Filter of the events by text</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen filteren op tekst</translation>
     </message>
     <message>
         <source>LDB whose events are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>LDB waarvan de gebeurtenissen getoond worden</translation>
     </message>
     <message>
         <source>Kind of the events that are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Soort van de getoonde gebeurtenissen</translation>
     </message>
     <message>
         <source>Time of the events that are shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Tijd van de getoonde gebeurtenissen</translation>
     </message>
     <message>
         <source>Events from this time on</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen vanaf deze tijd</translation>
     </message>
     <message>
         <source>Events up to this time</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen tot deze tijd</translation>
     </message>
     <message>
         <source>Mark…</source>
-        <translation type="unfinished"></translation>
+        <translation>Markering…</translation>
     </message>
     <message>
         <source>Export…</source>
-        <translation type="unfinished"></translation>
+        <translation>Exporteren…</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
-        <translation type="unfinished"></translation>
+        <translation>De gebeurtenissen in de lijst naar een CSV-bestand schrijven</translation>
     </message>
 </context>
 <context>
     <name>EventDesk</name>
     <message>
         <source>Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen</translation>
     </message>
     <message>
         <source>Show or hide what has happened: faults, losses, actions, marks (Ctrl+E)</source>
-        <translation type="unfinished"></translation>
+        <translation>Tonen of verbergen wat er gebeurd is: fouten, verliezen, acties, markeringen (Ctrl+E)</translation>
     </message>
     <message>
         <source>This recording is only read: no mark can be set in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Deze opname wordt alleen gelezen: er kan geen markering in gezet worden.</translation>
     </message>
     <message>
         <source>Recording is turned off: no mark can be set.</source>
-        <translation type="unfinished"></translation>
+        <translation>De opname staat uit: er kan geen markering gezet worden.</translation>
     </message>
     <message>
         <source>Nothing has been recorded yet: start the bus first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er is nog niets opgenomen: start eerst de bus.</translation>
     </message>
     <message>
         <source>Export Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen exporteren</translation>
     </message>
     <message>
         <source>Events exported to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen geëxporteerd naar %1</translation>
     </message>
     <message>
         <source>The events could not be exported to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>De gebeurtenissen konden niet geëxporteerd worden naar %1</translation>
     </message>
 </context>
 <context>
@@ -601,15 +601,15 @@ modus</translation>
     </message>
     <message>
         <source>Losses and scans</source>
-        <translation type="unfinished"></translation>
+        <translation>Verliezen en scans</translation>
     </message>
     <message>
         <source>Modes</source>
-        <translation type="unfinished"></translation>
+        <translation>Modi</translation>
     </message>
     <message>
         <source>Actions and settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Acties en instellingen</translation>
     </message>
     <message>
         <source>Fault finding</source>
@@ -617,30 +617,30 @@ modus</translation>
     </message>
     <message>
         <source>Marks</source>
-        <translation type="unfinished"></translation>
+        <translation>Markeringen</translation>
     </message>
     <message>
         <source>Bus and recording</source>
-        <translation type="unfinished"></translation>
+        <translation>Bus en opname</translation>
     </message>
 </context>
 <context>
     <name>EventList</name>
     <message>
         <source>Events</source>
-        <translation type="unfinished"></translation>
+        <translation>Gebeurtenissen</translation>
     </message>
     <message>
         <source>, older ones left out</source>
-        <translation type="unfinished"></translation>
+        <translation>, oudere weggelaten</translation>
     </message>
     <message>
         <source>Before: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Vroeger: %1</translation>
     </message>
     <message>
         <source>After: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nadien: %1</translation>
     </message>
 </context>
 <context>
@@ -698,7 +698,7 @@ modus</translation>
     </message>
     <message>
         <source>Evidence is being written. The file will be missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Er worden gegevens weggeschreven. Het bestand zal ontbreken.</translation>
     </message>
     <message>
         <source>Report of the &amp;Visit...</source>
@@ -2715,11 +2715,11 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>&amp;What is to be noted at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wat moet er bij %1 genoteerd worden</translation>
     </message>
     <message>
         <source>Text of the mark</source>
-        <translation type="unfinished"></translation>
+        <translation>Tekst van de markering</translation>
     </message>
     <message>
         <source>Set</source>
@@ -3447,27 +3447,27 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>Mode %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Modus %1</translation>
     </message>
     <message>
         <source>%1, still lost</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, nog steeds verloren</translation>
     </message>
     <message>
         <source>%1, back now</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, nu terug</translation>
     </message>
     <message>
         <source>%1, there already</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, was er al</translation>
     </message>
     <message>
         <source>%1 gone meanwhile</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 intussen verdwenen</translation>
     </message>
     <message>
         <source>%1 gone after %2 at most</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 verdwenen na hoogstens %2</translation>
     </message>
 </context>
 <context>
@@ -3595,7 +3595,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     </message>
     <message>
         <source>Duration [s]</source>
-        <translation type="unfinished"></translation>
+        <translation>Duur [s]</translation>
     </message>
 </context>
 <context>
