@@ -4,6 +4,9 @@
 #include "recording/recordingreader.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
+#include "tests/tracking/plotinspection.h"
+
+#include <qwt_plot_curve.h>
 
 #include <limits>
 
