@@ -9,7 +9,7 @@
 
 namespace {
 
-/// With the time that writing takes a row is on the disk within a second.
+/// Together with the time of writing, a row is on the disk within a second.
 constexpr int kHandOverMs = 900;
 /// A disk that takes longer than this at the end has failed.
 constexpr int kEndMs = 10000;
@@ -48,7 +48,7 @@ public:
 private:
     void tell(int inputs)
     {
-        // Only posted to: the recorder ends this thread before it is gone.
+        // The recorder may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_recorder,
             [recorder = m_recorder, inputs, notices = m_writer.takeNotices(),
@@ -104,7 +104,7 @@ Recorder::~Recorder()
 void Recorder::setOptions(const Options& options)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    // A run that is on ends in one place and begins in the other.
+    // A run that is on ends in the former folder and begins in the new one.
     const bool wasRunning = m_isRunning;
     endRun();
     flush();

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The one that was used last of all.
+/// The installation that was used last of all.
 QString lastUsed(const Installations& store)
 {
     const auto installations = store.read().installations;
@@ -91,13 +91,13 @@ void RecordingControl::open(const QString& path)
     m_access.setPath(path);
 }
 
-/// Before the link: its runs are told behind what happened to the port.
+/// Called before `followLink`, so that an event of the port comes before the run that it begins.
 void RecordingControl::followPort()
 {
     SerialLink* link = m_around.link;
     connect(link, &SerialLink::portFailed, this, [this](const QString& portName) {
         if (!std::exchange(m_isOpen, false)) {
-            return; // it was not there to be lost
+            return; // it was not open
         }
         RecordedEvent event;
         event.at = m_recorder.moment();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// On a disk that gets full, a part is written without an error; the rest tells why.
+/// When a disk gets full, a part is written without an error; only the next write tells why.
 bool writeAll(QIODevice& device, const QByteArray& bytes)
 {
     qint64 done = 0;
@@ -25,7 +25,7 @@ bool writeAll(QIODevice& device, const QByteArray& bytes)
 
 } // namespace
 
-/// In the thread: has the document.
+/// Lives in the thread; owns the document.
 class ReportMakerHost : public QObject
 {
 public:
@@ -81,7 +81,7 @@ private:
     void tell(Tell what)
     {
         Q_ASSERT(QThread::currentThread() == thread());
-        // Only posted to: it ends this thread before it is gone.
+        // It may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_maker, [maker = m_maker, what] { what(*maker); }, Qt::QueuedConnection);
     }

@@ -16,7 +16,7 @@ QString arrow(const QString& from, const QString& to)
     return QStringLiteral("%1 \u2192 %2").arg(from, to);
 }
 
-/// Two words for a switch have no room in a column of every language.
+/// In some languages two words for a switch do not fit into a column.
 QString shortValue(LdbField field, const LdbSettings& settings)
 {
     if (kindOf(field) != FieldKind::Switch) {
@@ -69,10 +69,11 @@ QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
         text = changeText(row, field);
     } else if (!isCertain(row, field)) {
         text = QStringLiteral("?");
-    } else if (kindOf(field) != FieldKind::Switch) { // whose box says it
+    } else if (kindOf(field) != FieldKind::Switch) { // a switch is shown by its box
         text = fieldValue(field, *row.read);
     }
-    if (differs && !row.isEdited(field)) { // an edit has its own mark, and no room for both
+    if (differs &&
+        !row.isEdited(field)) { // an edit has a mark of its own, and there is no room for both
         text = QStringLiteral("\u2260 %1").arg(text).trimmed();
     }
     const auto outcome = row.outcomes.find(field);

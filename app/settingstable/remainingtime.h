@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// How long something takes still, by how long its parts have taken so far. A value without a
-/// clock: all times in ms.
+/// Estimates how long something will still take from how long its parts have taken. A value without
+/// a clock; times in ms.
 class RemainingTime
 {
 public:

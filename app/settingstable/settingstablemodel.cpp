@@ -35,7 +35,7 @@ QColor groundOf(FieldOutcome outcome)
     return QColor(outcome == FieldOutcome::Written ? colours::kMonitored : colours::kNotMonitored);
 }
 
-/// The cell as it is, so that it can be brought back.
+/// The present state of a cell, to be restored by undo.
 SettingsTableModel::CellEdit presentEdit(const TableRow* row, const QString& hexId, LdbField field)
 {
     SettingsTableModel::CellEdit edit{hexId, field, std::nullopt};
@@ -61,7 +61,7 @@ public:
         , m_model(model)
         , m_after(std::move(edits))
     {
-        // From the last one on: of two edits of one cell the first one knows what was there.
+        // Backwards: of two edits of one cell, the first one knows what was there before.
         for (auto edit = m_after.crbegin(); edit != m_after.crend(); ++edit) {
             m_before.push_back(presentEdit(model->find(edit->hexId), edit->hexId, edit->field));
         }
@@ -174,7 +174,7 @@ QVariant SettingsTableModel::fieldData(const TableRow& row, LdbField field, int 
         return row.isEdited(field) ? QBrush(QColor(colours::kPartlyMonitored)) : QVariant();
     }
     case Qt::ForegroundRole:
-        // The grounds are light in every palette.
+        // These backgrounds are light in every palette, so the text is dark.
         return row.isEdited(field) || row.outcomes.count(field) > 0 ? QBrush(Qt::black)
                                                                     : QVariant();
     default:

@@ -24,7 +24,7 @@ public:
     bool isOn() const { return m_reader != nullptr; }
     /// Begins; does nothing while a reading is on, or for no LDBs.
     void read(const QStringList& hexIds);
-    /// Ends with the LDBs that were asked already.
+    /// Ends when the LDBs already asked have answered.
     void stop();
 
 signals:

@@ -17,7 +17,7 @@ QString quoted(QString cell)
     return cell;
 }
 
-/// Takes a cell from the place in the text, and leaves the place at what ends it.
+/// Takes the cell at the place in the text, and moves the place to what ends the cell.
 QString takeCell(const QString& text, int& at)
 {
     QString cell;

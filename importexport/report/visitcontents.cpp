@@ -1,6 +1,7 @@
 #include "importexport/report/visitcontents.h"
 
 #include "importexport/report/reporttexts.h"
+#include "recording/lineshares.h"
 #include "serial/ldb/busaddress.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
@@ -22,7 +23,7 @@ struct Texts
 
 using Rows = std::vector<std::vector<Cell>>;
 
-/// Puts the parts of the document one behind the other.
+/// Composes the parts of the document, one after the other.
 class Composer
 {
 public:
@@ -287,7 +288,7 @@ void Composer::putChanges()
     putFormer();
 }
 
-/// Kept by the program itself: it tells of changes of which nothing is recorded, too.
+/// The program keeps former settings itself, so this also tells of changes that were not recorded.
 void Composer::putFormer()
 {
     for (const FormerSettings& former : m_report.former) {
@@ -350,7 +351,7 @@ void Composer::putLine()
         }
         if (line.asked > line.good) {
             rows.push_back({ldb.hexId, ldb.name, QString::number(line.asked),
-                            shareText(line.good, line.asked), QString::number(line.damaged),
+                            lineshares::text(line.good, line.asked), QString::number(line.damaged),
                             QString::number(line.silent),
                             QString::number(line.asked - line.good - line.damaged - line.silent),
                             flightText(line)});

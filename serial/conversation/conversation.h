@@ -58,7 +58,7 @@ public:
     /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
     /// stays.
     void dismiss(const QString& hexId) { m_roster.dismiss(hexId); }
-    /// What comes is another bus: no LDB of before is expected there. While stopped.
+    /// The next run is on another bus, where no former LDB is expected. Only while stopped.
     void forgetLdbs() { m_roster.forget(); }
     /// The line is gone: a command that has been transmitted is done without an answer, those
     /// behind it are forgotten.
