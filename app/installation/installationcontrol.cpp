@@ -140,6 +140,7 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     }
     if (m_isNew && former.id != m_current.id && former.title() == former.id) {
         m_store.removeBare(former.id); // made at this start, for the one that is chosen now
+        emit gaveWay(former.id);
     }
     m_isNew = false;
     m_check = SiteCheck();

@@ -56,6 +56,9 @@ public:
 signals:
     /// Another one is in force; comes before `changed()`.
     void replaced();
+    /// One that was made at this start has given way to the one in force: what was recorded of it
+    /// belongs to that one. Comes behind `replaced()`.
+    void gaveWay(const QString& formerId);
     /// Another one is in force, or something of it has changed.
     void changed();
     /// `isSettled()` or `isCertain()` may differ from before.
