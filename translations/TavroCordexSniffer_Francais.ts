@@ -510,8 +510,8 @@ maintenance</translation>
         <translation>7 derniers jours</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>De … à …</translation>
+        <source>From ... to ...</source>
+        <translation>De ... à ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
@@ -546,12 +546,12 @@ maintenance</translation>
         <translation>Événements jusqu&apos;à cette heure</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Repère…</translation>
+        <source>Mark...</source>
+        <translation>Repère...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporter…</translation>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -3762,6 +3762,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Le document ne peut pas être créé.</translation>
     </message>
 </context>
 <context>

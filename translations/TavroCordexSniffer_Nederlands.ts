@@ -510,8 +510,8 @@ modus</translation>
         <translation>Laatste 7 dagen</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>Van … tot …</translation>
+        <source>From ... to ...</source>
+        <translation>Van ... tot ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
@@ -546,12 +546,12 @@ modus</translation>
         <translation>Gebeurtenissen tot deze tijd</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Markering…</translation>
+        <source>Mark...</source>
+        <translation>Markering...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporteren…</translation>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -3762,6 +3762,13 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Het document kan niet worden gemaakt.</translation>
     </message>
 </context>
 <context>
