@@ -2645,8 +2645,8 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tableau...</translation>
+        <source>All Settings...</source>
+        <translation>Tous les paramètres...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -5158,13 +5158,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Last run: none recorded</source>
         <translation>Dernière fois : aucune enregistrée</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>Les courants des deux côtés pendant la recherche.</translation>
@@ -5287,6 +5280,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>not read</source>
         <translation>non lu</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM configurés</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Les deux côtés</translation>
     </message>
 </context>
 <context>

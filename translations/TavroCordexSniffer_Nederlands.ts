@@ -2645,8 +2645,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tabel...</translation>
+        <source>All Settings...</source>
+        <translation>Alle instellingen...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -5158,13 +5158,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Last run: none recorded</source>
         <translation>Vorige keer: niet opgenomen</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
-            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>De stromen van beide zijden tijdens het zoeken.</translation>
@@ -5287,6 +5280,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>not read</source>
         <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM&apos;s ingesteld</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Beide zijden</translation>
     </message>
 </context>
 <context>
