@@ -48,6 +48,8 @@ constexpr const Field& entryOf(LdbField field)
     return kFields[static_cast<std::size_t>(field)];
 }
 
+constexpr QChar kNoBreakSpace(0xA0);
+
 QString valueText(const QString& name)
 {
     return name.isEmpty() ? Texts::tr("no name") : name;
@@ -162,10 +164,17 @@ QString fieldName(LdbField field)
     return Texts::tr(entryOf(field).name);
 }
 
+QString fieldUnit(LdbField field)
+{
+    return field == LdbField::OpenDetectionDelay ? QStringLiteral("s") : QString();
+}
+
 QString fieldValue(LdbField field, const LdbSettings& settings)
 {
-    return std::visit([&](auto member) { return valueText(settings.*member); },
-                      entryOf(field).member);
+    const QString value =
+        std::visit([&](auto member) { return valueText(settings.*member); }, entryOf(field).member);
+    const QString unit = fieldUnit(field);
+    return unit.isEmpty() ? value : value + kNoBreakSpace + unit;
 }
 
 LdbParameter parameterOf(LdbField field)

@@ -38,6 +38,14 @@ public:
         m_writer.setPlace(folder, limits);
         tell(0);
     }
+    void takeOver(const QString& folder)
+    {
+        Q_ASSERT(QThread::currentThread() == thread());
+        m_writer.takeOver(folder);
+        QMetaObject::invokeMethod(
+            m_recorder, [recorder = m_recorder, folder] { emit recorder->tookOver(folder); },
+            Qt::QueuedConnection);
+    }
     void finish()
     {
         Q_ASSERT(QThread::currentThread() == thread());
@@ -122,6 +130,13 @@ void Recorder::setOptions(const Options& options)
         setList(m_list);
     }
     emit changed();
+}
+
+void Recorder::takeOver(const QString& folder)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    QMetaObject::invokeMethod(
+        m_host, [host = m_host, folder] { host->takeOver(folder); }, Qt::QueuedConnection);
 }
 
 void Recorder::flush()

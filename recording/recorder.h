@@ -46,6 +46,9 @@ public:
     /// May be called at any time; what is told afterwards goes there.
     void setOptions(const Options& options);
     const Options& options() const { return m_options; }
+    /// Moves the recordings of a folder that is no longer recorded into to where recordings go now;
+    /// `tookOver` comes when that is done, as far as it can be.
+    void takeOver(const QString& folder);
     /// Whether a run is on and is being written to the disk.
     bool isRecording() const { return m_options.isEnabled && m_isRunning && !m_isOutage; }
     /// Whether nothing can be written.
@@ -79,6 +82,7 @@ signals:
     void noticeGiven(const RecordingNotice& notice);
     /// An event is in the recording: found in the records, or handed in.
     void eventRecorded(const RecordedEvent& event);
+    void tookOver(const QString& folder);
     /// `isRecording()` or `filePath()` may have changed.
     void changed();
 

@@ -156,4 +156,29 @@ void remove(const QString& path)
     }
 }
 
+void moveFiles(const QString& from, const QString& to)
+{
+    if (from == to || !QDir().mkpath(to)) {
+        return;
+    }
+    for (const DayFile& file : filesOf(from)) {
+        QLockFile lock(file.path + QStringLiteral(".lock"));
+        lock.setStaleLockTime(0);
+        if (!lock.tryLock() || QFile::exists(file.path + QStringLiteral("-wal"))) {
+            continue; // in use, or not closed: without that file it is not whole
+        }
+        int number = file.number;
+        while (QFile::exists(pathOf(to, file.day, number))) {
+            ++number;
+        }
+        QDir().rename(file.path, pathOf(to, file.day, number)); // never by copying it
+    }
+    for (const QDate& day : keptDays(from)) {
+        if (setKept(to, day, true).isEmpty()) {
+            setKept(from, day, false);
+        }
+    }
+    QDir().rmdir(from);
+}
+
 } // namespace recordingfolder

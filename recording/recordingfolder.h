@@ -51,4 +51,9 @@ std::vector<DayFile> excess(const std::vector<DayFile>& files, const QSet<QDate>
 /// Deletes a file and what SQLite keeps beside it, unless a program records into it.
 void remove(const QString& path);
 
+/// Moves the files that no program records into, with the marks of their days, each under a free
+/// number of its day; deletes the folder when nothing is left in it. Only within a disk: what
+/// cannot be moved stays.
+void moveFiles(const QString& from, const QString& to);
+
 } // namespace recordingfolder

@@ -119,7 +119,7 @@ void RecordWriter::beginFile(qint64 at)
         }
         m_file.close();
     } else {
-        closeLeftOpen();
+        closeLeftOpen(m_options.folder);
         takeOverFinder();
     }
     m_day = recordingfolder::dayOf(at);
@@ -278,9 +278,9 @@ void RecordWriter::say(RecordingNotice::Kind kind, const QString& path, const QS
 
 /// Closes the files that a program that died has left: they would not open on a medium that cannot
 /// be written to.
-void RecordWriter::closeLeftOpen()
+void RecordWriter::closeLeftOpen(const QString& folder)
 {
-    for (const recordingfolder::DayFile& file : recordingfolder::filesOf(m_options.folder)) {
+    for (const recordingfolder::DayFile& file : recordingfolder::filesOf(folder)) {
         RecordingFile left;
         if (QFileInfo::exists(file.path + QStringLiteral("-wal")) &&
             left.open(file.path, m_options.programVersion) == RecordingFile::Opening::Done) {
@@ -325,6 +325,12 @@ void RecordWriter::removeExcess()
     for (const auto& file : recordingfolder::excess(files, kept, m_day, m_options.limits)) {
         recordingfolder::remove(file.path);
     }
+}
+
+void RecordWriter::takeOver(const QString& folder)
+{
+    closeLeftOpen(folder);
+    recordingfolder::moveFiles(folder, m_options.folder);
 }
 
 void RecordWriter::finish()

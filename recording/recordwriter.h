@@ -30,6 +30,8 @@ public:
 
     /// Writes them. When it returns, each is on the disk, waits, or is a part of a gap.
     void take(const RecorderInputs& inputs);
+    /// Moves the files of another folder into the place in force, as far as that can be done.
+    void takeOver(const QString& folder);
     /// Tries for the last time to write what waits, and closes the file.
     void finish();
 
@@ -56,7 +58,7 @@ private:
     void failed(const RecordingNotice& notice);
     void say(RecordingNotice::Kind kind, const QString& path, const QString& reason = {});
     void takeOverFinder();
-    void closeLeftOpen();
+    void closeLeftOpen(const QString& folder);
     void removeExcess();
 
     Options m_options;

@@ -510,8 +510,8 @@ maintenance</translation>
         <translation>7 derniers jours</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>De … à …</translation>
+        <source>From ... to ...</source>
+        <translation>De ... à ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
@@ -546,12 +546,12 @@ maintenance</translation>
         <translation>Événements jusqu&apos;à cette heure</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Repère…</translation>
+        <source>Mark...</source>
+        <translation>Repère...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporter…</translation>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -2645,8 +2645,8 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tableau...</translation>
+        <source>All Settings...</source>
+        <translation>Tous les paramètres...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -3762,6 +3762,13 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Le document ne peut pas être créé.</translation>
     </message>
 </context>
 <context>
@@ -5158,13 +5165,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Last run: none recorded</source>
         <translation>Dernière fois : aucune enregistrée</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>Les courants des deux côtés pendant la recherche.</translation>
@@ -5287,6 +5287,14 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>not read</source>
         <translation>non lu</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM configurés</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Les deux côtés</translation>
     </message>
 </context>
 <context>

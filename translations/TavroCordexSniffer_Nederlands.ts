@@ -510,8 +510,8 @@ modus</translation>
         <translation>Laatste 7 dagen</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>Van … tot …</translation>
+        <source>From ... to ...</source>
+        <translation>Van ... tot ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
@@ -546,12 +546,12 @@ modus</translation>
         <translation>Gebeurtenissen tot deze tijd</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Markering…</translation>
+        <source>Mark...</source>
+        <translation>Markering...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporteren…</translation>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -2645,8 +2645,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tabel...</translation>
+        <source>All Settings...</source>
+        <translation>Alle instellingen...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -3762,6 +3762,13 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
         <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Het document kan niet worden gemaakt.</translation>
     </message>
 </context>
 <context>
@@ -5158,13 +5165,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Last run: none recorded</source>
         <translation>Vorige keer: niet opgenomen</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
-            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>De stromen van beide zijden tijdens het zoeken.</translation>
@@ -5287,6 +5287,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>not read</source>
         <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM&apos;s ingesteld</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Beide zijden</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include "app/notices/notices.h"
 #include "app/recording/recordingcontrol.h"
 #include "app/shared/usersettings.h"
+#include "app/shared/wholefile.h"
 #include "views/events/eventlist.h"
 #include "views/events/markdialog.h"
 
@@ -17,7 +18,6 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QPointer>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
@@ -217,15 +217,12 @@ void EventDesk::askForFile()
 
 void EventDesk::write(const QString& path)
 {
-    const QByteArray lines = m_list->csv().toUtf8();
-    QSaveFile file(path);
-    const bool isDone =
-        file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size() && file.commit();
-    if (isDone) {
+    const QString reason = WholeFile::write(path, m_list->csv().toUtf8());
+    if (reason.isEmpty()) {
         m_around.notices->say([path] { return tr("Events exported to %1").arg(path); });
         return;
     }
-    m_around.notices->box(QMessageBox::Warning, [path, reason = file.errorString()] {
+    m_around.notices->box(QMessageBox::Warning, [path, reason] {
         return BoxText{tr("Export Events"), tr("The events could not be exported to %1").arg(path),
                        reason};
     });

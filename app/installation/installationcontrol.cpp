@@ -140,6 +140,7 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     }
     if (m_isNew && former.id != m_current.id && former.title() == former.id) {
         m_store.removeBare(former.id); // it was made at this start only until one is chosen
+        emit gaveWay(former.id);
     }
     m_isNew = false;
     m_check = SiteCheck();

@@ -57,6 +57,9 @@ public:
 signals:
     /// Another installation is in force; comes before `changed()`.
     void replaced();
+    /// An installation made at this start has given way to the one in force, to which its
+    /// recordings belong now. Comes after `replaced()`.
+    void gaveWay(const QString& formerId);
     /// Another installation is in force, or the one in force has changed.
     void changed();
     /// `isSettled()` or `isCertain()` may have changed.

@@ -63,7 +63,12 @@ qint64 TimeScale::stepOf(int apart) const
     const auto* step = std::find_if(kSteps.begin(), kSteps.end(), [least](qint64 each) {
         return static_cast<double>(each) >= least;
     });
-    return step == kSteps.end() ? kSteps.back() : *step;
+    if (step != kSteps.end()) {
+        return *step;
+    }
+    // A clock that was not set when a recording began makes it decades long.
+    const qint64 longest = kSteps.back();
+    return (static_cast<qint64>(least) / longest + 1) * longest;
 }
 
 bool TimeScale::isInDays(int apart) const
@@ -74,12 +79,13 @@ bool TimeScale::isInDays(int apart) const
 std::vector<qint64> TimeScale::ticks(int apart) const
 {
     const qint64 step = stepOf(apart);
+    const qint64 offset = clockOf(m_span.from) - m_span.from;
     std::vector<qint64> result;
-    const qint64 first = clockOf(m_span.from) / step * step;
-    for (qint64 clock = first; clock <= clockOf(m_span.to) + kDay; clock += step) {
+    qint64 at = m_span.from;
+    for (qint64 clock = clockOf(m_span.from) / step * step; at < m_span.to; clock += step) {
         // Back to a moment, by the offset in force around it.
-        const qint64 guess = clock - (clockOf(m_span.from) - m_span.from);
-        const qint64 at = clock - (clockOf(guess) - guess);
+        const qint64 guess = clock - offset;
+        at = clock - (clockOf(guess) - guess);
         if (at > m_span.from && at < m_span.to && (result.empty() || at > result.back())) {
             result.push_back(at);
         }

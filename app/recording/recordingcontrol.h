@@ -49,6 +49,8 @@ private:
     void followLink();
     void followPort();
     void followInstallation();
+    /// Where an installation's recordings are, as the preferences say.
+    QString folderOf(const QString& installation) const;
     void tell(const RecordingNotice& notice);
 
     Surroundings m_around;

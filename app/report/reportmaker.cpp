@@ -1,29 +1,11 @@
 #include "app/report/reportmaker.h"
 
+#include "app/shared/wholefile.h"
 #include "importexport/report/reporthtml.h"
 
 #include <QPagedPaintDevice>
-#include <QSaveFile>
 
 #include <utility>
-
-namespace {
-
-/// When a disk gets full, a part is written without an error; only the next write tells why.
-bool writeAll(QIODevice& device, const QByteArray& bytes)
-{
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const qint64 written = device.write(bytes.constData() + done, bytes.size() - done);
-        if (written <= 0) {
-            return false;
-        }
-        done += written;
-    }
-    return true;
-}
-
-} // namespace
 
 /// Lives in the thread; owns the document.
 class ReportMakerHost : public QObject
@@ -63,10 +45,8 @@ public:
         const QByteArray bytes = !m_pages ? QByteArray()
                                  : isPdf  ? m_pages->pdf()
                                           : htmlOf(m_contents);
-        QSaveFile file(path);
-        const bool isSaved = !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
-                             writeAll(file, bytes) && file.commit();
-        const QString failure = isSaved ? QString() : file.errorString();
+        const QString failure = bytes.isEmpty() ? ReportMaker::tr("The document cannot be made.")
+                                                : WholeFile::write(path, bytes);
         tell([path, failure](ReportMaker& maker) { emit maker.saved(path, failure); });
     }
 

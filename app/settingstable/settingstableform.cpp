@@ -6,6 +6,7 @@
 #include "app/settingstable/tableimport.h"
 #include "app/settingstable/tablereading.h"
 #include "app/settingstable/tablewriting.h"
+#include "app/shared/wholefile.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/settingscomparison.h"
 #include "importexport/settingsfilewriter.h"
@@ -19,7 +20,6 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStyle>
 #include <QTableView>
 #include <QToolBar>
@@ -40,10 +40,10 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 10;
     constexpr int kUsual = 13;
-    constexpr int kId = 11;   // beside the mark of the sorting
-    constexpr int kName = 27; // an edited one stands beside what it was
+    constexpr int kId = 9;    // beside the mark of the sorting
+    constexpr int kName = 20; // an edited one stands beside what it was
     constexpr int kTime = 10;
-    constexpr int kFirmware = 19;
+    constexpr int kFirmware = 15;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;
@@ -382,8 +382,8 @@ void SettingsTableWindow::changeEvent(QEvent* event)
 void SettingsTableWindow::exportFile()
 {
     filedialog::save(this, tr("Select File"), {}, false, [this](const QString& path) {
-        QSaveFile file(path);
-        bool isWritten = file.open(QIODevice::WriteOnly);
+        WholeFile file(path);
+        bool isWritten = file.open();
         QStringList spoiled;
         if (isWritten) {
             SettingsFileWriter writer(&file);
@@ -399,9 +399,9 @@ void SettingsTableWindow::exportFile()
                 }
             }
         }
-        if (!isWritten || !file.commit()) {
-            tell([] { return tr("The file cannot be written."); },
-                 [error = file.errorString()] { return error; });
+        const QString reason = file.finish();
+        if (!isWritten || !reason.isEmpty()) {
+            tell([] { return tr("The file cannot be written."); }, [reason] { return reason; });
         } else if (!spoiled.isEmpty()) {
             tell([] { return tr("Names have characters that the file cannot hold."); },
                  [spoiled] { return spoiled.join(QStringLiteral(", ")); });

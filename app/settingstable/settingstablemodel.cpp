@@ -27,7 +27,10 @@ QString headOf(LdbField field)
         QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
         QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
         QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
-    return QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+    const QString head =
+        QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+    const QString unit = fieldUnit(field);
+    return unit.isEmpty() ? head : QStringLiteral("%1 (%2)").arg(head, unit);
 }
 
 QColor groundOf(FieldOutcome outcome)

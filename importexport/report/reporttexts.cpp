@@ -279,6 +279,18 @@ QString countText(const recordedwork::Finding::Side& side)
     return side.isTracked ? QString::number(side.fims) : kNoValue;
 }
 
+std::optional<int> loopCount(const recordedwork::Finding& finding)
+{
+    return finding.primary.isTracked && finding.secondary.isTracked
+               ? std::make_optional(finding.primary.fims + finding.secondary.fims)
+               : std::nullopt;
+}
+
+QString numberText(std::optional<int> number)
+{
+    return number ? QString::number(*number) : kNoValue;
+}
+
 bool isOutOfOrder(const QList<QStringList>& rows)
 {
     switch (static_cast<LdbState>(generalinformation::integer(rows, generalinformation::ModeRow))) {

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// The report's words for single things. Pure functions; texts in the language in force.
 namespace reporttexts {
 
@@ -26,6 +28,11 @@ QString occasionText(FormerSettings::Occasion occasion);
 /// How a side of a run ended, with the FIM before the fault.
 QString sideText(const recordedwork::Finding::Side& side);
 QString countText(const recordedwork::Finding::Side& side);
+
+/// FIMs that both sides counted together; nothing where one was not tracked.
+std::optional<int> loopCount(const recordedwork::Finding& finding);
+/// A dash for none.
+QString numberText(std::optional<int> number);
 
 /// Whether the LDB does not do its work: lost, in fault, or with a failed reset.
 bool isOutOfOrder(const QList<QStringList>& rows);

@@ -233,21 +233,28 @@ void Composer::putFinding(const ReportedFinding& reported)
         return std::vector<Cell>{name,
                                  {sideText(found), isBad ? Cell::Tone::Bad : Cell::Tone::Plain},
                                  countText(found),
+                                 {},
                                  former(side)};
     };
+    // The LDB is told the number of the whole loop, whose FIMs the two sides share.
+    const auto count = loopCount(finding);
+    const bool isOther = count && finding.configured && count != finding.configured;
     table({{Texts::tr("Side"), 34},
-           {Texts::tr("Result"), 66},
-           {Texts::tr("FIM's counted"), 30},
+           {Texts::tr("Result"), 60},
+           {Texts::tr("FIM's counted"), 26},
+           {Texts::tr("FIM's configured"), 28},
            {reported.former ? Texts::tr("Last run, %1").arg(timeText(reported.former->at))
                             : Texts::tr("Last run: none recorded"),
-            50}},
+            40}},
           {row(Texts::tr("Primary side"), &recordedwork::Finding::primary),
-           row(Texts::tr("Secondary side"), &recordedwork::Finding::secondary)});
+           row(Texts::tr("Secondary side"), &recordedwork::Finding::secondary),
+           {Texts::tr("Both sides"),
+            {},
+            {numberText(count), isOther ? Cell::Tone::Warned : Cell::Tone::Plain},
+            finding.configured ? numberText(finding.configured) : Texts::tr("not known"),
+            numberText(reported.former ? loopCount(reported.former->value) : std::nullopt)}});
     for (const recordedwork::Finding::Leakage& leakage : finding.leakages) {
         paragraph(recordedwork::leakageText(leakage));
-    }
-    if (finding.configured) {
-        paragraph(Texts::tr("The LDB was told to have %n FIM's.", nullptr, *finding.configured));
     }
     if (reported.samples.size() > 1) {
         put(Picture{runPicture(reported.samples),

@@ -175,23 +175,27 @@ private slots:
     void restartsNeitherEndNorDoubleAnEvent()
     {
         RecordedBus bus(kNoon);
-        const auto live = [&](const QByteArray& body) {
+        qint64 last = 0;
+        const auto live = [&](const QByteArray& first, const QByteArray& second) {
             RecordWriter writer(optionsFor(recordings()));
             bus.start({"0A"});
             bus.beginRound();
-            bus.status("0A", body);
-            bus.status("0A", body);
+            bus.status("0A", first);
+            last = bus.now;
+            bus.status("0A", second);
             bus.stop();
             writer.take(bus.take());
             bus.now += 100 * RecordedBus::kSecond;
             writer.finish();
         };
-        const qint64 begun = bus.now;
-        live(RecordedBus::loopOpen(true));
-        live(RecordedBus::loopOpen(true));
+        const QByteArray open = RecordedBus::loopOpen(true);
+        const QByteArray memory = RecordedBus::loopOpen(false, true);
+        live(TestBus::status(), open);
+        const qint64 begun = last;
+        live(open, open);
         bus.now = QDateTime(QDate(2026, 3, 6), QTime(8, 0)).toMSecsSinceEpoch() * 1000;
-        live(RecordedBus::loopOpen(true));
-        live(RecordedBus::loopOpen(false, true));
+        live(open, open);
+        live(open, memory);
         std::vector<RecordedEvent> faults;
         for (const auto& event : RecordingReader(recordings()).events(kAll)) {
             if (event.place != FaultPlace::None) {

@@ -120,6 +120,10 @@ private slots:
         QCOMPARE(section("Report of the visit", "Summary"), bare(headText(visit)));
         QCOMPARE(section("LDB's" + kLdbHead, "Faults" + kFaultHead), bare(ldbsText(folder, visit)));
         QCOMPARE(section("Faults" + kFaultHead, "Fault finding LDB"), bare(faultsText(visit)));
+        QVERIFY(section("Fault finding LDB", "Changed settings")
+                    .contains(bare("Primary side Open, approximately at FIM 7 7 11 Secondary side "
+                                   "not tracked" +
+                                   kDash + "9 Both sides" + kDash + "20 20")));
         QCOMPARE(section("Changed settings ID Name Setting Old New When Read back",
                          "Marks of the engineer"),
                  bare(changesText(visit)));
@@ -422,7 +426,7 @@ private:
         const QString ldb = visit.changed + nameOf(visit.changed);
         const QString at = momentText(visit.changedAt);
         return ldb + "Name old name new name" + at + "verified" + ldb +
-               "Open Detection Delay 10 12" + at + "verified" + ldb + "Audio Mute off on" + at +
+               "Open Detection Delay 10 s 12 s" + at + "verified" + ldb + "Audio Mute off on" + at +
                "refused by the LDB";
     }
 
@@ -453,7 +457,7 @@ private:
         for (const QString& hexId : visit.ldbs) {
             const QString name = hexId == visit.silent ? QString() : nameOf(hexId);
             expected += hexId == visit.changed
-                            ? "02 LDB 02 20 12 on on off off off off" + momentText(visit.readAt)
+                            ? "02 LDB 02 20 12 s on on off off off off" + momentText(visit.readAt)
                             : hexId + name + kDash.repeated(8) + "not read";
         }
         return expected;

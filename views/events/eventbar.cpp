@@ -257,7 +257,7 @@ void EventBar::fillPeriods()
                                                       {tr("Last hour"), Period::Hour},
                                                       {tr("Last 24 hours"), Period::Day},
                                                       {tr("Last 7 days"), Period::Week},
-                                                      {tr("From … to …"), Period::Own}};
+                                                      {tr("From ... to ..."), Period::Own}};
         for (const auto& [text, value] : periods) {
             m_period->addItem(text, static_cast<int>(value));
         }
@@ -280,8 +280,8 @@ void EventBar::retranslate()
     m_period->setAccessibleName(tr("Time of the events that are shown"));
     m_from->setAccessibleName(tr("Events from this time on"));
     m_to->setAccessibleName(tr("Events up to this time"));
-    m_mark->setText(tr("Mark…"));
-    m_export->setText(tr("Export…"));
+    m_mark->setText(tr("Mark..."));
+    m_export->setText(tr("Export..."));
     m_export->setToolTip(tr("Write the events that are listed to a CSV file"));
     setMarkHindrance(m_markHindrance);
     fold();

@@ -141,7 +141,7 @@ void EventList::showCounts()
 {
     m_bar->setHexIds(m_model->hexIds());
     m_bar->setCounts(m_model->rowCount(), m_model->count(),
-                     m_history->isReading() ? QStringLiteral(" …")
+                     m_history->isReading() ? QStringLiteral(" ...")
                      : m_history->isCut()   ? tr(", older ones left out")
                                             : QString());
 }

@@ -11,7 +11,7 @@
 
 namespace events {
 
-enum Column : int
+enum Column
 {
     TimeColumn,
     LdbColumn,
@@ -20,7 +20,7 @@ enum Column : int
     ColumnCount
 };
 
-enum Role : int
+enum Role
 {
     EventRole = Qt::UserRole ///< a `RecordedEvent`
 };
