@@ -74,7 +74,8 @@ private slots:
         RecordingReader former(recordings());
         RecordingReader later(recordings("installation-2"));
         QVERIFY(former.extent() && later.extent());
-        QVERIFY(former.extent()->to <= later.extent()->from + 1);
+        // But for the exchange that was under way.
+        QVERIFY(former.extent()->to <= later.extent()->from + 200000); // µs
         QVERIFY(former.runs(kAll)[0].isEnded);
         QStringList listed;
         for (const RecordedRecord& record : later.stateAt(later.extent()->to)) {
@@ -160,7 +161,7 @@ private slots:
         save(m_sandbox->path("taken.pcapng"));
         pass(0);
         QVERIFY(Sandbox::readFile(m_sandbox->path("taken.pcapng"))
-                    .contains(TestBus::framed(TestBus::status())));
+                    .contains(TestBus::framed(m_bus->requests().at(100))));
         child<QRadioButton>("evidenceEventsChoice")->click();
         save(m_sandbox->path("events.csv"));
         pass(0);
@@ -252,8 +253,11 @@ private slots:
         QVERIFY2(curve->dataSize() > 150, qPrintable(QString::number(curve->dataSize())));
         // Nothing joins the two runs.
         int gaps = 0;
+        bool wasGap = false;
         for (std::size_t i = 0; i < curve->dataSize(); ++i) {
-            gaps += qIsNaN(curve->sample(static_cast<int>(i)).y()) ? 1 : 0;
+            const bool isGap = qIsNaN(curve->sample(static_cast<int>(i)).y());
+            gaps += isGap && !wasGap ? 1 : 0;
+            wasGap = isGap;
         }
         QCOMPARE(gaps, 1);
     }
