@@ -515,7 +515,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation>Texte des événements</translation>
+        <translation>Texte</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
@@ -3468,6 +3468,10 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>%1 gone after %2 at most</source>
         <translation>%1 disparu après %2 au plus</translation>
+    </message>
+    <message>
+        <source>%1 in memory, there already</source>
+        <translation>%1 en mémoire, déjà là</translation>
     </message>
 </context>
 <context>

@@ -515,7 +515,7 @@ modus</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation>Tekst van de gebeurtenissen</translation>
+        <translation>Tekst</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
@@ -3468,6 +3468,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>%1 gone after %2 at most</source>
         <translation>%1 verdwenen na hoogstens %2</translation>
+    </message>
+    <message>
+        <source>%1 in memory, there already</source>
+        <translation>%1 in geheugen, was er al</translation>
     </message>
 </context>
 <context>

@@ -76,8 +76,8 @@ private slots:
         RecordingReader former(recordings());
         RecordingReader later(recordings("installation-2"));
         QVERIFY(former.extent() && later.extent());
-        // The exchange that was under way is in the later one.
-        QVERIFY(former.extent()->to <= later.extent()->from + 200000);
+        // But for the exchange that was under way.
+        QVERIFY(former.extent()->to <= later.extent()->from + 200000); // µs
         QVERIFY(former.runs(kAll)[0].isEnded);
         QStringList listed;
         for (const RecordedRecord& record : later.stateAt(later.extent()->to)) {
