@@ -3786,10 +3786,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>L&apos;impression a échoué.</translation>
     </message>
     <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Cette visite : depuis %1, premier démarrage du jour</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>La fin de la période est avant son début.</translation>
     </message>
@@ -3862,10 +3858,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>Papie&amp;r :</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Cette visite : depuis le premier démarrage du jour</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Aujourd&apos;hui</translation>
     </message>
@@ -3904,6 +3896,18 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Pages of the report</source>
         <translation>Pages du rapport</translation>
+    </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Cette visite, depuis %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Cette visite</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Cette visite a commencé au premier démarrage du bus aujourd&apos;hui</translation>
     </message>
 </context>
 <context>
@@ -4934,24 +4938,8 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Aucun LDB n&apos;a de défaut actuellement.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB avec un défaut actuellement (%1) : %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB gardant en mémoire un défaut disparu (%1) : %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Aucun LDB n&apos;est perdu.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>LDB perdus (%1) : %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5299,6 +5287,22 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>Both sides</source>
         <translation>Les deux côtés</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aucun LDB n&apos;avait de défaut à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB avec un défaut à la fin (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aucun LDB n&apos;était perdu à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>LDB perdus à la fin (%1) : %2.</translation>
     </message>
 </context>
 <context>

@@ -16,7 +16,7 @@ class QTableView;
 
 class RecordingAccess;
 
-/// Draws below each name of the overview a low strip of small bars: how the LDB's exchanges of the
+/// Draws below each ID of the overview a low strip of small bars: how the LDB's exchanges of the
 /// last 15 minutes went, one bar a minute. Everything else of these cells is drawn by the delegate
 /// that the view had before. Whether there are strips is remembered per user. GUI thread.
 class OverviewQuality : public QAbstractItemDelegate
