@@ -30,8 +30,16 @@ public:
     const Installations& store() const { return m_store; }
     /// False from a start on until what answers has shown, or the user has said, which one it is.
     bool isSettled() const { return m_state == State::Settled; }
-    /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`.
-    bool isCertain() const { return isSettled() && m_check.remembered() == 0; }
+    /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`, and a
+    /// scan in the run puts them to the test again.
+    bool isCertain() const { return isSettled() && m_check.remembered() == 0 && !m_isDoubtful; }
+    /// Whether an LDB that is lost is one of this installation, not of another one that it looks
+    /// like no more.
+    bool mayTellLosses() const
+    {
+        const bool isScanChecked = m_isScanning || m_hasScanned;
+        return isCertain() || (isSettled() && !m_isDoubtful && !isScanChecked);
+    }
 
     /// The installations that the user chooses from. A damaged one is told by `failed()`.
     std::vector<Installation> all();
@@ -61,7 +69,7 @@ signals:
     void gaveWay(const QString& formerId);
     /// Another one is in force, or something of it has changed.
     void changed();
-    /// `isSettled()` or `isCertain()` may differ from before.
+    /// `isSettled()`, `isCertain()` or `mayTellLosses()` may differ from before.
     void settledChanged();
     /// What answers is not what is remembered: the user has to say what it is.
     void anotherFound();
@@ -87,8 +95,13 @@ private:
     void beginRun(const PortIdentity& port);
     StartPlan checkCurrent();
     void processName(const QString& hexId, const QString& name);
+    void processLoss();
     void remember(const QStringList& hexIds);
+    void processScan(bool isOn);
+    void processScanBegin();
     void processScanEnd();
+    void processRescan();
+    int answeringLdbs() const;
     void rememberFound(const QStringList& hexIds);
     int namedLdbs() const;
     void processProbed(int answered);
@@ -107,11 +120,14 @@ private:
     PortIdentity m_port; ///< of the run, or of the last one
     State m_state = State::Idle;
     bool m_isScanning = false;
-    bool m_hasScanned = false;      ///< in this run
-    bool m_mayResume = false;       ///< the last run ended settled, and not in a scan
-    bool m_isNew = false;           ///< made at this start: the bus may be that of one remembered
-    bool m_isCompared = false;      ///< a new one, with all that are remembered
-    SiteCheck m_check;              ///< against nothing, once it has been decided
+    bool m_hasScanned = false; ///< in this run
+    bool m_isChosen = false;   ///< the user has said which one it is, and the scan of that is due
+    QStringList m_resumed;     ///< the LDBs that a run which goes on should hear
+    bool m_isDoubtful = false; ///< most of those have not been heard
+    bool m_mayResume = false;  ///< the last run ended settled, and not in a scan
+    bool m_isNew = false;      ///< made at this start: the bus may be that of one remembered
+    bool m_isCompared = false; ///< a new one, with all that are remembered
+    SiteCheck m_check;         ///< against nothing, once it has been decided
     QHash<QString, QString> m_told; ///< the names that the LDBs have told in this run
     QTimer m_patience;
     QTimer m_saving;

@@ -1,5 +1,6 @@
 #include "importexport/importexportdevicesettings.h"
 #include "importexport/importplan.h"
+#include "importexport/settingsbatch.h"
 #include "importexport/settingscsv.h"
 #include "serial/link/seriallink.h"
 #include "tests/support/sandbox.h"
@@ -529,6 +530,27 @@ private slots:
         QCOMPARE(operation.statuses.size(), 1);
         QCOMPARE(operation.bus.writes(),
                  isImport ? writesOf("01", "A") + writesOf("02", "B") : QList<QByteArray>());
+    }
+
+    /// Each line that is not done is named, also where that is what the user wanted.
+    void tellsWhatWasLeftOut()
+    {
+        Operation operation({"01", "02", "03"});
+        QVERIFY(operation.connectLink());
+        operation.onPlan = [&] {
+            const LdbSettings present = operation.job->bus().settings.at("01");
+            LdbSettings wanted = present;
+            wanted.name = "A";
+            operation.job->write(
+                std::vector<LdbChange>{{"01", {wanted, {LdbField::Name}, present, false}}});
+        };
+        QVERIFY(operation.runImport(line("1", "A") + line("2", "B") + line("3", "C") +
+                                    line("1G", "D")));
+        const QString told = operation.job->failureText()();
+        QVERIFY2(told.startsWith("Done: 1 of 4 LDB"), qPrintable(told));
+        for (const char* one : {"Line 1: ", "Line 2: ", "Line 3: ", "Line 4: "}) {
+            QCOMPARE(told.contains(one), qstrcmp(one, "Line 1: ") != 0);
+        }
     }
 
     void isCancelled()
