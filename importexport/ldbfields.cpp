@@ -164,6 +164,21 @@ QString fieldName(LdbField field)
     return Texts::tr(entryOf(field).name);
 }
 
+QString fieldHead(LdbField field)
+{
+    constexpr const char* kHeads[] = {
+        QT_TRANSLATE_NOOP("TableHeads", "Name"),
+        QT_TRANSLATE_NOOP("TableHeads", "Number of FIM's"),
+        QT_TRANSLATE_NOOP("TableHeads", "Open Detection Delay"),
+        QT_TRANSLATE_NOOP("TableHeads", "General Fault Output"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Leakage Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Wire Open Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
+        QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
+    return QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+}
+
 QString fieldUnit(LdbField field)
 {
     return field == LdbField::OpenDetectionDelay ? QStringLiteral("s") : QString();

@@ -54,6 +54,8 @@ bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& setting
 
 /// The field's name, and its value as words and with its unit, in the language in force.
 QString fieldName(LdbField field);
+/// The name, shortened in some languages, for a column.
+QString fieldHead(LdbField field);
 /// What a number of this field counts, as a sign; empty for a mere number.
 QString fieldUnit(LdbField field);
 QString fieldValue(LdbField field, const LdbSettings& settings);

@@ -65,7 +65,7 @@ private:
     RowMaker m_maker;
     RecordingFile m_file;
     QDate m_day;           ///< of what waits
-    int m_firstNumber = 1; ///< the first of the day's files that may be used
+    int m_firstNumber = 1; ///< the first the first of the day's files that may be used
     QString m_ownPath;     ///< the file with what was told since `m_begunAt`
     qint64 m_endOfDay = 0;
     qint64 m_begunAt = 0; ///< the first moment of what goes into the file

@@ -515,7 +515,7 @@ modus</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation>Tekst van de gebeurtenissen</translation>
+        <translation>Tekst</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
@@ -3469,6 +3469,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>%1 gone after %2 at most</source>
         <translation>%1 verdwenen na hoogstens %2</translation>
     </message>
+    <message>
+        <source>%1 in memory, there already</source>
+        <translation>%1 in geheugen, was er al</translation>
+    </message>
 </context>
 <context>
     <name>RecordedWork</name>
@@ -3782,10 +3786,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Het kon niet worden afgedrukt.</translation>
     </message>
     <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Dit bezoek: sinds %1, de eerste start van vandaag</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>Het einde van de periode ligt voor het begin.</translation>
     </message>
@@ -3858,10 +3858,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>&amp;Papier:</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Dit bezoek: sinds de eerste start van vandaag</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Vandaag</translation>
     </message>
@@ -3900,6 +3896,18 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Pages of the report</source>
         <translation>Pagina&apos;s van het verslag</translation>
+    </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Dit bezoek, sinds %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Dit bezoek</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Dit bezoek is begonnen met de eerste start van de bus vandaag</translation>
     </message>
 </context>
 <context>
@@ -4930,24 +4938,8 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Geen LDB heeft nu een fout.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB&apos;s met nu een fout (%1): %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB&apos;s die een verdwenen fout onthouden (%1): %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Geen LDB is verloren.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>Verloren LDB&apos;s (%1): %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5295,6 +5287,22 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Both sides</source>
         <translation>Beide zijden</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aan het einde had geen LDB een fout.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB&apos;s met een fout aan het einde (%1): %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aan het einde was geen LDB verloren.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>Verloren LDB&apos;s aan het einde (%1): %2.</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,7 @@ struct BroadcastSight
     /// reset.
     QStringList seen;
     QHash<QString, LdbState> states; ///< told last
+    QHash<QString, QString> names;   ///< at the end
     bool isCut = false;              ///< the run ended before everything was looked at
 
     /// The others, in the order of `ldbs`.

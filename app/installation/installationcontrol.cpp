@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -34,15 +35,9 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
     connect(link, &SerialLink::nameTold, this, &InstallationControl::processName);
     connect(link, &SerialLink::knownProbed, this,
             [this](int answered, int) { processProbed(answered); });
-    connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isOn) {
-        if (isOn) {
-            m_told.clear(); // the names are asked for anew
-        }
-        // A run without a scan also tells that no scan is on.
-        if (std::exchange(m_isScanning, isOn) && !isOn && m_link->isRunning()) {
-            processScanEnd();
-        }
-    });
+    connect(link, &SerialLink::ldbListInitializationStateChange, this,
+            &InstallationControl::processScan);
+    connect(link, &SerialLink::ldbDisconnected, this, &InstallationControl::processLoss);
     connect(link, &SerialLink::stopped, this, &InstallationControl::processStop);
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, [this] {
@@ -91,10 +86,13 @@ StartPlan InstallationControl::planAgain(const PortIdentity& port, bool isLongAw
     if (!m_mayResume) {
         return planFor(port);
     }
+    const QStringList connected = m_link->connectedLdbs();
     beginRun(port);
     if (isLongAway) {
         return checkCurrent();
     }
+    m_resumed = connected;
+    m_isDoubtful = !connected.isEmpty();
     useOn(port);
     m_check = SiteCheck(m_current.ldbs);
     m_check.processProbed(m_check.remembered()); // all of them, unless they are lost
@@ -109,6 +107,8 @@ void InstallationControl::beginRun(const PortIdentity& port)
     m_told.clear();
     m_isScanning = false;
     m_hasScanned = false;
+    m_isChosen = false;
+    m_isDoubtful = false;
 }
 
 /// Assumes the remembered installation, and checks it against what answers.
@@ -146,10 +146,16 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
     m_check = SiteCheck();
     m_port = port;
     useOn(port);
+    m_isDoubtful = false;
     if (m_link->isRunning()) {
+        m_isChosen = !m_hasScanned || m_isScanning;
         setState(State::Settled);
+        // Those of it that are silent are lost.
+        m_link->expect(m_current.ldbs);
         remember(m_told.keys());
-        if (!m_hasScanned && !m_isScanning) {
+        if (m_hasScanned) {
+            rememberFound(m_link->connectedLdbs());
+        } else if (!m_isScanning) {
             emit scanWanted();
         }
     }
@@ -250,6 +256,10 @@ void InstallationControl::processName(const QString& hexId, const QString& name)
         m_patience.start(kPatience);
     }
     m_told.insert(hexId, name.isNull() ? QStringLiteral("") : name);
+    if (m_isDoubtful && 2 * answeringLdbs() >= m_resumed.size()) {
+        m_isDoubtful = false;
+        emit settledChanged();
+    }
     m_check.processName(hexId, name);
     if (m_state == State::Checking || (isSettled() && m_check.remembered() > 0)) {
         decide(m_check.verdict());
@@ -261,10 +271,26 @@ void InstallationControl::processName(const QString& hexId, const QString& name)
     }
 }
 
+/// A bus that goes on and loses most of its LDBs may be another one: a scan shows who is there.
+void InstallationControl::processLoss()
+{
+    if (m_isDoubtful && !m_hasScanned && !m_isScanning) {
+        emit scanWanted();
+    }
+}
+
+/// Of those that a run which goes on should hear.
+int InstallationControl::answeringLdbs() const
+{
+    return static_cast<int>(
+        std::count_if(m_resumed.begin(), m_resumed.end(),
+                      [this](const QString& hexId) { return m_told.contains(hexId); }));
+}
+
 /// Remembers the LDBs with the names that they have told. Does nothing while it may be another bus.
 void InstallationControl::remember(const QStringList& hexIds)
 {
-    if (!isSettled() || m_check.remembered() > 0) {
+    if (!isCertain()) {
         return;
     }
     bool isChanged = false;
@@ -277,18 +303,67 @@ void InstallationControl::remember(const QStringList& hexIds)
     }
 }
 
+void InstallationControl::processScan(bool isOn)
+{
+    // A run without a scan also tells that no scan is on.
+    const bool wasOn = std::exchange(m_isScanning, isOn);
+    if (isOn) {
+        processScanBegin();
+    } else if (wasOn && m_link->isRunning()) {
+        processScanEnd();
+    }
+}
+
+/// A bus that is scanned while it is monitored is held against what is remembered, too: somebody
+/// may have plugged the line in elsewhere.
+void InstallationControl::processScanBegin()
+{
+    m_told.clear(); // the names are asked for anew
+    m_patience.stop();
+    if (isSettled() && m_check.remembered() == 0 && !m_isChosen) {
+        m_check = SiteCheck(m_current.ldbs);
+    }
+    emit settledChanged();
+}
+
 void InstallationControl::processScanEnd()
 {
     m_hasScanned = true;
-    const QStringList known = m_link->connectedLdbs();
-    const auto answered =
-        std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
-                      [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
+    m_isChosen = false;
+    m_isDoubtful = false;
     if (m_state == State::Checking) {
+        const QStringList known = m_link->connectedLdbs();
+        const auto answered =
+            std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
+                          [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
         processProbed(static_cast<int>(answered));
-    } else if (isSettled() && m_check.remembered() == 0) {
-        rememberFound(known);
+    } else if (isSettled()) {
+        processRescan();
     }
+}
+
+/// Silence alone tells nothing of a bus that was the right one a moment ago: it is another one when
+/// others answer in place of most of its LDBs, or by their names.
+void InstallationControl::processRescan()
+{
+    const QStringList known = m_link->connectedLdbs();
+    if (m_check.remembered() == 0) {
+        rememberFound(known);
+        return;
+    }
+    const int answered = m_check.remembered(known);
+    if (2 * answered < m_check.remembered() && known.size() > answered) {
+        decide(SiteCheck::Verdict::Another);
+        return;
+    }
+    // The names of those that are there decide.
+    std::vector<KnownLdb> there;
+    std::copy_if(m_current.ldbs.begin(), m_current.ldbs.end(), std::back_inserter(there),
+                 [&known](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
+    m_check = SiteCheck(there);
+    m_check.processProbed(answered);
+    m_patience.start(kPatience);
+    emit settledChanged();
 }
 
 /// Also LDBs that have not told their names: otherwise one that is silent at the next start would
@@ -337,6 +412,9 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
     case SiteCheck::Verdict::Same:
         useOn(m_port);
         setState(State::Settled);
+        if (m_hasScanned) {
+            m_link->expect(m_current.ldbs); // what a scan does not find is not forgotten
+        }
         endCheck();
         break;
     case SiteCheck::Verdict::Another:
@@ -345,6 +423,7 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
         if (!m_hasScanned) {
             emit scanWanted();
         }
+        m_link->expect({}); // nobody of before
         emit anotherFound();
         break;
     }
@@ -356,6 +435,9 @@ void InstallationControl::endCheck()
         m_check = SiteCheck();
         emit settledChanged();
         remember(m_told.keys());
+        if (m_hasScanned) {
+            rememberFound(m_link->connectedLdbs());
+        }
     }
 }
 

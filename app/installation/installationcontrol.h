@@ -30,8 +30,16 @@ public:
     const Installations& store() const { return m_store; }
     /// False from a start on, until the answers have shown, or the user has said, which one it is.
     bool isSettled() const { return m_state == State::Settled; }
-    /// Whether the names agree as well. After a cut that is known a moment after `isSettled()`.
-    bool isCertain() const { return isSettled() && m_check.remembered() == 0; }
+    /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`, and a
+    /// scan in the run puts them to the test again.
+    bool isCertain() const { return isSettled() && m_check.remembered() == 0 && !m_isDoubtful; }
+    /// Whether an LDB that is lost is one of this installation, not of another one that it looks
+    /// like no more.
+    bool mayTellLosses() const
+    {
+        const bool isScanChecked = m_isScanning || m_hasScanned;
+        return isCertain() || (isSettled() && !m_isDoubtful && !isScanChecked);
+    }
 
     /// The installations that the user can choose from. `failed()` tells of a damaged one.
     std::vector<Installation> all();
@@ -62,7 +70,7 @@ signals:
     void gaveWay(const QString& formerId);
     /// Another installation is in force, or the one in force has changed.
     void changed();
-    /// `isSettled()` or `isCertain()` may have changed.
+    /// `isSettled()`, `isCertain()` or `mayTellLosses()` may differ from before.
     void settledChanged();
     /// The bus that answers is not the remembered one: the user has to say which one it is.
     void anotherFound();
@@ -88,8 +96,13 @@ private:
     void beginRun(const PortIdentity& port);
     StartPlan checkCurrent();
     void processName(const QString& hexId, const QString& name);
+    void processLoss();
     void remember(const QStringList& hexIds);
+    void processScan(bool isOn);
+    void processScanBegin();
     void processScanEnd();
+    void processRescan();
+    int answeringLdbs() const;
     void rememberFound(const QStringList& hexIds);
     int namedLdbs() const;
     void processProbed(int answered);
@@ -108,11 +121,14 @@ private:
     PortIdentity m_port; ///< of the run, or of the last one
     State m_state = State::Idle;
     bool m_isScanning = false;
-    bool m_hasScanned = false;      ///< in this run
-    bool m_mayResume = false;       ///< the last run ended settled, and not in a scan
-    bool m_isNew = false;           ///< made at this start: the bus may be that of a remembered one
-    bool m_isCompared = false;      ///< a new one has been compared with all that are remembered
-    SiteCheck m_check;              ///< empty once it has decided
+    bool m_hasScanned = false; ///< in this run
+    bool m_isChosen = false;   ///< the user has said which one it is, and the scan of that is due
+    QStringList m_resumed;     ///< the LDBs that a run which goes on should hear
+    bool m_isDoubtful = false; ///< most of those have not been heard
+    bool m_mayResume = false;  ///< the last run ended settled, and not in a scan
+    bool m_isNew = false;      ///< made at this start: the bus may be that of a remembered one
+    bool m_isCompared = false; ///< a new one has been compared with all that are remembered
+    SiteCheck m_check;         ///< empty once it has decided
     QHash<QString, QString> m_told; ///< the names that the LDBs have told in this run
     QTimer m_patience;
     QTimer m_saving;

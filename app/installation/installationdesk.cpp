@@ -38,7 +38,7 @@ InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource&
             QStringLiteral("installationBox"));
     });
     connect(m_control, &InstallationControl::settledChanged, this, [this] {
-        m_around.linkNotices->holdLosses(m_around.link->isRunning() && !m_control->isSettled());
+        m_around.linkNotices->holdLosses(m_around.link->isRunning() && !m_control->mayTellLosses());
     });
     connect(m_around.link, &SerialLink::stopped, this, &InstallationDesk::closeQuestion);
     connect(m_waiter, &PortWaiter::waitingChanged, m_around.linkNotices, &LinkNotices::setWaiting);

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QStringList>
 
 #include <vector>
 
@@ -26,7 +27,8 @@ public:
 
     /// All remembered LDBs have been probed, and `answered` of them have answered.
     void processProbed(int answered);
-    /// An LDB has told its name. The last one told counts. LDBs that are not remembered do not.
+    /// An LDB has told its name. The last one told counts, unless that remembered has been told
+    /// before: then it was renamed. That of an LDB that is not remembered does not count.
     void processName(const QString& hexId, const QString& name);
 
     Verdict verdict() const;
@@ -36,6 +38,8 @@ public:
     /// The addresses and names that agree.
     int agreeing() const { return m_told.size() - m_differing.size(); }
     int remembered() const { return m_names.size(); }
+    /// How many of these are remembered.
+    int remembered(const QStringList& hexIds) const;
 
 private:
     static int tolerated(int names);

@@ -111,7 +111,7 @@ private:
     bool m_isShowing = false;
     bool m_isPlaying = false;
     bool m_isRecording = false;
-    std::size_t m_speed = 0; ///< which of the speeds
+    std::size_t m_speed = 0; ///< which which of the speeds
     qint64 m_lastTick = 0;   ///< ms
     QString m_now;
     QString m_alert;

@@ -160,6 +160,15 @@ void RecordingControl::followLink()
         if (isScanning) {
             return;
         }
+        // The scan's own messages have covered it; behind what takes them off.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (m_recorder.isOutage()) {
+                    tell(m_outage);
+                }
+            },
+            Qt::QueuedConnection);
         m_recorder.setList(m_around.link->knownLdbs());
         if (wasScanning && m_around.link->isRunning()) {
             m_recorder.endScan(m_around.link->connectedLdbs());

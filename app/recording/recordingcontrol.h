@@ -39,7 +39,7 @@ public:
     /// Why nothing is recorded, in the language in force; empty while something is.
     QString outageText() const;
 
-    static constexpr qint64 kMegabyte = 1LL << 20; ///< the unit of the size that is set
+    static constexpr qint64 kMegabyte = 1LL << 20; ///< the unit the unit of the size that is set
 
 public slots:
     /// Takes what the user has set.

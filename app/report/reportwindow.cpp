@@ -249,7 +249,7 @@ void ReportWindow::findVisit()
             m_visit = visit;
             m_span->setItemText(
                 int(Span::Visit),
-                tr("This visit: since %1, today's first start")
+                tr("This visit, since %1")
                     .arg(microseconds::localTime(visit.from).toString(QStringLiteral("HH:mm:ss"))));
             if (isFirst) {
                 m_from->setDateTime(microseconds::localTime(visit.from));
@@ -429,7 +429,8 @@ void ReportWindow::retranslate()
     label(m_reference, tr("&Customer's reference:"));
     label(m_remarks, tr("Re&marks:"));
     label(m_paper, tr("&Paper:"));
-    m_span->setItemText(int(Span::Visit), tr("This visit: since today's first start"));
+    m_span->setItemText(int(Span::Visit), tr("This visit"));
+    m_span->setToolTip(tr("This visit began with today's first start of the bus"));
     m_span->setItemText(int(Span::Today), tr("Today"));
     m_span->setItemText(int(Span::FromTo), tr("From, to"));
     m_appendix->setText(tr("&Settings of all LDB's as an appendix"));

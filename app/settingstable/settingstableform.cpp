@@ -40,8 +40,8 @@ int lettersOf(int column)
 {
     constexpr int kNumber = 10;
     constexpr int kUsual = 13;
-    constexpr int kId = 9;    // beside the mark of the sorting
-    constexpr int kName = 20; // an edited one stands beside what it was
+    constexpr int kId = 11;   // beside the mark of the sorting
+    constexpr int kName = 19; // an edited one stands beside what it was
     constexpr int kTime = 10;
     constexpr int kFirmware = 15;
     switch (column) {

@@ -5,7 +5,6 @@
 #include "serial/ldb/busaddress.h"
 
 #include <QBrush>
-#include <QCoreApplication>
 #include <QFont>
 #include <QThread>
 #include <QUndoCommand>
@@ -14,23 +13,11 @@
 
 namespace {
 
-/// A field's name, shortened in some languages, for a column.
 QString headOf(LdbField field)
 {
-    constexpr const char* kHeads[] = {
-        QT_TRANSLATE_NOOP("TableHeads", "Name"),
-        QT_TRANSLATE_NOOP("TableHeads", "Number of FIM's"),
-        QT_TRANSLATE_NOOP("TableHeads", "Open Detection Delay"),
-        QT_TRANSLATE_NOOP("TableHeads", "General Fault Output"),
-        QT_TRANSLATE_NOOP("TableHeads", "Earth Leakage Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Earth Wire Open Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
-        QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
-    const QString head =
-        QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
     const QString unit = fieldUnit(field);
-    return unit.isEmpty() ? head : QStringLiteral("%1 (%2)").arg(head, unit);
+    return unit.isEmpty() ? fieldHead(field)
+                          : QStringLiteral("%1 (%2)").arg(fieldHead(field), unit);
 }
 
 QColor groundOf(FieldOutcome outcome)

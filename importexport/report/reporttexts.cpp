@@ -309,18 +309,20 @@ QStringList summaryTexts(const VisitReport& report)
     if (!report.recorded) {
         return {Texts::tr("Nothing is recorded of this time.")};
     }
+    // Of a visit of last week nobody knows how it is now.
     QStringList texts{
         Texts::tr("%n LDB's were found.", nullptr, static_cast<int>(report.ldbs.size()))};
     const auto tell = [&texts](const QStringList& names, const QString& none, const QString& some) {
         texts.append(names.isEmpty() ? none : some.arg(names.size()).arg(names.join(kSeparator)));
     };
-    tell(faultyOf(report, FaultLevel::Major), Texts::tr("No LDB has a fault now."),
-         Texts::tr("LDB's with a fault now (%1): %2."));
+    tell(faultyOf(report, FaultLevel::Major), Texts::tr("No LDB had a fault at the end."),
+         Texts::tr("LDB's with a fault at the end (%1): %2."));
     const QStringList remembered = faultyOf(report, FaultLevel::Minor);
     if (!remembered.isEmpty()) {
         tell(remembered, {}, Texts::tr("LDB's that remember a fault that has gone (%1): %2."));
     }
-    tell(namesOf(report, isLost), Texts::tr("No LDB is lost."), Texts::tr("LDB's lost (%1): %2."));
+    tell(namesOf(report, isLost), Texts::tr("No LDB was lost at the end."),
+         Texts::tr("LDB's lost at the end (%1): %2."));
     // Says what an engineer must not overlook when he leaves.
     const auto tellMode = [&](LdbState state, const QString& some) {
         const QStringList names = namesOf(report, [state](const ReportedLdb& ldb) {

@@ -10,6 +10,7 @@
 #include <QDateTime>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -70,6 +71,27 @@ std::optional<double> milliamperes(const QList<QStringList>& rows, Row row)
     const bool isMeasured = generalinformation::hasValue(rows, row) &&
                             static_cast<int>(value) != generalinformation::kMissingMeasurement;
     return isMeasured ? std::make_optional(value) : std::nullopt;
+}
+
+/// Those of the polling, and those of commands: who reads all settings asks for it, too, while the
+/// polling of a large site takes minutes until it has asked everybody twice. In order.
+std::vector<Exchange> firmwareExchanges(RecordingReader& reader, TimeSpan piece)
+{
+    std::vector<Exchange> polled = reader.exchangesOf(ExchangeKind::Firmware, piece);
+    std::vector<Exchange> read = reader.exchangesOf(ExchangeKind::Read, piece);
+    read.erase(std::remove_if(read.begin(), read.end(),
+                              [](const Exchange& exchange) {
+                                  return exchange.request !=
+                                         exchangebytes::usualRequest(ExchangeKind::Firmware,
+                                                                     exchange.hexId);
+                              }),
+               read.end());
+    std::vector<Exchange> all;
+    all.reserve(polled.size() + read.size());
+    std::merge(
+        polled.begin(), polled.end(), read.begin(), read.end(), std::back_inserter(all),
+        [](const Exchange& one, const Exchange& other) { return one.sentAt < other.sentAt; });
+    return all;
 }
 
 /// Whether the event is in none of the report's own lists.
@@ -320,7 +342,7 @@ void VisitCollector::readFinding(RecordingReader& reader, std::size_t index)
 /// A damaged answer can pass for a sound one, so only what was told twice alike counts.
 void VisitCollector::readFirmware(RecordingReader& reader, TimeSpan piece)
 {
-    const auto exchanges = reader.exchangesOf(ExchangeKind::Firmware, piece);
+    const auto exchanges = firmwareExchanges(reader, piece);
     for (auto exchange = exchanges.rbegin(); exchange != exchanges.rend(); ++exchange) {
         ReportedLdb* ldb = find(exchange->hexId);
         if (!ldb || ldb->firmware || exchange->outcome != ExchangeOutcome::Believed) {

@@ -408,7 +408,7 @@ void Composer::putSettings()
     columns.reserve(kLdbFields.size() + 2);
     for (const LdbField field : kLdbFields) {
         const bool isName = field == LdbField::Name;
-        columns.push_back({fieldName(field), isName ? 27 : 17, isName});
+        columns.push_back({fieldHead(field), isName ? 27 : 17, isName});
     }
     columns.push_back({Texts::tr("Read"), 22});
     Rows rows;

@@ -192,7 +192,9 @@ bool Conversation::isExtraDue(const Moment& moment) const
 
 void Conversation::dispatch(const Moment& moment)
 {
-    m_roster.dropDismissed();
+    if (!m_search.isScanDue()) {
+        m_roster.updateList();
+    }
     if (const auto hexId = m_search.nextBeforeTurn(moment)) {
         ask(Step::Search, requests::poll(*hexId), Inquiry::Role::Probe, moment);
     } else if (m_roster.isEmpty()) {

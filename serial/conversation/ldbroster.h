@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// The LDBs of the bus: who is in the list, whose turn it is, what each has said and missed, and
@@ -17,7 +18,8 @@
 ///
 /// An LDB that was there before a scan and does not answer it stays in the list as a lost one,
 /// until it is dismissed. One that is awaited, because it was known before the run, is probed like
-/// a lost one until it is heard first, but nothing is told of its silence.
+/// a lost one until it is heard first, but nothing is told of its silence; a scan that it does not
+/// answer makes it a lost one.
 class LdbRoster
 {
 public:
@@ -49,16 +51,25 @@ public:
     void clear();
     /// A scan has ended: an LDB that was there before and was not found is lost.
     void tellMissing(const Moment& moment);
+    /// It is known by now which LDBs the bus has, beside those that answer: from the next
+    /// `updateList` on, or behind the scan that is due or on, those of them that do not answer are
+    /// lost, and no others are. No loss is told of them.
+    void expect(const std::vector<KnownLdb>& ldbs);
+    /// What was expected in another run does not count.
+    void dropExpectation() { m_announced.reset(); }
     /// The list is these, in the order of their addresses; all are awaited.
     void await(const std::vector<KnownLdb>& ldbs);
     /// A new run with the list as it is.
     void resume(const Moment& moment);
     /// It has answered a probe: joins the list, or the round if it is in the list already.
     void add(const QString& hexId);
-    /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
-    /// stays.
+    /// The user gives up a lost LDB: it leaves the list until it answers. One that is there stays.
     void dismiss(const QString& hexId) { m_dismissed.insert(hexId); }
-    void dropDismissed();
+    /// Between two turns, and in no scan: takes out of the list who was dismissed, and follows what
+    /// is expected.
+    void updateList();
+    /// Those dismissed that have not answered since.
+    const QStringList& givenUp() const { return m_givenUp; }
     /// The first status request since the LDB was found has ended. If it met silence, the answer to
     /// the search was another LDB's late one: the LDB leaves the list again, untold.
     enum class Proof
@@ -100,6 +111,9 @@ public:
     LdbMemory& memory() { return m_memory; }
 
 private:
+    void dropDismissed();
+    void addMissing();
+    void remove(const QString& hexId);
     void tellList();
     void tellRecord(const QString& hexId, const LdbStatus& status, qint64 time, bool isExtra);
     void tellAwaited(const QString& hexId, bool isAwaited);
@@ -117,7 +131,10 @@ private:
     LdbMemory m_memory;
     QSet<QString> m_awaited;
     QMap<QString, Expected> m_expected; ///< LDBs there were before the scan that is due or on
-    QSet<QString> m_dismissed;          ///< to be dropped
+    /// What was told to be expected, until that is followed.
+    std::optional<QMap<QString, Expected>> m_announced;
+    QSet<QString> m_dismissed; ///< to be dropped
+    QStringList m_givenUp;
     QSet<QString> m_owing;
     qint64 m_roundTime = 0;
 };

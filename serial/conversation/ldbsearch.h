@@ -16,7 +16,7 @@
 /// - Where LDBs are known, those are probed first, and polled as they answer.
 /// - In the background of the polling every address is gone through once: after the known ones, or
 ///   when anything was unclean in the scan or in the first rounds after it, so that an LDB may have
-///   been missed.
+///   been missed. Then, and else, those that the user has given up are asked whether they are back.
 class LdbSearch
 {
 public:
@@ -75,10 +75,12 @@ private:
         int rounds = 0;                          ///< begun since the scan
         bool isIncomplete = false;               ///< somebody may not have been found yet
         int background = busaddress::kFirst - 1; ///< the last address
+        int roundOfGivenUp = 0;                  ///< in which one of them was probed last
     };
 
     std::optional<QString> nextOfScan(const Moment& moment);
     std::optional<QString> nextKnown();
+    std::optional<QString> nextGivenUp();
 
     LdbRoster& m_roster;
     Telling& m_telling;

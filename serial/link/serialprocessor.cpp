@@ -116,6 +116,12 @@ void SerialProcessor::dismiss(const QStringList& hexIds)
     }
 }
 
+void SerialProcessor::expect(const std::vector<KnownLdb>& ldbs)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    m_conversation.expect(ldbs);
+}
+
 void SerialProcessor::setSelectedLdb(const QString& hexId)
 {
     Q_ASSERT(QThread::currentThread() == thread());

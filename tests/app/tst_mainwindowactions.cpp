@@ -133,7 +133,7 @@ private slots:
         WAIT_VERIFY(boxes().isEmpty());
         WAIT_COMPARE(boxes().size(), 1);
         QCOMPARE(boxes().constFirst()->text(), "In service mode: 2 of 3 LDB's.");
-        QCOMPARE(boxes().constFirst()->informativeText(), "Not in it: 0A (Quiescent)");
+        QCOMPARE(boxes().constFirst()->informativeText(), "Not in it: 0A LDB 0A (Quiescent)");
     }
 
     void yesIsForTheBusThatWasThere()

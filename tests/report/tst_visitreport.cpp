@@ -282,6 +282,11 @@ private slots:
         bus.status("0D");
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.07").toHex().toUpper());
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.08").toHex().toUpper());
+        // Polled once, and read once by a command.
+        bus.ask("0D", ExchangeKind::Firmware, QByteArray("LDB 1.07").toHex().toUpper());
+        Exchange read = bus.ask("0D", ExchangeKind::Read, QByteArray("LDB 1.07").toHex().toUpper());
+        read.request = exchangebytes::usualRequest(ExchangeKind::Firmware, "0D");
+        bus.inputs.back() = input::Told{read, 0};
         const qint64 stopped = bus.now;
         bus.stop();
         bus.now += 300 * kSecond;
@@ -321,13 +326,13 @@ private slots:
              {QString("not found: 2B Platform."), QString("never heard: 0C."),
               QString("heard before this time: 0B."),
               // Told once so and once so.
-              QString("confirmed firmware ID: 0A, 0B, 0C, 0D."),
+              QString("confirmed firmware ID: 0A, 0B, 0C."),
               QString("5 minutes before the end: 0D."),
               QString("not monitored from %1 to").arg(momentText(stopped)),
               QString("17 exchanges from"),
               momentText(begin + kSecond) +
                   ": before an import (north.csv) the former settings were kept of 2B.",
-              QString("a fault now (1): 0A (Loop: Open).")}) {
+              QString("a fault at the end (1): 0A (Loop: Open).")}) {
             QVERIFY2(html.count(expected) == 1, qPrintable(expected));
         }
     }

@@ -28,6 +28,7 @@ constexpr int kRowMargin = 6;
 constexpr int kWidest = 3000;
 constexpr int kDetailLines = 3;
 constexpr int kLeastRows = 2;
+constexpr int kFirstRows = 2; ///< besides: on a small screen the plot needs the room
 /// A text is measured only if it could be the widest; letters are taken to be at least this narrow.
 constexpr double kNarrow = 0.7;
 using microseconds::kSecond;
@@ -89,6 +90,7 @@ void EventList::setUpTable()
     const int swatch = fontMetrics().height() - kRowMargin;
     m_table->setIconSize({swatch, swatch});
     m_table->installEventFilter(this);
+    m_table->viewport()->installEventFilter(this); // narrower where the rows are scrolled
     connect(m_table, &QTableView::doubleClicked, this, &EventList::goTo);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &EventList::showDetails);
@@ -223,6 +225,12 @@ QString EventList::csv() const
 void EventList::save() const
 {
     m_bar->save();
+}
+
+QSize EventList::sizeHint() const
+{
+    const int rows = kFirstRows * m_table->verticalHeader()->defaultSectionSize();
+    return {QWidget::sizeHint().width(), minimumSizeHint().height() + rows};
 }
 
 void EventList::takeFocus()

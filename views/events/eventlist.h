@@ -32,6 +32,8 @@ public:
 
     /// Keeps in the per-user settings which events are shown.
     void save() const;
+    /// Of some rows.
+    QSize sizeHint() const override;
     /// Takes the keyboard into the list.
     void takeFocus();
 

@@ -86,5 +86,5 @@ private:
     QHash<QPair<QString, qint64>, qint64> m_ends;
     /// The latest moment of each `lastingId`.
     QHash<QString, qint64> m_latest;
-    QHash<QString, int> m_ofLdb; ///< how many events
+    QHash<QString, int> m_ofLdb; ///< how many events events
 };

@@ -19,7 +19,7 @@ namespace {
 constexpr int kRefreshInterval = 5000; // ms
 using microseconds::kMinute;
 constexpr int kBars = 15;
-constexpr int kHeight = 3;     // pixels: leaves a line of text its room
+constexpr int kHeight = 3;     // pixels: the ID keeps its room
 constexpr int kSideMargin = 4; // pixels
 constexpr int kBelow = 2;      // for the mark of the selected row
 
@@ -42,7 +42,8 @@ OverviewQuality::OverviewQuality(QTableView* view, const LiveQuality* live, Reco
     , m_areShown(userSettings().value(constants::kOverviewLineQualityKey, true).toBool())
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    view->setItemDelegateForColumn(overview::NameColumn, this);
+    // Below an ID is always room: a name can take two lines.
+    view->setItemDelegateForColumn(overview::IdColumn, this);
     m_refresh.setInterval(kRefreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &OverviewQuality::refresh);
     m_refresh.start();

@@ -16,9 +16,9 @@ class QTableView;
 
 class RecordingAccess;
 
-/// Draws a low strip of small bars below each name in the overview: how the LDB's exchanges of the
-/// last 15 minutes went, one bar a minute. The view's former delegate draws everything else in
-/// these cells. The user settings say whether there are strips. GUI thread.
+/// Draws below each ID of the overview a low strip of small bars: how the LDB's exchanges of the
+/// last 15 minutes went, one bar a minute. Everything else of these cells is drawn by the delegate
+/// that the view had before. Whether there are strips is remembered per user. GUI thread.
 class OverviewQuality : public QAbstractItemDelegate
 {
     Q_OBJECT
