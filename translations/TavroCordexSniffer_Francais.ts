@@ -3720,52 +3720,52 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
 <context>
     <name>RecordingNotice</name>
     <message>
-        <source>Recording goes on, into %1.</source>
-        <translation>L&apos;enregistrement continue, dans %1.</translation>
+        <source>Recording goes on.</source>
+        <translation>L&apos;enregistrement continue.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
-        <translation>Rien n&apos;est enregistré&#xa0;: le disque de %1 est plein. L&apos;enregistrement continue dès qu&apos;il y a de la place.</translation>
+        <source>Nothing is recorded: the disk is full. Recording goes on as soon as there is room.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: le disque est plein. L&apos;enregistrement continue dès qu&apos;il y a de la place.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
-        <translation>Rien n&apos;est enregistré&#xa0;: impossible d&apos;écrire %1. L&apos;enregistrement continue dès que possible.</translation>
+        <source>Nothing is recorded: the file cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: impossible d&apos;écrire le fichier. L&apos;enregistrement continue dès que possible.</translation>
     </message>
     <message>
-        <source>The recording %1 has been removed. A new one has been begun.</source>
-        <translation>L&apos;enregistrement %1 a été supprimé. Un nouveau a été commencé.</translation>
+        <source>The recording has been removed. A new one has been begun.</source>
+        <translation>L&apos;enregistrement a été supprimé. Un nouveau a été commencé.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. Recording goes on in another file.</source>
-        <translation>L&apos;enregistrement %1 est endommagé. Il continue dans un autre fichier.</translation>
+        <source>The recording is damaged. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement est endommagé. Il continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
-        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il continue dans un autre fichier.</translation>
+        <source>The recording is of a later version of this program. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement vient d&apos;une version ultérieure de ce programme. Il continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>Another window records into %1. This one records into a file of its own.</source>
-        <translation>Une autre fenêtre enregistre dans %1. Celle-ci enregistre dans son propre fichier.</translation>
+        <source>Another window records into the same file. This one records into a file of its own.</source>
+        <translation>Une autre fenêtre enregistre dans le même fichier. Celle-ci enregistre dans son propre fichier.</translation>
     </message>
     <message>
-        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
-        <translation>L&apos;horloge de l&apos;ordinateur a été retardée. L&apos;enregistrement continue dans un autre fichier que %1.</translation>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file.</source>
+        <translation>L&apos;horloge de l&apos;ordinateur a été retardée. L&apos;enregistrement continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>The recording %1 cannot be read.</source>
-        <translation>Impossible de lire l&apos;enregistrement %1.</translation>
+        <source>The recording cannot be read.</source>
+        <translation>Impossible de lire l&apos;enregistrement.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. What can be read of it is shown.</source>
-        <translation>L&apos;enregistrement %1 est endommagé. Ce qui peut en être lu est affiché.</translation>
+        <source>The recording is damaged. What can be read of it is shown.</source>
+        <translation>L&apos;enregistrement est endommagé. Ce qui peut en être lu est affiché.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
-        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il ne peut pas être lu.</translation>
+        <source>The recording is of a later version of this program. It cannot be read.</source>
+        <translation>L&apos;enregistrement vient d&apos;une version ultérieure de ce programme. Il ne peut pas être lu.</translation>
     </message>
     <message>
-        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
-        <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+        <source>The recording was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>L&apos;enregistrement n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
     </message>
 </context>
 <context>

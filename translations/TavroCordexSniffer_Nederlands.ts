@@ -3720,52 +3720,52 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
 <context>
     <name>RecordingNotice</name>
     <message>
-        <source>Recording goes on, into %1.</source>
-        <translation>De opname gaat door, in %1.</translation>
+        <source>Recording goes on.</source>
+        <translation>De opname gaat door.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
-        <translation>Er wordt niets opgenomen: de schijf met %1 is vol. De opname gaat door zodra er ruimte is.</translation>
+        <source>Nothing is recorded: the disk is full. Recording goes on as soon as there is room.</source>
+        <translation>Er wordt niets opgenomen: de schijf is vol. De opname gaat door zodra er ruimte is.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
-        <translation>Er wordt niets opgenomen: %1 kan niet worden geschreven. De opname gaat door zodra dat kan.</translation>
+        <source>Nothing is recorded: the file cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Er wordt niets opgenomen: het bestand kan niet worden geschreven. De opname gaat door zodra dat kan.</translation>
     </message>
     <message>
-        <source>The recording %1 has been removed. A new one has been begun.</source>
-        <translation>De opname %1 is verwijderd. Er is een nieuwe begonnen.</translation>
+        <source>The recording has been removed. A new one has been begun.</source>
+        <translation>De opname is verwijderd. Er is een nieuwe begonnen.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. Recording goes on in another file.</source>
-        <translation>De opname %1 is beschadigd. De opname gaat door in een ander bestand.</translation>
+        <source>The recording is damaged. Recording goes on in another file.</source>
+        <translation>De opname is beschadigd. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
-        <translation>De opname %1 is van een latere versie van dit programma. De opname gaat door in een ander bestand.</translation>
+        <source>The recording is of a later version of this program. Recording goes on in another file.</source>
+        <translation>De opname is van een latere versie van dit programma. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>Another window records into %1. This one records into a file of its own.</source>
-        <translation>Een ander venster neemt op in %1. Dit venster neemt op in een eigen bestand.</translation>
+        <source>Another window records into the same file. This one records into a file of its own.</source>
+        <translation>Een ander venster neemt op in hetzelfde bestand. Dit venster neemt op in een eigen bestand.</translation>
     </message>
     <message>
-        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
-        <translation>De klok van de computer is teruggezet. De opname gaat door in een ander bestand dan %1.</translation>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file.</source>
+        <translation>De klok van de computer is teruggezet. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>The recording %1 cannot be read.</source>
-        <translation>De opname %1 kan niet worden gelezen.</translation>
+        <source>The recording cannot be read.</source>
+        <translation>De opname kan niet worden gelezen.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. What can be read of it is shown.</source>
-        <translation>De opname %1 is beschadigd. Wat ervan kan worden gelezen, wordt getoond.</translation>
+        <source>The recording is damaged. What can be read of it is shown.</source>
+        <translation>De opname is beschadigd. Wat ervan kan worden gelezen, wordt getoond.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
-        <translation>De opname %1 is van een latere versie van dit programma. Ze kan niet worden gelezen.</translation>
+        <source>The recording is of a later version of this program. It cannot be read.</source>
+        <translation>De opname is van een latere versie van dit programma. Ze kan niet worden gelezen.</translation>
     </message>
     <message>
-        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
-        <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+        <source>The recording was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>De opname is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
     </message>
 </context>
 <context>

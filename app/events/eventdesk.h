@@ -39,8 +39,8 @@ public:
     QAction* showAction() const { return m_show; }
 
 signals:
-    /// The user wants to see that moment.
-    void momentWanted(qint64 at);
+    /// The user wants to see that moment, and of an LDB's event that LDB; empty: of no LDB.
+    void momentWanted(qint64 at, const QString& hexId);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

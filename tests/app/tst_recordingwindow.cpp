@@ -243,6 +243,56 @@ private slots:
         QVERIFY2(back[0].startsWith(": Port back after "), qPrintable(back[0]));
     }
 
+    /// "When was 0A open, for how long, what were its currents?", from a cold start.
+    void tellsOfTheNight()
+    {
+        bool isOpen = false;
+        open(kLdbs);
+        m_bus->setScript([&isOpen](const QByteArray& body) -> std::optional<QByteArray> {
+            QByteArray status = TestBus::status();
+            status.replace(12, 2, isOpen ? "01" : "00");
+            return body.mid(2) == "0A737803" ? std::make_optional(TestBus::framed(status))
+                                             : std::nullopt;
+        });
+        click("startButton");
+        pass(2 * kMinute);
+        isOpen = true;
+        pass(90 * kSecond);
+        isOpen = false;
+        pass(10 * kMinute);
+        m_window.reset();
+
+        makeWindow();
+        child<QToolButton>("eventsButton")->click();
+        pass(0);
+        auto* ldbs = child<QComboBox>("eventLdbBox");
+        ldbs->setCurrentIndex(ldbs->findText("0A"));
+        auto* list = child<QTableView>("eventTable");
+        const QAbstractItemModel* events = list->model();
+        QCOMPARE(events->rowCount(), 2);
+        const QModelIndex begun = events->index(1, 3);
+        QCOMPARE(begun.data().toString(), QString("Loop open"));
+        QVERIFY(events->index(1, 2).data().toString().startsWith("1 min 3"));
+        QCOMPARE(overview()->model()->rowCount(), 0);
+        emit list->doubleClicked(begun);
+        pass(0);
+        // Its row has come, and it is the one that is shown alone.
+        const QAbstractItemModel* details = child<QTableView>("deviceDetailTableView")->model();
+        QCOMPARE(details->index(0, details->columnCount() - 1).data().toString(), QString("0A"));
+        QCOMPARE(text("0A", overview::LoopColumn), QString("Open"));
+        QCOMPARE(text("0A", overview::PrimaryCurrentColumn), QString("12.3 mA"));
+
+        auto* mark = child<QPushButton>("eventMarkButton");
+        mark->click();
+        auto* dialog = m_window->findChild<QDialog*>("markDialog");
+        QVERIFY(dialog);
+        dialog->findChild<QLineEdit*>()->setText("seen at night");
+        dialog->accept();
+        pass(0);
+        ldbs->setCurrentIndex(0);
+        QCOMPARE(events->match(events->index(0, 3), Qt::DisplayRole, "seen at night", 2).size(), 1);
+    }
+
     void plotsThePast()
     {
         start();

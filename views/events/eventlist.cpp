@@ -209,7 +209,7 @@ void EventList::fitColumns()
 void EventList::goTo(const QModelIndex& index)
 {
     if (const RecordedEvent* event = m_model->eventAt(index.row())) {
-        emit momentWanted(event->at);
+        emit momentWanted(event->at, event->hexId);
     }
 }
 

@@ -38,8 +38,8 @@ public:
     void takeFocus();
 
 signals:
-    /// Moments are UTC, µs since 1970.
-    void momentWanted(qint64 at);
+    /// The moment (UTC, µs since 1970) of an event, and whose it is; empty: no LDB's.
+    void momentWanted(qint64 at, const QString& hexId);
     void markWanted();
     void exportWanted();
 

@@ -245,7 +245,9 @@ QString EventModel::durationOf(const RecordedEvent& event) const
         if (end != m_ends.constEnd()) {
             return durationText(*end - event.at);
         }
-        return m_latest.value(id) == event.at ? tr("not ended") : QString();
+        // Of a run whose program was killed nobody has told the end.
+        const bool isOpen = m_latest.value(id) == event.at && event.kind != EventKind::RunBegun;
+        return isOpen ? tr("not ended") : QString();
     }
     // Where something began or ended unheard, only a limit is known; the text says so.
     return event.since == 0 || event.isVague ? QString() : durationText(event.at - event.since);
