@@ -3625,7 +3625,7 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <translation>&amp;Dossier&#xa0;:</translation>
     </message>
     <message>
-        <source>Beside what is remembered of the installation</source>
+        <source>With what is remembered of the installation</source>
         <translation>À côté de ce qui est mémorisé de l&apos;installation</translation>
     </message>
     <message>
@@ -4958,7 +4958,7 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <translation>Trouvés et jamais entendus : %1.</translation>
     </message>
     <message>
-        <source>Lost, and without values therefore: %1.</source>
+        <source>Lost, and therefore without values: %1.</source>
         <translation>Perdus, et donc sans valeurs : %1.</translation>
     </message>
     <message>
@@ -5190,7 +5190,7 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <translation>Relecture</translation>
     </message>
     <message>
-        <source>%1: before %2 the former settings were kept of %3.</source>
+        <source>%1: before %2, the former settings of %3 were kept.</source>
         <translation>%1 : avant %2, les anciens paramètres ont été conservés de %3.</translation>
     </message>
     <message>

@@ -3625,7 +3625,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>&amp;Map:</translation>
     </message>
     <message>
-        <source>Beside what is remembered of the installation</source>
+        <source>With what is remembered of the installation</source>
         <translation>Naast wat van de installatie is onthouden</translation>
     </message>
     <message>
@@ -4958,7 +4958,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Gevonden en nooit gehoord: %1.</translation>
     </message>
     <message>
-        <source>Lost, and without values therefore: %1.</source>
+        <source>Lost, and therefore without values: %1.</source>
         <translation>Verloren, en daarom zonder waarden: %1.</translation>
     </message>
     <message>
@@ -5190,7 +5190,7 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Teruggelezen</translation>
     </message>
     <message>
-        <source>%1: before %2 the former settings were kept of %3.</source>
+        <source>%1: before %2, the former settings of %3 were kept.</source>
         <translation>%1: voor %2 zijn de vorige instellingen bewaard van %3.</translation>
     </message>
     <message>

@@ -277,7 +277,8 @@ void InstallationForm::forgetLdbs()
 void InstallationForm::exportShown()
 {
     keep();
-    const QString proposed = QDir::home().filePath(m_shown.title() + QLatin1Char('.') + kSuffix);
+    const QString proposed =
+        QDir::home().filePath(filedialog::namePart(m_shown.title()) + QLatin1Char('.') + kSuffix);
     filedialog::save(
         this, tr("Export Installation"), proposed, false,
         [this, shown = m_shown](const QString& path) {

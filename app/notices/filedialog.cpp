@@ -50,4 +50,12 @@ void load(QWidget* parent, const QString& title, std::function<void(const QStrin
     dialog->open();
 }
 
+QString namePart(QString text)
+{
+    for (const QChar c : QStringLiteral("/\\:*?\"<>|")) {
+        text.replace(c, QLatin1Char('-'));
+    }
+    return text.trimmed();
+}
+
 } // namespace filedialog

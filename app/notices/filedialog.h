@@ -21,4 +21,7 @@ void save(QWidget* parent, const QString& title, const QString& proposedPath, bo
 void load(QWidget* parent, const QString& title, std::function<void(const QString&)> chosen,
           const QString& suffix = QStringLiteral("csv"));
 
+/// The text as a part of a file's name: without what some system does not permit there.
+QString namePart(QString text);
+
 } // namespace filedialog

@@ -43,15 +43,6 @@ TimeSpan spanOf(qint64 from, qint64 to)
     return {from * kMillisecond, to * kMillisecond};
 }
 
-/// A part of a file's name.
-QString withoutSeparators(QString text)
-{
-    for (const QChar c : QStringLiteral("/\\:*?\"<>|")) {
-        text.replace(c, QLatin1Char('-'));
-    }
-    return text;
-}
-
 QString suffixOf(EvidenceOrder::Kind kind)
 {
     return kind == EvidenceOrder::Kind::Capture ? QStringLiteral("pcapng") : QStringLiteral("csv");
@@ -277,8 +268,8 @@ void EvidenceForm::save()
     const QString begun =
         microseconds::localTime(chosen.from).toString(QStringLiteral("yyyy-MM-dd HHmm"));
     const QString suffix = suffixOf(kind());
-    const QString name =
-        QStringLiteral("%1 %2.%3").arg(withoutSeparators(m_around.installation()), begun, suffix);
+    const QString name = QStringLiteral("%1 %2.%3")
+                             .arg(filedialog::namePart(m_around.installation()), begun, suffix);
     filedialog::save(
         this, tr("Take Evidence Home"), QDir(m_folder).filePath(name.trimmed()), false,
         [this](const QString& path) { begin(path); }, suffix);
@@ -296,7 +287,7 @@ void EvidenceForm::chooseFolder()
         const QString now = QDateTime::fromMSecsSinceEpoch(m_around.wallTime())
                                 .toString(QStringLiteral("yyyy-MM-dd HHmmss"));
         const QString name =
-            QStringLiteral("%1 %2").arg(withoutSeparators(m_around.installation()), now);
+            QStringLiteral("%1 %2").arg(filedialog::namePart(m_around.installation()), now);
         begin(QDir(path).filePath(name.trimmed()));
     });
     dialog->open();

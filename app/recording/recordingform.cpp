@@ -205,7 +205,7 @@ void RecordingForm::retranslate()
     setWindowTitle(tr("Recording"));
     m_isOn->setText(tr("&Record everything while the bus is monitored"));
     m_folderLabel->setText(tr("&Folder:"));
-    m_folder->setPlaceholderText(tr("Beside what is remembered of the installation"));
+    m_folder->setPlaceholderText(tr("With what is remembered of the installation"));
     m_folder->setToolTip(tr("Recordings lie in it under the installation; what was recorded before "
                             "stays where it is"));
     m_browse->setText(tr("Browse..."));

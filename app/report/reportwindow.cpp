@@ -53,15 +53,6 @@ QString lineWords(const std::vector<RecordedMinute>& ofLdbs)
     return qualityfindings::text(counts);
 }
 
-/// A part of a file's name.
-QString withoutSeparators(QString text)
-{
-    for (const QChar c : QStringLiteral("/\\:*?\"<>|")) {
-        text.replace(c, QLatin1Char('-'));
-    }
-    return text.trimmed();
-}
-
 template <typename Widget>
 Widget* named(const char* name)
 {
@@ -362,7 +353,7 @@ void ReportWindow::save(bool isPdf)
     const QString suffix = isPdf ? QStringLiteral("pdf") : QStringLiteral("html");
     const QString name =
         QStringLiteral("%1 %2.%3")
-            .arg(withoutSeparators(m_report->head.installation),
+            .arg(filedialog::namePart(m_report->head.installation),
                  microseconds::localTime(m_report->span.from).toString(kDayFormat), suffix);
     filedialog::save(
         this, isPdf ? tr("Save the Report as PDF") : tr("Save the Report as HTML"),

@@ -352,7 +352,7 @@ QStringList missingTexts(const VisitReport& report)
     addNames(texts, Texts::tr("Remembered of this installation, and not found: %1."), missing);
     addNames(texts, Texts::tr("Found, and never heard: %1."),
              namesOf(report, [](const ReportedLdb& ldb) { return !isHeard(ldb); }));
-    addNames(texts, Texts::tr("Lost, and without values therefore: %1."), namesOf(report, isLost));
+    addNames(texts, Texts::tr("Lost, and therefore without values: %1."), namesOf(report, isLost));
     addNames(texts, Texts::tr("Last heard before this time: %1."),
              namesOf(report, [&report](const ReportedLdb& ldb) {
                  return isHeard(ldb) && ldb.record.at < report.span.from;

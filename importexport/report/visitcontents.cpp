@@ -307,7 +307,7 @@ void Composer::putFormer()
             former.note.isEmpty()
                 ? occasionText(former.occasion)
                 : QStringLiteral("%1 (%2)").arg(occasionText(former.occasion), former.note);
-        paragraph(Texts::tr("%1: before %2 the former settings were kept of %3.")
+        paragraph(Texts::tr("%1: before %2, the former settings of %3 were kept.")
                       .arg(former.at.toLocalTime().toString(generalinformation::kSecondsFormat),
                            occasion, hexIds.join(QStringLiteral(", "))));
     }
