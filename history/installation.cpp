@@ -165,8 +165,9 @@ void Installations::removeBare(const QString& id) const
 {
     const QString folder = folderOf(id);
     const QString path = filePathIn(folder);
-    const QStringList entries =
+    QStringList entries =
         QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    entries.removeAll(QStringLiteral("recordings"));
     if (entries == QStringList{QFileInfo(path).fileName()}) {
         QFile::remove(path);
         QDir().rmdir(folder);

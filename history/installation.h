@@ -56,7 +56,8 @@ public:
     /// What is written on disk under its id, which must not be empty. Gives an empty text, or why
     /// it could not be written: what was there before is there still.
     QString save(const Installation& installation) const;
-    /// Takes its file away, with its folder, unless something else of it is kept there.
+    /// Takes its file away, with its folder, unless something else of it is kept there. Recordings
+    /// stay, but keep no file: they belong to a run, and may just have been begun.
     void removeBare(const QString& id) const;
     /// An id whose folder is not there yet.
     QString freeId() const;

@@ -77,8 +77,16 @@ SettingsBatch* SettingsImport::write(std::vector<LdbChange> changes)
     m_failures = m_plan.problems;
     m_someFailed = m_plan.hasWrongLines;
     for (const ImportPlan::Entry& entry : m_plan.entries) {
+        const QString& hexId = entry.line.hexId;
+        const bool isWritten =
+            std::any_of(changes.begin(), changes.end(),
+                        [&hexId](const LdbChange& change) { return change.hexId == hexId; });
         if (entry.comparison.isSame()) {
-            m_done.append(entry.line.hexId);
+            m_done.append(hexId);
+        } else if (!isWritten) {
+            m_failures.push_back(ImportPlan::lineText(entry.line, m_plan.reading, [] {
+                return tr("was left out of what was confirmed: not written");
+            }));
         }
     }
     m_batch = std::make_unique<SettingsBatch>(m_link, std::move(changes));

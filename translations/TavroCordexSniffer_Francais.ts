@@ -609,7 +609,7 @@ maintenance</translation>
     </message>
     <message>
         <source>Actions and settings</source>
-        <translation>Actions et réglages</translation>
+        <translation>Actions et paramètres</translation>
     </message>
     <message>
         <source>Fault finding</source>
@@ -1249,7 +1249,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Reading the settings of the LDB, to keep them</source>
-        <translation>Lecture des réglages du LDB, pour les conserver</translation>
+        <translation>Lecture des paramètres du LDB, pour les conserver</translation>
     </message>
     <message>
         <source>Writing the number of FIM&apos;s</source>
@@ -1265,7 +1265,7 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>The settings in the LDB go back to defaults, and the loop is without sound for about two minutes. The settings are kept before, and can be restored after the run.</source>
-        <translation>Les réglages dans le LDB reviennent aux valeurs par défaut, et la boucle est sans son pendant environ deux minutes. Les réglages sont d&apos;abord conservés, et peuvent être rétablis après la mesure.</translation>
+        <translation>Les paramètres dans le LDB reviennent aux valeurs par défaut, et la boucle est sans son pendant environ deux minutes. Les paramètres sont d&apos;abord conservés, et peuvent être rétablis après la mesure.</translation>
     </message>
     <message>
         <source>Start all the same</source>
@@ -1277,13 +1277,13 @@ Voulez-vous vraiment continuer&#xa0;?</translation>
     </message>
     <message>
         <source>The settings of the LDB cannot be read. After the run they will be the defaults, and the former ones are lost.</source>
-        <translation>Les réglages du LDB ne peuvent pas être lus. Après la mesure, ce seront les valeurs par défaut, et les anciens seront perdus.</translation>
+        <translation>Les paramètres du LDB ne peuvent pas être lus. Après la mesure, ce seront les valeurs par défaut, et les anciens seront perdus.</translation>
     </message>
     <message>
         <source>What the run changes cannot be kept on the disk: %1
 If the program or the computer stops during the run, the settings of the LDB are lost, and it stays muted.</source>
         <translation>Ce que la mesure modifie ne peut pas être conservé sur le disque&#xa0;: %1
-Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les réglages du LDB sont perdus, et son audio reste coupé.</translation>
+Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les paramètres du LDB sont perdus, et son audio reste coupé.</translation>
     </message>
     <message>
         <source>FIM&apos;s counted: %1   configured: %2</source>
@@ -1425,11 +1425,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Settings are being saved: wait until the LDB has them.</source>
-        <translation>Des réglages sont en cours d’enregistrement&#xa0;: attendez que le LDB les ait reçus.</translation>
+        <translation>Des paramètres sont en cours d’enregistrement&#xa0;: attendez que le LDB les ait reçus.</translation>
     </message>
     <message>
         <source>Settings are being exported or imported: wait for the end.</source>
-        <translation>Des réglages sont en cours d’exportation ou d’importation&#xa0;: attendez la fin.</translation>
+        <translation>Des paramètres sont en cours d’exportation ou d’importation&#xa0;: attendez la fin.</translation>
     </message>
     <message>
         <source>The selected LDB is in service mode: end it with LDB Reset first.</source>
@@ -1445,7 +1445,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Fault finding is under way: wait for its end, or stop it.</source>
-        <translation>Une recherche de défauts est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
+        <translation>Une recherche de défaut est en cours&#xa0;: attendez-en la fin, ou arrêtez-la.</translation>
     </message>
     <message>
         <source>You are looking back: go back to live first (Esc).</source>
@@ -1822,7 +1822,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>The settings of LDB %1 are saved.</source>
-        <translation>Les réglages du LDB %1 sont enregistrés.</translation>
+        <translation>Les paramètres du LDB %1 sont enregistrés.</translation>
     </message>
     <message numerus="yes">
         <source>The name does not fit into %n byte(s).</source>
@@ -1833,7 +1833,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Saving the settings of LDB %1</source>
-        <translation>Enregistrement des réglages du LDB %1</translation>
+        <translation>Enregistrement des paramètres du LDB %1</translation>
     </message>
     <message>
         <source>Changed. The LDB has: %1</source>
@@ -1845,7 +1845,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Waiting for the settings of LDB %1</source>
-        <translation>En attente des réglages du LDB %1</translation>
+        <translation>En attente des paramètres du LDB %1</translation>
     </message>
     <message numerus="yes">
         <source>%n unsaved change(s), in bold</source>
@@ -1860,7 +1860,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>LDB %1 did not answer: its settings are not known</source>
-        <translation>Le LDB %1 n’a pas répondu&#xa0;: ses réglages ne sont pas connus</translation>
+        <translation>Le LDB %1 n’a pas répondu&#xa0;: ses paramètres ne sont pas connus</translation>
     </message>
     <message>
         <source>Error</source>
@@ -1868,7 +1868,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Not all settings of LDB %1 are saved.</source>
-        <translation>Les réglages du LDB %1 ne sont pas tous enregistrés.</translation>
+        <translation>Les paramètres du LDB %1 ne sont pas tous enregistrés.</translation>
     </message>
     <message>
         <source>Attention</source>
@@ -1880,11 +1880,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>LDB %1 is not connected: this was read last</source>
-        <translation>Le LDB %1 n’est pas connecté&#xa0;: voici les derniers réglages lus</translation>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: voici les derniers paramètres lus</translation>
     </message>
     <message>
         <source>LDB %1 is not connected: its settings are not known</source>
-        <translation>Le LDB %1 n’est pas connecté&#xa0;: ses réglages ne sont pas connus</translation>
+        <translation>Le LDB %1 n’est pas connecté&#xa0;: ses paramètres ne sont pas connus</translation>
     </message>
     <message>
         <source>Changed by somebody else meanwhile. The LDB has: %1</source>
@@ -2189,11 +2189,11 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>Fault finding is under way. The loop may be left without sound.</source>
-        <translation>Une recherche de défauts est en cours. La boucle peut rester sans son.</translation>
+        <translation>Une recherche de défaut est en cours. La boucle peut rester sans son.</translation>
     </message>
     <message>
         <source>What LDB %1 had before the fault finding is being put back. Its loop may be left without sound.</source>
-        <translation>Ce que l&apos;LDB %1 avait avant la recherche de pannes est en cours de rétablissement. Sa boucle peut rester sans son.</translation>
+        <translation>Ce que le LDB %1 avait avant la recherche de défaut est en cours de rétablissement. Sa boucle peut rester sans son.</translation>
     </message>
 </context>
 <context>
@@ -2329,7 +2329,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>There is no port %1. Plug the adapter in, or choose another port in the settings dialog.</source>
-        <translation>Il n&apos;y a pas de port %1. Branchez l&apos;adaptateur, ou choisissez un autre port dans la fenêtre des réglages.</translation>
+        <translation>Il n&apos;y a pas de port %1. Branchez l&apos;adaptateur, ou choisissez un autre port dans la fenêtre des paramètres.</translation>
     </message>
     <message>
         <source>Port %1 is gone: the adapter was unplugged. Plug it in and start again.</source>
@@ -2353,7 +2353,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>No serial port is chosen. Choose one in the settings dialog: the button with the gear, at the top left.</source>
-        <translation>Aucun port série n&apos;est choisi. Choisissez-en un dans la fenêtre des réglages&#xa0;: le bouton avec la roue dentée, en haut à gauche.</translation>
+        <translation>Aucun port série n&apos;est choisi. Choisissez-en un dans la fenêtre des paramètres&#xa0;: le bouton avec la roue dentée, en haut à gauche.</translation>
     </message>
 </context>
 <context>
@@ -2645,8 +2645,8 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
         <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tableau...</translation>
+        <source>All Settings...</source>
+        <translation>Tous les paramètres...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -2994,15 +2994,15 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>LDB %1 (%2) has other settings than before the fault finding of %3.</source>
-        <translation>Le LDB %1 (%2) a d&apos;autres réglages qu&apos;avant la recherche de défaut du %3.</translation>
+        <translation>Le LDB %1 (%2) a d&apos;autres paramètres qu&apos;avant la recherche de défaut du %3.</translation>
     </message>
     <message>
         <source>The former settings of LDB %1 are not restored: %2</source>
-        <translation>Les anciens réglages du LDB %1 ne sont pas rétablis&#xa0;: %2</translation>
+        <translation>Les anciens paramètres du LDB %1 ne sont pas rétablis&#xa0;: %2</translation>
     </message>
     <message>
         <source>Restore the former settings</source>
-        <translation>Rétablir les anciens réglages</translation>
+        <translation>Rétablir les anciens paramètres</translation>
     </message>
     <message>
         <source>Leave them</source>
@@ -3026,7 +3026,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les régl
     </message>
     <message>
         <source>If it is, its audio mute becomes what it was, and its settings are compared.</source>
-        <translation>Si oui, sa coupure du son redevient ce qu&apos;elle était, et ses réglages sont comparés.</translation>
+        <translation>Si oui, sa coupure du son redevient ce qu&apos;elle était, et ses paramètres sont comparés.</translation>
     </message>
     <message>
         <source>The same LDB</source>
@@ -3064,11 +3064,11 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>LDB %1 has its former settings again.</source>
-        <translation>Le LDB %1 a de nouveau ses anciens réglages.</translation>
+        <translation>Le LDB %1 a de nouveau ses anciens paramètres.</translation>
     </message>
     <message>
         <source>LDB %1 keeps its settings; the former ones are forgotten.</source>
-        <translation>Le LDB %1 garde ses réglages&#xa0;; les anciens sont oubliés.</translation>
+        <translation>Le LDB %1 garde ses paramètres&#xa0;; les anciens sont oubliés.</translation>
     </message>
     <message>
         <source>What was put back into LDB %1 will be put back again: %2</source>
@@ -3076,17 +3076,17 @@ L&apos;audio de ce LDB reste coupé.</translation>
     </message>
     <message>
         <source>What was kept of LDB&apos;s before fault finding cannot be read.</source>
-        <translation>Ce qui a été conservé des LDB avant la recherche de pannes ne peut pas être lu.</translation>
+        <translation>Ce qui a été conservé des LDB avant la recherche de défaut ne peut pas être lu.</translation>
     </message>
     <message>
         <source>%1
 An LDB whose fault finding was broken off may still be muted, or have default settings.</source>
         <translation>%1
-Un LDB dont la recherche de pannes a été interrompue peut encore être coupé, ou avoir les réglages par défaut.</translation>
+Un LDB dont la recherche de défaut a été interrompue peut encore être coupé, ou avoir les paramètres par défaut.</translation>
     </message>
     <message>
         <source>Nothing was restored: LDB %1 is now called %2.</source>
-        <translation>Rien n&apos;a été rétabli : l&apos;LDB %1 s&apos;appelle maintenant %2.</translation>
+        <translation>Rien n&apos;a été rétabli : le LDB %1 s&apos;appelle maintenant %2.</translation>
     </message>
 </context>
 <context>
@@ -3786,10 +3786,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>L&apos;impression a échoué.</translation>
     </message>
     <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Cette visite : depuis %1, premier démarrage du jour</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>La fin de la période est avant son début.</translation>
     </message>
@@ -3862,10 +3858,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <translation>Papie&amp;r :</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Cette visite : depuis le premier démarrage du jour</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Aujourd&apos;hui</translation>
     </message>
@@ -3905,6 +3897,18 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Pages of the report</source>
         <translation>Pages du rapport</translation>
     </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Cette visite, depuis %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Cette visite</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Cette visite a commencé au premier démarrage du bus aujourd&apos;hui</translation>
+    </message>
 </context>
 <context>
     <name>RunFindings</name>
@@ -3942,7 +3946,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <name>SettingsFields</name>
     <message>
         <source>The settings have not been read yet.</source>
-        <translation>Les réglages n’ont pas encore été lus.</translation>
+        <translation>Les paramètres n’ont pas encore été lus.</translation>
     </message>
     <message>
         <source>Tick Enable Open Detection first.</source>
@@ -4591,7 +4595,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>the settings could not be read again</source>
-        <translation>les réglages n&apos;ont pas pu être relus</translation>
+        <translation>les paramètres n&apos;ont pas pu être relus</translation>
     </message>
     <message>
         <source>the LDB reports other values than written: %1</source>
@@ -4619,7 +4623,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>nothing was written, as the settings could not be read just before (%1)</source>
-        <translation>rien n’a été écrit, car les réglages n’ont pas pu être lus juste avant (%1)</translation>
+        <translation>rien n’a été écrit, car les paramètres n’ont pas pu être lus juste avant (%1)</translation>
     </message>
     <message>
         <source>not written, as somebody else has changed it meanwhile: %1</source>
@@ -4627,11 +4631,11 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>the LDB has another name than before</source>
-        <translation>l&apos;LDB a un autre nom qu&apos;avant</translation>
+        <translation>le LDB a un autre nom qu&apos;avant</translation>
     </message>
     <message>
         <source>nothing was written, as the LDB is now called &quot;%1&quot;: it may be another one</source>
-        <translation>rien n&apos;a été écrit, car l&apos;LDB s&apos;appelle maintenant « %1 » : c&apos;est peut-être un autre</translation>
+        <translation>rien n&apos;a été écrit, car le LDB s&apos;appelle maintenant « %1 » : c&apos;est peut-être un autre</translation>
     </message>
 </context>
 <context>
@@ -4791,7 +4795,7 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     </message>
     <message>
         <source>LDB %1: what fault finding has changed is being put back.</source>
-        <translation>LDB %1 : ce que la recherche de défauts a modifié est en cours de remise en place.</translation>
+        <translation>LDB %1 : ce que la recherche de défaut a modifié est en cours de remise en place.</translation>
     </message>
 </context>
 <context>
@@ -4934,24 +4938,8 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Aucun LDB n&apos;a de défaut actuellement.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB avec un défaut actuellement (%1) : %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB gardant en mémoire un défaut disparu (%1) : %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Aucun LDB n&apos;est perdu.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>LDB perdus (%1) : %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5169,13 +5157,6 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
         <source>Last run: none recorded</source>
         <translation>Dernière fois : aucune enregistrée</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>Les courants des deux côtés pendant la recherche.</translation>
@@ -5298,6 +5279,30 @@ Un LDB dont la recherche de pannes a été interrompue peut encore être coupé,
     <message>
         <source>not read</source>
         <translation>non lu</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM configurés</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Les deux côtés</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aucun LDB n&apos;avait de défaut à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB avec un défaut à la fin (%1) : %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aucun LDB n&apos;était perdu à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>LDB perdus à la fin (%1) : %2.</translation>
     </message>
 </context>
 <context>

@@ -2645,8 +2645,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tabel...</translation>
+        <source>All Settings...</source>
+        <translation>Alle instellingen...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -3786,10 +3786,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>Het kon niet worden afgedrukt.</translation>
     </message>
     <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Dit bezoek: sinds %1, de eerste start van vandaag</translation>
-    </message>
-    <message>
         <source>The end of the span is before its begin.</source>
         <translation>Het einde van de periode ligt voor het begin.</translation>
     </message>
@@ -3862,10 +3858,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>&amp;Papier:</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Dit bezoek: sinds de eerste start van vandaag</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Vandaag</translation>
     </message>
@@ -3904,6 +3896,18 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Pages of the report</source>
         <translation>Pagina&apos;s van het verslag</translation>
+    </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Dit bezoek, sinds %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Dit bezoek</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Dit bezoek is begonnen met de eerste start van de bus vandaag</translation>
     </message>
 </context>
 <context>
@@ -4934,24 +4938,8 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Geen LDB heeft nu een fout.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB&apos;s met nu een fout (%1): %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB&apos;s die een verdwenen fout onthouden (%1): %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Geen LDB is verloren.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>Verloren LDB&apos;s (%1): %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5169,13 +5157,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Last run: none recorded</source>
         <translation>Vorige keer: niet opgenomen</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
-            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>De stromen van beide zijden tijdens het zoeken.</translation>
@@ -5298,6 +5279,30 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>not read</source>
         <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM&apos;s ingesteld</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Beide zijden</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aan het einde had geen LDB een fout.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB&apos;s met een fout aan het einde (%1): %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aan het einde was geen LDB verloren.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>Verloren LDB&apos;s aan het einde (%1): %2.</translation>
     </message>
 </context>
 <context>

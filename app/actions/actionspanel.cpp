@@ -88,10 +88,11 @@ BoxText sightBox(const BroadcastSight& sight)
 {
     QStringList missing;
     for (const QString& hexId : sight.missing()) {
+        const QString ldb = QStringLiteral("%1 %2").arg(hexId, sight.names.value(hexId)).trimmed();
         missing.append(
             sight.states.contains(hexId)
-                ? QStringLiteral("%1 (%2)").arg(hexId, ldbStateText(sight.states.value(hexId)))
-                : hexId);
+                ? QStringLiteral("%1 (%2)").arg(ldb, ldbStateText(sight.states.value(hexId)))
+                : ldb);
     }
     QStringList details;
     if (!missing.isEmpty()) {

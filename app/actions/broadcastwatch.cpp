@@ -116,5 +116,8 @@ void BroadcastWatch::finish()
 {
     m_atLeast.stop();
     disconnect(m_link, nullptr, this, nullptr);
+    for (const QString& hexId : m_sight.ldbs) {
+        m_sight.names.insert(hexId, m_link->nameOf(hexId).simplified());
+    }
     emit finished();
 }

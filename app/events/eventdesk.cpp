@@ -63,7 +63,8 @@ EventDesk::EventDesk(const Surroundings& around, const std::function<qint64()>& 
     retranslate();
 }
 
-/// At the tables alone: beside the panels at the left there is no room below on a small screen.
+/// The list docks at the tables only: on a small screen there is no room below the panels at the
+/// left.
 void EventDesk::makeDock()
 {
     QLayout* layout = m_around.tables->parentWidget()->layout();
@@ -97,7 +98,7 @@ void EventDesk::makeButton(QStatusBar* bar)
 void EventDesk::load()
 {
     const QSettings settings = userSettings();
-    // A place on another screen may be out of sight.
+    // A dock that was left on another screen may be out of sight.
     if (settings.value(constants::kScreenGeometryKey).toRect() ==
         QGuiApplication::primaryScreen()->virtualGeometry()) {
         m_room->restoreState(settings.value(constants::kEventsDockKey).toByteArray());
@@ -120,7 +121,7 @@ void EventDesk::retranslate()
     updateMarks();
 }
 
-/// The keyboard goes where the list is.
+/// Takes the keyboard to the list.
 void EventDesk::showOrHide()
 {
     const bool isWanted = m_dock->isHidden();
@@ -137,7 +138,7 @@ bool EventDesk::isOwnRecording() const
     return m_around.control->access()->path() == m_around.control->folder();
 }
 
-/// Not before the user sees it.
+/// Reads nothing before the user sees the list.
 void EventDesk::read()
 {
     if (m_isRead || !m_dock->isVisible()) {

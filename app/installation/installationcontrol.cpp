@@ -7,14 +7,15 @@
 #include <QFile>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
 
-/// From when all have been probed, or one has told its name first, until it is decided with the
-/// names heard so far, ms. On a large site a round with all names takes longer.
+/// The check decides with the names heard so far when no LDB has told its name first for that long,
+/// ms. A round with all names takes longer on a large site.
 constexpr int kPatience = 30000;
-/// Changes are gathered for so long, ms.
+/// How long changes are gathered before they are stored, ms.
 constexpr int kSaveAfter = 2000;
 
 bool mayStartKnown()
@@ -34,15 +35,9 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
     connect(link, &SerialLink::nameTold, this, &InstallationControl::processName);
     connect(link, &SerialLink::knownProbed, this,
             [this](int answered, int) { processProbed(answered); });
-    connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isOn) {
-        if (isOn) {
-            m_told.clear(); // the names are asked for anew
-        }
-        // A run without a scan also tells that none is on.
-        if (std::exchange(m_isScanning, isOn) && !isOn && m_link->isRunning()) {
-            processScanEnd();
-        }
-    });
+    connect(link, &SerialLink::ldbListInitializationStateChange, this,
+            &InstallationControl::processScan);
+    connect(link, &SerialLink::ldbDisconnected, this, &InstallationControl::processLoss);
     connect(link, &SerialLink::stopped, this, &InstallationControl::processStop);
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, [this] {
@@ -91,10 +86,13 @@ StartPlan InstallationControl::planAgain(const PortIdentity& port, bool isLongAw
     if (!m_mayResume) {
         return planFor(port);
     }
+    const QStringList connected = m_link->connectedLdbs();
     beginRun(port);
     if (isLongAway) {
         return checkCurrent();
     }
+    m_resumed = connected;
+    m_isDoubtful = !connected.isEmpty();
     useOn(port);
     m_check = SiteCheck(m_current.ldbs);
     m_check.processProbed(m_check.remembered()); // all of them, unless they are lost
@@ -109,9 +107,11 @@ void InstallationControl::beginRun(const PortIdentity& port)
     m_told.clear();
     m_isScanning = false;
     m_hasScanned = false;
+    m_isChosen = false;
+    m_isDoubtful = false;
 }
 
-/// What is remembered is assumed, and held against what answers.
+/// Assumes the remembered installation, and checks it against what answers.
 StartPlan InstallationControl::checkCurrent()
 {
     const bool isKnown = !m_current.ldbs.empty();
@@ -139,16 +139,23 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
         setCurrent(id.isEmpty() ? Installation() : *chosen);
     }
     if (m_isNew && former.id != m_current.id && former.title() == former.id) {
-        m_store.removeBare(former.id); // made at this start, for the one that is chosen now
+        m_store.removeBare(former.id); // it was made at this start only until one is chosen
+        emit gaveWay(former.id);
     }
     m_isNew = false;
     m_check = SiteCheck();
     m_port = port;
     useOn(port);
+    m_isDoubtful = false;
     if (m_link->isRunning()) {
+        m_isChosen = !m_hasScanned || m_isScanning;
         setState(State::Settled);
+        // Those of it that are silent are lost.
+        m_link->expect(m_current.ldbs);
         remember(m_told.keys());
-        if (!m_hasScanned && !m_isScanning) {
+        if (m_hasScanned) {
+            rememberFound(m_link->connectedLdbs());
+        } else if (!m_isScanning) {
             emit scanWanted();
         }
     }
@@ -160,7 +167,7 @@ QString InstallationControl::add(Installation installation)
 {
     installation.id = m_store.freeId();
     if (installation.id == m_current.id) {
-        save(); // its folder is not there yet
+        save(); // it has no folder yet
         installation.id = m_store.freeId();
     }
     store(installation);
@@ -212,7 +219,7 @@ void InstallationControl::store(const Installation& installation)
     }
 }
 
-/// One without an id gets one.
+/// Gives an installation without an id one.
 void InstallationControl::setCurrent(const Installation& installation)
 {
     const QString former = m_current.id;
@@ -241,14 +248,18 @@ void InstallationControl::useOn(const PortIdentity& port)
     }
 }
 
-/// Comes when the name is certain: one that differs from what was known, after a cut, too, has been
-/// told twice then.
+/// Comes when the name is certain: a name other than the known one has been told twice by then,
+/// also after a cut.
 void InstallationControl::processName(const QString& hexId, const QString& name)
 {
     if (!m_told.contains(hexId) && m_patience.isActive()) {
         m_patience.start(kPatience);
     }
     m_told.insert(hexId, name.isNull() ? QStringLiteral("") : name);
+    if (m_isDoubtful && 2 * answeringLdbs() >= m_resumed.size()) {
+        m_isDoubtful = false;
+        emit settledChanged();
+    }
     m_check.processName(hexId, name);
     if (m_state == State::Checking || (isSettled() && m_check.remembered() > 0)) {
         decide(m_check.verdict());
@@ -260,10 +271,26 @@ void InstallationControl::processName(const QString& hexId, const QString& name)
     }
 }
 
-/// With the names that they have told. Nothing, while it may be another bus.
+/// A bus that goes on and loses most of its LDBs may be another one: a scan shows who is there.
+void InstallationControl::processLoss()
+{
+    if (m_isDoubtful && !m_hasScanned && !m_isScanning) {
+        emit scanWanted();
+    }
+}
+
+/// Of those that a run which goes on should hear.
+int InstallationControl::answeringLdbs() const
+{
+    return static_cast<int>(
+        std::count_if(m_resumed.begin(), m_resumed.end(),
+                      [this](const QString& hexId) { return m_told.contains(hexId); }));
+}
+
+/// Remembers the LDBs with the names that they have told. Does nothing while it may be another bus.
 void InstallationControl::remember(const QStringList& hexIds)
 {
-    if (!isSettled() || m_check.remembered() > 0) {
+    if (!isCertain()) {
         return;
     }
     bool isChanged = false;
@@ -276,22 +303,71 @@ void InstallationControl::remember(const QStringList& hexIds)
     }
 }
 
-void InstallationControl::processScanEnd()
+void InstallationControl::processScan(bool isOn)
 {
-    m_hasScanned = true;
-    const QStringList known = m_link->connectedLdbs();
-    const auto answered =
-        std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
-                      [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
-    if (m_state == State::Checking) {
-        processProbed(static_cast<int>(answered));
-    } else if (isSettled() && m_check.remembered() == 0) {
-        rememberFound(known);
+    // A run without a scan also tells that no scan is on.
+    const bool wasOn = std::exchange(m_isScanning, isOn);
+    if (isOn) {
+        processScanBegin();
+    } else if (wasOn && m_link->isRunning()) {
+        processScanEnd();
     }
 }
 
-/// Also those that have not told their names: one that is silent at the next start would else make
-/// a small site look like another one.
+/// A bus that is scanned while it is monitored is held against what is remembered, too: somebody
+/// may have plugged the line in elsewhere.
+void InstallationControl::processScanBegin()
+{
+    m_told.clear(); // the names are asked for anew
+    m_patience.stop();
+    if (isSettled() && m_check.remembered() == 0 && !m_isChosen) {
+        m_check = SiteCheck(m_current.ldbs);
+    }
+    emit settledChanged();
+}
+
+void InstallationControl::processScanEnd()
+{
+    m_hasScanned = true;
+    m_isChosen = false;
+    m_isDoubtful = false;
+    if (m_state == State::Checking) {
+        const QStringList known = m_link->connectedLdbs();
+        const auto answered =
+            std::count_if(m_current.ldbs.begin(), m_current.ldbs.end(),
+                          [&](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
+        processProbed(static_cast<int>(answered));
+    } else if (isSettled()) {
+        processRescan();
+    }
+}
+
+/// Silence alone tells nothing of a bus that was the right one a moment ago: it is another one when
+/// others answer in place of most of its LDBs, or by their names.
+void InstallationControl::processRescan()
+{
+    const QStringList known = m_link->connectedLdbs();
+    if (m_check.remembered() == 0) {
+        rememberFound(known);
+        return;
+    }
+    const int answered = m_check.remembered(known);
+    if (2 * answered < m_check.remembered() && known.size() > answered) {
+        decide(SiteCheck::Verdict::Another);
+        return;
+    }
+    // The names of those that are there decide.
+    std::vector<KnownLdb> there;
+    std::copy_if(m_current.ldbs.begin(), m_current.ldbs.end(), std::back_inserter(there),
+                 [&known](const KnownLdb& ldb) { return known.contains(ldb.hexId); });
+    m_check = SiteCheck(there);
+    m_check.processProbed(answered);
+    m_patience.start(kPatience);
+    emit settledChanged();
+}
+
+/// Also LDBs that have not told their names: otherwise one that is silent at the next start would
+/// make a small site look like another one.
 void InstallationControl::rememberFound(const QStringList& hexIds)
 {
     for (const QString& hexId : hexIds) {
@@ -336,6 +412,9 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
     case SiteCheck::Verdict::Same:
         useOn(m_port);
         setState(State::Settled);
+        if (m_hasScanned) {
+            m_link->expect(m_current.ldbs); // what a scan does not find is not forgotten
+        }
         endCheck();
         break;
     case SiteCheck::Verdict::Another:
@@ -344,6 +423,7 @@ void InstallationControl::decide(SiteCheck::Verdict verdict)
         if (!m_hasScanned) {
             emit scanWanted();
         }
+        m_link->expect({}); // nobody of before
         emit anotherFound();
         break;
     }
@@ -355,10 +435,13 @@ void InstallationControl::endCheck()
         m_check = SiteCheck();
         emit settledChanged();
         remember(m_told.keys());
+        if (m_hasScanned) {
+            rememberFound(m_link->connectedLdbs());
+        }
     }
 }
 
-/// Looks, once a run on a port that was never used, which installation has the LDBs that answer.
+/// Once in a run on a port that was never used: looks which installation has the LDBs that answer.
 void InstallationControl::recognise()
 {
     m_isCompared = true;

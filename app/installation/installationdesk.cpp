@@ -11,7 +11,7 @@
 
 namespace {
 
-/// It is news, and not true for ever, ms.
+/// How long a message stays: it is news, and not true for ever. ms.
 constexpr int kBackShown = 10000;
 
 } // namespace
@@ -38,7 +38,7 @@ InstallationDesk::InstallationDesk(const Surroundings& around, const PortSource&
             QStringLiteral("installationBox"));
     });
     connect(m_control, &InstallationControl::settledChanged, this, [this] {
-        m_around.linkNotices->holdLosses(m_around.link->isRunning() && !m_control->isSettled());
+        m_around.linkNotices->holdLosses(m_around.link->isRunning() && !m_control->mayTellLosses());
     });
     connect(m_around.link, &SerialLink::stopped, this, &InstallationDesk::closeQuestion);
     connect(m_waiter, &PortWaiter::waitingChanged, m_around.linkNotices, &LinkNotices::setWaiting);
@@ -102,7 +102,7 @@ void InstallationDesk::askWhich(bool isAnother, const QString& id)
                         "one?")
                          .arg(portName, title);
     };
-    // The one that it is not is not proposed.
+    // Proposes none that has just been ruled out.
     m_question =
         new InstallationQuestion(text, installations, isAnother ? QString() : id, m_window);
     connect(m_question, &InstallationQuestion::answered, this,

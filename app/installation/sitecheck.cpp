@@ -27,12 +27,20 @@ void SiteCheck::processName(const QString& hexId, const QString& name)
     if (remembered == m_names.constEnd()) {
         return;
     }
+    const bool hasAgreed = m_told.contains(hexId) && !m_differing.contains(hexId);
     m_told.insert(hexId);
-    if (*remembered == name || remembered->isNull()) {
+    if (hasAgreed || *remembered == name || remembered->isNull()) {
         m_differing.remove(hexId);
     } else {
         m_differing.insert(hexId);
     }
+}
+
+int SiteCheck::remembered(const QStringList& hexIds) const
+{
+    return static_cast<int>(
+        std::count_if(hexIds.begin(), hexIds.end(),
+                      [this](const QString& hexId) { return m_names.contains(hexId); }));
 }
 
 SiteCheck::Verdict SiteCheck::verdict() const

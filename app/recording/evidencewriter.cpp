@@ -15,7 +15,7 @@ struct EvidenceWriter::Work
     // Of a file:
     std::unique_ptr<WholeFile> file;
     recordingexport::Piece piece;
-    TimeSpan span; ///< that there is
+    TimeSpan span; ///< the part that is recorded
     qint64 done = 0;
     // Of a copy:
     QStringList paths;

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-/// In the thread: has the document.
+/// Lives in the thread; owns the document.
 class ReportMakerHost : public QObject
 {
 public:
@@ -61,7 +61,7 @@ private:
     void tell(Tell what)
     {
         Q_ASSERT(QThread::currentThread() == thread());
-        // Only posted to: it ends this thread before it is gone.
+        // It may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_maker, [maker = m_maker, what] { what(*maker); }, Qt::QueuedConnection);
     }

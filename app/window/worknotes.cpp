@@ -4,13 +4,14 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/report/recordedwork.h"
+#include "serial/ldb/microseconds.h"
 #include "tracking/faultfinding/fimtracking.h"
 
 #include <utility>
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 recordedwork::Finding::Side sideOf(const FimCounter& counter, int ldbPort)
 {
@@ -79,7 +80,7 @@ void WorkNotes::processPhase(const FimTracking* tracking, TrackingRun::Phase pha
 {
     switch (phase) {
     case TrackingRun::Phase::FactoryReset:
-        m_run = {tracking->hexId(), m_wallTime() * kMicrosecondsPerMillisecond, {}};
+        m_run = {tracking->hexId(), m_wallTime() * kMillisecond, {}};
         break;
     case TrackingRun::Phase::Idle:
         if (m_run.begun != 0) {

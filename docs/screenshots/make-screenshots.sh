@@ -39,6 +39,7 @@ take overview
 take editing
 take transfer
 take losses
+take sites
 take tracking healthy-loop commissioning commissioning
 take tracking earth-leakage fault-finding fault-finding
 for scene in $scenes; do

@@ -312,6 +312,42 @@ void losses(const Stage::Options& options)
     stage.shoot(&stage.window(), QStringLiteral("port-failed-window"));
 }
 
+/// Names the installation in force, and makes another one.
+void nameInstallations(Stage& stage)
+{
+    stage.click(QStringLiteral("settingsMenuButton"));
+    auto* menu = stage.waitForWindow<SettingsMenu>();
+    stage.click(QStringLiteral("installationButton"), menu);
+    auto* form = stage.waitForWindow<InstallationForm>();
+    auto* name = stage.child<QLineEdit>(QStringLiteral("installationNameEdit"), form);
+    name->setText(QStringLiteral("Town hall"));
+    stage.click(QStringLiteral("addInstallationButton"), form);
+    name->setText(QStringLiteral("School"));
+    form->close();
+    menu->close();
+}
+
+void sites(const Stage::Options& options)
+{
+    Stage stage(options, kSite);
+    stage.start();
+    Stage::pass(kRoundSeconds);
+    nameInstallations(stage);
+    stage.click(QStringLiteral("startButton"));
+    for (const char* hexId : {"03", "07", "0A", "1C", "2F"}) {
+        stage.simulator().send(QStringLiteral("vanish %1").arg(QLatin1String(hexId)));
+    }
+    Stage::pass(1);
+    stage.click(QStringLiteral("startButton"));
+    auto* question =
+        stage.waitForWindow<QDialog>(QStringLiteral("installationQuestion"), kLossSeconds);
+    // The port of the simulated installation is a temporary file's name.
+    auto* text = stage.child<QLabel>(QStringLiteral("installationQuestionLabel"), question);
+    text->setText(text->text().replace(stage.portName(), QStringLiteral("ttyUSB0")));
+    stage.shoot(question, QStringLiteral("another-installation"));
+    question->close();
+}
+
 void tracking(const Stage::Options& options, const QStringList& words)
 {
     const QString mode = words.value(2);
@@ -336,6 +372,8 @@ bool playScene(const Stage::Options& options, const QStringList& words)
         transfer(options);
     } else if (name == QLatin1String("losses")) {
         losses(options);
+    } else if (name == QLatin1String("sites")) {
+        sites(options);
     } else if (name == QLatin1String("tracking") && words.size() >= 3) {
         tracking(options, words);
     } else {

@@ -31,7 +31,7 @@ Stage::Stage(const Options& options, const QString& scenario)
     writeSettings();
     m_simulator = std::make_unique<SimulatorProcess>(
         options.simulator, QStringLiteral("%1/%2.json").arg(options.scenarioFolder, scenario),
-        path(QStringLiteral("bus")));
+        portName());
     m_window = std::make_unique<MainWindow>();
     m_window->show();
     m_window->activateWindow();
@@ -44,7 +44,7 @@ void Stage::writeSettings() const
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
     qputenv("XDG_DATA_HOME", m_folder.path().toLocal8Bit()); // what a run keeps of its LDB
     QSettings settings = userSettings();
-    settings.setValue(constants::kComPortKey, path(QStringLiteral("bus")));
+    settings.setValue(constants::kComPortKey, portName());
     settings.setValue(constants::kLogPathKey, QStringLiteral("ldb-log.csv"));
 }
 

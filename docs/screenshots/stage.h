@@ -35,6 +35,8 @@ public:
     SimulatorProcess& simulator() { return *m_simulator; }
     /// Absolute path of a file that is removed at the end.
     QString path(const QString& fileName) const { return m_folder.filePath(fileName); }
+    /// A temporary file's name.
+    QString portName() const { return path(QStringLiteral("bus")); }
 
     /// Clicks Start and waits for the scan to be over.
     void start();

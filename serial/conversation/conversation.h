@@ -55,10 +55,12 @@ public:
     void select(const QString& hexId) { m_plan.select(hexId); }
     /// While held, no address is probed in the background.
     void holdSearch(bool isHeld) { m_search.hold(isHeld); }
-    /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
-    /// stays.
+    /// The user gives up a lost LDB: it leaves the list until it answers. One that is there stays.
     void dismiss(const QString& hexId) { m_roster.dismiss(hexId); }
-    /// What comes is another bus: no LDB of before is expected there. While stopped.
+    /// It is known by now which LDBs the bus has, beside those that answer: those of them that do
+    /// not, and no others, are lost; behind the scan, if one is due or on. No loss is told of them.
+    void expect(const std::vector<KnownLdb>& ldbs) { m_roster.expect(ldbs); }
+    /// The next run is on another bus, where no former LDB is expected. Only while stopped.
     void forgetLdbs() { m_roster.forget(); }
     /// The line is gone: a command that has been transmitted is done without an answer, those
     /// behind it are forgotten.

@@ -9,31 +9,65 @@ void LdbRoster::forget()
     m_schedule.clear();
     m_memory.clear();
     m_expected.clear();
+    m_announced.reset();
+    m_givenUp.clear();
     m_awaited.clear();
     m_owing.clear();
 }
 
 void LdbRoster::clear()
 {
-    // One that has never answered a poll may never have been there.
+    // An LDB that has never answered a poll may never have been there.
     for (const QString& hexId : all()) {
-        if (m_memory.isProven(hexId)) {
-            m_expected.insert(hexId, {m_memory.name(hexId), isLost(hexId)});
+        if (m_memory.isProven(hexId) || isAwaited(hexId)) {
+            m_expected.insert(hexId, {m_memory.name(hexId), isLost(hexId) || isAwaited(hexId)});
         }
     }
     m_schedule.clear();
     m_memory.clear();
+    m_givenUp.clear(); // the scan finds them
     m_awaited.clear();
     m_owing.clear();
 }
 
 void LdbRoster::tellMissing(const Moment& moment)
 {
+    m_roundTime = moment.wall;
     dropDismissed();
+    addMissing();
+}
+
+void LdbRoster::expect(const std::vector<KnownLdb>& ldbs)
+{
+    m_announced.emplace();
+    for (const KnownLdb& ldb : ldbs) {
+        m_announced->insert(ldb.hexId, {ldb.name, true});
+    }
+}
+
+void LdbRoster::updateList()
+{
+    dropDismissed();
+    if (!m_announced) {
+        return;
+    }
+    const QStringList listed = all();
+    for (const QString& hexId : listed) {
+        if (isLost(hexId) && !m_announced->contains(hexId)) {
+            remove(hexId);
+        }
+    }
+    addMissing();
+}
+
+void LdbRoster::addMissing()
+{
+    if (m_announced) {
+        m_expected = *std::exchange(m_announced, std::nullopt);
+    }
     for (const QString& hexId : all()) {
         m_expected.remove(hexId);
     }
-    m_roundTime = moment.wall;
     const auto expected = std::exchange(m_expected, {});
     for (auto ldb = expected.begin(); ldb != expected.end(); ++ldb) {
         const QString& hexId = ldb.key();
@@ -99,16 +133,25 @@ void LdbRoster::add(const QString& hexId)
 void LdbRoster::dropDismissed()
 {
     for (const QString& hexId : std::exchange(m_dismissed, {})) {
-        m_expected.remove(hexId);
-        if (isLost(hexId)) {
-            m_schedule.remove(hexId);
-            m_memory.forget(hexId);
-            if (isAwaited(hexId)) {
-                tellAwaited(hexId, false);
-            }
-            tellList();
+        const bool wasListed = isLost(hexId);
+        if (wasListed) {
+            remove(hexId);
+        }
+        const bool wasAnnounced = m_announced && m_announced->remove(hexId) > 0;
+        if (m_expected.remove(hexId) > 0 || wasAnnounced || wasListed) {
+            m_givenUp.append(hexId);
         }
     }
+}
+
+void LdbRoster::remove(const QString& hexId)
+{
+    m_schedule.remove(hexId);
+    m_memory.forget(hexId);
+    if (isAwaited(hexId)) {
+        tellAwaited(hexId, false);
+    }
+    tellList();
 }
 
 LdbRoster::Proof LdbRoster::prove(const QString& hexId, bool isSilent, const Moment& moment)
@@ -118,6 +161,7 @@ LdbRoster::Proof LdbRoster::prove(const QString& hexId, bool isSilent, const Mom
     }
     if (!isSilent) {
         m_memory.setProven(hexId);
+        m_givenUp.removeAll(hexId);
         return Proof::Stays;
     }
     m_telling.log(LimitedLog::Kind::Lists,
@@ -177,7 +221,7 @@ void LdbRoster::heard(const QString& hexId)
     }
 }
 
-/// Every failure of a polling answer, but for a sound one that is not believed.
+/// Counts every failure of a polling answer, except a sound answer that is not believed.
 void LdbRoster::missed(const QString& hexId, bool isSilent, const Moment& moment)
 {
     if (isAwaited(hexId)) {
@@ -195,13 +239,13 @@ void LdbRoster::missed(const QString& hexId, bool isSilent, const Moment& moment
                   QStringLiteral("%1: miss %2 in a row").arg(hexId).arg(misses), moment.now);
     if (misses > m_forgivenMisses) {
         m_schedule.markLost(hexId);
-        // Behind the record: who is told of the loss knows of whom.
+        // After the record, so that whoever is told of the loss has the record.
         tellLost(hexId);
         m_telling.tell(event::Loss{hexId});
     }
 }
 
-/// Of one that is awaited nothing is known that could be told.
+/// Nothing is known of an awaited LDB that could be told.
 void LdbRoster::tellLost(const QString& hexId)
 {
     if (!isAwaited(hexId)) {

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 /// The LDBs of the bus: who is in the list, whose turn it is, what each has said and missed, and
@@ -17,7 +18,8 @@
 ///
 /// An LDB that was there before a scan and does not answer it stays in the list as a lost one,
 /// until it is dismissed. One that is awaited, because it was known before the run, is probed like
-/// a lost one until it is heard first, but nothing is told of its silence.
+/// a lost one until it is heard first, but nothing is told of its silence; a scan that it does not
+/// answer makes it a lost one.
 class LdbRoster
 {
 public:
@@ -43,24 +45,33 @@ public:
     /// Whether it is in the round.
     bool isPolled(const QString& hexId) const { return all().contains(hexId) && !isLost(hexId); }
 
-    /// Another bus: nobody of before is expected there.
+    /// The next run is on another bus, where no former LDB is expected.
     void forget();
     /// Empties the list, but remembers who was there.
     void clear();
-    /// Behind a scan: who was there before and was not found is lost.
+    /// A scan has ended: an LDB that was there before and was not found is lost.
     void tellMissing(const Moment& moment);
+    /// It is known by now which LDBs the bus has, beside those that answer: from the next
+    /// `updateList` on, or behind the scan that is due or on, those of them that do not answer are
+    /// lost, and no others are. No loss is told of them.
+    void expect(const std::vector<KnownLdb>& ldbs);
+    /// What was expected in another run does not count.
+    void dropExpectation() { m_announced.reset(); }
     /// The list is these, in the order of their addresses; all are awaited.
     void await(const std::vector<KnownLdb>& ldbs);
     /// A new run with the list as it is.
     void resume(const Moment& moment);
     /// It has answered a probe: joins the list, or the round if it is in the list already.
     void add(const QString& hexId);
-    /// The user gives up a lost LDB: it leaves the list, and is probed no more. One that is there
-    /// stays.
+    /// The user gives up a lost LDB: it leaves the list until it answers. One that is there stays.
     void dismiss(const QString& hexId) { m_dismissed.insert(hexId); }
-    void dropDismissed();
-    /// Behind the first status request since it was found. The one that meets silence was
-    /// somebody else's late answer to the search: then it leaves the list again, untold.
+    /// Between two turns, and in no scan: takes out of the list who was dismissed, and follows what
+    /// is expected.
+    void updateList();
+    /// Those dismissed that have not answered since.
+    const QStringList& givenUp() const { return m_givenUp; }
+    /// The first status request since the LDB was found has ended. If it met silence, the answer to
+    /// the search was another LDB's late one: the LDB leaves the list again, untold.
     enum class Proof
     {
         Stays,
@@ -73,7 +84,7 @@ public:
     PollSchedule::Turn nextTurn(const Moment& moment);
     int position() const { return m_schedule.position(); }
     int polled() const { return m_schedule.polled(); }
-    /// A round that is no turn's: of those awaited as they answer.
+    /// Begins a round outside the turns: that of awaited LDBs as they answer.
     void beginRound(const Moment& moment);
     void endRound();
     /// Lets the next turn begin a round.
@@ -84,27 +95,30 @@ public:
 
     // What came.
 
-    /// Whether a status that comes between the turns is not the round's own one.
+    /// Whether a status that comes between the turns is extra, not the round's own.
     bool isExtra(const QString& hexId) const { return !m_owing.contains(hexId); }
     /// `isOwnTurn`: of the LDB in the round.
     void heardStatus(const QString& hexId, const LdbStatus& status, bool isOwnTurn,
                      const Moment& moment);
-    /// Its own turn gave no status: another one in the same round is the round's.
+    /// Its own turn gave no status, so the next one in the same round is the round's own.
     void owes(const QString& hexId) { m_owing.insert(hexId); }
     /// It answered something.
     void heard(const QString& hexId);
-    /// It did not, or not so that it can be used.
+    /// It did not answer, or not with anything that can be used.
     void missed(const QString& hexId, bool isSilent, const Moment& moment);
     void tellLost(const QString& hexId);
     /// Names, firmware.
     LdbMemory& memory() { return m_memory; }
 
 private:
+    void dropDismissed();
+    void addMissing();
+    void remove(const QString& hexId);
     void tellList();
     void tellRecord(const QString& hexId, const LdbStatus& status, qint64 time, bool isExtra);
     void tellAwaited(const QString& hexId, bool isAwaited);
 
-    /// What is kept of an LDB over a scan.
+    /// What is kept of an LDB through a scan.
     struct Expected
     {
         QString name;
@@ -117,7 +131,10 @@ private:
     LdbMemory m_memory;
     QSet<QString> m_awaited;
     QMap<QString, Expected> m_expected; ///< LDBs there were before the scan that is due or on
-    QSet<QString> m_dismissed;          ///< to be dropped
+    /// What was told to be expected, until that is followed.
+    std::optional<QMap<QString, Expected>> m_announced;
+    QSet<QString> m_dismissed; ///< to be dropped
+    QStringList m_givenUp;
     QSet<QString> m_owing;
     qint64 m_roundTime = 0;
 };

@@ -2,13 +2,14 @@
 
 namespace {
 
-/// After the scan; an unclean one of them makes the search incomplete.
+/// Rounds after the scan; if one of them is unclean, the search is incomplete.
 constexpr int kWatchedRounds = 2;
 
 } // namespace
 
 bool LdbSearch::begin(const StartPlan& plan, const Moment& moment)
 {
+    m_roster.dropExpectation();
     switch (plan.kind) {
     case StartPlan::Kind::Known:
         m_roster.await(plan.ldbs);
@@ -17,7 +18,7 @@ bool LdbSearch::begin(const StartPlan& plan, const Moment& moment)
         m_progress.isProbingKnown = true;
         break;
     case StartPlan::Kind::Resume:
-        if (!isScanDue()) { // one that was broken off has found only some
+        if (!isScanDue()) { // a scan that was broken off has found only some LDBs
             m_roster.resume(moment);
         }
         break;
@@ -92,17 +93,28 @@ std::optional<QString> LdbSearch::nextKnown()
 
 std::optional<QString> LdbSearch::nextInBackground()
 {
-    if (m_isHeld || m_roster.isOneAlone() || isScanDue() || !m_progress.isIncomplete) {
+    if (m_isHeld || m_roster.isOneAlone() || isScanDue()) {
         return std::nullopt;
     }
-    while (m_progress.background < busaddress::kLast) {
+    m_way = Way::Background;
+    while (m_progress.isIncomplete && m_progress.background < busaddress::kLast) {
         const QString hexId = busaddress::toHexId(++m_progress.background);
         if (!m_roster.all().contains(hexId) || m_roster.isAwaited(hexId)) {
-            m_way = Way::Background;
             return hexId;
         }
     }
-    return std::nullopt;
+    return nextGivenUp();
+}
+
+/// One of them in each round, in turns: as often as the lost ones.
+std::optional<QString> LdbSearch::nextGivenUp()
+{
+    const QStringList& givenUp = m_roster.givenUp();
+    if (givenUp.isEmpty() || m_progress.roundOfGivenUp == m_progress.rounds) {
+        return std::nullopt;
+    }
+    m_progress.roundOfGivenUp = m_progress.rounds;
+    return givenUp.at(m_progress.rounds % givenUp.size());
 }
 
 LdbSearch::Then LdbSearch::probed(const QString& hexId, bool isPresent, const Moment& moment)

@@ -233,6 +233,14 @@ void SerialLink::dismiss(const QStringList& hexIds)
     emit ldbListChanged(m_ldbs);
 }
 
+void SerialLink::expect(const std::vector<KnownLdb>& ldbs)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (m_running) {
+        postToRun([ldbs](SerialProcessor& processor) { processor.expect(ldbs); });
+    }
+}
+
 template <typename Task>
 void SerialLink::postToRun(Task task)
 {

@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 class SerialProcessor;
 
@@ -75,8 +76,12 @@ public:
     void setBackgroundSearchHeld(bool isHeld);
 
     /// Takes these out of the list where they are lost; one that is there stays. Also without a
-    /// run. A dismissed LDB comes back when a scan finds it.
+    /// run. A dismissed LDB comes back when it answers.
     void dismiss(const QStringList& hexIds);
+    /// The bus has these LDBs, beside those that answer: those of them that do not, and no others,
+    /// are listed as lost; behind the scan, if one is asked for or on. No loss is told of them.
+    /// Does nothing without a run.
+    void expect(const std::vector<KnownLdb>& ldbs);
 
     /// Every LDB of the last scan, in the order found, then those that were there before it and
     /// did not answer it; lost ones included.

@@ -19,6 +19,7 @@
 #include <memory>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 /// Host of the conversation with the bus: owns the port, the timer and the queued commands, hands
 /// over what comes, transmits what the conversation wants, and tells its events as signals. It
@@ -76,6 +77,8 @@ public slots:
     void pollOnly(const QString& hexId);
     /// Takes these out of the list where they are lost.
     void dismiss(const QStringList& hexIds);
+    /// The bus has these, beside those that answer.
+    void expect(const std::vector<KnownLdb>& ldbs);
     /// The LDB whose status is asked in between in long rounds; none for an empty id.
     void setSelectedLdb(const QString& hexId);
     /// While held, no address is probed in the background.

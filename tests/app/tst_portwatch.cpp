@@ -147,6 +147,17 @@ private slots:
         QTEST(textOf(check.verdict()), "verdict");
     }
 
+    /// Who has told his name and tells another one was renamed, be the site as small as it may.
+    void renamedUnderOurEyes()
+    {
+        SiteCheck check(remembered(2));
+        check.processProbed(2);
+        check.processName("1", "Hall 1");
+        check.processName("1", "Room 1");
+        check.processName("2", "Hall 2");
+        QCOMPARE(textOf(check.verdict()), "same");
+    }
+
     void siteThatIsHeardNoMore_data()
     {
         const Table<int, QString> row("told", "verdict");

@@ -4,6 +4,9 @@
 #include "recording/recordingreader.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
+#include "tests/tracking/plotinspection.h"
+
+#include <qwt_plot_curve.h>
 
 #include <limits>
 
@@ -67,6 +70,8 @@ private slots:
         pass(10 * kSecond);
         emit m_window->findChild<SettingsMenu*>()->installationWanted();
         auto* form = m_window->findChild<QDialog*>("installationForm");
+        // One without a name would give way to the other, with its recordings.
+        form->findChild<QLineEdit*>("installationNameEdit")->setText("Hall");
         form->findChild<QPushButton*>("addInstallationButton")->click();
         form->findChild<QPushButton*>("useInstallationButton")->click();
         pass(kMinute);
@@ -161,7 +166,7 @@ private slots:
         save(m_sandbox->path("taken.pcapng"));
         pass(0);
         QVERIFY(Sandbox::readFile(m_sandbox->path("taken.pcapng"))
-                    .contains(TestBus::framed(m_bus->requests().at(100))));
+                    .contains("\x01" + QByteArray("LDB 03").toHex().toUpper()));
         child<QRadioButton>("evidenceEventsChoice")->click();
         save(m_sandbox->path("events.csv"));
         pass(0);

@@ -33,7 +33,7 @@ private slots:
         // Of `known` LDBs: those at other addresses (from the last one on), those of other names
         // (from the first one on).
         addColumns<int, int, int, QString>("known", "moved", "renamed", "when");
-        for (const char* when : {"start", "long cut", "short cut"}) {
+        for (const char* when : {"start", "long cut", "short cut", "reload"}) {
             const auto add = [&](const char* name, int known, int moved, int renamed) {
                 QTest::addRow("%s, %s", name, when)
                     << known << moved << renamed << QString::fromLatin1(when);
@@ -44,11 +44,9 @@ private slots:
             if (qstrcmp(when, "long cut") != 0) {
                 add("a large site", kLarge, 0, kLarge);
             }
-            if (qstrcmp(when, "short cut") != 0) {
-                add("other addresses", 8, 8, 0);
-                add("a third the same, others moved", 12, 4, 4);
-                add("two thirds moved", 12, 8, 0);
-            }
+            add("other addresses", 8, 8, 0);
+            add("a third the same, others moved", 12, 4, 4);
+            add("two thirds moved", 12, 8, 0);
         }
     }
 
@@ -78,7 +76,8 @@ private slots:
         m_bus->clearRequests();
         comeBack(when);
         bool isNoticed = false;
-        for (int second = 0; second < (known == kLarge ? 120 : 90); ++second) {
+        for (int second = 0; second < (known == kLarge || when == "short cut" ? 180 : 90);
+             ++second) {
             VirtualTime::current()->advance(kSecond);
             isNoticed = isNoticed || question() != nullptr;
             QVERIFY(dialog("lossBox") == nullptr);
@@ -88,6 +87,7 @@ private slots:
         QVERIFY(!button("ldbResetButton")->isEnabled());
         QVERIFY(!button("settingsSaveButton")->isEnabled());
         QCOMPARE(ldbsIn(stored()), ldbsIn(remembered));
+        WAIT_VERIFY(overview()->model()->rowCount() == known); // who is there, and nobody else
 
         // Whoever presses Enter has not said that it is the one that it is not.
         QVERIFY(!question()->findChild<QPushButton*>("chooseInstallationButton")->isEnabled());
@@ -95,6 +95,7 @@ private slots:
         VirtualTime::current()->advance((known == kLarge ? 90 : 20) * kSecond);
         QVERIFY(button("allLdbResetButton")->isEnabled());
         QVERIFY(m_bus->writes().isEmpty());
+        QVERIFY(dialog("lossBox") == nullptr);
         const auto all = Installations().read().installations;
         QCOMPARE(all.size(), std::size_t(2));
         QCOMPARE(int(all.back().ldbs.size()), known);
@@ -161,6 +162,82 @@ private slots:
         }
         QVERIFY(child<QPushButton>("allLdbResetButton")->isEnabled());
         QVERIFY(!decodeLdbSettings(m_bus->settingsOf("C8"))->audioMute);
+    }
+
+    /// What was known stays, as lost, however few answer and whatever the user does.
+    void thoseThatAreSilentStay_data()
+    {
+        // Of eight.
+        addColumns<int, QString>("answering", "when");
+        QTest::newRow("most, and it is scanned") << 6 << "start, reload";
+        QTest::newRow("few, and the user says that it is the same site") << 3 << "start, same";
+        QTest::newRow("few, scanned at once") << 3 << "reload at once, same";
+        QTest::newRow("most, scanned at once") << 6 << "reload at once";
+        QTest::newRow("few, monitored all the time") << 3 << "reload";
+    }
+
+    void thoseThatAreSilentStay()
+    {
+        QFETCH(int, answering);
+        QFETCH(QString, when);
+        const QStringList site = addresses(1, 8);
+        openSite(site);
+        if (when != "reload") {
+            click("startButton");
+        }
+        m_bus->setPresent(site.mid(0, answering));
+        click(when.startsWith("reload") ? "reloadDevicesButton" : "startButton");
+        VirtualTime::current()->advance(90 * kSecond);
+        QCOMPARE(question() != nullptr, when.endsWith("same"));
+        if (question()) {
+            question()->findChild<QListWidget*>()->setCurrentRow(0);
+            question()->findChild<QPushButton*>("chooseInstallationButton")->click();
+        } else if (when == "start, reload") {
+            click("reloadDevicesButton");
+        }
+        VirtualTime::current()->advance(90 * kSecond);
+        QCOMPARE(overview()->model()->rowCount(), 8);
+        QCOMPARE(text("08", overview::NameColumn), "Disconnected (LDB 08)");
+        QCOMPARE(
+            strip(),
+            QString("Monitored: %1 of 8 LDBs answer, %2 lost.").arg(answering).arg(8 - answering));
+        QCOMPARE(Installations().read().installations.front().ldbs.size(), std::size_t(8));
+        QVERIFY(question() == nullptr);
+        // Whose loss a scan has shown is told, and nothing of those that have only been remembered.
+        QCOMPARE(dialog("lossBox") != nullptr, when == "reload" || when == "reload at once");
+    }
+
+    /// A line that is dead for longer than a loss takes, behind a cut, is no other site.
+    void aDeadLineBehindACutIsNoOtherSite()
+    {
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        const QStringList site = addresses(1, 8);
+        openSite(site);
+        leave("short cut");
+        m_bus->setPresent({});
+        comeBack("short cut");
+        VirtualTime::current()->advance(180 * kSecond);
+        QVERIFY(question() == nullptr);
+        QVERIFY(dialog("lossBox") != nullptr);
+        QCOMPARE(strip().mid(0, 13), "Not monitored");
+        QCOMPARE(overview()->model()->rowCount(), 8);
+        m_bus->setPresent(site);
+        WAIT_VERIFY(strip() == "Monitored: 8 LDBs answer.");
+        QVERIFY(question() == nullptr);
+    }
+
+    void whoIsGivenUpComesBackByItself()
+    {
+        openSite(kLdbs);
+        m_bus->setPresent(kLdbs.mid(0, 2));
+        WAIT_VERIFY(text("FD", overview::ModeColumn) == "Disconnected");
+        click("dismissLostButton");
+        WAIT_VERIFY(overview()->model()->rowCount() == 2);
+        VirtualTime::current()->advance(kMinute);
+        m_bus->setPresent(kLdbs);
+        WAIT_COMPARE(text("FD", overview::NameColumn), "LDB FD");
+        VirtualTime::current()->advance(10 * kSecond);
+        QVERIFY(stored().contains("LDB FD"));
     }
 
     /// Whatever is remembered.
@@ -239,7 +316,11 @@ private slots:
         question()->findChild<QPushButton*>("chooseInstallationButton")->click();
         QVERIFY(m_window->windowTitle().endsWith(" - Hall"));
         VirtualTime::current()->advance(10 * kSecond);
-        QCOMPARE(Installations().read().installations.size(), std::size_t(2));
+        const auto installations = Installations().read().installations;
+        QCOMPARE(installations.size(), std::size_t(2));
+        // What was recorded before it was known went with it.
+        const QDir hall(Installations().folderOf(installations[0].id) + "/recordings");
+        QCOMPARE(hall.entryList({"*.sqlite"}).size(), 2);
     }
 
     void formChangesWhatIsRemembered()
@@ -309,6 +390,9 @@ private:
 
     void leave(const QString& when)
     {
+        if (when == "reload") {
+            return; // the line is plugged in elsewhere, and scanned at once
+        }
         if (when == "start") {
             click("startButton");
         } else {
@@ -321,6 +405,8 @@ private:
     {
         if (when == "start") {
             click("startButton");
+        } else if (when == "reload") {
+            click("reloadDevicesButton");
         } else {
             m_bus->restore();
         }

@@ -113,6 +113,25 @@ private slots:
         QVERIFY(installations.keptLdbsOf("installation-8").find("0A", "Stage"));
     }
 
+    /// A recording that has just been begun does not list it; a mute that is to end does.
+    void bareOneIsListedNoMore()
+    {
+        const Sandbox folder;
+        const Installations installations;
+        const QString recordings = installations.folderOf(hall().id) + "/recordings";
+        installations.save(hall());
+        QVERIFY(QDir().mkpath(recordings));
+        installations.removeBare(hall().id);
+        QVERIFY(installations.read().installations.empty());
+        QVERIFY(QFileInfo::exists(recordings));
+
+        installations.save(hall());
+        installations.keptLdbsOf(hall().id).keep(
+            {"0A", "Stage", hall().lastUsed, false, std::nullopt});
+        installations.removeBare(hall().id);
+        QCOMPARE(installations.read().installations.size(), std::size_t(1));
+    }
+
     void unwritableIsSaid()
     {
         const Sandbox folder;

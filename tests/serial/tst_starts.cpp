@@ -150,6 +150,84 @@ private slots:
         QCOMPARE(talk.told<event::Loss>().size(), 1);
     }
 
+    /// Whoever does not answer a scan, though he is known from before, is lost.
+    void whoIsExpectedIsLostBehindAScan_data()
+    {
+        // Announced: before the scan has begun, in it, behind it, or not at all.
+        const Table<QString, QStringList, QStringList> row("when", "announced", "lost");
+        row("not heard yet", "never", {}, {"20", "30"});
+        row("another site", "before", {}, {});
+        row("yet another", "before", {"03", "40"}, {"40"});
+        row("said in the scan", "in", {"03", "40"}, {"40"});
+        row("said behind it", "behind", {"20", "40"}, {"20", "40"});
+    }
+
+    void whoIsExpectedIsLostBehindAScan()
+    {
+        QFETCH(QString, when);
+        QFETCH(QStringList, announced);
+        QFETCH(QStringList, lost);
+        ScriptedTalk talk({"03", "0A"});
+        talk.start(known({"03", "20", "30"}, "former %1"));
+        talk.run(5000);
+        const auto announce = [&](const QString& now) {
+            if (now == when) {
+                talk.conversation().expect(known(announced, "former %1").ldbs);
+            }
+        };
+        talk.conversation().requestScan();
+        announce("before");
+        talk.nextOf(ask("08", kPoll));
+        announce("in");
+        talk.nextOf(ask("FD", kPoll));
+        talk.run(3000);
+        announce("behind");
+        talk.run(3000);
+        talk.forgetEvents();
+        // Each of them is told lost in the next rounds.
+        talk.run(20000);
+        QCOMPARE(talk.told<event::ListChange>().size(), 0);
+        QStringList told;
+        for (const event::Record& record : talk.told<event::Record>()) {
+            if (record.status.state == LdbState::Disconnected && !told.contains(record.hexId)) {
+                told.append(record.hexId);
+                QCOMPARE(record.name, "former " + record.hexId);
+            }
+        }
+        told.sort();
+        QCOMPARE(told, lost);
+        QVERIFY(talk.told<event::Loss>().isEmpty());
+        // Another scan does not forget them.
+        talk.conversation().requestScan();
+        talk.nextOf(ask("FD", kPoll));
+        talk.run(3000);
+        QCOMPARE(talk.told<event::ListChange>().last().hexIds, QStringList({"03", "0A"}) + lost);
+        QVERIFY(talk.told<event::Loss>().isEmpty());
+    }
+
+    void whoWasGivenUpComesBackWhenHeAnswers()
+    {
+        ScriptedTalk talk({"03", "0A", "20"});
+        talk.settle("03", 2);
+        talk.setPresent({"03"});
+        talk.run(60000);
+        talk.conversation().dismiss("0A");
+        talk.conversation().dismiss("20");
+        talk.run(5000);
+        QCOMPARE(talk.told<event::ListChange>().last().hexIds, QStringList{"03"});
+        // One of the two behind each turn, and nothing else.
+        const QList<QByteArray> bodies = talk.nextBodies(8);
+        QCOMPARE(bodies.count(ask("0A", kPoll)) + bodies.count(ask("20", kPoll)), 2);
+        QCOMPARE(bodies.count(ask("0A", kPoll)), 1);
+        talk.setPresent({"03", "20"});
+        talk.run(3000);
+        QCOMPARE(talk.told<event::ListChange>().last().hexIds, QStringList({"03", "20"}));
+        talk.forgetEvents();
+        talk.run(3000);
+        QCOMPARE(toldOf(talk.told<event::Record>()), (QSet<QString>{"03", "20"}));
+        QCOMPARE(talk.nextBodies(28).count(ask("20", kPoll)), 0);
+    }
+
     void aGhostAmongTheKnownStaysAwaited()
     {
         // The ACK of 05 comes in the window of 06, which is not there.

@@ -2,6 +2,7 @@
 
 #include "recording/recordingexport.h"
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 #include "views/events/eventbar.h"
 #include "views/events/eventmodel.h"
 
@@ -28,9 +29,9 @@ constexpr int kWidest = 3000;
 constexpr int kDetailLines = 3;
 constexpr int kLeastRows = 2;
 constexpr int kFirstRows = 2; ///< besides: on a small screen the plot needs the room
-/// A text of letters so much narrower than the usual ones is not measured.
+/// A text is measured only if it could be the widest; letters are taken to be at least this narrow.
 constexpr double kNarrow = 0.7;
-constexpr qint64 kSecond = 1000000;
+using microseconds::kSecond;
 
 } // namespace
 
@@ -100,7 +101,7 @@ void EventList::setUpTable()
     connect(m_model, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) {
                 measure(first, last);
-                // Who has scrolled down goes on seeing what he sees.
+                // A user who has scrolled down keeps seeing the same events.
                 QScrollBar* bar = m_table->verticalScrollBar();
                 if (bar->value() > 0 && first <= bar->value()) {
                     bar->setValue(bar->value() + last - first + 1);
@@ -125,7 +126,7 @@ void EventList::setMarkHindrance(const QString& reason)
     m_bar->setMarkHindrance(reason);
 }
 
-/// The event that is the current one stays so, where it is still shown.
+/// The current event stays current where it is still shown.
 void EventList::filter()
 {
     const RecordedEvent* current = m_model->eventAt(m_table->currentIndex().row());
