@@ -119,5 +119,6 @@ echo "== all stages before the tests: $((SECONDS - begin)) s"
 echo "== tests"
 if [ -n "$all" ]; then
     export SNIFFER_ALL_TRIALS=yes
+    export QTEST_FUNCTION_TIMEOUT=3600000 # ms; they take longer than the usual five minutes
 fi
 ctest --preset check --parallel "$(nproc)"

@@ -92,8 +92,8 @@ RecordingFile::Opening RecordingFile::open(const QString& path, const QString& p
     Opening result = Opening::Failed;
     if (m_lock->tryLock()) {
         result = openLocked(programVersion);
-    } else if (m_lock->error() == QLockFile::LockFailedError) {
-        result = Opening::InUse;
+    } else if (m_lock->error() == QLockFile::LockFailedError && QFileInfo(folder).isWritable()) {
+        result = Opening::InUse; // elsewhere the lock of a program that died cannot be removed
     }
     if (result != Opening::Done) {
         m_queries.reset();

@@ -65,6 +65,28 @@ qint64 Monitor::now() const
     return generalinformation::clockTime(m_wallTime());
 }
 
+qint64 Monitor::followClock()
+{
+    const qint64 time = now();
+    const qint64 jump = time - std::exchange(m_latest, time);
+    if (jump < 0) {
+        m_from += jump;
+        m_polledSince += jump;
+        for (std::optional<qint64>* moment : {&m_since, &m_lastAnswer}) {
+            if (*moment) {
+                **moment += jump;
+            }
+        }
+    }
+    return time;
+}
+
+void Monitor::tell()
+{
+    followClock();
+    emit changed(monitoring());
+}
+
 Monitoring Monitor::monitoring() const
 {
     Monitoring result;
@@ -134,7 +156,7 @@ void Monitor::begin()
     m_turn.reset();
     m_isOpen = false;
     m_isScanning = false;
-    m_from = now();
+    m_from = followClock();
     pause(State::Scanning);
 }
 
@@ -142,7 +164,7 @@ void Monitor::processScan(bool isOn)
 {
     m_isScanning = isOn;
     if (isOn) {
-        m_from = now();
+        m_from = followClock();
         pause(State::Scanning);
     } else {
         poll();
@@ -157,7 +179,7 @@ void Monitor::poll()
     }
     m_state = State::Polling;
     m_since.reset();
-    m_polledSince = now();
+    m_polledSince = followClock();
     tell();
 }
 
@@ -186,7 +208,7 @@ void Monitor::end()
 void Monitor::pause(State state)
 {
     if (m_state == State::Polling) {
-        m_since = now();
+        m_since = followClock();
     }
     m_state = state;
     tell();
@@ -195,6 +217,6 @@ void Monitor::pause(State state)
 void Monitor::processRecord(const QList<QStringList>& dataList)
 {
     if (!generalinformation::isLost(dataList)) {
-        m_lastAnswer = now();
+        m_lastAnswer = followClock();
     }
 }

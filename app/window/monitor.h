@@ -38,6 +38,10 @@ private:
     void processExchange(const Exchange& exchange);
     void processRecord(const QList<QStringList>& dataList);
     qint64 now() const;
+    /// Now. Where the clock has been set back, as on the night when summer time ends, all that is
+    /// remembered goes with it: else nothing would be live until it has caught up, and silence
+    /// would be told of no more.
+    qint64 followClock();
     int awaitedLdbs() const;
     /// How long a round lasts on which all is well, ms.
     qint64 turns() const;
@@ -45,7 +49,7 @@ private:
     /// How much longer it lasts for those that do not answer, ms.
     qint64 silence() const;
     qint64 lifetime(qint64 silence) const;
-    void tell() { emit changed(monitoring()); }
+    void tell();
 
     const SerialLink* m_link;
     const std::function<qint64()> m_wallTime;
@@ -55,6 +59,7 @@ private:
     qint64 m_from = 0;             ///< the last scan began
     qint64 m_polledSince = 0;      ///< the last scan ended
     std::optional<qint64> m_lastAnswer;
+    qint64 m_latest = 0; ///< time seen on the clock
     /// Of each LDB that has not answered its last question and is not lost, ms of a round.
     QHash<QString, qint64> m_silences;
     std::optional<qint64> m_turn; ///< the part of a round that an LDB takes here, ms

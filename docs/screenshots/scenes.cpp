@@ -137,6 +137,14 @@ void shootEvidence(Stage& stage)
     form->close();
 }
 
+void shootEvents(Stage& stage)
+{
+    stage.click(QStringLiteral("eventsButton"));
+    Stage::pass(kRoundSeconds);
+    stage.shoot(&stage.window(), QStringLiteral("events"));
+    stage.click(QStringLiteral("eventsButton"));
+}
+
 void shootReport(Stage& stage)
 {
     stage.child<QAction>(QStringLiteral("reportAction"))->trigger();
@@ -180,6 +188,7 @@ void overview(const Stage::Options& options)
     shootLog(stage);
     shootDialogs(stage);
     shootEvidence(stage);
+    shootEvents(stage);
     shootReport(stage);
     shootLanguages(stage);
 }

@@ -170,6 +170,20 @@ private slots:
         QVERIFY(!isLive(kLdbs.first()));
     }
 
+    /// As on the night when summer time ends.
+    void aClockSetBackHidesNothing()
+    {
+        start();
+        m_bus->shiftWall(-3600000);
+        VirtualTime::current()->advance(10000);
+        QCOMPARE(liveRows(), kLdbs);
+        QVERIFY(!areLampsHatched());
+        QCOMPARE(strip(), QString("Monitored: 3 LDBs answer."));
+        m_bus->setPresent({});
+        VirtualTime::current()->advance(30000);
+        QVERIFY2(!strip().contains("3 LDBs answer"), qPrintable(strip()));
+    }
+
     void lostLdbHasNoValues()
     {
         const QString lost = kLdbs.first(); // the one in detail and plot

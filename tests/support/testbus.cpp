@@ -92,10 +92,7 @@ public:
     }
 
     qint64 now() const override { return m_bus->m_clock->microseconds(); }
-    qint64 wallTime() const override
-    {
-        return VirtualTime::kWallStart + m_bus->m_clock->milliseconds();
-    }
+    qint64 wallTime() const override { return m_bus->wallTime(); }
     int error() const override
     {
         return m_isThere ? QSerialPort::ResourceError : QSerialPort::DeviceNotFoundError;
@@ -148,6 +145,11 @@ TestBus::TestBus(const QStringList& presentHexIds, const LineOptions& options,
     });
 }
 
+qint64 TestBus::wallTime() const
+{
+    return VirtualTime::kWallStart + m_wallShift + m_clock->milliseconds();
+}
+
 PortSource TestBus::ports()
 {
     PortSource source;
@@ -156,7 +158,7 @@ PortSource TestBus::ports()
     };
     source.thread = PortSource::Thread::OfLink;
     source.wallTime = [this] {
-        return VirtualTime::kWallStart + m_clock->milliseconds();
+        return wallTime();
     };
     source.list = [this] {
         std::vector<PortIdentity> ports = m_others;

@@ -47,6 +47,8 @@ public:
     /// The line is gone, at the next event, with all that is on it, until it is restored.
     void cut();
     void restore();
+    /// Sets the computer's clock on the wall, by so many ms.
+    void shiftWall(qint64 milliseconds) { m_wallShift += milliseconds; }
     /// From now on what arrives is told only when it is looked for, as to a thread that is held up.
     void holdUp() { m_isHeldUp = true; }
     /// The line; and where a port in real time hands its bytes in and gets what arrives.
@@ -90,6 +92,7 @@ private:
     class Port;
 
     void note(const QByteArray& body);
+    qint64 wallTime() const; ///< ms since 1970 UTC
 
     QString m_portName = QStringLiteral("test bus");
     PortIdentity m_identity{m_portName};
@@ -100,6 +103,7 @@ private:
     LineHost m_host;
     Port* m_port = nullptr; ///< the one that is open
     bool m_isCut = false;
+    qint64 m_wallShift = 0; ///< ms
     bool m_isHeldUp = false;
     bool m_isCommand = false;  ///< the last request
     QByteArray m_lastNoStatus; ///< the selected LDB's status may be asked between any two others
