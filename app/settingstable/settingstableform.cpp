@@ -288,7 +288,10 @@ void SettingsTableWindow::updateStatus()
     }
     m_progress->hide();
     const int edits = m_model->editCount();
-    QString text = tr("%n LDB(s)", nullptr, m_model->rowCount());
+    const int ldbs = m_model->rowCount();
+    const int shown = m_filter->rowCount();
+    QString text = shown == ldbs ? tr("%n LDB(s)", nullptr, ldbs)
+                                 : tr("%1 of %n LDB(s) shown", nullptr, ldbs).arg(shown);
     if (edits > 0) {
         text += QStringLiteral(", ") + tr("%n to write", nullptr, edits);
     }
