@@ -64,7 +64,7 @@ void SettingsBatch::processWritten()
 {
     const SettingsOutcome outcome = m_writer->outcome();
     m_writer.release()->deleteLater(); // it is the sender
-    m_isCut = outcome.isCut();
+    m_isCut = outcome.isCut() || outcome.isReadBackCut;
     const QPointer<SettingsBatch> alive(this);
     emit ldbDone(outcome);
     if (alive) {

@@ -459,6 +459,7 @@ void SettingsWriter::processRecord(const Reply& reply)
         return;
     }
     m_outcome.isReadBack = true;
+    m_outcome.isReadBackCut = reply.kind() == Reply::Kind::Unsent;
     if (m_outcome.record) {
         // The silence is explained: the LDB did what it was told.
         auto& failures = m_outcome.failures;

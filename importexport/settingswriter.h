@@ -59,6 +59,7 @@ struct SettingsOutcome
     /// What is not in the LDB, or not known to be.
     std::vector<Failure> failures;
     bool isReadBack = false;           ///< the LDB was asked for its record at the end
+    bool isReadBackCut = false;        ///< but the run ended before it could answer
     std::optional<LdbSettings> record; ///< what the LDB has now, where it was read back
 
     /// The LDB has accepted everything that was sent, or the record shows that it has it.

@@ -254,6 +254,13 @@
             <numerusform>The table of settings has %n changes that are not written.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n LDB(s) shown</source>
+        <translation>
+            <numerusform>%1 of %n LDB shown</numerusform>
+            <numerusform>%1 of %n LDB&apos;s shown</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>

@@ -4449,6 +4449,13 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <source>Names have characters that the file cannot hold.</source>
         <translation>Des noms ont des caractères que le fichier ne peut pas contenir.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n LDB(s) shown</source>
+        <translation>
+            <numerusform>%1 sur %n LDB affiché</numerusform>
+            <numerusform>%1 sur %n LDB affichés</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>
@@ -5294,7 +5301,7 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
     </message>
     <message>
         <source>LDB&apos;s with a fault at the end (%1): %2.</source>
-        <translation>LDB avec un défaut à la fin (%1) : %2.</translation>
+        <translation>LDB avec un défaut à la fin (%1)&#xa0;: %2.</translation>
     </message>
     <message>
         <source>No LDB was lost at the end.</source>
@@ -5302,7 +5309,7 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
     </message>
     <message>
         <source>LDB&apos;s lost at the end (%1): %2.</source>
-        <translation>LDB perdus à la fin (%1) : %2.</translation>
+        <translation>LDB perdus à la fin (%1)&#xa0;: %2.</translation>
     </message>
 </context>
 <context>

@@ -4449,6 +4449,13 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Names have characters that the file cannot hold.</source>
         <translation>Namen hebben tekens die het bestand niet kan bevatten.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n LDB(s) shown</source>
+        <translation>
+            <numerusform>%1 van %n LDB getoond</numerusform>
+            <numerusform>%1 van %n LDB&apos;s getoond</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SettingsTransfer</name>

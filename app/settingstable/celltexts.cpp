@@ -68,7 +68,7 @@ QString celltexts::ofOutcome(FieldOutcome outcome)
 QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
 {
     if (!row.isKnown(field)) {
-        return {};
+        return field == LdbField::Name ? row.toldName : QString();
     }
     QString text;
     if (row.isEdited(field)) {

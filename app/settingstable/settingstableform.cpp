@@ -41,7 +41,7 @@ int lettersOf(int column)
     constexpr int kNumber = 10;
     constexpr int kUsual = 13;
     constexpr int kId = 11;   // beside the mark of the sorting
-    constexpr int kName = 19; // an edited one stands beside what it was
+    constexpr int kName = 27; // an edited one stands beside what it was
     constexpr int kTime = 10;
     constexpr int kFirmware = 15;
     switch (column) {
@@ -289,7 +289,10 @@ void SettingsTableWindow::updateStatus()
     }
     m_progress->hide();
     const int edits = m_model->editCount();
-    QString text = tr("%n LDB(s)", nullptr, m_model->rowCount());
+    const int ldbs = m_model->rowCount();
+    const int shown = m_filter->rowCount();
+    QString text = shown == ldbs ? tr("%n LDB(s)", nullptr, ldbs)
+                                 : tr("%1 of %n LDB(s) shown", nullptr, ldbs).arg(shown);
     if (edits > 0) {
         text += QStringLiteral(", ") + tr("%n to write", nullptr, edits);
     }

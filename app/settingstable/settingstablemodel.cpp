@@ -134,8 +134,12 @@ QVariant SettingsTableModel::fieldData(const TableRow& row, LdbField field, int 
         return celltexts::tip(row, field, m_comparison);
     case Qt::AccessibleTextRole:
         return row.isKnown(field) ? fieldValue(field, row.shown()) : QString();
-    case Qt::EditRole:
     case SortRole:
+        if (field == LdbField::Name && !row.isKnown(field)) {
+            return row.toldName;
+        }
+        [[fallthrough]];
+    case Qt::EditRole:
         return row.isKnown(field) ? fieldVariant(field, row.shown()) : QVariant();
     case Qt::CheckStateRole:
         if (kindOf(field) != FieldKind::Switch || !row.isKnown(field)) {
@@ -164,6 +168,9 @@ QVariant SettingsTableModel::fieldData(const TableRow& row, LdbField field, int 
         return row.isEdited(field) ? QBrush(QColor(colours::kPartlyMonitored)) : QVariant();
     }
     case Qt::ForegroundRole:
+        if (!row.isKnown(field)) {
+            return QBrush(Qt::gray); // a name that was not read here
+        }
         // These backgrounds are light in every palette, so the text is dark.
         return row.isEdited(field) || row.outcomes.count(field) > 0 ? QBrush(Qt::black)
                                                                     : QVariant();
@@ -229,6 +236,15 @@ void SettingsTableModel::setLdbs(const QStringList& known, const QStringList& co
     }
     for (const TableRow& row : m_rows) {
         setConnected(row.hexId, connected.contains(row.hexId));
+    }
+}
+
+void SettingsTableModel::setToldName(const QString& hexId, const QString& name)
+{
+    TableRow* told = row(hexId);
+    if (told != nullptr && told->toldName != name) {
+        told->toldName = name;
+        tell(*told);
     }
 }
 

@@ -56,6 +56,8 @@ public:
     /// without asking.
     void forget();
     void setConnected(const QString& hexId, bool isConnected);
+    /// By it an LDB is found of which nothing was read.
+    void setToldName(const QString& hexId, const QString& name);
     const std::vector<TableRow>& rows() const { return m_rows; }
     /// Null for an LDB that is not there.
     const TableRow* find(const QString& hexId) const;

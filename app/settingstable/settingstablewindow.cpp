@@ -17,6 +17,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTableView>
 #include <QThread>
@@ -58,7 +59,11 @@ void SettingsTableWindow::follow()
     const SerialLink* link = m_around.link;
     const auto takeLdbs = [this] {
         m_model->setLdbs(m_around.link->knownLdbs(), m_around.link->connectedLdbs());
+        for (const TableRow& row : m_model->rows()) {
+            m_model->setToldName(row.hexId, m_around.link->nameOf(row.hexId));
+        }
     };
+    connect(link, &SerialLink::nameTold, m_model, &SettingsTableModel::setToldName);
     connect(link, &SerialLink::ldbListChanged, this, takeLdbs);
     connect(link, &SerialLink::ldbDisconnected, this, takeLdbs);
     connect(link, &SerialLink::stopped, this, takeLdbs);
@@ -68,7 +73,15 @@ void SettingsTableWindow::follow()
     takeLdbs();
     connect(m_model, &SettingsTableModel::rowsInserted, this, &SettingsTableWindow::updateActions);
     connect(m_model, &SettingsTableModel::editsChanged, this, &SettingsTableWindow::updateActions);
-    connect(m_reading, &TableReading::changed, this, &SettingsTableWindow::updateActions);
+    connect(m_reading, &TableReading::changed, this, [this] {
+        if (!m_reading->isOn()) {
+            m_filter->setSearch(m_search->text()); // names may have come
+        }
+        updateActions();
+    });
+    for (const auto change : {&TableFilter::rowsInserted, &TableFilter::rowsRemoved}) {
+        connect(m_filter, change, this, &SettingsTableWindow::updateStatus);
+    }
     connect(m_reading, &TableReading::progressChanged, this,
             [this](int left, int total, qint64 remainingMs) {
                 constexpr qint64 kSecond = 1000;

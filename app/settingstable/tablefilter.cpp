@@ -49,6 +49,6 @@ bool TableFilter::filterAcceptsRow(int row, const QModelIndex& parent) const
             .contains(m_search, Qt::CaseInsensitive);
     };
     return m_search.isEmpty() || holds(SettingsTableModel::LdbColumn, Qt::DisplayRole) ||
-           holds(SettingsTableModel::columnOf(LdbField::Name), Qt::EditRole) ||
+           holds(SettingsTableModel::columnOf(LdbField::Name), SettingsTableModel::SortRole) ||
            holds(SettingsTableModel::FirmwareColumn, Qt::DisplayRole);
 }

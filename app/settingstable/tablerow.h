@@ -24,6 +24,7 @@ struct TableRow
     std::optional<LdbSettings> read;
     QDateTime readAt;
     QString firmwareId;
+    QString toldName; ///< by the polling, or remembered; stands in where nothing was read
     Reading reading = Reading::Never;
     bool isListed = false; ///< an LDB of the bus, lost ones included
     bool isConnected = false;

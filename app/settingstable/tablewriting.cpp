@@ -5,6 +5,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -49,10 +50,16 @@ bool TableWriting::write(const std::vector<LdbChange>& changes)
     }
     m_confirmed = changes;
     m_open.clear();
+    m_silent.clear();
     connect(m_batch, &SettingsBatch::ldbDone, this, [this](const SettingsOutcome& outcome) {
-        if (outcome.isCut()) {
+        // What was not read again is not done either: it is not known to be in the LDB. And the
+        // silence just before the end may have been the end already.
+        if (outcome.isCut() || outcome.isReadBackCut) {
+            m_open.append(std::exchange(m_silent, {}));
             m_open.append(outcome.hexId);
         }
+        m_silent =
+            outcome.unread == Reply::Kind::Silent ? QStringList(outcome.hexId) : QStringList();
         m_model->takeOutcome(outcome, QDateTime::fromMSecsSinceEpoch(m_wallTime()));
     });
     connect(m_batch, &SettingsBatch::progressChanged, this, &TableWriting::progressChanged);

@@ -55,5 +55,6 @@ private:
     FormerSettingsStore m_former;
     QPointer<SettingsBatch> m_batch; ///< the writing that is on
     std::vector<LdbChange> m_confirmed;
-    QStringList m_open; ///< of those
+    QStringList m_open;   ///< of those
+    QStringList m_silent; ///< the last LDB, where it did not answer before it was written to
 };

@@ -148,7 +148,7 @@ private slots:
             {desk.name(), "Changed. The LDB has: LDB 0A"},
             {desk.fims(), "Changed. The LDB has: 20"},
             {desk.mute(), "Changed. The LDB has: off"},
-            {desk.detection(), "Changed. The LDB has: 10"},
+            {desk.detection(), QString("Changed. The LDB has: 10%1s").arg(QChar(0xA0))},
             {desk.ui<QCheckBox>("settingsAmplifierDetectionCheckBox"), QString()},
         };
         for (const auto& [widget, words] : marks) {

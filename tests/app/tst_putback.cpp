@@ -23,6 +23,11 @@ const QByteArray kDelay("17");
 
 const QString kRestore = "Restore the former settings";
 
+QString delayTexts(int before, int now)
+{
+    return QString("before %1%3s, now %2%3s").arg(before).arg(now).arg(QChar(0xA0));
+}
+
 } // namespace
 
 /// What fault finding leaves in an LDB: nothing, whatever ends the run, the window or the program.
@@ -111,7 +116,7 @@ private slots:
     {
         breakOffARun();
         const auto* box = qobject_cast<MessageBox*>(dialog("formerSettingsBox"));
-        QVERIFY2(box->informativeText().contains("before 25, now 10"),
+        QVERIFY2(box->informativeText().contains(delayTexts(25, 10)),
                  qPrintable(box->informativeText()));
         QCOMPARE(box->defaultButton()->text(), kRestore);
         QVERIFY(answer("formerSettingsBox", "Leave them"));
@@ -273,7 +278,7 @@ private slots:
         breakOffARun();
         m_bus->change(kLdb, kDelay, "0700");
         QVERIFY(answer("formerSettingsBox", kRestore));
-        WAIT_VERIFY(boxText("before 25, now 7"));
+        WAIT_VERIFY(boxText(delayTexts(25, 7)));
         QCOMPARE(inLdb().openDetectionDelay, quint16(7));
         QVERIFY(restores());
     }
