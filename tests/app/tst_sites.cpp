@@ -164,6 +164,23 @@ private slots:
         QVERIFY(!decodeLdbSettings(m_bus->settingsOf("C8"))->audioMute);
     }
 
+    /// The silence of those that nobody asks keeps nobody muted.
+    void whoIsPolledAloneBehindACutIsPutBack()
+    {
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        openSite(addresses(1, 8));
+        click("fimTrackingButton");
+        WAIT_COMPARE(strip(), "Only LDB 01 is polled.");
+        leave("short cut");
+        Installations()
+            .keptLdbsOf("installation-1")
+            .keep({"01", "LDB 01", QDateTime::currentDateTimeUtc(), false, std::nullopt});
+        m_bus->change("01", kMute, "01");
+        comeBack("short cut");
+        WAIT_VERIFY(!inLdb("01").audioMute);
+        QCOMPARE(strip(), "Only LDB 01 is polled.");
+    }
+
     /// At the addresses of this one there are other LDBs.
     void whatWasOfAnotherSiteIsGone()
     {
