@@ -1503,10 +1503,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
         <translation>La connexion à %1 est rétablie.</translation>
     </message>
     <message>
-        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
-        <translation>Ce qui répond sur %1 n&apos;est pas l&apos;installation « %2 » : ses LDB se taisent ou portent d&apos;autres noms. De quelle installation s&apos;agit-il ? Tant que vous ne l&apos;avez pas dit, rien n&apos;est écrit dans les LDB.</translation>
-    </message>
-    <message>
         <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
         <translation>Ce qui répond sur %1 a les LDB de l&apos;installation « %2 ». Est-ce celle-là ?</translation>
     </message>
@@ -1521,6 +1517,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
     <message>
         <source>Wait On</source>
         <translation>Attendre encore</translation>
+    </message>
+    <message>
+        <source>What answers at %1 does not look like the installation &quot;%2&quot;: most of its LDBs are silent, or have other names. Which installation is it? If it is that one, select it: its silent LDBs are then shown as lost. Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Ce qui répond sur %1 ne ressemble pas à l&apos;installation « %2 » : la plupart de ses LDB se taisent, ou portent d&apos;autres noms. De quelle installation s&apos;agit-il ? Si c&apos;est bien celle-là, sélectionnez-la : ses LDB silencieux sont alors affichés comme perdus. Tant que vous ne l&apos;avez pas dit, rien n&apos;est écrit dans les LDB.</translation>
     </message>
 </context>
 <context>
@@ -2180,6 +2180,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
         <source>its settings have changed since they were shown</source>
         <translation>ses paramètres ont changé depuis leur affichage</translation>
     </message>
+    <message>
+        <source>was left out of what was confirmed: not written</source>
+        <translation>n&apos;était pas dans ce qui a été confirmé : pas écrit</translation>
+    </message>
 </context>
 <context>
     <name>LdbWork</name>
@@ -2756,10 +2760,6 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
         <translation>Retirer les LDB perdus</translation>
     </message>
     <message>
-        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
-        <translation>Retirer les LDB perdus de la liste ; un balayage qui en trouve un le ramène</translation>
-    </message>
-    <message>
         <source>Only LDB %1 is polled.</source>
         <translation>Seul le LDB %1 est interrogé.</translation>
     </message>
@@ -2833,6 +2833,10 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
     <message>
         <source>it was not recorded</source>
         <translation>cela n&apos;a pas été enregistré</translation>
+    </message>
+    <message>
+        <source>Take the lost LDBs out of the list; one that answers comes back</source>
+        <translation>Retirer les LDB perdus de la liste ; celui qui répond revient</translation>
     </message>
 </context>
 <context>

@@ -1503,10 +1503,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>De verbinding met %1 is terug.</translation>
     </message>
     <message>
-        <source>What answers at %1 is not the installation &quot;%2&quot;: its LDBs are silent, or have other names. Which installation is it? Until you have said so, nothing is written to the LDBs.</source>
-        <translation>Wat aan %1 antwoordt, is niet de installatie &quot;%2&quot;: haar LDB&apos;s zwijgen of hebben andere namen. Welke installatie is het? Zolang u dat niet hebt gezegd, wordt niets naar de LDB&apos;s geschreven.</translation>
-    </message>
-    <message>
         <source>What answers at %1 has the LDBs of the installation &quot;%2&quot;. Is it that one?</source>
         <translation>Wat aan %1 antwoordt, heeft de LDB&apos;s van de installatie &quot;%2&quot;. Is het die?</translation>
     </message>
@@ -1521,6 +1517,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>Wait On</source>
         <translation>Blijven wachten</translation>
+    </message>
+    <message>
+        <source>What answers at %1 does not look like the installation &quot;%2&quot;: most of its LDBs are silent, or have other names. Which installation is it? If it is that one, select it: its silent LDBs are then shown as lost. Until you have said so, nothing is written to the LDBs.</source>
+        <translation>Wat op %1 antwoordt, lijkt niet op de installatie &quot;%2&quot;: de meeste van haar LDB&apos;s zwijgen, of hebben andere namen. Welke installatie is het? Is het toch deze, selecteer haar dan: haar zwijgende LDB&apos;s worden als verloren getoond. Zolang u dat niet hebt gezegd, wordt er niets naar de LDB&apos;s geschreven.</translation>
     </message>
 </context>
 <context>
@@ -2180,6 +2180,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <source>its settings have changed since they were shown</source>
         <translation>haar instellingen zijn veranderd sinds ze werden getoond</translation>
     </message>
+    <message>
+        <source>was left out of what was confirmed: not written</source>
+        <translation>hoorde niet bij wat is bevestigd: niet geschreven</translation>
+    </message>
 </context>
 <context>
     <name>LdbWork</name>
@@ -2756,10 +2760,6 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Verloren LDB&apos;s verwijderen</translation>
     </message>
     <message>
-        <source>Take the lost LDBs out of the list; a scan that finds one brings it back</source>
-        <translation>Haal de verloren LDB&apos;s uit de lijst; een scan die er een vindt, brengt die terug</translation>
-    </message>
-    <message>
         <source>Only LDB %1 is polled.</source>
         <translation>Alleen LDB %1 wordt gepolld.</translation>
     </message>
@@ -2833,6 +2833,10 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     <message>
         <source>it was not recorded</source>
         <translation>dit is niet opgenomen</translation>
+    </message>
+    <message>
+        <source>Take the lost LDBs out of the list; one that answers comes back</source>
+        <translation>De verloren LDB&apos;s uit de lijst nemen; een die antwoordt, komt terug</translation>
     </message>
 </context>
 <context>

@@ -38,6 +38,9 @@ InstallationControl::InstallationControl(SerialLink* link, Installations store,
     connect(link, &SerialLink::ldbListInitializationStateChange, this,
             &InstallationControl::processScan);
     connect(link, &SerialLink::ldbDisconnected, this, &InstallationControl::processLoss);
+    // Queued: the end of the window lets go of an LDB, too, when half of who listens is gone.
+    connect(link, &SerialLink::polledAloneChanged, this, &InstallationControl::settledChanged,
+            Qt::QueuedConnection);
     connect(link, &SerialLink::stopped, this, &InstallationControl::processStop);
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, [this] {
@@ -55,6 +58,23 @@ InstallationControl::~InstallationControl()
     if (m_saving.isActive()) {
         save();
     }
+}
+
+bool InstallationControl::isCertain() const
+{
+    return isSettled() && m_check.remembered() == 0 && !isInDoubt();
+}
+
+bool InstallationControl::mayTellLosses() const
+{
+    const bool isScanChecked = m_isScanning || m_hasScanned;
+    return isCertain() || (isSettled() && !isInDoubt() && !isScanChecked);
+}
+
+/// While one is polled alone, the others are silent because nobody asks them.
+bool InstallationControl::isInDoubt() const
+{
+    return m_isDoubtful && m_link->polledAlone().isEmpty();
 }
 
 std::vector<Installation> InstallationControl::all()
@@ -274,7 +294,7 @@ void InstallationControl::processName(const QString& hexId, const QString& name)
 /// A bus that goes on and loses most of its LDBs may be another one: a scan shows who is there.
 void InstallationControl::processLoss()
 {
-    if (m_isDoubtful && !m_hasScanned && !m_isScanning) {
+    if (isInDoubt() && !m_hasScanned && !m_isScanning) {
         emit scanWanted();
     }
 }

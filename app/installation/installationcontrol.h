@@ -32,14 +32,10 @@ public:
     bool isSettled() const { return m_state == State::Settled; }
     /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`, and a
     /// scan in the run puts them to the test again.
-    bool isCertain() const { return isSettled() && m_check.remembered() == 0 && !m_isDoubtful; }
+    bool isCertain() const;
     /// Whether an LDB that is lost is one of this installation, not of another one that it looks
     /// like no more.
-    bool mayTellLosses() const
-    {
-        const bool isScanChecked = m_isScanning || m_hasScanned;
-        return isCertain() || (isSettled() && !m_isDoubtful && !isScanChecked);
-    }
+    bool mayTellLosses() const;
 
     /// The installations that the user can choose from. `failed()` tells of a damaged one.
     std::vector<Installation> all();
@@ -96,6 +92,7 @@ private:
     void beginRun(const PortIdentity& port);
     StartPlan checkCurrent();
     void processName(const QString& hexId, const QString& name);
+    bool isInDoubt() const;
     void processLoss();
     void remember(const QStringList& hexIds);
     void processScan(bool isOn);

@@ -94,9 +94,11 @@ void InstallationDesk::askWhich(bool isAnother, const QString& id)
     const QString portName = m_around.link->portName();
     const Text text = [isAnother, title, portName] {
         return isAnother
-                   ? tr("What answers at %1 is not the installation \"%2\": its LDBs are silent, "
-                        "or have other names. Which installation is it? Until you have said so, "
-                        "nothing is written to the LDBs.")
+                   ? tr("What answers at %1 does not look like the installation \"%2\": most of "
+                        "its "
+                        "LDBs are silent, or have other names. Which installation is it? If it is "
+                        "that one, select it: its silent LDBs are then shown as lost. Until you "
+                        "have said so, nothing is written to the LDBs.")
                          .arg(portName, title)
                    : tr("What answers at %1 has the LDBs of the installation \"%2\". Is it that "
                         "one?")

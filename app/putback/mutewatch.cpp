@@ -8,16 +8,17 @@ MuteWatch::MuteWatch(SerialLink* link, QObject* parent)
 {
     connect(link, &SerialLink::audioMuteTold, this, &MuteWatch::set);
     connect(link, &SerialLink::started, this, [this] {
-        m_rebooting.clear();
         const QSet<QString> muted = m_muted;
+        m_due = muted;
         for (const QString& hexId : muted) {
             set(hexId, false);
         }
     });
     connect(link, &SerialLink::ldbStateUpdated, this, [this](const QString& hexId, LdbState state) {
+        const bool canAnswer = state != LdbState::Booting && state != LdbState::Disconnected;
         if (state == LdbState::Booting && m_muted.contains(hexId)) {
-            m_rebooting.insert(hexId);
-        } else if (state != LdbState::Booting && m_rebooting.remove(hexId)) {
+            m_due.insert(hexId);
+        } else if (canAnswer && m_due.remove(hexId)) {
             ask(hexId);
         }
     });

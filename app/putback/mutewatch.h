@@ -8,7 +8,8 @@ class SerialLink;
 
 /// Which LDBs are muted, as far as they have told since the link was started: by their settings,
 /// whoever read them. A muted LDB that has rebooted is asked, since a mute that was not stored is
-/// gone then. GUI thread.
+/// gone then; and one that was muted in the run before, as it need not be selected again. GUI
+/// thread.
 class MuteWatch : public QObject
 {
     Q_OBJECT
@@ -25,5 +26,5 @@ private:
 
     SerialLink* m_link;
     QSet<QString> m_muted;
-    QSet<QString> m_rebooting;
+    QSet<QString> m_due; ///< those to be asked when they can answer
 };

@@ -21,6 +21,8 @@ void wire(InstallationDesk* desk, RunControl* run, LdbViews* views, LdbWork* wor
         work->holdPutBack(!control->isCertain());
     });
     QObject::connect(control, &InstallationControl::replaced, work, [=] {
+        views->clearPlot();
+        work->changeSite();
         const QString id = control->current().id;
         work->setKept(control->store().keptLdbsOf(id));
         work->setFormerSettings(FormerSettingsStore(control->store().folderOf(id)));

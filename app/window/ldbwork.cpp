@@ -121,6 +121,19 @@ void LdbWork::forget()
     m_table->forget();
 }
 
+void LdbWork::changeSite()
+{
+    m_table->forget();
+    // Unsaved edits stay: the name in the LDB keeps a Save from another one.
+    LdbSettingsEditor* editor = m_ui.ldbSettingsEditor;
+    if (!editor->hasUnsavedChanges()) {
+        editor->forget();
+        if (m_around.link->isRunning()) {
+            editor->requestSettings();
+        }
+    }
+}
+
 void LdbWork::showTransfer(bool isOn)
 {
     Q_ASSERT(QThread::currentThread() == thread());

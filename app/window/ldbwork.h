@@ -50,6 +50,8 @@ public:
     void setFormerSettings(const FormerSettingsStore& store);
     /// Another bus is in force: what was read is of other LDBs.
     void forget();
+    /// Another installation is in force, perhaps in a run: what was read may be of other LDBs.
+    void changeSite();
 
     /// Turns to this LDB and reads its settings; unsaved edits of them stay.
     void setSelectedLdb(const QString& hexId);

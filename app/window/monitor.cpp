@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 namespace {
@@ -48,8 +47,6 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
     connect(link, &SerialLink::exchanged, this, &Monitor::processExchange);
-    connect(link, &SerialLink::ldbDisconnected, this,
-            [this](const QString& hexId) { m_silences.remove(hexId); });
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
@@ -128,7 +125,12 @@ qint64 Monitor::turns() const
 
 qint64 Monitor::silence() const
 {
-    return std::accumulate(m_silences.begin(), m_silences.end(), qint64(0));
+    // Who is lost, or has left the list, is no longer waited for.
+    qint64 sum = 0;
+    for (auto silence = m_silences.begin(); silence != m_silences.end(); ++silence) {
+        sum += m_link->isConnected(silence.key()) ? silence.value() : 0;
+    }
+    return sum;
 }
 
 qint64 Monitor::lifetime(qint64 silence) const

@@ -69,8 +69,7 @@ void MonitoringStrip::refresh()
     m_endWaiting->setToolTip(tr("Do not go on by itself when the port is back"));
     m_endWaiting->setVisible(m_isWaiting);
     m_dismiss->setText(tr("Dismiss Lost LDBs"));
-    m_dismiss->setToolTip(tr("Take the lost LDBs out of the list; a scan that finds one brings it "
-                             "back"));
+    m_dismiss->setToolTip(tr("Take the lost LDBs out of the list; one that answers comes back"));
     m_dismiss->setVisible(m_monitoring.lost > 0);
     QPalette colours;
     colours.setColor(QPalette::Window, QColor(groundOf(m_monitoring)));

@@ -29,7 +29,7 @@ QByteArray withLeakage(int state = 10)
 } // namespace
 
 /// The whole window on the bus: what it shows as live is so, and what is not live looks so.
-class TestLiveness : public LiveWindow
+class TestLiveness : public UnpaintedWindow
 {
     Q_OBJECT
 private slots:

@@ -236,6 +236,16 @@ private slots:
         WAIT_VERIFY(!button("reloadDevicesButton")->isEnabled());
         WAIT_VERIFY(button("reloadDevicesButton")->isEnabled());
         QVERIFY(isMarked(nameOf("0A")));
+        // In the next run it is asked, selected or not, and nobody else is.
+        clickRow("03");
+        button("startButton")->click();
+        m_bus->clearRequests();
+        button("startButton")->click();
+        QVERIFY(!isMarked(nameOf("0A")));
+        WAIT_VERIFY(isMarked(nameOf("0A")));
+        QCOMPARE(m_bus->requests().count("FE0A737201"), 1);
+        QCOMPARE(m_bus->requests().count("FEFD737201"), 0);
+        clickRow("0A");
         WAIT_VERIFY(button("settingsSaveButton")->isEnabled());
         child<QCheckBox>("settingsAudioMuteCheckBox")->click();
         button("settingsSaveButton")->click();

@@ -164,6 +164,57 @@ private slots:
         QVERIFY(!decodeLdbSettings(m_bus->settingsOf("C8"))->audioMute);
     }
 
+    /// The silence of those that nobody asks keeps nobody muted.
+    void whoIsPolledAloneBehindACutIsPutBack()
+    {
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        openSite(addresses(1, 8));
+        click("fimTrackingButton");
+        WAIT_COMPARE(strip(), "Only LDB 01 is polled.");
+        leave("short cut");
+        Installations()
+            .keptLdbsOf("installation-1")
+            .keep({"01", "LDB 01", QDateTime::currentDateTimeUtc(), false, std::nullopt});
+        m_bus->change("01", kMute, "01");
+        comeBack("short cut");
+        WAIT_VERIFY(!inLdb("01").audioMute);
+        QCOMPARE(strip(), "Only LDB 01 is polled.");
+    }
+
+    /// At the addresses of this one there are other LDBs.
+    void whatWasOfAnotherSiteIsGone()
+    {
+        const ExpectWarning warning("^Port ", ExpectWarning::Need::MayCome);
+        openSite(kLdbs);
+        click("settingsTableButton");
+        auto* table = m_window->findChild<QWidget*>("settingsTableWindow");
+        const auto* cells = table->findChild<QTableView*>()->model();
+        const auto holds = [cells](const QString& text) {
+            return !cells->match(cells->index(0, 1), Qt::DisplayRole, text).isEmpty();
+        };
+        WAIT_VERIFY(holds("LDB 0A"));
+        table->close();
+        const auto samples = [this] {
+            return plotinspection::curveOf(*child<QWidget>("plotContainer"), "VPri")->dataSize();
+        };
+        VirtualTime::current()->advance(5 * kMinute);
+        WAIT_COMPARE(child<QLineEdit>("settingsNameLineEdit")->text(), "LDB 03");
+        leave("short cut");
+        for (const QString& hexId : kLdbs) {
+            m_bus->change(hexId, kName, encodeName("Other " + hexId));
+        }
+        comeBack("short cut");
+        WAIT_VERIFY(question() != nullptr);
+        VirtualTime::current()->advance(kMinute);
+        const auto before = samples();
+        question()->findChild<QPushButton*>("newInstallationButton")->click();
+        VirtualTime::current()->advance(20 * kSecond);
+        QVERIFY2(samples() < before / 2,
+                 qPrintable(QStringLiteral("%1 of %2").arg(samples()).arg(before)));
+        QVERIFY(!holds("LDB 0A"));
+        QCOMPARE(child<QLineEdit>("settingsNameLineEdit")->text(), "Other 03");
+    }
+
     /// What was known stays, as lost, however few answer and whatever the user does.
     void thoseThatAreSilentStay_data()
     {
