@@ -216,6 +216,13 @@ std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
                        [&](RecordingSource& source) { return source.events(span, limit); });
 }
 
+std::vector<RecordedEvent> RecordingReader::eventsOf(EventKind kind, TimeSpan span, int limit)
+{
+    return collectLast(span, limit, &RecordedEvent::at, [&](RecordingSource& source) {
+        return source.eventsOf(kind, span, limit);
+    });
+}
+
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)
 {
     const auto parts =

@@ -54,6 +54,8 @@ public:
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each = 1);
     /// Those that people care for; with a limit the last ones.
     std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
+    /// Those of one kind, be it for people or not; with a limit the last ones.
+    std::vector<RecordedEvent> eventsOf(EventKind kind, TimeSpan span, int limit = -1);
     /// Those that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
     /// The rounds that began in the span; with a limit the last ones.

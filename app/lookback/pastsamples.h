@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recording/recordedvalues.h"
+#include "app/lookback/moment.h"
 #include "tracking/plot/plothistorysource.h"
 
 #include <QPointer>
@@ -10,9 +10,9 @@
 class RecordingAccess;
 class Replay;
 
-/// The samples of records as a plot makes them that is told of each: with a gap behind one after
-/// which nothing came for so long that it was not live any more.
-std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qint64 lifetimeMs);
+/// The samples of a past as a plot makes them that is told of each record: with a gap behind one
+/// that was not live any more when the next one came.
+std::vector<PlotSample> samplesOf(const Past& past, qint64 lifetimeMs);
 
 /// The past of a plot that looks back: what came with the moment at once, anything else from the
 /// recording. GUI thread.
