@@ -2,6 +2,10 @@
 
 #include "recording/recordingreader.h"
 #include "serial/ldb/buspace.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/monitoring.h"
+
+#include <QDateTime>
 
 #include <algorithm>
 #include <array>
@@ -71,6 +75,36 @@ std::vector<ReplayStep> asked(RecordingReader& reader, TimeSpan span)
         }
     }
     return steps;
+}
+
+/// How old a record was then, ms.
+qint64 ageWhen(const RecordedRecord& record, qint64 at)
+{
+    // It carries the time at which its round began.
+    const QDateTime told = generalinformation::timestamp(record.rows);
+    const qint64 asked = record.at / kMicrosecondsPerMillisecond;
+    const qint64 lag = told.isValid() ? asked - told.toMSecsSinceEpoch() : 0;
+    const bool isOfRound = lag > 0 && lag < Monitoring::kLongestLife;
+    return at / kMicrosecondsPerMillisecond - asked + (isOfRound ? lag : 0);
+}
+
+/// How long a value was live then, ms.
+qint64 lifetimeAt(RecordingReader& reader, qint64 at)
+{
+    BusPace pace;
+    for (const RecordedEvent& turn : reader.eventsOf(EventKind::TurnTold, {0, at}, 1)) {
+        pace.setTurn(turn.count);
+    }
+    for (const ReplayStep& step : asked(reader, {at - kLongestRound, at + 1})) {
+        pace.take(step.hexId, step.isSilent, step.waited);
+    }
+    const auto known = reader.stateAt(at);
+    for (const RecordedRecord& record : known) {
+        if (!record.rows.isEmpty() && generalinformation::isLost(record.rows)) {
+            pace.lose(record.hexId);
+        }
+    }
+    return pace.lifetime(static_cast<int>(known.size()));
 }
 
 } // namespace
@@ -166,6 +200,12 @@ Past moment::pastOf(RecordingReader& reader, const QString& hexId, TimeSpan span
     }
     for (const RecordedGap& gap : reader.gaps(span)) {
         past.breaks.push_back(gap.to);
+    }
+    for (std::size_t i = 1; i < past.records.size(); ++i) {
+        const qint64 age = ageWhen(past.records[i - 1], past.records[i].at);
+        if (age > Monitoring::kShortestLife && age > lifetimeAt(reader, past.records[i].at)) {
+            past.breaks.push_back(past.records[i].at);
+        }
     }
     std::sort(past.breaks.begin(), past.breaks.end());
     return past;

@@ -49,8 +49,8 @@ struct Past
     QString hexId;
     TimeSpan span;
     std::vector<RecordedRecord> records;
-    /// What was told before one of these was no longer live: the bus was scanned or started, or
-    /// nothing was recorded.
+    /// What was told before one of these was no longer live by then: the bus was scanned or
+    /// started, nothing was recorded, or it was too old.
     std::vector<qint64> breaks;
 };
 

@@ -24,7 +24,7 @@ std::vector<PlotSample> within(std::vector<PlotSample> samples, qint64 from, qin
 
 } // namespace
 
-std::vector<PlotSample> samplesOf(const Past& past, qint64 lifetimeMs)
+std::vector<PlotSample> samplesOf(const Past& past)
 {
     std::vector<PlotSample> samples;
     samples.reserve(past.records.size());
@@ -50,7 +50,7 @@ std::vector<PlotSample> samplesOf(const Past& past, qint64 lifetimeMs)
                 samples.clear(); // the clock was set back: what is later is no past
             } else if (time <= newest) {
                 time = newest + 1.0; // of a round that began before an extra record
-            } else if (isBroken || time - newest > static_cast<double>(lifetimeMs)) {
+            } else if (isBroken) {
                 samples.push_back(PlotSample::gap(newest + 1.0));
             }
         }
@@ -70,7 +70,6 @@ PastSamples::PastSamples(const Replay* replay, RecordingAccess* access)
 
 void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer& answer)
 {
-    const qint64 lifetime = m_replay->monitoring().lifetime;
     // The plot goes by the clock on the wall as it was set there.
     QDateTime shown = m_replay->wallTime();
     shown.setTimeSpec(Qt::LocalTime);
@@ -79,14 +78,14 @@ void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer
         return m_replay->position() + (time - now) * kMicrosecondsPerMillisecond;
     };
     if (hexId == m_replay->past().hexId && momentOf(from) >= m_replay->past().span.from) {
-        answer(within(samplesOf(m_replay->past(), lifetime), from, to));
+        answer(within(samplesOf(m_replay->past()), from, to));
         return;
     }
     const TimeSpan span{momentOf(from), momentOf(to)};
     m_access->ask(
         m_access, // the answer holds by itself what it needs
         [hexId, span](RecordingReader& reader) { return moment::pastOf(reader, hexId, span); },
-        [answer, lifetime, from, to](const Past& past) {
-            answer(within(samplesOf(past, lifetime), from, to));
+        [answer, from, to](const Past& past) {
+            answer(within(samplesOf(past), from, to));
         });
 }

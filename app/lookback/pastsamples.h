@@ -12,7 +12,7 @@ class Replay;
 
 /// The samples of a past as a plot makes them that is told of each record: with a gap behind one
 /// that was not live any more when the next one came.
-std::vector<PlotSample> samplesOf(const Past& past, qint64 lifetimeMs);
+std::vector<PlotSample> samplesOf(const Past& past);
 
 /// The past of a plot that looks back: what came with the moment at once, anything else from the
 /// recording. GUI thread.

@@ -77,12 +77,13 @@ void Replay::show(Moment moment)
     std::stable_sort(
         moment.base.begin(), moment.base.end(),
         [](const RecordedRecord& left, const RecordedRecord& right) { return left.at < right.at; });
+    m_polling = atBase;
     for (const RecordedRecord& record : moment.base) {
         if (!record.rows.isEmpty()) {
+            emit momentTold(monitoringAt(record.at));
             tellRecord(record);
         }
     }
-    m_polling = atBase;
     tellDue(m_position);
     for (const QString& hexId : qAsConst(m_list)) {
         if (isAwaited(hexId)) {
@@ -115,7 +116,7 @@ void Replay::hear(const RecordedRecord& record)
         return;
     }
     if (isLost(record.rows)) {
-        m_polling.pace.forget(record.hexId);
+        m_polling.pace.lose(record.hexId);
     } else {
         m_polling.lastAnswer =
             std::max(m_polling.lastAnswer.value_or(0), clockOf(record.at));

@@ -31,7 +31,7 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::stopped, this, &Monitor::end);
     connect(link, &SerialLink::exchanged, this, &Monitor::processExchange);
     connect(link, &SerialLink::ldbDisconnected, this,
-            [this](const QString& hexId) { m_pace.forget(hexId); });
+            [this](const QString& hexId) { m_pace.lose(hexId); });
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);

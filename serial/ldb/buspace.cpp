@@ -23,11 +23,18 @@ constexpr qint64 kLongestSilence = 10000;
 
 void BusPace::take(const QString& hexId, bool isSilent, qint64 waited)
 {
-    if (isSilent) {
-        m_silences.insert(hexId, kQuestions * std::clamp(waited, qint64(0), kLongestSilence));
-    } else {
+    if (!isSilent) {
         m_silences.remove(hexId);
+        m_lost.remove(hexId);
+    } else if (!m_lost.contains(hexId)) {
+        m_silences.insert(hexId, kQuestions * std::clamp(waited, qint64(0), kLongestSilence));
     }
+}
+
+void BusPace::lose(const QString& hexId)
+{
+    m_silences.remove(hexId);
+    m_lost.insert(hexId);
 }
 
 qint64 BusPace::turn() const

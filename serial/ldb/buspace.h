@@ -3,6 +3,7 @@
 #include "serial/ldb/exchange.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <optional>
 
@@ -17,8 +18,9 @@ public:
     void setTurn(qint64 turn) { m_turn = turn; }
     /// A question and what came of it until the next one, `waited` ms later.
     void take(const QString& hexId, bool isSilent, qint64 waited);
-    /// An LDB is lost: it is asked too seldom to count.
-    void forget(const QString& hexId) { m_silences.remove(hexId); }
+    /// An LDB is lost: until it answers it is asked too seldom to count. What came of the question
+    /// that was its last is told behind that.
+    void lose(const QString& hexId);
 
     /// How long a value is live where so many LDBs are known, ms.
     qint64 lifetime(int ldbs) const;
@@ -38,4 +40,5 @@ private:
     std::optional<qint64> m_turn;
     /// Of each LDB that has not answered its last question and is not lost, ms of a round.
     QHash<QString, qint64> m_silences;
+    QSet<QString> m_lost;
 };
