@@ -174,6 +174,12 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<RecordedQuestion> RecordingReader::questions(TimeSpan span)
+{
+    return collect(span, &RecordedQuestion::at,
+                   [span](RecordingSource& source) { return source.questions(span); });
+}
+
 std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
 {
     return collect(span, &Exchange::sentAt,

@@ -47,6 +47,8 @@ public:
     std::vector<RecordedRecord> stateAt(qint64 at);
     /// `sentAt` is the key in the recording; a request that kind and LDB say is there again.
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit = -1);
+    /// Of the exchanges of a span what takes little time to read.
+    std::vector<RecordedQuestion> questions(TimeSpan span);
     /// Those of one kind, of all LDBs.
     std::vector<Exchange> exchangesOf(ExchangeKind kind, TimeSpan span);
     /// Those that overlap the span. With `each` above 1 so many minutes from the span's begin on

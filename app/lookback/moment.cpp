@@ -59,18 +59,19 @@ std::size_t firstRound(const std::vector<RecordedRound>& rounds, qint64 at)
 /// What became of a question is known when the next one is asked.
 std::vector<ReplayStep> asked(RecordingReader& reader, TimeSpan span)
 {
-    const auto exchanges = reader.exchanges({}, {span.from - kLongestWait, span.to});
+    const auto questions = reader.questions({span.from - kLongestWait, span.to});
     std::vector<ReplayStep> steps;
-    steps.reserve(exchanges.size());
-    for (std::size_t i = 1; i < exchanges.size(); ++i) {
-        const Exchange& exchange = exchanges[i - 1];
-        if (exchanges[i].sentAt >= span.from && BusPace::isPoll(exchange.kind)) {
+    steps.reserve(questions.size());
+    for (std::size_t i = 1; i < questions.size(); ++i) {
+        const RecordedQuestion& question = questions[i - 1];
+        if (questions[i].at >= span.from && !question.hexId.isEmpty() &&
+            BusPace::isPoll(static_cast<ExchangeKind>(question.kind))) {
             ReplayStep step;
             step.kind = ReplayStep::Kind::Asked;
-            step.at = exchanges[i].sentAt;
-            step.hexId = exchange.hexId;
-            step.waited = (step.at - exchange.sentAt) / kMicrosecondsPerMillisecond;
-            step.isSilent = exchange.outcome == ExchangeOutcome::Silent;
+            step.at = questions[i].at;
+            step.hexId = question.hexId;
+            step.waited = (step.at - question.at) / kMicrosecondsPerMillisecond;
+            step.isSilent = question.isSilent;
             steps.push_back(std::move(step));
         }
     }
