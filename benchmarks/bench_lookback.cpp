@@ -1,7 +1,8 @@
 // The window looking back at a recorded week of 32 LDBs, 19 exchanges a second:
 //   open   from the wish to see it until the window shows its last moment
 //   jump   from the wish to see any moment until tables, plot and lamps are painted
-//   drag   the longest time that the GUI thread computes for one event while somebody drags the time
+//   drag   the longest time that the GUI thread computes for one event while somebody drags the
+//   time
 //          bar for ten seconds
 // Ends with status 1 when a figure misses its limit. One day is recorded, the others are that day
 // again. The short form looks back at an hour, for a shorter time.
@@ -116,8 +117,8 @@ void copyLater(const QString& from, const QString& to, qint64 by)
               "after,text FROM source.events",
               "runs SELECT begun+%1,until+%1,ended,continued,port,found,names FROM source.runs",
               "about SELECT key,value FROM source.about"}) {
-            execute(query, QStringLiteral("INSERT INTO ") + QString::fromLatin1(copy).replace(
-                                                                "%1", QString::number(by)));
+            execute(query, QStringLiteral("INSERT INTO ") +
+                               QString::fromLatin1(copy).replace("%1", QString::number(by)));
         }
         execute(query, QStringLiteral("COMMIT"));
     }
@@ -242,10 +243,9 @@ int main(int argc, char* argv[])
     window.show();
     spin(1000);
     auto* lookBack = window.findChild<LookBack*>();
-    bool isGood = report(
-        "open, ms",
-        untilPainted(*lookBack, [&] { window.openRecording(recordings.path()); }), kOpenLimitMs,
-        Bound::AtMost);
+    bool isGood = report("open, ms",
+                         untilPainted(*lookBack, [&] { window.openRecording(recordings.path()); }),
+                         kOpenLimitMs, Bound::AtMost);
     if (window.findChild<QTableView*>(QStringLiteral("deviceOverviewTableView"))
             ->model()
             ->rowCount() != recordedsite::kLdbs) {

@@ -224,9 +224,8 @@ std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 
 std::vector<RecordedEvent> RecordingReader::eventsOf(EventKind kind, TimeSpan span, int limit)
 {
-    return collectLast(span, limit, &RecordedEvent::at, [&](RecordingSource& source) {
-        return source.eventsOf(kind, span, limit);
-    });
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.eventsOf(kind, span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)

@@ -161,7 +161,8 @@ Moment moment::read(RecordingReader& reader, qint64 at, const QString& hexId)
     const qint64 begin = first < rounds.size() ? rounds[first].at - 1 : at;
     if (first > 0) {
         result.round = rounds[first - 1];
-        result.asked = asked(reader, {std::max(rounds[first - 1].at, begin - kLongestRound), begin});
+        result.asked =
+            asked(reader, {std::max(rounds[first - 1].at, begin - kLongestRound), begin});
     }
     result.base = reader.stateAt(begin);
     result.stretch = stretchOf(reader, begin, at);

@@ -85,7 +85,5 @@ void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer
     m_access->ask(
         m_access, // the answer holds by itself what it needs
         [hexId, span](RecordingReader& reader) { return moment::pastOf(reader, hexId, span); },
-        [answer, from, to](const Past& past) {
-            answer(within(samplesOf(past), from, to));
-        });
+        [answer, from, to](const Past& past) { answer(within(samplesOf(past), from, to)); });
 }

@@ -60,7 +60,8 @@ void Replay::show(Moment moment)
         }
     }
     for (const RecordedEvent& told : moment.told) {
-        if (const RecordedRun* const in = runAt(m_position); in != nullptr && told.at >= in->begun) {
+        if (const RecordedRun* const in = runAt(m_position);
+            in != nullptr && told.at >= in->begun) {
             takeTold(told);
         }
     }
@@ -118,8 +119,7 @@ void Replay::hear(const RecordedRecord& record)
     if (isLost(record.rows)) {
         m_polling.pace.lose(record.hexId);
     } else {
-        m_polling.lastAnswer =
-            std::max(m_polling.lastAnswer.value_or(0), clockOf(record.at));
+        m_polling.lastAnswer = std::max(m_polling.lastAnswer.value_or(0), clockOf(record.at));
     }
 }
 

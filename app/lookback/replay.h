@@ -75,8 +75,8 @@ private:
         BusPace pace;
         QString alone;
         bool isScanning = false;
-        qint64 scanChanged = 0; ///< a scan began, or ended where none is on
-        qint64 scanBegun = 0;   ///< the last one
+        qint64 scanChanged = 0;           ///< a scan began, or ended where none is on
+        qint64 scanBegun = 0;             ///< the last one
         std::optional<qint64> lastAnswer; ///< as a clock on the wall shows it, ms
     };
     Polling m_polling;

@@ -111,7 +111,8 @@ private slots:
             QCOMPARE(lookBack()->shown(), std::make_optional(records[telling].at));
             const QStringList now = picture(live.plotFrom);
             if (now != live.picture && ++different < 4) {
-                qWarning() << "at" << telling << records[telling].hexId << QString::number(live.plotFrom, 'f', 0);
+                qWarning() << "at" << telling << records[telling].hexId
+                           << QString::number(live.plotFrom, 'f', 0);
                 const auto tell = [](const char* who, const QStringList& has,
                                      const QStringList& lacks) {
                     for (const QString& line : has) {
