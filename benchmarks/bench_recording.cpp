@@ -1,12 +1,10 @@
 // What a recording of a busy week takes on the disk, and how fast it is written and read. 32 LDBs
 // at the real pace: ten minutes of a conversation on a simulated line, again and again. Ends with
 // status 1 when a figure misses its limit. The short form records an hour.
+#include "benchmarks/support/recordedsite.h"
 #include "benchmarks/support/report.h"
-#include "recording/recordcollector.h"
 #include "recording/recordingreader.h"
 #include "recording/recordwriter.h"
-#include "serial/ldb/generalinformation.h"
-#include "tests/support/linerig.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -23,66 +21,12 @@
 namespace {
 
 constexpr qint64 kSecond = 1000000;
-constexpr qint64 kPiece = 600 * kSecond;
-constexpr int kLdbs = 32;
+constexpr qint64 kPiece = recordedsite::kPiece;
 constexpr int kPiecesOfAWeek = 7 * 24 * 6;
 constexpr int kPiecesOfAnHour = 6;
 constexpr double kMillisecond = 1e6; // ns
 constexpr int kJumps = 100;
 constexpr int kRowsOfThePlot = 1200;
-
-/// Ten minutes, as the recorder collects them.
-RecorderInputs makePiece()
-{
-    LineRig::Setup setup;
-    setup.addresses.clear();
-    for (int address = 1; address <= kLdbs; ++address) {
-        setup.addresses.push_back(address);
-    }
-    // The most exchanges a second: name and firmware id in every round.
-    setup.turns.identityEveryRounds = 1;
-    LineRig rig(setup);
-    rig.scan();
-    RecordCollector collector([&rig] { return LineRig::kWallStart + rig.now() / 1000; });
-    rig.listen([&collector](const Event& event) {
-        if (const auto* record = std::get_if<event::Record>(&event)) {
-            const QDateTime time = QDateTime::fromMSecsSinceEpoch(record->time);
-            collector.record(record->hexId,
-                             generalinformation::buildRows(
-                                 record->hexId, record->name, record->status,
-                                 time.toString(generalinformation::kSecondsFormat),
-                                 time.toString(generalinformation::kMillisecondsFormat)));
-        } else if (const auto* round = std::get_if<event::RoundBegun>(&event)) {
-            collector.roundBegun(QDateTime::fromMSecsSinceEpoch(round->time));
-        } else if (std::holds_alternative<event::RoundEnded>(event)) {
-            collector.roundEnded();
-        } else if (const auto* exchange = std::get_if<Exchange>(&event)) {
-            collector.exchanged(*exchange);
-        }
-    });
-    collector.runBegun(QStringLiteral("COM7"));
-    collector.listChanged(rig.found());
-    rig.run(kPiece);
-    return collector.take();
-}
-
-RecorderInput later(RecorderInput input, qint64 by)
-{
-    std::visit(
-        [by](auto& value) {
-            using Value = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, input::Told>) {
-                value.exchange.sentAt += by;
-            } else {
-                value.at += by;
-            }
-            if constexpr (std::is_same_v<Value, input::Round>) {
-                value.wall += by / 1000;
-            }
-        },
-        input);
-    return input;
-}
 
 struct Written
 {
@@ -117,7 +61,7 @@ Written write(const QString& folder, const RecorderInputs& piece, int pieces, bo
             if (number > 0 && std::holds_alternative<input::RunBegun>(input)) {
                 continue;
             }
-            inputs.push_back(later(input, number * kPiece));
+            inputs.push_back(recordedsite::later(input, number * kPiece));
             written.exchanges += std::holds_alternative<input::Told>(input) ? 1 : 0;
             if (isPaced && timeOf(input) > due) {
                 due = timeOf(input) + kSecond;
@@ -169,7 +113,7 @@ int main(int argc, char* argv[])
     const bool isShort = takeShortForm(argc, argv);
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
-    const RecorderInputs piece = makePiece();
+    const RecorderInputs piece = recordedsite::makePiece();
     bool isGood = true;
 
     const Written hour = write(folder.filePath("hour"), piece, kPiecesOfAnHour, true);

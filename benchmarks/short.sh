@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 export QT_QPA_PLATFORM=offscreen
 failed=0
-for name in line logger recording plot overview events link export startup window badline; do
+for name in line logger recording lookback plot overview events link export startup window badline; do
     echo "-- bench_$name --short"
     timeout 600 "build/release/benchmarks/bench_$name" --short || failed=1
 done

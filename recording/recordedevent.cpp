@@ -118,7 +118,7 @@ bool RecordedEvent::operator==(const RecordedEvent& other) const
 bool RecordedEvent::isForPeople() const
 {
     // Its first name is none that it was given.
-    return kind != EventKind::Listed && !(kind == EventKind::Named && before.isEmpty());
+    return kind < EventKind::Listed && !(kind == EventKind::Named && before.isEmpty());
 }
 
 QString RecordedEvent::description() const
@@ -169,6 +169,9 @@ QString RecordedEvent::description() const
     case EventKind::Named:
         return Texts::tr("Name \"%1\", before \"%2\"").arg(after, before);
     case EventKind::Listed:
+    case EventKind::TurnTold:
+    case EventKind::PolledAlone:
+    case EventKind::ScanTold:
         break;
     }
     return text;

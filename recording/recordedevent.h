@@ -26,7 +26,11 @@ enum class EventKind : quint8
     Gap = 17,  ///< `count` exchanges since `since` are not in the recording
     ClockSet = 18,
     Named = 19, ///< from here on the records carry the name `after`
-    Listed = 20 ///< from here on the LDBs `after` are in the list; not for people
+    // Not for people, from here on:
+    Listed = 20,      ///< the LDBs `after` are in the list
+    TurnTold = 21,    ///< an LDB takes `count` ms of a round
+    PolledAlone = 22, ///< nobody is polled but this LDB; without one all are
+    ScanTold = 23     ///< a scan is on (`isStill`), or over, since `since`
 };
 
 /// Which part of an LDB a fault is at.

@@ -110,7 +110,7 @@ std::vector<RecordedEvent> RecordedTables::events(TimeSpan span, int limit)
 {
     // Events that are not for people would use up the limit.
     std::vector<RecordedEvent> result =
-        readEvents(QStringLiteral("at>=? AND at<? AND kind<>? AND NOT (kind=? AND before IS NULL)"),
+        readEvents(QStringLiteral("at>=? AND at<? AND kind<? AND NOT (kind=? AND before IS NULL)"),
                    {span.from, span.to, static_cast<int>(EventKind::Listed),
                     static_cast<int>(EventKind::Named)},
                    limit);
@@ -118,6 +118,12 @@ std::vector<RecordedEvent> RecordedTables::events(TimeSpan span, int limit)
                                 [](const RecordedEvent& event) { return !event.isForPeople(); }),
                  result.end());
     return result;
+}
+
+std::vector<RecordedEvent> RecordedTables::eventsOf(EventKind kind, TimeSpan span, int limit)
+{
+    return readEvents(QStringLiteral("kind=? AND at>=? AND at<?"),
+                      {static_cast<int>(kind), span.from, span.to}, limit);
 }
 
 std::vector<RecordedEvent> RecordedTables::namings(qint64 to)

@@ -21,6 +21,8 @@ public:
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each);
     /// Ascending; all but those that are not for people.
     std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
+    /// Ascending; a limit leaves the last ones.
+    std::vector<RecordedEvent> eventsOf(EventKind kind, TimeSpan span, int limit);
     std::vector<RecordedRun> runs();
 
     /// Ascending; a limit leaves the last ones.

@@ -174,6 +174,12 @@ std::vector<Exchange> RecordingReader::exchanges(const QString& hexId, TimeSpan 
     });
 }
 
+std::vector<RecordedQuestion> RecordingReader::questions(TimeSpan span)
+{
+    return collect(span, &RecordedQuestion::at,
+                   [span](RecordingSource& source) { return source.questions(span); });
+}
+
 std::vector<Exchange> RecordingReader::exchangesOf(ExchangeKind kind, TimeSpan span)
 {
     return collect(span, &Exchange::sentAt,
@@ -214,6 +220,12 @@ std::vector<RecordedEvent> RecordingReader::events(TimeSpan span, int limit)
 {
     return collectLast(span, limit, &RecordedEvent::at,
                        [&](RecordingSource& source) { return source.events(span, limit); });
+}
+
+std::vector<RecordedEvent> RecordingReader::eventsOf(EventKind kind, TimeSpan span, int limit)
+{
+    return collectLast(span, limit, &RecordedEvent::at,
+                       [&](RecordingSource& source) { return source.eventsOf(kind, span, limit); });
 }
 
 std::vector<RecordedRun> RecordingReader::runs(TimeSpan span)

@@ -49,6 +49,8 @@ public:
     /// `sentAt` is the key in the recording. A request that was not stored, as kind and LDB tell
     /// it, is filled in.
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit = -1);
+    /// Of the exchanges of a span what takes little time to read.
+    std::vector<RecordedQuestion> questions(TimeSpan span);
     /// The exchanges of one kind, of all LDBs.
     std::vector<Exchange> exchangesOf(ExchangeKind kind, TimeSpan span);
     /// The minutes that overlap the span. With `each` above 1, as many minutes are summed up in one
@@ -57,6 +59,8 @@ public:
     std::vector<RecordedMinute> minutes(const QString& hexId, TimeSpan span, int each = 1);
     /// The events that are for people. A limit leaves the last ones.
     std::vector<RecordedEvent> events(TimeSpan span, int limit = -1);
+    /// Those of one kind, be it for people or not; with a limit the last ones.
+    std::vector<RecordedEvent> eventsOf(EventKind kind, TimeSpan span, int limit = -1);
     /// The runs that overlap the span. A run of several days is one.
     std::vector<RecordedRun> runs(TimeSpan span);
     /// The rounds that began in the span. A limit leaves the last ones.

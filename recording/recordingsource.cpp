@@ -241,6 +241,23 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
     return result;
 }
 
+std::vector<RecordedQuestion> RecordingSource::questions(TimeSpan span)
+{
+    std::vector<RecordedQuestion> result;
+    auto query = ask(QStringLiteral("SELECT at,ldb,kind & %1,(outcome & %2)=%3 FROM exchanges"
+                                    " WHERE at>=? AND at<? AND kind<>%4 ORDER BY at")
+                         .arg(filerow::kKindMask)
+                         .arg(filerow::kOutcomeMask)
+                         .arg(static_cast<int>(ExchangeOutcome::Silent))
+                         .arg(filerow::kLossTold),
+                     {span.from, span.to});
+    while (query && next(*query)) {
+        result.push_back({query->value(0).toLongLong(), hexIdOf(query->value(1)),
+                          query->value(2).toInt(), query->value(3).toBool()});
+    }
+    return result;
+}
+
 std::optional<RecordingSource::Row> RecordingSource::lastOf(const QString& hexId, qint64 at)
 {
     // The minutes say where to look: an LDB may not have been asked for hours.

@@ -20,6 +20,8 @@ public:
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit,
                                     std::optional<ExchangeKind> only = {});
 
+    std::vector<RecordedQuestion> questions(TimeSpan span);
+
     /// The last record up to `at` of each of these LDBs that has one; of all LDBs if none is named.
     std::vector<RecordedRecord> latest(qint64 at, const QSet<QString>& hexIds);
     /// The next record after `at`, or the last one before it.

@@ -93,6 +93,7 @@ LookBack::LookBack(const Surroundings& around, QWidget* window, QObject* parent)
     connect(m_band, &RecordedBand::liveWanted, this, &LookBack::live);
     connect(m_band, &RecordedBand::playWanted, this, &LookBack::togglePlay);
     connect(m_replay, &Replay::monitoringChanged, this, &LookBack::monitoringChanged);
+    connect(m_replay, &Replay::momentTold, this, &LookBack::momentTold);
     connect(around.access, &RecordingAccess::pathChanged, this, &LookBack::forget);
     connect(&m_ticks, &QTimer::timeout, this, &LookBack::tick);
     connect(&m_refresh, &QTimer::timeout, this, &LookBack::refresh);

@@ -71,6 +71,8 @@ signals:
     void lookingBackChanged(bool isLookingBack);
     /// A moment was wanted, and there is no recording.
     void nothingFound();
+    /// What was monitored when the record was told that comes next.
+    void momentTold(const Monitoring& monitoring);
     /// What was monitored at the moment shown.
     void monitoringChanged(const Monitoring& monitoring);
 

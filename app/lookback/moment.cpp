@@ -1,9 +1,15 @@
 #include "app/lookback/moment.h"
 
 #include "recording/recordingreader.h"
-#include "serial/ldb/exchange.h"
+#include "serial/ldb/buspace.h"
+#include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
+#include "serial/ldb/monitoring.h"
+
+#include <QDateTime>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace {
@@ -13,10 +19,15 @@ namespace {
 constexpr int kRounds = 4;
 /// Longer than any round, µs.
 constexpr qint64 kFurthestBase = 300LL * 1000000;
-/// While the bus is polled, at most one probe comes between two other questions.
-constexpr int kProbesOfScan = 4;
-constexpr qint64 kRecent = 3LL * 1000000;
-/// How far back the last run is looked for, µs.
+/// A round of most LDBs, of which some are silent, µs.
+constexpr qint64 kLongestRound = 60LL * 1000000;
+/// No LDB is waited for so long, µs.
+constexpr qint64 kLongestWait = 10LL * 1000000;
+using microseconds::kMillisecond;
+/// In the order in which they count where they meet.
+constexpr std::array kOfPolling{EventKind::RunBegun, EventKind::TurnTold, EventKind::PolledAlone,
+                                EventKind::ScanTold};
+/// The run before is looked for so far back, µs.
 constexpr qint64 kDays = 3LL * 86400 * 1000000;
 
 template <typename Value, typename Make>
@@ -46,13 +57,56 @@ std::size_t firstRound(const std::vector<RecordedRound>& rounds, qint64 at)
     return first;
 }
 
-bool isScanning(RecordingReader& reader, qint64 at)
+/// What became of a question is known when the next one is asked.
+std::vector<ReplayStep> asked(RecordingReader& reader, TimeSpan span)
 {
-    const auto last = reader.exchanges({}, {at - kRecent, at + 1}, kProbesOfScan);
-    return last.size() == kProbesOfScan &&
-           std::all_of(last.begin(), last.end(), [](const Exchange& exchange) {
-               return exchange.kind == ExchangeKind::Probe;
-           });
+    const auto questions = reader.questions({span.from - kLongestWait, span.to});
+    std::vector<ReplayStep> steps;
+    steps.reserve(questions.size());
+    for (std::size_t i = 1; i < questions.size(); ++i) {
+        const RecordedQuestion& question = questions[i - 1];
+        if (questions[i].at >= span.from && !question.hexId.isEmpty() &&
+            BusPace::isPoll(static_cast<ExchangeKind>(question.kind))) {
+            ReplayStep step;
+            step.kind = ReplayStep::Kind::Asked;
+            step.at = questions[i].at;
+            step.hexId = question.hexId;
+            step.waited = (step.at - question.at) / kMillisecond;
+            step.isSilent = question.isSilent;
+            steps.push_back(std::move(step));
+        }
+    }
+    return steps;
+}
+
+/// How old a record was then, ms.
+qint64 ageWhen(const RecordedRecord& record, qint64 at)
+{
+    // It carries the time at which its round began.
+    const QDateTime told = generalinformation::timestamp(record.rows);
+    const qint64 asked = record.at / kMillisecond;
+    const qint64 lag = told.isValid() ? asked - told.toMSecsSinceEpoch() : 0;
+    const bool isOfRound = lag > 0 && lag < Monitoring::kLongestLife;
+    return at / kMillisecond - asked + (isOfRound ? lag : 0);
+}
+
+/// How long a value was live then, ms.
+qint64 lifetimeAt(RecordingReader& reader, qint64 at)
+{
+    BusPace pace;
+    for (const RecordedEvent& turn : reader.eventsOf(EventKind::TurnTold, {0, at}, 1)) {
+        pace.setTurn(turn.count);
+    }
+    for (const ReplayStep& step : asked(reader, {at - kLongestRound, at + 1})) {
+        pace.take(step.hexId, step.isSilent, step.waited);
+    }
+    const auto known = reader.stateAt(at);
+    for (const RecordedRecord& record : known) {
+        if (!record.rows.isEmpty() && generalinformation::isLost(record.rows)) {
+            pace.lose(record.hexId);
+        }
+    }
+    return pace.lifetime(static_cast<int>(known.size()));
 }
 
 } // namespace
@@ -76,6 +130,15 @@ Stretch moment::stretchOf(RecordingReader& reader, qint64 from, qint64 to)
         step.kind = ReplayStep::Kind::Record;
         step.record = std::move(record);
     });
+    for (const EventKind kind : kOfPolling) {
+        append(result.steps, reader.eventsOf(kind, span),
+               [](ReplayStep& step, RecordedEvent&& told) {
+                   step.kind = ReplayStep::Kind::Told;
+                   step.told = std::move(told);
+               });
+    }
+    std::vector<ReplayStep> questions = asked(reader, span);
+    std::move(questions.begin(), questions.end(), std::back_inserter(result.steps));
     std::stable_sort(
         result.steps.begin(), result.steps.end(),
         [](const ReplayStep& left, const ReplayStep& right) { return left.at < right.at; });
@@ -94,17 +157,21 @@ Moment moment::read(RecordingReader& reader, qint64 at, const QString& hexId)
     at = std::clamp(at, extent->from, std::max(extent->from, extent->to - 1));
     result.at = at;
     result.isRecorded = true;
-    result.hexId = hexId;
     const auto rounds = reader.rounds({0, at + 1}, kRounds);
     const std::size_t first = firstRound(rounds, at);
     const qint64 begin = first < rounds.size() ? rounds[first].at - 1 : at;
     if (first > 0) {
         result.round = rounds[first - 1];
+        result.asked =
+            asked(reader, {std::max(rounds[first - 1].at, begin - kLongestRound), begin});
     }
     result.base = reader.stateAt(begin);
     result.stretch = stretchOf(reader, begin, at);
     result.stretch.span.to = at;
-    result.isScanning = isScanning(reader, at);
+    for (const EventKind kind : kOfPolling) {
+        auto last = reader.eventsOf(kind, {0, begin + 1}, 1);
+        std::move(last.begin(), last.end(), std::back_inserter(result.told));
+    }
     const bool isInRun =
         std::any_of(result.stretch.runs.begin(), result.stretch.runs.end(),
                     [at](const RecordedRun& run) { return run.begun <= at && run.until >= at; });
@@ -118,7 +185,31 @@ Moment moment::read(RecordingReader& reader, qint64 at, const QString& hexId)
                      [&hexId](const RecordedRecord& record) { return record.hexId == hexId; });
     const bool isKnown = own != result.base.end() && !own->rows.isEmpty();
     if (!hexId.isEmpty()) {
-        result.past = reader.records(hexId, {at - kPast, isKnown ? own->at : begin});
+        result.past = pastOf(reader, hexId, {at - kPast, isKnown ? own->at : begin});
     }
     return result;
+}
+
+Past moment::pastOf(RecordingReader& reader, const QString& hexId, TimeSpan span)
+{
+    Past past{hexId, span, reader.records(hexId, span), {}};
+    for (const RecordedEvent& run : reader.eventsOf(EventKind::RunBegun, span)) {
+        past.breaks.push_back(run.at);
+    }
+    for (const RecordedEvent& scan : reader.eventsOf(EventKind::ScanTold, span)) {
+        if (scan.isStill) {
+            past.breaks.push_back(scan.at);
+        }
+    }
+    for (const RecordedGap& gap : reader.gaps(span)) {
+        past.breaks.push_back(gap.to);
+    }
+    for (std::size_t i = 1; i < past.records.size(); ++i) {
+        const qint64 age = ageWhen(past.records[i - 1], past.records[i].at);
+        if (age > Monitoring::kShortestLife && age > lifetimeAt(reader, past.records[i].at)) {
+            past.breaks.push_back(past.records[i].at);
+        }
+    }
+    std::sort(past.breaks.begin(), past.breaks.end());
+    return past;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
 
 #include <QList>
@@ -18,13 +19,19 @@ struct ReplayStep
     {
         Round,
         Record,
-        List
+        List,
+        Told, ///< how the bus was polled from there on
+        Asked ///< an LDB was, and what came of it is known
     };
     Kind kind = Kind::Record;
     qint64 at = 0;         ///< UTC, µs since 1970
     RecordedRound round;   ///< of a round
     RecordedRecord record; ///< of a record
     QStringList hexIds;    ///< of a list
+    RecordedEvent told;    ///< of what was told
+    QString hexId;         ///< of the LDB asked
+    qint64 waited = 0;     ///< until then, ms
+    bool isSilent = false; ///< nothing came
 };
 
 /// What was told within a span of time, and where nothing was. A plain value.
@@ -36,6 +43,17 @@ struct Stretch
     std::vector<RecordedGap> gaps;
 };
 
+/// What an LDB told in a time. A plain value.
+struct Past
+{
+    QString hexId;
+    TimeSpan span;
+    std::vector<RecordedRecord> records;
+    /// What was told before one of these was no longer live by then: the bus was scanned or
+    /// started, nothing was recorded, or it was too old.
+    std::vector<qint64> breaks;
+};
+
 /// Everything needed to show a moment: the state some rounds before it, and what was told from then
 /// until the moment. The lamps need whole rounds to show what they showed. A plain value.
 struct Moment
@@ -45,10 +63,10 @@ struct Moment
     std::vector<RecordedRecord> base;   ///< every LDB listed then, as `RecordingReader::stateAt`
     Stretch stretch;                    ///< from the base up to `at`, that included
     std::optional<RecordedRound> round; ///< in force at the base
-    bool isScanning = false;            ///< a scan is on: nothing is asked but the addresses
-    std::optional<qint64> lastRun;      ///< where no run is on: the end of the last one
-    QString hexId;                      ///< the LDB of `past`
-    std::vector<RecordedRecord> past;   ///< of the minutes before the base
+    std::vector<RecordedEvent> told;    ///< how the bus was polled at the base, in that order
+    std::vector<ReplayStep> asked;      ///< in the round before it
+    std::optional<qint64> lastRun;      ///< no run is on: the end of the one before
+    Past past;                          ///< of the minutes before the base
 };
 
 /// Reads what a window needs. Used in the reader's thread.
@@ -59,6 +77,9 @@ namespace moment {
 Moment read(RecordingReader& reader, qint64 at, const QString& hexId);
 /// What was told after `from`, up to `to` or the end of the recording.
 Stretch stretchOf(RecordingReader& reader, qint64 from, qint64 to);
+
+/// What an LDB told in a span, one that begins and one that ends it among the breaks.
+Past pastOf(RecordingReader& reader, const QString& hexId, TimeSpan span);
 
 /// How much of the past the plot shows without asking for more, µs.
 constexpr qint64 kPast = 600LL * 1000000;

@@ -25,29 +25,40 @@ std::vector<PlotSample> within(std::vector<PlotSample> samples, qint64 from, qin
 
 } // namespace
 
-std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qint64 lifetimeMs)
+std::vector<PlotSample> samplesOf(const Past& past)
 {
     std::vector<PlotSample> samples;
-    samples.reserve(records.size());
-    for (const RecordedRecord& record : records) {
+    samples.reserve(past.records.size());
+    auto nextBreak = past.breaks.begin();
+    // Whether one lies before that moment and behind what came last.
+    const auto passesBreak = [&](qint64 at) {
+        const auto former = nextBreak;
+        while (nextBreak != past.breaks.end() && *nextBreak <= at) {
+            ++nextBreak;
+        }
+        return nextBreak != former;
+    };
+    for (const RecordedRecord& record : past.records) {
         const QDateTime timestamp = generalinformation::timestamp(record.rows);
         if (!timestamp.isValid()) {
             continue;
         }
         auto time = static_cast<double>(timestamp.toMSecsSinceEpoch());
+        const bool isBroken = passesBreak(record.at);
         if (!samples.empty()) {
             const double newest = samples.back().time;
             if (newest - time > static_cast<double>(Monitoring::kLongestLife)) {
                 samples.clear(); // the clock was set back: later times are no past
             } else if (time <= newest) {
-                time =
-                    newest +
-                    1.0; // a round's record, with the time of the round's begin, after an extra one
-            } else if (time - newest > static_cast<double>(lifetimeMs)) {
+                time = newest + 1.0; // of a round that began before an extra record
+            } else if (isBroken) {
                 samples.push_back(PlotSample::gap(newest + 1.0));
             }
         }
         samples.push_back(PlotSample::ofRecord(record.rows, time));
+    }
+    if (!samples.empty() && passesBreak(past.span.to)) {
+        samples.push_back(PlotSample::gap(samples.back().time + 1.0));
     }
     return samples;
 }
@@ -60,7 +71,6 @@ PastSamples::PastSamples(const Replay* replay, RecordingAccess* access)
 
 void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer& answer)
 {
-    const qint64 lifetime = m_replay->monitoring().lifetime;
     // The plot goes by the clock on the wall as it was set there.
     QDateTime shown = m_replay->wallTime();
     shown.setTimeSpec(Qt::LocalTime);
@@ -68,15 +78,13 @@ void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer
     const auto momentOf = [this, now](qint64 time) {
         return m_replay->position() + (time - now) * kMillisecond;
     };
-    if (hexId == m_replay->pastOf() && momentOf(from) >= m_replay->pastFrom()) {
-        answer(within(samplesOf(m_replay->past(), lifetime), from, to));
+    if (hexId == m_replay->past().hexId && momentOf(from) >= m_replay->past().span.from) {
+        answer(within(samplesOf(m_replay->past()), from, to));
         return;
     }
     const TimeSpan span{momentOf(from), momentOf(to)};
     m_access->ask(
-        m_access, // the answer itself holds what it needs
-        [hexId, span](RecordingReader& reader) { return reader.records(hexId, span); },
-        [answer, lifetime, from, to](const std::vector<RecordedRecord>& records) {
-            answer(within(samplesOf(records, lifetime), from, to));
-        });
+        m_access, // the answer holds by itself what it needs
+        [hexId, span](RecordingReader& reader) { return moment::pastOf(reader, hexId, span); },
+        [answer, from, to](const Past& past) { answer(within(samplesOf(past), from, to)); });
 }

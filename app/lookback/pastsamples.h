@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recording/recordedvalues.h"
+#include "app/lookback/moment.h"
 #include "tracking/plot/plothistorysource.h"
 
 #include <QPointer>
@@ -10,9 +10,9 @@
 class RecordingAccess;
 class Replay;
 
-/// The same samples that a plot makes of records told one by one: with a gap after a record that
-/// was no longer live when the next one came.
-std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qint64 lifetimeMs);
+/// The samples of a past as a plot makes them that is told of each record: with a gap behind one
+/// that was not live any more when the next one came.
+std::vector<PlotSample> samplesOf(const Past& past);
 
 /// The past of a plot that looks back: at once what came with the moment, anything else from the
 /// recording. GUI thread.

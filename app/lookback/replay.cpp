@@ -34,7 +34,7 @@ QString Replay::nameOf(const QString& hexId) const
     if (record != m_records.constEnd()) {
         return ownName(*record);
     }
-    const RecordedRun* const in = run();
+    const RecordedRun* const in = runAt(m_position);
     return in == nullptr ? QString() : in->names.value(hexId);
 }
 
@@ -48,13 +48,10 @@ void Replay::show(Moment moment)
     m_lastRun = moment.lastRun;
     m_round = moment.round;
     m_isRoundOn = false;
-    m_isScanning = moment.isScanning;
+    m_polling = {};
     m_position = moment.at;
     m_readyUntil = moment.at;
-    m_lastAnswer.reset();
     m_past = std::move(moment.past);
-    m_pastOf = moment.hexId;
-    m_pastFrom = moment.at - moment::kPast;
     m_list.clear();
     m_records.clear();
     for (const RecordedRecord& record : moment.base) {
@@ -63,19 +60,33 @@ void Replay::show(Moment moment)
             m_records.insert(record.hexId, record.rows);
         }
     }
-    lookAhead(moment.base);
+    for (const RecordedEvent& told : moment.told) {
+        if (const RecordedRun* const in = runAt(m_position);
+            in != nullptr && told.at >= in->begun) {
+            takeTold(told);
+        }
+    }
+    for (const ReplayStep& step : moment.asked) {
+        tell(step);
+    }
+    for (const RecordedRecord& record : moment.base) {
+        hear(record);
+    }
+    const Polling atBase = m_polling;
+    lookAhead();
     emit monitoringChanged(monitoring());
     emit replaced(m_list);
     std::stable_sort(
         moment.base.begin(), moment.base.end(),
         [](const RecordedRecord& left, const RecordedRecord& right) { return left.at < right.at; });
+    m_polling = atBase;
     for (const RecordedRecord& record : moment.base) {
         if (!record.rows.isEmpty()) {
+            emit momentTold(monitoringAt(record.at));
             tellRecord(record);
         }
     }
     tellDue(m_position);
-    m_isScanning = moment.isScanning;
     for (const QString& hexId : qAsConst(m_list)) {
         if (isAwaited(hexId)) {
             emit awaitedChanged(hexId);
@@ -83,8 +94,8 @@ void Replay::show(Moment moment)
     }
 }
 
-/// Views decide what is live when they are told of it, so all that this depends on comes first.
-void Replay::lookAhead(const std::vector<RecordedRecord>& base)
+/// The views ask what is live when they are told of it: all that it depends on comes first.
+void Replay::lookAhead()
 {
     for (const ReplayStep& step : m_steps) {
         if (step.kind == ReplayStep::Kind::Round &&
@@ -92,18 +103,24 @@ void Replay::lookAhead(const std::vector<RecordedRecord>& base)
             m_round = step.round;
         } else if (step.kind == ReplayStep::Kind::List) {
             m_list = step.hexIds;
+        } else if (step.kind == ReplayStep::Kind::Record) {
+            hear(step.record);
+        } else if (step.kind != ReplayStep::Kind::Round) {
+            tell(step);
         }
     }
-    const auto hear = [this](const RecordedRecord& record) {
-        if (!record.rows.isEmpty() && !isLost(record.rows)) {
-            m_lastAnswer = std::max(m_lastAnswer.value_or(0), clockOf(record.at));
-        }
-    };
-    std::for_each(base.begin(), base.end(), hear);
-    for (const ReplayStep& step : m_steps) {
-        if (step.kind == ReplayStep::Kind::Record) {
-            hear(step.record);
-        }
+}
+
+/// Loss and answer, as far as they say how the bus is polled.
+void Replay::hear(const RecordedRecord& record)
+{
+    if (record.rows.isEmpty()) {
+        return;
+    }
+    if (isLost(record.rows)) {
+        m_polling.pace.lose(record.hexId);
+    } else {
+        m_polling.lastAnswer = std::max(m_polling.lastAnswer.value_or(0), clockOf(record.at));
     }
 }
 
@@ -115,7 +132,7 @@ void Replay::add(Stretch stretch)
     }
     m_readyUntil = stretch.span.to;
     std::move(stretch.steps.begin(), stretch.steps.end(), std::back_inserter(m_steps));
-    if (const RecordedRun* const last = run()) {
+    if (const RecordedRun* const last = runAt(m_position)) {
         m_lastRun = last->until;
     }
     m_runs = std::move(stretch.runs);
@@ -129,7 +146,7 @@ void Replay::advance(qint64 microseconds)
     if (position <= m_position) {
         return;
     }
-    if (const RecordedRun* const last = run()) {
+    if (const RecordedRun* const last = runAt(m_position)) {
         m_lastRun = last->until;
     }
     m_position = position;
@@ -142,8 +159,12 @@ void Replay::tellDue(qint64 until)
     while (!m_steps.empty() && m_steps.front().at <= until) {
         const ReplayStep step = std::move(m_steps.front());
         m_steps.pop_front();
+        if (step.kind == ReplayStep::Kind::Record) {
+            emit momentTold(monitoringAt(step.at));
+        }
         tell(step);
     }
+    emit momentTold(monitoring());
 }
 
 void Replay::tell(const ReplayStep& step)
@@ -158,6 +179,38 @@ void Replay::tell(const ReplayStep& step)
     case ReplayStep::Kind::List:
         setList(step.hexIds);
         break;
+    case ReplayStep::Kind::Told:
+        takeTold(step.told);
+        break;
+    case ReplayStep::Kind::Asked:
+        // The last one of a run is not waited for until the next run.
+        if (const RecordedRun* const in = runAt(m_position);
+            in != nullptr && step.at - step.waited * kMillisecond >= in->begun) {
+            m_polling.pace.take(step.hexId, step.isSilent, step.waited);
+        }
+        break;
+    }
+}
+
+void Replay::takeTold(const RecordedEvent& told)
+{
+    switch (told.kind) {
+    case EventKind::RunBegun:
+        m_polling = {};
+        break;
+    case EventKind::TurnTold:
+        m_polling.pace.setTurn(told.count);
+        break;
+    case EventKind::PolledAlone:
+        m_polling.alone = told.hexId;
+        break;
+    case EventKind::ScanTold:
+        m_polling.isScanning = told.isStill;
+        m_polling.scanBegun = told.since;
+        m_polling.scanChanged = told.at;
+        break;
+    default:
+        break;
     }
 }
 
@@ -167,8 +220,7 @@ void Replay::tellRound(const RecordedRound& round)
         return; // the file of the next day repeats it, with its own begin
     }
     m_round = round;
-    m_isScanning = false;
-    // The end of a round is not recorded; the next round says whether there was one.
+    // When a round ended is not recorded, but with the next one, whether it did.
     if (round.isBreak) {
         // Only a part of the bus was monitored in between, so no round was whole.
         Monitoring broken = monitoring();
@@ -197,9 +249,7 @@ void Replay::tellRecord(const RecordedRecord& record)
         m_list.append(record.hexId);
     }
     m_records.insert(record.hexId, record.rows);
-    if (!isLost(record.rows)) {
-        m_lastAnswer = std::max(m_lastAnswer.value_or(0), clockOf(record.at));
-    }
+    hear(record);
     if (record.isExtra) {
         emit extraInformationUpdated(record.hexId, record.rows);
     } else {
@@ -207,18 +257,18 @@ void Replay::tellRecord(const RecordedRecord& record)
     }
 }
 
-const RecordedRun* Replay::run() const
+const RecordedRun* Replay::runAt(qint64 at) const
 {
-    const auto found = std::find_if(m_runs.begin(), m_runs.end(), [this](const RecordedRun& run) {
-        return run.begun <= m_position && run.until >= m_position;
+    const auto found = std::find_if(m_runs.begin(), m_runs.end(), [at](const RecordedRun& run) {
+        return run.begun <= at && run.until >= at;
     });
     return found == m_runs.end() ? nullptr : &*found;
 }
 
-const RecordedGap* Replay::gap() const
+const RecordedGap* Replay::gapAt(qint64 at) const
 {
-    const auto found = std::find_if(m_gaps.begin(), m_gaps.end(), [this](const RecordedGap& gap) {
-        return gap.from <= m_position && gap.to > m_position;
+    const auto found = std::find_if(m_gaps.begin(), m_gaps.end(), [at](const RecordedGap& gap) {
+        return gap.from <= at && gap.to > at;
     });
     return found == m_gaps.end() ? nullptr : &*found;
 }
@@ -244,11 +294,11 @@ QDateTime Replay::wallTime() const
                                           Qt::OffsetFromUTC, m_round->offset);
 }
 
-Monitoring Replay::monitoring() const
+Monitoring Replay::monitoringAt(qint64 at) const
 {
     using State = Monitoring::State;
     Monitoring result;
-    result.now = clockOf(m_position);
+    result.now = clockOf(at);
     result.known = m_list.size();
     for (const QString& hexId : m_list) {
         const auto record = m_records.constFind(hexId);
@@ -258,8 +308,9 @@ Monitoring Replay::monitoring() const
             ++result.lost;
         }
     }
-    result.lifetime = Monitoring::lifetimeOf(result.known);
-    const RecordedRun* const in = run();
+    result.lifetime = m_polling.pace.lifetime(result.known);
+    result.polledAlone = m_polling.alone;
+    const RecordedRun* const in = runAt(at);
     if (in == nullptr) {
         result.state = m_lastRun ? State::Stopped : State::NotStarted;
         if (m_lastRun) {
@@ -267,19 +318,24 @@ Monitoring Replay::monitoring() const
         }
         return result;
     }
-    result.from = clockOf(in->begun);
-    if (const RecordedGap* const missing = gap()) {
+    const qint64 scanBegun = std::max(m_polling.scanBegun, in->begun);
+    result.from = clockOf(scanBegun);
+    if (const RecordedGap* const missing = gapAt(at)) {
         result.state = State::NotRecorded;
         result.since = clockOf(missing->from);
         return result;
     }
-    if (m_isScanning || !m_round || m_round->at < in->begun) {
+    // A run that knows its LDBs begins without a scan.
+    const bool isBegun =
+        m_polling.scanChanged >= in->begun || (m_round && m_round->at >= in->begun);
+    if (m_polling.isScanning || !isBegun) {
         result.state = State::Scanning;
         return result;
     }
     result.state = State::Polling;
-    const qint64 heard = std::max(m_lastAnswer.value_or(0), result.from);
-    if (result.now - heard > result.lifetime) {
+    const qint64 polledSince = clockOf(std::max(m_polling.scanChanged, in->begun));
+    const qint64 heard = std::max(m_polling.lastAnswer.value_or(0), polledSince);
+    if (result.now - heard > m_polling.pace.longestQuiet(result.known)) {
         result.state = State::NoAnswer;
         result.since = heard;
     }

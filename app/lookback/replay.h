@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/lookback/moment.h"
+#include "serial/ldb/buspace.h"
 #include "serial/ldb/monitoring.h"
 #include "serial/ldb/recordsource.h"
 
@@ -35,27 +36,30 @@ public:
     /// Up to when everything has been handed in.
     qint64 readyUntil() const { return m_readyUntil; }
     /// What was monitored at the position.
-    Monitoring monitoring() const;
-    /// What a clock on the wall showed at the position, with its offset from UTC.
+    Monitoring monitoring() const { return monitoringAt(m_position); }
+    /// What a clock on the wall showed there, with its offset from UTC.
     QDateTime wallTime() const;
-    /// The records of one LDB before those that are told, from `pastFrom` on.
-    const std::vector<RecordedRecord>& past() const { return m_past; }
-    QString pastOf() const { return m_pastOf; }
-    qint64 pastFrom() const { return m_pastFrom; }
+    /// What one LDB told, up to where those records begin that are told.
+    const Past& past() const { return m_past; }
 
 signals:
     /// Comes before the records that it concerns.
     void monitoringChanged(const Monitoring& monitoring);
+    /// What was monitored at the moment of what is told next.
+    void momentTold(const Monitoring& monitoring);
 
 private:
-    void lookAhead(const std::vector<RecordedRecord>& base);
+    void lookAhead();
+    void hear(const RecordedRecord& record);
     void tell(const ReplayStep& step);
+    void takeTold(const RecordedEvent& told);
     void tellRound(const RecordedRound& round);
     void tellRecord(const RecordedRecord& record);
     void tellDue(qint64 until);
     void setList(const QStringList& hexIds);
-    const RecordedRun* run() const;
-    const RecordedGap* gap() const;
+    Monitoring monitoringAt(qint64 at) const;
+    const RecordedRun* runAt(qint64 at) const;
+    const RecordedGap* gapAt(qint64 at) const;
     qint64 clockOf(qint64 at) const;
 
     qint64 m_position = 0;
@@ -66,11 +70,18 @@ private:
     std::optional<qint64> m_lastRun;
     std::optional<RecordedRound> m_round;
     bool m_isRoundOn = false;
-    bool m_isScanning = false;
-    std::optional<qint64> m_lastAnswer; ///< as a clock on the wall shows it, ms
+    /// How the bus is polled.
+    struct Polling
+    {
+        BusPace pace;
+        QString alone;
+        bool isScanning = false;
+        qint64 scanChanged = 0;           ///< a scan began, or ended where none is on
+        qint64 scanBegun = 0;             ///< the last one
+        std::optional<qint64> lastAnswer; ///< as a clock on the wall shows it, ms
+    };
+    Polling m_polling;
     QStringList m_list;
     QHash<QString, QList<QStringList>> m_records;
-    std::vector<RecordedRecord> m_past;
-    QString m_pastOf;
-    qint64 m_pastFrom = 0;
+    Past m_past;
 };

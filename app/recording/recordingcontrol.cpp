@@ -4,6 +4,7 @@
 #include "app/notices/notices.h"
 #include "app/shared/constants.h"
 #include "app/shared/usersettings.h"
+#include "serial/ldb/buspace.h"
 #include "serial/link/seriallink.h"
 
 #include <QDir>
@@ -143,7 +144,10 @@ void RecordingControl::followLink()
             m_recorder.note(event);
         }
     });
-    connect(link, &SerialLink::started, this, [this] { m_isScanning = false; });
+    connect(link, &SerialLink::started, this, [this] {
+        m_isScanning = false;
+        m_turn = 0;
+    });
     connect(link, &SerialLink::stopped, recorder, &Recorder::endRun);
     connect(link, &SerialLink::roundBegun, recorder, &Recorder::beginRound);
     connect(link, &SerialLink::roundEnded, recorder, &Recorder::endRound);
@@ -155,8 +159,10 @@ void RecordingControl::followLink()
             m_recorder.setList(hexIds);
         }
     });
+    followPolling();
     connect(link, &SerialLink::ldbListInitializationStateChange, this, [this](bool isScanning) {
         const bool wasScanning = std::exchange(m_isScanning, isScanning);
+        tellScan();
         if (isScanning) {
             return;
         }
@@ -174,6 +180,37 @@ void RecordingControl::followLink()
             m_recorder.endScan(m_around.link->connectedLdbs());
         }
     });
+}
+
+/// What the window went by when it said what was live.
+void RecordingControl::followPolling()
+{
+    SerialLink* link = m_around.link;
+    connect(link, &SerialLink::usualTurnTold, this, [this](qint64 time) {
+        RecordedEvent event;
+        event.kind = EventKind::TurnTold;
+        event.count = static_cast<int>(BusPace::turnOf(time));
+        if (std::exchange(m_turn, event.count) != event.count) {
+            m_recorder.note(event);
+        }
+    });
+    connect(link, &SerialLink::polledAloneChanged, this, [this] {
+        RecordedEvent event;
+        event.kind = EventKind::PolledAlone;
+        event.hexId = m_around.link->polledAlone();
+        m_recorder.note(event);
+    });
+}
+
+void RecordingControl::tellScan()
+{
+    RecordedEvent event;
+    event.at = m_recorder.moment();
+    event.kind = EventKind::ScanTold;
+    event.isStill = m_isScanning;
+    m_scanBegun = m_isScanning ? event.at : m_scanBegun;
+    event.since = m_scanBegun;
+    m_recorder.note(event);
 }
 
 QString RecordingControl::outageText() const

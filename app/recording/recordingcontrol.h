@@ -47,6 +47,8 @@ public slots:
 
 private:
     void followLink();
+    void followPolling();
+    void tellScan();
     void followPort();
     void followInstallation();
     /// Where an installation's recordings are, as the preferences say.
@@ -61,6 +63,8 @@ private:
     QString m_opened;          ///< empty: the folder
     RecordingNotice m_outage;  ///< the last one
     bool m_isScanning = false; ///< the list is not whole
+    qint64 m_scanBegun = 0;    ///< the last one
+    int m_turn = 0;            ///< told last in this run, ms
     bool m_isOpen = false;     ///< the port
     qint64 m_lostAt = 0;       ///< when the port was lost; 0: it is not, or has come back
 };

@@ -101,9 +101,10 @@ void Evidence::initLookBack(const Surroundings& around, QWidget* window)
         {m_control->access(), around.views->source(), around.ports.wallTime}, window, this);
     m_lookBack = lookBack;
     around.ui.centralLayout->insertWidget(0, lookBack->band());
-    around.ui.centralLayout->addWidget(lookBack->bar());
+    around.ui.rightLayout->addWidget(lookBack->bar());
     around.views->setPast(lookBack->source(), lookBack->past());
     connect(lookBack, &LookBack::monitoringChanged, around.views, &LdbViews::setPastMonitoring);
+    connect(lookBack, &LookBack::momentTold, around.views, &LdbViews::setToldMonitoring);
     connect(lookBack->source(), &RecordSource::ldbListChanged, around.views, &LdbViews::keepKnown);
     connect(around.views, &LdbViews::monitoringTold, lookBack,
             [lookBack](const Monitoring& monitoring) {
@@ -182,7 +183,7 @@ void Evidence::showQuality(const Surroundings& around)
 void Evidence::makeIndicator(const Surroundings& around)
 {
     m_indicator = new RecordingIndicator(m_control, around.ui.statusBar);
-    around.ui.statusBar->insertPermanentWidget(0, m_indicator);
+    around.ui.statusBar->insertPermanentWidget(1, m_indicator); // behind the events
     connect(
         m_indicator, &RecordingIndicator::failed, this,
         [notices = around.notices](const QString& folder) {

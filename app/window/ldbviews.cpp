@@ -179,6 +179,11 @@ void LdbViews::setPastMonitoring(const Monitoring& monitoring)
     m_pastPlot->setMonitoring(monitoring);
 }
 
+void LdbViews::setToldMonitoring(const Monitoring& monitoring)
+{
+    m_pastPlot->setMonitoring(monitoring);
+}
+
 void LdbViews::processReplaced(const QStringList& hexIds)
 {
     // The lamps begin anew when the whole bus is monitored again.

@@ -42,6 +42,8 @@ public:
     void setLookingBack(bool isLookingBack);
     /// What was live at the moment that is shown.
     void setPastMonitoring(const Monitoring& monitoring);
+    /// What was live when the past record was told that comes next.
+    void setToldMonitoring(const Monitoring& monitoring);
     /// Whether the program waits for the port.
     void setWaiting(bool isWaiting);
     /// Drops the LDBs that the link knows no more.

@@ -5,7 +5,6 @@
 #include "serial/link/seriallink.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -13,21 +12,7 @@ namespace {
 using State = Monitoring::State;
 
 constexpr int kTick = 1000; // ms
-/// In a turn: a command now and then, and the selected LDB in between.
-constexpr double kRoomInTurn = 1.1;
-/// An LDB that does not answer is asked two things in its turn, each twice.
-constexpr qint64 kQuestions = 4;
-/// After so long without any answer, ms, the bus is no longer monitored, however many are silent.
-constexpr qint64 kLongestQuiet = 20000;
 using microseconds::kMillisecond;
-/// More than any wait for an answer, ms; a clock that was set must not look like one.
-constexpr qint64 kLongestSilence = 10000;
-
-bool isPoll(ExchangeKind kind)
-{
-    return kind == ExchangeKind::Status || kind == ExchangeKind::Name ||
-           kind == ExchangeKind::Firmware;
-}
 
 } // namespace
 
@@ -40,13 +25,14 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::ldbListInitializationStateChange, this, &Monitor::processScan);
     connect(link, &SerialLink::opened, this, [this] { m_isOpen = true; });
     connect(link, &SerialLink::roundBegun, this, &Monitor::poll);
-    connect(link, &SerialLink::usualTurnTold, this, [this](qint64 time) {
-        m_turn = std::lround(kRoomInTurn * static_cast<double>(time) / kMillisecond);
-    });
+    connect(link, &SerialLink::usualTurnTold, this,
+            [this](qint64 time) { m_pace.setTurn(BusPace::turnOf(time)); });
     connect(link, &SerialLink::awaitedChanged, this, &Monitor::tell);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
     connect(link, &SerialLink::stopped, this, &Monitor::end);
     connect(link, &SerialLink::exchanged, this, &Monitor::processExchange);
+    connect(link, &SerialLink::ldbDisconnected, this,
+            [this](const QString& hexId) { m_pace.lose(hexId); });
     connect(link, &SerialLink::polledAloneChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbListChanged, this, &Monitor::tell);
     connect(link, &SerialLink::ldbStateUpdated, this, &Monitor::tell);
@@ -93,16 +79,13 @@ Monitoring Monitor::monitoring() const
     result.portName = m_failedPort;
     result.polledAlone = m_link->polledAlone();
     result.from = m_from;
-    result.lifetime = lifetime(silence());
     result.known = m_link->knownLdbs().size();
+    result.lifetime = m_pace.lifetime(result.known);
     result.awaited = awaitedLdbs();
     result.lost = result.known - result.awaited - m_link->connectedLdbs().size();
     if (m_state == State::Polling) {
         const qint64 heard = std::max(m_lastAnswer.value_or(m_polledSince), m_polledSince);
-        // Any LDB counts here: how long it is until one is asked again makes no difference.
-        const qint64 quiet =
-            std::clamp(silence() + turns(), Monitoring::kShortestLife, kLongestQuiet);
-        if (result.now - heard > quiet) {
+        if (result.now - heard > m_pace.longestQuiet(result.known)) {
             result.state = State::NoAnswer;
             result.since = heard;
         }
@@ -118,44 +101,18 @@ int Monitor::awaitedLdbs() const
     }));
 }
 
-qint64 Monitor::turns() const
-{
-    return Monitoring::roundOf(m_link->knownLdbs().size(), turn());
-}
-
-qint64 Monitor::silence() const
-{
-    // Who is lost, or has left the list, is no longer waited for.
-    qint64 sum = 0;
-    for (auto silence = m_silences.begin(); silence != m_silences.end(); ++silence) {
-        sum += m_link->isConnected(silence.key()) ? silence.value() : 0;
-    }
-    return sum;
-}
-
-qint64 Monitor::lifetime(qint64 silence) const
-{
-    return Monitoring::lifetimeOf(m_link->knownLdbs().size(), silence, turn());
-}
-
 void Monitor::processExchange(const Exchange& exchange)
 {
-    if (!isPoll(exchange.kind)) {
-        return;
+    if (BusPace::isPoll(exchange.kind)) {
+        m_pace.take(exchange.hexId, exchange.outcome == ExchangeOutcome::Silent,
+                    m_wallTime() - exchange.sentAt / kMillisecond);
     }
-    if (exchange.outcome != ExchangeOutcome::Silent) {
-        m_silences.remove(exchange.hexId);
-        return;
-    }
-    const qint64 waited = m_wallTime() - exchange.sentAt / kMillisecond;
-    m_silences.insert(exchange.hexId, kQuestions * std::clamp(waited, qint64(0), kLongestSilence));
 }
 
 void Monitor::begin()
 {
     m_failedPort.clear();
-    m_silences.clear();
-    m_turn.reset();
+    m_pace.clear();
     m_isOpen = false;
     m_isScanning = false;
     m_from = followClock();

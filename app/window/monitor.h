@@ -1,15 +1,14 @@
 #pragma once
 
+#include "serial/ldb/buspace.h"
 #include "serial/ldb/monitoring.h"
 
-#include <QHash>
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
 #include <optional>
 
-struct Exchange;
 class SerialLink;
 
 /// Composes what is monitored, from what the link tells: the one place that decides it. Knows no
@@ -43,12 +42,6 @@ private:
     /// would be told of no more.
     qint64 followClock();
     int awaitedLdbs() const;
-    /// How long a round lasts on which all is well, ms.
-    qint64 turns() const;
-    qint64 turn() const { return m_turn.value_or(Monitoring::kTurn); }
-    /// How much longer it lasts for those that do not answer, ms.
-    qint64 silence() const;
-    qint64 lifetime(qint64 silence) const;
     void tell();
 
     const SerialLink* m_link;
@@ -60,9 +53,7 @@ private:
     qint64 m_polledSince = 0;      ///< the last scan ended
     std::optional<qint64> m_lastAnswer;
     qint64 m_latest = 0; ///< time seen on the clock
-    /// Of each LDB that has not answered its last question and is not lost, ms of a round.
-    QHash<QString, qint64> m_silences;
-    std::optional<qint64> m_turn; ///< the part of a round that an LDB takes here, ms
+    BusPace m_pace;
     QString m_failedPort;
     bool m_isOpen = false; ///< the port, in this run
     bool m_isScanning = false;

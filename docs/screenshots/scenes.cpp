@@ -13,6 +13,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -145,6 +146,23 @@ void shootEvents(Stage& stage)
     stage.click(QStringLiteral("eventsButton"));
 }
 
+/// The moment of the event before, as a moment is looked for after a fault.
+void shootPast(Stage& stage)
+{
+    constexpr int kBackSteps = 3; // of ten seconds
+    auto* bar = stage.child<QWidget>(QStringLiteral("timeBar"));
+    bar->setFocus();
+    for (int step = 0; step < kBackSteps; ++step) {
+        QKeyEvent back(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar, &back);
+        Stage::pass(1);
+    }
+    stage.shoot(&stage.window(), QStringLiteral("look-back"));
+    QKeyEvent live(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(bar, &live);
+    Stage::pass(1);
+}
+
 void shootReport(Stage& stage)
 {
     stage.child<QAction>(QStringLiteral("reportAction"))->trigger();
@@ -189,6 +207,7 @@ void overview(const Stage::Options& options)
     shootDialogs(stage);
     shootEvidence(stage);
     shootEvents(stage);
+    shootPast(stage);
     shootReport(stage);
     shootLanguages(stage);
 }

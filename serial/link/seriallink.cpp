@@ -99,7 +99,6 @@ void SerialLink::stop()
         return;
     }
     m_running = false;
-    m_processor->disconnect(this);
     setPolledAlone(QString());
     if (m_thread) {
         m_thread->quit();
@@ -108,10 +107,20 @@ void SerialLink::stop()
     }
     if (hasThreadEnded()) {
         dropPosted();
+        tellLastExchanges();
     } else {
         qWarning("The serial worker takes long to end");
     }
+    m_processor->disconnect(this);
     emit stopped();
+}
+
+/// An exchange is over only when the next one begins, or the run ends.
+void SerialLink::tellLastExchanges()
+{
+    m_isEnding = true;
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+    m_isEnding = false;
 }
 
 /// Waits for the worker that has been told to end; whether there is none any more.
@@ -278,7 +287,14 @@ void SerialLink::followRun()
     using Processor = SerialProcessor;
     follow(&Processor::opened, &SerialLink::opened);
     follow(&Processor::stopped, &SerialLink::stop);
-    follow(&Processor::exchanged, &SerialLink::exchanged);
+    connect(
+        m_processor.get(), &Processor::exchanged, this,
+        [this, run = m_run](const Exchange& exchange) {
+            if ((m_running || m_isEnding) && run == m_run) {
+                emit exchanged(exchange);
+            }
+        },
+        Qt::QueuedConnection);
     follow(&Processor::roundBegun, &SerialLink::roundBegun);
     follow(&Processor::roundEnded, &SerialLink::roundEnded);
     follow(&Processor::usualTurnTold, &SerialLink::usualTurnTold);

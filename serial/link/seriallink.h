@@ -130,6 +130,7 @@ private:
     void postToRun(Task task);
     bool hasThreadEnded();
     void dropPosted();
+    void tellLastExchanges();
     void followRun();
     template <typename Signal, typename Handler>
     void follow(Signal signal, Handler handler);
@@ -147,6 +148,7 @@ private:
     std::unique_ptr<QThread> m_thread; ///< none if the processor lives in this one
     std::unique_ptr<SerialProcessor> m_processor;
     bool m_running = false;
+    bool m_isEnding = false; ///< the last exchanges of a run that has ended are being told
     int m_run = 0;
     QString m_portName;
     QString m_polledAlone;

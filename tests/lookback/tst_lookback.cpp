@@ -2,6 +2,8 @@
 #include "app/lookback/lookback.h"
 #include "app/lookback/shownsource.h"
 #include "app/recording/recordingcontrol.h"
+#include "app/window/ldbviews.h"
+#include "recording/recordingexport.h"
 #include "recording/recordingreader.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
@@ -16,7 +18,7 @@ constexpr TimeSpan kAll{0, std::numeric_limits<qint64>::max()};
 constexpr double kPlotSpan = 600000; // ms
 const QStringList kBus{"03", "0A", "2B", "FD"};
 
-/// The texts of a view, with what is live of it.
+/// The texts of a view, with what is grey of it.
 QStringList textsOf(const QTableView& view)
 {
     QStringList texts;
@@ -24,7 +26,9 @@ QStringList textsOf(const QTableView& view)
     for (int row = 0; row < model->rowCount(); ++row) {
         QStringList cells;
         for (int column = 0; column < model->columnCount(); ++column) {
-            cells << model->index(row, column).data().toString();
+            const QModelIndex index = model->index(row, column);
+            cells << index.data().toString() +
+                         index.data(Qt::ForegroundRole).value<QBrush>().color().name();
         }
         texts << cells.join('|');
     }
@@ -52,14 +56,34 @@ private slots:
     {
         QFETCH(int, minutes);
         open(kBus);
+        auto* recorder = control()->recorder();
+        std::vector<RecordedEvent> events;
+        connect(recorder, &Recorder::eventRecorded, m_window.get(),
+                [&events](const RecordedEvent& event) { events.push_back(event); });
+        std::map<qint64, Monitoring> monitored;
+        connect(m_window->findChild<LdbViews*>(), &LdbViews::monitoringTold, m_window.get(),
+                [&monitored, recorder](const Monitoring& monitoring) {
+                    monitored[recorder->moment()] = monitoring;
+                });
+        const QString log = setLogPath();
+        child<QSpinBox>("logSpeedSpinBox")->setValue(3);
+        child<QRadioButton>("logAllRadioButton")->click();
+        click("logStartStopButton");
         std::size_t told = 0;
-        std::map<std::size_t, QStringList> shown;
+        struct Shown
+        {
+            double plotFrom;
+            QStringList picture;
+        };
+        std::map<std::size_t, Shown> shown;
+        connect(m_window->findChild<LdbViews*>(), &LdbViews::selectedLdbChanged, m_window.get(),
+                [this] { beginPlot(); });
         std::vector<QList<QStringList>> tellings;
         const auto note = [this, &told, &shown, &tellings](const QString&,
                                                            const QList<QStringList>& rows) {
             tellings.push_back(rows);
             if (++told % 23 == 0) {
-                shown[told - 1] = picture();
+                shown[told - 1] = {m_plotFrom, picture(m_plotFrom)};
             }
         };
         // Behind the views.
@@ -70,45 +94,52 @@ private slots:
                 Qt::QueuedConnection);
         live(minutes);
         click("startButton");
-        VirtualTime::current()->advance(2000);
+        VirtualTime::current()->advance(20000);
+        click("logStartStopButton");
 
         RecordingReader reader(control()->folder());
         const auto records = reader.records({}, kAll);
-        // What is told in the last instant of a run has no transmission behind it that tells of it.
-        std::map<std::size_t, std::size_t> recordOf;
-        for (std::size_t i = 0, record = 0; i < told && record < records.size(); ++i) {
-            if (records[record].rows == tellings[i]) {
-                recordOf[i] = record++;
-            }
+        QCOMPARE(records.size(), told);
+        for (std::size_t i = 0; i < told; ++i) {
+            QCOMPARE(records[i].rows, tellings[i]);
         }
-        QCOMPARE(recordOf.size(), records.size());
-        QVERIFY(told - records.size() < 6);
         QVERIFY(shown.size() > 50);
         source->disconnect(m_window.get());
         int different = 0;
         for (const auto& [telling, live] : shown) {
-            if (recordOf.count(telling) == 0) {
-                continue;
-            }
-            const std::size_t index = recordOf[telling];
-            lookBack()->goTo(records[index].at);
+            lookBack()->goTo(records[telling].at);
             VirtualTime::current()->advance(1);
-            QCOMPARE(lookBack()->shown(), std::make_optional(records[index].at));
-            const QStringList now = picture();
-            if (now != live && ++different < 4) {
-                qWarning() << "at" << index << records[index].hexId;
-                for (int i = 0; i < qMax(now.size(), live.size()); ++i) {
-                    if (now.value(i) != live.value(i)) {
-                        qWarning().noquote()
-                            << "live  " << live.value(i) << "\nreplay" << now.value(i);
+            QCOMPARE(lookBack()->shown(), std::make_optional(records[telling].at));
+            const QStringList now = picture(live.plotFrom);
+            if (now != live.picture && ++different < 4) {
+                qWarning() << "at" << telling << records[telling].hexId
+                           << QString::number(live.plotFrom, 'f', 0);
+                const auto tell = [](const char* who, const QStringList& has,
+                                     const QStringList& lacks) {
+                    for (const QString& line : has) {
+                        if (!lacks.contains(line)) {
+                            qWarning().noquote() << who << line;
+                        }
                     }
-                }
+                };
+                tell("live  ", live.picture, now);
+                tell("replay", now, live.picture);
             }
         }
         QCOMPARE(different, 0);
         const auto recorded = reader.events(kAll);
         QVERIFY(recorded.size() > 10);
         QVERIFY(m_window->findChild<TimeBar*>()->content().events == recorded);
+        std::stable_sort(events.begin(), events.end(),
+                         [](const RecordedEvent& left, const RecordedEvent& right) {
+                             return left.at < right.at;
+                         });
+        QVERIFY(recorded == events);
+        QBuffer exported;
+        QVERIFY(exported.open(QIODevice::WriteOnly));
+        QCOMPARE(recordingexport::writeLog(reader, kAll, {{}, 3}, exported), QString());
+        QCOMPARE(QString::fromUtf8(exported.data()), Sandbox::readFile(log));
+        compareMonitoring(monitored);
     }
 
     void nothingIsSentAndLiveGoesOn()
@@ -154,7 +185,8 @@ private slots:
         QVERIFY(Sandbox::readFile(log).count('\n') > logged + 20);
         QCOMPARE(text("0A", overview::ModeColumn), mode);
 
-        lookBack()->press(BarKey::Live);
+        overview()->setFocus();
+        QTest::keyClick(overview(), Qt::Key_Escape);
         QCOMPARE(lookBack()->shown(), std::optional<qint64>());
         QVERIFY(!child<QWidget>("recordedBand")->isVisible());
         QVERIFY(text("0A", overview::ModeColumn) != mode);
@@ -226,11 +258,56 @@ private slots:
     }
 
 private:
+    /// What the strip said, and by what the views were live or grey.
+    void compareMonitoring(const std::map<qint64, Monitoring>& monitored)
+    {
+        RecordingReader reader(control()->folder());
+        const TimeSpan extent = *reader.extent();
+        const auto text = [](const Monitoring& monitoring) {
+            return QStringLiteral("state %1 since %2 alone %3 from %4 lifetime %5 known %6 lost %7")
+                .arg(static_cast<int>(monitoring.state))
+                .arg(monitoring.since.value_or(0))
+                .arg(monitoring.polledAlone)
+                .arg(monitoring.from)
+                .arg(monitoring.lifetime)
+                .arg(monitoring.known)
+                .arg(monitoring.lost);
+        };
+        const auto isSame = [](const Monitoring& left, const Monitoring& right) {
+            // A round's time is told a while before its first question is asked.
+            const auto isClose = [](qint64 a, qint64 b) {
+                return qAbs(a - b) < 1000;
+            };
+            return left.state == right.state && left.polledAlone == right.polledAlone &&
+                   isClose(left.since.value_or(0), right.since.value_or(0)) &&
+                   (!left.isPolling() ||
+                    (isClose(left.from, right.from) && qAbs(left.lifetime - right.lifetime) < 50 &&
+                     left.known == right.known && left.lost == right.lost));
+        };
+        int different = 0;
+        int compared = 0;
+        std::map<int, int> states;
+        for (const auto& [at, live] : monitored) {
+            if (at < extent.from || at >= extent.to || ++compared % 7 != 0) {
+                continue;
+            }
+            Replay replay;
+            replay.show(moment::read(reader, at, {}));
+            ++states[static_cast<int>(live.state)];
+            if (!isSame(replay.monitoring(), live) && ++different < 12) {
+                qWarning().noquote() << live.clockText(live.now) << "live  " << text(live)
+                                     << "\nreplay" << text(replay.monitoring());
+            }
+        }
+        QCOMPARE(different, 0);
+        QVERIFY(states.size() >= 3);
+    }
+
     LookBack* lookBack() const { return m_window->findChild<LookBack*>(); }
     RecordingControl* control() const { return m_window->findChild<RecordingControl*>(); }
 
-    /// Everything that the window shows of the bus, but how old it is.
-    QStringList picture() const
+    /// Everything that the window shows of the bus, but how old it is; of the plot from a time on.
+    QStringList picture(double plotFrom = 0) const
     {
         QStringList lines = textsOf(*overview());
         const auto* details = child<QTableView>("deviceDetailTableView")->model();
@@ -240,6 +317,9 @@ private:
         for (const char* lamp : {"lampALabel", "lampBLabel", "lampCLabel", "lampDLabel"}) {
             lines << child<QLabel>(lamp)->accessibleName();
         }
+        for (const QString& hexId : kBus) {
+            lines << hexId + (isLive(hexId) ? " live" : " old");
+        }
         for (const char* page :
              {"lampCausesA", "lampCausesB", "lampCausesC", "lampCausesD", "lampCausesOut"}) {
             const auto* list = child<QListWidget>(page);
@@ -247,11 +327,11 @@ private:
                 lines << page + (' ' + list->item(row)->text());
             }
         }
-        return lines + curves();
+        return lines + curves(plotFrom);
     }
 
     /// The values of ten minutes of the chart that is shown.
-    QStringList curves() const
+    QStringList curves(double plotFrom) const
     {
         QStringList lines;
         for (const Plot* plot : m_window->findChildren<Plot*>()) {
@@ -259,12 +339,14 @@ private:
             if (!plot->isVisible() || history.isEmpty()) {
                 continue;
             }
-            const double from = history.newestTime() - kPlotSpan + 60000;
+            const double from = std::max(plotFrom, history.newestTime() - kPlotSpan + 60000);
             for (int i = history.firstNotBefore(from); i < history.size(); ++i) {
+                QString line = history.isRecord(i) ? "curve " : "gap ";
+                line += QString::number(history.times()[i], 'f', 0);
                 if (!history.isRecord(i)) {
-                    continue; // a gap
+                    lines << line;
+                    continue;
                 }
-                QString line = QStringLiteral("curve");
                 for (const int curve : history.curves()) {
                     line += ' ' + QString::number(history.values(curve)[i]);
                 }
@@ -301,6 +383,8 @@ private:
                 break;
             case 4:
                 click("startButton");
+                VirtualTime::current()->advance(10000);
+                beginPlot();
                 click("startButton");
                 break;
             case 5:
@@ -313,6 +397,7 @@ private:
             VirtualTime::current()->advance(10000);
         }
     }
+    void beginPlot() { m_plotFrom = static_cast<double>(m_bus->ports().wallTime()); }
     void setLeakage(bool isThere)
     {
         m_bus->setScript([isThere](const QByteArray& body) -> std::optional<QByteArray> {
@@ -325,6 +410,8 @@ private:
             return TestBus::framed(answer);
         });
     }
+
+    double m_plotFrom = 0; ///< ms; what is drawn of before came out of the recording, too
 };
 
 REGISTER_TEST(TestLookBack, InVirtualTime<QApplication>)

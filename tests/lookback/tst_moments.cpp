@@ -109,8 +109,8 @@ private slots:
         QCOMPARE(told.back(), "awaited 2B");
         QCOMPARE(told.count("awaited 03"), 0);
         // The past of the plot ends where the records that are told begin.
-        QVERIFY(!replay.past().empty());
-        QCOMPARE(replay.past().back().hexId, "03");
+        QVERIFY(!replay.past().records.empty());
+        QCOMPARE(replay.past().records.back().hexId, "03");
     }
 
     /// However it is cut, what is played is what is recorded: no record twice, none left out.

@@ -52,6 +52,9 @@ EventGroup groupOf(const RecordedEvent& event)
     case EventKind::Gap:
     case EventKind::ClockSet:
     case EventKind::Listed:
+    case EventKind::TurnTold:
+    case EventKind::PolledAlone:
+    case EventKind::ScanTold:
         break;
     }
     return EventGroup::Recording;
@@ -107,6 +110,9 @@ QColor colourOf(const RecordedEvent& event)
     case EventKind::RunEnded:
     case EventKind::ClockSet:
     case EventKind::Listed:
+    case EventKind::TurnTold:
+    case EventKind::PolledAlone:
+    case EventKind::ScanTold:
         break;
     }
     return colours::kEventOther;
