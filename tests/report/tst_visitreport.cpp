@@ -331,7 +331,7 @@ private slots:
               QString("not monitored from %1 to").arg(momentText(stopped)),
               QString("17 exchanges from"),
               momentText(begin + kSecond) +
-                  ": before an import (north.csv) the former settings were kept of 2B.",
+                  ": before an import (north.csv), the former settings of 2B were kept.",
               QString("a fault at the end (1): 0A (Loop: Open).")}) {
             QVERIFY2(html.count(expected) == 1, qPrintable(expected));
         }
