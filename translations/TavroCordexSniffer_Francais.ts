@@ -4808,6 +4808,14 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <source>LDB %1: what fault finding has changed is being put back.</source>
         <translation>LDB %1 : ce que la recherche de défaut a modifié est en cours de remise en place.</translation>
     </message>
+    <message>
+        <source>Import of &quot;%1&quot;: what is not written is still a change of the table.</source>
+        <translation>Importation de « %1 » : ce qui n&apos;est pas écrit reste une modification du tableau.</translation>
+    </message>
+    <message>
+        <source>Discard the Rest</source>
+        <translation>Abandonner le reste</translation>
+    </message>
 </context>
 <context>
     <name>TimeBar</name>

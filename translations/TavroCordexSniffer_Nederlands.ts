@@ -4808,6 +4808,14 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>LDB %1: what fault finding has changed is being put back.</source>
         <translation>LDB %1: wat het zoeken naar fouten heeft gewijzigd wordt teruggezet.</translation>
     </message>
+    <message>
+        <source>Import of &quot;%1&quot;: what is not written is still a change of the table.</source>
+        <translation>Import van &quot;%1&quot;: wat niet is geschreven, is nog een wijziging van de tabel.</translation>
+    </message>
+    <message>
+        <source>Discard the Rest</source>
+        <translation>De rest weggooien</translation>
+    </message>
 </context>
 <context>
     <name>TimeBar</name>

@@ -39,11 +39,11 @@ constexpr int kCellMargin = 6;
 int lettersOf(int column)
 {
     constexpr int kNumber = 10;
-    constexpr int kUsual = 13;
+    constexpr int kUsual = 11;
     constexpr int kId = 11;   // beside the mark of the sorting
     constexpr int kName = 27; // an edited one stands beside what it was
     constexpr int kTime = 10;
-    constexpr int kFirmware = 15;
+    constexpr int kFirmware = 19;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;

@@ -95,8 +95,8 @@ void SettingsTableWindow::follow()
         showProgress(tr("Writing: %n left", nullptr, left), left, total);
     });
     connect(m_writing, &TableWriting::changed, this, [this] {
-        if (!m_writing->isOn()) {
-            m_import->end();
+        if (!m_writing->isOn() && m_import->isOn()) {
+            m_import->endWriting();
         }
         updateActions();
     });

@@ -37,21 +37,30 @@ void TableImport::take(const TableFile& file)
 {
     m_file = file;
     m_isOn = true;
+    m_isWritten = false;
     m_model->edit(file.edits(), tr("Import of %1").arg(file.name()));
     show();
 }
 
-void TableImport::readOtherwise()
+std::vector<SettingsTableModel::CellEdit> TableImport::unwritten() const
 {
     std::vector<SettingsTableModel::CellEdit> edits;
     for (const SettingsTableModel::CellEdit& edit : m_file.edits()) {
         const TableRow* row = m_model->find(edit.hexId);
         // What the user has changed since stays.
-        const bool isImported = row != nullptr && row->isEdited(edit.field) &&
-                                isSameField(edit.field, row->wanted, *edit.values);
-        if (isImported) {
-            edits.push_back({edit.hexId, edit.field, std::nullopt});
+        if (row != nullptr && row->isEdited(edit.field) &&
+            isSameField(edit.field, row->wanted, *edit.values)) {
+            edits.push_back(edit);
         }
+    }
+    return edits;
+}
+
+void TableImport::readOtherwise()
+{
+    std::vector<SettingsTableModel::CellEdit> edits = unwritten();
+    for (SettingsTableModel::CellEdit& edit : edits) {
+        edit.values.reset();
     }
     m_file.setReading(m_file.otherReading());
     m_transfer->planWith(m_file.reading());
@@ -66,6 +75,12 @@ void TableImport::show()
 {
     if (!m_isOn) {
         m_bar->hide();
+        return;
+    }
+    if (m_isWritten) {
+        m_bar->show(tr("Import of \"%1\": what is not written is still a change of the table.")
+                        .arg(m_file.name()),
+                    QString(), QString(), tr("Discard the Rest"), false);
         return;
     }
     const bool isAgainst = m_file.fitsBetterOtherwise(m_model->rows());
@@ -86,11 +101,21 @@ void TableImport::end()
     show();
 }
 
+void TableImport::endWriting()
+{
+    m_isWritten = true;
+    if (unwritten().empty()) {
+        end();
+    } else {
+        show();
+    }
+}
+
 void TableImport::discard()
 {
-    std::vector<SettingsTableModel::CellEdit> edits;
-    for (const SettingsTableModel::CellEdit& edit : m_file.edits()) {
-        edits.push_back({edit.hexId, edit.field, std::nullopt});
+    std::vector<SettingsTableModel::CellEdit> edits = m_isWritten ? unwritten() : m_file.edits();
+    for (SettingsTableModel::CellEdit& edit : edits) {
+        edit.values.reset();
     }
     m_model->edit(edits, tr("Discard the Import"));
     refuse();

@@ -30,9 +30,9 @@ public:
     void take(const TableFile& file);
     /// Takes the file whose import the transfer has planned, with what that has read from the LDBs.
     void takePlan(const QDateTime& now);
-    /// Its values have been written.
-    void end();
-    /// Its values are no longer edits.
+    /// Its values have been written, but for those that are edits still.
+    void endWriting();
+    /// Its values are no edits any more.
     void refuse();
 
     /// Shows the bar, in the language in force, or hides it.
@@ -46,6 +46,9 @@ signals:
 private:
     void readOtherwise();
     void discard();
+    void end();
+    /// Its values that are edits still.
+    std::vector<SettingsTableModel::CellEdit> unwritten() const;
 
     SettingsTransfer* m_transfer;
     SettingsTableModel* m_model;
@@ -53,4 +56,5 @@ private:
     std::function<bool(const QString&)> m_isPending;
     TableFile m_file; ///< where one is open
     bool m_isOn = false;
+    bool m_isWritten = false;
 };

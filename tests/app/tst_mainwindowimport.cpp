@@ -90,6 +90,23 @@ private slots:
         QVERIFY(boxes().isEmpty());
     }
 
+    void restOfAnImportCanBeDiscarded()
+    {
+        const QString path = exported();
+        m_bus->change("03", "03", "1E00");
+        m_window->findChild<SettingsTransfer*>()->importFrom(path);
+        WAIT_VERIFY(table()->isVisible());
+        openPreview();
+        writeButton()->click(); // of 3, 10 and 253, read as hexadecimal, only 3 is there
+        WAIT_COMPARE(boxes().size(), 1);
+        QVERIFY(table()->underWay() != nullptr);
+        const auto* bar = table()->findChild<QFrame*>("importBar");
+        QVERIFY(bar->isVisible());
+        bar->findChild<QPushButton*>("barCloseButton")->click();
+        QVERIFY(table()->underWay() == nullptr);
+        QVERIFY(!bar->isVisible());
+    }
+
     void putsBackWhatAnImportChanged()
     {
         startWindow();
