@@ -1,5 +1,6 @@
 #include "history/formersettings.h"
 
+#include "app/shared/wholefile.h"
 #include "history/settingsjson.h"
 
 #include <QCoreApplication>
@@ -8,7 +9,6 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -104,14 +104,12 @@ QString FormerSettingsStore::keep(const FormerSettings& former) const
         return QCoreApplication::translate("FormerSettings", "The folder %1 cannot be made.")
             .arg(QDir::toNativeSeparators(m_folder));
     }
-    // Its commit puts the bytes onto the disk.
-    QSaveFile file(freePath(QDir(m_folder), former.at));
-    const QByteArray bytes = QJsonDocument(toJson(former)).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QCoreApplication::translate("FormerSettings", "The file %1 cannot be written: %2.")
-            .arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
-    }
-    return {};
+    const QString path = freePath(QDir(m_folder), former.at);
+    const QString reason = WholeFile::write(path, QJsonDocument(toJson(former)).toJson());
+    return reason.isEmpty()
+               ? reason
+               : QCoreApplication::translate("FormerSettings", "The file %1 cannot be written: %2.")
+                     .arg(QDir::toNativeSeparators(path), reason);
 }
 
 std::vector<FormerSettings> FormerSettingsStore::all() const

@@ -1,5 +1,6 @@
 #include "history/installation.h"
 
+#include "app/shared/wholefile.h"
 #include "history/installationfile.h"
 
 #include <QCoreApplication>
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <tuple>
@@ -29,13 +29,10 @@ QString filePathIn(const QString& folder)
 
 QString write(const QString& path, const QByteArray& bytes)
 {
-    // Its commit puts the bytes onto the disk before it takes the old file's place.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return Texts::tr("The file %1 cannot be written: %2.")
-            .arg(QDir::toNativeSeparators(path), file.errorString());
-    }
-    return {};
+    const QString reason = WholeFile::write(path, bytes);
+    return reason.isEmpty() ? reason
+                            : Texts::tr("The file %1 cannot be written: %2.")
+                                  .arg(QDir::toNativeSeparators(path), reason);
 }
 
 /// Where it lies now; its own path if it could not be moved.

@@ -1,5 +1,6 @@
 #include "history/keptldbs.h"
 
+#include "app/shared/wholefile.h"
 #include "history/settingsjson.h"
 
 #include <QCoreApplication>
@@ -10,7 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -67,14 +67,12 @@ QString write(const QString& path, const std::vector<KeptLdb>& ldbs)
     for (const KeptLdb& ldb : ldbs) {
         array.append(toJson(ldb));
     }
-    // Its commit puts the bytes onto the disk before it takes the old file's place.
-    QSaveFile file(path);
-    const QByteArray bytes = QJsonDocument(QJsonObject{{kLdbs, array}}).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        return QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
-            .arg(QDir::toNativeSeparators(path), file.errorString());
-    }
-    return {};
+    const QString reason =
+        WholeFile::write(path, QJsonDocument(QJsonObject{{kLdbs, array}}).toJson());
+    return reason.isEmpty()
+               ? reason
+               : QCoreApplication::translate("KeptLdbs", "The file %1 cannot be written: %2.")
+                     .arg(QDir::toNativeSeparators(path), reason);
 }
 
 /// What can be understood of it. A damaged file is copied aside, and what was understood remains.

@@ -76,7 +76,7 @@ public slots:
     /// lives until the end is told. Null where no plan waits for its yes.
     SettingsBatch* write(std::vector<LdbChange> changes);
 
-    /// Ends the transfer behind the LDB under way: `stopped()` comes in place of a status, perhaps
+    /// Ends the transfer after the LDB under way: `stopped()` comes in place of a status, perhaps
     /// before this returns.
     void stop();
     /// Ends the transfer: no further LDB is asked or written, and no status comes any more.

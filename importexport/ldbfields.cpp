@@ -48,6 +48,8 @@ constexpr const Field& entryOf(LdbField field)
     return kFields[static_cast<std::size_t>(field)];
 }
 
+constexpr QChar kNoBreakSpace(0xA0);
+
 QString valueText(const QString& name)
 {
     return name.isEmpty() ? Texts::tr("no name") : name;
@@ -162,10 +164,32 @@ QString fieldName(LdbField field)
     return Texts::tr(entryOf(field).name);
 }
 
+QString fieldHead(LdbField field)
+{
+    constexpr const char* kHeads[] = {
+        QT_TRANSLATE_NOOP("TableHeads", "Name"),
+        QT_TRANSLATE_NOOP("TableHeads", "Number of FIM's"),
+        QT_TRANSLATE_NOOP("TableHeads", "Open Detection Delay"),
+        QT_TRANSLATE_NOOP("TableHeads", "General Fault Output"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Leakage Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Earth Wire Open Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
+        QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
+        QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
+    return QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+}
+
+QString fieldUnit(LdbField field)
+{
+    return field == LdbField::OpenDetectionDelay ? QStringLiteral("s") : QString();
+}
+
 QString fieldValue(LdbField field, const LdbSettings& settings)
 {
-    return std::visit([&](auto member) { return valueText(settings.*member); },
-                      entryOf(field).member);
+    const QString value =
+        std::visit([&](auto member) { return valueText(settings.*member); }, entryOf(field).member);
+    const QString unit = fieldUnit(field);
+    return unit.isEmpty() ? value : value + kNoBreakSpace + unit;
 }
 
 LdbParameter parameterOf(LdbField field)

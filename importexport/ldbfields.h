@@ -52,8 +52,12 @@ QVariant fieldVariant(LdbField field, const LdbSettings& settings);
 /// False, and nothing changes, for a value that no LDB can store.
 bool setFieldVariant(LdbField field, const QVariant& value, LdbSettings& settings);
 
-/// The field's name, and its value as words, in the language in force.
+/// The field's name, and its value as words and with its unit, in the language in force.
 QString fieldName(LdbField field);
+/// The name, shortened in some languages, for a column.
+QString fieldHead(LdbField field);
+/// What a number of this field counts, as a sign; empty for a mere number.
+QString fieldUnit(LdbField field);
 QString fieldValue(LdbField field, const LdbSettings& settings);
 
 /// What an LDB has after a factory reset. What tells one LDB from another, its name and its number

@@ -24,7 +24,7 @@ public:
 
     /// Begins, from the event loop; once.
     void start();
-    /// Ends behind the LDB under way; `finished()` comes from the event loop.
+    /// Ends after the LDB under way; `finished()` comes from the event loop.
     void stop();
 
     /// The LDBs not begun.

@@ -1,5 +1,7 @@
 #include "recording/eventfinder.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -9,22 +11,21 @@
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
-constexpr qint64 kMinute = 60 * kSecond;
+using microseconds::kMinute;
 
-/// So many beginnings within a time are flapping: fast, or slowly and without an end.
+/// What flapping is: so many begins within a time, either fast, or slowly and for long.
 struct Flapping
 {
     std::size_t begins;
     qint64 within;
-    qint64 settled; ///< it is over when all keeps still for that long
+    qint64 settled; ///< flapping is over after that long without a change
 };
 constexpr Flapping kFast{4, 3 * kMinute, kMinute};
 constexpr Flapping kSlow{10, 60 * kMinute, 10 * kMinute};
-/// What never settles is told of so often.
+/// What never settles is told again after that time.
 constexpr qint64 kLongestFold = 60 * kMinute;
 
-/// A board at work goes to and fro between two modes all day: that is no change.
+/// An LDB at work alternates between measuring and quiescent all day: that is no change of mode.
 int modeOf(const LdbStatus& status)
 {
     const LdbState mode = status.state == LdbState::Measuring ? LdbState::Quiescent : status.state;
@@ -160,7 +161,7 @@ void EventFinder::changed(Track& track, bool isPresent, const RecordedEvent& eve
     }
 }
 
-/// Where it has begun too often by now.
+/// Begins to fold where the subject has begun too often.
 void EventFinder::beginFolding(Track& track, qint64 at)
 {
     track.begins.push_back(at);

@@ -14,27 +14,27 @@
 /// and goes too often is folded into one event. Pure: the time comes with each call (UTC, µs since
 /// 1970).
 ///
-/// It can be kept and taken back (`toJson`), so that a restart of the program or of the bus neither
-/// ends nor doubles an event.
+/// Its state can be saved and restored (`toJson`), so that a restart of the program or the bus
+/// neither ends an event nor doubles it.
 ///
-/// The first record since the start of the bus, or since a loss, does not show when a fault came or
-/// went: only that it did (`isVague`).
+/// The first record after a start or a loss shows that a fault came or went, but not when
+/// (`isVague`).
 class EventFinder
 {
 public:
-    /// A run begins: of what was before, nothing is known.
+    /// A run begins. What happened before it is not known.
     void runBegun();
     void heard(qint64 at, const QString& hexId, const LdbStatus& status);
     /// A record says that the LDB is lost. What is known of its faults stays.
     void lost(qint64 at, const QString& hexId);
     /// The LDBs that a scan has found, in any order.
     void scanEnded(qint64 at, QStringList found);
-    /// Nothing new: what has stopped to flap by now is told.
+    /// Tells what has stopped flapping by now; brings nothing new.
     void passed(qint64 at);
 
     std::vector<RecordedEvent> takeEvents();
 
-    /// Grows whenever what `toJson` gives is another than before.
+    /// Grows whenever the result of `toJson` changes.
     int revision() const { return m_revision; }
     QByteArray toJson() const;
     static EventFinder fromJson(const QByteArray& json);
@@ -46,23 +46,23 @@ private:
         Remembered,
         Present
     };
-    /// What a track follows; those of the faults are the numbers of `FaultPlace`.
+    /// What a track follows. Faults have the numbers of `FaultPlace`.
     enum Subject : int
     {
         Loss = 20,
-        Mode = 100 ///< and from there on: a mode's code is added
+        Mode = 100 ///< a mode is this plus its code
     };
     /// One fault of one LDB, or its loss or one of its modes, over time.
     struct Track
     {
         bool isPresent = false;
         qint64 since = 0;           ///< when it began last; 0: not known
-        std::vector<qint64> begins; ///< the latest, at most as many as make it flap
+        std::vector<qint64> begins; ///< the latest, no more than flapping takes
         // While it flaps:
         bool isFolding = false;
-        bool isSlow = false; ///< it settles later
+        bool isSlow = false; ///< it takes longer to settle
         qint64 foldedSince = 0;
-        int folded = 0; ///< begins that are not told
+        int folded = 0; ///< begins not told one by one
         qint64 lastChange = 0;
         bool isToldPresent = false;
     };

@@ -2,6 +2,7 @@
 
 #include "recording/recordedevent.h"
 #include "recording/recordedvalues.h"
+#include "recording/recorderinput.h"
 #include "serial/ldb/exchange.h"
 
 #include <QByteArray>
@@ -13,16 +14,17 @@
 /// The rows of a recording's file, as values.
 namespace filerow {
 
-// What the table of exchanges has beside them, in one order of time. Its `kind` is an
-// `ExchangeKind` with flags, or a record that says "lost".
+// The table of exchanges also has records that say "lost", in the same order of time. So its `kind`
+// is an `ExchangeKind` with flags, or `kLossTold`.
 constexpr int kKindMask = 15;
 constexpr int kExtraFlag = 16;  ///< asked between the turns
-constexpr int kPackedFlag = 64; ///< the answer is packed: it takes half the room
+constexpr int kPackedFlag = 64; ///< the answer is packed into half the bytes
 constexpr int kLossTold = 32;   ///< a record that says "lost"
 
-/// Above an `ExchangeOutcome`: which of the sound frames in a status's answer the record is of.
+/// In the bits above an `ExchangeOutcome`: which sound frame of the status answer became the
+/// record.
 constexpr int kFrameShift = 4;
-constexpr int kNoFrame = 15; ///< of none
+constexpr int kNoFrame = 15; ///< none did
 constexpr int kOutcomeMask = (1 << kFrameShift) - 1;
 
 // Of an event.
@@ -31,12 +33,12 @@ constexpr int kVagueFlag = 2;
 
 struct Transmission
 {
-    qint64 at = 0; ///< the key; the file raises it by one where two meet
+    qint64 at = 0; ///< the key; raised by one where a row has it already
     int ldb = 0;   ///< address
     int kind = 0;
     int outcome = 0; ///< with the frame
     qint64 flight = -1;
-    QByteArray request; ///< empty where kind and LDB say it
+    QByteArray request; ///< empty: the usual one of this kind and LDB
     QByteArray answer;
 };
 
@@ -44,15 +46,7 @@ struct Transmission
 constexpr int kSingleFlag = 1;
 constexpr int kBreakFlag = 2;
 
-/// The wall time that records carry from here on, or, of a single one, the record at that key.
-struct Round
-{
-    qint64 at = 0;
-    qint64 wall = 0; ///< ms since 1970 UTC
-    int offset = 0;  ///< local time less UTC, s
-    bool isSingle = false;
-    bool isBreak = false; ///< the round before was broken off, or was of another run
-};
+using input::Round;
 
 struct Run
 {

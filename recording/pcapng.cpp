@@ -31,7 +31,7 @@ void putBigEndian(QByteArray& bytes, Number number)
     bytes.append(raw, sizeof(Number));
 }
 
-/// Type and length before, the length again behind, filled up to a word.
+/// A block: type and length, the body filled up to a word, and the length again.
 QByteArray framed(quint32 type, QByteArray body)
 {
     body.append((kWord - body.size() % kWord) % kWord, '\0');

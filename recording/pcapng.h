@@ -11,7 +11,7 @@ enum class Event : quint8
 {
     Sent = 1,
     Received = 2,
-    Lost = 5 ///< of the capture something is missing here
+    Lost = 5 ///< something is missing in the capture here
 };
 
 struct Packet

@@ -3,6 +3,7 @@
 #include "serial/ldb/exchangebytes.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/microseconds.h"
 
 #include <utility>
 
@@ -10,11 +11,11 @@ using namespace generalinformation;
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-/// The clock was set when it strays by so much from one round to the next.
-constexpr qint64 kClockSet = 2000000;
+using microseconds::kMillisecond;
+/// A clock that strays by more than this from one round to the next has been set.
+constexpr qint64 kClockSet = 2 * microseconds::kSecond;
 
-/// Which of the frames the record was made of; the last where none fits.
+/// Which frame of the answer became the record; the last one where none fits.
 int frameOf(const Exchange& exchange, const QList<QStringList>& rows)
 {
     const QList<QByteArray> bodies = exchangebytes::answerBodies(exchange.answer);
@@ -39,12 +40,12 @@ RecordCollector::RecordCollector(std::function<qint64()> now)
 
 qint64 RecordCollector::moment() const
 {
-    const qint64 now = m_now() * kMicrosecondsPerMillisecond;
+    const qint64 now = m_now() * kMillisecond;
     // Within a run everything is on one time line, whatever the clock does.
     return m_isRunning ? qMax(now - m_drift, m_last) : now;
 }
 
-/// Behind what was there, so that the order stays.
+/// Never before the moment of the latest input, so that the order stays.
 qint64 RecordCollector::nextMoment()
 {
     return ++m_last;
@@ -101,17 +102,17 @@ void RecordCollector::roundBegun(const QDateTime& wall)
     m_isFormerDue = m_hasExchange;
 }
 
-/// An exchange is told when the next transmission begins: behind the begin of a round comes one of
-/// the round before.
+/// An exchange is told when the next transmission begins. So the first one told after the begin of
+/// a round is of the round before.
 void RecordCollector::putRound(const Exchange& exchange)
 {
     const bool isFirst = !std::exchange(m_hasExchange, true);
     if (!m_roundDue || std::exchange(m_isFormerDue, false) || exchange.isExtra) {
         return;
     }
-    const qint64 wall = m_roundDue->toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+    const qint64 wall = microseconds::of(*m_roundDue);
     if (isFirst && exchange.sentAt < wall) {
-        return; // the run's first one, and the round began behind it
+        return; // the run's first exchange was sent before its first round
     }
     m_round = *std::exchange(m_roundDue, std::nullopt);
     put(input::Round{exchange.sentAt, m_round.toMSecsSinceEpoch(), m_round.offsetFromUtc(), false,
@@ -169,7 +170,7 @@ void RecordCollector::putName(qint64 at, const QString& hexId, const QList<QStri
     }
 }
 
-/// Where it is not the round's.
+/// Puts the time of a record that is not its round's.
 void RecordCollector::putRecordTime(qint64 at, const QList<QStringList>& rows)
 {
     const bool isOfRound =

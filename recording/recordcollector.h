@@ -10,8 +10,8 @@
 #include <optional>
 
 /// Makes the recorder's input of what the serial link tells, in the order in which it is told. Owns
-/// no clock or thread. It keeps a limited number that the writer has not taken yet; of what does
-/// not fit it keeps that it is missing.
+/// no clock or thread. It keeps a limited number of inputs until the writer has taken them; what
+/// does not fit becomes a gap.
 class RecordCollector
 {
 public:
@@ -32,7 +32,7 @@ public:
 
     /// Everything since the last call, to be written.
     RecorderInputs take();
-    /// So many inputs of those taken are with the writer still.
+    /// How many of the inputs taken the writer still has.
     void setUnwritten(int inputs) { m_unwritten = inputs; }
     /// The moment of now, on the time line of the exchanges (UTC, µs since 1970).
     qint64 moment() const;
@@ -54,10 +54,10 @@ private:
     bool m_isRunning = false;
     qint64 m_last = 0;                   ///< the latest moment of this run
     qint64 m_drift = 0;                  ///< what the clock shows, less the time line; µs
-    std::optional<QDateTime> m_roundDue; ///< told, and none of its exchanges is there yet
+    std::optional<QDateTime> m_roundDue; ///< told, but none of its exchanges yet
     bool m_isRoundOn = false;
-    bool m_isBreakDue = false;  ///< no whole round of this run is before the one due
-    bool m_isFormerDue = false; ///< one of before that round is still to come
+    bool m_isBreakDue = false;  ///< the round before the one due was not whole
+    bool m_isFormerDue = false; ///< an exchange of the round before is still to come
     bool m_hasExchange = false; ///< in this run
     QDateTime m_round;
     struct Record
@@ -65,7 +65,7 @@ private:
         QString hexId;
         QList<QStringList> rows;
     };
-    std::optional<Record> m_record; ///< told, and its exchange is not there yet
+    std::optional<Record> m_record; ///< told, but its exchange not yet
     QHash<QString, QString> m_names;
     QStringList m_list;
     qint64 m_gapFrom = 0;

@@ -135,7 +135,8 @@ QString RecordedEvent::description() const
         return afterTime(*this, Texts::tr("%1 gone").arg(placeText(place)),
                          Texts::tr("%1 gone after %2").arg(placeText(place), QStringLiteral("%1")));
     case EventKind::FaultRemembered:
-        return Texts::tr("%1 came and went").arg(placeText(place));
+        return isVague ? Texts::tr("%1 in memory, there already").arg(placeText(place))
+                       : Texts::tr("%1 came and went").arg(placeText(place));
     case EventKind::Flapped:
         return flappedText(*this);
     case EventKind::ModeChanged:

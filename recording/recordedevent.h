@@ -8,7 +8,7 @@ enum class EventKind : quint8
 {
     FaultBegun = 0,
     FaultEnded = 1,      ///< `since` says when it began
-    FaultRemembered = 2, ///< it came and went between two looks
+    FaultRemembered = 2, ///< it came and went between two records
     Flapped = 3,         ///< a fault or a loss that came and went `count` times since `since`
     ModeChanged = 4,     ///< `before` and `after` are codes of `LdbState`
     Lost = 5,
@@ -29,7 +29,7 @@ enum class EventKind : quint8
     Listed = 20 ///< from here on the LDBs `after` are in the list; not for people
 };
 
-/// What of an LDB a fault is at.
+/// Which part of an LDB a fault is at.
 enum class FaultPlace : quint8
 {
     None = 0,
@@ -50,9 +50,9 @@ struct RecordedEvent
     EventKind kind = EventKind::Mark;
     QString hexId; ///< empty: of the whole bus
     FaultPlace place = FaultPlace::None;
-    qint64 since = 0;     ///< 0: not known, or without meaning
-    int count = 1;        ///< of what was folded or lost
-    bool isStill = false; ///< of what flapped: it is there still
+    qint64 since = 0;     ///< 0: not known, or not used by this kind
+    int count = 1;        ///< how many were folded or lost
+    bool isStill = false; ///< of what flapped: it is still there
     bool isVague = false; ///< of a fault: it came or went while nothing was heard of the LDB
     QString before;       ///< what was, for machines: codes, or settings
     QString after;
@@ -65,7 +65,7 @@ struct RecordedEvent
 
     /// For people, in the language in force, without the time and the LDB.
     QString description() const;
-    /// Whether `before` and `after` are for people. Elsewhere the description says what they mean.
+    /// Whether people can read `before` and `after`. If not, the description says what they mean.
     bool hasValues() const;
 };
 Q_DECLARE_METATYPE(RecordedEvent)

@@ -27,7 +27,7 @@ std::optional<TimeSpan> RecordedTables::rangeOf(const QString& statement)
 std::optional<TimeSpan> RecordedTables::extent()
 {
     std::optional<TimeSpan> extent;
-    // Each end by itself: both in one go would read the whole table.
+    // One query for each end: a single one for both would read the whole table.
     for (const char* statement :
          {"SELECT (SELECT min(at) FROM exchanges), (SELECT max(at) FROM exchanges)",
           "SELECT min(at), max(at) FROM events", "SELECT min(begun), max(until) FROM runs"}) {
@@ -43,7 +43,7 @@ std::optional<TimeSpan> RecordedTables::extent()
 std::vector<RecordedMinute> RecordedTables::minutes(const QString& hexId, TimeSpan span, int each)
 {
     std::vector<RecordedMinute> result;
-    // Summed up there, where it is fast. The flight times of a minute without a good answer are 0.
+    // SQLite sums up fast. A minute without a good answer has flight times of 0.
     QString statement =
         QStringLiteral("SELECT minute-(minute-%1) % %2 AS begin,ldb,sum(asked),sum(good),"
                        "sum(damaged),sum(silent),sum(told),"
@@ -51,7 +51,7 @@ std::vector<RecordedMinute> RecordedTables::minutes(const QString& hexId, TimeSp
                        " FROM minutes WHERE minute>=? AND minute<=?")
             .arg(span.from / kMinute)
             .arg(each);
-    // A minute that has begun before the span is a part of it.
+    // A minute that began before the span belongs to it.
     QVariantList values{span.from / kMinute, (span.to - 1) / kMinute};
     if (!hexId.isEmpty()) {
         statement += QStringLiteral(" AND ldb=?");
@@ -108,7 +108,7 @@ std::vector<RecordedEvent> RecordedTables::readEvents(const QString& condition,
 
 std::vector<RecordedEvent> RecordedTables::events(TimeSpan span, int limit)
 {
-    // Those that are not for people would use up the limit.
+    // Events that are not for people would use up the limit.
     std::vector<RecordedEvent> result =
         readEvents(QStringLiteral("at>=? AND at<? AND kind<>? AND NOT (kind=? AND before IS NULL)"),
                    {span.from, span.to, static_cast<int>(EventKind::Listed),
@@ -201,7 +201,7 @@ std::vector<RecordedGap> RecordedTables::gaps(TimeSpan span)
     return result;
 }
 
-/// Going forward from there, the disk is read ahead.
+/// Reading forwards from there lets the disk read ahead.
 qint64 RecordedTables::beginOfLast(const QString& hexId, qint64 to, int count)
 {
     QString statement = QStringLiteral("SELECT minute,told FROM minutes WHERE minute<?");

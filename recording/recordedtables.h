@@ -14,8 +14,7 @@ class RecordedTables : public SourceFile
 public:
     using SourceFile::SourceFile;
 
-    /// First and last moment of what is in the file, the last one included; nothing of an empty
-    /// file.
+    /// The first and the last moment in the file, both included; nothing where the file is empty.
     std::optional<TimeSpan> extent();
 
     /// Ascending, summed up over `each` minutes.
@@ -36,8 +35,8 @@ public:
 protected:
     /// The names that LDBs told before `to`, ascending.
     std::vector<RecordedEvent> namings(qint64 to);
-    /// The begin of a minute from which on there are `count` records before `to`; 0 when there are
-    /// fewer.
+    /// The begin of the latest minute from which on there are `count` records before `to`; 0 where
+    /// there are fewer.
     qint64 beginOfLast(const QString& hexId, qint64 to, int count);
 
 private:

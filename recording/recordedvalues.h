@@ -10,7 +10,7 @@
 
 // What a recording has, as plain values. Every moment (`at`) is a UTC time in µs since 1970.
 
-/// From a moment on, until before another one.
+/// From one moment up to another one, which is left out.
 struct TimeSpan
 {
     qint64 from = 0;
@@ -23,16 +23,15 @@ struct RecordedRecord
     qint64 at = 0; ///< when its status was asked, or the loss told
     QString hexId;
     QList<QStringList> rows; ///< empty: listed by then, and nothing heard yet
-    bool isExtra = false;    ///< asked between the turns: the log does not take it
+    bool isExtra = false;    ///< asked between the turns; the log leaves it out
 };
 
-/// What one LDB's exchanges were within a minute. Probes count where the LDB is in the list.
+/// The exchanges of one LDB in one minute, counted. Probes count only if the LDB is in the list.
 struct RecordedMinute
 {
     qint64 at = 0; ///< where the minute begins
     QString hexId;
-    int asked =
-        0; ///< transmissions; those that are neither good, damaged nor silent were not believed
+    int asked = 0; ///< transmissions; what is neither good, damaged nor silent was not believed
     int good = 0;
     int damaged = 0;
     int silent = 0;
@@ -47,15 +46,15 @@ struct RecordedMinute
 struct RecordedRun
 {
     qint64 begun = 0;
-    qint64 until = 0;     ///< the end, or the last that is known of it
-    bool isEnded = false; ///< it was ended; otherwise it is on, or the program died
+    qint64 until = 0;     ///< the end, or the last moment known of it
+    bool isEnded = false; ///< false: it is on, or the program died
     QString port;
     QStringList found; ///< by its last scan
-    /// By hexId, as they were when the run, or its day, began.
+    /// By hexId, as they were when the run or, if later, the file's day began.
     QHash<QString, QString> names;
 };
 
-/// The wall time that records carry from a moment on, as it began a round.
+/// A round began: from this moment on records carry this wall time.
 struct RecordedRound
 {
     qint64 at = 0;
@@ -71,7 +70,7 @@ struct RecordedList
     QStringList hexIds;
 };
 
-/// A time of which the recorder lacks exchanges that there were.
+/// A time in which exchanges took place that are not recorded.
 struct RecordedGap
 {
     qint64 from = 0;

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// With the time that writing takes a row is on the disk within a second.
+/// Together with the time of writing, a row is on the disk within a second.
 constexpr int kHandOverMs = 900;
 /// A disk that takes longer than this at the end has failed.
 constexpr int kEndMs = 10000;
@@ -38,6 +38,14 @@ public:
         m_writer.setPlace(folder, limits);
         tell(0);
     }
+    void takeOver(const QString& folder)
+    {
+        Q_ASSERT(QThread::currentThread() == thread());
+        m_writer.takeOver(folder);
+        QMetaObject::invokeMethod(
+            m_recorder, [recorder = m_recorder, folder] { emit recorder->tookOver(folder); },
+            Qt::QueuedConnection);
+    }
     void finish()
     {
         Q_ASSERT(QThread::currentThread() == thread());
@@ -48,7 +56,7 @@ public:
 private:
     void tell(int inputs)
     {
-        // Only posted to: the recorder ends this thread before it is gone.
+        // The recorder may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_recorder,
             [recorder = m_recorder, inputs, notices = m_writer.takeNotices(),
@@ -104,7 +112,7 @@ Recorder::~Recorder()
 void Recorder::setOptions(const Options& options)
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    // A run that is on ends in one place and begins in the other.
+    // A run that is on ends in the former folder and begins in the new one.
     const bool wasRunning = m_isRunning;
     endRun();
     flush();
@@ -122,6 +130,13 @@ void Recorder::setOptions(const Options& options)
         setList(m_list);
     }
     emit changed();
+}
+
+void Recorder::takeOver(const QString& folder)
+{
+    Q_ASSERT(QThread::currentThread() == thread());
+    QMetaObject::invokeMethod(
+        m_host, [host = m_host, folder] { host->takeOver(folder); }, Qt::QueuedConnection);
 }
 
 void Recorder::flush()

@@ -14,8 +14,8 @@
 class RecordWriterHost;
 
 /// Records what the serial link tells, as long as it is enabled: collects it, and hands it once a
-/// second to its writer, which lives in a thread of its own. Nothing here waits for the disk but
-/// the end of the program, and that not for long. GUI thread only.
+/// second to its writer, which lives in a thread of its own. Only the end of the program waits for
+/// the disk, and not for long. GUI thread only.
 class Recorder : public QObject
 {
     Q_OBJECT
@@ -40,13 +40,16 @@ public:
     /// `wallTime`: the clock of the link's ports, ms since 1970 UTC.
     Recorder(const QString& programVersion, std::function<qint64()> wallTime,
              Thread thread = Thread::Own, QObject* parent = nullptr);
-    /// What was told by now is on the disk afterwards, unless the disk hangs.
+    /// Waits until what was told by now is on the disk, unless the disk hangs.
     ~Recorder() override;
 
-    /// At any time; what follows goes there.
+    /// May be called at any time; what is told afterwards goes there.
     void setOptions(const Options& options);
     const Options& options() const { return m_options; }
-    /// Whether a run is on and what it brings gets onto the disk.
+    /// Moves the recordings of a folder that is no longer recorded into to where recordings go now;
+    /// `tookOver` comes when that is done, as far as it can be.
+    void takeOver(const QString& folder);
+    /// Whether a run is on and is being written to the disk.
     bool isRecording() const { return m_options.isEnabled && m_isRunning && !m_isOutage; }
     /// Whether nothing can be written.
     bool isOutage() const { return m_isOutage; }
@@ -58,7 +61,7 @@ public:
     /// Takes an event that is not in the records: an action, a save, a mark of the user. One
     /// without a time is of now.
     void note(const RecordedEvent& event);
-    /// Hands over what was told by now, without waiting for the second to be over.
+    /// Hands over at once what was told by now.
     void flush();
 
 public slots:
@@ -68,7 +71,7 @@ public slots:
     void beginRound(const QDateTime& wall);
     void endRound();
     void takeExchange(const Exchange& exchange);
-    /// Those of the rounds and those in between.
+    /// Records of the rounds and those in between.
     void takeRecord(const QString& hexId, const QList<QStringList>& rows);
     /// During a scan the list is not whole.
     void setList(const QStringList& hexIds);
@@ -79,7 +82,8 @@ signals:
     void noticeGiven(const RecordingNotice& notice);
     /// An event is in the recording: found in the records, or handed in.
     void eventRecorded(const RecordedEvent& event);
-    /// `isRecording()` or `filePath()` may be others.
+    void tookOver(const QString& folder);
+    /// `isRecording()` or `filePath()` may have changed.
     void changed();
 
 private:

@@ -10,21 +10,21 @@
 #include <variant>
 #include <vector>
 
-/// What the recorder hands to its writer, in order. Moments (`at`) are UTC, µs since 1970; but for
-/// runs and events they are on the time line of the exchanges.
+/// What the recorder hands to its writer, in order. Moments (`at`) are UTC, µs since 1970. All but
+/// those of runs and events are on the time line of the exchanges.
 namespace input {
 
 /// A transmission.
 struct Told
 {
     Exchange exchange;
-    /// Which of the sound frames in a believed status's answer the record is of.
+    /// Which sound frame of a believed status answer became the record.
     int frame = 0;
     static constexpr int kNoRecord = 15; ///< there was none
 };
 
-/// The wall time that records carry from here on; a single one is that of the record at this very
-/// time alone.
+/// The wall time that records carry from here on; a single one counts only for the record at this
+/// very moment.
 struct Round
 {
     qint64 at = 0;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-/// In the reading thread: has the reader, and hands over what it gave.
+/// Lives in the reading thread; owns the reader and hands its results over.
 class RecordingAccessHost : public QObject
 {
 public:
@@ -32,7 +32,7 @@ public:
             m_reader = std::make_unique<RecordingReader>(m_path);
         }
         const std::shared_ptr<void> value = read(*m_reader);
-        // Only posted to: it ends this thread before it is gone.
+        // It may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_access,
             [access = m_access, value, notices = m_reader->takeNotices()] {

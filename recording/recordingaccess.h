@@ -15,8 +15,8 @@
 
 class RecordingAccessHost;
 
-/// Reads a recording for whoever shows it, in a thread of its own: nobody waits for the disk. GUI
-/// thread only.
+/// Reads a recording in a thread of its own for whoever shows it, so that nobody waits for the
+/// disk. GUI thread only.
 class RecordingAccess : public QObject
 {
     Q_OBJECT
@@ -27,20 +27,20 @@ public:
         Callers ///< for virtual time: reads when the event loop comes to it
     };
     explicit RecordingAccess(Thread thread = Thread::Own, QObject* parent = nullptr);
-    /// Waits for the reading that is under way; what waits behind it is not read.
+    /// Waits for the reading that is under way; nothing else is read.
     ~RecordingAccess() override;
 
-    /// A file or a folder of days; empty: there is nothing to read. What was asked of the former
-    /// one is not answered any more.
+    /// A file or a folder of days; empty for none. What was asked of the former path is no longer
+    /// answered.
     void setPath(const QString& path);
     QString path() const { return m_path; }
 
-    /// Calls `read` with the reader of the path, in the reading thread, and then `answer` with what
-    /// it gave, in this one. In the order in which it was asked, from the event loop. Not answered
-    /// when `context` has died by then, or the path is another one.
+    /// Calls `read` in the reading thread with the reader of the path, then `answer` in this thread
+    /// with the result of `read`, from the event loop. Answers come in the order of the questions.
+    /// There is none if `context` has died by then, or the path has changed.
     ///
-    /// `read` holds by value what it needs. The reader sees what is committed by then. What takes
-    /// long is asked in pieces: all others wait meanwhile.
+    /// `read` holds by value what it needs. The reader sees what has been committed by then. Ask in
+    /// pieces for what takes long: all others wait meanwhile.
     template <typename Read, typename Answer>
     void ask(QObject* context, Read read, Answer answer)
     {
@@ -57,7 +57,7 @@ public:
 
 signals:
     void pathChanged();
-    /// What could not be read. The same is told once a path.
+    /// What could not be read. Each is told once a path.
     void noticeGiven(const RecordingNotice& notice);
 
 private:

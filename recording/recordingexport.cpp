@@ -3,6 +3,7 @@
 #include "recording/pcapng.h"
 #include "recording/recordingreader.h"
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 #include "serial/ldb/recordlog.h"
 
 #include <QCoreApplication>
@@ -16,7 +17,6 @@ namespace recordingexport {
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 constexpr qint64 kMicroseconds = 1000000;
 constexpr QLatin1Char kSeparator(';');
 
@@ -136,8 +136,8 @@ QString eventHeader()
 
 QString eventLine(const RecordedEvent& event)
 {
-    const QString time = QDateTime::fromMSecsSinceEpoch(event.at / kMicrosecondsPerMillisecond)
-                             .toString(generalinformation::kMillisecondsFormat);
+    const QString time =
+        microseconds::localTime(event.at).toString(generalinformation::kMillisecondsFormat);
     const QString seconds =
         event.since == 0 ? QString() : QString::number((event.at - event.since) / kMicroseconds);
     const bool hasValues = event.hasValues();

@@ -10,21 +10,21 @@
 class QIODevice;
 class RecordingReader;
 
-/// What of a recording leaves the program. Each writes into an open device, a piece of the span at
-/// a time, and gives an empty text, or why it could not be written, as the system says it.
-/// `goesOn` is asked between the pieces, with the share that is done (0 to 1): false ends it there,
-/// which is no error. Used in the reader's thread.
+/// Writes a span of a recording in the formats of other programs. Each function writes into an open
+/// device, piece by piece, and gives an empty text, or the system's reason for a failure. It asks
+/// `goesOn` between the pieces, with the share that is done (0 to 1): false ends the writing there
+/// and is no error. Used in the reader's thread.
 ///
-/// Who reads a piece at a time, so that others get their turn, takes the `...Piece`: they write
-/// the same. Even of an empty span there is one piece.
+/// The `...Piece` functions write the same one piece a call, so that other readers get their turn.
+/// An empty span has one piece, too.
 namespace recordingexport {
 
-/// Writes one piece of a span behind the former one; what it carries on it has in itself.
+/// Writes one piece of a span after the former one; keeps what the next piece needs of it.
 using Piece = std::function<QString(RecordingReader& reader, TimeSpan piece, QIODevice& device)>;
 
 using GoesOn = std::function<bool(double share)>;
 
-/// What a log takes.
+/// Which records go into a log.
 struct LogChoice
 {
     QString hexId;    ///< empty: all
@@ -41,7 +41,7 @@ Piece logPiece(const LogChoice& choice);
 QString writeCapture(RecordingReader& reader, TimeSpan span, QIODevice& device,
                      const GoesOn& goesOn = {});
 
-/// The lines of such a table, each with its end: the header, and that of an event.
+/// The lines of that table, each with its line end: the header, and that of an event.
 QString eventHeader();
 QString eventLine(const RecordedEvent& event);
 Piece capturePiece();
@@ -50,7 +50,7 @@ Piece capturePiece();
 QString writeEvents(RecordingReader& reader, TimeSpan span, QIODevice& device);
 Piece eventsPiece();
 
-/// What of a span there is: it is in pieces, one behind the other.
+/// The part of a span that is recorded, cut into pieces.
 TimeSpan readable(const RecordingReader& reader, TimeSpan span);
 /// How long a piece is, µs.
 constexpr qint64 kPiece = 600LL * 1000000;

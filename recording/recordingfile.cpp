@@ -108,7 +108,7 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
     m_connection = std::make_unique<recordingschema::Connection>();
     QSqlDatabase& database = m_connection->database();
     database.setDatabaseName(m_path);
-    // Readers hold up the end of the file alone.
+    // Readers delay only the closing of the file.
     database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=500"));
     if (!database.open()) {
         fail(database.lastError());
@@ -125,11 +125,11 @@ RecordingFile::Opening RecordingFile::openLocked(const QString& programVersion)
         return Opening::Damaged;
     }
     m_queries = std::make_unique<Queries>(database);
-    // What is put behind a damaged place may never be found again.
+    // What is written after a damaged place may never be found again.
     if (fit == Fit::Fits && !isSound()) {
         return m_failure == Failure::Damaged ? Opening::Damaged : Opening::Failed;
     }
-    // The disk has it when a commit returns: this is about what is there after a power cut.
+    // The disk has it when a commit returns, and so after a power cut.
     bool isDone = run("PRAGMA journal_mode=WAL") &&
                   run(m_isSynced ? "PRAGMA synchronous=FULL" : "PRAGMA synchronous=OFF");
     if (isDone && fit == Fit::Empty) {
@@ -211,7 +211,7 @@ bool RecordingFile::fail(const QSqlError& error)
     return false;
 }
 
-/// As `fail`, where a sound file of this version gives no error but the disk's.
+/// As `fail`, for statements at which a sound file of this version gives no error but the disk's.
 bool RecordingFile::failInside(const QSqlError& error)
 {
     fail(error);

@@ -22,10 +22,10 @@ public:
         InUse,   ///< another program records into it
         Newer,   ///< of a later version of the program
         Damaged, ///< or no recording at all
-        Failed   ///< the folder or the disk does not let us
+        Failed   ///< the folder or the disk does not permit it
     };
 
-    /// `isSynced`: the disk has what is written before anything else happens.
+    /// `isSynced`: `write` returns only when the disk has it.
     explicit RecordingFile(bool isSynced = true);
     ~RecordingFile();
     RecordingFile(const RecordingFile&) = delete;
@@ -45,10 +45,10 @@ public:
     bool isThere() const;
     /// Of the latest exchange; 0 without one.
     qint64 lastAt() const { return m_lastAt; }
-    /// What was kept of the finder of events.
+    /// The state of the event finder that was kept.
     QByteArray finderState();
 
-    /// Leaves one file that opens from where nothing can be written.
+    /// Closes it as one file, which also opens on a medium that cannot be written to.
     void close();
 
 private:

@@ -1,5 +1,7 @@
 #include "recording/recordingfolder.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -13,8 +15,6 @@
 namespace recordingfolder {
 
 namespace {
-
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 const QString& dayFormat()
 {
@@ -65,7 +65,7 @@ std::vector<DayFile> filesOf(const QString& path)
     };
     std::vector<DayFile> files;
     if (path.isEmpty()) {
-        return files; // not what lies where the program was started
+        return files; // an empty path must not stand for the current folder
     }
     if (info.isFile()) {
         files.push_back(dayFile(info));
@@ -85,12 +85,12 @@ std::vector<DayFile> filesOf(const QString& path)
 
 QDate dayOf(qint64 at)
 {
-    return QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond).date();
+    return microseconds::localTime(at).date();
 }
 
 qint64 endOfDay(const QDate& day)
 {
-    return day.addDays(1).startOfDay().toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+    return microseconds::of(day.addDays(1).startOfDay());
 }
 
 bool isKept(const QString& folder, const QDate& day)
@@ -154,6 +154,31 @@ void remove(const QString& path)
     for (const char* suffix : {"", "-wal", "-shm"}) {
         QFile::remove(path + QLatin1String(suffix));
     }
+}
+
+void moveFiles(const QString& from, const QString& to)
+{
+    if (from == to || !QDir().mkpath(to)) {
+        return;
+    }
+    for (const DayFile& file : filesOf(from)) {
+        QLockFile lock(file.path + QStringLiteral(".lock"));
+        lock.setStaleLockTime(0);
+        if (!lock.tryLock() || QFile::exists(file.path + QStringLiteral("-wal"))) {
+            continue; // in use, or not closed: without that file it is not whole
+        }
+        int number = file.number;
+        while (QFile::exists(pathOf(to, file.day, number))) {
+            ++number;
+        }
+        QDir().rename(file.path, pathOf(to, file.day, number)); // never by copying it
+    }
+    for (const QDate& day : keptDays(from)) {
+        if (setKept(to, day, true).isEmpty()) {
+            setKept(from, day, false);
+        }
+    }
+    QDir().rmdir(from);
 }
 
 } // namespace recordingfolder

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// The files of a folder of recordings: one a day, or more where one could not be used. Functions
-/// on the file system, callable from any thread.
+/// The files in a folder of recordings: one a day, or more where one could not be used. These
+/// functions work on the file system and can be called from any thread.
 namespace recordingfolder {
 
 struct DayFile
@@ -16,12 +16,12 @@ struct DayFile
     QDate day;
     int number = 1; ///< of that day
     QString path;
-    qint64 bytes = 0; ///< with what SQLite keeps beside it
+    qint64 bytes = 0; ///< with the files that SQLite keeps beside it
 
     bool operator<(const DayFile& other) const;
 };
 
-/// In the order of days and numbers. Of a file's path: that file alone, whatever its name.
+/// Sorted by day and number. For the path of a file: that file alone, whatever its name.
 std::vector<DayFile> filesOf(const QString& path);
 QString pathOf(const QString& folder, const QDate& day, int number);
 
@@ -43,11 +43,17 @@ struct Limits
     qint64 bytes = 2LL << 30;
 };
 
-/// What is too old or too much, by whole days, oldest first; never of today.
+/// The files to delete, as too old or too large together: whole days, the oldest first, never
+/// today's.
 std::vector<DayFile> excess(const std::vector<DayFile>& files, const QSet<QDate>& kept,
                             const QDate& today, const Limits& limits);
 
 /// Deletes a file and what SQLite keeps beside it, unless a program records into it.
 void remove(const QString& path);
+
+/// Moves the files that no program records into, with the marks of their days, each under a free
+/// number of its day; deletes the folder when nothing is left in it. Only within a disk: what
+/// cannot be moved stays.
+void moveFiles(const QString& from, const QString& to);
 
 } // namespace recordingfolder

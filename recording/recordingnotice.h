@@ -28,7 +28,7 @@ struct RecordingNotice
 
     /// For people, in the language in force.
     QString text() const;
-    /// Whether recording stands still from here on.
+    /// Whether nothing is recorded from here on.
     bool isOutage() const { return kind == Kind::DiskFull || kind == Kind::CannotWrite; }
     bool operator==(const RecordingNotice& other) const
     {

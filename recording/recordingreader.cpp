@@ -16,7 +16,7 @@ namespace {
 
 /// A connection takes a few file handles and a cache of some megabytes.
 constexpr std::size_t kMostOpen = 8;
-/// The LDBs of a moment were polled within so many files.
+/// An LDB that is listed was polled within this many files.
 constexpr int kFilesBack = 3;
 
 } // namespace
@@ -51,7 +51,7 @@ void RecordingReader::refresh()
             });
         std::unique_ptr<File> file =
             known != m_files.end() ? std::move(*known) : std::make_unique<File>(dayFile.path);
-        // The one at the end may be being recorded into, which its size does not always show.
+        // The last file may be growing, which its size does not always show.
         file->extent = std::exchange(file->bytes, dayFile.bytes) == dayFile.bytes && file->extent &&
                                !QFileInfo::exists(dayFile.path + QStringLiteral("-wal"))
                            ? file->extent
@@ -185,7 +185,7 @@ std::vector<RecordedMinute> RecordingReader::minutes(const QString& hexId, TimeS
     const auto parts = collect(span, &RecordedMinute::at, [&](RecordingSource& source) {
         return source.minutes(hexId, span, each);
     });
-    // Of those of one time each file may have some.
+    // Several files may have a part of the same minute.
     std::map<std::pair<qint64, QString>, RecordedMinute> sums;
     for (const RecordedMinute& part : parts) {
         RecordedMinute& sum = sums[{part.at, part.hexId}];
@@ -282,7 +282,7 @@ std::vector<RecordedRecord> RecordingReader::stateAt(qint64 at)
         wanted = QSet<QString>(list->hexIds.begin(), list->hexIds.end());
     }
     for (File* file : files) {
-        // Behind what was found already nothing of an earlier file can be.
+        // No earlier file has anything after what was found.
         QSet<QString> missing;
         for (const QString& hexId : qAsConst(wanted)) {
             if (!latest.contains(hexId) || latest.value(hexId).at < file->extent->to) {
@@ -366,7 +366,7 @@ QString RecordingReader::copyFile(const QString& path, const QString& folder)
     if (reason.isEmpty()) {
         return {};
     }
-    QFile::remove(copy); // a part of it looks like a whole one
+    QFile::remove(copy); // a part of a file looks like a whole one
     return copy + QStringLiteral(": ") + reason;
 }
 

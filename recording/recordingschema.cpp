@@ -13,7 +13,8 @@ namespace recordingschema {
 
 namespace {
 
-// A key in µs, and no second index: what is appended fills its pages, and a span is a range.
+// The key is a time in µs, and there is no second index: appended rows fill their pages, and a span
+// is a range of keys.
 constexpr const char* kTables[] = {
     "CREATE TABLE exchanges(at INTEGER PRIMARY KEY, ldb INTEGER, kind INTEGER, outcome INTEGER,"
     " flight INTEGER, request BLOB, answer BLOB)",
@@ -28,7 +29,7 @@ constexpr const char* kTables[] = {
     " continued INTEGER, port TEXT, found TEXT, names TEXT)",
     "CREATE TABLE about(key TEXT PRIMARY KEY, value TEXT) WITHOUT ROWID"};
 
-/// A result code's lowest byte says what it is, the others say it more closely.
+/// The lowest byte of a result code is the kind of error; the others are details.
 constexpr int kPrimaryCode = 0xFF;
 constexpr int kError = 1;
 constexpr int kCorrupt = 11;
@@ -65,7 +66,8 @@ Fit examine(const QSqlDatabase& database, QString* reason)
     if (version > kVersion) {
         return Fit::Newer;
     }
-    // A name that has become another would be found out by the first one to ask for it.
+    // Compared here, as a column with another name would show only at the first statement that uses
+    // it.
     QStringList tables;
     if (query.exec(QStringLiteral("SELECT sql FROM sqlite_master WHERE type='table'"))) {
         while (query.next()) {
@@ -110,7 +112,7 @@ Connection::Connection()
 Connection::~Connection()
 {
     m_database.close();
-    m_database = QSqlDatabase(); // what still refers to a connection keeps it from going
+    m_database = QSqlDatabase(); // a connection that is still referred to cannot be removed
     QSqlDatabase::removeDatabase(m_name);
 }
 

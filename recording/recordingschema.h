@@ -21,13 +21,13 @@ enum class Fit
     NotNow ///< the disk or another program does not let us
 };
 
-/// What a file is to this version. `reason` gets what SQLite says of an unreadable one.
+/// What this version can do with a file. `reason` gets what SQLite says of an unreadable one.
 Fit examine(const QSqlDatabase& database, QString* reason);
 
-/// Makes the tables of a new file; gives no valid error when that is done.
+/// Makes the tables of a new file; the error is not valid when that is done.
 QSqlError create(const QSqlDatabase& database, const QString& programVersion);
 
-/// A connection of its own, not opened, which lives as long as this.
+/// A database connection of its own, not opened yet; it lives as long as this object.
 class Connection
 {
 public:
@@ -43,7 +43,7 @@ private:
     QSqlDatabase m_database;
 };
 
-/// Why something failed, as far as it makes a difference.
+/// Why something failed, as far as the difference matters.
 enum class Failure
 {
     None,

@@ -5,6 +5,7 @@
 #include "serial/ldb/exchangebytes.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -17,12 +18,12 @@
 namespace {
 
 constexpr qint64 kMinute = recordingschema::kMinute;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-/// So many rows back an LDB that is being polled has long been asked again.
+using microseconds::kMillisecond;
+/// Within this many rows each LDB that is polled has been asked again.
 constexpr int kRowsBack = 4000;
 constexpr int kStatus = static_cast<int>(ExchangeKind::Status);
 
-/// What a record has been made of.
+/// What a record is made of.
 const QString& recordCondition()
 {
     static const QString condition =
@@ -116,7 +117,7 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
             }
         }
         if (query->lastError().isValid()) {
-            // One that is missing would give its records the time of another.
+            // A missing round would give its records the time of another one.
             context.rounds.clear();
             context.singles.clear();
         }
@@ -127,7 +128,7 @@ RecordingSource::Context RecordingSource::contextOf(TimeSpan span)
     return context;
 }
 
-/// Nothing when the answer is not what it was: no value is better than a wrong one.
+/// Nothing where the answer has been damaged in the file: no value is better than a wrong one.
 std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Context& context)
 {
     LdbStatus status = LdbStatus::disconnected();
@@ -146,7 +147,7 @@ std::optional<RecordedRecord> RecordingSource::recordOf(const Row& row, const Co
         auto next = map.upperBound(at);
         return next == map.begin() ? map.end() : --next;
     };
-    const qint64 asked = row.at / kMicrosecondsPerMillisecond;
+    const qint64 asked = row.at / kMillisecond;
     Round round{asked, QDateTime::fromMSecsSinceEpoch(asked).offsetFromUtc()};
     const auto single = context.singles.constFind(row.at);
     if (single != context.singles.constEnd()) {

@@ -20,9 +20,9 @@ public:
     std::vector<Exchange> exchanges(const QString& hexId, TimeSpan span, int limit,
                                     std::optional<ExchangeKind> only = {});
 
-    /// The last record up to `at` of each of these LDBs that has one; of all without any.
+    /// The last record up to `at` of each of these LDBs that has one; of all LDBs if none is named.
     std::vector<RecordedRecord> latest(qint64 at, const QSet<QString>& hexIds);
-    /// The next record after, or the last one before `at`.
+    /// The next record after `at`, or the last one before it.
     std::optional<qint64> neighbour(qint64 at, bool isAfter, const QString& hexId);
 
 private:
@@ -32,7 +32,7 @@ private:
         int offset = 0;
     };
     struct Row;
-    /// What the records of a span take from the small tables.
+    /// What the small tables say of the records of a span.
     struct Context;
 
     std::vector<Row> rows(const QString& condition, const QVariantList& values, bool isDescending,

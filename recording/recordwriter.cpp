@@ -1,5 +1,7 @@
 #include "recording/recordwriter.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -9,14 +11,14 @@ using recordingschema::Failure;
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
+using microseconds::kSecond;
 constexpr qint64 kRetry = 5 * kSecond;
-/// A clock that is kept right by the network strays by so much.
+/// A clock that the network keeps right strays by less than this.
 constexpr qint64 kSlewed = 5 * kSecond;
 constexpr qint64 kCleaning = 600 * kSecond;
-/// So many files a day are used at most: what makes more of them will not stop.
+/// The most files a day: whatever makes more of them will not stop.
 constexpr int kMostFiles = 100;
-/// Events are few and worth more than exchanges: they have room of their own.
+/// Events are few and worth more than exchanges, so they have room of their own.
 constexpr std::size_t kMostWaitingRows = RecordWriter::kMostWaiting + 2000;
 
 } // namespace
@@ -65,7 +67,7 @@ void RecordWriter::take(const RecorderInputs& inputs)
 }
 
 /// A mark of another day belongs to that day's file: it is copied, kept and deleted with it. False
-/// where there is none that can be written.
+/// where no such file can be written.
 bool RecordWriter::writeIntoPast(const RecordedEvent& mark)
 {
     const QDate day = recordingfolder::dayOf(mark.at);
@@ -117,7 +119,7 @@ void RecordWriter::beginFile(qint64 at)
         }
         m_file.close();
     } else {
-        closeLeftOpen();
+        closeLeftOpen(m_options.folder);
         takeOverFinder();
     }
     m_day = recordingfolder::dayOf(at);
@@ -141,7 +143,7 @@ void RecordWriter::enqueue(const RecorderInput& input)
     if (m_waitingExchanges <= kMostWaiting && m_waiting.size() <= kMostWaitingRows) {
         return;
     }
-    // What was found in it is kept as long as there is room.
+    // The events found in it are kept as long as there is room.
     const auto added = m_waiting.begin() + static_cast<std::ptrdiff_t>(before);
     const bool hasRoom = m_waiting.size() <= kMostWaitingRows;
     m_waiting.erase(std::remove_if(added, m_waiting.end(),
@@ -261,7 +263,7 @@ bool RecordWriter::openFile()
     return false;
 }
 
-/// Once an outage.
+/// Tells it once an outage.
 void RecordWriter::failed(const RecordingNotice& notice)
 {
     if (!std::exchange(m_isOutage, true)) {
@@ -274,10 +276,11 @@ void RecordWriter::say(RecordingNotice::Kind kind, const QString& path, const QS
     m_notices.push_back({kind, path, reason});
 }
 
-/// What a program that died has left would not open from where nothing can be written.
-void RecordWriter::closeLeftOpen()
+/// Closes the files that a program that died has left: they would not open on a medium that cannot
+/// be written to.
+void RecordWriter::closeLeftOpen(const QString& folder)
 {
-    for (const recordingfolder::DayFile& file : recordingfolder::filesOf(m_options.folder)) {
+    for (const recordingfolder::DayFile& file : recordingfolder::filesOf(folder)) {
         RecordingFile left;
         if (QFileInfo::exists(file.path + QStringLiteral("-wal")) &&
             left.open(file.path, m_options.programVersion) == RecordingFile::Opening::Done) {
@@ -286,7 +289,7 @@ void RecordWriter::closeLeftOpen()
     }
 }
 
-/// So that what began before the program was restarted neither ends nor begins again.
+/// Takes over the state of the event finder, so that a restart neither ends nor repeats an event.
 void RecordWriter::takeOverFinder()
 {
     QByteArray state;
@@ -322,6 +325,12 @@ void RecordWriter::removeExcess()
     for (const auto& file : recordingfolder::excess(files, kept, m_day, m_options.limits)) {
         recordingfolder::remove(file.path);
     }
+}
+
+void RecordWriter::takeOver(const QString& folder)
+{
+    closeLeftOpen(folder);
+    recordingfolder::moveFiles(folder, m_options.folder);
 }
 
 void RecordWriter::finish()

@@ -4,10 +4,11 @@
 #include "serial/ldb/busaddress.h"
 #include "serial/ldb/exchangebytes.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/microseconds.h"
 
 namespace {
 
-constexpr qint64 kMinute = 60 * 1000000LL;
+using microseconds::kMinute;
 
 RecordedEvent toldEvent(qint64 at, EventKind kind, const QString& hexId, const QString& after)
 {
@@ -95,10 +96,9 @@ RecordedMinute& RowMaker::minuteOf(qint64 at, const QString& hexId)
 
 void RowMaker::put(const input::Round& round, FileRows& rows)
 {
-    const filerow::Round row{round.at, round.wall, round.offset, round.isSingle, round.isBreak};
-    rows.emplace_back(row);
+    rows.emplace_back(round);
     if (!round.isSingle) {
-        m_round = row;
+        m_round = round;
     }
 }
 

@@ -9,23 +9,24 @@
 #include <set>
 #include <utility>
 
-/// Makes the rows of a recording's files of what the recorder is told. Pure: owns no file or clock.
+/// Turns what the recorder is told into rows of a recording's files. Pure: owns no file or clock.
 class RowMaker
 {
 public:
-    /// The rows of one input, events that it brings about included, are put behind `rows`.
+    /// Appends the rows of one input to `rows`, with the events that it brings about.
     void take(const RecorderInput& input, FileRows& rows);
 
-    /// What is recorded from `at` on is in a file of its own: what that has to say first, so that
-    /// it can be read without the ones before it.
+    /// The rows with which a file that begins at `at` opens, so that it can be read without the
+    /// files before it.
     FileRows beginFile(qint64 at);
 
-    /// What sums up what was taken so far: minutes, the run under way, the state of the finder.
+    /// The rows that sum up what was taken so far: minutes, the run under way, the state of the
+    /// event finder.
     FileRows sums() const;
     /// The sums are on the disk.
     void forgetSums();
 
-    /// Another run of the program, or another window, has left this.
+    /// Takes over the state of the event finder that a former program, or another window, has left.
     void setFinder(EventFinder finder) { m_finder = std::move(finder); }
     /// Events found since the last call; they are in the rows as well.
     std::vector<RecordedEvent> takeEvents() { return std::exchange(m_events, {}); }

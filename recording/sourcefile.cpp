@@ -29,7 +29,7 @@ bool SourceFile::open()
     }
     if (!openAs(m_path, QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=1000")) &&
         !m_isUnreadable) {
-        // Left open by a program that died, on a medium that cannot be written to.
+        // A program that died has left it open, on a medium that cannot be written to.
         const QString name = QString::fromLatin1(QUrl::fromLocalFile(m_path).toEncoded());
         if (openAs(name + QStringLiteral("?immutable=1"),
                    QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI")) &&
@@ -44,7 +44,7 @@ bool SourceFile::open()
     return isOpen();
 }
 
-/// False when it could not; a file of which nothing will ever be read is said and marked.
+/// False when it cannot be opened. A file that will never be readable is told of, and marked.
 bool SourceFile::openAs(const QString& name, const QString& options)
 {
     auto connection = std::make_unique<recordingschema::Connection>();

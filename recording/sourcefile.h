@@ -12,8 +12,8 @@
 #include <utility>
 #include <vector>
 
-/// One file of a recording, opened to be read and asked in SQL. What is damaged in it ends what is
-/// read of it, with a notice; it never ends the program. Used in the thread that made it.
+/// One file of a recording, opened to be read and asked in SQL. Damage ends the reading, with a
+/// notice; it never ends the program. Used in the thread that made it.
 class SourceFile
 {
 public:
@@ -23,25 +23,25 @@ public:
     SourceFile& operator=(const SourceFile&) = delete;
 
     QString path() const { return m_path; }
-    /// Opens it, if it is not. False when nothing can be read of it.
+    /// Opens it, if it is not open. False when nothing can be read of it.
     bool open();
     bool isOpen() const { return m_connection != nullptr; }
     void close();
 
-    /// A copy of the whole in a file that does not exist yet; an empty text, or why not.
+    /// Copies it into a file that does not exist yet; gives an empty text, or why it could not.
     QString copyTo(const QString& path);
 
     std::vector<RecordingNotice> takeNotices() { return std::exchange(m_notices, {}); }
 
 protected:
-    /// The values are bound in their order. Nothing, and a notice, where the file cannot answer.
+    /// Binds the values in their order. Gives nothing, and a notice, where the file cannot answer.
     std::optional<QSqlQuery> ask(const QString& statement, const QVariantList& values);
-    /// Whether there is another row; a notice where damage ends them.
+    /// Goes to the next row, if there is one. Gives a notice where damage ends the rows.
     bool next(QSqlQuery& query);
-    /// Gives that notice, once a file.
+    /// Tells of the damage, once a file.
     void sayDamaged(const QString& reason = {});
 
-    /// The LDB of a column; empty where it names none.
+    /// The LDB that a column names; empty where it names none.
     static QString hexIdOf(const QVariant& value);
 
 private:

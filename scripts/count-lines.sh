@@ -28,7 +28,7 @@ code_lines() {
 product=$(code_lines app serial history recording views tracking importexport)
 tests=$(code_lines tests fuzz)
 everything=$(code_lines .)
-for folder in app serial history views tracking importexport simulator tests fuzz benchmarks docs resources; do
+for folder in app serial history recording views tracking importexport simulator tests fuzz benchmarks docs resources; do
     printf '    %-14s %6d\n' "$folder" "$(code_lines "$folder")"
 done
 printf 'product         %8d\n' "$product"

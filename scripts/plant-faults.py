@@ -55,16 +55,16 @@ FAULTS = [
     Fault("settings written in another order", "settingswriter.cpp",
           "    LdbParameter::Name, LdbParameter::Flags, LdbParameter::OpenDetectionDelay,",
           "    LdbParameter::Flags, LdbParameter::Name, LdbParameter::OpenDetectionDelay,",
-          "tests_app tests_importexport", "ldbsettingssaving importexport"),
+          "tests_app tests_importexport", "ldbsettingssaving import"),
     Fault("settings not stored", "settingswriter.cpp",
           "LdbAction::StoreSettings", "LdbAction::FirmwareId",
-          "tests_app tests_importexport", "ldbsettingssaving importexport"),
+          "tests_app tests_importexport", "ldbsettingssaving import"),
     Fault("an export that drops a column", "settingscsv.cpp",
           "flagText(record.startInServiceMode), ", "",
           "tests_importexport", "devicesettingsfile importexport"),
     Fault("an import that takes an id twice", "devicesettingsfile.cpp",
           "    rejectRepeatedIds(result);\n", "",
-          "tests_importexport", "devicesettingsfile importexport"),
+          "tests_importexport", "devicesettingsfile import"),
     # What is shown and logged.
     Fault("a curve of the other port", "mainwindowplot.cpp",
           '{"VSec", "orange", QwtPlot::yLeft, generalinformation::SecondaryVoltageRow,',
@@ -93,7 +93,7 @@ FAULTS = [
           "tests_tracking", "fimcounter trackingrun fimtracking"),
     Fault("no mute after the factory reset", "trackingrun.cpp",
           "    emit commandDue(TrackingCommand::MuteAudio);\n", "",
-          "tests_tracking", "trackingrun fimtracking"),
+          "tests_tracking", "trackingrun fimtracking fimtrackingend"),
 ]
 
 

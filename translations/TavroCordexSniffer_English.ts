@@ -306,13 +306,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>The LDB was told to have %n FIM.</numerusform>
-            <numerusform>The LDB was told to have %n FIM&apos;s.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>%n LDB&apos;s answered every question at once.</source>
         <translation>
             <numerusform>%n LDB answered every question at once.</numerusform>

@@ -510,12 +510,12 @@ maintenance</translation>
         <translation>7 derniers jours</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>De … à …</translation>
+        <source>From ... to ...</source>
+        <translation>De ... à ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation>Texte des événements</translation>
+        <translation>Texte</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
@@ -546,12 +546,12 @@ maintenance</translation>
         <translation>Événements jusqu&apos;à cette heure</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Repère…</translation>
+        <source>Mark...</source>
+        <translation>Repère...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporter…</translation>
+        <source>Export...</source>
+        <translation>Exporter...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -2649,8 +2649,8 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
         <translation>Afficher, comparer et modifier les paramètres de tous les LDB dans un tableau</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tableau...</translation>
+        <source>All Settings...</source>
+        <translation>Tous les paramètres...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -3473,6 +3473,10 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <source>%1 gone after %2 at most</source>
         <translation>%1 disparu après %2 au plus</translation>
     </message>
+    <message>
+        <source>%1 in memory, there already</source>
+        <translation>%1 en mémoire, déjà là</translation>
+    </message>
 </context>
 <context>
     <name>RecordedWork</name>
@@ -3720,52 +3724,59 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
 <context>
     <name>RecordingNotice</name>
     <message>
-        <source>Recording goes on, into %1.</source>
-        <translation>L&apos;enregistrement continue, dans %1.</translation>
+        <source>Recording goes on.</source>
+        <translation>L&apos;enregistrement continue.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
-        <translation>Rien n&apos;est enregistré&#xa0;: le disque de %1 est plein. L&apos;enregistrement continue dès qu&apos;il y a de la place.</translation>
+        <source>Nothing is recorded: the disk is full. Recording goes on as soon as there is room.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: le disque est plein. L&apos;enregistrement continue dès qu&apos;il y a de la place.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
-        <translation>Rien n&apos;est enregistré&#xa0;: impossible d&apos;écrire %1. L&apos;enregistrement continue dès que possible.</translation>
+        <source>Nothing is recorded: the file cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Rien n&apos;est enregistré&#xa0;: impossible d&apos;écrire le fichier. L&apos;enregistrement continue dès que possible.</translation>
     </message>
     <message>
-        <source>The recording %1 has been removed. A new one has been begun.</source>
-        <translation>L&apos;enregistrement %1 a été supprimé. Un nouveau a été commencé.</translation>
+        <source>The recording has been removed. A new one has been begun.</source>
+        <translation>L&apos;enregistrement a été supprimé. Un nouveau a été commencé.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. Recording goes on in another file.</source>
-        <translation>L&apos;enregistrement %1 est endommagé. Il continue dans un autre fichier.</translation>
+        <source>The recording is damaged. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement est endommagé. Il continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
-        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il continue dans un autre fichier.</translation>
+        <source>The recording is of a later version of this program. Recording goes on in another file.</source>
+        <translation>L&apos;enregistrement vient d&apos;une version ultérieure de ce programme. Il continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>Another window records into %1. This one records into a file of its own.</source>
-        <translation>Une autre fenêtre enregistre dans %1. Celle-ci enregistre dans son propre fichier.</translation>
+        <source>Another window records into the same file. This one records into a file of its own.</source>
+        <translation>Une autre fenêtre enregistre dans le même fichier. Celle-ci enregistre dans son propre fichier.</translation>
     </message>
     <message>
-        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
-        <translation>L&apos;horloge de l&apos;ordinateur a été retardée. L&apos;enregistrement continue dans un autre fichier que %1.</translation>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file.</source>
+        <translation>L&apos;horloge de l&apos;ordinateur a été retardée. L&apos;enregistrement continue dans un autre fichier.</translation>
     </message>
     <message>
-        <source>The recording %1 cannot be read.</source>
-        <translation>Impossible de lire l&apos;enregistrement %1.</translation>
+        <source>The recording cannot be read.</source>
+        <translation>Impossible de lire l&apos;enregistrement.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. What can be read of it is shown.</source>
-        <translation>L&apos;enregistrement %1 est endommagé. Ce qui peut en être lu est affiché.</translation>
+        <source>The recording is damaged. What can be read of it is shown.</source>
+        <translation>L&apos;enregistrement est endommagé. Ce qui peut en être lu est affiché.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
-        <translation>L&apos;enregistrement %1 vient d&apos;une version ultérieure de ce programme. Il ne peut pas être lu.</translation>
+        <source>The recording is of a later version of this program. It cannot be read.</source>
+        <translation>L&apos;enregistrement vient d&apos;une version ultérieure de ce programme. Il ne peut pas être lu.</translation>
     </message>
     <message>
-        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
-        <translation>L&apos;enregistrement %1 n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+        <source>The recording was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>L&apos;enregistrement n&apos;a pas été fermé et n&apos;est pas accessible en écriture. Ses dernières secondes ne sont pas affichées.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Le document ne peut pas être créé.</translation>
     </message>
 </context>
 <context>
@@ -3777,10 +3788,6 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
     <message>
         <source>It could not be printed.</source>
         <translation>L&apos;impression a échoué.</translation>
-    </message>
-    <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Cette visite : depuis %1, premier démarrage du jour</translation>
     </message>
     <message>
         <source>The end of the span is before its begin.</source>
@@ -3855,10 +3862,6 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <translation>Papie&amp;r :</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Cette visite : depuis le premier démarrage du jour</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Aujourd&apos;hui</translation>
     </message>
@@ -3897,6 +3900,18 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
     <message>
         <source>Pages of the report</source>
         <translation>Pages du rapport</translation>
+    </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Cette visite, depuis %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Cette visite</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Cette visite a commencé au premier démarrage du bus aujourd&apos;hui</translation>
     </message>
 </context>
 <context>
@@ -4927,24 +4942,8 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Aucun LDB n&apos;a de défaut actuellement.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB avec un défaut actuellement (%1) : %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB gardant en mémoire un défaut disparu (%1) : %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Aucun LDB n&apos;est perdu.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>LDB perdus (%1) : %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5162,13 +5161,6 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
         <source>Last run: none recorded</source>
         <translation>Dernière fois : aucune enregistrée</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-            <numerusform>Le LDB est réglé sur %n FIM.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>Les courants des deux côtés pendant la recherche.</translation>
@@ -5291,6 +5283,30 @@ Un LDB dont la recherche de défaut a été interrompue peut encore être coupé
     <message>
         <source>not read</source>
         <translation>non lu</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM configurés</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Les deux côtés</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aucun LDB n&apos;avait de défaut à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB avec un défaut à la fin (%1)&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aucun LDB n&apos;était perdu à la fin.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>LDB perdus à la fin (%1)&#xa0;: %2.</translation>
     </message>
 </context>
 <context>

@@ -510,12 +510,12 @@ modus</translation>
         <translation>Laatste 7 dagen</translation>
     </message>
     <message>
-        <source>From … to …</source>
-        <translation>Van … tot …</translation>
+        <source>From ... to ...</source>
+        <translation>Van ... tot ...</translation>
     </message>
     <message>
         <source>Text of the events</source>
-        <translation>Tekst van de gebeurtenissen</translation>
+        <translation>Tekst</translation>
     </message>
     <message>
         <source>Show only events with these words. Esc shows all again.</source>
@@ -546,12 +546,12 @@ modus</translation>
         <translation>Gebeurtenissen tot deze tijd</translation>
     </message>
     <message>
-        <source>Mark…</source>
-        <translation>Markering…</translation>
+        <source>Mark...</source>
+        <translation>Markering...</translation>
     </message>
     <message>
-        <source>Export…</source>
-        <translation>Exporteren…</translation>
+        <source>Export...</source>
+        <translation>Exporteren...</translation>
     </message>
     <message>
         <source>Write the events that are listed to a CSV file</source>
@@ -2649,8 +2649,8 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
         <translation>Toon, vergelijk en wijzig de instellingen van alle LDB&apos;s in een tabel</translation>
     </message>
     <message>
-        <source>Table...</source>
-        <translation>Tabel...</translation>
+        <source>All Settings...</source>
+        <translation>Alle instellingen...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
@@ -3473,6 +3473,10 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>%1 gone after %2 at most</source>
         <translation>%1 verdwenen na hoogstens %2</translation>
     </message>
+    <message>
+        <source>%1 in memory, there already</source>
+        <translation>%1 in geheugen, was er al</translation>
+    </message>
 </context>
 <context>
     <name>RecordedWork</name>
@@ -3720,52 +3724,59 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
 <context>
     <name>RecordingNotice</name>
     <message>
-        <source>Recording goes on, into %1.</source>
-        <translation>De opname gaat door, in %1.</translation>
+        <source>Recording goes on.</source>
+        <translation>De opname gaat door.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: the disk with %1 is full. Recording goes on as soon as there is room.</source>
-        <translation>Er wordt niets opgenomen: de schijf met %1 is vol. De opname gaat door zodra er ruimte is.</translation>
+        <source>Nothing is recorded: the disk is full. Recording goes on as soon as there is room.</source>
+        <translation>Er wordt niets opgenomen: de schijf is vol. De opname gaat door zodra er ruimte is.</translation>
     </message>
     <message>
-        <source>Nothing is recorded: %1 cannot be written. Recording goes on as soon as it can.</source>
-        <translation>Er wordt niets opgenomen: %1 kan niet worden geschreven. De opname gaat door zodra dat kan.</translation>
+        <source>Nothing is recorded: the file cannot be written. Recording goes on as soon as it can.</source>
+        <translation>Er wordt niets opgenomen: het bestand kan niet worden geschreven. De opname gaat door zodra dat kan.</translation>
     </message>
     <message>
-        <source>The recording %1 has been removed. A new one has been begun.</source>
-        <translation>De opname %1 is verwijderd. Er is een nieuwe begonnen.</translation>
+        <source>The recording has been removed. A new one has been begun.</source>
+        <translation>De opname is verwijderd. Er is een nieuwe begonnen.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. Recording goes on in another file.</source>
-        <translation>De opname %1 is beschadigd. De opname gaat door in een ander bestand.</translation>
+        <source>The recording is damaged. Recording goes on in another file.</source>
+        <translation>De opname is beschadigd. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. Recording goes on in another file.</source>
-        <translation>De opname %1 is van een latere versie van dit programma. De opname gaat door in een ander bestand.</translation>
+        <source>The recording is of a later version of this program. Recording goes on in another file.</source>
+        <translation>De opname is van een latere versie van dit programma. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>Another window records into %1. This one records into a file of its own.</source>
-        <translation>Een ander venster neemt op in %1. Dit venster neemt op in een eigen bestand.</translation>
+        <source>Another window records into the same file. This one records into a file of its own.</source>
+        <translation>Een ander venster neemt op in hetzelfde bestand. Dit venster neemt op in een eigen bestand.</translation>
     </message>
     <message>
-        <source>The computer&apos;s clock has been set back. Recording goes on in another file than %1.</source>
-        <translation>De klok van de computer is teruggezet. De opname gaat door in een ander bestand dan %1.</translation>
+        <source>The computer&apos;s clock has been set back. Recording goes on in another file.</source>
+        <translation>De klok van de computer is teruggezet. De opname gaat door in een ander bestand.</translation>
     </message>
     <message>
-        <source>The recording %1 cannot be read.</source>
-        <translation>De opname %1 kan niet worden gelezen.</translation>
+        <source>The recording cannot be read.</source>
+        <translation>De opname kan niet worden gelezen.</translation>
     </message>
     <message>
-        <source>The recording %1 is damaged. What can be read of it is shown.</source>
-        <translation>De opname %1 is beschadigd. Wat ervan kan worden gelezen, wordt getoond.</translation>
+        <source>The recording is damaged. What can be read of it is shown.</source>
+        <translation>De opname is beschadigd. Wat ervan kan worden gelezen, wordt getoond.</translation>
     </message>
     <message>
-        <source>The recording %1 is of a later version of this program. It cannot be read.</source>
-        <translation>De opname %1 is van een latere versie van dit programma. Ze kan niet worden gelezen.</translation>
+        <source>The recording is of a later version of this program. It cannot be read.</source>
+        <translation>De opname is van een latere versie van dit programma. Ze kan niet worden gelezen.</translation>
     </message>
     <message>
-        <source>The recording %1 was not closed and cannot be written to. Its last seconds are not shown.</source>
-        <translation>De opname %1 is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+        <source>The recording was not closed and cannot be written to. Its last seconds are not shown.</source>
+        <translation>De opname is niet afgesloten en kan niet worden beschreven. De laatste seconden ervan worden niet getoond.</translation>
+    </message>
+</context>
+<context>
+    <name>ReportMaker</name>
+    <message>
+        <source>The document cannot be made.</source>
+        <translation>Het document kan niet worden gemaakt.</translation>
     </message>
 </context>
 <context>
@@ -3777,10 +3788,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>It could not be printed.</source>
         <translation>Het kon niet worden afgedrukt.</translation>
-    </message>
-    <message>
-        <source>This visit: since %1, today&apos;s first start</source>
-        <translation>Dit bezoek: sinds %1, de eerste start van vandaag</translation>
     </message>
     <message>
         <source>The end of the span is before its begin.</source>
@@ -3855,10 +3862,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <translation>&amp;Papier:</translation>
     </message>
     <message>
-        <source>This visit: since today&apos;s first start</source>
-        <translation>Dit bezoek: sinds de eerste start van vandaag</translation>
-    </message>
-    <message>
         <source>Today</source>
         <translation>Vandaag</translation>
     </message>
@@ -3897,6 +3900,18 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>Pages of the report</source>
         <translation>Pagina&apos;s van het verslag</translation>
+    </message>
+    <message>
+        <source>This visit, since %1</source>
+        <translation>Dit bezoek, sinds %1</translation>
+    </message>
+    <message>
+        <source>This visit</source>
+        <translation>Dit bezoek</translation>
+    </message>
+    <message>
+        <source>This visit began with today&apos;s first start of the bus</source>
+        <translation>Dit bezoek is begonnen met de eerste start van de bus vandaag</translation>
     </message>
 </context>
 <context>
@@ -4927,24 +4942,8 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         </translation>
     </message>
     <message>
-        <source>No LDB has a fault now.</source>
-        <translation>Geen LDB heeft nu een fout.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s with a fault now (%1): %2.</source>
-        <translation>LDB&apos;s met nu een fout (%1): %2.</translation>
-    </message>
-    <message>
         <source>LDB&apos;s that remember a fault that has gone (%1): %2.</source>
         <translation>LDB&apos;s die een verdwenen fout onthouden (%1): %2.</translation>
-    </message>
-    <message>
-        <source>No LDB is lost.</source>
-        <translation>Geen LDB is verloren.</translation>
-    </message>
-    <message>
-        <source>LDB&apos;s lost (%1): %2.</source>
-        <translation>Verloren LDB&apos;s (%1): %2.</translation>
     </message>
     <message>
         <source>LDB&apos;s in service mode (%1): %2.</source>
@@ -5162,13 +5161,6 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
         <source>Last run: none recorded</source>
         <translation>Vorige keer: niet opgenomen</translation>
     </message>
-    <message numerus="yes">
-        <source>The LDB was told to have %n FIM&apos;s.</source>
-        <translation>
-            <numerusform>De LDB is ingesteld op %n FIM.</numerusform>
-            <numerusform>De LDB is ingesteld op %n FIM&apos;s.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>The currents of both sides during the run.</source>
         <translation>De stromen van beide zijden tijdens het zoeken.</translation>
@@ -5291,6 +5283,30 @@ Een LDB waarvan het foutzoeken is afgebroken, kan nog gedempt zijn of standaardi
     <message>
         <source>not read</source>
         <translation>niet gelezen</translation>
+    </message>
+    <message>
+        <source>FIM&apos;s configured</source>
+        <translation>FIM&apos;s ingesteld</translation>
+    </message>
+    <message>
+        <source>Both sides</source>
+        <translation>Beide zijden</translation>
+    </message>
+    <message>
+        <source>No LDB had a fault at the end.</source>
+        <translation>Aan het einde had geen LDB een fout.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s with a fault at the end (%1): %2.</source>
+        <translation>LDB&apos;s met een fout aan het einde (%1): %2.</translation>
+    </message>
+    <message>
+        <source>No LDB was lost at the end.</source>
+        <translation>Aan het einde was geen LDB verloren.</translation>
+    </message>
+    <message>
+        <source>LDB&apos;s lost at the end (%1): %2.</source>
+        <translation>Verloren LDB&apos;s aan het einde (%1): %2.</translation>
     </message>
 </context>
 <context>

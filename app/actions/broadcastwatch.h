@@ -36,7 +36,7 @@ public:
     static constexpr int kLdbResetMs = 60000;
     static constexpr int kFimResetMs = 5000;
 
-    /// Begins to watch, right behind the sending. `link` outlives the watch.
+    /// Begins to watch, right after the sending. `link` outlives the watch.
     BroadcastWatch(SerialLink* link, LdbControl control, QObject* parent = nullptr);
 
     const BroadcastSight& sight() const { return m_sight; }

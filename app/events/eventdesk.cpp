@@ -4,6 +4,7 @@
 #include "app/notices/notices.h"
 #include "app/recording/recordingcontrol.h"
 #include "app/shared/usersettings.h"
+#include "app/shared/wholefile.h"
 #include "views/events/eventlist.h"
 #include "views/events/markdialog.h"
 
@@ -17,7 +18,6 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QPointer>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
@@ -63,7 +63,8 @@ EventDesk::EventDesk(const Surroundings& around, const std::function<qint64()>& 
     retranslate();
 }
 
-/// At the tables alone: beside the panels at the left there is no room below on a small screen.
+/// The list docks at the tables only: on a small screen there is no room below the panels at the
+/// left.
 void EventDesk::makeDock()
 {
     QLayout* layout = m_around.tables->parentWidget()->layout();
@@ -97,7 +98,7 @@ void EventDesk::makeButton(QStatusBar* bar)
 void EventDesk::load()
 {
     const QSettings settings = userSettings();
-    // A place on another screen may be out of sight.
+    // A dock that was left on another screen may be out of sight.
     if (settings.value(constants::kScreenGeometryKey).toRect() ==
         QGuiApplication::primaryScreen()->virtualGeometry()) {
         m_room->restoreState(settings.value(constants::kEventsDockKey).toByteArray());
@@ -120,7 +121,7 @@ void EventDesk::retranslate()
     updateMarks();
 }
 
-/// The keyboard goes where the list is.
+/// Takes the keyboard to the list.
 void EventDesk::showOrHide()
 {
     const bool isWanted = m_dock->isHidden();
@@ -137,7 +138,7 @@ bool EventDesk::isOwnRecording() const
     return m_around.control->access()->path() == m_around.control->folder();
 }
 
-/// Not before the user sees it.
+/// Reads nothing before the user sees the list.
 void EventDesk::read()
 {
     if (m_isRead || !m_dock->isVisible()) {
@@ -216,15 +217,12 @@ void EventDesk::askForFile()
 
 void EventDesk::write(const QString& path)
 {
-    const QByteArray lines = m_list->csv().toUtf8();
-    QSaveFile file(path);
-    const bool isDone =
-        file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size() && file.commit();
-    if (isDone) {
+    const QString reason = WholeFile::write(path, m_list->csv().toUtf8());
+    if (reason.isEmpty()) {
         m_around.notices->say([path] { return tr("Events exported to %1").arg(path); });
         return;
     }
-    m_around.notices->box(QMessageBox::Warning, [path, reason = file.errorString()] {
+    m_around.notices->box(QMessageBox::Warning, [path, reason] {
         return BoxText{tr("Export Events"), tr("The events could not be exported to %1").arg(path),
                        reason};
     });

@@ -24,7 +24,7 @@ public:
     struct Surroundings
     {
         QWidget* window;
-        QWidget* tables; ///< what the list is docked at, and shares the room with
+        QWidget* tables; ///< what the list is docked beside, and shares its space with
         RecordingControl* control;
         Notices* notices;
         QStatusBar* bar; ///< gets a button
@@ -39,8 +39,8 @@ public:
     QAction* showAction() const { return m_show; }
 
 signals:
-    /// The user wants to see that moment.
-    void momentWanted(qint64 at);
+    /// The user wants to see that moment, and of an LDB's event that LDB; empty: of no LDB.
+    void momentWanted(qint64 at, const QString& hexId);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -62,10 +62,11 @@ private:
 
     Surroundings m_around;
     std::function<std::optional<qint64>()> m_shown;
-    QMainWindow* m_room; ///< in place of the tables, which are in it: around them the list docks
+    QMainWindow* m_room; ///< stands in place of the tables and holds them, so that the list can
+                         ///< dock around them
     EventList* m_list;   ///< in the dock
     QDockWidget* m_dock;
     QAction* m_show;
     QString m_markHindrance;
-    bool m_isRead = false; ///< what is recorded is listed, or on its way
+    bool m_isRead = false; ///< the list has been read, or is being read
 };

@@ -12,10 +12,10 @@
 
 namespace {
 
-/// From when all have been probed, or one has told its name first, until it is decided with the
-/// names heard so far, ms. On a large site a round with all names takes longer.
+/// The check decides with the names heard so far when no LDB has told its name first for that long,
+/// ms. A round with all names takes longer on a large site.
 constexpr int kPatience = 30000;
-/// Changes are gathered for so long, ms.
+/// How long changes are gathered before they are stored, ms.
 constexpr int kSaveAfter = 2000;
 
 bool mayStartKnown()
@@ -131,7 +131,7 @@ void InstallationControl::beginRun(const PortIdentity& port)
     m_isDoubtful = false;
 }
 
-/// What is remembered is assumed, and held against what answers.
+/// Assumes the remembered installation, and checks it against what answers.
 StartPlan InstallationControl::checkCurrent()
 {
     const bool isKnown = !m_current.ldbs.empty();
@@ -159,7 +159,8 @@ void InstallationControl::choose(const QString& id, const PortIdentity& port)
         setCurrent(id.isEmpty() ? Installation() : *chosen);
     }
     if (m_isNew && former.id != m_current.id && former.title() == former.id) {
-        m_store.removeBare(former.id); // made at this start, for the one that is chosen now
+        m_store.removeBare(former.id); // it was made at this start only until one is chosen
+        emit gaveWay(former.id);
     }
     m_isNew = false;
     m_check = SiteCheck();
@@ -186,7 +187,7 @@ QString InstallationControl::add(Installation installation)
 {
     installation.id = m_store.freeId();
     if (installation.id == m_current.id) {
-        save(); // its folder is not there yet
+        save(); // it has no folder yet
         installation.id = m_store.freeId();
     }
     store(installation);
@@ -238,7 +239,7 @@ void InstallationControl::store(const Installation& installation)
     }
 }
 
-/// One without an id gets one.
+/// Gives an installation without an id one.
 void InstallationControl::setCurrent(const Installation& installation)
 {
     const QString former = m_current.id;
@@ -267,8 +268,8 @@ void InstallationControl::useOn(const PortIdentity& port)
     }
 }
 
-/// Comes when the name is certain: one that differs from what was known, after a cut, too, has been
-/// told twice then.
+/// Comes when the name is certain: a name other than the known one has been told twice by then,
+/// also after a cut.
 void InstallationControl::processName(const QString& hexId, const QString& name)
 {
     if (!m_told.contains(hexId) && m_patience.isActive()) {
@@ -306,7 +307,7 @@ int InstallationControl::answeringLdbs() const
                       [this](const QString& hexId) { return m_told.contains(hexId); }));
 }
 
-/// With the names that they have told. Nothing, while it may be another bus.
+/// Remembers the LDBs with the names that they have told. Does nothing while it may be another bus.
 void InstallationControl::remember(const QStringList& hexIds)
 {
     if (!isCertain()) {
@@ -324,7 +325,7 @@ void InstallationControl::remember(const QStringList& hexIds)
 
 void InstallationControl::processScan(bool isOn)
 {
-    // A run without a scan also tells that none is on.
+    // A run without a scan also tells that no scan is on.
     const bool wasOn = std::exchange(m_isScanning, isOn);
     if (isOn) {
         processScanBegin();
@@ -385,8 +386,8 @@ void InstallationControl::processRescan()
     emit settledChanged();
 }
 
-/// Also those that have not told their names: one that is silent at the next start would else make
-/// a small site look like another one.
+/// Also LDBs that have not told their names: otherwise one that is silent at the next start would
+/// make a small site look like another one.
 void InstallationControl::rememberFound(const QStringList& hexIds)
 {
     for (const QString& hexId : hexIds) {
@@ -460,7 +461,7 @@ void InstallationControl::endCheck()
     }
 }
 
-/// Looks, once a run on a port that was never used, which installation has the LDBs that answer.
+/// Once in a run on a port that was never used: looks which installation has the LDBs that answer.
 void InstallationControl::recognise()
 {
     m_isCompared = true;

@@ -11,11 +11,11 @@
 
 class SerialLink;
 
-/// The installation in force: which one it is, whether what answers is it, and what is remembered
-/// of it. Knows no widgets. GUI thread.
+/// Knows which installation is in force, whether the bus that answers is that one, and what is
+/// remembered of it. Knows no widgets. GUI thread.
 ///
-/// While it is not settled that the bus is the one remembered, nothing is remembered, and nobody
-/// may write anything by himself.
+/// Until it is settled that the bus is the remembered one, nothing is remembered, and nothing may
+/// be written automatically.
 class InstallationControl : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     /// Without an id until the first start.
     const Installation& current() const { return m_current; }
     const Installations& store() const { return m_store; }
-    /// False from a start on until what answers has shown, or the user has said, which one it is.
+    /// False from a start on, until the answers have shown, or the user has said, which one it is.
     bool isSettled() const { return m_state == State::Settled; }
     /// Whether the names agree as well. After a cut they do so a moment after `isSettled()`, and a
     /// scan in the run puts them to the test again.
@@ -37,20 +37,21 @@ public:
     /// like no more.
     bool mayTellLosses() const;
 
-    /// The installations that the user chooses from. A damaged one is told by `failed()`.
+    /// The installations that the user can choose from. `failed()` tells of a damaged one.
     std::vector<Installation> all();
 
     // A run is about to begin:
-    /// By hand: takes the installation last used on that port, or a new one.
+    /// The user begins it: takes the installation last used on that port, or a new one.
     StartPlan planFor(const PortIdentity& port);
-    /// Because the port is back: goes on where the cut was, if that is not long ago.
+    /// The port is back: goes on where the cut was, if that is not long ago.
     StartPlan planAgain(const PortIdentity& port, bool isLongAway);
 
-    /// The user says that the bus at that port is this one; empty for one that is not known yet.
+    /// The user says that the bus at that port is this installation; an empty id stands for a new
+    /// one.
     void choose(const QString& id, const PortIdentity& port);
 
     // The user changes what is remembered:
-    /// Stores a new installation, which does not come into force; gives its id.
+    /// Stores a new installation without putting it into force; gives its id.
     QString add(Installation installation);
     /// Takes name, place and notes for the one of the same id.
     void describe(const Installation& described);
@@ -58,13 +59,16 @@ public:
     void forget(const QString& id, const QStringList& hexIds);
 
 signals:
-    /// Another one is in force; comes before `changed()`.
+    /// Another installation is in force; comes before `changed()`.
     void replaced();
-    /// Another one is in force, or something of it has changed.
+    /// An installation made at this start has given way to the one in force, to which its
+    /// recordings belong now. Comes after `replaced()`.
+    void gaveWay(const QString& formerId);
+    /// Another installation is in force, or the one in force has changed.
     void changed();
     /// `isSettled()`, `isCertain()` or `mayTellLosses()` may differ from before.
     void settledChanged();
-    /// What answers is not what is remembered: the user has to say what it is.
+    /// The bus that answers is not the remembered one: the user has to say which one it is.
     void anotherFound();
     /// The whole bus is to be scanned.
     void scanWanted();
@@ -119,9 +123,9 @@ private:
     QStringList m_resumed;     ///< the LDBs that a run which goes on should hear
     bool m_isDoubtful = false; ///< most of those have not been heard
     bool m_mayResume = false;  ///< the last run ended settled, and not in a scan
-    bool m_isNew = false;      ///< made at this start: the bus may be that of one remembered
-    bool m_isCompared = false; ///< a new one, with all that are remembered
-    SiteCheck m_check;         ///< against nothing, once it has been decided
+    bool m_isNew = false;      ///< made at this start: the bus may be that of a remembered one
+    bool m_isCompared = false; ///< a new one has been compared with all that are remembered
+    SiteCheck m_check;         ///< empty once it has decided
     QHash<QString, QString> m_told; ///< the names that the LDBs have told in this run
     QTimer m_patience;
     QTimer m_saving;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// It is news, and not true for ever, ms.
+/// How long a message stays: it is news, and not true for ever. ms.
 constexpr int kBackShown = 10000;
 
 } // namespace
@@ -104,7 +104,7 @@ void InstallationDesk::askWhich(bool isAnother, const QString& id)
                         "one?")
                          .arg(portName, title);
     };
-    // The one that it is not is not proposed.
+    // Proposes none that has just been ruled out.
     m_question =
         new InstallationQuestion(text, installations, isAnother ? QString() : id, m_window);
     connect(m_question, &InstallationQuestion::answered, this,

@@ -12,8 +12,8 @@ class LinkNotices;
 class Notices;
 class QWidget;
 
-/// Shows the user what there is to know and to decide about the installation in force and about a
-/// port that is waited for. GUI thread.
+/// Tells and asks the user about the installation in force, and about a port that is waited for.
+/// GUI thread.
 class InstallationDesk : public QObject
 {
     Q_OBJECT

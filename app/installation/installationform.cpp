@@ -169,7 +169,7 @@ void InstallationForm::load(const QString& id)
     };
     const auto stored = std::find_if(m_installations.begin(), m_installations.end(), isCurrent);
     if (stored != m_installations.end()) {
-        *stored = current; // it may know more than its file
+        *stored = current; // what is in force may be newer than its file
     } else if (!current.id.isEmpty()) {
         m_installations.push_back(current);
     }
@@ -215,7 +215,7 @@ void InstallationForm::showLdbs()
     m_ldbsLabel->setText(tr("LDBs remembered: %n", nullptr, static_cast<int>(m_shown.ldbs.size())));
 }
 
-/// What is heard of the one in force shows at once; what is being typed stays.
+/// Shows at once what is heard of the installation in force; keeps what is being typed.
 void InstallationForm::processChange()
 {
     const Installation& current = m_control->current();

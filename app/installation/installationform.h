@@ -15,8 +15,8 @@ class QPushButton;
 class QTreeWidget;
 
 /// Shows the installations that are remembered: their names, places, notes and LDBs, which the user
-/// may change; takes another one into force, makes new ones, and exchanges them with colleagues.
-/// What is typed is kept when the field is left. Nothing waits for it. GUI thread.
+/// may change; puts another one into force, makes new ones, and exports and imports them. What is
+/// typed is stored when the field is left. Nothing waits for it. GUI thread.
 class InstallationForm : public QDialog
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ private:
     void build();
     void connectAll();
     void retranslate();
-    /// Reads the list anew, and shows this one.
+    /// Reads the list anew, and shows the installation of that id.
     void load(const QString& id);
     void show(const QString& id);
     void showLdbs();

@@ -63,7 +63,7 @@ InstallationQuestion::InstallationQuestion(Text text,
         m_choose->setEnabled(!m_list->selectedItems().isEmpty());
     };
     enable();
-    // Enter must not take one that nobody has proposed or chosen.
+    // Enter must not choose an installation that nobody has proposed or selected.
     QPushButton* first = m_choose->isEnabled() ? m_choose : m_new;
     first->setDefault(true);
     first->setFocus();

@@ -8,8 +8,8 @@
 
 class SerialLink;
 
-/// Waits for a port that died in a run, and says when it may be tried. Whatever begins a run other
-/// than such a try ends the waiting. Knows no widgets. GUI thread.
+/// Waits for a port that died in a run, and says when to try it. A run that begins in any other way
+/// ends the waiting. Knows no widgets. GUI thread.
 class PortWaiter : public QObject
 {
     Q_OBJECT
@@ -31,9 +31,9 @@ public:
 
 signals:
     void waitingChanged(bool isWaiting);
-    /// The port is there: to be tried at once.
+    /// The port is there and has to be tried at once.
     void found(const PortIdentity& port);
-    /// Any of these may be it.
+    /// Any of these ports may be it.
     void severalFound(const QStringList& names);
     /// The port is open again; comes after `waitingChanged(false)`.
     void back();

@@ -5,8 +5,8 @@
 
 namespace {
 
-/// Between two tries of a port that is there and does not open, ms: a system takes a moment to
-/// give a new port to its user.
+/// The pause between two tries of a port that is there and does not open, ms: a system takes a
+/// moment to give users access to a new port.
 constexpr qint64 kFirstPause = 1000;
 constexpr qint64 kLongestPause = 8000;
 
@@ -39,7 +39,7 @@ PortWatch::Verdict PortWatch::look(const std::vector<PortIdentity>& ports, bool 
     if (!m_lost.isUsb()) {
         names = isThere ? QStringList{m_lost.name} : QStringList();
     }
-    // A twin that has been pulled out since then may also be the one that comes back.
+    // A twin that was pulled out since then may be the one that has come back.
     m_others.erase(std::remove_if(m_others.begin(), m_others.end(),
                                   [&](const QString& other) { return !names.contains(other); }),
                    m_others.end());

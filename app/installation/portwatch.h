@@ -24,16 +24,16 @@ public:
         QStringList names = {};
     };
 
-    /// After so long the LDBs are checked as at a start, ms.
+    /// After a cut of that length the LDBs are checked as at a start, ms.
     static constexpr qint64 kLongAway = 600000;
 
     PortWatch() = default;
-    /// `lost` died at `now` (ms since 1970 UTC); `before`: the ports that there
-    /// were while it lived.
+    /// `lost` died at `now` (ms since 1970 UTC); `before`: the ports that were there while it
+    /// lived.
     PortWatch(PortIdentity lost, const std::vector<PortIdentity>& before, qint64 now);
 
-    /// What there is to do, by the ports that there are now. `isThere`: whether there is a port of
-    /// the lost one's name, listed or not. The same question is asked once.
+    /// What to do, given the ports that are there now. `isThere`: whether a port of the lost one's
+    /// name is there, listed or not. Asks the same question only once.
     Verdict look(const std::vector<PortIdentity>& ports, bool isThere, qint64 now);
     /// The port that was to be tried did not open, or failed at once.
     void processFailure(qint64 now);
@@ -43,7 +43,7 @@ public:
 
 private:
     PortIdentity m_lost;
-    /// Others of its kind that were there with it, and have been there ever since.
+    /// Adapters of its kind that were there with it, and have been there ever since.
     QStringList m_others;
     QStringList m_asked;
     qint64 m_since = 0;

@@ -8,11 +8,11 @@
 
 #include <vector>
 
-/// Finds out, by what answers, whether a bus is the one that is remembered. A plain value.
+/// Finds out from the answers whether a bus is the remembered one. A plain value.
 ///
-/// It is another one when fewer than half of the LDBs remembered answer, or when the names of too
-/// many differ. A rename is none: one name in ten may differ, one at least; but of fewer than three
-/// LDBs none, for there the others do not vouch for it.
+/// It is another one when fewer than half of the remembered LDBs answer, or when too many names
+/// differ. For LDBs are renamed: one name in ten may differ, and always one. With fewer than three
+/// LDBs none may, as the others do not vouch for it.
 class SiteCheck
 {
 public:
@@ -25,14 +25,14 @@ public:
 
     explicit SiteCheck(const std::vector<KnownLdb>& remembered = {});
 
-    /// All remembered LDBs have been probed, and so many have answered.
+    /// All remembered LDBs have been probed, and `answered` of them have answered.
     void processProbed(int answered);
     /// An LDB has told its name. The last one told counts, unless that remembered has been told
     /// before: then it was renamed. That of an LDB that is not remembered does not count.
     void processName(const QString& hexId, const QString& name);
 
     Verdict verdict() const;
-    /// The verdict by what has been heard so far: never open.
+    /// The verdict from what has been heard so far; never `Open`.
     Verdict lastVerdict() const;
 
     /// The addresses and names that agree.

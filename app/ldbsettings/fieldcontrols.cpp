@@ -72,6 +72,9 @@ QWidget* fieldcontrols::make(LdbField field, QWidget* parent)
     case FieldKind::Number: {
         auto* box = new QSpinBox(parent);
         limit(box);
+        if (!fieldUnit(field).isEmpty()) {
+            box->setSuffix(QLatin1Char(' ') + fieldUnit(field));
+        }
         return box;
     }
     case FieldKind::Switch:

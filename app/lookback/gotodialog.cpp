@@ -1,5 +1,7 @@
 #include "app/lookback/gotodialog.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <QDateTime>
 #include <QDateTimeEdit>
 #include <QDialogButtonBox>
@@ -9,13 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int kMicrosecondsPerMillisecond = 1000;
-
-QDateTime localOf(qint64 at)
-{
-    return QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond);
-}
 
 } // namespace
 
@@ -29,8 +24,9 @@ GoToDialog::GoToDialog(TimeSpan extent, qint64 proposed, QWidget* parent)
     m_time->setObjectName(QStringLiteral("goToTime"));
     m_time->setDisplayFormat(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     m_time->setCalendarPopup(true);
-    m_time->setDateTimeRange(localOf(extent.from), localOf(extent.to));
-    m_time->setDateTime(localOf(std::clamp(proposed, extent.from, extent.to)));
+    m_time->setDateTimeRange(microseconds::localTime(extent.from),
+                             microseconds::localTime(extent.to));
+    m_time->setDateTime(microseconds::localTime(std::clamp(proposed, extent.from, extent.to)));
     m_time->setCurrentSection(QDateTimeEdit::HourSection);
     auto* label = new QLabel(tr("&Moment to show:"), this);
     label->setBuddy(m_time);
@@ -41,7 +37,7 @@ GoToDialog::GoToDialog(TimeSpan extent, qint64 proposed, QWidget* parent)
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
-        emit chosen(m_time->dateTime().toMSecsSinceEpoch() * kMicrosecondsPerMillisecond);
+        emit chosen(microseconds::of(m_time->dateTime()));
         accept();
     });
 }

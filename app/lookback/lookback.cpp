@@ -4,6 +4,7 @@
 #include "app/lookback/recordedband.h"
 #include "app/lookback/shownsource.h"
 #include "recording/recordingaccess.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -26,16 +27,16 @@
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
+using microseconds::kSecond;
 constexpr qint64 kStep = 10 * kSecond;
 constexpr qint64 kFarStep = 600 * kSecond;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 constexpr int kTickMs = 100;
 constexpr int kRefreshMs = 10000;
-/// What a stalled program makes up for at the most, ms.
+/// The most that playing makes up for after a stall, ms.
 constexpr qint64 kLongestTick = 500;
 constexpr std::array kSpeeds{1, 2, 5, 10, 60};
-/// So many seconds are read at a time, at the speed at which they are played.
+/// How many seconds of playing are read at a time.
 constexpr qint64 kReadAhead = 5;
 
 TimeBarContent contentOf(RecordingReader& reader)
@@ -69,7 +70,7 @@ KeyPlace placeOf(const QWidget* widget)
         qobject_cast<const QTabBar*>(widget) != nullptr) {
         return KeyPlace::Control;
     }
-    // The plot's library is not this one's: its canvas is known by its class.
+    // This room does not link the plot's library, so the canvas is known by the name of its class.
     return widget != nullptr && widget->inherits("QwtPlotCanvas") ? KeyPlace::Plot : KeyPlace::Bar;
 }
 
@@ -108,7 +109,7 @@ std::optional<qint64> LookBack::shown() const
     return m_isShowing ? std::make_optional(m_replay->position()) : std::nullopt;
 }
 
-/// Another recording is there.
+/// Another recording is in force.
 void LookBack::forget()
 {
     live();
@@ -133,7 +134,7 @@ void LookBack::readContent()
         m_isContentDue = false;
         m_bar->setContent(std::move(content));
         if (m_isRecording) {
-            m_bar->setNow(m_around.wallTime() * kMicrosecondsPerMillisecond);
+            m_bar->setNow(m_around.wallTime() * kMillisecond);
         }
     });
 }
@@ -151,7 +152,7 @@ void LookBack::goTo(qint64 at)
     readMoment();
 }
 
-/// One at a time: of many wanted meanwhile, the last one counts.
+/// Reads one moment at a time. Of those wanted meanwhile, the last one counts.
 void LookBack::readMoment()
 {
     if (m_isMomentDue || !m_wanted) {
@@ -197,7 +198,7 @@ void LookBack::live()
     m_isMomentDue = false;
     m_isStretchDue = false;
     m_isContentDue = false;
-    m_asking = std::make_unique<QObject>(); // what was asked for is wanted no more
+    m_asking = std::make_unique<QObject>(); // drops the answers to what was asked
     setPlaying(false);
     m_alert.clear();
     if (!std::exchange(m_isShowing, false)) {
@@ -230,7 +231,7 @@ void LookBack::showPosition()
 void LookBack::setSelectedLdb(const QString& hexId)
 {
     if (std::exchange(m_hexId, hexId) != hexId && m_isShowing && !m_wanted) {
-        goTo(position()); // with this one's past
+        goTo(position()); // with the past of this LDB
     }
 }
 
@@ -241,7 +242,7 @@ void LookBack::setNow(const QString& text)
         m_band->setNow(m_now, false);
     }
     if (m_isRecording) {
-        m_bar->setNow(m_around.wallTime() * kMicrosecondsPerMillisecond);
+        m_bar->setNow(m_around.wallTime() * kMillisecond);
     }
 }
 
@@ -278,7 +279,7 @@ void LookBack::tick()
     const qint64 now = m_around.wallTime();
     const qint64 elapsed = std::clamp(now - std::exchange(m_lastTick, now), 0LL, kLongestTick);
     if (!m_isMomentDue) {
-        m_replay->advance(elapsed * kMicrosecondsPerMillisecond * kSpeeds.at(m_speed));
+        m_replay->advance(elapsed * kMillisecond * kSpeeds.at(m_speed));
     }
     readAhead();
     showPosition();
@@ -294,7 +295,7 @@ void LookBack::readAhead()
     const TimeBarContent& content = m_bar->content();
     if (!m_isRecording && m_replay->readyUntil() >= content.extent.to - 1) {
         if (m_replay->position() >= m_replay->readyUntil()) {
-            setPlaying(false); // that was all
+            setPlaying(false); // the recording has ended
         }
         return;
     }
@@ -423,7 +424,7 @@ bool LookBack::eventFilter(QObject* watched, QEvent* event)
         return false;
     }
     const auto* key = static_cast<const QKeyEvent*>(event);
-    // What has no keys of its own is as good as the bar, once the window looks back.
+    // A widget without keys of its own counts as the bar while the window looks back.
     const KeyPlace place = placeOf(widget);
     const bool isOnBar = widget == m_bar;
     const auto meaning = barKeyOf(key->key(), key->modifiers(), place, m_isShowing);

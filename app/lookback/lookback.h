@@ -18,7 +18,7 @@
 class RecordingAccess;
 class ShownSource;
 
-/// Lets a window look back: keeps the time bar, reads the moments that are wanted, plays them, and
+/// Lets a window look back: owns the time bar, reads and plays the moments that are wanted, and
 /// goes back to the present. Moments are UTC, µs since 1970. GUI thread.
 class LookBack : public QObject
 {
@@ -30,8 +30,8 @@ public:
         ShownSource* source;
         std::function<qint64()> wallTime; ///< ms since 1970 UTC
     };
-    /// Makes bar and band, which the window has yet to place. The surroundings and the window
-    /// outlive this object.
+    /// Makes bar and band; the window places them. The surroundings and the window outlive this
+    /// object.
     LookBack(const Surroundings& around, QWidget* window, QObject* parent);
     ~LookBack() override;
 
@@ -39,23 +39,23 @@ public:
     RecordedBand* band() { return m_band; }
     const Replay& replay() const { return *m_replay; }
     PlotHistorySource* past() { return &m_past; }
-    /// Sends the records that are looked back at, for what is fed with these alone.
+    /// Tells recorded records only, for views that never show the present.
     const RecordSource* source() const { return m_replay; }
 
     /// The moment shown; nothing while that is the present.
     std::optional<qint64> shown() const;
-    /// Shows a moment, or the nearest one that is recorded; as soon as it is read.
+    /// Shows a moment, or the nearest one that is recorded, as soon as that has been read.
     void goTo(qint64 at);
     /// What a key on the bar does.
     void press(BarKey key);
 
     /// Whose past the plot shows.
     void setSelectedLdb(const QString& hexId);
-    /// Whether what happens now gets into the recording: it reaches up to now then.
+    /// Whether the present is being recorded: then the recording reaches up to now.
     void setRecording(bool isRecording) { m_isRecording = isRecording; }
-    /// What is monitored now, as the band says it.
+    /// What the band says of the present.
     void setNow(const QString& text);
-    /// Something has happened now that needs somebody.
+    /// Something has happened in the present that needs somebody.
     void alert(const QString& text);
 
 public slots:
@@ -65,9 +65,9 @@ public slots:
     void refresh();
 
 signals:
-    /// `shown()` is another moment. Comes ten times a second while it is played.
+    /// `shown()` has changed. Comes ten times a second while playing.
     void shownChanged();
-    /// Before the first record of a moment is shown, and after the last one.
+    /// Comes before the first recorded record is shown, and after the last one.
     void lookingBackChanged(bool isLookingBack);
     /// A moment was wanted, and there is no recording.
     void nothingFound();
@@ -96,10 +96,10 @@ private:
     Surroundings m_around;
     QWidget* m_window;
     Replay* m_replay;        // owned as a child
-    QPointer<TimeBar> m_bar; // owned by the window, as the band
+    QPointer<TimeBar> m_bar; // owned by the window, as is the band
     QPointer<RecordedBand> m_band;
     PastSamples m_past;
-    std::unique_ptr<QObject> m_asking; ///< answers reach nobody when it is another one
+    std::unique_ptr<QObject> m_asking; ///< the context of questions; a new one drops their answers
     QTimer m_ticks;
     QTimer m_refresh;
     QString m_hexId;
@@ -111,7 +111,7 @@ private:
     bool m_isShowing = false;
     bool m_isPlaying = false;
     bool m_isRecording = false;
-    std::size_t m_speed = 0; ///< of the speeds
+    std::size_t m_speed = 0; ///< which which of the speeds
     qint64 m_lastTick = 0;   ///< ms
     QString m_now;
     QString m_alert;

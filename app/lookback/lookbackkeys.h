@@ -24,10 +24,10 @@ enum class BarKey
     Live
 };
 
-/// Where the keyboard is; each keeps the keys that it needs itself.
+/// What has the keyboard focus. Each keeps the keys that it needs itself.
 enum class KeyPlace
 {
-    Bar,     ///< and whatever has no keys of its own
+    Bar,     ///< or whatever has no keys of its own
     Table,   ///< rows: up, down, page by page
     Plot,    ///< its own cursor
     Button,  ///< Space
@@ -35,7 +35,7 @@ enum class KeyPlace
     Text
 };
 
-/// What a key means for the bar; nothing where it is not the bar's. The present is left by a key
-/// only on the bar itself.
+/// What a key means for the bar; nothing where it means nothing to it. From the present, only keys
+/// pressed on the bar itself begin to look back.
 std::optional<BarKey> barKeyOf(int key, Qt::KeyboardModifiers modifiers, KeyPlace place,
                                bool isLookingBack);

@@ -8,15 +8,15 @@
 
 namespace {
 
-/// The round that is on, the one before it, what was in force before, and one that is there twice
-/// at midnight.
+/// The round that is on, the one before it, the one before these, and one that stands twice in the
+/// recording at midnight.
 constexpr int kRounds = 4;
-/// No round takes so long, µs.
+/// Longer than any round, µs.
 constexpr qint64 kFurthestBase = 300LL * 1000000;
-/// While the bus is polled, there is one probe between two other questions at the most.
+/// While the bus is polled, at most one probe comes between two other questions.
 constexpr int kProbesOfScan = 4;
 constexpr qint64 kRecent = 3LL * 1000000;
-/// The run before is looked for so far back, µs.
+/// How far back the last run is looked for, µs.
 constexpr qint64 kDays = 3LL * 86400 * 1000000;
 
 template <typename Value, typename Make>
@@ -31,8 +31,8 @@ void append(std::vector<ReplayStep>& steps, std::vector<Value>&& values, const M
     }
 }
 
-/// From where on the lamps are what they were: from the last whole round, or from where they began
-/// anew.
+/// The round from which on the lamps show what they showed: the last whole one, or the one with
+/// which they began anew.
 std::size_t firstRound(const std::vector<RecordedRound>& rounds, qint64 at)
 {
     std::size_t first = rounds.size();
@@ -63,7 +63,7 @@ Stretch moment::stretchOf(RecordingReader& reader, qint64 from, qint64 to)
     const auto extent = reader.extent();
     result.span = {from, extent ? std::clamp(extent->to, from, to) : from};
     const TimeSpan span{from + 1, result.span.to + 1};
-    // Where two meet: the list and the round come before the record.
+    // At the same moment, the list and the round come before the record.
     append(result.steps, reader.lists(span), [](ReplayStep& step, RecordedList&& list) {
         step.kind = ReplayStep::Kind::List;
         step.hexIds = std::move(list.hexIds);

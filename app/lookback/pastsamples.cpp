@@ -3,13 +3,14 @@
 #include "app/lookback/replay.h"
 #include "recording/recordingaccess.h"
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 #include "serial/ldb/monitoring.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 std::vector<PlotSample> within(std::vector<PlotSample> samples, qint64 from, qint64 to)
 {
@@ -37,9 +38,11 @@ std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qi
         if (!samples.empty()) {
             const double newest = samples.back().time;
             if (newest - time > static_cast<double>(Monitoring::kLongestLife)) {
-                samples.clear(); // the clock was set back: what is later is no past
+                samples.clear(); // the clock was set back: later times are no past
             } else if (time <= newest) {
-                time = newest + 1.0; // of a round that began before an extra record
+                time =
+                    newest +
+                    1.0; // a round's record, with the time of the round's begin, after an extra one
             } else if (time - newest > static_cast<double>(lifetimeMs)) {
                 samples.push_back(PlotSample::gap(newest + 1.0));
             }
@@ -63,7 +66,7 @@ void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer
     shown.setTimeSpec(Qt::LocalTime);
     const qint64 now = shown.toMSecsSinceEpoch();
     const auto momentOf = [this, now](qint64 time) {
-        return m_replay->position() + (time - now) * kMicrosecondsPerMillisecond;
+        return m_replay->position() + (time - now) * kMillisecond;
     };
     if (hexId == m_replay->pastOf() && momentOf(from) >= m_replay->pastFrom()) {
         answer(within(samplesOf(m_replay->past(), lifetime), from, to));
@@ -71,7 +74,7 @@ void PastSamples::ask(const QString& hexId, qint64 from, qint64 to, const Answer
     }
     const TimeSpan span{momentOf(from), momentOf(to)};
     m_access->ask(
-        m_access, // the answer holds by itself what it needs
+        m_access, // the answer itself holds what it needs
         [hexId, span](RecordingReader& reader) { return reader.records(hexId, span); },
         [answer, lifetime, from, to](const std::vector<RecordedRecord>& records) {
             answer(within(samplesOf(records, lifetime), from, to));

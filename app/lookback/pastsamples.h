@@ -10,11 +10,11 @@
 class RecordingAccess;
 class Replay;
 
-/// The samples of records as a plot makes them that is told of each: with a gap behind one after
-/// which nothing came for so long that it was not live any more.
+/// The same samples that a plot makes of records told one by one: with a gap after a record that
+/// was no longer live when the next one came.
 std::vector<PlotSample> samplesOf(const std::vector<RecordedRecord>& records, qint64 lifetimeMs);
 
-/// The past of a plot that looks back: what came with the moment at once, anything else from the
+/// The past of a plot that looks back: at once what came with the moment, anything else from the
 /// recording. GUI thread.
 class PastSamples : public PlotHistorySource
 {

@@ -72,10 +72,10 @@ RecordedBand::RecordedBand(QWidget* parent)
     m_text->setFont(bold);
     m_text->setTextFormat(Qt::PlainText);
     m_nowText->setTextFormat(Qt::PlainText);
-    // The moment comes first where there is no room for all.
+    // Where there is no room for all, the moment is shown first.
     m_nowText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_nowText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    // The keys stay with whoever has them.
+    // Clicking the buttons takes the keyboard from nobody.
     m_play->setFocusPolicy(Qt::TabFocus);
     m_live->setFocusPolicy(Qt::TabFocus);
     m_nowText->setAutoFillBackground(true);

@@ -19,16 +19,16 @@ public:
 
     struct Shown
     {
-        QDateTime wall; ///< with the offset from UTC of the place
+        QDateTime wall; ///< with the offset from UTC that was in force there
         Monitoring monitoring;
         bool isPlaying = false;
         int speed = 1;
     };
     void setShown(const Shown& shown);
-    /// What is the case now; `isAlert`: it is new, and needs somebody.
+    /// What is so in the present; `isAlert`: it is new, and needs somebody.
     void setNow(const QString& text, bool isAlert);
 
-    /// Which moment that is, in the language in force.
+    /// What the band says of the moment, in the language in force.
     static QString text(const Shown& shown);
 
 signals:

@@ -1,6 +1,7 @@
 #include "app/lookback/replay.h"
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QThread>
 
@@ -12,7 +13,7 @@ using namespace generalinformation;
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 constexpr qint64 kMillisecondsPerSecond = 1000;
 
 } // namespace
@@ -82,7 +83,7 @@ void Replay::show(Moment moment)
     }
 }
 
-/// The views ask what is live when they are told of it: all that it depends on comes first.
+/// Views decide what is live when they are told of it, so all that this depends on comes first.
 void Replay::lookAhead(const std::vector<RecordedRecord>& base)
 {
     for (const ReplayStep& step : m_steps) {
@@ -163,13 +164,13 @@ void Replay::tell(const ReplayStep& step)
 void Replay::tellRound(const RecordedRound& round)
 {
     if (m_isRoundOn && m_round && m_round->wall == round.wall) {
-        return; // the file of another day says it again, with its own begin
+        return; // the file of the next day repeats it, with its own begin
     }
     m_round = round;
     m_isScanning = false;
-    // When a round ended is not recorded, but with the next one, whether it did.
+    // The end of a round is not recorded; the next round says whether there was one.
     if (round.isBreak) {
-        // Not the whole bus was monitored in between, and nothing is known of whole rounds.
+        // Only a part of the bus was monitored in between, so no round was whole.
         Monitoring broken = monitoring();
         broken.state = Monitoring::State::Scanning;
         emit monitoringChanged(broken);
@@ -222,21 +223,20 @@ const RecordedGap* Replay::gap() const
     return found == m_gaps.end() ? nullptr : &*found;
 }
 
-/// What a clock on the wall, as it was set in that run, showed then; ms.
+/// What a clock on the wall showed then, as it was set in that run; ms.
 qint64 Replay::clockOf(qint64 at) const
 {
     if (!m_round) {
-        return clockTime(at / kMicrosecondsPerMillisecond);
+        return clockTime(at / kMillisecond);
     }
-    return m_round->wall + (at - m_round->at) / kMicrosecondsPerMillisecond +
+    return m_round->wall + (at - m_round->at) / kMillisecond +
            m_round->offset * kMillisecondsPerSecond;
 }
 
 QDateTime Replay::wallTime() const
 {
     if (!m_round) {
-        const QDateTime local =
-            QDateTime::fromMSecsSinceEpoch(m_position / kMicrosecondsPerMillisecond);
+        const QDateTime local = microseconds::localTime(m_position);
         return local.toOffsetFromUtc(local.offsetFromUtc());
     }
     return QDateTime::fromMSecsSinceEpoch(clockOf(m_position) -

@@ -11,8 +11,8 @@
 #include <optional>
 
 /// Tells what was recorded, as the link told it then: the source of a window that looks back. It
-/// has no clock and reads nothing: moments and what follows them are handed in, and so is the time
-/// that goes by. Moments are UTC, µs since 1970. GUI thread.
+/// has no clock and reads nothing: moments, what follows them and the time that passes are handed
+/// in. Moments are UTC, µs since 1970. GUI thread.
 class Replay : public RecordSource
 {
     Q_OBJECT
@@ -23,27 +23,28 @@ public:
     bool isAwaited(const QString& hexId) const override;
     QString nameOf(const QString& hexId) const override;
 
-    /// Tells the state of another moment.
+    /// Goes to another moment, and tells its state.
     void show(Moment moment);
-    /// What comes behind that which is there; another stretch is ignored.
+    /// Takes the stretch that follows what is there; ignores any other one.
     void add(Stretch stretch);
-    /// Tells what is due within so much recorded time. Where it is not there yet, it stays.
+    /// Goes on by that much recorded time, and tells what is due; stops where nothing has been
+    /// handed in yet.
     void advance(qint64 microseconds);
 
     qint64 position() const { return m_position; }
-    /// Until when everything is there.
+    /// Up to when everything has been handed in.
     qint64 readyUntil() const { return m_readyUntil; }
     /// What was monitored at the position.
     Monitoring monitoring() const;
-    /// What a clock on the wall showed there, with its offset from UTC.
+    /// What a clock on the wall showed at the position, with its offset from UTC.
     QDateTime wallTime() const;
-    /// The records of one LDB from a moment on, up to where those begin that are told.
+    /// The records of one LDB before those that are told, from `pastFrom` on.
     const std::vector<RecordedRecord>& past() const { return m_past; }
     QString pastOf() const { return m_pastOf; }
     qint64 pastFrom() const { return m_pastFrom; }
 
 signals:
-    /// Comes before what is told at that moment.
+    /// Comes before the records that it concerns.
     void monitoringChanged(const Monitoring& monitoring);
 
 private:

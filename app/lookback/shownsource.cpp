@@ -100,7 +100,7 @@ void ShownSource::show(RecordSource* past)
     connect(m_past, &RecordSource::ldbListChanged, this, &RecordSource::ldbListChanged);
 }
 
-/// In the order in which whoever shows it would have been told, as far as it still matters.
+/// Tells what still matters, in the order in which the link told it.
 void ShownSource::tellPresent()
 {
     QStringList hexIds = m_live->knownLdbs();

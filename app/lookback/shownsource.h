@@ -6,9 +6,9 @@
 #include <QHash>
 #include <QPointer>
 
-/// What the window shows of the bus: what the link tells now or, while another source is set, what
-/// that one tells. It keeps what the link told meanwhile, so that the present is there at once when
-/// it is shown again. GUI thread.
+/// Tells the window what to show of the bus: what the link tells, or, while another source is set,
+/// what that one tells. It keeps what the link tells meanwhile, so that the present is there at
+/// once when it is shown again. GUI thread.
 class ShownSource : public RecordSource
 {
     Q_OBJECT
@@ -16,14 +16,15 @@ public:
     /// `live` outlives this object.
     explicit ShownSource(RecordSource* live, QObject* parent = nullptr);
 
-    /// Shows what this one tells, which outlives its being shown; null for the present. The present
-    /// is told at once, the other one by itself.
+    /// Changes over to that source, or to the present if it is null. The present is told at once; a
+    /// source tells its own state. It must live as long as it is shown.
     void show(RecordSource* past);
     bool isLive() const { return m_past == nullptr; }
 
-    /// Whether the whole bus is polled now; rounds of before it was count no more.
+    /// Whether the whole bus is polled now. When that changes, earlier rounds no longer count.
     void setWhole(bool isWhole);
-    /// Forgets the LDBs that the link knows no more. During a scan its list is not whole.
+    /// Forgets the LDBs that the link no longer knows. Not to be called during a scan, when its
+    /// list is not whole.
     void keepKnown();
 
     QStringList knownLdbs() const override { return shown().knownLdbs(); }
@@ -47,5 +48,5 @@ private:
     QHash<QString, Record> m_latest; ///< of the link
     QDateTime m_round;               ///< the last one that began
     bool m_isRoundOn = false;
-    bool m_hadRound = false; ///< a whole one
+    bool m_hadRound = false; ///< one that was whole
 };

@@ -1,6 +1,8 @@
 #include "app/lookback/timebar.h"
 
 #include "app/shared/colours.h"
+#include "serial/ldb/microseconds.h"
+#include "views/events/eventkinds.h"
 
 #include <QDateTime>
 #include <QHelpEvent>
@@ -25,12 +27,6 @@ constexpr int kLabelsApart = 90; // pixels
 constexpr int kSnap = 4;         // pixels around an event
 constexpr double kZoomStep = 1.25;
 constexpr double kNotch = 120.0; // of the wheel
-constexpr int kMicrosecondsPerMillisecond = 1000;
-
-QDateTime localOf(qint64 at)
-{
-    return QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond);
-}
 
 } // namespace
 
@@ -74,7 +70,7 @@ void TimeBar::setNow(qint64 now)
 {
     const TimeScale before = scale();
     m_now = std::max(now, m_content.extent.to);
-    // Most seconds move nothing by a pixel.
+    // Most seconds move nothing by as much as a pixel.
     if (scale().span().to - before.span().to > (before.span().to - before.span().from) / width()) {
         m_ground = QPixmap();
         update();
@@ -94,34 +90,6 @@ TimeScale TimeBar::scale() const
 int TimeBar::liveLeft() const
 {
     return std::max(1, width() - fontMetrics().horizontalAdvance(tr("Live")) - 4 * kPadding);
-}
-
-QColor TimeBar::colourOf(const RecordedEvent& event)
-{
-    switch (event.kind) {
-    case EventKind::FaultBegun:
-    case EventKind::FaultRemembered:
-    case EventKind::Flapped:
-        return colours::kTickFault;
-    case EventKind::Lost:
-    case EventKind::PortLost:
-    case EventKind::ScanDiffers:
-        return colours::kTickLost;
-    case EventKind::FaultEnded:
-    case EventKind::Returned:
-    case EventKind::PortBack:
-        return colours::kTickGood;
-    case EventKind::Mark:
-        return colours::kTickMark;
-    case EventKind::ActionSent:
-    case EventKind::SettingsSaved:
-    case EventKind::SettingsImported:
-    case EventKind::FaultFinding:
-        return colours::kTickWork;
-    default:
-        break;
-    }
-    return colours::kTickOther;
 }
 
 void TimeBar::drawGround()
@@ -163,7 +131,7 @@ void TimeBar::drawTimes(QPainter& painter, const TimeScale& shown) const
     painter.setPen(QColor(colours::kBarText));
     const bool isInDays = shown.isInDays(kLabelsApart);
     for (const qint64 at : shown.ticks(kLabelsApart)) {
-        const QDateTime time = localOf(at);
+        const QDateTime time = microseconds::localTime(at);
         const bool isDay = isInDays || time.time() == QTime(0, 0);
         const QString text =
             isDay ? QLocale().toString(time.date(), QStringLiteral("ddd d MMM"))
@@ -186,7 +154,7 @@ void TimeBar::drawEvents(QPainter& painter, const TimeScale& shown) const
     for (auto event = first; event != m_content.events.end() && event->at <= shown.span().to;
          ++event) {
         const int x = static_cast<int>(shown.xOf(event->at));
-        painter.fillRect(x, 0, 2, height() - kTickLength, colourOf(*event));
+        painter.fillRect(x, 0, 2, height() - kTickLength, eventkinds::colourOf(*event));
     }
 }
 
@@ -291,13 +259,14 @@ QString TimeBar::tip(const QPoint& position) const
         return tr("Back to what is now (Esc)");
     }
     const TimeScale shown = scale();
-    QStringList lines{QLocale().toString(localOf(shown.atOf(position.x())), QLocale::ShortFormat)};
+    QStringList lines{QLocale().toString(microseconds::localTime(shown.atOf(position.x())),
+                                         QLocale::ShortFormat)};
     constexpr int kMostLines = 8;
     for (const RecordedEvent& event : m_content.events) {
         if (std::abs(shown.xOf(event.at) - position.x()) < kSnap && lines.size() <= kMostLines) {
             lines.append(
                 QStringLiteral("%1  %2 %3")
-                    .arg(localOf(event.at).toString(QStringLiteral("hh:mm:ss")),
+                    .arg(microseconds::localTime(event.at).toString(QStringLiteral("hh:mm:ss")),
                          event.hexId.isEmpty() ? QString() : tr("LDB %1:").arg(event.hexId),
                          event.description()));
         }
@@ -332,5 +301,6 @@ void TimeBar::resizeEvent(QResizeEvent*)
 void TimeBar::describe()
 {
     setAccessibleName(tr("Recorded time"));
-    setAccessibleDescription(m_position ? QLocale().toString(localOf(*m_position)) : tr("Live"));
+    setAccessibleDescription(m_position ? QLocale().toString(microseconds::localTime(*m_position))
+                                        : tr("Live"));
 }

@@ -21,8 +21,8 @@ struct TimeBarContent
     bool isEmpty() const { return extent.to <= extent.from; }
 };
 
-/// The thin bar that stands for the recorded time: runs, gaps hatched, events as ticks, and at the
-/// right end the present. A click or drag wants a moment, the wheel zooms. GUI thread.
+/// The thin bar of the recorded time: runs, hatched gaps, events as ticks, and the present at the
+/// right end. A click or drag chooses a moment, the wheel zooms. GUI thread.
 class TimeBar : public QWidget
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     const TimeBarContent& content() const { return m_content; }
     /// The moment shown; nothing for the present.
     void setPosition(std::optional<qint64> at);
-    /// Up to when there may be something to see, at least the end of the content.
+    /// The right end of the bar: at least the end of the content.
     void setNow(qint64 now);
     qint64 now() const { return m_now; }
 
@@ -42,9 +42,6 @@ public:
     /// Where the part for the present begins.
     int liveLeft() const;
     QSize sizeHint() const override;
-
-    /// The colour of an event's tick.
-    static QColor colourOf(const RecordedEvent& event);
 
 signals:
     void momentWanted(qint64 at);

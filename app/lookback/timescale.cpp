@@ -1,5 +1,7 @@
 #include "app/lookback/timescale.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <QDateTime>
 
 #include <algorithm>
@@ -7,11 +9,10 @@
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
-constexpr qint64 kMinute = 60 * kSecond;
-constexpr qint64 kHour = 60 * kMinute;
-constexpr qint64 kDay = 24 * kHour;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kDay;
+using microseconds::kHour;
+using microseconds::kMinute;
+using microseconds::kSecond;
 constexpr std::array kSteps{10 * kSecond, 30 * kSecond, kMinute,   5 * kMinute, 10 * kMinute,
                             30 * kMinute, kHour,        3 * kHour, 6 * kHour,   12 * kHour,
                             kDay,         2 * kDay,     7 * kDay,  30 * kDay};
@@ -19,8 +20,7 @@ constexpr std::array kSteps{10 * kSecond, 30 * kSecond, kMinute,   5 * kMinute, 
 /// What a clock on the wall shows, as if it were UTC.
 qint64 clockOf(qint64 at)
 {
-    return at + QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond).offsetFromUtc() *
-                    kSecond;
+    return at + microseconds::localTime(at).offsetFromUtc() * kSecond;
 }
 
 } // namespace
@@ -63,7 +63,12 @@ qint64 TimeScale::stepOf(int apart) const
     const auto* step = std::find_if(kSteps.begin(), kSteps.end(), [least](qint64 each) {
         return static_cast<double>(each) >= least;
     });
-    return step == kSteps.end() ? kSteps.back() : *step;
+    if (step != kSteps.end()) {
+        return *step;
+    }
+    // A clock that was not set when a recording began makes it decades long.
+    const qint64 longest = kSteps.back();
+    return (static_cast<qint64>(least) / longest + 1) * longest;
 }
 
 bool TimeScale::isInDays(int apart) const
@@ -74,12 +79,13 @@ bool TimeScale::isInDays(int apart) const
 std::vector<qint64> TimeScale::ticks(int apart) const
 {
     const qint64 step = stepOf(apart);
+    const qint64 offset = clockOf(m_span.from) - m_span.from;
     std::vector<qint64> result;
-    const qint64 first = clockOf(m_span.from) / step * step;
-    for (qint64 clock = first; clock <= clockOf(m_span.to) + kDay; clock += step) {
-        // Back to the moment, by the offset that is in force around there.
-        const qint64 guess = clock - (clockOf(m_span.from) - m_span.from);
-        const qint64 at = clock - (clockOf(guess) - guess);
+    qint64 at = m_span.from;
+    for (qint64 clock = clockOf(m_span.from) / step * step; at < m_span.to; clock += step) {
+        // Back to a moment, by the offset in force around it.
+        const qint64 guess = clock - offset;
+        at = clock - (clockOf(guess) - guess);
         if (at > m_span.from && at < m_span.to && (result.empty() || at > result.back())) {
             result.push_back(at);
         }

@@ -4,12 +4,12 @@
 
 #include <vector>
 
-/// Which time lies at which pixel of a time bar, and where a number stands under it. Moments are
+/// Which time lies at which pixel of a time bar, and where its labels stand. Moments are
 /// UTC, µs since 1970. A plain value.
 class TimeScale
 {
 public:
-    /// Nothing is shown of a span shorter than that, µs.
+    /// The shortest span that can be shown, µs.
     static constexpr qint64 kShortest = 60LL * 1000000;
 
     TimeScale() = default;
@@ -17,15 +17,16 @@ public:
 
     TimeSpan span() const { return m_span; }
     int width() const { return m_width; }
-    /// Within the bar, whatever the moment.
+    /// Never outside the bar, whatever the moment.
     double xOf(qint64 at) const;
     qint64 atOf(double x) const;
 
-    /// A span around a moment that stays where it is, wider by that factor, within these bounds.
+    /// The span widened by that factor around a moment, which stays where it is, and cut to these
+    /// bounds.
     TimeSpan zoomed(qint64 around, double factor, TimeSpan bounds) const;
-    /// Local times of day, or days, that are so many pixels apart at the least.
+    /// Local times of day, or days, at least that many pixels apart.
     std::vector<qint64> ticks(int apart) const;
-    /// Whether ticks so far apart are whole days.
+    /// Whether ticks that far apart stand for whole days.
     bool isInDays(int apart) const;
 
 private:

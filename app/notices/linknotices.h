@@ -55,7 +55,7 @@ public:
     explicit LinkNotices(Notices* notices, QObject* parent = nullptr);
 
     /// Tells what this link says from now on. To be called before whoever waits for a port follows
-    /// the link: the first failure is told, those of the tries behind it are not.
+    /// the link: the first failure is told, those of the tries after it are not.
     void follow(const SerialLink* link);
 
     /// While a port that died is waited for, its box blocks nothing, and goes when it is back.

@@ -3,6 +3,7 @@
 #include "app/notices/filedialog.h"
 #include "app/notices/messagebox.h"
 #include "app/recording/recordingcontrol.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -26,7 +27,7 @@
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 constexpr qint64 kHour = 3600LL * 1000;
 constexpr int kLongestInterval = 86400;
 constexpr int kProgressSteps = 1000;
@@ -39,7 +40,7 @@ qint64 midnight(qint64 now)
 
 TimeSpan spanOf(qint64 from, qint64 to)
 {
-    return {from * kMicrosecondsPerMillisecond, to * kMicrosecondsPerMillisecond};
+    return {from * kMillisecond, to * kMillisecond};
 }
 
 /// A part of a file's name.
@@ -201,14 +202,13 @@ void EvidenceForm::findVisit()
     m_around.control->access()->ask(
         this,
         [from](RecordingReader& reader) {
-            return reader.runs(
-                {from * kMicrosecondsPerMillisecond, std::numeric_limits<qint64>::max()});
+            return reader.runs({from * kMillisecond, std::numeric_limits<qint64>::max()});
         },
         [this, from](const std::vector<RecordedRun>& runs) {
             m_visit.reset();
             for (const RecordedRun& run : runs) {
-                // One that goes on since yesterday counts from midnight.
-                const qint64 begun = qMax(from, run.begun / kMicrosecondsPerMillisecond);
+                // A run that has gone on since yesterday counts from midnight.
+                const qint64 begun = qMax(from, run.begun / kMillisecond);
                 m_visit = m_visit ? qMin(*m_visit, begun) : begun;
             }
             showVisit();
@@ -274,8 +274,8 @@ void EvidenceForm::save()
         chooseFolder();
         return;
     }
-    const QString begun = QDateTime::fromMSecsSinceEpoch(chosen.from / kMicrosecondsPerMillisecond)
-                              .toString(QStringLiteral("yyyy-MM-dd HHmm"));
+    const QString begun =
+        microseconds::localTime(chosen.from).toString(QStringLiteral("yyyy-MM-dd HHmm"));
     const QString suffix = suffixOf(kind());
     const QString name =
         QStringLiteral("%1 %2.%3").arg(withoutSeparators(m_around.installation()), begun, suffix);

@@ -18,8 +18,8 @@ class QRadioButton;
 class QSpinBox;
 class RecordingControl;
 
-/// Takes evidence home: what of the recording, of which span, into which file. Nothing waits for
-/// it, and a file is being written while the form is closed, too. GUI thread.
+/// Takes evidence home: which part of the recording, of which span, into which file. Nothing waits
+/// for it, and the writing goes on when the form is closed. GUI thread.
 class EvidenceForm : public QDialog
 {
     Q_OBJECT
@@ -39,10 +39,10 @@ public:
         std::function<QString()> installation; ///< its title
     };
 
-    /// What the surroundings are used by outlives this object.
+    /// What the surroundings point to outlives this object.
     EvidenceForm(Surroundings around, QWidget* parent);
 
-    /// Opens it for a thing of this visit, or raises it.
+    /// Opens it with this kind chosen, of this visit; raises it if it is open.
     void offer(EvidenceOrder::Kind kind);
     bool isWriting() const { return m_writer->isOn(); }
 

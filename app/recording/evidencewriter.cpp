@@ -1,9 +1,9 @@
 #include "app/recording/evidencewriter.h"
 
+#include "app/shared/wholefile.h"
 #include "recording/recordingaccess.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 #include <utility>
 
@@ -13,9 +13,9 @@ struct EvidenceWriter::Work
     EvidenceOrder order;
     bool isBegun = false;
     // Of a file:
-    std::unique_ptr<QSaveFile> file;
+    std::unique_ptr<WholeFile> file;
     recordingexport::Piece piece;
-    TimeSpan span; ///< that there is
+    TimeSpan span; ///< the part that is recorded
     qint64 done = 0;
     // Of a copy:
     QStringList paths;
@@ -83,9 +83,9 @@ void EvidenceWriter::goOn()
 EvidenceWriter::Step EvidenceWriter::write(Work& work, RecordingReader& reader)
 {
     if (!std::exchange(work.isBegun, true)) {
-        work.file = std::make_unique<QSaveFile>(work.order.path);
-        if (!work.file->open(QIODevice::WriteOnly)) {
-            return {0.0, true, work.file->errorString()};
+        work.file = std::make_unique<WholeFile>(work.order.path);
+        if (!work.file->open()) {
+            return {0.0, true, work.file->finish()};
         }
         work.piece = pieceOf(work.order);
         work.span = recordingexport::readable(reader, work.order.span);
@@ -103,7 +103,7 @@ EvidenceWriter::Step EvidenceWriter::write(Work& work, RecordingReader& reader)
                 false,
                 {}};
     }
-    return {1.0, true, work.file->commit() ? QString() : work.file->errorString()};
+    return {1.0, true, work.file->finish()};
 }
 
 EvidenceWriter::Step EvidenceWriter::copy(Work& work, RecordingReader& reader)

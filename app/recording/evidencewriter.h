@@ -9,7 +9,7 @@
 
 class RecordingAccess;
 
-/// What of the recording leaves the program, and where to.
+/// Which part of the recording is written, and where.
 struct EvidenceOrder
 {
     enum class Kind
@@ -22,7 +22,7 @@ struct EvidenceOrder
     Kind kind = Kind::Log;
     TimeSpan span;
     recordingexport::LogChoice log; ///< of `Log`
-    QString path;                   ///< a file; of `Copy` a folder that is made
+    QString path;                   ///< a file; for `Copy` a folder, which is made
 };
 
 /// Writes what is recorded into files, a piece at a time, so that nobody waits for it. A file is
@@ -45,7 +45,7 @@ public:
     bool isOn() const { return m_work != nullptr; }
     /// Begins; ignored while one is on.
     void begin(const EvidenceOrder& order);
-    /// Ends it with the next piece, if one is on.
+    /// Ends the order under way, if any, with the next piece.
     void stop();
 
 signals:
@@ -70,6 +70,6 @@ private:
 
     RecordingAccess* m_access;
     std::shared_ptr<Work>
-        m_work; ///< used by one thread at a time: by the reading one within a step
+        m_work; ///< used by one thread at a time: within a step by the reading one
     bool m_isStopping = false;
 };

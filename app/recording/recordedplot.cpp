@@ -2,6 +2,7 @@
 
 #include "recording/recordingaccess.h"
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,28 +10,28 @@
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 constexpr qint64 kPiece = 3600LL * 1000;
-/// A record carries the time at which its round began: its LDB is asked at most so much later.
+/// A record carries the time at which its round began. Its LDB is asked at most this much later.
 constexpr qint64 kLongestRound = 120LL * 1000;
 
 double timeOf(const RecordedRecord& record)
 {
-    const qint64 asked = record.at / kMicrosecondsPerMillisecond;
+    const qint64 asked = record.at / kMillisecond;
     const QDateTime told = generalinformation::timestamp(record.rows);
-    // As the plot places those that are told live; where the clocks were changed, the text may be
+    // Placed as the plot places live records. Where the clocks were changed, the text may stand for
     // another moment.
     const qint64 shown = told.isValid() ? told.toMSecsSinceEpoch() : asked;
     return static_cast<double>(asked - shown >= 0 && asked - shown < kLongestRound ? shown : asked);
 }
 
-/// When values that came before are no values any more, ascending.
+/// The moments at which former values end, ascending.
 std::vector<double> breaks(RecordingReader& reader, TimeSpan span)
 {
     std::vector<double> times;
     const auto add = [&](qint64 at) {
         if (at >= span.from && at < span.to) {
-            times.push_back(static_cast<double>(at / kMicrosecondsPerMillisecond));
+            times.push_back(static_cast<double>(at / kMillisecond));
         }
     };
     for (const RecordedRun& run : reader.runs(span)) {
@@ -49,9 +50,9 @@ std::vector<double> breaks(RecordingReader& reader, TimeSpan span)
 std::vector<PlotSample> recordedSamples(RecordingReader& reader, const QString& hexId, qint64 from,
                                         qint64 to)
 {
-    const TimeSpan span{from * kMicrosecondsPerMillisecond, to * kMicrosecondsPerMillisecond};
+    const TimeSpan span{from * kMillisecond, to * kMillisecond};
     const std::vector<RecordedRecord> records =
-        reader.records(hexId, {span.from, span.to + kLongestRound * kMicrosecondsPerMillisecond});
+        reader.records(hexId, {span.from, span.to + kLongestRound * kMillisecond});
     const std::vector<double> gaps = breaks(reader, span);
     std::vector<PlotSample> samples;
     samples.reserve(records.size() + gaps.size());
@@ -68,8 +69,8 @@ std::vector<PlotSample> recordedSamples(RecordingReader& reader, const QString& 
         if (time < static_cast<double>(from) || time >= static_cast<double>(to)) {
             continue;
         }
-        addGaps(static_cast<double>(record.at / kMicrosecondsPerMillisecond));
-        // One of a round may carry an earlier time than one from between the turns.
+        addGaps(static_cast<double>(record.at / kMillisecond));
+        // A round's record may carry an earlier time than one from between the turns.
         time = samples.empty() ? time : std::max(time, samples.back().time + 1.0);
         samples.push_back(PlotSample::ofRecord(record.rows, time));
     }
@@ -116,7 +117,7 @@ void RecordedPlot::take(int number, std::vector<PlotSample>&& samples)
     done.answer(done.samples);
 }
 
-/// What was asked of the former recording is not read any more.
+/// Drops what was asked of the former recording.
 void RecordedPlot::answerAll()
 {
     for (const Question& question : std::exchange(m_questions, {})) {

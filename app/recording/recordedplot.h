@@ -8,14 +8,14 @@
 
 class RecordingAccess;
 
-/// The samples of what a recording has of an LDB, with a gap where a run ended, where something is
-/// not recorded, and where the LDB was lost. From `from` on and before `to`, ms since 1970 UTC.
-/// Used in the reader's thread.
+/// The samples of an LDB in a recording, from `from` up to but without `to` (ms since 1970 UTC),
+/// with a gap where a run ended, where something is not recorded, and where the LDB was lost. Used
+/// in the reader's thread.
 std::vector<PlotSample> recordedSamples(RecordingReader& reader, const QString& hexId, qint64 from,
                                         qint64 to);
 
-/// Gives the plot what the recording has. Long spans are read an hour at a time: others get their
-/// turn in between. GUI thread.
+/// Gives the plot its past from the recording. Reads long spans an hour at a time, so that others
+/// get their turn in between. GUI thread.
 class RecordedPlot : public QObject, public PlotHistorySource
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ private:
     struct Question
     {
         QString hexId;
-        qint64 next = 0; ///< what is before it has been read
+        qint64 next = 0; ///< everything before it has been read
         qint64 to = 0;
         Answer answer;
         std::vector<PlotSample> samples;

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The one that was used last of all.
+/// The installation that was used last of all.
 QString lastUsed(const Installations& store)
 {
     const auto installations = store.read().installations;
@@ -44,6 +44,20 @@ RecordingControl::RecordingControl(const Surroundings& around, const PortSource&
     connect(&m_access, &RecordingAccess::noticeGiven, this, &RecordingControl::tell);
     connect(around.installation, &InstallationControl::replaced, this,
             &RecordingControl::followInstallation);
+    connect(around.installation, &InstallationControl::gaveWay, this, [this](const QString& id) {
+        // When it is not read any more, either.
+        m_access.ask(
+            this, [](RecordingReader&) { return true; },
+            [this, id](bool) { m_recorder.takeOver(folderOf(id)); });
+    });
+    connect(&m_recorder, &Recorder::tookOver, this, [this](const QString& folder) {
+        const Installations& store = m_around.installation->store();
+        for (const Installation& installation : store.read().installations) {
+            if (installation.id != m_installation && folderOf(installation.id) == folder) {
+                store.removeBare(installation.id);
+            }
+        }
+    });
     m_installation = lastUsed(around.installation->store());
     followInstallation();
     followPort();
@@ -72,11 +86,7 @@ void RecordingControl::loadPreferences()
             .toLongLong();
     options.limits.bytes = qMax(1LL, megabytes) * kMegabyte;
     if (!m_installation.isEmpty()) {
-        const QString chosen = settings.value(constants::kRecordingFolderKey).toString();
-        options.folder = chosen.isEmpty()
-                             ? QDir(m_around.installation->store().folderOf(m_installation))
-                                   .filePath(QStringLiteral("recordings"))
-                             : QDir(chosen).filePath(m_installation);
+        options.folder = folderOf(m_installation);
     }
     m_folder = options.folder;
     if (!(options == former)) {
@@ -85,19 +95,27 @@ void RecordingControl::loadPreferences()
     m_access.setPath(m_opened.isEmpty() ? m_folder : m_opened);
 }
 
+QString RecordingControl::folderOf(const QString& installation) const
+{
+    const QString chosen = userSettings().value(constants::kRecordingFolderKey).toString();
+    return chosen.isEmpty() ? QDir(m_around.installation->store().folderOf(installation))
+                                  .filePath(QStringLiteral("recordings"))
+                            : QDir(chosen).filePath(installation);
+}
+
 void RecordingControl::open(const QString& path)
 {
     m_opened = path;
     m_access.setPath(path);
 }
 
-/// Before the link: its runs are told behind what happened to the port.
+/// Called before `followLink`, so that an event of the port comes before the run that it begins.
 void RecordingControl::followPort()
 {
     SerialLink* link = m_around.link;
     connect(link, &SerialLink::portFailed, this, [this](const QString& portName) {
         if (!std::exchange(m_isOpen, false)) {
-            return; // it was not there to be lost
+            return; // it was not open
         }
         RecordedEvent event;
         event.at = m_recorder.moment();
@@ -142,6 +160,15 @@ void RecordingControl::followLink()
         if (isScanning) {
             return;
         }
+        // The scan's own messages have covered it; behind what takes them off.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (m_recorder.isOutage()) {
+                    tell(m_outage);
+                }
+            },
+            Qt::QueuedConnection);
         m_recorder.setList(m_around.link->knownLdbs());
         if (wasScanning && m_around.link->isRunning()) {
             m_recorder.endScan(m_around.link->connectedLdbs());

@@ -23,23 +23,23 @@ public:
         Notices* notices;
     };
 
-    /// The surroundings outlive this object. What was told by its end is on the disk.
+    /// The surroundings outlive this object. It ends when what it was told is on the disk.
     RecordingControl(const Surroundings& around, const PortSource& ports, QObject* parent);
     ~RecordingControl() override;
 
     Recorder* recorder() { return &m_recorder; }
     RecordingAccess* access() { return &m_access; }
 
-    /// Where the recordings of the installation in force are; of the one last used before the first
-    /// start. Empty when there has never been one.
+    /// Where the recordings of the installation in force are; before the first start, of the one
+    /// last used. Empty when there has never been one.
     QString folder() const { return m_folder; }
 
-    /// From now on this file or folder is what is looked back at, wherever is recorded.
+    /// Looks back at this file or folder from now on, wherever new things are recorded.
     void open(const QString& path);
-    /// Why nothing is recorded, in the language in force; empty unless it is so.
+    /// Why nothing is recorded, in the language in force; empty while something is.
     QString outageText() const;
 
-    static constexpr qint64 kMegabyte = 1LL << 20; ///< of the size that is set
+    static constexpr qint64 kMegabyte = 1LL << 20; ///< the unit the unit of the size that is set
 
 public slots:
     /// Takes what the user has set.
@@ -49,6 +49,8 @@ private:
     void followLink();
     void followPort();
     void followInstallation();
+    /// Where an installation's recordings are, as the preferences say.
+    QString folderOf(const QString& installation) const;
     void tell(const RecordingNotice& notice);
 
     Surroundings m_around;

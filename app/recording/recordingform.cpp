@@ -137,7 +137,8 @@ void RecordingForm::loadDays()
         item->setText(DayColumn, locale().toString(day->first, QLocale::ShortFormat));
         item->setData(DayColumn, Qt::UserRole, day->first);
         item->setCheckState(DayColumn, kept.contains(day->first) ? Qt::Checked : Qt::Unchecked);
-        item->setText(SizeColumn, locale().formattedDataSize(day->second));
+        item->setText(SizeColumn, locale().formattedDataSize(day->second, 1,
+                                                             QLocale::DataSizeTraditionalFormat));
     }
     m_list->resizeColumnToContents(DayColumn);
 }

@@ -11,9 +11,9 @@ class QSpinBox;
 class QTreeWidget;
 class RecordingControl;
 
-/// What the user sets of the recording: on or off, where, how long, how large, and which days of
-/// the installation in force stay whatever their age. Stores with OK alone. Nothing waits for it.
-/// GUI thread.
+/// The preferences of the recording: on or off, where, how long, how large, and which days of the
+/// installation in force stay whatever their age. Only OK stores them. Nothing waits for it. GUI
+/// thread.
 class RecordingForm : public QDialog
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ private:
     void loadDays();
     void browse();
     void store();
-    /// The reasons of what failed; empty when nothing did.
+    /// Why something failed; empty when nothing did.
     QStringList storeDays();
 
     RecordingControl* m_control;

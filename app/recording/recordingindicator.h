@@ -14,7 +14,7 @@ public:
     RecordingIndicator(RecordingControl* control, QWidget* parent);
 
 signals:
-    /// There is no folder yet, or it could not be opened.
+    /// The folder does not exist yet, or could not be opened.
     void failed(const QString& folder);
 
 protected:

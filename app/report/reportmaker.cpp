@@ -1,31 +1,13 @@
 #include "app/report/reportmaker.h"
 
+#include "app/shared/wholefile.h"
 #include "importexport/report/reporthtml.h"
 
 #include <QPagedPaintDevice>
-#include <QSaveFile>
 
 #include <utility>
 
-namespace {
-
-/// On a disk that gets full, a part is written without an error; the rest tells why.
-bool writeAll(QIODevice& device, const QByteArray& bytes)
-{
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const qint64 written = device.write(bytes.constData() + done, bytes.size() - done);
-        if (written <= 0) {
-            return false;
-        }
-        done += written;
-    }
-    return true;
-}
-
-} // namespace
-
-/// In the thread: has the document.
+/// Lives in the thread; owns the document.
 class ReportMakerHost : public QObject
 {
 public:
@@ -63,10 +45,8 @@ public:
         const QByteArray bytes = !m_pages ? QByteArray()
                                  : isPdf  ? m_pages->pdf()
                                           : htmlOf(m_contents);
-        QSaveFile file(path);
-        const bool isSaved = !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
-                             writeAll(file, bytes) && file.commit();
-        const QString failure = isSaved ? QString() : file.errorString();
+        const QString failure = bytes.isEmpty() ? ReportMaker::tr("The document cannot be made.")
+                                                : WholeFile::write(path, bytes);
         tell([path, failure](ReportMaker& maker) { emit maker.saved(path, failure); });
     }
 
@@ -81,7 +61,7 @@ private:
     void tell(Tell what)
     {
         Q_ASSERT(QThread::currentThread() == thread());
-        // Only posted to: it ends this thread before it is gone.
+        // It may be posted to: it ends this thread before it goes.
         QMetaObject::invokeMethod(
             m_maker, [maker = m_maker, what] { what(*maker); }, Qt::QueuedConnection);
     }

@@ -28,7 +28,7 @@ public:
     /// Waits for what is under way.
     ~ReportMaker() override;
 
-    /// Makes the document; `made()` follows, but not for one that was overtaken by the next.
+    /// Makes the document; `made()` follows, unless another document is wanted by then.
     void make(const VisitReport& report, ReportPages::Paper paper);
     /// Draws a page of the last document; `drawn()` follows.
     void draw(int page, int width);
@@ -41,7 +41,7 @@ signals:
     /// Size of the paper in 0.1 mm.
     void made(int pages, QSizeF paper);
     void drawn(int page, const QImage& image);
-    /// `failure`: what the system said; empty when it is saved.
+    /// `failure`: what the system said; empty when the file is saved.
     void saved(const QString& path, const QString& failure);
     void printed(bool isDone);
 

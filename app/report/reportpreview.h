@@ -14,7 +14,8 @@ class ReportPreview : public QAbstractScrollArea
 public:
     explicit ReportPreview(QWidget* parent = nullptr);
 
-    /// Another document, with pages of this shape; the place in it stays. None: it shows `text`.
+    /// Another document, with pages of this shape; it stays scrolled where it is. Without pages it
+    /// shows `text`.
     void setPages(int count, QSizeF paper);
     void setText(const QString& text);
     void showPage(int page, const QImage& image);

@@ -2,13 +2,14 @@
 
 #include "app/notices/filedialog.h"
 #include "app/notices/messagebox.h"
-#include "app/report/linewords.h"
 #include "app/report/reportpreview.h"
 #include "app/report/visitreading.h"
 #include "app/shared/constants.h"
 #include "app/shared/usersettings.h"
 #include "importexport/report/visitcollector.h"
 #include "recording/recordingaccess.h"
+#include "serial/ldb/microseconds.h"
+#include "views/quality/qualityfindings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,6 +31,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -37,18 +39,18 @@ constexpr QSize kWindowSize{1100, 680}; // fits on a 1366 x 768 screen
 constexpr int kFormWidth = 330;
 constexpr int kTypingPause = 700; // ms
 constexpr int kLongestLine = 200;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 const QString kMomentFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 const QString kDayFormat = QStringLiteral("yyyy-MM-dd");
 
-qint64 microseconds(const QDateTime& time)
+/// What can be said of the line for certain, in the language in force.
+QString lineWords(const std::vector<RecordedMinute>& ofLdbs)
 {
-    return time.toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
-}
-
-QDateTime timeOf(qint64 at)
-{
-    return QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond);
+    CountsOfLdbs counts;
+    for (const RecordedMinute& line : ofLdbs) {
+        counts[line.hexId].add(line);
+    }
+    return qualityfindings::text(counts);
 }
 
 /// A part of a file's name.
@@ -74,7 +76,7 @@ ReportWindow::ReportWindow(Surroundings around, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_around(std::move(around))
     , m_reading(new VisitReading(m_around.access, this))
-    , m_maker(new ReportMaker(&linewords::text, m_around.thread, this))
+    , m_maker(new ReportMaker(&lineWords, m_around.thread, this))
     , m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
 {
     setObjectName(QStringLiteral("reportWindow"));
@@ -209,7 +211,7 @@ void ReportWindow::loadUsers()
     const QSettings settings = userSettings();
     m_engineer->setText(settings.value(constants::kReportEngineerKey).toString());
     m_reference->setText(settings.value(constants::kReportReferenceKey).toString());
-    // Metric or not: what is in the printers there.
+    // The country's printers hold A4 or Letter.
     const bool isMetric = QLocale::system().measurementSystem() == QLocale::MetricSystem;
     const int usual =
         static_cast<int>(isMetric ? ReportPages::Paper::A4 : ReportPages::Paper::Letter);
@@ -234,23 +236,24 @@ void ReportWindow::open()
     findVisit();
 }
 
-/// Of the day; then what is chosen is collected.
+/// Finds today's visit, then collects what is chosen.
 void ReportWindow::findVisit()
 {
     m_around.flush();
     setState(State::Collecting);
-    const qint64 now = m_around.wallTime() * kMicrosecondsPerMillisecond;
+    const qint64 now = m_around.wallTime() * kMillisecond;
     m_around.access->ask(
         this, [now](RecordingReader& reader) { return visitOfToday(reader, now + 1); },
         [this](TimeSpan visit) {
             const bool isFirst = !m_visit;
             m_visit = visit;
-            m_span->setItemText(int(Span::Visit),
-                                tr("This visit: since %1, today's first start")
-                                    .arg(timeOf(visit.from).toString(QStringLiteral("HH:mm:ss"))));
+            m_span->setItemText(
+                int(Span::Visit),
+                tr("This visit, since %1")
+                    .arg(microseconds::localTime(visit.from).toString(QStringLiteral("HH:mm:ss"))));
             if (isFirst) {
-                m_from->setDateTime(timeOf(visit.from));
-                m_to->setDateTime(timeOf(visit.to));
+                m_from->setDateTime(microseconds::localTime(visit.from));
+                m_to->setDateTime(microseconds::localTime(visit.to));
             }
             collect();
         });
@@ -283,7 +286,8 @@ void ReportWindow::make()
     m_maker->make(*m_report, paper());
 }
 
-/// What goes out has all that was typed by then.
+/// Makes the document anew if something was typed since, so that nothing typed is missing in what
+/// leaves the window.
 void ReportWindow::makeTyped()
 {
     if (m_typing.isActive()) {
@@ -322,7 +326,7 @@ void ReportWindow::updateControls()
 
 TimeSpan ReportWindow::span() const
 {
-    const qint64 now = m_around.wallTime() * kMicrosecondsPerMillisecond + 1;
+    const qint64 now = m_around.wallTime() * kMillisecond + 1;
     switch (static_cast<Span>(m_span->currentIndex())) {
     case Span::Visit:
         if (m_visit) {
@@ -330,11 +334,11 @@ TimeSpan ReportWindow::span() const
         }
         break;
     case Span::FromTo:
-        return {microseconds(m_from->dateTime()), microseconds(m_to->dateTime())};
+        return {microseconds::of(m_from->dateTime()), microseconds::of(m_to->dateTime())};
     case Span::Today:
         break;
     }
-    return {microseconds(timeOf(now).date().startOfDay()), now};
+    return {microseconds::of(microseconds::localTime(now).date().startOfDay()), now};
 }
 
 ReportHead ReportWindow::head() const
@@ -356,9 +360,10 @@ ReportPages::Paper ReportWindow::paper() const
 void ReportWindow::save(bool isPdf)
 {
     const QString suffix = isPdf ? QStringLiteral("pdf") : QStringLiteral("html");
-    const QString name = QStringLiteral("%1 %2.%3")
-                             .arg(withoutSeparators(m_report->head.installation),
-                                  timeOf(m_report->span.from).toString(kDayFormat), suffix);
+    const QString name =
+        QStringLiteral("%1 %2.%3")
+            .arg(withoutSeparators(m_report->head.installation),
+                 microseconds::localTime(m_report->span.from).toString(kDayFormat), suffix);
     filedialog::save(
         this, isPdf ? tr("Save the Report as PDF") : tr("Save the Report as HTML"),
         QDir(m_folder).filePath(name.trimmed()), false,
@@ -424,7 +429,8 @@ void ReportWindow::retranslate()
     label(m_reference, tr("&Customer's reference:"));
     label(m_remarks, tr("Re&marks:"));
     label(m_paper, tr("&Paper:"));
-    m_span->setItemText(int(Span::Visit), tr("This visit: since today's first start"));
+    m_span->setItemText(int(Span::Visit), tr("This visit"));
+    m_span->setToolTip(tr("This visit began with today's first start of the bus"));
     m_span->setItemText(int(Span::Today), tr("Today"));
     m_span->setItemText(int(Span::FromTo), tr("From, to"));
     m_appendix->setText(tr("&Settings of all LDB's as an appendix"));
@@ -444,7 +450,7 @@ void ReportWindow::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         retranslate();
         if (isVisible()) {
-            findVisit(); // the records' texts are of the language in which they are read
+            findVisit(); // the texts of records are in the language in which they are read
         }
     }
 }

@@ -21,9 +21,8 @@ class RecordingAccess;
 class ReportPreview;
 class VisitReading;
 
-/// The window "Report of the visit": what is reported of, the preview, and where it goes. Nothing
-/// waits for it: it collects and makes the report in other threads. It stays when it is closed.
-/// GUI thread.
+/// The window "Report of the visit": its choices, the preview, and saving and printing. Nothing
+/// waits for it: other threads collect and make the report. Closing only hides it. GUI thread.
 class ReportWindow : public QWidget
 {
     Q_OBJECT
@@ -31,19 +30,19 @@ public:
     struct Surroundings
     {
         RecordingAccess* access = nullptr;
-        std::function<void()> flush;      ///< brings what was told by now into the recording
+        std::function<void()> flush;      ///< writes what was told by now into the recording
         std::function<qint64()> wallTime; ///< ms since 1970 UTC
-        /// Installation and place, and the LDBs that are remembered of it.
+        /// The installation's name and place, and its remembered LDBs.
         std::function<ReportRequest()> installation;
         ReportMaker::Thread thread = ReportMaker::Thread::Own;
     };
 
-    /// What the surroundings are used by outlives this object.
+    /// What the surroundings point to outlives this object.
     ReportWindow(Surroundings around, QWidget* parent);
     ~ReportWindow() override;
 
 public slots:
-    /// Shows it with a report of the visit of today.
+    /// Opens the window with a report of today's visit.
     void open();
 
 protected:
@@ -56,7 +55,7 @@ private:
         Today,
         FromTo
     };
-    /// What is shown, and what is wanted.
+    /// What is under way, or shown.
     enum class State
     {
         Empty,

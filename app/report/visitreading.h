@@ -9,8 +9,8 @@
 class RecordingAccess;
 class VisitCollector;
 
-/// Collects a visit from the recording, a piece at a time, so that neither the window waits nor
-/// anybody else who reads. GUI thread.
+/// Collects a visit from the recording, a piece at a time, so that neither the window nor another
+/// reader waits. GUI thread.
 class VisitReading : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 
 signals:
     void collected(const VisitReport& report);
-    /// Another recording is in force: what was begun is of the former one.
+    /// Another recording is in force, so the collecting has ended.
     void dropped();
 
 private:

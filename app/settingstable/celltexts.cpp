@@ -16,11 +16,17 @@ QString arrow(const QString& from, const QString& to)
     return QStringLiteral("%1 \u2192 %2").arg(from, to);
 }
 
-/// Two words for a switch have no room in a column of every language.
+/// In some languages two words for a switch do not fit into a column. A number's unit stands in the
+/// head.
 QString shortValue(LdbField field, const LdbSettings& settings)
 {
-    if (kindOf(field) != FieldKind::Switch) {
+    switch (kindOf(field)) {
+    case FieldKind::FreeText:
         return fieldValue(field, settings);
+    case FieldKind::Number:
+        return fieldVariant(field, settings).toString();
+    case FieldKind::Switch:
+        break;
     }
     return fieldVariant(field, settings).toBool() ? QStringLiteral("\u2611")
                                                   : QStringLiteral("\u2610");
@@ -69,10 +75,11 @@ QString celltexts::ofCell(const TableRow& row, LdbField field, bool differs)
         text = changeText(row, field);
     } else if (!isCertain(row, field)) {
         text = QStringLiteral("?");
-    } else if (kindOf(field) != FieldKind::Switch) { // whose box says it
-        text = fieldValue(field, *row.read);
+    } else if (kindOf(field) != FieldKind::Switch) { // a switch is shown by its box
+        text = shortValue(field, *row.read);
     }
-    if (differs && !row.isEdited(field)) { // an edit has its own mark, and no room for both
+    if (differs &&
+        !row.isEdited(field)) { // an edit has a mark of its own, and there is no room for both
         text = QStringLiteral("\u2260 %1").arg(text).trimmed();
     }
     const auto outcome = row.outcomes.find(field);

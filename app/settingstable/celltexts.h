@@ -9,9 +9,9 @@ namespace celltexts {
 QString ofOutcome(FieldOutcome outcome);
 /// What a cell shows: a value, or the old and the new one.
 QString ofCell(const TableRow& row, LdbField field, bool differs);
-/// What is to be known besides.
+/// What else there is to know, for a tool tip.
 QString tip(const TableRow& row, LdbField field, const TableComparison& comparison);
-/// How the LDB is: lost, not read, what became of its edits.
+/// The state of the LDB in the table: lost, not read, what became of its edits.
 QString ofRow(const TableRow& row);
 
 } // namespace celltexts

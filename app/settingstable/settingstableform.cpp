@@ -6,6 +6,7 @@
 #include "app/settingstable/tableimport.h"
 #include "app/settingstable/tablereading.h"
 #include "app/settingstable/tablewriting.h"
+#include "app/shared/wholefile.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/settingscomparison.h"
 #include "importexport/settingsfilewriter.h"
@@ -19,7 +20,6 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStyle>
 #include <QTableView>
 #include <QToolBar>
@@ -41,9 +41,9 @@ int lettersOf(int column)
     constexpr int kNumber = 10;
     constexpr int kUsual = 13;
     constexpr int kId = 11;   // beside the mark of the sorting
-    constexpr int kName = 27; // an edited one stands beside what it was
+    constexpr int kName = 19; // an edited one stands beside what it was
     constexpr int kTime = 10;
-    constexpr int kFirmware = 19;
+    constexpr int kFirmware = 15;
     switch (column) {
     case SettingsTableModel::LdbColumn:
         return kId;
@@ -157,7 +157,7 @@ void SettingsTableWindow::build()
     connect(m_compare, qOverload<int>(&QComboBox::activated), this, [this](int item) {
         const auto with = static_cast<TableComparison::With>(item);
         if (with == TableComparison::With::Other) {
-            showComparison(); // until a file is chosen all stays as it is
+            showComparison(); // nothing changes until a file is chosen
             chooseComparison();
             return;
         }
@@ -198,7 +198,8 @@ void SettingsTableWindow::buildTable()
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                             QAbstractItemView::AnyKeyPressed);
     m_view->verticalHeader()->hide();
-    // Rows of one height, and no widths from contents: so all of them scroll without a stutter.
+    // All rows have one height, and widths do not follow the contents, so that the table scrolls
+    // without a stutter.
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kCellMargin);
     m_view->setWordWrap(false);
@@ -313,7 +314,7 @@ void SettingsTableWindow::retranslate()
     for (const ActionText& text : kActionTexts) {
         auto* action = findChild<QAction*>(QLatin1String(text.name));
         action->setText(tr(text.text));
-        action->setIconText(tr(text.text)); // which would lose its dots
+        action->setIconText(tr(text.text)); // the default is the text without its dots
         const QString key = action->shortcut().toString(QKeySequence::NativeText);
         action->setToolTip(key.isEmpty() ? tr(text.tip)
                                          : QStringLiteral("%1 (%2)").arg(tr(text.tip), key));
@@ -341,16 +342,17 @@ void SettingsTableWindow::retranslate()
     updateActions();
 }
 
-/// Each column takes the longest word of its title, and the header as many lines as they need.
+/// Makes each column as wide as the longest word of its title, and the header as high as the titles
+/// need.
 void SettingsTableWindow::fitHeads()
 {
     QHeaderView* header = m_view->horizontalHeader();
-    // As the title of a column with selected cells stands.
+    // The titles of columns with selected cells are bold.
     QFont bold = header->font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
     const int margin = 2 * (header->style()->pixelMetric(QStyle::PM_HeaderMargin) + 2);
-    // A line ends at a blank, or behind a hyphen.
+    // A line ends at a blank, or after a hyphen.
     static const QRegularExpression pieces(QStringLiteral(" |(?<=-)"));
     int height = 0;
     for (int column = 0; column < SettingsTableModel::ColumnCount; ++column) {
@@ -380,8 +382,8 @@ void SettingsTableWindow::changeEvent(QEvent* event)
 void SettingsTableWindow::exportFile()
 {
     filedialog::save(this, tr("Select File"), {}, false, [this](const QString& path) {
-        QSaveFile file(path);
-        bool isWritten = file.open(QIODevice::WriteOnly);
+        WholeFile file(path);
+        bool isWritten = file.open();
         QStringList spoiled;
         if (isWritten) {
             SettingsFileWriter writer(&file);
@@ -397,9 +399,9 @@ void SettingsTableWindow::exportFile()
                 }
             }
         }
-        if (!isWritten || !file.commit()) {
-            tell([] { return tr("The file cannot be written."); },
-                 [error = file.errorString()] { return error; });
+        const QString reason = file.finish();
+        if (!isWritten || !reason.isEmpty()) {
+            tell([] { return tr("The file cannot be written."); }, [reason] { return reason; });
         } else if (!spoiled.isEmpty()) {
             tell([] { return tr("Names have characters that the file cannot hold."); },
                  [spoiled] { return spoiled.join(QStringLiteral(", ")); });

@@ -5,7 +5,6 @@
 #include "serial/ldb/busaddress.h"
 
 #include <QBrush>
-#include <QCoreApplication>
 #include <QFont>
 #include <QThread>
 #include <QUndoCommand>
@@ -14,20 +13,11 @@
 
 namespace {
 
-/// A field's name, shortened in some languages, for a column.
 QString headOf(LdbField field)
 {
-    constexpr const char* kHeads[] = {
-        QT_TRANSLATE_NOOP("TableHeads", "Name"),
-        QT_TRANSLATE_NOOP("TableHeads", "Number of FIM's"),
-        QT_TRANSLATE_NOOP("TableHeads", "Open Detection Delay"),
-        QT_TRANSLATE_NOOP("TableHeads", "General Fault Output"),
-        QT_TRANSLATE_NOOP("TableHeads", "Earth Leakage Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Earth Wire Open Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Start in Service Mode"),
-        QT_TRANSLATE_NOOP("TableHeads", "Amplifier Detection"),
-        QT_TRANSLATE_NOOP("TableHeads", "Audio Mute")}; // in the order of the enumerators
-    return QCoreApplication::translate("TableHeads", kHeads[static_cast<std::size_t>(field)]);
+    const QString unit = fieldUnit(field);
+    return unit.isEmpty() ? fieldHead(field)
+                          : QStringLiteral("%1 (%2)").arg(fieldHead(field), unit);
 }
 
 QColor groundOf(FieldOutcome outcome)
@@ -35,7 +25,7 @@ QColor groundOf(FieldOutcome outcome)
     return QColor(outcome == FieldOutcome::Written ? colours::kMonitored : colours::kNotMonitored);
 }
 
-/// The cell as it is, so that it can be brought back.
+/// The present state of a cell, to be restored by undo.
 SettingsTableModel::CellEdit presentEdit(const TableRow* row, const QString& hexId, LdbField field)
 {
     SettingsTableModel::CellEdit edit{hexId, field, std::nullopt};
@@ -61,7 +51,7 @@ public:
         , m_model(model)
         , m_after(std::move(edits))
     {
-        // From the last one on: of two edits of one cell the first one knows what was there.
+        // Backwards: of two edits of one cell, the first one knows what was there before.
         for (auto edit = m_after.crbegin(); edit != m_after.crend(); ++edit) {
             m_before.push_back(presentEdit(model->find(edit->hexId), edit->hexId, edit->field));
         }
@@ -174,7 +164,7 @@ QVariant SettingsTableModel::fieldData(const TableRow& row, LdbField field, int 
         return row.isEdited(field) ? QBrush(QColor(colours::kPartlyMonitored)) : QVariant();
     }
     case Qt::ForegroundRole:
-        // The grounds are light in every palette.
+        // These backgrounds are light in every palette, so the text is dark.
         return row.isEdited(field) || row.outcomes.count(field) > 0 ? QBrush(Qt::black)
                                                                     : QVariant();
     default:

@@ -7,8 +7,8 @@
 #include <QAbstractTableModel>
 #include <QUndoStack>
 
-/// The settings of all LDBs: what each had when it was read, what the user has made of it, and
-/// what became of what was written. Knows no widget and no link. GUI thread.
+/// The settings of all LDBs: what each had when it was read, the user's edits, and the outcome of
+/// writing. Knows no widget and no link. GUI thread.
 class SettingsTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
     {
         QString hexId;
         LdbField field;
-        std::optional<LdbSettings> values; ///< with the value wanted; nothing takes the edit back
+        std::optional<LdbSettings> values; ///< holds the wanted value; nothing takes the edit back
     };
 
     explicit SettingsTableModel(QObject* parent = nullptr);
@@ -52,8 +52,8 @@ public:
 
     /// Adds the LDBs that have no row yet, and notes which ones are connected.
     void setLdbs(const QStringList& known, const QStringList& connected);
-    /// Another bus has other LDBs: all rows go but for those with edits, which are not lost
-    /// unasked.
+    /// Another bus has other LDBs: removes all rows but those with edits, which are never lost
+    /// without asking.
     void forget();
     void setConnected(const QString& hexId, bool isConnected);
     const std::vector<TableRow>& rows() const { return m_rows; }
@@ -62,7 +62,7 @@ public:
 
     void awaitReading(const QStringList& hexIds);
     void takeReading(const LdbReading& reading, const QDateTime& at);
-    /// Those still awaited are not: the reading has ended.
+    /// The reading has ended: no row is awaited any more.
     void endReading();
 
     /// Edits cells as one undo step, and adds rows for LDBs that are not there yet. Edits that
@@ -78,7 +78,7 @@ public:
     std::vector<LdbChange> changes() const;
     /// LDBs with edits of which nothing was read.
     QStringList unreadEdits() const;
-    /// The steps before it cannot be undone any more: putting back is what takes a write back.
+    /// The steps before a write can no longer be undone; former settings take a write back.
     void takeOutcome(const SettingsOutcome& outcome, const QDateTime& at);
 
     const TableComparison& comparison() const { return m_comparison; }
@@ -90,7 +90,7 @@ public:
     void retranslate();
 
 signals:
-    /// The number of edits or of rows may differ, or what can be undone.
+    /// The number of edits or rows, or what can be undone, may have changed.
     void editsChanged();
 
 private:
@@ -100,7 +100,7 @@ private:
     TableRow* row(const QString& hexId);
     void addRow(const QString& hexId);
     void apply(const std::vector<CellEdit>& edits);
-    /// Rows that were there for edits alone, of LDBs that nobody has seen.
+    /// Removes rows that only edits had made, of LDBs that nobody has seen.
     void dropEmptyRows();
     void tell(const TableRow& row);
     void tellAll();

@@ -46,7 +46,7 @@ SettingsTableWindow::SettingsTableWindow(Surroundings surroundings, QWidget* par
 
 SettingsTableWindow::~SettingsTableWindow()
 {
-    // Its views and models tell of their own end, when this is no table any more.
+    // Its views and models send signals while they end, when this object is only half there.
     const QList<QObject*> parts = findChildren<QObject*>();
     for (QObject* part : parts) {
         part->disconnect(this);
@@ -355,7 +355,7 @@ void SettingsTableWindow::closeEvent(QCloseEvent* event)
         enum Choice
         {
             Discard,
-            Keep // behind the closed window
+            Keep // and close the window
         };
         if (box->choice() == Discard) {
             discardEdits();

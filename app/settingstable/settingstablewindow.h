@@ -25,8 +25,8 @@ class TableReading;
 class TableWriting;
 
 /// The window "Settings of all LDB's": reads them, shows what differs, lets the user change,
-/// import, write and put them back. Nothing is sent before the preview was confirmed. It stays when
-/// it is closed, and keeps what was read. GUI thread.
+/// import, write and put them back. Nothing is sent before the preview was confirmed. Closing only
+/// hides it: it keeps what was read. GUI thread.
 class SettingsTableWindow : public QWidget
 {
     Q_OBJECT
@@ -44,19 +44,19 @@ public:
     SettingsTableWindow(Surroundings surroundings, QWidget* parent);
     ~SettingsTableWindow() override;
 
-    /// Where what LDBs had before is kept from now on.
+    /// Where former settings are kept from now on.
     void setFormerSettings(const FormerSettingsStore& store);
     /// Another bus is in force.
     void forget();
     /// Whether the bus can be used.
     void apply(Permission permission);
-    /// What an end of the program would lose, as a sentence; null for nothing.
+    /// A sentence that says what an end of the program would lose; null for nothing.
     Text underWay() const;
 
 public slots:
-    /// Shows the window, and reads all LDBs the first time that they can be read.
+    /// Shows the window, and reads all LDBs as soon as they can be read for the first time.
     void open();
-    /// Takes the values of a file as edits; on the bus, the LDBs are read first.
+    /// Takes the values of a file as edits. While the bus can be used, the LDBs are read first.
     void importFile(const QString& path);
 
 protected:
@@ -115,6 +115,6 @@ private:
     TableImport* m_import; // owned as a child
     FileBar* m_compareBar;
     bool m_hasRead = false;
-    TableFile m_compareFile; ///< where the comparison is with one
+    TableFile m_compareFile; ///< the file that is compared with, if any
     bool m_isFileCompared = false;
 };

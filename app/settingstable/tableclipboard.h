@@ -12,10 +12,10 @@ QString copied(const QModelIndexList& cells);
 struct Pasted
 {
     std::vector<SettingsTableModel::CellEdit> edits;
-    Text error; ///< then there are no edits: what is wrong is not to be pasted by halves
+    Text error; ///< if set, there are no edits: nothing is pasted by halves
 };
-/// What the text makes of the cells from the first selected one on. One single value goes into all
-/// selected cells. Columns that no user can change are passed over.
+/// The edits that pasting the text makes, from the first selected cell on. A single value goes into
+/// all selected cells. Columns that users cannot change are passed over.
 Pasted pasted(const QString& text, const QModelIndexList& selected);
 
 } // namespace tableclipboard

@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr int kFewestForMost = 3; ///< of two LDBs neither is the exception
+constexpr int kFewestForMost = 3; ///< with two LDBs neither is the exception
 
-/// One that has what more than half have; nothing where there is no such value.
+/// An LDB whose value more than half have; none where there is no such value.
 std::optional<LdbSettings> most(const std::vector<LdbSettings>& shown, LdbField field)
 {
     std::map<QString, std::pair<int, const LdbSettings*>> counts;

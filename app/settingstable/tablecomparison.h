@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// Settings of several LDBs that do not come from the bus: of a file, or kept from before.
+/// Settings of several LDBs from elsewhere than the bus: a file, or former settings.
 struct OtherSettings
 {
     Text name; ///< as the user knows them
@@ -13,7 +13,7 @@ struct OtherSettings
     bool hasMute = false; ///< a file has no column for it
 };
 
-/// What the values of the table are held against. A value.
+/// What the values of the table are compared with. A value.
 class TableComparison
 {
 public:
@@ -29,10 +29,10 @@ public:
     void setOther(const OtherSettings& other) { m_other = other; }
     const OtherSettings& other() const { return m_other; }
 
-    /// Counts what most LDBs have; whether that is another value than before in any field.
+    /// Counts what most LDBs have; gives whether the result has changed in any field.
     bool count(const std::vector<TableRow>& rows);
 
-    /// The settings in which the LDB's field is expected; null where nothing is expected of it.
+    /// The settings that hold the expected value of the LDB's field; null where none is expected.
     const LdbSettings* expected(const QString& hexId, LdbField field) const;
     bool differs(const TableRow& row, LdbField field) const;
 

@@ -15,16 +15,16 @@ public:
     IdReading reading() const { return m_reading; }
     IdReading otherReading() const;
     void setReading(IdReading reading);
-    /// Whether the names of the LDBs read so far fit better in the other way.
+    /// Whether the names of the LDBs read so far fit better the other way.
     bool fitsBetterOtherwise(const std::vector<TableRow>& rows) const;
-    /// How the IDs are read and, where the names fit better otherwise, how many do.
+    /// How the IDs are read and, if the names fit better the other way, how many do.
     QString readingText(const std::vector<TableRow>& rows) const;
 
     /// The lines that can be used.
     OtherSettings settings() const;
     /// The lines' values, as edits.
     std::vector<SettingsTableModel::CellEdit> edits() const;
-    /// What is wrong with the others, a sentence each.
+    /// What is wrong with the other lines, a sentence each.
     std::vector<Text> problems() const;
 
 private:

@@ -7,7 +7,7 @@ TableFilter::TableFilter(QObject* parent)
 {
     setSortRole(SettingsTableModel::SortRole);
     setSortCaseSensitivity(Qt::CaseInsensitive);
-    // A row must not jump away from under the one who edits it.
+    // A row must not jump away while it is edited.
     setDynamicSortFilter(false);
 }
 

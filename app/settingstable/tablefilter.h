@@ -2,7 +2,7 @@
 
 #include <QSortFilterProxyModel>
 
-/// Sorts the table of settings by the values, and shows the LDBs that are looked for. GUI thread.
+/// Sorts the table of settings by value, and shows the LDBs that are searched for. GUI thread.
 class TableFilter : public QSortFilterProxyModel
 {
     Q_OBJECT

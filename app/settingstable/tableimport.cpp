@@ -46,7 +46,7 @@ void TableImport::readOtherwise()
     std::vector<SettingsTableModel::CellEdit> edits;
     for (const SettingsTableModel::CellEdit& edit : m_file.edits()) {
         const TableRow* row = m_model->find(edit.hexId);
-        // What the user has changed since is his.
+        // What the user has changed since stays.
         const bool isImported = row != nullptr && row->isEdited(edit.field) &&
                                 isSameField(edit.field, row->wanted, *edit.values);
         if (isImported) {

@@ -18,7 +18,7 @@ class TableImport : public QObject
 {
     Q_OBJECT
 public:
-    /// What it works with lives longer, but for the bar, which may not be used once it is gone.
+    /// What it works with lives longer, except the bar, which may go first.
     /// `isPending`: whether fault finding has something to put back in an LDB.
     TableImport(SettingsTransfer* transfer, SettingsTableModel* model, FileBar* bar,
                 std::function<bool(const QString& hexId)> isPending, QObject* parent);
@@ -28,11 +28,11 @@ public:
     QString name() const { return m_file.name(); }
 
     void take(const TableFile& file);
-    /// Takes the file that the transfer has planned to import, with what it has read of the LDBs.
+    /// Takes the file whose import the transfer has planned, with what that has read from the LDBs.
     void takePlan(const QDateTime& now);
     /// Its values have been written.
     void end();
-    /// Its values are no edits any more.
+    /// Its values are no longer edits.
     void refuse();
 
     /// Shows the bar, in the language in force, or hides it.

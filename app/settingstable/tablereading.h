@@ -2,11 +2,15 @@
 
 #include "app/settingstable/remainingtime.h"
 #include "importexport/settingsreader.h"
+#include "serial/ldb/exchange.h"
 
 #include <QObject>
+#include <QSet>
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 
 class SerialLink;
 class SettingsTableModel;
@@ -24,7 +28,7 @@ public:
     bool isOn() const { return m_reader != nullptr; }
     /// Begins; does nothing while a reading is on, or for no LDBs.
     void read(const QStringList& hexIds);
-    /// Ends with the LDBs that were asked already.
+    /// Ends when the LDBs already asked have answered.
     void stop();
 
 signals:
@@ -34,6 +38,9 @@ signals:
     void changed();
 
 private:
+    void takeExchange(const Exchange& exchange);
+    /// LDBs that the polling has not asked for their names yet; nothing in short rounds.
+    std::optional<int> unnamed() const;
     void end();
 
     SerialLink* m_link;
@@ -41,4 +48,7 @@ private:
     SettingsTableModel* m_model;
     std::unique_ptr<SettingsReader> m_reader; ///< while it is on
     RemainingTime m_remaining;
+    QSet<QString> m_askedForName;             ///< by the polling, since the scan
+    std::optional<Exchange> m_name;           ///< a first question for one, until the next question
+    std::map<ExchangeKind, qint64> m_flights; ///< the last ones, µs
 };

@@ -30,7 +30,7 @@ void TableRow::takeBack(LdbField field)
 
 void TableRow::take(const LdbSettings& record, const QDateTime& at)
 {
-    // What was written before is no news any more, but for what is still to be written.
+    // Earlier outcomes are no longer news, except those of fields that are still to be written.
     for (auto entry = outcomes.begin(); entry != outcomes.end();) {
         entry = isEdited(entry->first) ? std::next(entry) : outcomes.erase(entry);
     }
@@ -40,7 +40,7 @@ void TableRow::take(const LdbSettings& record, const QDateTime& at)
     doubtful.clear();
     for (auto field = edits.begin(); field != edits.end();) {
         const auto outcome = outcomes.find(*field);
-        // One that the LDB has, but did not store, is to be written again.
+        // A value that the LDB has, but did not store, has to be written again.
         const bool isOpen = outcome != outcomes.end() && isSameField(*field, wanted, record);
         field =
             isSameField(*field, wanted, record) && !isOpen ? edits.erase(field) : std::next(field);

@@ -28,7 +28,7 @@ struct TableRow
     bool isListed = false; ///< an LDB of the bus, lost ones included
     bool isConnected = false;
     LdbSettings wanted;       ///< the values of the edits
-    std::set<LdbField> edits; ///< fields that are to become other than they were read
+    std::set<LdbField> edits; ///< fields to be changed
     /// What became of the fields last written. A field that is not `Written` stays an edit.
     std::map<LdbField, FieldOutcome> outcomes;
     /// Fields whose value in the LDB is not known: they were written to, and not read back.
@@ -39,11 +39,11 @@ struct TableRow
     /// The value that the LDB is to have, where it is known.
     LdbSettings shown() const;
 
-    /// Makes the field's value in `values` an edit; one that the LDB has already is none.
+    /// Makes the field's value in `values` an edit, unless the LDB has it already.
     void edit(LdbField field, const LdbSettings& values);
     void takeBack(LdbField field);
 
-    /// The LDB was read: edits that it has already come to their end.
+    /// The LDB was read: edits that it has already end.
     void take(const LdbSettings& record, const QDateTime& at);
     /// The edits, or some of them, were written. Without a record nothing is claimed of what the
     /// LDB has.

@@ -17,7 +17,7 @@ QString quoted(QString cell)
     return cell;
 }
 
-/// Takes a cell from the place in the text, and leaves the place at what ends it.
+/// Takes the cell at the place in the text, and moves the place to what ends the cell.
 QString takeCell(const QString& text, int& at)
 {
     QString cell;
@@ -44,7 +44,9 @@ QString takeCell(const QString& text, int& at)
 
 QString tabletext::ofField(LdbField field, const LdbSettings& settings)
 {
-    return kindOf(field) == FieldKind::FreeText ? settings.name : fieldValue(field, settings);
+    // A spreadsheet calculates with a number that has no unit.
+    return kindOf(field) == FieldKind::Switch ? fieldValue(field, settings)
+                                              : fieldVariant(field, settings).toString();
 }
 
 bool tabletext::toField(LdbField field, const QString& text, LdbSettings& settings)
@@ -52,8 +54,12 @@ bool tabletext::toField(LdbField field, const QString& text, LdbSettings& settin
     if (kindOf(field) == FieldKind::FreeText) {
         return setFieldVariant(field, text, settings);
     }
-    const QString trimmed = text.trimmed();
+    QString trimmed = text.trimmed();
     if (kindOf(field) == FieldKind::Number) {
+        const QString unit = fieldUnit(field);
+        if (!unit.isEmpty() && trimmed.endsWith(unit)) {
+            trimmed = trimmed.chopped(unit.size()).trimmed();
+        }
         return setFieldVariant(field, trimmed, settings);
     }
     for (const bool value : {false, true}) {

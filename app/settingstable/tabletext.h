@@ -11,8 +11,8 @@ namespace tabletext {
 
 /// The field's value as a cell holds it.
 QString ofField(LdbField field, const LdbSettings& settings);
-/// Takes the text of a cell for the field's value: a switch also as 0 and 1, or in the words of
-/// the language in force. False, and nothing changes, where it is none that an LDB can store.
+/// Reads the text of a cell as the field's value; a switch also as 0 and 1, or in the words of the
+/// language in force. False, and nothing changes, where no LDB can store it.
 bool toField(LdbField field, const QString& text, LdbSettings& settings);
 
 /// A cell with a tab or a line feed, or that begins with a quotation mark, stands in quotation

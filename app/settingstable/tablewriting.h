@@ -11,14 +11,14 @@
 
 class SettingsTableModel;
 
-/// Writes what the user has confirmed, and brings what becomes of it into the table. Before
-/// anything is sent, what the LDBs had is kept on disk. What a lost connection leaves open can be
-/// written in the next run. GUI thread.
+/// Writes what the user has confirmed, and brings the outcome into the table. Keeps the former
+/// settings on disk before anything is sent. What a lost link leaves open can be written in the
+/// next run. GUI thread.
 class TableWriting : public QObject
 {
     Q_OBJECT
 public:
-    /// Begins to write, and gives the writing, which lives to its end; null where that is not
+    /// Begins to write, and gives the writing, which lives until it ends; null where that is not
     /// possible now.
     using Writer = std::function<SettingsBatch*(std::vector<LdbChange>)>;
 
@@ -30,15 +30,15 @@ public:
     const FormerSettingsStore& formerSettings() const { return m_former; }
 
     bool isOn() const { return m_batch != nullptr; }
-    /// Keeps what the LDBs had; gives an empty text, or why that failed.
+    /// Keeps the former settings; gives an empty text, or why that failed.
     QString keepFormer(const std::vector<LdbChange>& changes, FormerSettings::Occasion occasion,
                        const QString& note) const;
     /// Whether it has begun.
     bool write(const std::vector<LdbChange>& changes);
     void stop();
 
-    /// What a lost connection has left open, as it was confirmed; none where the user has changed
-    /// it since.
+    /// What a lost link has left open, as it was confirmed; without what the user has changed
+    /// since.
     std::vector<LdbChange> open() const;
 
 signals:

@@ -10,8 +10,8 @@ class QListWidget;
 class QPushButton;
 class QTreeWidget;
 
-/// Shows what would be written, before anything is sent: "LDB, field, old -> new", counted, and
-/// what is left out. Accepted by an explicit yes alone; Enter and Escape cancel. GUI thread.
+/// Shows what would be written before anything is sent: "LDB, field, old -> new", how much it is,
+/// and what is left out. Only an explicit yes accepts; Enter and Escape cancel. GUI thread.
 class WritePreview : public QDialog
 {
     Q_OBJECT

@@ -38,12 +38,6 @@ inline const QString kRecordedNow = QStringLiteral("#ffb0a0"); // something happ
 inline const QString kBarGround = QStringLiteral("#e4e6ea");
 inline const QString kBarRun = QStringLiteral("#b9d3ea");
 inline const QString kBarText = QStringLiteral("#3a3f47");
-inline const QString kTickFault = QStringLiteral("#d07000");
-inline const QString kTickLost = QStringLiteral("#b3261e");
-inline const QString kTickGood = QStringLiteral("#1b6e36");
-inline const QString kTickMark = QStringLiteral("#7a1fa2");
-inline const QString kTickWork = QStringLiteral("#1c5fa8");
-inline const QString kTickOther = QStringLiteral("#6e727a");
 // How well exchanges went, on the ground of a table.
 inline const QString kQualityGood = QStringLiteral("#5aa469");
 inline const QString kQualitySome = QStringLiteral("#e0a100");

@@ -52,7 +52,7 @@ public:
     /// until its end is told; null where it cannot begin now.
     SettingsBatch* write(std::vector<LdbChange> changes);
 
-    /// Ends the transfer behind the LDB under way, and says what was done and what not.
+    /// Ends the transfer after the LDB under way, and says what was done and what not.
     void stop();
 
     bool isOn() const { return m_isOn; }

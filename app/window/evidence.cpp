@@ -4,6 +4,7 @@
 #include "app/installation/installationdesk.h"
 #include "app/lookback/lookback.h"
 #include "app/lookback/recordedband.h"
+#include "app/lookback/shownsource.h"
 #include "app/notices/notices.h"
 #include "app/recording/evidenceform.h"
 #include "app/recording/recordedplot.h"
@@ -29,6 +30,7 @@
 #include <QStatusBar>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -68,7 +70,17 @@ Evidence::Evidence(const Surroundings& around, QWidget* window)
     makeMenu(around, window);
     initLookBack(around, window);
     m_events->setShown([this] { return m_lookBack->shown(); });
-    connect(m_events, &EventDesk::momentWanted, m_lookBack, &LookBack::goTo);
+    connect(m_events, &EventDesk::momentWanted, this, [this](qint64 at, const QString& hexId) {
+        m_wantedLdb = hexId;
+        m_lookBack->goTo(at);
+    });
+    // Not before: its row may come with the moment.
+    connect(m_lookBack, &LookBack::shownChanged, this, [this, views = around.views] {
+        const QString hexId = std::exchange(m_wantedLdb, {});
+        if (!hexId.isEmpty() && m_lookBack->shown()) {
+            views->select(hexId);
+        }
+    });
     showQuality(around);
 }
 
@@ -156,8 +168,8 @@ void Evidence::showQuality(const Surroundings& around)
              return link->isRunning() && !(control->recorder()->isRecording() &&
                                            control->access()->path() == control->folder());
          },
-         [link = around.link](const QString& hexId) {
-             return link->nameOf(hexId);
+         [views = around.views](const QString& hexId) {
+             return views->source()->nameOf(hexId);
          }},
         around.ui.deviceOverviewTableView, around.ui.overviewBar, this);
     connect(around.link, &SerialLink::exchanged, m_quality->live(), &LiveQuality::takeExchange);

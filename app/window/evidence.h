@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QString>
 
 #include <vector>
 
@@ -76,6 +77,7 @@ private:
     LookBack* m_lookBack = nullptr;
     EventDesk* m_events;
     QualityDisplay* m_quality = nullptr;
+    QString m_wantedLdb; ///< whose event is gone to; empty: nobody's
     QPointer<RecordingIndicator> m_indicator;
     QPointer<RecordingForm> m_preferences;
     QPointer<EvidenceForm> m_form;

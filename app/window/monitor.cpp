@@ -1,6 +1,7 @@
 #include "app/window/monitor.h"
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 #include "serial/link/seriallink.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ constexpr double kRoomInTurn = 1.1;
 constexpr qint64 kQuestions = 4;
 /// After so long without any answer, ms, the bus is no longer monitored, however many are silent.
 constexpr qint64 kLongestQuiet = 20000;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 /// More than any wait for an answer, ms; a clock that was set must not look like one.
 constexpr qint64 kLongestSilence = 10000;
 
@@ -40,7 +41,7 @@ Monitor::Monitor(const SerialLink* link, std::function<qint64()> wallTime, QObje
     connect(link, &SerialLink::opened, this, [this] { m_isOpen = true; });
     connect(link, &SerialLink::roundBegun, this, &Monitor::poll);
     connect(link, &SerialLink::usualTurnTold, this, [this](qint64 time) {
-        m_turn = std::lround(kRoomInTurn * static_cast<double>(time) / kMicrosecondsPerMillisecond);
+        m_turn = std::lround(kRoomInTurn * static_cast<double>(time) / kMillisecond);
     });
     connect(link, &SerialLink::awaitedChanged, this, &Monitor::tell);
     connect(link, &SerialLink::portFailed, this, &Monitor::processFailure);
@@ -124,7 +125,7 @@ void Monitor::processExchange(const Exchange& exchange)
         m_silences.remove(exchange.hexId);
         return;
     }
-    const qint64 waited = m_wallTime() - exchange.sentAt / kMicrosecondsPerMillisecond;
+    const qint64 waited = m_wallTime() - exchange.sentAt / kMillisecond;
     m_silences.insert(exchange.hexId, kQuestions * std::clamp(waited, qint64(0), kLongestSilence));
 }
 

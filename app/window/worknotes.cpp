@@ -4,13 +4,14 @@
 #include "app/ldbsettings/ldbsettingseditor.h"
 #include "app/transfer/settingstransfer.h"
 #include "importexport/report/recordedwork.h"
+#include "serial/ldb/microseconds.h"
 #include "tracking/faultfinding/fimtracking.h"
 
 #include <utility>
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 recordedwork::Finding::Side sideOf(const FimCounter& counter, int ldbPort)
 {
@@ -72,14 +73,14 @@ void WorkNotes::follow(const FimTracking* tracking)
             [this, tracking](TrackingRun::Phase phase) { processPhase(tracking, phase); });
     connect(run, &TrackingRun::faultReported, this,
             [this](const FaultReport& fault) { m_run.faults.push_back(fault); });
-    connect(run, &TrackingRun::resultsReady, this, [this, run] { noteFinding(*run); });
+    connect(run, &TrackingRun::resultsReady, this, [this, tracking] { noteFinding(*tracking); });
 }
 
 void WorkNotes::processPhase(const FimTracking* tracking, TrackingRun::Phase phase)
 {
     switch (phase) {
     case TrackingRun::Phase::FactoryReset:
-        m_run = {tracking->hexId(), m_wallTime() * kMicrosecondsPerMillisecond, {}};
+        m_run = {tracking->hexId(), m_wallTime() * kMillisecond, {}};
         break;
     case TrackingRun::Phase::Idle:
         if (m_run.begun != 0) {
@@ -99,13 +100,15 @@ void WorkNotes::processPhase(const FimTracking* tracking, TrackingRun::Phase pha
     }
 }
 
-void WorkNotes::noteFinding(const TrackingRun& run)
+void WorkNotes::noteFinding(const FimTracking& tracking)
 {
     if (m_run.begun == 0) {
         return; // told already
     }
+    const TrackingRun& run = tracking.run();
     const FimCounter& counter = run.counter();
     recordedwork::Finding finding;
+    finding.configured = tracking.configuredFims();
     finding.isCommissioning = run.mode() == TrackingMode::Commissioning;
     finding.primary = sideOf(counter, PrimaryPort);
     finding.secondary = sideOf(counter, SecondaryPort);

@@ -41,7 +41,7 @@ private:
     };
 
     void processPhase(const FimTracking* tracking, TrackingRun::Phase phase);
-    void noteFinding(const TrackingRun& run);
+    void noteFinding(const FimTracking& tracking);
 
     const std::function<qint64()> m_wallTime;
     Run m_run;

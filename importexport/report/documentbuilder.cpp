@@ -25,12 +25,12 @@ constexpr int kHeadingSizes[] = {60, 44, 36};
 constexpr double kHeadingAbove[] = {0, 60, 40};
 constexpr double kHeadingBelow[] = {24, 14, 10};
 constexpr double kPadding = 7;
-constexpr double kSlack = 40; // what Qt's own layout of pages may take
+constexpr double kSlack = 40; // what Qt's own layout of pages may need besides
 constexpr double kSignatureSpace = 260;
 constexpr double kLine = 2;
 constexpr double kWhole = 100; // per cent
 constexpr double kBelowTable = 20;
-constexpr double kWidestWord = 0.25; // of the page; a longer one is parted
+constexpr double kWidestWord = 0.25; // of the page; a longer word is parted
 
 const QColor kHeadGround(0xe8, 0xec, 0xf0);
 const QColor kLineColour(0xb0, 0xb0, 0xb0);
@@ -61,7 +61,7 @@ QTextCharFormat formatOf(const Cell& cell)
     return format;
 }
 
-/// As wide as any text of a table is set.
+/// The width of a text as tables set it.
 QFont tableFont(int size)
 {
     QFont font;
@@ -125,7 +125,8 @@ double sumOf(const std::vector<double>& widths)
     return std::accumulate(widths.begin(), widths.end(), 0.0);
 }
 
-/// Beyond what they need at least, the columns share the page as they want.
+/// Gives each column what it needs at least, then shares the rest of the page by the columns' own
+/// shares.
 std::vector<double> spread(const std::vector<double>& least, const std::vector<double>& wanted,
                            double page)
 {
@@ -209,7 +210,7 @@ std::unique_ptr<QTextDocument> DocumentBuilder::layOut(const Breaks& breaks, boo
     return document;
 }
 
-/// A block of its own at the end; the very first one is there already.
+/// Begins a block at the end; a new document has its first one already.
 void DocumentBuilder::beginBlock(double above, double below)
 {
     QTextBlockFormat format;
@@ -322,7 +323,7 @@ void DocumentBuilder::putRows(const Table& table, std::size_t from, std::size_t 
         here.row = placedRow;
         m_placed.push_back(here);
     }
-    // What follows a table; Qt wants a block there.
+    // Qt needs a block after a table.
     m_cursor.movePosition(QTextCursor::End);
     m_cursor.setBlockCharFormat(formatOf(1));
     QTextBlockFormat below;
@@ -409,7 +410,7 @@ std::vector<DocumentBuilder::Unit> DocumentBuilder::measure(const QTextDocument&
 
 DocumentBuilder::Breaks DocumentBuilder::breaksFor(std::vector<Unit> units) const
 {
-    // A heading stays with what it heads.
+    // A heading stays with what follows it.
     for (std::size_t i = units.size(); i-- > 1;) {
         if (units[i - 1].isHeading) {
             units[i - 1].bottom = units[i].bottom;

@@ -17,21 +17,21 @@ class QTextTable;
 class DocumentBuilder
 {
 public:
-    /// `body`: what is to be filled of each page.
+    /// `body`: the part of each page to be filled.
     DocumentBuilder(const ReportContents& contents, QSizeF body);
 
     std::unique_ptr<QTextDocument> build();
 
 private:
-    /// A part, or a row of one that is a table.
+    /// A part, or one row of a table.
     using Place = std::pair<std::size_t, int>;
     using Breaks = std::set<Place>;
-    /// What is not to be parted, in the document without pages.
+    /// Something that must not be parted, in the document without pages.
     struct Unit
     {
         Place place;
         double top = 0;
-        double bottom = 0; ///< of what has to be on the same page
+        double bottom = 0; ///< the lower edge of what must be on the same page
         double head = 0;   ///< height of the head that is repeated above it
         bool isHeading = false;
     };
@@ -52,7 +52,7 @@ private:
 
     const ReportContents& m_contents;
     QSizeF m_body;
-    // Of the laying out under way:
+    // Of the layout under way:
     Breaks m_breaks;
     QTextDocument* m_document = nullptr;
     QTextCursor m_cursor;

@@ -6,17 +6,17 @@
 #include <utility>
 #include <vector>
 
-/// Puts begin and end of faults and losses together, from events in their order. A value.
+/// Joins the begins and ends of faults and losses to spans, from events in their order. A value.
 class FaultSpans
 {
 public:
-    /// Whether the event is of a fault or a loss; all others it leaves alone.
+    /// Takes the event if it is of a fault or a loss; gives whether it is.
     static bool isTaken(const RecordedEvent& event);
     void take(const RecordedEvent& event);
 
-    /// Forgets what has ended: what comes before the span of a report.
+    /// Forgets what has ended by now, which is before the span of the report.
     void forgetEnded() { m_ended.clear(); }
-    /// By begin; those that are there still among them.
+    /// All, by begin; those that are still there included.
     std::vector<FaultSpan> all() const;
 
 private:

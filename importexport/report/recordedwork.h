@@ -8,15 +8,14 @@
 #include <optional>
 #include <vector>
 
-/// What was done to LDBs, as the events of a recording carry it for machines. Values and pure
-/// functions.
+/// What was done to LDBs, as events of a recording hold it for machines. Values and pure functions.
 namespace recordedwork {
 
 /// What became of one changed setting.
 enum class ChangeOutcome
 {
     Verified, ///< read back, and stored
-    Accepted, ///< by the LDB, and not read back
+    Accepted, ///< by the LDB, but not read back
     Refused,
     NotAnswered,
     Differs,   ///< the LDB has another value
@@ -32,10 +31,10 @@ struct FieldChange
     ChangeOutcome outcome = ChangeOutcome::NotSent;
 };
 
-/// The event of settings that were written, without a time: `kind` is `SettingsSaved` or
-/// `SettingsImported`. Nothing where there was nothing to change. `text` is for people.
+/// The event, without a time, that says which settings were written: `kind` is `SettingsSaved` or
+/// `SettingsImported`, `text` is for people. None where there was nothing to change.
 std::optional<RecordedEvent> settingsEvent(EventKind kind, const SettingsOutcome& outcome);
-/// What such an event says; what cannot be understood of it is left out.
+/// Reads such an event; leaves out what it cannot understand.
 std::vector<FieldChange> changesOf(const RecordedEvent& event);
 /// A value of a field for people, in the language in force; a dash where it is not known.
 QString valueText(LdbField field, const QVariant& value);
@@ -54,14 +53,14 @@ struct Finding
     {
         bool isTracked = true;
         bool isFinished = false;
-        End end = End::Connected; ///< of one that is finished
+        End end = End::Connected; ///< of a run that is finished
         int fims = 0;             ///< counted
     };
     /// A leakage that showed while the FIMs came up.
     struct Leakage
     {
         bool isOfEarth = true; ///< otherwise DC leakage of the loop
-        /// The FIM, approximately, counted from each side; nothing for one that counted no more.
+        /// The approximate FIM, counted from each side; nothing for a side that no longer counted.
         std::optional<int> primary;
         std::optional<int> secondary;
     };
@@ -75,10 +74,10 @@ struct Finding
 
 /// The event of a finished run, without a time. `since` is when it began (UTC, µs since 1970).
 RecordedEvent findingEvent(const QString& hexId, qint64 since, const Finding& finding);
-/// Nothing of an event that carries none, as of a run that was stopped.
+/// Nothing for an event without a finding, as that of a stopped run.
 std::optional<Finding> findingOf(const RecordedEvent& event);
 
-/// What the finding says, in a line each, in the language in force.
+/// The finding in lines for people, in the language in force.
 QStringList findingTexts(const Finding& finding);
 QString leakageText(const Finding::Leakage& leakage);
 

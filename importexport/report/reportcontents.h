@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-/// A document's contents, before it has pages: what its writers share. Plain values.
+/// The contents of a document before it has pages. Plain values.
 namespace reportpart {
 
 struct Heading
@@ -40,12 +40,12 @@ struct Cell
 struct Column
 {
     QString title;
-    int width = 1;            ///< share of the page's width, against the other columns
+    int width = 1;            ///< share of the page's width, relative to the other columns
     bool isInOneLine = false; ///< where the page has room for it
 };
 struct Table
 {
-    std::vector<Column> columns; ///< without any title: a table without a head
+    std::vector<Column> columns; ///< if none has a title, the table has no head
     std::vector<std::vector<Cell>> rows;
     bool hasHead() const;
 };

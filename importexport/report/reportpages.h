@@ -29,15 +29,15 @@ public:
 
     int count() const;
     QSizeF paperSize() const;
-    /// A page from 0 on; the painter's origin is the paper's corner.
+    /// Draws a page, counted from 0; the painter's origin is the paper's corner.
     void paint(QPainter& painter, int page) const;
     /// A page, `width` pixels wide.
     QImage image(int page, int width) const;
-    /// All pages; the paper of the device is to be the same. False when it did not take them.
+    /// Prints all pages; the device must have the same paper. False when it did not take them.
     bool print(QPagedPaintDevice& device) const;
     QByteArray pdf() const;
 
-    /// Its pages are the bodies of those here.
+    /// Its pages are the bodies of the report's pages.
     const QTextDocument& document() const { return *m_document; }
 
 private:

@@ -1,7 +1,9 @@
 #include "importexport/report/reporttexts.h"
 
+#include "recording/lineshares.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -19,10 +21,8 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(VisitReport)
 };
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kGoodOneIn = 1000;              // of a good line no more questions end badly
-constexpr qint64 kLongUnheard = 300LL * 1000000; // rounds of large sites are far shorter
-constexpr qint64 kShortPause = 2000000;          // between two runs: nobody has missed anything
+constexpr qint64 kLongUnheard = 300LL * 1000000; // far longer than a round of a large site
+constexpr qint64 kShortPause = 2000000;          // between two runs: too short to miss anything
 
 const QString kSeparator = QStringLiteral(", ");
 
@@ -39,7 +39,7 @@ QString endName(recordedwork::Finding::End end)
     return Texts::tr("Connected");
 }
 
-/// The ids and names of those for which it holds.
+/// The ids and names of the LDBs for which it holds.
 template <typename Holds>
 QStringList namesOf(const VisitReport& report, Holds holds)
 {
@@ -109,7 +109,7 @@ QString faultyText(const ReportedLdb& ldb)
     return QStringLiteral("%1 (%2)").arg(nameText(ldb.hexId, ldb.name), what.join(kSeparator));
 }
 
-/// Which LDBs have a fault that is there, or has gone and is remembered.
+/// The LDBs with a fault that is there, or that has gone and is remembered.
 QStringList faultyOf(const VisitReport& report, FaultLevel level)
 {
     const auto isThere = [&report](const QString& hexId) {
@@ -134,7 +134,7 @@ RecordedMinute sumOf(const VisitReport& report)
 {
     RecordedMinute sum;
     for (const ReportedLdb& ldb : report.ldbs) {
-        // One that does not answer is told as such; its probes say nothing about the line.
+        // An LDB that does not answer is told as such; its probes say nothing about the line.
         const bool wasLost =
             !isHeard(ldb) ||
             std::any_of(report.faults.begin(), report.faults.end(), [&ldb](const FaultSpan& span) {
@@ -150,7 +150,7 @@ RecordedMinute sumOf(const VisitReport& report)
     return sum;
 }
 
-/// Times of the span in which no run was on.
+/// Says at which times of the span no run was on.
 void addPauses(const VisitReport& report, QStringList& texts)
 {
     const TimeSpan span = *report.recorded;
@@ -183,8 +183,7 @@ void addNames(QStringList& texts, const QString& sentence, const QStringList& na
 QString timeText(qint64 at)
 {
     return at == 0 ? kNoValue
-                   : QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond)
-                         .toString(generalinformation::kSecondsFormat);
+                   : microseconds::localTime(at).toString(generalinformation::kSecondsFormat);
 }
 
 QString nameText(const QString& hexId, const QString& name)
@@ -280,6 +279,18 @@ QString countText(const recordedwork::Finding::Side& side)
     return side.isTracked ? QString::number(side.fims) : kNoValue;
 }
 
+std::optional<int> loopCount(const recordedwork::Finding& finding)
+{
+    return finding.primary.isTracked && finding.secondary.isTracked
+               ? std::make_optional(finding.primary.fims + finding.secondary.fims)
+               : std::nullopt;
+}
+
+QString numberText(std::optional<int> number)
+{
+    return number ? QString::number(*number) : kNoValue;
+}
+
 bool isOutOfOrder(const QList<QStringList>& rows)
 {
     switch (static_cast<LdbState>(generalinformation::integer(rows, generalinformation::ModeRow))) {
@@ -298,19 +309,21 @@ QStringList summaryTexts(const VisitReport& report)
     if (!report.recorded) {
         return {Texts::tr("Nothing is recorded of this time.")};
     }
+    // Of a visit of last week nobody knows how it is now.
     QStringList texts{
         Texts::tr("%n LDB's were found.", nullptr, static_cast<int>(report.ldbs.size()))};
     const auto tell = [&texts](const QStringList& names, const QString& none, const QString& some) {
         texts.append(names.isEmpty() ? none : some.arg(names.size()).arg(names.join(kSeparator)));
     };
-    tell(faultyOf(report, FaultLevel::Major), Texts::tr("No LDB has a fault now."),
-         Texts::tr("LDB's with a fault now (%1): %2."));
+    tell(faultyOf(report, FaultLevel::Major), Texts::tr("No LDB had a fault at the end."),
+         Texts::tr("LDB's with a fault at the end (%1): %2."));
     const QStringList remembered = faultyOf(report, FaultLevel::Minor);
     if (!remembered.isEmpty()) {
         tell(remembered, {}, Texts::tr("LDB's that remember a fault that has gone (%1): %2."));
     }
-    tell(namesOf(report, isLost), Texts::tr("No LDB is lost."), Texts::tr("LDB's lost (%1): %2."));
-    // What an engineer must not leave behind unseen.
+    tell(namesOf(report, isLost), Texts::tr("No LDB was lost at the end."),
+         Texts::tr("LDB's lost at the end (%1): %2."));
+    // Says what an engineer must not overlook when he leaves.
     const auto tellMode = [&](LdbState state, const QString& some) {
         const QStringList names = namesOf(report, [state](const ReportedLdb& ldb) {
             return isHeard(ldb) && static_cast<LdbState>(generalinformation::integer(
@@ -371,19 +384,6 @@ QStringList missingTexts(const VisitReport& report)
     return texts;
 }
 
-QString shareText(qint64 part, qint64 whole)
-{
-    constexpr double kPercent = 100.0;
-    constexpr double kLeast = 0.01; // of what is shown
-    if (whole <= 0) {
-        return kNoValue;
-    }
-    double share = kPercent * static_cast<double>(part) / static_cast<double>(whole);
-    share = part == whole ? kPercent : qMin(share, kPercent - kLeast);
-    share = part == 0 ? 0 : qMax(share, kLeast);
-    return QString::number(share, 'f', 2) + QStringLiteral(" %");
-}
-
 QString flightText(const RecordedMinute& line)
 {
     constexpr double kPerMillisecond = 1000.0;
@@ -404,12 +404,12 @@ QString lineText(const VisitReport& report)
     if (sum.asked == 0) {
         return Texts::tr("Line quality: nothing was asked.");
     }
-    const bool isGood = (sum.asked - sum.good) * kGoodOneIn <= sum.asked;
+    const bool isGood = lineshares::isGood(sum.asked - sum.good, sum.asked);
     const QString text = isGood ? Texts::tr("Line quality: good. Of %1 questions %2 were answered "
                                             "well.")
                                 : Texts::tr("Line quality: not good. Of %1 questions %2 were "
                                             "answered well.");
-    return text.arg(sum.asked).arg(shareText(sum.good, sum.asked));
+    return text.arg(sum.asked).arg(lineshares::text(sum.good, sum.asked));
 }
 
 } // namespace reporttexts

@@ -1,4 +1,5 @@
 #include "importexport/report/visitcontents.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -22,13 +23,12 @@ constexpr int kRight = 30;
 constexpr int kBottom = 60;
 constexpr int kTextSize = 28;
 constexpr int kTicks = 5;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-// Told apart on white paper, and in grey: one is dashed.
+// They can be told apart on white paper, also in grey: one is dashed.
 const QColor kPrimaryColour(0x1b, 0x6e, 0x36);
 const QColor kSecondaryColour(0xb3, 0x26, 0x1e);
 const QColor kGridColour(0xd0, 0xd0, 0xd0);
 
-/// A step of 1, 2 or 5 times a power of ten, of which about `kTicks` make the range.
+/// A step of 1, 2 or 5 times a power of ten; about `kTicks` of them make the range.
 double stepOf(double range)
 {
     const double rough = range / kTicks;
@@ -103,7 +103,7 @@ void Chart::drawGrid(QPainter& painter) const
                          QString::number(value, 'g', 4) + QStringLiteral(" mA"));
     }
     constexpr int kTextWidth = 200;
-    constexpr int kEdge = 10; // where a page may cut
+    constexpr int kEdge = 10; // which a page may cut off
     for (int tick = 0; tick <= kTicks; ++tick) {
         const qint64 at = m_from + (m_to - m_from) * tick / kTicks;
         painter.setPen(QPen(kGridColour, 2));
@@ -115,8 +115,7 @@ void Chart::drawGrid(QPainter& painter) const
                          left + kTextWidth + kEdge >= kSize.width()
                              ? Qt::AlignRight | Qt::AlignVCenter
                              : int(Qt::AlignCenter),
-                         QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond)
-                             .toString(QStringLiteral("hh:mm:ss")));
+                         microseconds::localTime(at).toString(QStringLiteral("hh:mm:ss")));
     }
 }
 
@@ -124,7 +123,7 @@ void Chart::drawCurve(QPainter& painter, const std::vector<ReportedSample>& samp
                       std::optional<double> ReportedSample::*value, const QPen& pen) const
 {
     QPainterPath path;
-    bool isOn = false; // a gap is never a line
+    bool isOn = false; // no line across a gap
     for (const ReportedSample& sample : samples) {
         const std::optional<double>& current = sample.*value;
         if (current && isOn) {

@@ -5,24 +5,25 @@
 #include "serial/ldb/exchangebytes.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QDateTime>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
-constexpr qint64 kMinute = 60 * kSecond;
+using microseconds::kMinute;
+using microseconds::kSecond;
 constexpr qint64 kFirstPiece = 10 * kMinute;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kLongestGap = 15 * kSecond; // no value of a plot lives longer
+constexpr qint64 kLongestGap = 15 * kSecond; // no value of the plot is live for longer
 
 using generalinformation::Row;
 
-/// What a port that is shorted now says in place of its voltage.
+/// What a record has in place of the voltage of a port that is shorted.
 QString shortText()
 {
     LdbStatus status;
@@ -72,10 +73,31 @@ std::optional<double> milliamperes(const QList<QStringList>& rows, Row row)
     return isMeasured ? std::make_optional(value) : std::nullopt;
 }
 
-/// What is in no list of its own.
+/// Those of the polling, and those of commands: who reads all settings asks for it, too, while the
+/// polling of a large site takes minutes until it has asked everybody twice. In order.
+std::vector<Exchange> firmwareExchanges(RecordingReader& reader, TimeSpan piece)
+{
+    std::vector<Exchange> polled = reader.exchangesOf(ExchangeKind::Firmware, piece);
+    std::vector<Exchange> read = reader.exchangesOf(ExchangeKind::Read, piece);
+    read.erase(std::remove_if(read.begin(), read.end(),
+                              [](const Exchange& exchange) {
+                                  return exchange.request !=
+                                         exchangebytes::usualRequest(ExchangeKind::Firmware,
+                                                                     exchange.hexId);
+                              }),
+               read.end());
+    std::vector<Exchange> all;
+    all.reserve(polled.size() + read.size());
+    std::merge(
+        polled.begin(), polled.end(), read.begin(), read.end(), std::back_inserter(all),
+        [](const Exchange& one, const Exchange& other) { return one.sentAt < other.sentAt; });
+    return all;
+}
+
+/// Whether the event is in none of the report's own lists.
 bool isOther(EventKind kind)
 {
-    // Each gap is named where what is missing is.
+    // Gaps are named in the list of what is missing.
     return kind != EventKind::Mark && kind != EventKind::FaultFinding && kind != EventKind::Gap;
 }
 
@@ -125,14 +147,14 @@ void VisitCollector::readFrame(RecordingReader& reader)
 {
     const TimeSpan span = m_report.span;
     readFormerSettings();
-    // What the reader has said to others by now is to be in the report, too.
+    // This reader may have given its notices to others already. A new one gives them again.
     RecordingReader another(reader.path());
     another.runs(span);
     another.events(span);
     takeNotices(another);
     const auto extent = reader.extent();
     if (!extent || extent->from >= span.to || extent->to <= span.from) {
-        m_steps.clear(); // nothing is recorded of it
+        m_steps.clear(); // nothing of the span is recorded
         findMissing();
         return;
     }
@@ -176,7 +198,7 @@ void VisitCollector::readLdbs(RecordingReader& reader)
     findMissing();
 }
 
-/// Those that were in the list for a time.
+/// The LDBs that were in the list at some time of the span.
 void VisitCollector::addLeft(RecordingReader& reader, const QStringList& hexIds)
 {
     for (const QString& hexId : hexIds) {
@@ -209,15 +231,15 @@ void VisitCollector::readFormerSettings()
     }
     const TimeSpan span = m_report.span;
     for (FormerSettings& former : FormerSettingsStore(m_request.formerFolder).all()) {
-        const qint64 at = former.at.toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+        const qint64 at = microseconds::of(former.at);
         if (at >= span.from && at < span.to) {
             m_report.former.push_back(std::move(former));
         }
     }
-    std::reverse(m_report.former.begin(), m_report.former.end()); // the latest came first
+    std::reverse(m_report.former.begin(), m_report.former.end()); // they were read latest first
 }
 
-/// What is there at the begin of the span has begun before.
+/// A fault that is there at the begin of the span began before it.
 void VisitCollector::readFormerEvents(RecordingReader& reader)
 {
     for (const RecordedEvent& event : reader.events({0, m_report.span.from})) {
@@ -265,7 +287,7 @@ void VisitCollector::takeEvent(const RecordedEvent& event)
     }
 }
 
-/// What the last records say counts: a fault that flaps is told only once it has calmed down.
+/// The last records count: a fault that flaps is told only when it has settled.
 void VisitCollector::compareWithRecords()
 {
     for (const ReportedLdb& ldb : m_report.ldbs) {
@@ -278,7 +300,7 @@ void VisitCollector::compareWithRecords()
             if (span.hexId != ldb.hexId || !span.isThere()) {
                 continue;
             }
-            // Of a lost LDB nobody knows whether its faults are there still.
+            // Whether the faults of a lost LDB are still there is not known.
             const bool isKnown = !isLost || span.place == FaultPlace::None;
             if (untold.erase(span.place) == 0 && isKnown && span.begun < ldb.record.at) {
                 span.ended = ldb.record.at;
@@ -317,10 +339,10 @@ void VisitCollector::readFinding(RecordingReader& reader, std::size_t index)
     }
 }
 
-/// A damaged answer can pass for a sound one: what was told twice alike counts.
+/// A damaged answer can pass for a sound one, so only what was told twice alike counts.
 void VisitCollector::readFirmware(RecordingReader& reader, TimeSpan piece)
 {
-    const auto exchanges = reader.exchangesOf(ExchangeKind::Firmware, piece);
+    const auto exchanges = firmwareExchanges(reader, piece);
     for (auto exchange = exchanges.rbegin(); exchange != exchanges.rend(); ++exchange) {
         ReportedLdb* ldb = find(exchange->hexId);
         if (!ldb || ldb->firmware || exchange->outcome != ExchangeOutcome::Believed) {
@@ -396,8 +418,8 @@ ReportedLdb* VisitCollector::find(const QString& hexId)
 
 TimeSpan visitOfToday(RecordingReader& reader, qint64 now)
 {
-    const QDate today = QDateTime::fromMSecsSinceEpoch(now / kMicrosecondsPerMillisecond).date();
-    TimeSpan span{today.startOfDay().toMSecsSinceEpoch() * kMicrosecondsPerMillisecond, now};
+    const QDate today = microseconds::localTime(now).date();
+    TimeSpan span{microseconds::of(today.startOfDay()), now};
     qint64 first = now;
     for (const RecordedRun& run : reader.runs(span)) {
         if (run.begun >= span.from) {

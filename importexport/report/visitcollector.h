@@ -12,8 +12,8 @@
 
 class RecordingReader;
 
-/// Collects what a report says from a recording, a piece at a time, so that others who read can do
-/// so in between. Used in one thread at a time.
+/// Collects from a recording what a report says, a piece at a time, so that others can read in
+/// between. Used in one thread at a time.
 class VisitCollector
 {
 public:
@@ -24,7 +24,7 @@ public:
     bool isDone() const { return m_steps.empty(); }
     /// Reads the next piece; some ten milliseconds.
     void step(RecordingReader& reader);
-    /// What is collected; whole once it is done.
+    /// What has been collected; complete when `isDone()`.
     const VisitReport& report() const { return m_report; }
 
 private:
@@ -43,7 +43,7 @@ private:
     void readFinding(RecordingReader& reader, std::size_t index);
     void readFirmware(RecordingReader& reader, TimeSpan piece);
     void readSettings(RecordingReader& reader, TimeSpan piece);
-    /// The piece of the span before this one, twice as long; nothing at its begin.
+    /// The piece of the span before this one, twice as long; nothing at the begin of the span.
     std::optional<TimeSpan> pieceBefore(TimeSpan piece) const;
     TimeSpan lastPiece() const;
     ReportedLdb* find(const QString& hexId);
@@ -52,7 +52,8 @@ private:
     ReportRequest m_request;
     std::deque<Step> m_steps;
     FaultSpans m_faults;
-    QHash<QString, ReadValue<QString>> m_laterFirmware; ///< told once: its former one is looked for
+    QHash<QString, ReadValue<QString>>
+        m_laterFirmware; ///< told once so far; an equal answer before it is looked for
 };
 
 /// The visit of today: from the first start after midnight to `now`; from midnight where there was

@@ -1,6 +1,7 @@
 #include "importexport/report/visitcontents.h"
 
 #include "importexport/report/reporttexts.h"
+#include "recording/lineshares.h"
 #include "serial/ldb/busaddress.h"
 #include "serial/ldb/generalinformation.h"
 #include "serial/ldb/ldbstatus.h"
@@ -22,7 +23,7 @@ struct Texts
 
 using Rows = std::vector<std::vector<Cell>>;
 
-/// Puts the parts of the document one behind the other.
+/// Composes the parts of the document, one after the other.
 class Composer
 {
 public:
@@ -232,21 +233,28 @@ void Composer::putFinding(const ReportedFinding& reported)
         return std::vector<Cell>{name,
                                  {sideText(found), isBad ? Cell::Tone::Bad : Cell::Tone::Plain},
                                  countText(found),
+                                 {},
                                  former(side)};
     };
+    // The LDB is told the number of the whole loop, whose FIMs the two sides share.
+    const auto count = loopCount(finding);
+    const bool isOther = count && finding.configured && count != finding.configured;
     table({{Texts::tr("Side"), 34},
-           {Texts::tr("Result"), 66},
-           {Texts::tr("FIM's counted"), 30},
+           {Texts::tr("Result"), 60},
+           {Texts::tr("FIM's counted"), 26},
+           {Texts::tr("FIM's configured"), 28},
            {reported.former ? Texts::tr("Last run, %1").arg(timeText(reported.former->at))
                             : Texts::tr("Last run: none recorded"),
-            50}},
+            40}},
           {row(Texts::tr("Primary side"), &recordedwork::Finding::primary),
-           row(Texts::tr("Secondary side"), &recordedwork::Finding::secondary)});
+           row(Texts::tr("Secondary side"), &recordedwork::Finding::secondary),
+           {Texts::tr("Both sides"),
+            {},
+            {numberText(count), isOther ? Cell::Tone::Warned : Cell::Tone::Plain},
+            finding.configured ? numberText(finding.configured) : Texts::tr("not known"),
+            numberText(reported.former ? loopCount(reported.former->value) : std::nullopt)}});
     for (const recordedwork::Finding::Leakage& leakage : finding.leakages) {
         paragraph(recordedwork::leakageText(leakage));
-    }
-    if (finding.configured) {
-        paragraph(Texts::tr("The LDB was told to have %n FIM's.", nullptr, *finding.configured));
     }
     if (reported.samples.size() > 1) {
         put(Picture{runPicture(reported.samples),
@@ -287,7 +295,7 @@ void Composer::putChanges()
     putFormer();
 }
 
-/// Kept by the program itself: it tells of changes of which nothing is recorded, too.
+/// The program keeps former settings itself, so this also tells of changes that were not recorded.
 void Composer::putFormer()
 {
     for (const FormerSettings& former : m_report.former) {
@@ -350,7 +358,7 @@ void Composer::putLine()
         }
         if (line.asked > line.good) {
             rows.push_back({ldb.hexId, ldb.name, QString::number(line.asked),
-                            shareText(line.good, line.asked), QString::number(line.damaged),
+                            lineshares::text(line.good, line.asked), QString::number(line.damaged),
                             QString::number(line.silent),
                             QString::number(line.asked - line.good - line.damaged - line.silent),
                             flightText(line)});
@@ -400,7 +408,7 @@ void Composer::putSettings()
     columns.reserve(kLdbFields.size() + 2);
     for (const LdbField field : kLdbFields) {
         const bool isName = field == LdbField::Name;
-        columns.push_back({fieldName(field), isName ? 27 : 17, isName});
+        columns.push_back({fieldHead(field), isName ? 27 : 17, isName});
     }
     columns.push_back({Texts::tr("Read"), 22});
     Rows rows;

@@ -27,7 +27,7 @@ QString VisitReport::nameOf(const QString& hexId) const
 
 namespace {
 
-/// Of what flapped, what it was.
+/// The kind of what flapped.
 EventKind foldedKind(const RecordedEvent& event)
 {
     return event.kind == EventKind::Flapped ? static_cast<EventKind>(event.before.toInt())
@@ -83,7 +83,7 @@ void FaultSpans::take(const RecordedEvent& event)
 
 void FaultSpans::begin(const RecordedEvent& event, FaultSpan span)
 {
-    end(event); // of one whose end nobody has seen
+    end(event); // a former one whose end nobody has seen
     m_open[{event.hexId, event.place}] = std::move(span);
 }
 
@@ -106,8 +106,8 @@ void FaultSpans::end(const RecordedEvent& event)
     m_ended.push_back(std::move(span));
 }
 
-/// One that came and went more often than is told one by one. What was told to have begun is
-/// the first of them.
+/// Takes one that flapped, so that it was not told each time. The begin that was told is that of
+/// its first time.
 void FaultSpans::fold(const RecordedEvent& event)
 {
     FaultSpan span;

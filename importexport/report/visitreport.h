@@ -16,7 +16,7 @@
 
 // What a report says, as plain values. Every moment is a UTC time in µs since 1970; 0 is not known.
 
-/// What the user and the program know, beside the recording.
+/// What the user and the program know besides the recording.
 struct ReportHead
 {
     QString installation;
@@ -27,13 +27,13 @@ struct ReportHead
     QString program;   ///< name and version
 };
 
-/// What is to be reported of.
+/// What the report is to cover.
 struct ReportRequest
 {
     ReportHead head;
     TimeSpan span;
     std::vector<KnownLdb> known; ///< LDBs remembered of the installation
-    QString formerFolder;        ///< where what LDBs had before is kept; may be empty
+    QString formerFolder;        ///< where former settings are kept; may be empty
     bool hasAppendix = false;    ///< all settings
 };
 
@@ -48,15 +48,15 @@ struct ReadValue
 struct ReportedLdb
 {
     QString hexId;
-    QString name; ///< empty where it has none, or none was told
+    QString name; ///< empty where it has none, or has told none
     /// The last record up to the end of the span; without rows where nothing was heard.
     RecordedRecord record;
     bool isListed = true; ///< at the end of the span
-    /// Told twice alike in the span; nothing where it was not.
+    /// Only if it was told twice alike in the span.
     std::optional<ReadValue<QString>> firmware;
     /// Read last in the span; only with the appendix.
     std::optional<ReadValue<LdbSettings>> settings;
-    RecordedMinute line; ///< what its exchanges were in the span
+    RecordedMinute line; ///< its exchanges in the span, counted
 };
 
 /// A fault, or the loss of an LDB, from its begin to its end.
@@ -65,12 +65,12 @@ struct FaultSpan
     QString hexId;
     FaultPlace place = FaultPlace::None; ///< None: it did not answer
     qint64 begun = 0;
-    // It was so when the LDB was heard again: it has begun, or ended, before.
+    // It was so when the LDB was heard again, so it began, or ended, earlier.
     bool isBeginVague = false;
     bool isEndVague = false;
-    qint64 ended = 0;          ///< 0: it is there still at the end of the span
+    qint64 ended = 0;          ///< 0: it is still there at the end of the span
     int times = 1;             ///< of one that came and went
-    bool isRemembered = false; ///< it came and went between two looks, at `begun`
+    bool isRemembered = false; ///< it came and went between two records, at `begun`
 
     bool isThere() const { return ended == 0 && !isRemembered; }
     /// For people, in the language in force.
@@ -96,7 +96,7 @@ struct ReportedSample
 struct ReportedFinding
 {
     RecordedEvent event;
-    std::optional<recordedwork::Finding> finding; ///< nothing of a run without a result
+    std::optional<recordedwork::Finding> finding; ///< none for a run without a result
     /// The run before it on the same LDB, whenever that was.
     std::optional<ReadValue<recordedwork::Finding>> former;
     std::vector<ReportedSample> samples;
@@ -108,14 +108,14 @@ struct VisitReport
     ReportHead head;
     TimeSpan span;
     bool hasAppendix = false;
-    std::optional<TimeSpan> recorded; ///< of the span; nothing when nothing is
+    std::optional<TimeSpan> recorded; ///< the part of the span that is recorded, if any
     std::vector<RecordedRun> runs;
     std::vector<ReportedLdb> ldbs; ///< by address
     std::vector<KnownLdb> missing; ///< remembered, and not listed in the span
     std::vector<FaultSpan> faults; ///< that were there in the span, by begin
     std::vector<ReportedFinding> findings;
     std::vector<ReportedChange> changes;
-    /// What LDBs had before something was written; also of what was not recorded.
+    /// What LDBs had before something was written, recorded or not.
     std::vector<FormerSettings> former;
     std::vector<RecordedEvent> marks;
     std::vector<RecordedEvent> others; ///< events that are in none of the lists above

@@ -4,8 +4,9 @@
 
 #include <optional>
 
-/// Whether what came can be the asked LDB's answer, by the time that it took. An answer names
-/// neither its LDB nor its question, so one out of its time may be an earlier question's.
+/// Decides from the time that an answer took whether it can be the asked LDB's. An answer names
+/// neither its LDB nor its question, so one that comes at an unusual time may belong to an earlier
+/// question.
 ///
 /// Times are flight times in µs, from the request's end to the answer's last byte.
 class AnswerTiming

@@ -15,7 +15,7 @@ public:
         std::vector<quint64> numbers; ///< everybody who asked this
     };
 
-    /// Queues behind those waiting. A read equal to one that already waits, with nothing but reads
+    /// Queues after those waiting. A read equal to one that already waits, with nothing but reads
     /// between them, is not sent twice: it joins the waiting one. A write between them keeps them
     /// apart, for the later read is to see what was written.
     void append(const Request& request, quint64 number);

@@ -1,5 +1,6 @@
 #include "serial/conversation/conversation.h"
 
+#include "serial/ldb/microseconds.h"
 #include "serial/wire/framecodec.h"
 #include "serial/wire/hextext.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 /// A text that has to be told twice is asked for once more, and again if the two differ.
 constexpr int kTextInquiries = 3;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 using Outcome = InquiryEnd::Outcome;
 
@@ -56,7 +57,7 @@ void Conversation::start(const Moment& moment, const StartPlan& plan)
     if (plan.kind != StartPlan::Kind::Resume) {
         m_plan.clear();
     }
-    m_clockOffset = moment.wall * kMicrosecondsPerMillisecond - moment.now;
+    m_clockOffset = moment.wall * kMillisecond - moment.now;
     if (m_search.begin(plan, moment)) {
         m_inquiry.reset();
     } else {
@@ -323,7 +324,7 @@ void Conversation::statusEnded(const InquiryEnd& end, const Moment& moment)
         return;
     }
     takeStatus(end, m_turn.kind != PollSchedule::Turn::Kind::Again, moment);
-    // Nothing more is asked of an LDB that has been given up, or has not proved that it is back.
+    // An LDB that has been dismissed, or has not proved that it is back, is asked nothing more.
     const bool isGone = m_roster.isLost(m_turn.hexId) || (isSilent && m_plan.isSparse());
     if ((m_questions.name || mayStillCome(end)) && !isGone && !isSilent) {
         m_timesAsked = 1;
@@ -415,7 +416,8 @@ void Conversation::commandEnded(const InquiryEnd& end, const Moment& moment)
     proceed(Step::Background, moment);
 }
 
-/// What is kept for long is taken when the LDB tells it twice; but settings name their LDB.
+/// Names and firmware ids, which are kept for long, must be told twice; settings name their LDB, so
+/// once is enough.
 bool Conversation::hear(const InquiryEnd& end)
 {
     const Request& request = m_inquiry.request();

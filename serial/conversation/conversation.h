@@ -60,7 +60,7 @@ public:
     /// It is known by now which LDBs the bus has, beside those that answer: those of them that do
     /// not, and no others, are lost; behind the scan, if one is due or on. No loss is told of them.
     void expect(const std::vector<KnownLdb>& ldbs) { m_roster.expect(ldbs); }
-    /// What comes is another bus: no LDB of before is expected there. While stopped.
+    /// The next run is on another bus, where no former LDB is expected. Only while stopped.
     void forgetLdbs() { m_roster.forget(); }
     /// The line is gone: a command that has been transmitted is done without an answer, those
     /// behind it are forgotten.

@@ -27,7 +27,8 @@ struct RoundBegun
 {
     qint64 time = 0; ///< that its records carry, ms since 1970 UTC
 };
-/// What of a round an LDB takes on the average when all is well; once a round, when it is known.
+/// The average time that one LDB takes of a round on which all is well. Told once a round, if
+/// known.
 struct UsualTurn
 {
     qint64 time = 0; ///< µs

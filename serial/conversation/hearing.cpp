@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Several times the longest frame. Of what exceeds it no answer can be made any more.
+/// Several times the longest frame. No answer can be longer.
 constexpr int kMaxBytes = 1024;
 constexpr int kFewestDigits = 8;
 

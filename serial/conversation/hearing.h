@@ -23,7 +23,7 @@ public:
 
     /// The body of the first frame with good check digits.
     const std::optional<QByteArray>& soundBody() const { return m_soundBody; }
-    /// Whether nothing came before the sound frame, nor behind it in the same read.
+    /// Whether nothing came before the sound frame, nor after it in the same read.
     bool isAlone() const { return m_isAlone; }
     /// The one byte that has come, if it is an ACK or a NAK.
     std::optional<char> singleByte() const;

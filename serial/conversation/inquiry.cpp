@@ -1,5 +1,6 @@
 #include "serial/conversation/inquiry.h"
 
+#include "serial/ldb/microseconds.h"
 #include "serial/wire/framecodec.h"
 
 #include <algorithm>
@@ -7,14 +8,14 @@
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 constexpr qint64 kLongestFrame = 60000;
 /// How much longer than its time a wait is held open for a frame that has begun.
 constexpr qint64 kLetEnd = kLongestFrame + Hearing::kPause;
 /// How far beyond the wait time late answers were seen to end.
 constexpr qint64 kLateMargin = 460000;
 constexpr qint64 kLateMemory = 600000000;
-/// An ACK with something behind it is no acknowledgement.
+/// An ACK that something follows is no acknowledgement.
 constexpr qint64 kAcknowledgeQuiet = 20000;
 constexpr int kPollTransmissions = 2;
 constexpr int kCommandTransmissions = 3;
@@ -22,7 +23,7 @@ constexpr int kCommandTransmissions = 3;
 } // namespace
 
 Inquiry::Inquiry(int answerWaitTime)
-    : m_wait(answerWaitTime * kMicrosecondsPerMillisecond)
+    : m_wait(answerWaitTime * kMillisecond)
 {
 }
 
@@ -150,7 +151,7 @@ void Inquiry::bytesCame(const QByteArray& bytes, qint64 now)
         hearOutstanding(bytes, now);
         break;
     case State::Confirming:
-        m_state = State::Listening; // no acknowledgement, with something behind it
+        m_state = State::Listening; // no acknowledgement, as something follows it
         [[fallthrough]];
     case State::Listening:
         m_hearing.take(bytes, now);

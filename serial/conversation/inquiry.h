@@ -60,8 +60,8 @@ public:
     /// The same, but for what may still come to the last transmission.
     void resume(qint64 now);
 
-    /// Asks. The former inquiry has ended; what it left outstanding is waited out first. `kind` and
-    /// `isExtra` are for its exchanges.
+    /// Asks. The former inquiry must have ended; what it left outstanding is waited out first.
+    /// `kind` and `isExtra` are told with its exchanges.
     void begin(const Request& request, Role role, qint64 now, ExchangeKind kind,
                bool isExtra = false);
     void bytesCame(const QByteArray& bytes, qint64 now);

@@ -27,7 +27,7 @@ public:
         m_ldbs[hexId].name.known = name;
         setProven(hexId);
     }
-    /// What another run has left of an LDB that has still to be heard.
+    /// Takes what is remembered from another run of an LDB that has still to be heard.
     void remember(const QString& hexId, const QString& name)
     {
         if (!name.isEmpty()) {
@@ -62,7 +62,7 @@ public:
         return m_ldbs[hexId].firmware.hear(firmware);
     }
 
-    /// Takes over the state. Gives whether it is another than the last one, or the first.
+    /// Takes over the state. Gives whether it differs from the last one, or is the first.
     bool updateState(const QString& hexId, LdbState state)
     {
         auto& last = m_ldbs[hexId].state;

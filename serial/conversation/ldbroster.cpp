@@ -17,7 +17,7 @@ void LdbRoster::forget()
 
 void LdbRoster::clear()
 {
-    // One that has never answered a poll may never have been there.
+    // An LDB that has never answered a poll may never have been there.
     for (const QString& hexId : all()) {
         if (m_memory.isProven(hexId) || isAwaited(hexId)) {
             m_expected.insert(hexId, {m_memory.name(hexId), isLost(hexId) || isAwaited(hexId)});
@@ -221,7 +221,7 @@ void LdbRoster::heard(const QString& hexId)
     }
 }
 
-/// Every failure of a polling answer, but for a sound one that is not believed.
+/// Counts every failure of a polling answer, except a sound answer that is not believed.
 void LdbRoster::missed(const QString& hexId, bool isSilent, const Moment& moment)
 {
     if (isAwaited(hexId)) {
@@ -239,13 +239,13 @@ void LdbRoster::missed(const QString& hexId, bool isSilent, const Moment& moment
                   QStringLiteral("%1: miss %2 in a row").arg(hexId).arg(misses), moment.now);
     if (misses > m_forgivenMisses) {
         m_schedule.markLost(hexId);
-        // Behind the record: who is told of the loss knows of whom.
+        // After the record, so that whoever is told of the loss has the record.
         tellLost(hexId);
         m_telling.tell(event::Loss{hexId});
     }
 }
 
-/// Of one that is awaited nothing is known that could be told.
+/// Nothing is known of an awaited LDB that could be told.
 void LdbRoster::tellLost(const QString& hexId)
 {
     if (!isAwaited(hexId)) {

@@ -45,11 +45,11 @@ public:
     /// Whether it is in the round.
     bool isPolled(const QString& hexId) const { return all().contains(hexId) && !isLost(hexId); }
 
-    /// Another bus: nobody of before is expected there.
+    /// The next run is on another bus, where no former LDB is expected.
     void forget();
     /// Empties the list, but remembers who was there.
     void clear();
-    /// Behind a scan: who was there before and was not found is lost.
+    /// A scan has ended: an LDB that was there before and was not found is lost.
     void tellMissing(const Moment& moment);
     /// It is known by now which LDBs the bus has, beside those that answer: from the next
     /// `updateList` on, or behind the scan that is due or on, those of them that do not answer are
@@ -70,8 +70,8 @@ public:
     void updateList();
     /// Those dismissed that have not answered since.
     const QStringList& givenUp() const { return m_givenUp; }
-    /// Behind the first status request since it was found. The one that meets silence was
-    /// somebody else's late answer to the search: then it leaves the list again, untold.
+    /// The first status request since the LDB was found has ended. If it met silence, the answer to
+    /// the search was another LDB's late one: the LDB leaves the list again, untold.
     enum class Proof
     {
         Stays,
@@ -84,7 +84,7 @@ public:
     PollSchedule::Turn nextTurn(const Moment& moment);
     int position() const { return m_schedule.position(); }
     int polled() const { return m_schedule.polled(); }
-    /// A round that is no turn's: of those awaited as they answer.
+    /// Begins a round outside the turns: that of awaited LDBs as they answer.
     void beginRound(const Moment& moment);
     void endRound();
     /// Lets the next turn begin a round.
@@ -95,16 +95,16 @@ public:
 
     // What came.
 
-    /// Whether a status that comes between the turns is not the round's own one.
+    /// Whether a status that comes between the turns is extra, not the round's own.
     bool isExtra(const QString& hexId) const { return !m_owing.contains(hexId); }
     /// `isOwnTurn`: of the LDB in the round.
     void heardStatus(const QString& hexId, const LdbStatus& status, bool isOwnTurn,
                      const Moment& moment);
-    /// Its own turn gave no status: another one in the same round is the round's.
+    /// Its own turn gave no status, so the next one in the same round is the round's own.
     void owes(const QString& hexId) { m_owing.insert(hexId); }
     /// It answered something.
     void heard(const QString& hexId);
-    /// It did not, or not so that it can be used.
+    /// It did not answer, or not with anything that can be used.
     void missed(const QString& hexId, bool isSilent, const Moment& moment);
     void tellLost(const QString& hexId);
     /// Names, firmware.
@@ -118,7 +118,7 @@ private:
     void tellRecord(const QString& hexId, const LdbStatus& status, qint64 time, bool isExtra);
     void tellAwaited(const QString& hexId, bool isAwaited);
 
-    /// What is kept of an LDB over a scan.
+    /// What is kept of an LDB through a scan.
     struct Expected
     {
         QString name;

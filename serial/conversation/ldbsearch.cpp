@@ -2,7 +2,7 @@
 
 namespace {
 
-/// After the scan; an unclean one of them makes the search incomplete.
+/// Rounds after the scan; if one of them is unclean, the search is incomplete.
 constexpr int kWatchedRounds = 2;
 
 } // namespace
@@ -18,7 +18,7 @@ bool LdbSearch::begin(const StartPlan& plan, const Moment& moment)
         m_progress.isProbingKnown = true;
         break;
     case StartPlan::Kind::Resume:
-        if (!isScanDue()) { // one that was broken off has found only some
+        if (!isScanDue()) { // a scan that was broken off has found only some LDBs
             m_roster.resume(moment);
         }
         break;

@@ -14,7 +14,7 @@
 /// has three ways:
 /// - The scan probes every address once, in ascending order, before anything is polled.
 /// - Where LDBs are known, those are probed first, and polled as they answer.
-/// - In the background of the polling every address is gone through once: behind the known ones, or
+/// - In the background of the polling every address is gone through once: after the known ones, or
 ///   when anything was unclean in the scan or in the first rounds after it, so that an LDB may have
 ///   been missed. Then, and else, those that the user has given up are asked whether they are back.
 class LdbSearch
@@ -28,28 +28,28 @@ public:
     {
     }
 
-    /// A run begins. Without LDBs to go on with, or when a scan has been broken off, that is with a
-    /// scan. Gives whether it is.
+    /// A run begins: with a scan if there are no LDBs to go on with, or if a scan was broken off.
+    /// Gives whether it begins with a scan.
     bool begin(const StartPlan& plan, const Moment& moment);
-    /// A scan that is asked for while one runs follows it.
+    /// Asks for a scan. One that is asked for during another scan follows that.
     void requestScan() { m_progress.isRequested = true; }
     /// Whether the next turn waits for a scan.
     bool isScanDue() const { return m_progress.isRequested || m_progress.isScanning; }
     /// While held, nothing is probed in the background.
     void hold(bool isHeld) { m_isHeld = isHeld; }
 
-    /// Whom to probe before the next turn; none when that may come. Ends a scan, and the probing of
-    /// those known, when all have been probed.
+    /// Which address to probe before the next turn; none when the turn may come. Ends a scan, or
+    /// the probing of known LDBs, when all have been probed.
     std::optional<QString> nextBeforeTurn(const Moment& moment);
-    /// Whom to probe behind a turn.
+    /// Which address to probe after a turn.
     std::optional<QString> nextInBackground();
     enum class Then
     {
         Dispatch,
         Poll,   ///< the probed one
-        EndTurn ///< it would have been that one's turn
+        EndTurn ///< the turn would have been the probed one's
     };
-    /// The one probed last has answered or not; what comes then.
+    /// Whether the last probe was answered; gives what comes next.
     Then probed(const QString& hexId, bool isPresent, const Moment& moment);
 
     void countRound() { ++m_progress.rounds; }

@@ -7,7 +7,7 @@
 
 /// Whose turn it is: rounds over the LDBs found, in the order found. Lost LDBs are out of the
 /// round; they take turns at one probe at its end, so that many dead ones cost the living no more
-/// than one. Who is to be asked again has that turn between those of the round.
+/// than one. An LDB that is to be asked again gets that turn between those of the round.
 class PollSchedule
 {
 public:
@@ -37,8 +37,8 @@ public:
     bool isEmpty() const { return m_found.isEmpty(); }
     const QStringList& found() const { return m_found; }
 
-    /// Gives this LDB, whose turn it is, another one after a few others, but not behind its turn in
-    /// the next round. Of several every second turn at most is such a one.
+    /// Gives this LDB, whose turn it is, another turn after a few others, but before its turn in
+    /// the next round. At most every second turn is such a turn.
     void askAgain(const QString& hexId);
     /// That is not needed any more.
     void dropAgain(const QString& hexId);

@@ -1,5 +1,7 @@
 #include "serial/conversation/turnplan.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -11,7 +13,7 @@ constexpr qint64 kLongRound = 5000000;
 constexpr qint64 kShortRound = 4000000;
 /// What is on the line when the selected LDB becomes due is let end, and its own answer takes time.
 constexpr qint64 kLead = 250000;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 constexpr int kIdentityInLongRounds = 10;
 /// So many that late answers among them do not count.
@@ -103,7 +105,7 @@ void TurnPlan::select(const QString& hexId)
 void TurnPlan::statusEnded(const QString& hexId, qint64 now)
 {
     if (hexId == m_selected) {
-        const qint64 within = m_options.selectedWithin * kMicrosecondsPerMillisecond;
+        const qint64 within = m_options.selectedWithin * kMillisecond;
         m_selectedDue = now + std::max(within - kLead, within / 2);
     }
 }

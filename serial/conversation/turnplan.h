@@ -9,24 +9,24 @@
 #include <vector>
 
 /// What the turns of a round ask. Short rounds ask each LDB for status, name and firmware. A round
-/// that takes more than five seconds so is a long one: then a tenth of the LDBs, in turns, give
-/// name and firmware, the others only their status; who missed is asked again soon; and the status
-/// of the LDB that is selected is asked in between.
+/// that would take more than five seconds that way is a long one: then a tenth of the LDBs, in
+/// turns, give name and firmware, the others only their status; an LDB that missed is asked again
+/// soon; and the status of the selected LDB is asked in between.
 ///
-/// How long a round takes is counted from the usual times of its questions, so that neither a bad
-/// line nor what a long round leaves out makes another kind of round of it.
+/// The length of a round is counted from the usual times of its questions, so that neither a bad
+/// line nor what a long round leaves out changes its kind.
 class TurnPlan
 {
 public:
     struct Options
     {
-        /// In every how many rounds an LDB gives name and firmware; 0: in each short one, in every
+        /// An LDB gives name and firmware once in so many rounds; 0: in each short one, in every
         /// tenth long one.
         int identityEveryRounds = 0;
         int selectedWithin =
             2000; ///< ms between two statuses of the selected LDB; 0: no extra ones
     };
-    /// What a turn asks behind the status.
+    /// What a turn asks after the status.
     struct Questions
     {
         bool name = false;

@@ -45,8 +45,8 @@ public:
 
 private:
     static constexpr int kRemembered = 32;
-    /// Of half as many the least is often 3 ms above what is still to come: on a clean line one run
-    /// in eleven would drop a good answer.
+    /// The least of half as many is often 3 ms above a later answer: on a clean line one run in
+    /// eleven would drop a good one.
     static constexpr int kNeeded = 16;
     static constexpr qint64 kMargin = 3000;
     /// Adapters that hand bytes over at ticks make times come in steps wider than the margin, and a

@@ -14,7 +14,7 @@ namespace exchangebytes {
 QByteArray usualRequest(ExchangeKind kind, const QString& hexId);
 
 /// The bodies of the sound frames in what came, in order. Before the answer an earlier question's
-/// may have come, and behind it a second one to a repeated question.
+/// may have come, and after it a second one to a repeated question.
 QList<QByteArray> answerBodies(const QByteArray& answer);
 
 /// Half as long, for what is kept in large numbers: of an answer that is one frame of digit pairs

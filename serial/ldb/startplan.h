@@ -18,7 +18,7 @@ struct StartPlan
     enum class Kind
     {
         Scan,   ///< all addresses are probed before anything is polled
-        Known,  ///< `ldbs` are listed at once and probed first, the other addresses behind them
+        Known,  ///< `ldbs` are listed at once and probed first, the other addresses after them
         Resume, ///< goes on with the LDBs of the run before, without a search
     };
     Kind kind = Kind::Scan;

@@ -1,6 +1,7 @@
 #include "serial/link/serialprocessor.h"
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -11,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 /// A wait is waited for in pieces of an hour: a timer cannot wait for more than some days.
 constexpr qint64 kLongestWait = 3600000;
 
@@ -168,9 +169,8 @@ void SerialProcessor::pump()
         return;
     }
     // Rounded up: a deadline told early is none.
-    const qint64 wait = deadline - moment().now + kMicrosecondsPerMillisecond - 1;
-    m_timer->start(
-        static_cast<int>(std::clamp<qint64>(wait / kMicrosecondsPerMillisecond, 0, kLongestWait)));
+    const qint64 wait = deadline - moment().now + kMillisecond - 1;
+    m_timer->start(static_cast<int>(std::clamp<qint64>(wait / kMillisecond, 0, kLongestWait)));
 }
 
 void SerialProcessor::sendSerialData(const QByteArray& data)

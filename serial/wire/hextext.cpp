@@ -67,7 +67,7 @@ QString toText(const QByteArray& pairs)
     if (!isHexPairs(pairs)) {
         return {};
     }
-    // A shorter name may have left its predecessor's bytes behind its end.
+    // A shorter name may have left its predecessor's bytes after its end.
     QString text = decoded(QByteArray::fromHex(pairs), QTextCodec::codecForName("UTF-8"));
     while (text.endsWith(QLatin1Char(' '))) {
         text.chop(1);

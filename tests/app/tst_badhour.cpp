@@ -1,5 +1,6 @@
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
+#include "views/lamps/statusindicators.h"
 
 #include <random>
 

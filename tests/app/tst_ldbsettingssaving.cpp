@@ -105,7 +105,8 @@ private slots:
         const Table<QByteArray, QByteArray, QString> row("request", "answer", "reported");
         row("Name (refused)", "736302", kNak, "Name (LDB 0A)");
         row("Earth Leakage Detection (refused)", "736314", kNak, "Earth Leakage Detection (on)");
-        row("Open Detection Delay (refused)", "736317", kNak, "Open Detection Delay (10)");
+        row("Open Detection Delay (refused)", "736317", kNak,
+            QString("Open Detection Delay (10%1s)").arg(QChar(0xA0)));
         row("Audio Mute (refused)", "736316", kNak, "Audio Mute (off)");
         row("Number of FIM's (refused)", "736303", kNak, "Number of FIM's (20)");
         row("storing (refused)", "737806", kNak, "");

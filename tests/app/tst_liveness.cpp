@@ -4,8 +4,11 @@
 #include "tests/app/livewindow.h"
 #include "tests/support/testbus.h"
 #include "tests/support/testprogram.h"
+#include "tests/tracking/plotinspection.h"
 #include "tracking/faultfinding/alarmsound.h"
 #include "views/tables/overviewcolumns.h"
+
+#include <qwt_plot_curve.h>
 
 #include <cmath>
 

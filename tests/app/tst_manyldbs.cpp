@@ -2,7 +2,10 @@
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/views.h"
+#include "tests/tracking/plotinspection.h"
 #include "views/tables/deviceoverviewtable.h"
+
+#include <qwt_plot_curve.h>
 
 #include <algorithm>
 

@@ -67,6 +67,11 @@ private slots:
                  int{Qt::Unchecked});
         QCOMPARE(table.cell(2, LdbField::AudioMute).data(Qt::AccessibleTextRole).toString(), "off");
         QCOMPARE(table.index(1, SettingsTableModel::FirmwareColumn).data().toString(), "LDB 1.07");
+        QCOMPARE(table
+                     .headerData(SettingsTableModel::columnOf(LdbField::OpenDetectionDelay),
+                                 Qt::Horizontal, Qt::DisplayRole)
+                     .toString(),
+                 "Open Detection Delay (s)");
         QCOMPARE(table.text(3, LdbField::Name), "");
         QCOMPARE(table.index(3, SettingsTableModel::StateColumn).data().toString(),
                  "not connected; did not answer");
@@ -220,6 +225,10 @@ private slots:
         table.edit(pasted.edits, "paste");
         QCOMPARE(table.text(1, LdbField::Name), "Stairs" + kArrow + "x\"y");
         QCOMPARE(table.text(2, LdbField::NumberOfFims), "20" + kArrow + "8");
+        // A delay comes with its unit, too, as a report has it; nothing else does.
+        pasted = tableclipboard::pasted("12 s", cells(0, LdbField::OpenDetectionDelay, 1, 1));
+        QVERIFY(!pasted.error);
+        QVERIFY(tableclipboard::pasted("12 s", cells(0, LdbField::NumberOfFims, 1, 1)).error);
         // What is wrong, or too large, is not pasted by halves.
         pasted = tableclipboard::pasted("5\nmany\n", cells(0, LdbField::NumberOfFims, 1, 1));
         QCOMPARE(pasted.error(), "\"many\" cannot be the value of Number of FIM's of LDB 0A. "

@@ -367,7 +367,11 @@ private slots:
         question()->findChild<QPushButton*>("chooseInstallationButton")->click();
         QVERIFY(m_window->windowTitle().endsWith(" - Hall"));
         VirtualTime::current()->advance(10 * kSecond);
-        QCOMPARE(Installations().read().installations.size(), std::size_t(2));
+        const auto installations = Installations().read().installations;
+        QCOMPARE(installations.size(), std::size_t(2));
+        // What was recorded before it was known went with it.
+        const QDir hall(Installations().folderOf(installations[0].id) + "/recordings");
+        QCOMPARE(hall.entryList({"*.sqlite"}).size(), 2);
     }
 
     void formChangesWhatIsRemembered()

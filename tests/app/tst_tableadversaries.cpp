@@ -60,6 +60,45 @@ QStringList untruths(TableRig& rig)
     return found;
 }
 
+QStringList firstLdbs(int count)
+{
+    QStringList hexIds;
+    for (int address = busaddress::kFirst; address <= count; ++address) {
+        hexIds.append(busaddress::toHexId(address));
+    }
+    return hexIds;
+}
+
+constexpr double kTolerance = 0.2; // of the remaining time
+
+/// What a reading says of its remaining time, behind the first tenth.
+class Estimates
+{
+public:
+    explicit Estimates(TableRig& rig)
+    {
+        QObject::connect(&rig.reading, &TableReading::progressChanged, &rig.reading,
+                         [this](int left, int total, qint64 remaining) {
+                             if (left <= total * 9 / 10 && left > 0) {
+                                 m_told.push_back({VirtualTime::current()->now(), remaining});
+                             }
+                         });
+    }
+    /// By which share it was off at the most.
+    double worst(qint64 end) const
+    {
+        double worst = 0;
+        for (const auto& [at, remaining] : m_told) {
+            const auto truth = static_cast<double>(end - at);
+            worst = std::max(worst, std::abs(static_cast<double>(remaining) - truth) / truth);
+        }
+        return worst;
+    }
+
+private:
+    std::vector<std::pair<qint64, qint64>> m_told;
+};
+
 struct Tally
 {
     std::array<int, 6> outcomes{};
@@ -77,6 +116,8 @@ class TestTableAdversaries : public TestCase
 private slots:
     void saysOfEachCellWhatTheBoardHas();
     void readsAtThePaceOfTheWire();
+    void tellsTheRemainingTimeRightBehindAScan_data();
+    void tellsTheRemainingTimeRightBehindAScan();
 };
 
 void TestTableAdversaries::saysOfEachCellWhatTheBoardHas()
@@ -143,14 +184,10 @@ void TestTableAdversaries::saysOfEachCellWhatTheBoardHas()
 void TestTableAdversaries::readsAtThePaceOfTheWire()
 {
     constexpr double kLimit = 1.1;
-    constexpr double kTolerance = 0.2;
     constexpr int kQuestions = 2 * busaddress::kLast;
     // Between two commands is one turn: a status and, in one of ten, name and firmware.
     constexpr double kPollsATurn = 1.2;
-    QStringList all;
-    for (int address = busaddress::kFirst; address <= busaddress::kLast; ++address) {
-        all.append(busaddress::toHexId(address));
-    }
+    const QStringList all = firstLdbs(busaddress::kLast);
     TableRig rig(all);
     QVERIFY(rig.bus.scan(rig.link));
     VirtualTime* time = VirtualTime::current();
@@ -164,17 +201,7 @@ void TestTableAdversaries::readsAtThePaceOfTheWire()
     connect(&rig.link, &SerialLink::roundEnded, this, [&rounds] { ++rounds; });
     QVERIFY(elapsed([&rounds] { return rounds == 12; }) > 0);
 
-    struct Estimate
-    {
-        qint64 at;
-        qint64 remaining;
-        int left;
-    };
-    std::vector<Estimate> estimates;
-    connect(&rig.reading, &TableReading::progressChanged, this,
-            [&](int left, int, qint64 remaining) {
-                estimates.push_back({time->now(), remaining, left});
-            });
+    Estimates estimates(rig);
     // What the wire itself takes: from each question's first byte to its answer's last one. Its own
     // questions, and those of the polling that has its turn between any two of them.
     int own = 0;
@@ -189,15 +216,7 @@ void TestTableAdversaries::readsAtThePaceOfTheWire()
     rig.reading.read(all);
     const qint64 taken = elapsed([&] { return !rig.reading.isOn(); });
     disconnect(counting);
-    double worst = 0;
-    for (const Estimate& estimate : estimates) {
-        const qint64 truth = begun + taken - estimate.at;
-        const bool isJudged = estimate.left <= busaddress::kLast * 9 / 10 && estimate.left > 0;
-        if (isJudged) {
-            worst = std::max(worst, std::abs(static_cast<double>(estimate.remaining - truth)) /
-                                        static_cast<double>(truth));
-        }
-    }
+    const double worst = estimates.worst(begun + taken);
     const double busy = static_cast<double>(flights) / 1000;
     qInfo("253 LDBs: %.1f s; the wire was busy for %.1f s (%.3f) with %d questions of its own and "
           "%d of the polling; the remaining time was off by %.1f %%",
@@ -211,6 +230,28 @@ void TestTableAdversaries::readsAtThePaceOfTheWire()
     QVERIFY(std::all_of(rows.begin(), rows.end(), [](const TableRow& row) {
         return row.reading == TableRow::Reading::Read && row.firmwareId == "LDB 1.07";
     }));
+}
+
+void TestTableAdversaries::tellsTheRemainingTimeRightBehindAScan_data()
+{
+    QTest::addColumn<int>("ldbs");
+    for (const int ldbs : {20, 32, 100, int{busaddress::kLast}}) {
+        QTest::addRow("%d LDBs", ldbs) << ldbs;
+    }
+}
+
+/// In the first round the polling asks for what it leaves out later.
+void TestTableAdversaries::tellsTheRemainingTimeRightBehindAScan()
+{
+    QFETCH(int, ldbs);
+    TableRig rig(firstLdbs(ldbs));
+    QVERIFY(rig.bus.scan(rig.link));
+    const Estimates estimates(rig);
+    QVERIFY(rig.readAll());
+    const double worst = estimates.worst(VirtualTime::current()->now());
+    qInfo("%d LDBs: the remaining time was off by %.1f %%", ldbs, 100 * worst);
+    QVERIFY(worst > 0);
+    QVERIFY(worst <= kTolerance);
 }
 
 REGISTER_TEST(TestTableAdversaries, InVirtualTime<QGuiApplication>)

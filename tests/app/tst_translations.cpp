@@ -126,8 +126,7 @@ private slots:
         QCOMPARE(lupdate.exitCode(), 0);
         // Texts that would be looked up under another name than they are kept under.
         const QByteArray complaints = lupdate.readAllStandardError();
-        QVERIFY2(!complaints.contains("lacks Q_OBJECT") && !complaints.contains("without context"),
-                 complaints.constData());
+        QVERIFY2(complaints.isEmpty(), complaints.constData());
 
         // New and changed texts come back unfinished; those that have gone are left out.
         const QStringList inSources =

@@ -5,6 +5,7 @@
 #include "recording/recordingreader.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
+#include "tracking/plot/plot.h"
 
 #include <limits>
 #include <random>

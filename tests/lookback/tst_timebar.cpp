@@ -110,7 +110,9 @@ private slots:
 
     void timesStandWhereTheClockIsRound()
     {
-        for (const qint64 length : {kHour / 30, kHour, 5 * kHour, 40 * kHour, 24 * 40 * kHour}) {
+        constexpr qint64 kDay = 24 * kHour;
+        for (const qint64 length :
+             {kHour / 30, kHour, 5 * kHour, 40 * kHour, 40 * kDay, 60 * 365 * kDay}) {
             const TimeScale scale({kNoon + 17 * kSecond, kNoon + 17 * kSecond + length}, 1000);
             const auto ticks = scale.ticks(90);
             QVERIFY(!ticks.empty() && ticks.size() <= 12);

@@ -120,6 +120,10 @@ private slots:
         QCOMPARE(section("Report of the visit", "Summary"), bare(headText(visit)));
         QCOMPARE(section("LDB's" + kLdbHead, "Faults" + kFaultHead), bare(ldbsText(folder, visit)));
         QCOMPARE(section("Faults" + kFaultHead, "Fault finding LDB"), bare(faultsText(visit)));
+        QVERIFY(section("Fault finding LDB", "Changed settings")
+                    .contains(bare("Primary side Open, approximately at FIM 7 7 11 Secondary side "
+                                   "not tracked" +
+                                   kDash + "9 Both sides" + kDash + "20 20")));
         QCOMPARE(section("Changed settings ID Name Setting Old New When Read back",
                          "Marks of the engineer"),
                  bare(changesText(visit)));
@@ -278,6 +282,11 @@ private slots:
         bus.status("0D");
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.07").toHex().toUpper());
         bus.ask("0A", ExchangeKind::Firmware, QByteArray("LDB 1.08").toHex().toUpper());
+        // Polled once, and read once by a command.
+        bus.ask("0D", ExchangeKind::Firmware, QByteArray("LDB 1.07").toHex().toUpper());
+        Exchange read = bus.ask("0D", ExchangeKind::Read, QByteArray("LDB 1.07").toHex().toUpper());
+        read.request = exchangebytes::usualRequest(ExchangeKind::Firmware, "0D");
+        bus.inputs.back() = input::Told{read, 0};
         const qint64 stopped = bus.now;
         bus.stop();
         bus.now += 300 * kSecond;
@@ -317,13 +326,13 @@ private slots:
              {QString("not found: 2B Platform."), QString("never heard: 0C."),
               QString("heard before this time: 0B."),
               // Told once so and once so.
-              QString("confirmed firmware ID: 0A, 0B, 0C, 0D."),
+              QString("confirmed firmware ID: 0A, 0B, 0C."),
               QString("5 minutes before the end: 0D."),
               QString("not monitored from %1 to").arg(momentText(stopped)),
               QString("17 exchanges from"),
               momentText(begin + kSecond) +
                   ": before an import (north.csv) the former settings were kept of 2B.",
-              QString("a fault now (1): 0A (Loop: Open).")}) {
+              QString("a fault at the end (1): 0A (Loop: Open).")}) {
             QVERIFY2(html.count(expected) == 1, qPrintable(expected));
         }
     }
@@ -422,7 +431,7 @@ private:
         const QString ldb = visit.changed + nameOf(visit.changed);
         const QString at = momentText(visit.changedAt);
         return ldb + "Name old name new name" + at + "verified" + ldb +
-               "Open Detection Delay 10 12" + at + "verified" + ldb + "Audio Mute off on" + at +
+               "Open Detection Delay 10 s 12 s" + at + "verified" + ldb + "Audio Mute off on" + at +
                "refused by the LDB";
     }
 
@@ -453,7 +462,7 @@ private:
         for (const QString& hexId : visit.ldbs) {
             const QString name = hexId == visit.silent ? QString() : nameOf(hexId);
             expected += hexId == visit.changed
-                            ? "02 LDB 02 20 12 on on off off off off" + momentText(visit.readAt)
+                            ? "02 LDB 02 20 12 s on on off off off off" + momentText(visit.readAt)
                             : hexId + name + kDash.repeated(8) + "not read";
         }
         return expected;

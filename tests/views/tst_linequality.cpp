@@ -1,3 +1,4 @@
+#include "recording/lineshares.h"
 #include "tests/support/testprogram.h"
 #include "views/quality/qualityfindings.h"
 #include "views/quality/qualityhistory.h"
@@ -103,7 +104,7 @@ private slots:
     {
         QFETCH(qint64, part);
         QFETCH(qint64, whole);
-        QTEST(linequality::shareText(part, whole), "shown");
+        QTEST(lineshares::text(part, whole), "shown");
     }
 
     void flightTimes()

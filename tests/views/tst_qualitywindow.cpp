@@ -221,11 +221,11 @@ private slots:
             VirtualTime::current()->advance(6000);
             return bars;
         };
-        // How many pixels of a row's name cell have a colour.
+        // How many pixels of a row's ID cell have a colour.
         const auto pixels = [&view](int row, const QString& colour) {
             const QImage image =
                 view.viewport()
-                    ->grab(view.visualRect(view.model()->index(row, overview::NameColumn)))
+                    ->grab(view.visualRect(view.model()->index(row, overview::IdColumn)))
                     .toImage();
             int count = 0;
             for (int y = 0; y < image.height(); ++y) {

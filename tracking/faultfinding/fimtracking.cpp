@@ -270,9 +270,7 @@ void FimTracking::prepare(TrackingMode mode)
 void FimTracking::begin()
 {
     m_stage = Stage::Running;
-    const std::optional<LdbSettings>& settings = m_former->state().settings;
-    m_ui->fimCountsPanel->setConfigured(settings ? std::make_optional<int>(settings->numberOfFims)
-                                                 : std::nullopt);
+    m_ui->fimCountsPanel->setConfigured(configuredFims());
     showNotice(QString());
     m_run.begin(m_mode, m_ldb->now());
     showTimes();
@@ -413,6 +411,12 @@ void FimTracking::processTakenOver(int fimCount, const QString& failure)
         showNotice(tr("The number of FIM's: %1").arg(failure));
     }
     followLink();
+}
+
+std::optional<int> FimTracking::configuredFims() const
+{
+    const std::optional<LdbSettings>& settings = m_former->state().settings;
+    return settings ? std::make_optional<int>(settings->numberOfFims) : std::nullopt;
 }
 
 QString FimTracking::reportText() const

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class FormerState;
 class RunFindings;
@@ -39,6 +40,8 @@ public:
 
     QString hexId() const;
     const TrackingRun& run() const { return m_run; }
+    /// The FIMs that the LDB was told to have, as read before the run; nothing where that failed.
+    std::optional<int> configuredFims() const;
     /// The last finished run; empty before there is one.
     QString reportText() const;
 

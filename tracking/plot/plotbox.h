@@ -25,6 +25,6 @@ struct PlotBox
     QSize size(const QFont& font) const;
     /// Draws it with its corner at `topLeft`.
     void draw(QPainter* painter, const QFont& font, const QPointF& topLeft) const;
-    /// The same in words, one line of the table behind the other.
+    /// The same in words, one line of the table after the other.
     QString text() const;
 };

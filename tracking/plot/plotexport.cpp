@@ -1,5 +1,6 @@
 #include "tracking/plot/plotexport.h"
 
+#include "app/shared/wholefile.h"
 #include "tracking/plot/plot.h"
 #include "tracking/plot/plotreading.h"
 
@@ -9,7 +10,6 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <qwt_plot_renderer.h>
 
@@ -186,10 +186,5 @@ QString plotexport::write(const Plot& plot, Kind kind, const QString& path)
     if (bytes.isEmpty()) {
         return QCoreApplication::translate("PlotExport", "The picture cannot be made.");
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return file.errorString();
-    }
-    file.write(bytes); // tells at the end whether it failed
-    return file.commit() ? QString() : file.errorString();
+    return WholeFile::write(path, bytes);
 }

@@ -26,9 +26,9 @@ public:
     /// Ends the last run; to be called before what was built is read.
     void finish() { breakRun(); }
 
-    /// The points of all lines of two points or more, one line behind the other.
+    /// The points of all lines of two points or more, one line after the other.
     const QVector<QPointF>& points() const { return m_points; }
-    /// For each such line the index behind its last point.
+    /// For each such line the index after its last point.
     const QVector<int>& lineEnds() const { return m_lineEnds; }
     /// The columns that are filled, one pixel wide.
     const QVector<QRect>& bars() const { return m_bars; }

@@ -2,6 +2,7 @@
 
 #include "app/shared/colours.h"
 #include "app/shared/usersettings.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -21,9 +22,9 @@ namespace {
 
 constexpr int kLongestText = 100;
 constexpr int kPassingMs = 60000;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-constexpr qint64 kHour = 3600LL * 1000000;
-constexpr qint64 kDay = 24 * kHour;
+using microseconds::kDay;
+using microseconds::kHour;
+using microseconds::kMillisecond;
 constexpr qint64 kWeek = 7 * kDay;
 const QString kDateFormat = QStringLiteral("dd-MM-yyyy HH:mm");
 
@@ -124,7 +125,7 @@ EventFilter EventBar::filter() const
     if (group >= 0) {
         filter.group = static_cast<EventGroup>(group);
     }
-    const qint64 now = m_now() * kMicrosecondsPerMillisecond;
+    const qint64 now = m_now() * kMillisecond;
     switch (period()) {
     case Period::All:
         break;
@@ -138,10 +139,9 @@ EventFilter EventBar::filter() const
         filter.span.from = now - kWeek;
         break;
     case Period::Own:
-        filter.span.from = m_from->dateTime().toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+        filter.span.from = microseconds::of(m_from->dateTime());
         // To the end of the minute that is shown.
-        filter.span.to =
-            m_to->dateTime().addSecs(60).toMSecsSinceEpoch() * kMicrosecondsPerMillisecond;
+        filter.span.to = microseconds::of(m_to->dateTime().addSecs(60));
         break;
     }
     filter.words = m_text->text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -229,7 +229,7 @@ void EventBar::save() const
     settings.setValue(constants::kEventsToKey, m_to->dateTime());
 }
 
-/// Fills a box anew; what is chosen stays.
+/// Fills a box anew and keeps what is chosen.
 template <typename Fill>
 void refill(QComboBox* box, const QVariant& atFirst, const Fill& fill)
 {
@@ -257,7 +257,7 @@ void EventBar::fillPeriods()
                                                       {tr("Last hour"), Period::Hour},
                                                       {tr("Last 24 hours"), Period::Day},
                                                       {tr("Last 7 days"), Period::Week},
-                                                      {tr("From … to …"), Period::Own}};
+                                                      {tr("From ... to ..."), Period::Own}};
         for (const auto& [text, value] : periods) {
             m_period->addItem(text, static_cast<int>(value));
         }
@@ -280,8 +280,8 @@ void EventBar::retranslate()
     m_period->setAccessibleName(tr("Time of the events that are shown"));
     m_from->setAccessibleName(tr("Events from this time on"));
     m_to->setAccessibleName(tr("Events up to this time"));
-    m_mark->setText(tr("Mark…"));
-    m_export->setText(tr("Export…"));
+    m_mark->setText(tr("Mark..."));
+    m_export->setText(tr("Export..."));
     m_export->setToolTip(tr("Write the events that are listed to a CSV file"));
     setMarkHindrance(m_markHindrance);
     fold();
@@ -297,7 +297,7 @@ void EventBar::showPeriod()
     fold();
 }
 
-/// Into as many lines as the room wants.
+/// Puts everything in one line where there is room, else in two.
 void EventBar::fold()
 {
     const int need = m_first->minimumSizeHint().width() + m_second->minimumSizeHint().width() +

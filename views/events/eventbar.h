@@ -15,13 +15,13 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-/// What stands above the list of events: which are shown, how many of all, and what can be done
-/// with them. In one line where there is room, else in two. GUI thread.
+/// Stands above the list of events: which of them are shown, how many of all, and what can be done
+/// with them. One line where there is room, else two. GUI thread.
 class EventBar : public QWidget
 {
     Q_OBJECT
 public:
-    /// Of what time events are shown.
+    /// From which time events are shown.
     enum class Period : int
     {
         All,
@@ -42,14 +42,14 @@ public:
     /// Why a mark cannot be made; empty where it can.
     void setMarkHindrance(const QString& reason);
 
-    /// Takes what the user has left, and keeps it.
+    /// Reads and writes what the user has chosen, in the user settings.
     void load();
     void save() const;
 
     QSize minimumSizeHint() const override;
 
 signals:
-    /// `filter()` may be another one.
+    /// `filter()` may have changed.
     void chosen();
     /// The user goes on to the list.
     void left();

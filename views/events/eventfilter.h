@@ -15,9 +15,9 @@ struct EventFilter
     QString hexId; ///< empty: of all LDBs, and of the whole bus
     std::optional<EventGroup> group;
     TimeSpan span{0, std::numeric_limits<qint64>::max()};
-    QStringList words; ///< each of which the event's text has somewhere, in any case
+    QStringList words; ///< each must stand in the event's text, in upper or lower case
 
-    /// `text`: all that the list says of the event.
+    /// `text`: everything that the list says of the event.
     bool accepts(const RecordedEvent& event, const QString& text) const;
     bool operator==(const EventFilter& other) const;
 };

@@ -46,7 +46,7 @@ void EventHistory::take(std::vector<RecordedEvent> page, qint64 to, int number)
         return; // of a former reading
     }
     const bool isFull = page.size() >= static_cast<std::size_t>(kPage);
-    // The page may end amid events of one moment: the next one has that moment again.
+    // A page may end among events of one moment, so the next page has that moment again.
     const qint64 next = page.empty() ? 0 : qMin(page.front().at + 1, to - 1);
     m_model->add(std::move(page));
     m_isCut = isFull && m_model->count() >= kMost;

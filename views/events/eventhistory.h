@@ -10,28 +10,28 @@
 
 class EventModel;
 
-/// Fills a list with what is recorded, from the latest event back, a page at a time, so that a
-/// month of events holds nobody up. GUI thread.
+/// Fills a list with the recorded events, from the latest one back, a page at a time, so that
+/// nobody waits for a month of events. GUI thread.
 class EventHistory : public QObject
 {
     Q_OBJECT
 public:
     using Answer = std::function<void(std::vector<RecordedEvent>)>;
-    /// Asks for the last events of a span, at most so many. The answer may come later; it does not
-    /// come when the recording has become another one.
+    /// Asks for the last events of a span, at most `limit`. The answer may come later, or never if
+    /// another recording has come into force.
     using Ask = std::function<void(TimeSpan span, int limit, Answer answer)>;
 
     static constexpr int kPage = 500;
-    /// What is older is not listed.
+    /// The most events listed; older ones are left out.
     static constexpr int kMost = 50000;
 
     /// The model outlives this object.
     EventHistory(EventModel* model, QObject* parent);
 
-    /// Begins anew with an empty list. A null function is a recording without anything in it.
+    /// Begins anew with an empty list. Without a function the list stays empty.
     void read(Ask ask);
     bool isReading() const { return m_isReading; }
-    /// There are more than the list holds.
+    /// Whether there are more than the list holds.
     bool isCut() const { return m_isCut; }
 
 signals:

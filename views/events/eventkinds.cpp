@@ -13,7 +13,7 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(EventKinds)
 };
 
-/// What flapped counts as what it is made of.
+/// An event that says that something flapped counts as that something.
 EventKind kindOf(const RecordedEvent& event)
 {
     return event.kind == EventKind::Flapped ? static_cast<EventKind>(event.before.toInt())

@@ -5,7 +5,7 @@
 #include <QColor>
 #include <QString>
 
-/// What a user tells events apart by.
+/// The groups into which the user sorts events.
 enum class EventGroup : int
 {
     Faults,
@@ -24,11 +24,12 @@ constexpr int kGroups = static_cast<int>(EventGroup::Recording) + 1;
 EventGroup groupOf(const RecordedEvent& event);
 /// In the language in force.
 QString textOf(EventGroup group);
-/// Of the event wherever it is shown.
+/// The event's colour, in the list and on the time bar.
 QColor colourOf(const RecordedEvent& event);
 
-/// What lasts from an event on, until another one ends it: a fault, a loss, a run, a lost port. Of
-/// one LDB and place it has one id; empty for an event that neither begins nor ends anything.
+/// The id of what lasts from one event to another: a fault of an LDB's part, a loss, a run, a lost
+/// port. The event that begins it and the one that ends it give the same id. Empty for events that
+/// neither begin nor end anything.
 QString lastingId(const RecordedEvent& event);
 bool isBegin(const RecordedEvent& event);
 

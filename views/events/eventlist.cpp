@@ -2,6 +2,7 @@
 
 #include "recording/recordingexport.h"
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 #include "views/events/eventbar.h"
 #include "views/events/eventmodel.h"
 
@@ -27,9 +28,10 @@ constexpr int kRowMargin = 6;
 constexpr int kWidest = 3000;
 constexpr int kDetailLines = 3;
 constexpr int kLeastRows = 2;
-/// A text of letters so much narrower than the usual ones is not measured.
+constexpr int kFirstRows = 2; ///< besides: on a small screen the plot needs the room
+/// A text is measured only if it could be the widest; letters are taken to be at least this narrow.
 constexpr double kNarrow = 0.7;
-constexpr qint64 kSecond = 1000000;
+using microseconds::kSecond;
 
 } // namespace
 
@@ -88,6 +90,7 @@ void EventList::setUpTable()
     const int swatch = fontMetrics().height() - kRowMargin;
     m_table->setIconSize({swatch, swatch});
     m_table->installEventFilter(this);
+    m_table->viewport()->installEventFilter(this); // narrower where the rows are scrolled
     connect(m_table, &QTableView::doubleClicked, this, &EventList::goTo);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &EventList::showDetails);
@@ -98,7 +101,7 @@ void EventList::setUpTable()
     connect(m_model, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) {
                 measure(first, last);
-                // Who has scrolled down goes on seeing what he sees.
+                // A user who has scrolled down keeps seeing the same events.
                 QScrollBar* bar = m_table->verticalScrollBar();
                 if (bar->value() > 0 && first <= bar->value()) {
                     bar->setValue(bar->value() + last - first + 1);
@@ -123,7 +126,7 @@ void EventList::setMarkHindrance(const QString& reason)
     m_bar->setMarkHindrance(reason);
 }
 
-/// The event that is the current one stays so, where it is still shown.
+/// The current event stays current where it is still shown.
 void EventList::filter()
 {
     const RecordedEvent* current = m_model->eventAt(m_table->currentIndex().row());
@@ -140,7 +143,7 @@ void EventList::showCounts()
 {
     m_bar->setHexIds(m_model->hexIds());
     m_bar->setCounts(m_model->rowCount(), m_model->count(),
-                     m_history->isReading() ? QStringLiteral(" …")
+                     m_history->isReading() ? QStringLiteral(" ...")
                      : m_history->isCut()   ? tr(", older ones left out")
                                             : QString());
 }
@@ -206,7 +209,7 @@ void EventList::fitColumns()
 void EventList::goTo(const QModelIndex& index)
 {
     if (const RecordedEvent* event = m_model->eventAt(index.row())) {
-        emit momentWanted(event->at);
+        emit momentWanted(event->at, event->hexId);
     }
 }
 
@@ -222,6 +225,12 @@ QString EventList::csv() const
 void EventList::save() const
 {
     m_bar->save();
+}
+
+QSize EventList::sizeHint() const
+{
+    const int rows = kFirstRows * m_table->verticalHeader()->defaultSectionSize();
+    return {QWidget::sizeHint().width(), minimumSizeHint().height() + rows};
 }
 
 void EventList::takeFocus()

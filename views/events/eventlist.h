@@ -11,8 +11,8 @@ class EventModel;
 class QPlainTextEdit;
 class QTableView;
 
-/// The list of events, newest first: those recorded and, as they come, the present ones. The user
-/// chooses which are shown; Enter or a double click wants an event's moment. GUI thread.
+/// The list of events, newest first: the recorded ones and new ones as they come. The user chooses
+/// which are shown; Enter or a double click goes to an event's moment. GUI thread.
 class EventList : public QWidget
 {
     Q_OBJECT
@@ -20,9 +20,9 @@ public:
     /// `now`: UTC, ms since 1970.
     explicit EventList(std::function<qint64()> now, QWidget* parent = nullptr);
 
-    /// Lists another recording; a null function is none.
+    /// Lists another recording, or none without a function.
     void read(EventHistory::Ask ask);
-    /// An event that has just been recorded there. It may be in what is read, too.
+    /// Adds an event that has just been recorded. What is read may hold it, too.
     void add(const RecordedEvent& event);
     /// Why no mark can be made; empty where one can.
     void setMarkHindrance(const QString& reason);
@@ -32,12 +32,14 @@ public:
 
     /// Keeps in the per-user settings which events are shown.
     void save() const;
-    /// Into the list, from wherever the keyboard is.
+    /// Of some rows.
+    QSize sizeHint() const override;
+    /// Takes the keyboard into the list.
     void takeFocus();
 
 signals:
-    /// Moments are UTC, µs since 1970.
-    void momentWanted(qint64 at);
+    /// The moment (UTC, µs since 1970) of an event, and whose it is; empty: no LDB's.
+    void momentWanted(qint64 at, const QString& hexId);
     void markWanted();
     void exportWanted();
 

@@ -1,6 +1,7 @@
 #include "views/events/eventmodel.h"
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QDateTime>
 #include <QPair>
@@ -14,12 +15,9 @@ using namespace events;
 
 namespace {
 
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
-
 QString timeText(qint64 at)
 {
-    return QDateTime::fromMSecsSinceEpoch(at / kMicrosecondsPerMillisecond)
-        .toString(generalinformation::kSecondsFormat);
+    return microseconds::localTime(at).toString(generalinformation::kSecondsFormat);
 }
 
 } // namespace
@@ -27,7 +25,7 @@ QString timeText(qint64 at)
 struct EventModel::Entry
 {
     RecordedEvent event;
-    QString text; ///< in the language that was in force when it came
+    QString text; ///< in the language in force when it was added
 };
 
 EventModel::EventModel(QObject* parent)
@@ -74,7 +72,7 @@ void EventModel::add(std::vector<RecordedEvent> events)
     std::stable_sort(events.begin(), events.end(),
                      [](const auto& left, const auto& right) { return left.at < right.at; });
     const qint64 oldest = m_entries.empty() ? 0 : m_entries.front()->event.at;
-    // What is older than all there is comes in one go; history is read back in time.
+    // History is read backwards in time: events older than all that are there are added in one go.
     Entries older;
     auto event = events.begin();
     for (; event != events.end() && (m_entries.empty() || event->at < oldest); ++event) {
@@ -89,7 +87,7 @@ void EventModel::add(std::vector<RecordedEvent> events)
     if (!isChanged) {
         return;
     }
-    // What has ended now may have begun in any row.
+    // The row in which something that has ended began may be any one.
     if (!m_shown.empty()) {
         emit dataChanged(index(0, DurationColumn), index(rowCount() - 1, DurationColumn),
                          {Qt::DisplayRole});
@@ -247,9 +245,11 @@ QString EventModel::durationOf(const RecordedEvent& event) const
         if (end != m_ends.constEnd()) {
             return durationText(*end - event.at);
         }
-        return m_latest.value(id) == event.at ? tr("not ended") : QString();
+        // Of a run whose program was killed nobody has told the end.
+        const bool isOpen = m_latest.value(id) == event.at && event.kind != EventKind::RunBegun;
+        return isOpen ? tr("not ended") : QString();
     }
-    // Of what came about unheard only a limit is known, and its text says so.
+    // Where something began or ended unheard, only a limit is known; the text says so.
     return event.since == 0 || event.isVague ? QString() : durationText(event.at - event.since);
 }
 

@@ -11,7 +11,7 @@
 
 namespace events {
 
-enum Column : int
+enum Column
 {
     TimeColumn,
     LdbColumn,
@@ -20,15 +20,15 @@ enum Column : int
     ColumnCount
 };
 
-enum Role : int
+enum Role
 {
     EventRole = Qt::UserRole ///< a `RecordedEvent`
 };
 
 } // namespace events
 
-/// Events, newest first, and of these the ones that the filter lets through. They may come in any
-/// order, and more than once. GUI thread.
+/// Events, newest first; rows are those that the filter accepts. Events may be added in any order,
+/// and more than once. GUI thread.
 class EventModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -50,7 +50,8 @@ public:
     const RecordedEvent* eventAt(int row) const;
     /// The row of that event, or -1 where it is not shown.
     int rowOf(const RecordedEvent& event) const;
-    /// The first row at or before a moment, so as it is shown; -1 where there is none.
+    /// The first row whose event was at or before a moment, so the latest such event; -1 where
+    /// there is none.
     int rowAt(qint64 at) const;
 
     /// In the language in force.
@@ -62,7 +63,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 signals:
-    /// `count()` or `hexIds()` may be others.
+    /// `count()` or `hexIds()` may have changed.
     void countChanged();
 
 private:
@@ -81,9 +82,9 @@ private:
     EventFilter m_filter;
     Entries m_entries;                ///< oldest first
     std::deque<const Entry*> m_shown; ///< of these, in the same order
-    /// When what began at a moment has ended, by its `lastingId`.
+    /// When something ended, by its `lastingId` and the moment at which it began.
     QHash<QPair<QString, qint64>, qint64> m_ends;
-    /// The latest moment of each that lasts.
+    /// The latest moment of each `lastingId`.
     QHash<QString, qint64> m_latest;
-    QHash<QString, int> m_ofLdb; ///< how many
+    QHash<QString, int> m_ofLdb; ///< how many events events
 };

@@ -1,6 +1,7 @@
 #include "views/events/markdialog.h"
 
 #include "serial/ldb/generalinformation.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QDateTime>
 #include <QDialogButtonBox>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr int kLongestText = 200;
 constexpr int kLettersShown = 45;
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 } // namespace
 
@@ -61,8 +61,7 @@ void MarkDialog::accept()
 
 void MarkDialog::retranslate()
 {
-    const QString time = QDateTime::fromMSecsSinceEpoch(m_at / kMicrosecondsPerMillisecond)
-                             .toString(generalinformation::kSecondsFormat);
+    const QString time = microseconds::localTime(m_at).toString(generalinformation::kSecondsFormat);
     setWindowTitle(tr("Mark"));
     m_label->setText(tr("&What is to be noted at %1").arg(time));
     m_text->setAccessibleName(tr("Text of the mark"));

@@ -1,6 +1,6 @@
 #include "views/quality/linequality.h"
 
-#include "serial/ldb/generalinformation.h"
+#include "recording/lineshares.h"
 
 #include <QCoreApplication>
 
@@ -8,14 +8,12 @@
 
 namespace {
 
-// Of fewer, one more or less would change a share by more than it says.
+// With fewer, one more or less would change a share too much for it to mean anything.
 constexpr int kEnoughExchanges = 20;
-constexpr qint64 kGoodOneIn = 1000; // of a good line no more are bad
-// Fewer have no middle, and no slowest twentieth.
+// With fewer there is no median and no slowest twentieth worth telling.
 constexpr std::size_t kEnoughFlights = 20;
 constexpr double kMicrosecondsPerMillisecond = 1000.0;
-constexpr double kHundredth = 0.01; // of a per cent: what is shown
-constexpr qint64 kSomeOneIn = 20;   // in a bar with no more bad ones they are a few
+constexpr qint64 kSomeOneIn = 20; // up to one bad exchange in so many, a bar has a few
 
 } // namespace
 
@@ -39,7 +37,7 @@ bool QualityCounts::isEnough() const
 
 bool QualityCounts::isGood() const
 {
-    return bad() * kGoodOneIn <= asked;
+    return lineshares::isGood(bad(), asked);
 }
 
 std::optional<FlightTimes> flightTimesOf(std::vector<int> flights)
@@ -52,7 +50,7 @@ std::optional<FlightTimes> flightTimesOf(std::vector<int> flights)
         std::nth_element(flights.begin(), place, flights.end());
         return qint64{*place};
     };
-    // The least that so many do not exceed.
+    // The smallest value that this share of them does not exceed.
     const std::size_t median = (flights.size() + 1) / 2 - 1;
     const std::size_t part95 = (flights.size() * 95 + 99) / 100 - 1;
     return FlightTimes{atRank(median), atRank(part95)};
@@ -66,30 +64,9 @@ QualityBar::Level QualityBar::level() const
     if (counts.bad() == 0) {
         return Level::Good;
     }
-    // A single one in a bar of few is no more than a few.
+    // A single bad one never makes a bar bad, however few exchanges it has.
     return counts.bad() == 1 || counts.bad() * kSomeOneIn <= counts.asked ? Level::Some
                                                                           : Level::Bad;
-}
-
-QString linequality::shareText(qint64 part, qint64 whole)
-{
-    if (whole <= 0) {
-        return generalinformation::kNoValue;
-    }
-    if (part <= 0) {
-        return QStringLiteral("0 %");
-    }
-    if (part >= whole) {
-        return QStringLiteral("100 %");
-    }
-    const double percent = 100.0 * static_cast<double>(part) / static_cast<double>(whole);
-    if (percent < kHundredth) {
-        return QStringLiteral("< 0.01 %");
-    }
-    if (percent > 100 - kHundredth) {
-        return QStringLiteral("> 99.99 %");
-    }
-    return QStringLiteral("%1 %").arg(percent, 0, 'f', 2);
 }
 
 QString linequality::flightText(qint64 microseconds)
@@ -102,7 +79,8 @@ QString linequality::sharesText(const QualityCounts& counts)
 {
     return QCoreApplication::translate(
                "LineQuality", "%1 exchanges: %2 good, %3 damaged, %4 silent, %5 not believed")
-        .arg(QString::number(counts.asked), shareText(counts.good, counts.asked),
-             shareText(counts.damaged, counts.asked), shareText(counts.silent, counts.asked),
-             shareText(counts.unbelieved(), counts.asked));
+        .arg(QString::number(counts.asked), lineshares::text(counts.good, counts.asked),
+             lineshares::text(counts.damaged, counts.asked),
+             lineshares::text(counts.silent, counts.asked),
+             lineshares::text(counts.unbelieved(), counts.asked));
 }

@@ -1,13 +1,14 @@
 #include "views/quality/livequality.h"
 
 #include "recording/minutecount.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QThread>
 
 namespace {
 
-constexpr qint64 kMinute = 60 * 1000000LL;
-constexpr int kMinutesKept = 61; // of an hour, the one under way, too
+using microseconds::kMinute;
+constexpr int kMinutesKept = 61; // an hour, and the minute under way
 
 } // namespace
 

@@ -10,8 +10,8 @@
 
 #include <vector>
 
-/// Counts what the serial link tells now, minute by minute, for one hour: also where nothing is
-/// recorded. GUI thread.
+/// Counts what the serial link tells, minute by minute, and keeps one hour; needs no recording. GUI
+/// thread.
 class LiveQuality : public QObject
 {
     Q_OBJECT

@@ -2,6 +2,7 @@
 
 #include "app/shared/usersettings.h"
 #include "recording/recordingaccess.h"
+#include "serial/ldb/microseconds.h"
 #include "views/quality/qualityhistory.h"
 #include "views/quality/qualitystrip.h"
 #include "views/tables/overviewcolumns.h"
@@ -16,13 +17,13 @@
 namespace {
 
 constexpr int kRefreshInterval = 5000; // ms
-constexpr qint64 kMinute = 60 * 1000000LL;
+using microseconds::kMinute;
 constexpr int kBars = 15;
-constexpr int kHeight = 3;     // pixels: a line of text keeps its room
+constexpr int kHeight = 3;     // pixels: the ID keeps its room
 constexpr int kSideMargin = 4; // pixels
 constexpr int kBelow = 2;      // for the mark of the selected row
 
-/// Of the first bar. The minute under way is the last one.
+/// The begin of the first bar. The last bar is the minute under way.
 qint64 beginOf(qint64 end)
 {
     return wholeMinutes(end - 1) - (kBars - 1) * kMinute;
@@ -41,11 +42,12 @@ OverviewQuality::OverviewQuality(QTableView* view, const LiveQuality* live, Reco
     , m_areShown(userSettings().value(constants::kOverviewLineQualityKey, true).toBool())
 {
     Q_ASSERT(QThread::currentThread() == thread());
-    view->setItemDelegateForColumn(overview::NameColumn, this);
+    // Below an ID is always room: a name can take two lines.
+    view->setItemDelegateForColumn(overview::IdColumn, this);
     m_refresh.setInterval(kRefreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &OverviewQuality::refresh);
     m_refresh.start();
-    // What was asked of the former one is not answered.
+    // What was asked of the former recording is not answered.
     connect(m_access, &RecordingAccess::pathChanged, this, [this] { m_asked.reset(); });
 }
 
@@ -84,7 +86,7 @@ void OverviewQuality::refresh()
         return;
     }
     if (m_asked) {
-        return; // what comes next is read behind it
+        return; // the next moment is read after it
     }
     m_asked = end;
     m_access->ask(

@@ -16,15 +16,15 @@ class QTableView;
 
 class RecordingAccess;
 
-/// Draws below each name of the overview a low strip of small bars: how the LDB's exchanges of the
+/// Draws below each ID of the overview a low strip of small bars: how the LDB's exchanges of the
 /// last 15 minutes went, one bar a minute. Everything else of these cells is drawn by the delegate
 /// that the view had before. Whether there are strips is remembered per user. GUI thread.
 class OverviewQuality : public QAbstractItemDelegate
 {
     Q_OBJECT
 public:
-    /// `view` has its model and delegate, and may die first; the others outlive this object.
-    /// `moment` gives the present: UTC, µs since 1970.
+    /// `view` has its model and delegate already, and may die first; the others outlive this
+    /// object. `moment` gives the present: UTC, µs since 1970.
     OverviewQuality(QTableView* view, const LiveQuality* live, RecordingAccess* access,
                     std::function<qint64()> moment, QObject* parent = nullptr);
 

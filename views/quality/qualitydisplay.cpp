@@ -18,7 +18,7 @@ QualityDisplay::QualityDisplay(Sources sources, QTableView* overview, QWidget* b
 {
     Q_ASSERT(QThread::currentThread() == thread());
     m_button->setObjectName(QStringLiteral("lineQualityButton"));
-    // As high as its neighbours: every line of the window is taken.
+    // No higher than its neighbours: no line of the window is to spare.
     m_button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     bar->layout()->addWidget(m_button);
     connect(m_button, &QAbstractButton::clicked, this, &QualityDisplay::openWindow);
@@ -28,7 +28,7 @@ QualityDisplay::QualityDisplay(Sources sources, QTableView* overview, QWidget* b
 
 QualityDisplay::~QualityDisplay()
 {
-    delete m_window; // it reads from what goes now
+    delete m_window; // it reads from members that are about to go
 }
 
 void QualityDisplay::setShown(std::optional<qint64> at)

@@ -13,8 +13,8 @@ class QTableView;
 
 class OverviewQuality;
 
-/// All that shows the quality of the line: the bars in the overview, the window, and the button
-/// that opens it. GUI thread.
+/// Shows the quality of the line: owns the bars in the overview, the window, and the button that
+/// opens it. GUI thread.
 class QualityDisplay : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     QualityDisplay(Sources sources, QTableView* overview, QWidget* bar, QObject* parent);
     ~QualityDisplay() override;
 
-    /// What counts the present; it takes what the serial link tells.
+    /// Counts the present; to be fed with what the serial link tells.
     LiveQuality* live() { return &m_live; }
     /// The moment that is shown instead of the present.
     void setShown(std::optional<qint64> at);
@@ -51,6 +51,6 @@ private:
     LiveQuality m_live;
     OverviewQuality* m_bars; ///< owned as a child
     QPointer<QPushButton> m_button;
-    QPointer<QualityWindow> m_window; ///< made when it is wanted; of the main window
+    QPointer<QualityWindow> m_window; ///< made when it is wanted; owned by the main window
     std::optional<qint64> m_shown;
 };

@@ -7,16 +7,18 @@
 
 namespace {
 
-constexpr qint64 kTooFew = 100;    // exchanges of all LDBs
-constexpr qint64 kFewHarms = 5;    // as many as chance brings to any line
-constexpr double kMention = 0.001; // share of a line or of those left
-constexpr double kStands = 0.005;  // least share of an LDB that stands out
+constexpr qint64 kTooFew = 100; // exchanges of all LDBs
+constexpr qint64 kFewHarms = 5; // any line has as many by chance
+constexpr double kMention =
+    0.001; // least share worth telling, of the line or of the LDBs that are left
+constexpr double kStands = 0.005; // the least share with which an LDB stands out
 constexpr double kTimesTheOthers = 3;
 constexpr std::size_t kForemostPart = 4; // no more than one in four stands out
-// How far chance lets a count stray from what is expected of it, in roots of that, and in counts.
+// How far a count may stray from the expected one by chance: in roots of the expected count, and in
+// counts.
 constexpr double kStray = 4;
 constexpr double kStrayCounts = 2;
-constexpr double kTells = 1; // harms an LDB below which "on all" cannot be told
+constexpr double kTells = 1; // expected harms an LDB, below which "on all" cannot be said
 
 /// One LDB's share of a harm.
 struct Share
@@ -44,7 +46,7 @@ double strayOf(double expected)
     return kStray * std::sqrt(expected) + kStrayCounts;
 }
 
-/// Whether an LDB has more than chance explains if it were as the others.
+/// Whether an LDB has more harm than it would have by chance if it were like the others.
 bool standsOut(const Share& share, const Share& others)
 {
     const double usual = others.asked > 0 ? others.value() : 0;
@@ -62,7 +64,7 @@ bool isAlike(const Shares& shares)
     });
 }
 
-/// Takes those that stand out from the others away from the worst end.
+/// Removes the LDBs that stand out from the list, the worst first, and gives them.
 Shares takeStanding(Shares& shares)
 {
     const std::size_t most = std::max<std::size_t>(1, shares.size() / kForemostPart);

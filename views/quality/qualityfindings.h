@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// What can be said for certain of the line. A plain value.
+/// One certain statement about the line. A plain value.
 struct QualityFinding
 {
     enum class Harm : int
@@ -15,14 +15,14 @@ struct QualityFinding
         Damage,
         Silence
     };
-    /// On which LDBs the harm is.
+    /// Which LDBs have the harm.
     enum class Spread : int
     {
         Alone,    ///< on `hexIds` alone
-        Foremost, ///< on `hexIds` far more than on the others, where it is, too
+        Foremost, ///< on `hexIds` far more than on the others, which have it, too
         Alike,    ///< on all alike
-        Uneven,   ///< on several in different shares; no place can be named
-        OneLdb,   ///< on the only LDB that was asked often enough: there is nothing to compare with
+        Uneven,   ///< on several LDBs to different degrees; none can be named
+        OneLdb,   ///< on the only LDB that was asked often enough to compare
     };
     Harm harm = Harm::Damage;
     Spread spread = Spread::Alike;
@@ -40,7 +40,7 @@ using CountsOfLdbs = QMap<QString, QualityCounts>;
 namespace qualityfindings {
 
 QualityCounts sumOf(const CountsOfLdbs& ldbs);
-/// Whether the exchanges are so few that nothing is to be said.
+/// Whether there are too few exchanges to say anything.
 bool isTooFew(const CountsOfLdbs& ldbs);
 /// What stands out; nothing where nothing does, or where there are too few exchanges to tell.
 std::vector<QualityFinding> find(const CountsOfLdbs& ldbs);

@@ -1,18 +1,20 @@
 #include "views/quality/qualityhistory.h"
 
+#include "serial/ldb/microseconds.h"
+
 #include <algorithm>
 
 namespace {
 
-constexpr qint64 kSecond = 1000000;
-constexpr qint64 kMinute = 60 * kSecond;
-constexpr qint64 kHour = 60 * kMinute;
-// What was told is on the disk a second or two later.
+using microseconds::kHour;
+using microseconds::kMinute;
+using microseconds::kSecond;
+// What is told reaches the disk a second or two later.
 constexpr qint64 kSettled = 3 * kSecond;
-// So much is read at once: others wait for the disk meanwhile.
+// The most that is read at once: others wait for the disk meanwhile.
 constexpr qint64 kPiece = 6 * kHour;
 
-/// How a reach is cut.
+/// How a reach is cut into bars and samples.
 struct Cut
 {
     qint64 bar;   ///< length of a bar
@@ -46,7 +48,7 @@ qint64 QualityHistory::barLength() const
 TimeSpan QualityHistory::span() const
 {
     const Cut cut = cutOf(m_reach);
-    // The bar that has just begun shows little: it comes beside the whole ones.
+    // A bar that has just begun shows little, so it comes in addition to the whole ones.
     return {barBegin(m_end) - (m_end % cut.bar == 0 ? cut.bars : cut.bars - 1) * cut.bar, m_end};
 }
 
@@ -93,7 +95,7 @@ std::optional<QualityHistory::Slice> QualityHistory::nextSlice() const
     for (qint64 from = first; from < whole.to; from += cut.every) {
         const qint64 to = std::min(from + cut.taken, whole.to);
         const qint64 until = m_flightsUntil.value(from, 0);
-        // A piece that was not over when it was read, or not all on the disk yet.
+        // A piece that was not over, or not wholly on the disk, when it was read.
         if (until == 0 || (until < from + cut.taken + kSettled && until < whole.to)) {
             return Slice{from, to};
         }
@@ -119,7 +121,7 @@ void QualityHistory::take(const Need& need, const std::vector<RecordedMinute>& m
 void QualityHistory::take(const Need& need, const std::vector<std::pair<QString, int>>& flights)
 {
     m_flights.insert(need.span.from, flights);
-    // What had come by the end that is in force.
+    // Counts only what had come by the end in force.
     m_flightsUntil.insert(need.span.from, m_end);
 }
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-/// The last whole minute that was over at a moment: what a recording has counted up to then. The
-/// minute under way counts what comes later, too.
+/// The end of the last minute that was over at a moment. A recording's minute under way is left
+/// out: it also counts what comes after the moment.
 constexpr qint64 wholeMinutes(qint64 at)
 {
     return at - at % (60 * 1000000LL);
@@ -25,7 +25,7 @@ enum class QualityReach : int
     Week
 };
 
-/// One line of what is shown: an LDB, or the bus as a whole.
+/// One line of the table: an LDB, or the bus as a whole.
 struct LineQuality
 {
     QString hexId; ///< empty: the bus
@@ -34,30 +34,30 @@ struct LineQuality
     std::vector<QualityBar> bars; ///< as many in each line, the earliest first
 };
 
-/// The quality of the line over a time that ends at a moment: says what of a recording is to be
-/// read for it, takes that, and gives the lines to be shown. When the moment moves on, little is
-/// read anew. Counts are of whole minutes. Flight times of five minutes are all, those of longer
-/// reaches a sample: evenly spread pieces of it. No clock; moments are UTC, µs since 1970.
+/// The quality of the line over a time that ends at a moment: says what has to be read from a
+/// recording, takes it, and gives the lines to be shown. When the moment moves on, little is read
+/// anew. Counts are of whole minutes. Flight times are all those of five minutes, or a sample of a
+/// longer reach, in evenly spread pieces. No clock; moments are UTC, µs since 1970.
 class QualityHistory
 {
 public:
-    /// What is to be read next, one at a time.
+    /// What has to be read next, one at a time.
     struct Need
     {
         TimeSpan span;
         int each = 1;           ///< minutes in a bar
-        bool isFlights = false; ///< the flight times of all good exchanges, and not the minutes
+        bool isFlights = false; ///< the flight times of all good exchanges, instead of the minutes
     };
 
-    /// Another reach or a moment that lies back forgets what there is.
+    /// Another reach, or an earlier moment, forgets what has been read.
     void setEnd(QualityReach reach, qint64 end);
     QualityReach reach() const { return m_reach; }
     /// From the begin of the first bar to the end.
     TimeSpan span() const;
 
-    /// Nothing when all is there that can be by now.
+    /// Nothing when everything has been read that can be by now.
     std::optional<Need> need() const;
-    /// Takes what was read for a need, in place of what there was of its span.
+    /// Takes what was read for a need; it replaces what was there of its span.
     void take(const Need& need, const std::vector<RecordedMinute>& minutes);
     void take(const Need& need, const std::vector<std::pair<QString, int>>& flights);
     void clear();
@@ -81,7 +81,7 @@ private:
     QualityReach m_reach = QualityReach::Now;
     qint64 m_end = 0;
     qint64 m_readUntil = 0;    ///< the minutes up to here are there; 0 for none
-    qint64 m_settledUntil = 0; ///< and nothing more comes to those up to here
+    qint64 m_settledUntil = 0; ///< those up to here do not change any more
     QMap<QString, QMap<qint64, QualityCounts>> m_bars;            ///< by LDB and begin
     QMap<qint64, std::vector<std::pair<QString, int>>> m_flights; ///< by the piece's begin
     QMap<qint64, qint64> m_flightsUntil;                          ///< how far each piece was read

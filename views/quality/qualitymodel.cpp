@@ -1,5 +1,6 @@
 #include "views/quality/qualitymodel.h"
 
+#include "recording/lineshares.h"
 #include "serial/ldb/generalinformation.h"
 #include "views/quality/qualitystrip.h"
 
@@ -82,7 +83,7 @@ QString QualityModel::text(const LineQuality& line, int column) const
 {
     const QualityCounts& counts = line.counts;
     const auto share = [&counts](qint64 part) {
-        return counts.isEnough() ? linequality::shareText(part, counts.asked)
+        return counts.isEnough() ? lineshares::text(part, counts.asked)
                                  : generalinformation::kNoValue;
     };
     switch (column) {

@@ -28,7 +28,7 @@ public:
     };
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Who gives an LDB's name; empty for none.
+    /// The function that gives an LDB's name, empty for none.
     void setNames(std::function<QString(const QString& hexId)> nameOf);
     /// Selections stay with their LDBs. `isSampled`: flight times are of a sample.
     void setLines(std::vector<LineQuality> lines, bool isSampled);

@@ -72,7 +72,7 @@ void QualityReading::refreshPaced()
     m_isDue = m_pace.isActive();
     if (!m_isDue) {
         m_pace.start();
-        // What is asked for is of another moment, and would make this one wait.
+        // What has been asked for belongs to another moment, and would make this one wait.
         ++m_generation;
         m_isAsked = false;
         refresh();
@@ -97,7 +97,7 @@ void QualityReading::setOn(bool isOn)
 
 void QualityReading::restart()
 {
-    // What was asked for before is not what is shown now.
+    // What was asked for before is not shown any more.
     ++m_generation;
     m_isAsked = false;
     m_history.clear();

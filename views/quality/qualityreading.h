@@ -11,9 +11,9 @@
 
 class RecordingAccess;
 
-/// Keeps a `QualityHistory` up with the present, or with the moment that is looked back at: asks
-/// for one piece after the other, so that nobody waits for it. Without a recording it takes what
-/// was counted live. GUI thread.
+/// Keeps a `QualityHistory` up to date with the present, or with the moment that is looked back at:
+/// asks for one piece after the other, so that nobody waits for it. Without a recording it takes
+/// what was counted live. GUI thread.
 class QualityReading : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
         RecordingAccess* access = nullptr;
         const LiveQuality* live = nullptr;
         std::function<qint64()> moment; ///< the present: UTC, µs since 1970
-        /// Whether what is heard now gets into no recording, or not into the one that is read.
+        /// Whether the present is not recorded, or not in the recording that is read.
         std::function<bool()> isUnrecorded;
     };
     /// The sources outlive it.
@@ -43,7 +43,7 @@ public:
     bool isRecorded() const { return m_isRecorded; }
 
 signals:
-    /// There is more, or other, to be shown.
+    /// What is to be shown has changed.
     void changed();
 
 private:
@@ -61,5 +61,5 @@ private:
     QTimer m_pace; ///< on: the last moment was taken just now
     bool m_isDue = false;
     bool m_isAsked = false;
-    int m_generation = 0; ///< an answer to a question of a former one is not taken
+    int m_generation = 0; ///< answers to questions of a former one are dropped
 };

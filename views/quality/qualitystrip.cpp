@@ -1,6 +1,7 @@
 #include "views/quality/qualitystrip.h"
 
 #include "app/shared/colours.h"
+#include "serial/ldb/microseconds.h"
 
 #include <QAbstractItemView>
 #include <QDateTime>
@@ -17,7 +18,6 @@ constexpr int kMargin = 2;          // pixels around the bars
 constexpr int kLeastHeight = 3;     // of a bar that has something to say
 constexpr int kGapFrom = 4;         // width from which on there is a gap between bars
 constexpr double kFullShare = 0.25; // bad share at which a bar is full
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
 
 QRect innerOf(const QRect& rect)
 {
@@ -111,8 +111,8 @@ bool QualityStripDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         QToolTip::hideText();
         return true;
     }
-    const QString begin = QDateTime::fromMSecsSinceEpoch(bar->at / kMicrosecondsPerMillisecond)
-                              .toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+    const QString begin =
+        microseconds::localTime(bar->at).toString(QStringLiteral("yyyy-MM-dd HH:mm"));
     QToolTip::showText(event->globalPos(),
                        begin + QLatin1Char('\n') + linequality::sharesText(bar->counts), view,
                        option.rect);

@@ -7,8 +7,8 @@
 class QPainter;
 class QRect;
 
-/// Small bars over time, side by side. How much of a bar is filled says how much was bad, and its
-/// colour whether that is nothing, some or much; where nobody asked there is none. GUI thread.
+/// Small bars over time, side by side. The height of a bar says how much was bad, its colour
+/// whether that is nothing, some or much. Where nobody asked there is no bar. GUI thread.
 namespace qualitystrip {
 
 /// Fills the rectangle. `isFlat`: bars of full height, for where it is too low to show shares.

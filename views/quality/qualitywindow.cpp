@@ -1,5 +1,6 @@
 #include "views/quality/qualitywindow.h"
 
+#include "serial/ldb/microseconds.h"
 #include "views/quality/qualitymodel.h"
 #include "views/quality/qualitystrip.h"
 
@@ -24,7 +25,7 @@ constexpr int kHeight = 560;
 constexpr int kNameWidth = 140;
 constexpr int kRowMargin = 8;   // above and below a text, together
 constexpr int kCellMargin = 12; // pixels beside a text
-constexpr qint64 kMicrosecondsPerMillisecond = 1000;
+using microseconds::kMillisecond;
 
 } // namespace
 
@@ -156,10 +157,10 @@ QString QualityWindow::noteText() const
 {
     QStringList sentences;
     if (m_shown) {
-        sentences.append(tr("Recorded: up to %1.")
-                             .arg(QDateTime::fromMSecsSinceEpoch(wholeMinutes(*m_shown) /
-                                                                 kMicrosecondsPerMillisecond)
-                                      .toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
+        sentences.append(
+            tr("Recorded: up to %1.")
+                .arg(QDateTime::fromMSecsSinceEpoch(wholeMinutes(*m_shown) / kMillisecond)
+                         .toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
     }
     if (!m_reading->isRecorded()) {
         sentences.append(tr("Nothing is recorded: what was counted within the last hour is shown, "
@@ -187,7 +188,7 @@ void QualityWindow::retranslate()
     m_bars->setToolTip(
         tr("Shows at each name how well the LDB's exchanges of the last 15 minutes went"));
     m_model->retranslate();
-    // Set once: what follows the contents would be measured at each refresh.
+    // Set once: widths that follow the contents would be measured at each refresh.
     const QHeaderView* header = m_view->horizontalHeader();
     const int least = m_view->fontMetrics().horizontalAdvance(QStringLiteral("> 99.99 %"));
     for (int column = 0; column < QualityModel::BarsColumn; ++column) {

@@ -15,8 +15,8 @@ class QTableView;
 
 class QualityModel;
 
-/// The window "Line quality": how well the exchanges went, of the bus and of each LDB, and what can
-/// be said of that for certain. Reads only while it is seen. GUI thread.
+/// The window "Line quality": how well the exchanges of the bus and of each LDB went, and what is
+/// certain about that. Reads only while it is visible. GUI thread.
 class QualityWindow : public QWidget
 {
     Q_OBJECT
@@ -60,6 +60,6 @@ private:
     QLabel* m_note;
     QTableView* m_view;
     QCheckBox* m_bars;
-    QTimer m_refresh; ///< what changes often is shown at once
+    QTimer m_refresh; ///< gathers changes that come shortly after one another
     std::optional<qint64> m_shown;
 };

@@ -54,7 +54,7 @@ void NameSearch::find(bool isBegin)
 {
     const int rows = m_rows->rowCount();
     const QModelIndex current = m_view->currentIndex();
-    // A new name is looked for behind the current row, so that its letter leads on to the next one.
+    // A new name is looked for after the current row, so that its letter leads on to the next one.
     const int first = current.isValid() ? current.row() + (isBegin ? 1 : 0) : 0;
     for (int step = 0; step < rows; ++step) {
         const int row = (first + step) % rows;

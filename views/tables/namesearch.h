@@ -27,5 +27,5 @@ private:
     QTableView* m_view;
     OverviewFilter* m_rows;
     QString m_typed;
-    QTimer m_pause; ///< what is typed behind it begins a new name
+    QTimer m_pause; ///< what is typed after it begins a new name
 };

@@ -46,7 +46,7 @@ OverviewRows::OverviewRows(QTableView* view, OverviewFilter* rows, QObject* pare
                     fit(row);
                 }
             });
-    // The numbers of the source rows behind it change.
+    // The numbers of the source rows after it change.
     connect(rows->sourceModel(), &QAbstractItemModel::rowsRemoved, this, &OverviewRows::fitAll);
     connect(rows, &QAbstractItemModel::rowsAboutToBeInserted, this, &OverviewRows::beginChange);
     connect(rows, &QAbstractItemModel::rowsAboutToBeRemoved, this, &OverviewRows::beginChange);
