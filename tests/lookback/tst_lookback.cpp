@@ -292,9 +292,10 @@ private:
             if (at < extent.from || at >= extent.to || ++compared % 7 != 0) {
                 continue;
             }
-            // Of what is told in one ms, the window may not have been told all.
+            // A loss is recorded at the question that told of it; the window hears of it when that
+            // has been waited for.
             Replay before;
-            before.show(moment::read(reader, at - 1000, {}));
+            before.show(moment::read(reader, at - 1000000, {}));
             Replay replay;
             replay.show(moment::read(reader, at, {}));
             ++states[static_cast<int>(live.state)];
