@@ -14,6 +14,8 @@ namespace {
 using microseconds::kMillisecond;
 /// A clock that strays by more than this from one round to the next has been set.
 constexpr qint64 kClockSet = 2 * microseconds::kSecond;
+/// A clock strays by so small a part of what is measured in a round.
+constexpr qint64 kSlowly = 64;
 
 /// Which frame of the answer became the record; the last one where none fits.
 int frameOf(const Exchange& exchange, const QList<QStringList>& rows)
@@ -118,7 +120,11 @@ void RecordCollector::putRound(const Exchange& exchange)
     put(input::Round{exchange.sentAt, m_round.toMSecsSinceEpoch(), m_round.offsetFromUtc(), false,
                      std::exchange(m_isBreakDue, false)});
     const qint64 drift = wall - exchange.sentAt;
-    if (qAbs(drift - std::exchange(m_drift, drift)) > kClockSet) {
+    const qint64 former = m_drift;
+    const bool isSet = qAbs(drift - former) > kClockSet;
+    // A round's first question may be asked a while behind its begin: the least such time counts.
+    m_drift = isSet || drift > former ? drift : former + (drift - former) / kSlowly;
+    if (isSet) {
         RecordedEvent event;
         event.at = exchange.sentAt;
         event.kind = EventKind::ClockSet;

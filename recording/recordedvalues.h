@@ -26,13 +26,14 @@ struct RecordedRecord
     bool isExtra = false;    ///< asked between the turns; the log leaves it out
 };
 
-/// A transmission, and whether anything came of it.
+/// A transmission, and whether anything came of it; or that its LDB was told as lost.
 struct RecordedQuestion
 {
     qint64 at = 0;
     QString hexId;
     int kind = 0; ///< an `ExchangeKind`
     bool isSilent = false;
+    bool isLoss = false;
 };
 
 /// The exchanges of one LDB in one minute, counted. Probes count only if the LDB is in the list.

@@ -244,8 +244,8 @@ std::vector<Exchange> RecordingSource::exchanges(const QString& hexId, TimeSpan 
 std::vector<RecordedQuestion> RecordingSource::questions(TimeSpan span)
 {
     std::vector<RecordedQuestion> result;
-    auto query = ask(QStringLiteral("SELECT at,ldb,kind & %1,(outcome & %2)=%3 FROM exchanges"
-                                    " WHERE at>=? AND at<? AND kind<>%4 ORDER BY at")
+    auto query = ask(QStringLiteral("SELECT at,ldb,kind & %1,(outcome & %2)=%3,kind=%4"
+                                    " FROM exchanges WHERE at>=? AND at<? ORDER BY at")
                          .arg(filerow::kKindMask)
                          .arg(filerow::kOutcomeMask)
                          .arg(static_cast<int>(ExchangeOutcome::Silent))
@@ -253,7 +253,8 @@ std::vector<RecordedQuestion> RecordingSource::questions(TimeSpan span)
                      {span.from, span.to});
     while (query && next(*query)) {
         result.push_back({query->value(0).toLongLong(), hexIdOf(query->value(1)),
-                          query->value(2).toInt(), query->value(3).toBool()});
+                          query->value(2).toInt(), query->value(3).toBool(),
+                          query->value(4).toBool()});
     }
     return result;
 }

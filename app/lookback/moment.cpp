@@ -60,7 +60,11 @@ std::size_t firstRound(const std::vector<RecordedRound>& rounds, qint64 at)
 /// What became of a question is known when the next one is asked.
 std::vector<ReplayStep> asked(RecordingReader& reader, TimeSpan span)
 {
-    const auto questions = reader.questions({span.from - kLongestWait, span.to});
+    auto questions = reader.questions({span.from - kLongestWait, span.to});
+    questions.erase(
+        std::remove_if(questions.begin(), questions.end(),
+                       [](const RecordedQuestion& question) { return question.isLoss; }),
+        questions.end());
     std::vector<ReplayStep> steps;
     steps.reserve(questions.size());
     for (std::size_t i = 1; i < questions.size(); ++i) {
@@ -97,16 +101,18 @@ qint64 lifetimeAt(RecordingReader& reader, qint64 at)
     for (const RecordedEvent& turn : reader.eventsOf(EventKind::TurnTold, {0, at}, 1)) {
         pace.setTurn(turn.count);
     }
-    for (const ReplayStep& step : asked(reader, {at - kLongestRound, at + 1})) {
-        pace.take(step.hexId, step.isSilent, step.waited);
-    }
-    const auto known = reader.stateAt(at);
-    for (const RecordedRecord& record : known) {
-        if (!record.rows.isEmpty() && generalinformation::isLost(record.rows)) {
-            pace.lose(record.hexId);
+    const auto questions = reader.questions({at - kLongestRound, at + 1});
+    for (std::size_t i = 1; i < questions.size(); ++i) {
+        const RecordedQuestion& question = questions[i - 1];
+        if (question.isLoss) {
+            pace.lose(question.hexId);
+        } else if (BusPace::isPoll(static_cast<ExchangeKind>(question.kind))) {
+            pace.take(question.hexId, question.isSilent,
+                      (questions[i].at - question.at) / kMicrosecondsPerMillisecond);
         }
     }
-    return pace.lifetime(static_cast<int>(known.size()));
+    const auto lists = reader.lists({at - kDays, at + 1});
+    return pace.lifetime(lists.empty() ? 0 : static_cast<int>(lists.back().hexIds.size()));
 }
 
 } // namespace
