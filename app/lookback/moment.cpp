@@ -108,7 +108,7 @@ qint64 lifetimeAt(RecordingReader& reader, qint64 at)
             pace.lose(question.hexId);
         } else if (BusPace::isPoll(static_cast<ExchangeKind>(question.kind))) {
             pace.take(question.hexId, question.isSilent,
-                      (questions[i].at - question.at) / kMicrosecondsPerMillisecond);
+                      (questions[i].at - question.at) / kMillisecond);
         }
     }
     const auto lists = reader.lists({at - kDays, at + 1});
