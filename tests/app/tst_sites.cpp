@@ -2,6 +2,9 @@
 #include "history/installation.h"
 #include "tests/app/livewindow.h"
 #include "tests/support/testprogram.h"
+#include "tests/tracking/plotinspection.h"
+
+#include <qwt_plot_curve.h>
 
 namespace {
 
