@@ -2650,7 +2650,7 @@ Si le programme ou l&apos;ordinateur s&apos;arrête pendant la mesure, les param
     </message>
     <message>
         <source>All Settings...</source>
-        <translation>Tous les paramètres...</translation>
+        <translation>Paramètres...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>

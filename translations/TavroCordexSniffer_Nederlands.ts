@@ -2650,7 +2650,7 @@ Als het programma of de computer tijdens de meting stopt, zijn de instellingen v
     </message>
     <message>
         <source>All Settings...</source>
-        <translation>Alle instellingen...</translation>
+        <translation>Instellingen...</translation>
     </message>
     <message>
         <source>What was recorded: take it home</source>
