@@ -160,11 +160,11 @@ private slots:
             connect(m_link.get(), &SerialLink::communicationFailed, m_link.get(),
                     [this] { m_link->stop(); });
             int sent = 0;
-            connect(m_link.get(), &SerialLink::exchanged, m_link.get(),
+            QObject context; // the link outlives what it would count
+            connect(m_link.get(), &SerialLink::exchanged, &context,
                     [&sent](const Exchange& exchange) {
                         sent += exchange.kind == ExchangeKind::Action ? 1 : 0;
                     });
-            QObject context;
             QList<Reply::Kind> replies;
             for (const char* hexId : {"03", "0A", "03"}) {
                 m_link->ask(std::make_unique<ExecuteCommand>(QString(hexId), LdbControl::FimReset),
