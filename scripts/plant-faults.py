@@ -67,8 +67,8 @@ FAULTS = [
           "tests_importexport", "devicesettingsfile import"),
     # What is shown and logged.
     Fault("a curve of the other port", "mainwindowplot.cpp",
-          '{"VSec", "orange", QwtPlot::yLeft, generalinformation::SecondaryVoltageRow,',
-          '{"VSec", "orange", QwtPlot::yLeft, generalinformation::PrimaryVoltageRow,',
+          '{"VSec", "orange", QwtPlot::yLeft, PlotSample::SecondaryVoltage}',
+          '{"VSec", "orange", QwtPlot::yLeft, PlotSample::PrimaryVoltage}',
           "tests_tracking", "plotmainwindow"),
     Fault("a last log line that stays in the program", "filelogger.cpp",
           "QIODevice::ReadWrite | QIODevice::Unbuffered", "QIODevice::ReadWrite",

@@ -38,7 +38,11 @@ private:
     void heading(const QString& text, int level = 1) { put(Heading{text, level}); }
     void paragraph(const QString& text) { put(Paragraph{text}); }
     void table(std::vector<Column> columns, Rows rows);
-    void put(ReportPart part) { m_contents.parts.push_back(std::move(part)); }
+    template <typename Part>
+    void put(Part part)
+    {
+        m_contents.parts.emplace_back(std::move(part));
+    }
 
     void putHead();
     void putSummary();

@@ -19,19 +19,14 @@ struct CurveDescription
     const char* name;
     const char* color;
     QwtPlot::Axis axis;
-    generalinformation::Row row;
     PlotSample::Value value;
 };
 
 constexpr std::array<CurveDescription, 4> kCurves = {{
-    {"VPri", "red", QwtPlot::yLeft, generalinformation::PrimaryVoltageRow,
-     PlotSample::PrimaryVoltage},
-    {"VSec", "orange", QwtPlot::yLeft, generalinformation::SecondaryVoltageRow,
-     PlotSample::SecondaryVoltage},
-    {"IPri", "magenta", QwtPlot::yRight, generalinformation::PrimaryCurrentRow,
-     PlotSample::PrimaryCurrent},
-    {"ISec", "lime", QwtPlot::yRight, generalinformation::SecondaryCurrentRow,
-     PlotSample::SecondaryCurrent},
+    {"VPri", "red", QwtPlot::yLeft, PlotSample::PrimaryVoltage},
+    {"VSec", "orange", QwtPlot::yLeft, PlotSample::SecondaryVoltage},
+    {"IPri", "magenta", QwtPlot::yRight, PlotSample::PrimaryCurrent},
+    {"ISec", "lime", QwtPlot::yRight, PlotSample::SecondaryCurrent},
 }};
 
 // A day with a record each second, and some more.
