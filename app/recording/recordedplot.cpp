@@ -31,7 +31,8 @@ std::vector<double> breaks(RecordingReader& reader, TimeSpan span)
     std::vector<double> times;
     const auto add = [&](qint64 at) {
         if (at >= span.from && at < span.to) {
-            times.push_back(static_cast<double>(at / kMillisecond));
+            const qint64 time = at / kMillisecond;
+            times.push_back(static_cast<double>(time));
         }
     };
     for (const RecordedRun& run : reader.runs(span)) {
@@ -69,7 +70,8 @@ std::vector<PlotSample> recordedSamples(RecordingReader& reader, const QString& 
         if (time < static_cast<double>(from) || time >= static_cast<double>(to)) {
             continue;
         }
-        addGaps(static_cast<double>(record.at / kMillisecond));
+        const qint64 asked = record.at / kMillisecond;
+        addGaps(static_cast<double>(asked));
         // A round's record may carry an earlier time than one from between the turns.
         time = samples.empty() ? time : std::max(time, samples.back().time + 1.0);
         samples.push_back(PlotSample::ofRecord(record.rows, time));

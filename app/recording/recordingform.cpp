@@ -119,8 +119,8 @@ void RecordingForm::load()
     m_folder->setText(
         QDir::toNativeSeparators(userSettings().value(constants::kRecordingFolderKey).toString()));
     m_days->setValue(options.limits.days);
-    m_size->setValue(static_cast<double>(options.limits.bytes / RecordingControl::kMegabyte) /
-                     kMegabytesPerGigabyte);
+    const qint64 megabytes = options.limits.bytes / RecordingControl::kMegabyte;
+    m_size->setValue(static_cast<double>(megabytes) / kMegabytesPerGigabyte);
     loadDays();
 }
 

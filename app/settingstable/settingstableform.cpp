@@ -402,7 +402,7 @@ void SettingsTableWindow::exportFile()
                 }
             }
         }
-        const QString reason = file.finish();
+        QString reason = file.finish();
         if (!isWritten || !reason.isEmpty()) {
             tell([] { return tr("The file cannot be written."); }, [reason] { return reason; });
         } else if (!spoiled.isEmpty()) {
