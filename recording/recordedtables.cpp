@@ -201,6 +201,7 @@ std::vector<RecordedGap> RecordedTables::gaps(TimeSpan span)
     std::vector<RecordedGap> result;
     const auto told = readEvents(QStringLiteral("kind=? AND since<? AND at>=?"),
                                  {static_cast<int>(EventKind::Gap), span.to, span.from});
+    result.reserve(told.size());
     for (const RecordedEvent& event : told) {
         result.push_back({event.since, event.at, event.count});
     }

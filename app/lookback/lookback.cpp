@@ -57,7 +57,7 @@ KeyPlace placeOf(const QWidget* widget)
     if (qobject_cast<const QLineEdit*>(widget) != nullptr ||
         qobject_cast<const QAbstractSpinBox*>(widget) != nullptr ||
         qobject_cast<const QTextEdit*>(widget) != nullptr) {
-        return KeyPlace::Text;
+        return KeyPlace::TextField;
     }
     if (qobject_cast<const QTableView*>(widget) != nullptr) {
         return KeyPlace::Table;

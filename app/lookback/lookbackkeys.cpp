@@ -49,7 +49,7 @@ bool isKeptBy(KeyPlace place, BarKey key)
     case KeyPlace::Control:
         return key != BarKey::FormerEvent && key != BarKey::NextEvent && key != BarKey::Slower &&
                key != BarKey::Faster && key != BarKey::Live;
-    case KeyPlace::Text:
+    case KeyPlace::TextField:
         break;
     }
     return true;

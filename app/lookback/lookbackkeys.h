@@ -32,7 +32,7 @@ enum class KeyPlace
     Plot,    ///< its own cursor
     Button,  ///< Space
     Control, ///< lists, tabs and the like
-    Text
+    TextField
 };
 
 /// What a key means for the bar; nothing where it means nothing to it. From the present, only keys

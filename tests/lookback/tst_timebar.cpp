@@ -67,7 +67,7 @@ private slots:
         QStringList meanings{nameOf(barKeyOf(key, modifiers, KeyPlace::Bar, true)),
                              nameOf(barKeyOf(key, modifiers, KeyPlace::Bar, false))};
         for (const KeyPlace place : {KeyPlace::Table, KeyPlace::Plot, KeyPlace::Button,
-                                     KeyPlace::Control, KeyPlace::Text}) {
+                                     KeyPlace::Control, KeyPlace::TextField}) {
             meanings << nameOf(barKeyOf(key, modifiers, place, true));
             // What is elsewhere keeps all its keys while the window is live.
             if (key != Qt::Key_G) {
