@@ -11,7 +11,7 @@ namespace {
 constexpr qint64 kSecond = 1000000;
 constexpr qint64 kMinute = 60 * kSecond;
 constexpr qint64 kHour = 60 * kMinute;
-constexpr qint64 kMonday = 20000 * 24 * kHour; // midnight, UTC
+constexpr qint64 kMonday = 20000LL * 24 * kHour; // midnight, UTC
 
 /// "0A 1000 50 3": asked, damaged, silent; the others were good. Several behind semicolons; "x30"
 /// at the end of one: so many LDBs of that kind.

@@ -197,8 +197,8 @@ void EventList::fitColumns()
     const QDateTime widest(QDate(2028, 8, 28), QTime(20, 28, 28));
     int used = fit(TimeColumn, {widest.toString(generalinformation::kSecondsFormat)});
     used += fit(LdbColumn, {QStringLiteral("DD")});
-    used += fit(DurationColumn, {EventModel::tr("not ended"), durationText(59 * 61 * kSecond),
-                                 durationText((23 * 60 + 59) * 60 * kSecond)});
+    used += fit(DurationColumn, {EventModel::tr("not ended"), durationText(59LL * 61 * kSecond),
+                                 durationText((23LL * 60 + 59) * 60 * kSecond)});
     const int need = m_widest + m_table->iconSize().width() + 3 * kCellMargin;
     const int wanted = qMax(need, m_table->viewport()->width() - used);
     if (m_table->columnWidth(EventColumn) != wanted) {

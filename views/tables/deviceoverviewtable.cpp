@@ -283,7 +283,7 @@ QStringList DeviceOverviewTable::shownLdbs() const
 QString DeviceOverviewTable::removeOthers(const QStringList& hexIds)
 {
     m_isRoundWhole = false;
-    const QString ticked = m_selectedRow == kNoRow ? QString() : m_model->hexIdOf(m_selectedRow);
+    QString ticked = m_selectedRow == kNoRow ? QString() : m_model->hexIdOf(m_selectedRow);
     m_selectedRow = kNoRow;
     m_model->keepOnly(hexIds);
     m_selectedRow = m_model->rowOf(ticked);
