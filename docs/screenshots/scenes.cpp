@@ -301,8 +301,10 @@ void transfer(const Stage::Options& options)
     work->importFrom(exported);
     confirmImport(stage, QStringLiteral("import-preview"));
     shootBox(stage, QStringLiteral("import-failed"));
-    stage.shoot(stage.waitForWindow<QWidget>(QStringLiteral("settingsTableWindow"), 1),
-                QStringLiteral("settings-table-written"));
+    auto* table = stage.waitForWindow<QWidget>(QStringLiteral("settingsTableWindow"), 1);
+    stage.shoot(table, QStringLiteral("settings-table-written"));
+    // The lines of LDBs that are not there: the next import does not begin beside them.
+    table->findChild<QPushButton*>(QStringLiteral("barCloseButton"))->click();
     const QString corrected = stage.path(QStringLiteral("site-hex.csv"));
     writeWithHexIds(contentOf(exported), corrected);
     work->importFrom(corrected);
