@@ -79,19 +79,19 @@ private slots:
 
     void everyPixelIsATimeAndBack()
     {
-        const TimeScale scale({kNoon, kNoon + 7 * 24 * kHour}, 1000);
+        const TimeScale scale({kNoon, kNoon + 7LL * 24 * kHour}, 1000);
         for (int x = 0; x <= 1000; ++x) {
             QVERIFY(qAbs(scale.xOf(scale.atOf(x)) - x) < 0.01);
         }
         QCOMPARE(scale.xOf(0), 0.0);
-        QCOMPARE(scale.atOf(2000), kNoon + 7 * 24 * kHour);
+        QCOMPARE(scale.atOf(2000), kNoon + 7LL * 24 * kHour);
         // Of hardly any time, too.
         QCOMPARE(TimeScale({kNoon, kNoon}, 100).atOf(100), kNoon + TimeScale::kShortest);
     }
 
     void zoomKeepsWhatIsPointedAt()
     {
-        const TimeSpan week{kNoon, kNoon + 7 * 24 * kHour};
+        const TimeSpan week{kNoon, kNoon + 7LL * 24 * kHour};
         TimeScale scale(week, 1000);
         const qint64 pointed = scale.atOf(700);
         for (int notch = 0; notch < 100; ++notch) {
@@ -112,7 +112,7 @@ private slots:
     {
         constexpr qint64 kDay = 24 * kHour;
         for (const qint64 length :
-             {kHour / 30, kHour, 5 * kHour, 40 * kHour, 40 * kDay, 60 * 365 * kDay}) {
+             {kHour / 30, kHour, 5 * kHour, 40 * kHour, 40 * kDay, 60LL * 365 * kDay}) {
             const TimeScale scale({kNoon + 17 * kSecond, kNoon + 17 * kSecond + length}, 1000);
             const auto ticks = scale.ticks(90);
             QVERIFY(!ticks.empty() && ticks.size() <= 12);

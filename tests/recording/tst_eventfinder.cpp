@@ -217,7 +217,7 @@ private slots:
         EventFinder finder;
         finder.heard(0, "0A", quiescent());
         for (int i = 1; i <= 3; ++i) {
-            finder.heard(i * 10 * kSecond, "0A", withLoop(1));
+            finder.heard(i * 10LL * kSecond, "0A", withLoop(1));
             finder.heard((i * 10 + 5) * kSecond, "0A", quiescent());
         }
         bool isOpen = false;
@@ -238,7 +238,7 @@ private slots:
         int times = 0;
         constexpr int kDay = 24 * 60;
         for (int minute = 2; minute <= kDay; minute += 2) {
-            finder.heard(minute * 60 * kSecond, "0A", withLoop(1));
+            finder.heard(minute * 60LL * kSecond, "0A", withLoop(1));
             finder.heard((minute * 60 + 30) * kSecond, "0A", quiescent());
             for (const RecordedEvent& event : finder.takeEvents()) {
                 ++events;
@@ -273,8 +273,8 @@ private slots:
         for (int i = 0; i < 10; ++i) {
             LdbStatus status = quiescent();
             status.state = i % 2 == 0 ? LdbState::Quiescent : LdbState::Fault;
-            finder.heard(i * 10 * kSecond, "0A", status);
-            finder.heard(i * 10 * kSecond, "2B", quiescent());
+            finder.heard(i * 10LL * kSecond, "0A", status);
+            finder.heard(i * 10LL * kSecond, "2B", quiescent());
             finder.lost((i * 10 + 5) * kSecond, "2B");
         }
         finder.takeEvents();

@@ -357,10 +357,10 @@ private slots:
         const QString folder = sandbox.path("recordings");
         const ReportedVisit visit(folder, 3); // with a run of the day before
         RecordingReader reader(folder);
-        const qint64 evening = visit.begin + 10 * 3600 * kSecond;
+        const qint64 evening = visit.begin + 10LL * 3600 * kSecond;
         QCOMPARE(visitOfToday(reader, evening).from, visit.begin);
         QCOMPARE(visitOfToday(reader, evening).to, evening);
-        const qint64 tomorrow = visit.begin + 24 * 3600 * kSecond;
+        const qint64 tomorrow = visit.begin + 24LL * 3600 * kSecond;
         QCOMPARE(momentText(visitOfToday(reader, tomorrow).from), QString("2026-03-05: 00:00:00"));
     }
 
